@@ -1,0 +1,16 @@
+#pragma once
+
+#include "hostexport.h"
+
+class ITreeItem;
+
+/// Something that tells its place in the tree when it is deleted by its maker.
+class ORBEL_HOST_EXPORT IDeleteSubject
+{
+public:
+    virtual ~IDeleteSubject();
+
+    /// Called by the tree; the item is not owned, null means that the node is not entered.
+    virtual void SetDeleteObserver(ITreeItem *item) = 0;
+    virtual ITreeItem *GetDeleteObserver() const = 0;
+};

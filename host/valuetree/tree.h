@@ -1,0 +1,57 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class TreeItem;
+class ValueBase;
+
+/// The application-wide registry of values. A path is the names of the branches and of the node, joined by "/", and is
+/// compared as text: "/A/b" and "A/b" are two paths. Branches come with the first node below them and vanish with the
+/// last; a node may have others below it.
+///
+/// The tree lives to the end of the process. It then deletes the nodes that nobody observes, and leaves the others to
+/// the makers that still hold them. For the GUI thread only.
+class ORBEL_HOST_EXPORT Tree
+{
+public:
+    static Tree *Instance();
+
+    Tree(const Tree &) = delete;
+    Tree &operator=(const Tree &) = delete;
+
+    /// The node at the full path; null when there is none. Costs constant time.
+    ValueBase *GetNode(const QString &path) const;
+    /// Enters the node below `nodePath` under its name: the full path is both with one "/" between, unless `nodePath`
+    /// is empty or ends in "/". True when the tree owns the node from now on. False, and nothing happens, for null, a
+    /// node that is entered already or is going away, a name that is empty or has a "/", and a path that is taken.
+    bool AddNode(const QString &nodePath, ValueBase *value);
+    /// Tells the observers of the node, while it is whole, that it goes away, takes it out and deletes it. A path
+    /// without a node does nothing.
+    void RemoveNode(const QString &pathName);
+
+    /// The full paths of all nodes, sorted.
+    QStringList GetPaths() const;
+    /// The names of what is directly below a path, sorted; an empty path gives the topmost names. A leading "/" makes
+    /// an empty topmost name.
+    QStringList GetChildNames(const QString &path) const;
+
+private:
+    friend class TreeItem;
+    friend struct TreeSweeper;
+
+    Tree();
+    ~Tree();
+    TreeItem *FindItem(const QString &path) const;
+    TreeItem *MakeItem(const QString &path);
+    void TakeOut(TreeItem *item);
+    void Sweep();
+
+    std::unique_ptr<TreeItem> Root;
+    QHash<QString, TreeItem *> Entered;
+};

@@ -1,0 +1,37 @@
+#include "externalwidget.h"
+
+#include "floatgrouplayout.h"
+
+#include <QWidget>
+
+namespace KV218
+{
+
+ExternalWidget::ExternalWidget(OrbelWidget *widget, QWidget *external) : OrbelDelegate(widget), ExtWidget(external)
+{
+    setObjectName(WidgetName());
+}
+
+void ExternalWidget::CreateGUI(FloatGroupLayout *layout)
+{
+    if (!ExtWidget)
+        return;
+    OrbelDelegate::CreateGUI(layout);
+    PropagateProperties(ExtWidget);
+    layout->addWidget(ExtWidget);
+    layout->addGroup();
+}
+
+void ExternalWidget::setFocus()
+{
+    if (ExtWidget)
+        ExtWidget->setFocus();
+}
+
+void ExternalWidget::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    PropagateProperty(name, ExtWidget);
+}
+
+} // namespace KV218

@@ -1,0 +1,52 @@
+#include "formdoor.h"
+
+#include "orbelenum.h"
+#include "orbelformular.h"
+#include "orbelsheet.h"
+#include "orbelwidget.h"
+
+namespace KV218
+{
+
+OrbelSheet *FormDoor::Sheet() const
+{
+    return Widget ? Widget->GetSheet() : nullptr;
+}
+
+QExplicitlySharedDataPointer<OrbelEnum> FormDoor::FindEnum(const QString &name) const
+{
+    const OrbelFormular *formular = Widget ? Widget->GetFormular() : nullptr;
+    return formular && formular->HasEnum(name) ? formular->GetEnum(name) : QExplicitlySharedDataPointer<OrbelEnum>();
+}
+
+void FormDoor::setModified(bool autoApply) const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->setModified(autoApply);
+}
+
+void FormDoor::applyNow() const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->applyNow();
+}
+
+void FormDoor::setGroupVisible(bool visible) const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->setGroupVisible(Widget, visible);
+}
+
+void FormDoor::ApplyConfiguration() const
+{
+    if (OrbelFormular *formular = Widget ? Widget->GetFormular() : nullptr)
+        formular->ApplyConfiguration();
+}
+
+void FormDoor::TagChanged() const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->TagChanged();
+}
+
+} // namespace KV218

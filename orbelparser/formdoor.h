@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QExplicitlySharedDataPointer>
+#include <QString>
+
+namespace KV218
+{
+
+class OrbelEnum;
+class OrbelSheet;
+class OrbelWidget;
+
+/// All that a control may ask of the form it stands in. Made on the spot, for one call; every call is harmless for a
+/// control that stands in no form.
+class FormDoor
+{
+public:
+    explicit FormDoor(OrbelWidget *widget) : Widget(widget) {}
+
+    /// The enumeration of that name; null when the form knows none.
+    QExplicitlySharedDataPointer<OrbelEnum> FindEnum(const QString &name) const;
+
+    /// Marks the sheet as modified, unless it is inactive; true lets automatic apply run.
+    void setModified(bool autoApply) const;
+
+    /// Announces the parameters of the form, if it is modified.
+    void applyNow() const;
+
+    /// Shows or collapses the group that begins at this widget.
+    void setGroupVisible(bool visible) const;
+
+    /// Saves font size and collapsed groups on the host's configuration object.
+    void ApplyConfiguration() const;
+
+    /// Must be told when the element name of this widget changed.
+    void TagChanged() const;
+
+private:
+    OrbelSheet *Sheet() const;
+
+    OrbelWidget *Widget;
+};
+
+} // namespace KV218

@@ -1,0 +1,25 @@
+#pragma once
+
+namespace KV218
+{
+
+/// Bounds against hostile definitions, each at least ten times what a real form needs. docs/limits.md tells authors.
+namespace limit
+{
+
+/// How deep property lists may nest. A deeper list ends the reading of its document there.
+inline constexpr int PropertyListDepth = 64;
+
+/// How many parts a `parameterXmlTag` may have. A control with a longer path shows and works, but stands outside the
+/// parameter document.
+inline constexpr int ParameterPathParts = 256;
+
+/// The greatest text size of a form, in points. A greater one is ignored.
+inline constexpr int TextSize = 512;
+
+/// How many cells a list or table may hold, rows times columns. A larger shape is refused and changes nothing.
+inline constexpr int ListCells = 1000000;
+
+} // namespace limit
+
+} // namespace KV218

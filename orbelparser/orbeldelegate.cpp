@@ -1,0 +1,307 @@
+#include "orbeldelegate.h"
+
+#include "floatgrouplayout.h"
+#include "formdoor.h"
+#include "limits.h"
+#include "orbelwidget.h"
+#include "propertynames.h"
+#include "xmlwalk.h"
+
+#include <QCoreApplication>
+#include <QDynamicPropertyChangeEvent>
+#include <QScopedValueRollback>
+
+namespace KV218
+{
+
+OrbelDelegate::OrbelDelegate(OrbelWidget *widget)
+    : DefinedProperties{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip}, OwnerWidget(widget)
+{
+}
+
+OrbelDelegate::~OrbelDelegate() = default;
+
+void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
+{
+    const QString text = property(prop::LabelText.data()).toString();
+    if (text.isEmpty())
+        return;
+    Label = layout->addLabel(Translate(text), QStringLiteral("label%1").arg(WidgetName()).toLatin1().constData());
+    // Meant: an absent `visible` hides the label, though it leaves the control as it is.
+    if (!property(prop::Visible.data()).toBool() || !IsDefined(prop::Visible))
+        Label->setVisible(false);
+}
+
+void OrbelDelegate::ParseProperties(QXmlStreamReader &reader, bool custom)
+{
+    if (ListDepth >= limit::PropertyListDepth) {
+        reader.raiseError(QStringLiteral("Property lists are nested too deeply"));
+        return;
+    }
+    const QScopedValueRollback<int> deeper(ListDepth, ListDepth + 1);
+    ForEachStart(reader, [&](const QStringRef &name) {
+        if (name == element::CustomProperties)
+            ParseProperties(reader, true);
+        else if (name == element::Property)
+            return ParseProperty(reader, custom);
+        // Meant: an unknown element is entered, so its end tag ends this list.
+        return true;
+    });
+    if (!custom)
+        ReadBackProperties();
+}
+
+/// Reads one `Property`; false when it holds no value element, which ends the list at its end tag.
+bool OrbelDelegate::ParseProperty(QXmlStreamReader &reader, bool custom)
+{
+    const QString name = reader.attributes().value(attribute::Name).toString();
+    if (!reader.readNextStartElement())
+        return false;
+    // Meant: numbers stay texts until a getter converts them; comparisons work on the text form.
+    const bool isBool = reader.name() == element::Bool;
+    const QString text = reader.readElementText();
+    const QVariant value = isBool ? QVariant(text == QLatin1String("true")) : QVariant(text);
+    if (custom)
+        CustomProperties.insert(name, value);
+    if (!custom || name == prop::ToolTip)
+        SetPropertyAlways(name, value);
+    reader.skipCurrentElement();
+    return true;
+}
+
+void OrbelDelegate::ReadBackProperties()
+{
+    GenerateXml = property(prop::GenerateParameterXml.data()).toBool();
+    SetXmlPath(property(prop::ParameterXmlTag.data()).toString());
+    const QString mode = property(prop::ApplyMode.data()).toString();
+    if (mode == QLatin1String("ekInstantApplyMode"))
+        ApplyMode = ekInstantApplyMode;
+    else if (mode == QLatin1String("ekNormalApplyMode"))
+        ApplyMode = ekNormalApplyMode;
+    else
+        ApplyMode = eApplyMode(0);
+}
+
+bool OrbelDelegate::ChangeProperty(const QString &name, const QVariant &value)
+{
+    const QByteArray key = name.toLatin1();
+    // The new value stands on the left: a comparison of variants converts the right side to the left side's type.
+    if (value == property(key.constData()))
+        return false;
+    setProperty(key.constData(), value);
+    return true;
+}
+
+void OrbelDelegate::SetPropertyAlways(const QString &name, const QVariant &value)
+{
+    const QByteArray key = name.toLatin1();
+    const QVariant before = property(key.constData());
+    const bool qtStaysSilent = value.isValid() && before.userType() == value.userType() && before == value;
+    setProperty(key.constData(), value);
+    if (qtStaysSilent) {
+        QDynamicPropertyChangeEvent change(key);
+        QCoreApplication::sendEvent(this, &change);
+    }
+}
+
+void OrbelDelegate::DefineProperty(const QString &name)
+{
+    if (!IsDefined(name))
+        DefinedProperties.append(name);
+}
+
+void OrbelDelegate::UndefineProperty(const QString &name)
+{
+    DefinedProperties.removeOne(name);
+}
+
+void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVariant *disabledValue)
+{
+    const QVariant own = property(name.toLatin1().constData());
+    if (enable) {
+        DefineProperty(name);
+        SetPropertyAlways(name, own);
+        return;
+    }
+    if (!IsDefined(name))
+        return;
+    if (disabledValue)
+        SetPropertyAlways(name, *disabledValue);
+    UndefineProperty(name);
+    SetPropertyAlways(name, own);
+}
+
+void OrbelDelegate::EnableInput(bool enable, bool)
+{
+    const QVariant disabled(false);
+    EnableProperty(prop::Enabled, enable, &disabled);
+}
+
+void OrbelDelegate::setGroupVisible(bool flag)
+{
+    if (flag == GroupVisible)
+        return;
+    GroupVisible = flag;
+    const QVariant hidden(false);
+    EnableProperty(prop::Visible, flag, &hidden);
+}
+
+bool OrbelDelegate::event(QEvent *e)
+{
+    // A script may call deleteLater() on what it sees; the form owns its controls, and they stay.
+    if (e->type() == QEvent::DeferredDelete)
+        return true;
+    if (e->type() != QEvent::DynamicPropertyChange)
+        return QObject::event(e);
+
+    const QPointer<OrbelDelegate> self(this);
+    const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
+    if (!key.startsWith("_q_"))
+        PropertyChanged(QString::fromLatin1(key), property(key.constData()));
+    return self ? QObject::event(e) : true;
+}
+
+void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
+{
+    if (name == prop::GenerateParameterXml)
+        GenerateXml = value.toBool();
+    else if (name == prop::LabelText && Label)
+        Label->setText(Translate(value.toString()));
+    else if (name == prop::Visible && Label && IsDefined(name))
+        Label->setVisible(value.toBool());
+}
+
+void OrbelDelegate::PropagateProperty(const QString &name, QObject *target)
+{
+    if (!target || !IsDefined(name))
+        return;
+    const QByteArray key = name.toLatin1();
+    const QVariant value = property(key.constData());
+    if (!value.isNull() && value != target->property(key.constData()))
+        target->setProperty(key.constData(), value);
+}
+
+void OrbelDelegate::PropagateProperties(QObject *target)
+{
+    for (const QString &name : qAsConst(DefinedProperties)) {
+        const QByteArray key = name.toLatin1();
+        const QVariant value = property(key.constData());
+        // Qt resets a declared property that is given an invalid value; what is left out keeps the control's state.
+        if (value.isValid())
+            target->setProperty(key.constData(), value);
+    }
+    // A group that was collapsed before the control existed.
+    if (!GroupVisible && !IsDefined(prop::Visible))
+        target->setProperty(prop::Visible.data(), false);
+}
+
+bool OrbelDelegate::GetBool(const QString &name, bool defaultValue) const
+{
+    const QVariant value = property(name.toLatin1().constData());
+    return value.isNull() ? defaultValue : value.toBool();
+}
+
+int OrbelDelegate::GetInt(const QString &name, int defaultValue) const
+{
+    bool ok = false;
+    const int value = property(name.toLatin1().constData()).toInt(&ok);
+    return ok ? value : defaultValue;
+}
+
+qint64 OrbelDelegate::GetInt64(const QString &name, qint64 defaultValue) const
+{
+    bool ok = false;
+    const qint64 value = property(name.toLatin1().constData()).toLongLong(&ok);
+    return ok ? value : defaultValue;
+}
+
+quint64 OrbelDelegate::GetUInt64(const QString &name, quint64 defaultValue) const
+{
+    bool ok = false;
+    const quint64 value = property(name.toLatin1().constData()).toULongLong(&ok);
+    return ok ? value : defaultValue;
+}
+
+double OrbelDelegate::GetDouble(const QString &name, double defaultValue) const
+{
+    bool ok = false;
+    const double value = property(name.toLatin1().constData()).toDouble(&ok);
+    return ok ? value : defaultValue;
+}
+
+QString OrbelDelegate::GetString(const QString &name, const QString &defaultValue) const
+{
+    const QString value = property(name.toLatin1().constData()).toString();
+    return value.isEmpty() ? defaultValue : value;
+}
+
+QString OrbelDelegate::GetTranslated(const QString &name) const
+{
+    return Translate(property(name.toLatin1().constData()).toString());
+}
+
+QString OrbelDelegate::Translate(const QString &text) const
+{
+    if (text.isEmpty())
+        return QString();
+    return QCoreApplication::translate(objectName().toLatin1().constData(), text.toUtf8().constData());
+}
+
+QVariant OrbelDelegate::customProperty(QString name)
+{
+    return CustomProperties.value(name);
+}
+
+void OrbelDelegate::setCustomProperty(QString name, QVariant value)
+{
+    if (value == customProperty(name))
+        return;
+    CustomProperties.insert(name, value);
+    Q_EMIT customPropertyChanged(name, value);
+}
+
+bool OrbelDelegate::isEnabled() const
+{
+    return property(prop::Enabled.data()).toBool();
+}
+
+void OrbelDelegate::setEnabled(bool flag)
+{
+    SetPropertyAlways(prop::Enabled, flag);
+}
+
+void OrbelDelegate::setGenerateParameterXml(bool flag)
+{
+    SetPropertyAlways(prop::GenerateParameterXml, flag);
+}
+
+void OrbelDelegate::setReadOnly(bool flag)
+{
+    SetPropertyAlways(prop::ReadOnly, flag);
+}
+
+void OrbelDelegate::setVisible(bool flag)
+{
+    SetPropertyAlways(prop::Visible, flag);
+}
+
+void OrbelDelegate::setLabelText(QString text)
+{
+    ChangeProperty(prop::LabelText, text);
+}
+
+void OrbelDelegate::setFocus() {}
+
+void OrbelDelegate::forceFinishEditing() {}
+
+FormDoor OrbelDelegate::Form() const
+{
+    return FormDoor(OwnerWidget);
+}
+
+QString OrbelDelegate::WidgetName() const
+{
+    return OwnerWidget ? OwnerWidget->GetName() : QString();
+}
+
+} // namespace KV218

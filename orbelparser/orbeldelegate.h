@@ -1,0 +1,218 @@
+#pragma once
+
+#include "applymode.h"
+#include "iobserver.h"
+#include "orbelexport.h"
+#include "value.h"
+#include "valuenumeric.h"
+
+#include <QExplicitlySharedDataPointer>
+#include <QLabel>
+#include <QMap>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QVariant>
+
+class FloatGroupLayout;
+class IValueNumeric;
+class QXmlStreamReader;
+class QXmlStreamWriter;
+class ValueSelection;
+
+namespace KV218
+{
+
+class FormDoor;
+class OrbelEnum;
+class OrbelWidget;
+
+/// The base of all controls of a form. A delegate holds a control's configuration in dynamic properties: definition,
+/// script and library set the same named properties, and PropertyChanged() turns each change into behaviour. It exists
+/// before its Qt control, which takes the properties over when it is made.
+///
+/// Three stores of named values are kept apart: dynamic properties, the main one; the names among them that are
+/// forwarded to the Qt control (DefineProperty()); and custom properties, which never reach the control and never run
+/// PropertyChanged().
+///
+/// A plain OrbelDelegate is a valid control that shows at most a label. All of it belongs to the GUI thread.
+class ORBEL_EXPORT OrbelDelegate : public QObject, public IObserver
+{
+    Q_OBJECT
+
+public:
+    /// `widget` is the element that owns this delegate; not owned; null for the sheet's own delegate.
+    explicit OrbelDelegate(OrbelWidget *widget);
+    ~OrbelDelegate() override;
+
+    /// Makes the control's nodes under the path that SetVTPath() set. Called once, before any control exists.
+    virtual void CreateValueTree();
+    /// Brings the node in line with a changed definition.
+    virtual void ResyncValueTree();
+    /// Adds the row label, when there is a `labelText`, and the control to `layout`. Controls belong to the layout's
+    /// parent widget.
+    virtual void CreateGUI(FloatGroupLayout *layout);
+    /// Writes the control's parameter element, or nothing when `generateParameterXml` is not true.
+    virtual void GetXml(QXmlStreamWriter &writer) const;
+    /// Reads the parameter element on whose start `reader` stands, up to and including its end.
+    virtual void ReadXml(QXmlStreamReader &reader);
+    /// The control's main node; owned by the delegate; null when it has none.
+    virtual ValueBase *GetVTValue() const;
+    /// Reads property elements from just inside the element on which `reader` stands, to the first end tag that no
+    /// `Property` consumes. `custom` puts them into the custom store instead.
+    virtual void ParseProperties(QXmlStreamReader &reader, bool custom);
+    /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
+    virtual void EnableInput(bool enable, bool partial);
+    void Update(Observable *subject, TChangeCode code) override;
+
+    /// Sets a property that differs, and tells whether it did.
+    bool ChangeProperty(const QString &name, const QVariant &value);
+    /// Sets a property, equal or not, and runs PropertyChanged() in every case. An invalid value removes the property.
+    void SetPropertyAlways(const QString &name, const QVariant &value);
+    /// Lets a property reach the control, or keeps it back: then the control is given `disabledValue` (unless null) and
+    /// the property itself keeps its value for later.
+    void EnableProperty(const QString &name, bool enable, const QVariant *disabledValue);
+
+    /// Typed reading of a property. The default counts for a property that is absent or does not convert; for a text
+    /// also for an empty one.
+    bool GetBool(const QString &name, bool defaultValue) const;
+    int GetInt(const QString &name, int defaultValue) const;
+    qint64 GetInt64(const QString &name, qint64 defaultValue) const;
+    quint64 GetUInt64(const QString &name, quint64 defaultValue) const;
+    double GetDouble(const QString &name, double defaultValue) const;
+    QString GetString(const QString &name, const QString &defaultValue) const;
+    /// The property's text in the operator's language, in the translation context of the object name.
+    QString GetTranslated(const QString &name) const;
+
+    bool isEnabled() const;
+    /// False while the group of this control is collapsed.
+    bool isGroupVisible() const { return GroupVisible; }
+    /// Whether there is a change that no parameter document has carried yet.
+    bool isModified() const { return Modified; }
+
+    /// Sets the full path of the node: `path`, "/", the parameter path. No "/" is added behind one, nor to an empty path.
+    void SetVTPath(const QString &path);
+    const QString &GetVTPath() const { return VTPath; }
+    /// The node path before the last "/"; empty when that is missing or leads the path.
+    QString GetVTNodePath() const;
+    /// The node path behind the last "/"; empty when that is missing or leads the path.
+    QString GetVTName() const;
+
+    /// Sets the path of the parameter element; an empty `tag` means the object name.
+    void SetXmlPath(const QString &tag);
+    const QString &GetXmlPath() const { return XmlPath; }
+    /// The last part of the path: the name of the element that the control writes.
+    const QString &GetXmlTagName() const { return XmlTagName; }
+    /// The element names that are read into this control; empty for one named after its object name.
+    const QStringList &GetAllTags() const { return XmlTags; }
+    /// Whether the element name, in any case, is read into this control.
+    bool ContainsXmlTag(const QString &tag) const;
+    bool HasSeveralXmlTags() const { return XmlTags.size() > 1; }
+
+Q_SIGNALS:
+    /// A custom property changed through setCustomProperty().
+    void customPropertyChanged(QString name, QVariant value);
+
+public Q_SLOTS:
+    void setApplyMode(eApplyMode applyMode) { ApplyMode = applyMode; }
+    void setEnabled(bool flag);
+    void setGenerateParameterXml(bool flag);
+    void setReadOnly(bool flag);
+    void setVisible(bool flag);
+    void setLabelText(QString text);
+    void setCustomProperty(QString name, QVariant value);
+    /// Hides the control and its label with their group, or gives them back the `visible` they have.
+    virtual void setGroupVisible(bool flag);
+    virtual void setFocus();
+    /// Marks a control that writes parameters as modified, and the sheet with it. True for a finished change, which may
+    /// start automatic apply; false for an edit in progress.
+    virtual void setModified(bool autoApply);
+    virtual void resetModified();
+    /// Commits what the operator is still typing.
+    virtual void forceFinishEditing();
+
+public:
+    /// The custom property; invalid when there is none.
+    Q_INVOKABLE QVariant customProperty(QString name);
+
+    bool event(QEvent *e) override;
+
+protected:
+    /// The one hook for every change of a dynamic property. An override calls the base first, then acts, and ends with
+    /// PropagateProperty().
+    virtual void PropertyChanged(const QString &name, const QVariant &value);
+
+    /// Puts a name on the list of those that are forwarded to the control.
+    void DefineProperty(const QString &name);
+    void UndefineProperty(const QString &name);
+    bool IsDefined(const QString &name) const { return DefinedProperties.contains(name); }
+    /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none.
+    void PropagateProperty(const QString &name, QObject *target);
+    /// Forwards all defined properties that are set to a control just made, and hides it when its group is collapsed.
+    void PropagateProperties(QObject *target);
+
+    /// The text in the operator's language, in the translation context of the object name.
+    QString Translate(const QString &text) const;
+
+    /// Node makers. `name` is the property that holds the start value. Each gives null when the tree refuses the node;
+    /// an `index` of 0 or above is appended to the node's name.
+    ValueBoolean *CreateValueBoolean(const QString &name);
+    ValueInt *CreateValueNumericInt(const QString &name, int index = -1);
+    ValueDouble *CreateValueNumericFloat(const QString &name, int index = -1);
+    /// Gives the node even when the tree refuses it.
+    ValueString *CreateValueString(const QString &name);
+    /// One item for each row of `values`, with keys from 1; null gives null. Selects the row whose value text the
+    /// property holds, or the first, and then makes the property agree.
+    ValueSelection *CreateValueSelection(const QString &name, QExplicitlySharedDataPointer<OrbelEnum> values);
+    /// Gives `value` the properties `minimum`, `maximum` and `singleStep`, divided by `displayScalingFactor`.
+    void ConfigureValueNumeric(IValueNumeric *value);
+
+    /// Tooltips that tell the label and the bounds, in display units. A null control is none.
+    void SetIntTooltip(QWidget *control);
+    void SetInt64Tooltip(QWidget *control);
+    void SetDoubleTooltip(QWidget *control);
+    /// The number with at most `decimals` digits behind the point, no trailing zeros, and `suffix`.
+    static QString formatString(double value, int decimals, const QString &suffix);
+
+    /// Adds an element name to be read into this control, unless it is there in any case.
+    void AddXmlTag(const QString &tag);
+    /// Writes the attribute `unit` when the property is not empty.
+    void WriteUnitAttribute(QXmlStreamWriter &writer) const;
+
+    /// Cells of a table kept as a flat list, row by row; row and column count from 0. An index out of range gives an
+    /// invalid variant, or false.
+    static QVariant GetListValue(const QList<QVariant> &list, int row, int column, int columns);
+    static bool SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns);
+    /// Gives the list the new shape; false, and no change, when a number is negative or the size stays the same.
+    static bool ResizeList(QList<QVariant> &list, int rows, int columns, int oldColumns);
+
+    FormDoor Form() const;
+    /// Name of the owning element; empty without one.
+    QString WidgetName() const;
+
+    QMap<QString, QVariant> CustomProperties;
+    bool GenerateXml = false;
+    bool Modified = false;
+    bool GroupVisible = true;
+    /// The row label, made by CreateGUI(); belongs to the layout's parent widget.
+    QPointer<QLabel> Label;
+
+private:
+    friend class OrbelWidget;
+
+    template <class Node> Node *Enter(Node *node);
+    template <class Node> Node *NewNumeric(const QString &name, int index);
+    bool ParseProperty(QXmlStreamReader &reader, bool custom);
+    void ReadBackProperties();
+
+    OrbelWidget *OwnerWidget;
+    QString XmlPath;
+    QString XmlTagName;
+    QString VTPath;
+    QStringList XmlTags;
+    QStringList DefinedProperties;
+    eApplyMode ApplyMode = eApplyMode(0);
+    int ListDepth = 0;
+};
+
+} // namespace KV218

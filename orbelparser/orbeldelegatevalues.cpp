@@ -1,0 +1,202 @@
+// The delegate's nodes in the value tree: their paths, their making, their limits, and the tooltips that tell these.
+
+#include "orbeldelegate.h"
+
+#include "orbelenum.h"
+#include "propertynames.h"
+#include "tree.h"
+#include "valueselection.h"
+
+#include <QWidget>
+#include <limits>
+
+namespace KV218
+{
+
+namespace
+{
+
+// A bound at these values is none.
+constexpr double LowestDouble = -1e308;
+constexpr double HighestDouble = 1e308;
+
+/// Where the last part of a path begins, or -1: a slash that leads the path separates nothing.
+int LastPartIndex(const QString &path)
+{
+    const int slash = path.lastIndexOf(QLatin1Char('/'));
+    return slash < 1 ? -1 : slash + 1;
+}
+
+/// The tooltip's text; an empty bound is not set. The opening tag makes Qt show it as rich text.
+QString BoundsTooltip(const QString &label, const QString &lowest, const QString &highest)
+{
+    QString text = QLatin1String("<html>") + label;
+    if (!lowest.isEmpty() || !highest.isEmpty())
+        text += QLatin1String("<br>") + lowest + QLatin1String("...") + highest;
+    return text;
+}
+
+/// A bound as text, empty when it is the type's own bound.
+template <class Integer> QString IntegerBound(Integer bound, Integer none)
+{
+    return bound == none ? QString() : QString::number(bound);
+}
+
+} // namespace
+
+void OrbelDelegate::CreateValueTree() {}
+
+ValueBase *OrbelDelegate::GetVTValue() const
+{
+    return nullptr;
+}
+
+void OrbelDelegate::Update(Observable *, TChangeCode) {}
+
+void OrbelDelegate::SetVTPath(const QString &path)
+{
+    const bool closed = path.isEmpty() || path.endsWith(QLatin1Char('/'));
+    VTPath = closed ? path + XmlPath : path + QLatin1Char('/') + XmlPath;
+}
+
+QString OrbelDelegate::GetVTNodePath() const
+{
+    const int name = LastPartIndex(VTPath);
+    return name < 0 ? QString() : VTPath.left(name - 1);
+}
+
+QString OrbelDelegate::GetVTName() const
+{
+    const int name = LastPartIndex(VTPath);
+    // Meant: a path without a slash in it names no node.
+    return name < 0 ? QString() : VTPath.mid(name);
+}
+
+/// Hands a node to the tree; gives null, and deletes it, when the tree refuses it.
+template <class Node> Node *OrbelDelegate::Enter(Node *node)
+{
+    if (Tree::Instance()->AddNode(GetVTNodePath(), node))
+        return node;
+    delete node;
+    return nullptr;
+}
+
+template <class Node> Node *OrbelDelegate::NewNumeric(const QString &name, int index)
+{
+    const QString suffix = index < 0 ? QString() : QStringLiteral("_%1").arg(index);
+    auto *node = new Node(GetVTName() + suffix, ekStateUsable);
+    node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
+    ConfigureValueNumeric(node);
+    if constexpr (std::is_same_v<Node, ValueInt>)
+        node->SetValue(GetInt(name, 0), nullptr);
+    else
+        node->SetValue(GetDouble(name, 0.0), nullptr);
+    return Enter(node);
+}
+
+ValueBoolean *OrbelDelegate::CreateValueBoolean(const QString &name)
+{
+    auto *node = new ValueBoolean(GetVTName(), ekStateUsable);
+    node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
+    node->SetValue(property(name.toLatin1().constData()).toBool(), nullptr);
+    return Enter(node);
+}
+
+ValueInt *OrbelDelegate::CreateValueNumericInt(const QString &name, int index)
+{
+    return NewNumeric<ValueInt>(name, index);
+}
+
+ValueDouble *OrbelDelegate::CreateValueNumericFloat(const QString &name, int index)
+{
+    return NewNumeric<ValueDouble>(name, index);
+}
+
+ValueString *OrbelDelegate::CreateValueString(const QString &name)
+{
+    auto *node = new ValueString(GetVTName(), ekStateUsable);
+    node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
+    node->SetValue(property(name.toLatin1().constData()).toString(), nullptr);
+    // Meant: the one maker that keeps a node which the tree refuses, so a text control always has its node.
+    Tree::Instance()->AddNode(GetVTNodePath(), node);
+    return node;
+}
+
+ValueSelection *OrbelDelegate::CreateValueSelection(
+    const QString &name, QExplicitlySharedDataPointer<OrbelEnum> values)
+{
+    if (!values)
+        return nullptr;
+    auto *node = new ValueSelection(GetVTName(), ekStateUsable);
+    node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
+    for (int i = 0; i < values->GetValueCount(); ++i) {
+        const OrbelEnumValue &row = values->GetValueAt(i);
+        node->AddItem(row.GetDisplayName(), row.GetDoubleValue(i), i + 1, nullptr);
+    }
+    const int current = values->firstIndexOfValue(property(name.toLatin1().constData()).toString());
+    const OrbelEnumValue &start = values->GetValueAt(qMax(0, current));
+    node->SetStringValue(start.GetDisplayName(), this);
+    ChangeProperty(name, start.GetValue());
+    return Enter(node);
+}
+
+void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
+{
+    const double scale = GetDouble(prop::DisplayScalingFactor, 1.0);
+    double minimum = GetDouble(prop::Minimum, LowestDouble);
+    double maximum = GetDouble(prop::Maximum, HighestDouble);
+    if (minimum > LowestDouble)
+        minimum /= scale;
+    if (maximum < HighestDouble)
+        maximum /= scale;
+    value->SetMin(minimum, this);
+    value->SetMax(maximum, this);
+    value->SetStep(GetDouble(prop::SingleStep, 1.0) / scale, this);
+}
+
+void OrbelDelegate::SetIntTooltip(QWidget *control)
+{
+    if (!control)
+        return;
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
+        IntegerBound(GetInt(prop::Minimum, lowest), lowest), IntegerBound(GetInt(prop::Maximum, highest), highest)));
+}
+
+void OrbelDelegate::SetInt64Tooltip(QWidget *control)
+{
+    if (!control)
+        return;
+    constexpr qint64 lowest = std::numeric_limits<qint64>::min();
+    constexpr qint64 highest = std::numeric_limits<qint64>::max();
+    control->setToolTip(
+        BoundsTooltip(GetTranslated(prop::LabelText), IntegerBound(GetInt64(prop::Minimum, lowest), lowest),
+            IntegerBound(GetInt64(prop::Maximum, highest), highest)));
+}
+
+void OrbelDelegate::SetDoubleTooltip(QWidget *control)
+{
+    if (!control)
+        return;
+    const int decimals = property(prop::Decimals.data()).toInt();
+    const double lowest = GetDouble(prop::Minimum, LowestDouble);
+    const double highest = GetDouble(prop::Maximum, HighestDouble);
+    control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
+        lowest > LowestDouble ? QString::number(lowest, 'f', decimals) : QString(),
+        highest < HighestDouble ? QString::number(highest, 'f', decimals) : QString()));
+}
+
+QString OrbelDelegate::formatString(double value, int decimals, const QString &suffix)
+{
+    QString text = QString::number(value, 'f', decimals);
+    if (decimals > 0) {
+        while (text.endsWith(QLatin1Char('0')))
+            text.chop(1);
+        if (text.endsWith(QLatin1Char('.')))
+            text.chop(1);
+    }
+    return text + suffix;
+}
+
+} // namespace KV218

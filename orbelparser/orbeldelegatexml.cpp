@@ -1,0 +1,115 @@
+// The delegate's place in parameter documents, its modified state, and the cells of controls that hold lists.
+
+#include "orbeldelegate.h"
+
+#include "elementnames.h"
+#include "errorhandler.h"
+#include "formdoor.h"
+#include "limits.h"
+#include "propertynames.h"
+#include "trace.h"
+
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+void OrbelDelegate::ResyncValueTree()
+{
+    if (ErrorHandler::Instance().GetTraceMask() & ekTraceResync)
+        _Q_Trace(QStringLiteral("ResyncValueTree empty implementation for %1").arg(XmlTagName),
+            QStringLiteral("orbeldelegate"), __LINE__);
+}
+
+void OrbelDelegate::GetXml(QXmlStreamWriter &) const {}
+
+void OrbelDelegate::ReadXml(QXmlStreamReader &) {}
+
+void OrbelDelegate::SetXmlPath(const QString &tag)
+{
+    XmlPath = tag.isEmpty() ? objectName() : tag;
+    XmlTagName = XmlPath.mid(XmlPath.lastIndexOf(QLatin1Char('/')) + 1);
+    // Meant: every further parse of the same element adds the name again.
+    if (!tag.isEmpty())
+        XmlTags.append(XmlTagName);
+    Form().TagChanged();
+}
+
+void OrbelDelegate::AddXmlTag(const QString &tag)
+{
+    if (!ContainsXmlTag(tag))
+        XmlTags.append(tag);
+}
+
+bool OrbelDelegate::ContainsXmlTag(const QString &tag) const
+{
+    return XmlTags.contains(tag, Qt::CaseInsensitive);
+}
+
+void OrbelDelegate::WriteUnitAttribute(QXmlStreamWriter &writer) const
+{
+    const QString unit = property(prop::Unit.data()).toString();
+    if (!unit.isEmpty())
+        writer.writeAttribute(attribute::Unit, unit);
+}
+
+namespace
+{
+
+/// Where a cell stands in the flat list, or -1 when it stands outside.
+int CellIndex(const QList<QVariant> &list, int row, int column, int columns)
+{
+    if (row < 0 || column < 0)
+        return -1;
+    // Meant: a column past the row's end reaches into the next row.
+    const qint64 index = qint64(row) * columns + column;
+    return index >= 0 && index < list.size() ? int(index) : -1;
+}
+
+} // namespace
+
+QVariant OrbelDelegate::GetListValue(const QList<QVariant> &list, int row, int column, int columns)
+{
+    const int index = CellIndex(list, row, column, columns);
+    return index < 0 ? QVariant() : list.at(index);
+}
+
+bool OrbelDelegate::SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns)
+{
+    const int index = CellIndex(list, row, column, columns);
+    if (index < 0 || list.at(index) == value)
+        return false;
+    list[index] = value;
+    return true;
+}
+
+bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int oldColumns)
+{
+    if (rows < 0 || columns < 0 || oldColumns < 0)
+        return false;
+    const qint64 cells = qint64(rows) * columns;
+    // Meant: an equal count of cells changes nothing, whatever the shape.
+    if (cells == list.size() || cells > limit::ListCells)
+        return false;
+    const QList<QVariant> old = list;
+    list.clear();
+    list.reserve(int(cells));
+    for (int cell = 0; cell < cells; ++cell)
+        list.append(GetListValue(old, cell / columns, cell % columns, oldColumns));
+    return true;
+}
+
+void OrbelDelegate::setModified(bool autoApply)
+{
+    if (!GenerateXml)
+        return;
+    Modified = true;
+    Form().setModified(autoApply);
+}
+
+void OrbelDelegate::resetModified()
+{
+    Modified = false;
+}
+
+} // namespace KV218

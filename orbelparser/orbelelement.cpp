@@ -1,0 +1,121 @@
+#include "orbelelement.h"
+
+#include "limits.h"
+#include "orbeldelegate.h"
+#include "xmlwalk.h"
+
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+namespace
+{
+
+QStringList PathParts(const QString &path)
+{
+    return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+OrbelElement::OrbelElement(const QString &tag) : Tags(tag) {}
+
+OrbelElement::OrbelElement(QExplicitlySharedDataPointer<OrbelWidget> widget) : LeafWidget(widget)
+{
+    const OrbelDelegate *delegate = widget->GetDelegate();
+    Tags = delegate->HasSeveralXmlTags() ? delegate->GetAllTags() : QStringList(delegate->GetXmlTagName());
+}
+
+OrbelElement::~OrbelElement()
+{
+    while (!Children.isEmpty())
+        delete Children.takeLast();
+}
+
+OrbelElement *OrbelElement::Append(OrbelElement *child)
+{
+    Children.append(child);
+    for (const QString &tag : qAsConst(child->Tags)) {
+        if (!ChildByTag.contains(tag))
+            ChildByTag.insert(tag, child);
+    }
+    return child;
+}
+
+void OrbelElement::AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget)
+{
+    QStringList parts = PathParts(widget->GetDelegate()->GetXmlPath());
+    if (parts.size() > limit::ParameterPathParts)
+        return;
+    if (!parts.isEmpty())
+        parts.removeLast();
+    OrbelElement *node = this;
+    for (const QString &part : qAsConst(parts)) {
+        OrbelElement *child = node->FindChild(part);
+        node = child ? child : node->Append(new OrbelElement(part));
+    }
+    node->Append(new OrbelElement(widget));
+}
+
+OrbelElement *OrbelElement::FindChild(const QString &tag) const
+{
+    return ChildByTag.value(tag);
+}
+
+QExplicitlySharedDataPointer<OrbelWidget> OrbelElement::FindWidget(const QString &path) const
+{
+    const OrbelElement *node = this;
+    for (const QString &part : PathParts(path)) {
+        node = node->FindChild(part);
+        if (!node)
+            return QExplicitlySharedDataPointer<OrbelWidget>();
+    }
+    return node->LeafWidget;
+}
+
+bool OrbelElement::HasModified() const
+{
+    if (LeafWidget)
+        return LeafWidget->isModified();
+    for (const OrbelElement *child : Children) {
+        if (child->HasModified())
+            return true;
+    }
+    return false;
+}
+
+void OrbelElement::GetXml(QXmlStreamWriter &writer, bool onlyModified)
+{
+    if (LeafWidget) {
+        LeafWidget->GetXml(writer, onlyModified);
+        return;
+    }
+    if (Tags.isEmpty()) {
+        for (OrbelElement *child : qAsConst(Children))
+            child->GetXml(writer, onlyModified);
+        return;
+    }
+    if (onlyModified && !HasModified())
+        return;
+    writer.writeStartElement(Tags.first());
+    for (OrbelElement *child : qAsConst(Children))
+        child->GetXml(writer, onlyModified);
+    writer.writeEndElement();
+}
+
+void OrbelElement::ReadXml(QXmlStreamReader &reader)
+{
+    if (LeafWidget) {
+        LeafWidget->ReadXml(reader);
+        return;
+    }
+    ForEachStart(reader, [&](const QStringRef &name) {
+        if (OrbelElement *child = FindChild(name.toString()))
+            child->ReadXml(reader);
+        else
+            reader.skipCurrentElement();
+    });
+}
+
+} // namespace KV218

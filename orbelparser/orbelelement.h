@@ -1,0 +1,51 @@
+#pragma once
+
+#include "orbelwidget.h"
+
+#include <QExplicitlySharedDataPointer>
+#include <QHash>
+#include <QList>
+#include <QStringList>
+
+namespace KV218
+{
+
+/// A node of the tree that mirrors the slash-separated parameter paths of a sheet's widgets: the root without a tag,
+/// inner nodes with one tag, and leaves with a widget and the tags that are read into it. Writes and reads the body of
+/// parameter documents.
+class OrbelElement
+{
+public:
+    OrbelElement() = default;
+    explicit OrbelElement(const QString &tag);
+    explicit OrbelElement(QExplicitlySharedDataPointer<OrbelWidget> widget);
+    virtual ~OrbelElement();
+    Q_DISABLE_COPY(OrbelElement)
+
+    /// Hangs a leaf for `widget` at its path below this node, making the inner nodes that are missing. A path of more than
+    /// limit::ParameterPathParts parts is left out.
+    void AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget);
+    /// The first child that answers to the tag, in the same case; null without one.
+    OrbelElement *FindChild(const QString &tag) const;
+    /// The widget of the leaf at that path below this node; null for an inner node or when there is none.
+    QExplicitlySharedDataPointer<OrbelWidget> FindWidget(const QString &path) const;
+    /// Whether a leaf below, selected or not, is modified.
+    bool HasModified() const;
+
+    /// Writes this node's element with all below it, and clears the mark of each modified widget that is written.
+    void GetXml(QXmlStreamWriter &writer, bool onlyModified);
+    /// Reads the element on whose start `reader` stands, to its end. Elements that fit no node are skipped.
+    void ReadXml(QXmlStreamReader &reader);
+
+private:
+    OrbelElement *Append(OrbelElement *child);
+
+    QStringList Tags;
+    QExplicitlySharedDataPointer<OrbelWidget> LeafWidget;
+    /// In order of insertion; owned.
+    QList<OrbelElement *> Children;
+    /// The first child of each tag.
+    QHash<QString, OrbelElement *> ChildByTag;
+};
+
+} // namespace KV218

@@ -1,0 +1,165 @@
+#pragma once
+
+#include "formconfiguration.h"
+#include "iobserver.h"
+#include "orbelenum.h"
+#include "orbelexport.h"
+#include "orbelscript.h"
+#include "orbelsheet.h"
+
+#include <QExplicitlySharedDataPointer>
+#include <QMap>
+#include <QObject>
+#include <QScriptEngine>
+#include <QScriptValue>
+#include <memory>
+
+class QScriptEngineDebugger;
+class QXmlStreamReader;
+class ValueBase;
+class ValueSelection;
+
+namespace KV218
+{
+
+/// One form: enumerations, the sheet with its controls, the script and its engine, and the link to the value tree and
+/// to the host's configuration object. Shared through QExplicitlySharedDataPointer, or deleted by whoever holds it alone.
+///
+/// Use it in one order: parse, CreateValueTree(), CreateGUI(), show GetGUI(). The widget is not deleted with the form: it
+/// belongs to its parent, or to whoever shows it. Either may go first.
+///
+/// All of it belongs to the GUI thread. Bad input is never reported: a lookup that fails gives null, -1 or an empty
+/// object, and a malformed document leaves what was read of it.
+class ORBEL_EXPORT OrbelFormular : public QObject, public QSharedData
+{
+    Q_OBJECT
+
+public:
+    OrbelFormular();
+    ~OrbelFormular() override;
+
+    /// The form's name and translation catalogue; empty after parsing. An earlier name stays registered.
+    const QString &GetName() const { return Name; }
+    void SetName(const QString &name);
+    /// The definition's `version`, as it stands.
+    const QString &GetVersion() const { return Version; }
+    /// The path that CreateValueTree() was given.
+    const QString &GetVTPath() const { return VTPath; }
+    OrbelSheet &GetSheet() { return Sheet; }
+    const OrbelSheet &GetSheet() const { return Sheet; }
+    OrbelScript &GetScript() { return Script; }
+    const OrbelScript &GetScript() const { return Script; }
+    /// The widget to show; null before CreateGUI().
+    QWidget *GetGUI() const;
+
+    /// Reads the `ZkParamGui` element on which `reader` stands.
+    void ParseORBEL(QXmlStreamReader &reader);
+    /// Patches the form with a changed definition: enumerations, properties of widgets that exist, and the script, which
+    /// does not run. Then brings the nodes in line.
+    void SetChangedORBEL(const QString &text);
+    void ProcessChangedORBEL(QXmlStreamReader &reader);
+
+    /// The enumeration of that name; for an unknown one the form's one empty enumeration, never null.
+    QExplicitlySharedDataPointer<OrbelEnum> GetEnum(const QString &name) const;
+    bool HasEnum(const QString &name) const { return Enums.contains(name); }
+    /// Rewrites an enumeration from a selection's items. The value texts come from `identifiers`, and where that is null
+    /// or too short from the items' values with two decimals. Unknown names and a null selection are ignored.
+    void InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers);
+
+    /// Makes the controls' nodes under `path`, then runs the form's script once.
+    void CreateValueTree(const QString &path);
+    /// Builds all controls, below them an apply row if wanted, and restores the configuration.
+    void CreateGUI(bool applyUi);
+    /// Builds the controls whose name or element name stands in `names`, or with `exclude` the others; those left out
+    /// also leave the parameter document.
+    void CreateGUI(bool applyUi, const QStringList &names, bool exclude);
+    /// These two need CreateGUI() to have been called.
+    void Show();
+    void Hide();
+
+    /// Emits the sheet's si_parametersModified() if there is a pending change.
+    void applyNow();
+    void SelectWidgets(const QStringList &paths, bool select);
+    void ShowGroup(const QString &name, bool show);
+    /// Locks or frees the operator's input as a whole.
+    void EnableInput(bool enable);
+    bool IsInputEnabled() const;
+
+    /// The parameter document, without an XML declaration; it counts as applied by this. With `onlyModified` just what
+    /// changed, and an empty string when nothing did.
+    QString GetXmlString(bool onlyModified);
+    /// The root element of the parameter document alone.
+    QString GetEmptyXmlElement() const;
+    /// Reads parameter documents into the controls; nothing becomes modified by it. Other root elements pass unread.
+    void SetXmlString(const QString &xml);
+
+    /// The node of the control with that parameter path or element name; owned by the control; null without one.
+    ValueBase *GetVTValue(const QString &name) const;
+    /// Copies a control's value into the application's `local`, found by its name unless `source` is given. With `init`
+    /// limits and items too, and an empty text when there is no such control. `observer` is not told of the change.
+    /// Returns the node read, null without one.
+    ValueBase *GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source = nullptr);
+    /// The same for many values, from the last to the first.
+    void GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init);
+    /// Copies the application's value into the control of the same name; with `apply` then announces the parameters if
+    /// the form is modified. True when the value changed.
+    bool SetVTValue(ValueBase *local, IObserver *observer, bool apply);
+    bool SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply);
+    /// Gives a control the limits and step, or the items, of the application's value, not the value itself. Exceptions of
+    /// the nodes end here, with a trace.
+    void InitVTValue(const QString &name, ValueBase *value);
+    /// Copies limits, step and value, or the items, between nodes of one type.
+    static void InitVTValue(ValueBase *destination, ValueBase *source, IObserver *observer);
+
+    /// The configuration object, which may be null, stays the host's; `name` is the prefix of this form's keys.
+    void SetConfigObject(QObject *object, const QString &name);
+    QObject *GetConfigObject() const { return Configuration.GetObject(); }
+    const QString &GetConfigName() const { return Configuration.GetName(); }
+    /// Saves text size and collapsed groups.
+    void ApplyConfiguration();
+
+    /// Runs a text in the form's engine. The result is dropped; an exception is not reported.
+    void EvaluateScript(const QString &text);
+    /// Makes or replaces a global of the form's script. Objects stay the caller's.
+    void SetScriptValue(const QString &name, QObject *object);
+    void SetScriptValue(const QString &name, bool value);
+    void SetScriptValue(const QString &name, double value);
+    void SetScriptValue(const QString &name, const QString &value);
+    /// All valid globals of the script, the language's own among them.
+    QMap<QString, QScriptValue> GetScriptValues() const;
+    /// Attaches a debugger that stops at the next statement; once.
+    void DebugScript();
+
+public Q_SLOTS:
+    /// Loads text size, collapsed groups and the lock of input from the configuration object.
+    void RestoreConfiguration();
+
+Q_SIGNALS:
+    /// There are parameters to fetch with GetXmlString().
+    void si_parametersModified();
+
+private Q_SLOTS:
+    void sl_fontSize(int size);
+
+private:
+    OrbelFormular(const OrbelFormular &);
+
+    void ParseEnums(QXmlStreamReader &reader);
+    void ParseChangedEnums(QXmlStreamReader &reader);
+    void PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values);
+    void InitScript();
+    void SetGlobal(const QString &name, const QScriptValue &value);
+
+    QString Name;
+    QString Version;
+    QString VTPath;
+    QMap<QString, QExplicitlySharedDataPointer<OrbelEnum>> Enums;
+    QExplicitlySharedDataPointer<OrbelEnum> EmptyEnum;
+    OrbelSheet Sheet;
+    OrbelScript Script;
+    QScriptEngine Engine;
+    std::unique_ptr<QScriptEngineDebugger> Debugger;
+    FormConfiguration Configuration;
+};
+
+} // namespace KV218

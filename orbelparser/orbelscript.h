@@ -1,0 +1,32 @@
+#pragma once
+
+#include "orbelexport.h"
+
+#include <QString>
+
+class QXmlStreamReader;
+
+namespace KV218
+{
+
+/// The text of a form's script. The language is kept as the definition states it and selects nothing.
+class ORBEL_EXPORT OrbelScript
+{
+public:
+    OrbelScript() = default;
+    OrbelScript(const OrbelScript &) = default;
+    OrbelScript &operator=(const OrbelScript &) = default;
+    virtual ~OrbelScript();
+
+    const QString &GetLanguage() const { return Language; }
+    const QString &GetCode() const { return Code; }
+
+    /// Reads the `Script` element on which `reader` stands. "{{CR}}" and "{{LF}}" in the code become line ends.
+    void ParseORBEL(QXmlStreamReader &reader);
+
+private:
+    QString Language;
+    QString Code;
+};
+
+} // namespace KV218

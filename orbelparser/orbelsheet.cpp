@@ -1,0 +1,337 @@
+#include "orbelsheet.h"
+
+#include "floatgrouplayout.h"
+#include "layoutpause.h"
+#include "limits.h"
+#include "orbelelement.h"
+#include "orbelformular.h"
+#include "orbelsheetui.h"
+#include "propertynames.h"
+#include "xmlwalk.h"
+
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelSheet::OrbelSheet(OrbelFormular *formular) : Root(new OrbelElement), Formular(formular), Ui(new OrbelSheetUi) {}
+
+OrbelSheet::OrbelSheet(const OrbelSheet &other) = default;
+
+OrbelSheet &OrbelSheet::operator=(const OrbelSheet &other) = default;
+
+OrbelSheet::~OrbelSheet()
+{
+    // The host may go on holding a widget.
+    for (const Widget &widget : qAsConst(Widgets)) {
+        if (widget->Sheet == this)
+            widget->Sheet = nullptr;
+    }
+}
+
+OrbelSheet::Widget OrbelSheet::GetWidget(const QString &name) const
+{
+    const Widget widget = Root->FindWidget(name);
+    if (widget || name.contains(QLatin1Char('/')))
+        return widget;
+    return Index.FindTag(Widgets, name);
+}
+
+QList<OrbelSheet::Widget> OrbelSheet::FindWidgetsOfClass(const QString &className) const
+{
+    QList<Widget> found;
+    for (const Widget &widget : Widgets) {
+        if (widget->GetClass() == className)
+            found.append(widget);
+    }
+    return found;
+}
+
+OrbelWidget *OrbelSheet::FindWidget(const QString &className) const
+{
+    for (const Widget &widget : Widgets) {
+        if (widget->GetClass() == className)
+            return widget.data();
+    }
+    return nullptr;
+}
+
+int OrbelSheet::IndexOfWidget(Widget widget) const
+{
+    return Widgets.indexOf(widget);
+}
+
+int OrbelSheet::IndexOfWidget(const QString &name) const
+{
+    const Widget widget = GetWidget(name);
+    return widget ? IndexOfWidget(widget) : -1;
+}
+
+OrbelSheet::Widget OrbelSheet::InsertWidget(QString name, QString labelText, QWidget *widget, int index)
+{
+    const Widget element(new OrbelWidget(this));
+    if (index < 0)
+        Widgets.append(element);
+    else
+        Widgets.insert(index, element);
+    element->SetExtWidget(name, labelText, widget);
+    Root->AddWidget(element);
+    Index.Drop();
+    return element;
+}
+
+void OrbelSheet::ParseORBEL(QXmlStreamReader &reader)
+{
+    Name = reader.attributes().value(attribute::Name).toString();
+    Formular->SetScriptValue(Name, Ui.data());
+    ForEachStart(reader, [&](const QStringRef &name) {
+        if (name == element::Properties)
+            Ui->ParseProperties(reader, false);
+        else if (name == element::CustomProperties)
+            Ui->ParseProperties(reader, true);
+        else if (name == element::Widget)
+            ParseWidget(reader);
+        else
+            reader.skipCurrentElement();
+    });
+}
+
+void OrbelSheet::ParseWidget(QXmlStreamReader &reader)
+{
+    const Widget widget(new OrbelWidget(this));
+    Widgets.append(widget);
+    widget->ParseORBEL(reader, Widgets.size() - 1);
+    Root->AddWidget(widget);
+    Index.Drop();
+}
+
+void OrbelSheet::ParseChangedORBEL(QXmlStreamReader &reader)
+{
+    ForEachStart(reader, [&](const QStringRef &name) {
+        if (name != element::Widget) {
+            reader.skipCurrentElement();
+            return;
+        }
+        // Meant: a widget of an unknown name is entered, so its end tag ends the reading of the sheet.
+        const QString widgetName = reader.attributes().value(attribute::Name).toString();
+        if (const Widget widget = Index.FindName(Widgets, widgetName))
+            widget->GetDelegate()->ParseProperties(reader, false);
+    });
+}
+
+void OrbelSheet::CreateGUI(bool applyUi)
+{
+    CreateGUI(applyUi, QStringList(), true);
+}
+
+void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
+{
+    Ui->CreateFrame(applyUi);
+    const QSet<QString> names(list.cbegin(), list.cend());
+    for (const Widget &widget : Snapshot()) {
+        const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
+        if (listed != exclude)
+            widget->CreateGUI(Ui->GetLayout());
+        else
+            widget->SetSelected(false);
+    }
+}
+
+QWidget *OrbelSheet::GetGUI() const
+{
+    return Ui->GetGUI();
+}
+
+OrbelDelegate *OrbelSheet::GetDelegate() const
+{
+    return Ui.data();
+}
+
+void OrbelSheet::CreateValueTree(const QString &path)
+{
+    VTPath = path;
+    for (const Widget &widget : Snapshot())
+        widget->CreateValueTree(path);
+}
+
+void OrbelSheet::ResyncValueTree()
+{
+    for (const Widget &widget : Snapshot())
+        widget->ResyncValueTree();
+}
+
+void OrbelSheet::SelectWidgets(const QStringList &list, bool select)
+{
+    const QSet<QString> paths(list.cbegin(), list.cend());
+    for (const Widget &widget : qAsConst(Widgets)) {
+        const bool listed = paths.isEmpty() || paths.contains(widget->GetDelegate()->GetXmlPath());
+        widget->SetSelected(listed ? select : !select);
+    }
+}
+
+void OrbelSheet::ShowGroup(const QString &name, bool show)
+{
+    const LayoutPause pause(Ui->GetLayout());
+    bool inGroup = false;
+    for (const Widget &widget : Snapshot()) {
+        if (widget->GetClass() == widgetclass::Headline) {
+            if (inGroup)
+                return;
+            inGroup = widget->GetName() == name;
+        }
+        if (inGroup)
+            widget->GetDelegate()->SetPropertyAlways(prop::Visible, show);
+    }
+}
+
+void OrbelSheet::setGroupVisible(OrbelWidget *headline, bool visible)
+{
+    const LayoutPause pause(Ui->GetLayout());
+    bool inGroup = false;
+    for (const Widget &widget : Snapshot()) {
+        if (widget.data() == headline)
+            inGroup = true;
+        else if (inGroup && widget->GetClass() == widgetclass::Headline)
+            return;
+        if (inGroup)
+            widget->GetDelegate()->setGroupVisible(visible);
+    }
+}
+
+QStringList OrbelSheet::GetCollapsed() const
+{
+    QStringList names;
+    for (const Widget &widget : Widgets) {
+        if (widget->GetClass() == widgetclass::Headline && !widget->GetDelegate()->isGroupVisible())
+            names.append(widget->GetName());
+    }
+    return names;
+}
+
+void OrbelSheet::SetCollapsed(const QStringList &names)
+{
+    const LayoutPause pause(Ui->GetLayout());
+    // One walk for all groups: each headline rules the widgets behind it, up to the next one.
+    const QSet<QString> collapsed(names.cbegin(), names.cend());
+    bool inGroup = false;
+    bool visible = true;
+    for (const Widget &widget : Snapshot()) {
+        if (widget->GetClass() == widgetclass::Headline) {
+            inGroup = true;
+            visible = !collapsed.contains(widget->GetName());
+        }
+        if (inGroup)
+            widget->GetDelegate()->setGroupVisible(visible);
+    }
+}
+
+void OrbelSheet::GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified) const
+{
+    const bool effective = onlyModified && Ui->GetBool(prop::EmitOnlyModifiedParameters, true);
+    Ui->WriteRootStart(writer);
+    if (withParameters)
+        Root->GetXml(writer, effective);
+    writer.writeEndElement();
+}
+
+void OrbelSheet::ReadXml(QXmlStreamReader &reader)
+{
+    // A handler of a control's signal may end the form; its elements stay until they have been walked.
+    const QSharedPointer<OrbelElement> root = Root;
+    const QPointer<OrbelSheetUi> self(Ui.data());
+    const bool wasActive = std::exchange(Active, false);
+    root->ReadXml(reader);
+    if (self)
+        Active = wasActive;
+}
+
+void OrbelSheet::setModified(bool autoApply)
+{
+    if (Active)
+        Ui->setModified(autoApply);
+}
+
+void OrbelSheet::resetModified()
+{
+    Ui->resetModified();
+}
+
+bool OrbelSheet::isModified() const
+{
+    return Ui->isModified();
+}
+
+bool OrbelSheet::isWidgetModified() const
+{
+    if (!Ui->isModified())
+        return false;
+    return std::any_of(Widgets.cbegin(), Widgets.cend(),
+        [](const Widget &widget) { return widget->IsSelected() && widget->isModified(); });
+}
+
+bool OrbelSheet::isAutoApplyEnabled() const
+{
+    return Ui->isAutoApplyEnabled();
+}
+
+void OrbelSheet::setAutoApplyEnabled(bool enable)
+{
+    Ui->setAutoApplyEnabled(enable);
+}
+
+void OrbelSheet::killAutoApplyTimer()
+{
+    Ui->killAutoApplyTimer();
+}
+
+void OrbelSheet::applyNow()
+{
+    Ui->applyNow();
+}
+
+void OrbelSheet::SetFontSize(int size)
+{
+    QWidget *top = GetGUI();
+    if (size <= 0 || size > limit::TextSize || !top)
+        return;
+    QWidget *target = top->parentWidget() ? top->parentWidget() : top;
+    if (!target->styleSheet().isEmpty()) {
+        // Meant: the whole style sheet is replaced.
+        target->setStyleSheet(QStringLiteral("font-size: %1pt;").arg(size));
+        return;
+    }
+    QFont font = target->font();
+    font.setPointSize(size);
+    target->setFont(font);
+}
+
+void OrbelSheet::EnableInput(bool enable, eEnableScope scope)
+{
+    if (scope < EnableScopeInput || scope > EnableScopePartial || enable == InputEnabled[scope])
+        return;
+    InputEnabled[scope] = enable;
+    if (scope == EnableScopePartial) {
+        if (InputEnabled[EnableScopeInput] && InputEnabled[EnableScopeSheet])
+            SetEnableInput(enable, true);
+        return;
+    }
+    if (!InputEnabled[scope == EnableScopeInput ? EnableScopeSheet : EnableScopeInput])
+        return;
+    SetEnableInput(enable, false);
+    if (enable && !InputEnabled[EnableScopePartial])
+        SetEnableInput(false, true);
+}
+
+bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
+{
+    return scope >= EnableScopeInput && scope <= EnableScopePartial && InputEnabled[scope];
+}
+
+void OrbelSheet::SetEnableInput(bool enable, bool partial)
+{
+    for (const Widget &widget : Snapshot())
+        widget->GetDelegate()->EnableInput(enable, partial);
+    Ui->EnableInput(enable, partial);
+}
+
+} // namespace KV218

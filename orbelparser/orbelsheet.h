@@ -1,0 +1,131 @@
+#pragma once
+
+#include "orbelwidget.h"
+#include "widgetindex.h"
+
+#include <QExplicitlySharedDataPointer>
+#include <QList>
+#include <QSharedPointer>
+#include <QStringList>
+
+namespace KV218
+{
+
+class OrbelElement;
+class OrbelSheetUi;
+
+/// The `Sheet` element of a form: its widgets, in definition order for everything that shows, and in a tree of
+/// parameter paths for parameter documents. Indices count from 0. A copy shares the element tree and the frame with its
+/// source.
+class ORBEL_EXPORT OrbelSheet
+{
+public:
+    /// What input depends on: the host's lock, the sheet's own switch, and a switch that takes away a secondary part.
+    enum eEnableScope { EnableScopeInput, EnableScopeSheet, EnableScopePartial };
+    using Widget = QExplicitlySharedDataPointer<OrbelWidget>;
+
+    /// `formular` owns the sheet.
+    explicit OrbelSheet(OrbelFormular *formular);
+    OrbelSheet(const OrbelSheet &other);
+    OrbelSheet &operator=(const OrbelSheet &other);
+    virtual ~OrbelSheet();
+
+    const QString &GetName() const { return Name; }
+    const QString &GetVTPath() const { return VTPath; }
+    OrbelFormular *GetFormular() const { return Formular; }
+
+    int GetWidgetCount() const { return Widgets.size(); }
+    /// `index` must be valid.
+    Widget GetWidgetAt(int index) const { return Widgets.at(index); }
+    /// The widget at a parameter path, or the first one with that element name; null without one. Widget names play no
+    /// part.
+    Widget GetWidget(const QString &name) const;
+    /// All widgets of a class, in list order.
+    QList<Widget> FindWidgetsOfClass(const QString &className) const;
+    /// The first widget of a *class*, or null.
+    OrbelWidget *FindWidget(const QString &className) const;
+    /// The place of a widget, or of what GetWidget() finds; -1 without one.
+    int IndexOfWidget(Widget widget) const;
+    int IndexOfWidget(const QString &name) const;
+    /// Adds a host's own control with a row label (none for an empty text) before `index`, or at the end for a negative
+    /// one. The control, not null, stays the host's. It shows only when inserted before CreateGUI().
+    Widget InsertWidget(QString name, QString labelText, QWidget *widget, int index);
+
+    /// Reads the `Sheet` element on which `reader` stands; widgets are added to those that are there.
+    void ParseORBEL(QXmlStreamReader &reader);
+    /// Gives the properties of a changed definition to the widgets of the same names, up to the first name unknown.
+    void ParseChangedORBEL(QXmlStreamReader &reader);
+
+    /// Builds the frame, with an apply row or without, and the controls.
+    void CreateGUI(bool applyUi);
+    /// Builds the controls whose name or element name stands in `list`, or with `exclude` the others. The ones left out
+    /// are no longer selected.
+    void CreateGUI(bool applyUi, const QStringList &list, bool exclude);
+    /// The widget that the host shows; null before CreateGUI().
+    QWidget *GetGUI() const;
+    /// The sheet's own delegate.
+    OrbelDelegate *GetDelegate() const;
+    OrbelSheetUi *GetUi() const { return Ui.data(); }
+
+    void CreateValueTree(const QString &path);
+    void ResyncValueTree();
+
+    /// Selects the widgets whose parameter path stands in `list`, or all for an empty list; the others get the opposite.
+    void SelectWidgets(const QStringList &list, bool select);
+    /// Sets `visible` of the named headline and of the widgets behind it, up to the next headline.
+    void ShowGroup(const QString &name, bool show);
+    /// Collapses or expands the group that begins at `headline`, keeping the `visible` of its widgets.
+    void setGroupVisible(OrbelWidget *headline, bool visible);
+    /// Names of the headlines whose groups are collapsed, in list order.
+    QStringList GetCollapsed() const;
+    /// Collapses the groups of the named headlines and expands all others.
+    void SetCollapsed(const QStringList &names);
+
+    /// Writes the root element, with the parameters or empty. With `onlyModified`, unless the sheet's
+    /// `emitOnlyModifiedParameters` says no, just the modified ones.
+    void GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified) const;
+    /// Reads the content of the root element; nothing becomes modified by it.
+    void ReadXml(QXmlStreamReader &reader);
+
+    void setModified(bool autoApply);
+    void resetModified();
+    bool isModified() const;
+    /// Whether the sheet and a selected widget are modified.
+    bool isWidgetModified() const;
+    /// While inactive, changes do not count as the operator's.
+    bool isActive() const { return Active; }
+    void setActive(bool active) { Active = active; }
+
+    bool isAutoApplyEnabled() const;
+    void setAutoApplyEnabled(bool enable);
+    void killAutoApplyTimer();
+    void applyNow();
+
+    /// Sets the text size, in points, of the widget in which the form stands. 0 or less is ignored.
+    void SetFontSize(int size);
+
+    /// Input is free when both EnableScopeInput and EnableScopeSheet are on; EnableScopePartial then takes a part away.
+    void EnableInput(bool enable, eEnableScope scope);
+    bool IsInputEnabled(eEnableScope scope) const;
+
+    /// Called by FormDoor when a widget's element name changed.
+    void TagChanged() { Index.Drop(); }
+
+private:
+    /// The list to walk while controls act: a handler may add to the real one, or end the form.
+    const QList<Widget> Snapshot() const { return Widgets; }
+    void ParseWidget(QXmlStreamReader &reader);
+    void SetEnableInput(bool enable, bool partial);
+
+    QString Name;
+    QString VTPath;
+    QList<Widget> Widgets;
+    QSharedPointer<OrbelElement> Root;
+    OrbelFormular *Formular;
+    QSharedPointer<OrbelSheetUi> Ui;
+    bool InputEnabled[3] = {true, true, true};
+    bool Active = true;
+    WidgetIndex Index;
+};
+
+} // namespace KV218

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "orbelexport.h"
+
+#include <QSharedData>
+#include <QString>
+#include <memory>
+
+class FloatGroupLayout;
+class QWidget;
+class QXmlStreamReader;
+class QXmlStreamWriter;
+
+namespace KV218
+{
+
+class OrbelDelegate;
+class OrbelFormular;
+class OrbelSheet;
+
+/// One `Widget` element of a form: its name, its class, and the delegate that does all the work. Shared through
+/// QExplicitlySharedDataPointer. A widget that outlives its sheet stays usable, but stands in no form any more.
+class ORBEL_EXPORT OrbelWidget : public QSharedData
+{
+public:
+    /// `sheet` is not owned.
+    explicit OrbelWidget(OrbelSheet *sheet);
+    /// The copy shares the delegate, which goes on naming the original as its widget.
+    OrbelWidget(const OrbelWidget &other);
+    virtual ~OrbelWidget();
+
+    OrbelSheet *GetSheet() const { return Sheet; }
+    /// The form of the sheet; null without a sheet.
+    OrbelFormular *GetFormular() const;
+    const QString &GetName() const { return Name; }
+    const QString &GetClass() const { return Class; }
+    /// Owned by the widget; null until ParseORBEL() or SetExtWidget().
+    OrbelDelegate *GetDelegate() const { return Delegate.get(); }
+    /// The name of the widget's parameter element. The delegate must exist.
+    const QString &GetXmlTagName() const;
+
+    /// Whether the widget takes part in parameter documents; true at first.
+    void SetSelected(bool selected) { Selected = selected; }
+    bool IsSelected() const { return Selected; }
+    /// The delegate must exist.
+    bool isModified() const;
+    void resetModified();
+
+    /// Reads the `Widget` element on which `reader` stands; `index` is the widget's place in its sheet, from 0, and
+    /// names a widget that has no name. A class that no control answers to gives a plain delegate.
+    void ParseORBEL(QXmlStreamReader &reader, int index);
+    /// Makes this the element of a host's own control, which must not be null and stays the host's.
+    void SetExtWidget(QString name, QString labelText, QWidget *widget);
+
+    void CreateValueTree(const QString &path);
+    void ResyncValueTree();
+    /// The delegate must exist.
+    void CreateGUI(FloatGroupLayout *layout);
+    /// Writes a selected widget that is modified, and clears the mark; an unmodified one only without `onlyModified`.
+    void GetXml(QXmlStreamWriter &writer, bool onlyModified) const;
+    /// Reads the widget's parameter element and clears the modified mark.
+    void ReadXml(QXmlStreamReader &reader);
+
+private:
+    friend class OrbelSheet;
+    void createDelegate();
+
+    QString Name;
+    QString Class;
+    OrbelSheet *Sheet;
+    std::shared_ptr<OrbelDelegate> Delegate;
+    bool Selected = true;
+};
+
+} // namespace KV218
