@@ -2,7 +2,7 @@
 
 #include "floatgrouplayout.h"
 #include "formdoor.h"
-#include "limits.h"
+#include "formlimits.h"
 #include "orbelwidget.h"
 #include "propertynames.h"
 #include "xmlwalk.h"
@@ -10,12 +10,42 @@
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QScopedValueRollback>
+#include <QWidget>
+#include <limits>
 
 namespace KV218
 {
 
+namespace
+{
+
+/// What a control was told itself, where its Qt property tells the sum over its parents: a control in a window that is
+/// not shown yet is not visible, and still not hidden.
+QVariant OwnValue(const QObject *target, const QByteArray &name)
+{
+    const auto *widget = qobject_cast<const QWidget *>(target);
+    if (widget && name == prop::Visible.data())
+        return widget->testAttribute(Qt::WA_WState_ExplicitShowHide) ? QVariant(!widget->isHidden()) : QVariant();
+    if (widget && name == prop::Enabled.data())
+        return !widget->testAttribute(Qt::WA_ForceDisabled);
+    return target->property(name.constData());
+}
+
+/// Whether a variant is a number or a text of one that fits the type; QVariant itself cuts off what does not fit.
+template <class Integer, class Wide> bool Fits(const QVariant &value, Wide wide)
+{
+    if (value.userType() == QMetaType::Double || value.userType() == QMetaType::Float) {
+        const double number = value.toDouble();
+        return number >= double(std::numeric_limits<Integer>::min())
+            && number < double(std::numeric_limits<Integer>::max()) + 1;
+    }
+    return wide >= std::numeric_limits<Integer>::min() && wide <= std::numeric_limits<Integer>::max();
+}
+
+} // namespace
+
 OrbelDelegate::OrbelDelegate(OrbelWidget *widget)
-    : DefinedProperties{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip}, OwnerWidget(widget)
+    : OwnerWidget(widget), DefinedProperties{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip}
 {
 }
 
@@ -177,7 +207,7 @@ void OrbelDelegate::PropagateProperty(const QString &name, QObject *target)
         return;
     const QByteArray key = name.toLatin1();
     const QVariant value = property(key.constData());
-    if (!value.isNull() && value != target->property(key.constData()))
+    if (!value.isNull() && value != OwnValue(target, key))
         target->setProperty(key.constData(), value);
 }
 
@@ -204,22 +234,25 @@ bool OrbelDelegate::GetBool(const QString &name, bool defaultValue) const
 int OrbelDelegate::GetInt(const QString &name, int defaultValue) const
 {
     bool ok = false;
-    const int value = property(name.toLatin1().constData()).toInt(&ok);
-    return ok ? value : defaultValue;
+    const QVariant property = this->property(name.toLatin1().constData());
+    const qint64 value = property.toLongLong(&ok);
+    return ok && Fits<int>(property, value) ? int(value) : defaultValue;
 }
 
 qint64 OrbelDelegate::GetInt64(const QString &name, qint64 defaultValue) const
 {
     bool ok = false;
-    const qint64 value = property(name.toLatin1().constData()).toLongLong(&ok);
-    return ok ? value : defaultValue;
+    const QVariant property = this->property(name.toLatin1().constData());
+    const qint64 value = property.toLongLong(&ok);
+    return ok && Fits<qint64>(property, value) ? value : defaultValue;
 }
 
 quint64 OrbelDelegate::GetUInt64(const QString &name, quint64 defaultValue) const
 {
     bool ok = false;
-    const quint64 value = property(name.toLatin1().constData()).toULongLong(&ok);
-    return ok ? value : defaultValue;
+    const QVariant property = this->property(name.toLatin1().constData());
+    const quint64 value = property.toULongLong(&ok);
+    return ok && Fits<quint64>(property, value) ? value : defaultValue;
 }
 
 double OrbelDelegate::GetDouble(const QString &name, double defaultValue) const

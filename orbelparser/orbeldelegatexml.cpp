@@ -5,7 +5,7 @@
 #include "elementnames.h"
 #include "errorhandler.h"
 #include "formdoor.h"
-#include "limits.h"
+#include "formlimits.h"
 #include "propertynames.h"
 #include "trace.h"
 

@@ -1,6 +1,6 @@
 #include "orbelelement.h"
 
-#include "limits.h"
+#include "formlimits.h"
 #include "orbeldelegate.h"
 #include "xmlwalk.h"
 

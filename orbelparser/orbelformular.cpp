@@ -282,7 +282,7 @@ void OrbelFormular::InitScript()
         return;
     const QScriptValue exception = Engine.uncaughtException();
     TraceFailure(QStringLiteral("** OrbelFormular Script Exception %1\n").arg(exception.toString()),
-        QStringLiteral("orbelformular"), __LINE__);
+        "orbelformular", __LINE__);
 }
 
 void OrbelFormular::EvaluateScript(const QString &text)

@@ -88,7 +88,7 @@ void InitNumeric(ValueBase *destination, ValueBase *source, IObserver *observer)
 
 void TraceInitFailure(int line)
 {
-    TraceFailure(QStringLiteral("Exception in OrbelFormular::InitVTValue"), QStringLiteral("orbelformular"), line);
+    TraceFailure(QStringLiteral("Exception in OrbelFormular::InitVTValue"), "orbelformular", line);
 }
 
 /// Makes a text the only item of a selection, and the current one.

@@ -2,7 +2,7 @@
 
 #include "floatgrouplayout.h"
 #include "layoutpause.h"
-#include "limits.h"
+#include "formlimits.h"
 #include "orbelelement.h"
 #include "orbelformular.h"
 #include "orbelsheetui.h"
@@ -135,6 +135,7 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
         else
             widget->SetSelected(false);
     }
+    ReapplyInput();
 }
 
 QWidget *OrbelSheet::GetGUI() const
@@ -320,6 +321,16 @@ void OrbelSheet::EnableInput(bool enable, eEnableScope scope)
     SetEnableInput(enable, false);
     if (enable && !InputEnabled[EnableScopePartial])
         SetEnableInput(false, true);
+}
+
+/// Gives switches that were turned off before there were controls their effect.
+void OrbelSheet::ReapplyInput()
+{
+    const bool enabled = InputEnabled[EnableScopeInput] && InputEnabled[EnableScopeSheet];
+    if (enabled && InputEnabled[EnableScopePartial])
+        return;
+    SetEnableInput(true, false);
+    SetEnableInput(false, enabled);
 }
 
 bool OrbelSheet::IsInputEnabled(eEnableScope scope) const

@@ -116,6 +116,7 @@ private:
     const QList<Widget> Snapshot() const { return Widgets; }
     void ParseWidget(QXmlStreamReader &reader);
     void SetEnableInput(bool enable, bool partial);
+    void ReapplyInput();
 
     QString Name;
     QString VTPath;

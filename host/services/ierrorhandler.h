@@ -8,7 +8,7 @@ class LxException;
 class ORBEL_HOST_EXPORT IErrorHandler
 {
 public:
-    virtual ~IErrorHandler();
+    virtual ~IErrorHandler() = default;
 
     /// The exception was caught. Called first.
     virtual void TakeException(const LxException &exception) = 0;

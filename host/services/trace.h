@@ -4,16 +4,11 @@
 
 #include <QString>
 
-/// Writes one trace line with its place in the source. The caller tests the trace mask.
+/// Writes one trace line with its place in the source, of which only the file's own name is kept. The caller tests the
+/// trace mask.
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the name is fixed.
 ORBEL_HOST_EXPORT void _Q_Trace(const QString &text, const QString &file, unsigned short line);
 
-/// Writes the trace if the mask of ErrorHandler has the bit.
-ORBEL_HOST_EXPORT void TraceIf(unsigned int bit, const QString &text, const char *file, int line);
-
-/// A failure that the library survives, traced with the place of this line.
-#define ORBEL_TRACE_FAILURE(text) TraceIf(ekTraceFailure, text, __FILE__, __LINE__)
-
-inline void TraceFailure(const QString &text, const char *file, int line)
-{
-    TraceIf(ekTraceFailure, text, file, line);
-}
+/// Writes the trace if the mask of ErrorHandler has the bit ekTraceFailure. `file` and `line` are __FILE__ and
+/// __LINE__.
+ORBEL_HOST_EXPORT void TraceFailure(const QString &text, const char *file, int line);

@@ -31,15 +31,15 @@ public:
     void Register(const QString &name);
     /// The last registration's end withdraws the catalogue. A name that is not registered does nothing.
     void Unregister(const QString &name);
-    /// Adds a directory to search, and searches it for registered names that have no catalogue yet.
+    /// Adds a directory to search, for the names that are registered already, too.
     void AddDirectory(const QString &directory);
 
     /// The registered names in the order of their first registration.
     QStringList GetRegistered() const;
     /// An empty function listens no more.
     void SetListener(Listener listener);
-    /// Installs what could not be installed before there was an application; called when one starts.
-    void InstallPending();
+    /// Loads all catalogues anew, as after a change of the default locale. Called by itself when an application starts.
+    void Reload();
 
 private:
     struct Entry {

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What a notification is about. The numbers are fixed: hosts and files of recorded sessions know them.
+/// What a notification is about. The numbers are fixed: hosts rely on them.
 enum TChangeCode {
     ekChangeState = 2, ///< The state; if GetState() then gives ekStateDeleted, the node is going away.
     ekChangeValue = 3, ///< The value.

@@ -4,7 +4,8 @@
 
 #include <QString>
 
-/// A range of frequencies in Hz with an id and a comment. Start and stop are kept as they are set, in any order.
+/// A range of frequencies in Hz with an id and a comment. Start and stop are kept as they are set, in any
+/// order; a number that is none (NaN) changes nothing.
 class ORBEL_HOST_EXPORT CommentedRange
 {
 public:
@@ -15,8 +16,8 @@ public:
 
     void SetID(unsigned int id) { Id = id; }
     unsigned int GetID() const { return Id; }
-    void SetRangeStart(const double &start) { Start = start; }
-    void SetRangeStop(const double &stop) { Stop = stop; }
+    void SetRangeStart(const double &start);
+    void SetRangeStop(const double &stop);
     double GetRangeStart() const { return Start; }
     double GetRangeStop() const { return Stop; }
     /// Moves the range so that its middle is here; its width stays.

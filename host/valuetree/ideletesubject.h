@@ -8,7 +8,7 @@ class ITreeItem;
 class ORBEL_HOST_EXPORT IDeleteSubject
 {
 public:
-    virtual ~IDeleteSubject();
+    virtual ~IDeleteSubject() = default;
 
     /// Called by the tree; the item is not owned, null means that the node is not entered.
     virtual void SetDeleteObserver(ITreeItem *item) = 0;

@@ -10,7 +10,7 @@ class ORBEL_HOST_EXPORT IObserver
 {
 public:
     IObserver() = default;
-    virtual ~IObserver();
+    virtual ~IObserver() = default;
 
     /// `subject` is the Observable side of the node that changed. It may be told from inside a setter; observers may
     /// come and go, change the value again and delete the subject in here.

@@ -9,7 +9,7 @@ class IObserver;
 class ORBEL_HOST_EXPORT ISupportTransaction
 {
 public:
-    virtual ~ISupportTransaction();
+    virtual ~ISupportTransaction() = default;
 
     virtual void StartTransaction(IObserver *observer) = 0;
     /// Notifies once with `code` all observers but the given one, whatever changed. Without a start it does nothing.

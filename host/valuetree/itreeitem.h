@@ -8,7 +8,7 @@
 class ORBEL_HOST_EXPORT ITreeItem
 {
 public:
-    virtual ~ITreeItem();
+    virtual ~ITreeItem() = default;
 
     /// The full path of the place.
     virtual QString GetPathName() const = 0;

@@ -15,7 +15,7 @@ class ValueBase;
 class ORBEL_HOST_EXPORT IValue
 {
 public:
-    virtual ~IValue();
+    virtual ~IValue() = default;
 
     /// Stores the value that the text stands for. A text that stands for none changes nothing.
     virtual void SetStringValue(QString text, IObserver *except) = 0;

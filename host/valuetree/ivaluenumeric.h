@@ -9,7 +9,7 @@ class IObserver;
 class ORBEL_HOST_EXPORT IValueNumeric
 {
 public:
-    virtual ~IValueNumeric();
+    virtual ~IValueNumeric() = default;
 
     void SetValue(double value, IObserver *except) { SetNumber(value, except); }
     void SetMin(double min, IObserver *except) { SetLowest(min, except); }

@@ -37,8 +37,8 @@ public:
 
     /// The full paths of all nodes, sorted.
     QStringList GetPaths() const;
-    /// The names of what is directly below a path, sorted; an empty path gives the topmost names. A leading "/" makes
-    /// an empty topmost name.
+    /// The names of the branches and nodes directly below a path, sorted. An empty path gives the topmost names, "/"
+    /// those behind a leading slash. Any other "/" at the end does not matter.
     QStringList GetChildNames(const QString &path) const;
 
 private:

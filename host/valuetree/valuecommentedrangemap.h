@@ -8,6 +8,9 @@
 
 /// A node that holds ranges of frequencies by key. As text it is a list as "100..200; 300..400" in Hz, in the order of
 /// CommentedRange, without the comments.
+///
+/// Each change notifies with the code told at the operation, then with ekChangeValue, for those who only ask for news.
+/// The end of a transaction notifies with its own code alone.
 class ORBEL_HOST_EXPORT ValueCommentedRangeMap : public ValueBase
 {
 public:

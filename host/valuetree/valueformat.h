@@ -9,10 +9,11 @@
 #include <type_traits>
 
 /// How a type is spelled. ToText() gives a text that FromText() takes back to the same value; FromText() gives false,
-/// and leaves the value alone, for a text that stands for none.
+/// and leaves the value alone, for a text that stands for none. All are exported: a node's type is visible to other
+/// libraries only if its formats are.
 
 /// "true" and "false"; in any case, and "1" and "0" too, on the way in.
-template <class T> struct FormatBool {
+template <class T> struct ORBEL_HOST_EXPORT FormatBool {
     static QString ToText(T value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
     static bool FromText(const QString &text, T &value)
     {
@@ -25,7 +26,7 @@ template <class T> struct FormatBool {
 };
 
 /// Decimal; on the way in also "12.0" or "1e3". An integer out of range gives the nearest bound of the type.
-template <class T> struct FormatInt {
+template <class T> struct ORBEL_HOST_EXPORT FormatInt {
     static QString ToText(T value) { return QString::number(value); }
     static bool FromText(const QString &text, T &value)
     {
@@ -39,13 +40,13 @@ template <class T> struct FormatInt {
 };
 
 /// As NumberToText() spells it.
-template <class T> struct FormatFloat {
+template <class T> struct ORBEL_HOST_EXPORT FormatFloat {
     static QString ToText(T value) { return NumberToText(value); }
     static bool FromText(const QString &text, T &value) { return TextToNumber(text, value); }
 };
 
 /// The text itself.
-template <class T> struct FormatString {
+template <class T> struct ORBEL_HOST_EXPORT FormatString {
     static QString ToText(const T &value) { return value; }
     static bool FromText(const QString &text, T &value)
     {
@@ -55,7 +56,7 @@ template <class T> struct FormatString {
 };
 
 /// How a text from outside meets a format: blanks around it do not matter, but in a text value they belong to it.
-template <class T, class Format> struct StreamFormat {
+template <class T, class Format> struct ORBEL_HOST_EXPORT StreamFormat {
     static QString Write(const T &value) { return Format::ToText(value); }
     static bool Read(const QString &text, T &value)
     {

@@ -1,0 +1,46 @@
+#include "inputfile.h"
+
+#include "failure.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+QByteArray ReadFile(const QString &path)
+{
+    QFile file(path);
+    if (QFileInfo(path).isDir())
+        throw InputFailure(path, QStringLiteral("Is a directory"));
+    if (!file.open(QIODevice::ReadOnly))
+        throw InputFailure(path, file.errorString());
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw InputFailure(path, file.errorString());
+    return bytes;
+}
+
+QString ReadDocument(const QString &path, const QString &element)
+{
+    QXmlStreamReader reader(ReadFile(path));
+    QString text;
+    QXmlStreamWriter writer(&text);
+    bool found = false;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.hasError())
+            throw InputFailure(path, ErrorText(reader));
+        found = found || (reader.isStartElement() && reader.name() == element);
+        // The copy is a text already, to which a declared encoding does not apply.
+        if (!reader.isStartDocument() && !reader.isEndDocument())
+            writer.writeCurrentToken(reader);
+    }
+    if (!found)
+        throw InputFailure(path, QStringLiteral("there is no element \"%1\" in it").arg(element));
+    return text;
+}
+
+QString ErrorText(const QXmlStreamReader &reader)
+{
+    return QStringLiteral("line %1: %2").arg(reader.lineNumber()).arg(reader.errorString());
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class QXmlStreamReader;
+
+/// The bytes of a file that is read as a whole. Throws a Failure when it cannot be read.
+QByteArray ReadFile(const QString &path);
+
+/// The text of an XML document in a file, in the encoding that it declares. Throws a Failure when the file cannot be
+/// read, is malformed or has no element `element` at any depth.
+QString ReadDocument(const QString &path, const QString &element);
+
+/// The error of a reader with its line, for messages.
+QString ErrorText(const QXmlStreamReader &reader);

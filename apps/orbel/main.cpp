@@ -1,0 +1,6 @@
+#include "orbelcommand.h"
+
+int main(int argc, char **argv)
+{
+    return RunOrbel(argc, argv);
+}

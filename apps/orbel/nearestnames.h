@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QStringList>
+
+/// Up to `count` of the names, without repeats, that take the fewest inserted, removed and replaced letters to become
+/// `name`; upper and lower case count as equal. The nearest first, equally near ones in the order of the list.
+QStringList NearestNames(const QString &name, const QStringList &names, int count);

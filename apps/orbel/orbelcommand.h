@@ -1,0 +1,4 @@
+#pragma once
+
+/// The whole command `orbel`, once in a process. Gives the exit status.
+int RunOrbel(int argc, char **argv);

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "formfile.h"
+#include "subcommand.h"
+
+/// `orbel params`: the road of a form from its definition to its parameter document, without an operator.
+class ParamsCommand : public Subcommand
+{
+public:
+    void Define(QCommandLineParser &parser) const override;
+    int Run(const QCommandLineParser &parser) override;
+
+private:
+    void Set(KV218::OrbelFormular &form, const QString &assignment) const;
+
+    QString Path;
+};

@@ -1,0 +1,143 @@
+#include "rendercommand.h"
+
+#include "commandoptions.h"
+#include "formfile.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFileInfo>
+#include <QImageWriter>
+#include <QRegularExpression>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyleFactory>
+
+#include <memory>
+
+namespace
+{
+
+/// Pixels of a picture's side.
+constexpr int GreatestSide = 16384;
+/// The width of the viewer's window.
+constexpr int OrdinaryWidth = 500;
+
+constexpr QLatin1String Output("output");
+constexpr QLatin1String Size("size");
+constexpr QLatin1String FontSize("font-size");
+constexpr QLatin1String Style("style");
+
+QString OutputPath(const QCommandLineParser &parser)
+{
+    const QString path = parser.value(Output);
+    if (path.isEmpty())
+        throw UsageFailure(QStringLiteral("a picture is wanted: -o OUT.png"));
+    const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
+    if (!QImageWriter::supportedImageFormats().contains(format))
+        throw UsageFailure(QStringLiteral("%1: there is no picture format of that name; \".png\" always is").arg(path));
+    return path;
+}
+
+/// In pixels; not valid without the option.
+QSize PictureSize(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(Size))
+        return QSize();
+    static const QRegularExpression form(QStringLiteral("^([0-9]{1,5})x([0-9]{1,5})$"));
+    const QRegularExpressionMatch match = form.match(parser.value(Size));
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    if (size.isEmpty() || size.width() > GreatestSide || size.height() > GreatestSide)
+        throw UsageFailure(QStringLiteral("--size wants WxH, as 500x800, each from 1 to %1 pixels, not \"%2\"")
+                               .arg(GreatestSide)
+                               .arg(parser.value(Size)));
+    return size;
+}
+
+/// In points; 0 without the option.
+int TextSize(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(FontSize))
+        return 0;
+    bool isNumber = false;
+    const int points = parser.value(FontSize).toInt(&isNumber);
+    if (!isNumber || points < 1 || points > 200)
+        throw UsageFailure(
+            QStringLiteral("--font-size wants whole points from 1 to 200, not \"%1\"").arg(parser.value(FontSize)));
+    return points;
+}
+
+void ChooseStyle(const QCommandLineParser &parser)
+{
+    const QString name = parser.value(Style);
+    if (parser.isSet(Style) && !QApplication::setStyle(name))
+        throw UsageFailure(QStringLiteral("there is no style \"%1\", only %2")
+                               .arg(name, QStyleFactory::keys().join(QLatin1String(", "))));
+}
+
+/// Makes the form so high that nothing of it must be scrolled.
+void GrowToContent(QWidget *gui)
+{
+    auto *area = qobject_cast<QScrollArea *>(gui);
+    if (!area)
+        area = gui->findChild<QScrollArea *>();
+    if (!area)
+        return;
+    const int height = gui->height() + area->verticalScrollBar()->maximum();
+    gui->resize(gui->width(), qMin(height, GreatestSide));
+    QApplication::processEvents();
+}
+
+QImage Draw(QWidget *gui, QSize size)
+{
+    gui->resize(size.isValid() ? size : QSize(OrdinaryWidth, gui->minimumSizeHint().height()));
+    gui->show();
+    QApplication::processEvents();
+    if (!size.isValid())
+        GrowToContent(gui);
+    // What has the focus would be drawn with a cursor that blinks.
+    if (QWidget *focused = QApplication::focusWidget())
+        focused->clearFocus();
+    return gui->grab().toImage();
+}
+
+void Save(const QImage &picture, const QString &path)
+{
+    QImageWriter writer(path);
+    if (!writer.write(picture))
+        throw InputFailure(path, writer.errorString());
+}
+
+} // namespace
+
+void RenderCommand::Define(QCommandLineParser &parser) const
+{
+    parser.setApplicationDescription(QStringLiteral("Draws a form into a picture file, without a display."));
+    DefineFile(parser);
+    parser.addOptions({
+        {{QStringLiteral("o"), Output}, QStringLiteral("The picture to write; its name tells the format."),
+            QStringLiteral("OUT.png")},
+        {Size, QStringLiteral("Pixels; without it %1 wide, and as high as the form needs.").arg(OrdinaryWidth),
+            QStringLiteral("WxH")},
+        {FontSize, QStringLiteral("Text size of the form in points."), QStringLiteral("PT")},
+        {Style, QStringLiteral("One of Qt's widget styles, as fusion."), QStringLiteral("NAME")},
+    });
+    DefineComponent(parser);
+}
+
+int RenderCommand::Run(const QCommandLineParser &parser)
+{
+    const QString path = Arguments(parser, 1).constFirst();
+    const QString output = OutputPath(parser);
+    const QSize size = PictureSize(parser);
+    const int points = TextSize(parser);
+    ChooseStyle(parser);
+    const FormFile file(path);
+    const FormFile::Form form = file.Parse(ComponentName(parser));
+    form->CreateValueTree(QStringLiteral("/Form"));
+    // As in the viewer, where only a single form has an apply row.
+    form->CreateGUI(!file.IsList());
+    form->GetSheet().SetFontSize(points);
+    const std::unique_ptr<QWidget> gui(form->GetGUI());
+    Save(Draw(gui.get(), size), output);
+    return file.GetStatus();
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "subcommand.h"
+
+/// `orbel render`: draws a form into a picture file, without a display.
+class RenderCommand : public Subcommand
+{
+public:
+    void Define(QCommandLineParser &parser) const override;
+    int Run(const QCommandLineParser &parser) override;
+};

@@ -1,0 +1,69 @@
+// A host application at its smallest: it shows the form of a definition file, keeps text size and collapsed groups from
+// one run to the next, and prints the parameters whenever the operator applies them.
+
+#include "orbelformular.h"
+#include "orbelparser.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTextStream>
+#include <QWidget>
+
+#include <memory>
+
+namespace
+{
+
+/// The form keeps its configuration in dynamic properties of an object of the host; these are what lasts.
+const char *const ConfigurationKeys[] = {"form-fontsize", "form-collapsed"};
+
+void Load(QObject &configuration, const QSettings &settings)
+{
+    for (const char *key : ConfigurationKeys)
+        configuration.setProperty(key, settings.value(key));
+}
+
+void Save(const QObject &configuration, QSettings &settings)
+{
+    for (const char *key : ConfigurationKeys) {
+        const QVariant value = configuration.property(key);
+        if (value.isValid())
+            settings.setValue(key, value);
+        else
+            settings.remove(key);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    const QString path = QCoreApplication::arguments().value(1);
+    const QExplicitlySharedDataPointer<KV218::OrbelFormular> form(KV218::OrbelParser().ParseORBELFile(path));
+    if (!form) {
+        err << "usage: orbel-examplehost FILE.orbel (\"" << path << "\" holds no form)\n";
+        return 2;
+    }
+
+    QSettings settings("OrbelParser", "examplehost");
+    QObject configuration;
+    Load(configuration, settings);
+
+    form->CreateValueTree("/ExampleHost");
+    form->SetConfigObject(&configuration, "form");
+    form->CreateGUI(true);
+    QObject::connect(form.data(), &KV218::OrbelFormular::si_parametersModified, &application, [&] {
+        out << form->GetXmlString(true).trimmed() << '\n' << Qt::flush;
+    });
+
+    const std::unique_ptr<QWidget> window(form->GetGUI());
+    window->setWindowTitle(path);
+    window->resize(500, 800);
+    window->show();
+    const int status = QApplication::exec();
+    Save(configuration, settings);
+    return status;
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "iobserver.h"
+#include "valuebase.h"
+
+#include <utility>
+
+/// What a bound control holds of its node: watches it for the control, and lets go of it when it goes away. `Node` is
+/// ValueBase, a class derived from it, or an interface that the node has beside it.
+template <class Node> class NodeBinding
+{
+public:
+    /// `observer` is the control; it is not owned and outlives this.
+    explicit NodeBinding(IObserver *observer) : Observer(observer) { }
+    NodeBinding(const NodeBinding &) = delete;
+    NodeBinding &operator=(const NodeBinding &) = delete;
+    ~NodeBinding() { Release(); }
+
+    /// Watches `node`, which is not owned, in place of the one before. False, and no node at all, for null and for a
+    /// node that is going away.
+    bool Bind(Node *node)
+    {
+        Release();
+        auto *base = dynamic_cast<ValueBase *>(node);
+        if (!base || base->GetState() == ekStateDeleted)
+            return false;
+        Held = node;
+        Base = base;
+        Side = base;
+        Side->AddObserver(Observer);
+        return true;
+    }
+
+    void Release()
+    {
+        if (Observable *side = std::exchange(Side, nullptr))
+            side->DeleteObserver(Observer);
+        Held = nullptr;
+        Base = nullptr;
+    }
+
+    /// Whether a notification calls for showing the bound node anew. Releases the node when it tells its end.
+    bool HasNews(const Observable *subject, TChangeCode code)
+    {
+        if (!Side || subject != Side)
+            return false;
+        if (code == ekChangeState && Base->GetState() == ekStateDeleted)
+            Release();
+        return code != ekChangeState;
+    }
+
+    Node *operator->() const { return Held; }
+    ValueBase *GetBase() const { return Base; }
+    explicit operator bool() const { return Held; }
+
+private:
+    IObserver *Observer;
+    Node *Held = nullptr;
+    ValueBase *Base = nullptr;
+    // Kept apart: a node that is half destroyed cannot be asked for its virtual base.
+    Observable *Side = nullptr;
+};

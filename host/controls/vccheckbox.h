@@ -1,0 +1,32 @@
+#pragma once
+
+#include "latewrite.h"
+#include "nodebinding.h"
+#include "value.h"
+
+#include <QCheckBox>
+
+/// A check box that shows and sets a boolean node. Without a node it keeps its last state and cannot be clicked over.
+class ORBEL_HOST_EXPORT VCCheckBox : public QCheckBox, public IObserver
+{
+    Q_OBJECT
+
+public:
+    /// `name`, which may be null, becomes the object name.
+    explicit VCCheckBox(QWidget *parent = nullptr, const char *name = nullptr);
+
+    /// Binds to `node`, which is not owned, in place of the one before. False for null, which unbinds.
+    bool SetBoolean(ValueBoolean *node);
+
+    void Update(Observable *subject, TChangeCode code) override;
+
+protected:
+    void nextCheckState() override;
+
+private:
+    void WriteNode();
+    void ShowNode();
+
+    NodeBinding<ValueBoolean> Node{this};
+    LateWrite<VCCheckBox> Writer{this, &VCCheckBox::WriteNode};
+};

@@ -1,0 +1,130 @@
+#include "vccomboboxclassic.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScreen>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+static QString Translated(const QByteArray &context, const QString &name)
+{
+    return context.isEmpty() ? name : QCoreApplication::translate(context.constData(), name.toUtf8().constData());
+}
+
+VCComboBoxClassic::VCComboBoxClassic(QWidget *parent, const char *name) : QComboBox(parent)
+{
+    setObjectName(QString::fromUtf8(name));
+    setFocusPolicy(Qt::StrongFocus);
+    // The last of the signals that the base class sends after a choice in the open list, where no handler of this class
+    // comes later to write the node.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    connect(this, QOverload<const QString &>::of(&QComboBox::activated), this, [this] { Writer.Request(); });
+    QT_WARNING_POP
+}
+
+bool VCComboBoxClassic::SetValueSelection(ValueSelection *node)
+{
+    const bool bound = Node.Bind(node);
+    ShowNode();
+    return bound;
+}
+
+void VCComboBoxClassic::Update(Observable *subject, TChangeCode code)
+{
+    if (Node.HasNews(subject, code))
+        ShowNode();
+}
+
+void VCComboBoxClassic::showPopup()
+{
+    const QRect room = screen()->availableGeometry();
+    view()->setMinimumWidth(std::min(PopupWidth(), room.width()));
+    QComboBox::showPopup();
+    // The base class placed it for the width of the box.
+    QWidget *popup = view()->window();
+    if (popup->geometry().right() > room.right())
+        popup->move(std::max(room.left(), room.right() + 1 - popup->width()), popup->y());
+}
+
+void VCComboBoxClassic::keyPressEvent(QKeyEvent *event)
+{
+    const bool searching = LastLetter.isValid() && !LastLetter.hasExpired(QApplication::keyboardInputInterval());
+    // The base class opens the list on a blank, but finds it for any other key that has this text.
+    QKeyEvent letter(event->type(), Qt::Key_unknown, event->modifiers(), event->text());
+    QKeyEvent *handled = searching && event->key() == Qt::Key_Space ? &letter : event;
+    if (!event->text().isEmpty())
+        LastLetter.start();
+    Writer.After([=] { QComboBox::keyPressEvent(handled); });
+}
+
+void VCComboBoxClassic::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        Writer.After([=] { QComboBox::wheelEvent(event); });
+    else
+        event->ignore();
+}
+
+void VCComboBoxClassic::changeEvent(QEvent *event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    for (int i = 0; i < count(); ++i)
+        setItemText(i, Translated(Context, Names.at(i)));
+}
+
+void VCComboBoxClassic::WriteNode()
+{
+    const QPointer<VCComboBoxClassic> self(this);
+    if (Node)
+        Node->SelectIndex(currentIndex(), this);
+    if (self)
+        ShowNode();
+}
+
+void VCComboBoxClassic::ShowNode()
+{
+    if (Node) {
+        ShowItems();
+        ShownIndex = int(Node->GetCurrentIndex());
+    }
+    setCurrentIndex(ShownIndex);
+}
+
+/// Replaces the list from the first row that differs, so that items that come one by one are not each a new list.
+void VCComboBoxClassic::ShowItems()
+{
+    QStringList names;
+    for (long i = 0; i < Node->GetItemCount(); ++i)
+        names << Node->GetItemIndex(i)->GetName();
+    const bool sameContext = Context == Node->GetTranslationNamespace();
+    if (sameContext && names == Names)
+        return;
+    const auto differs = std::mismatch(names.begin(), names.end(), Names.begin(), Names.end()).first;
+    const int same = sameContext ? int(differs - names.begin()) : 0;
+
+    Names = names;
+    Context = Node->GetTranslationNamespace();
+    if (same == 0)
+        clear();
+    while (count() > same)
+        removeItem(count() - 1);
+    QStringList texts;
+    for (const QString &name : names.mid(same))
+        texts << Translated(Context, name);
+    addItems(texts);
+}
+
+int VCComboBoxClassic::PopupWidth() const
+{
+    int width = view()->sizeHintForColumn(modelColumn()) + 2 * view()->frameWidth();
+    if (count() > maxVisibleItems())
+        width += view()->verticalScrollBar()->sizeHint().width();
+    return width;
+}

@@ -1,0 +1,135 @@
+#include "vclineedit.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QKeyEvent>
+#include <QPointer>
+
+VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : QLineEdit(parent), Type(type)
+{
+    setObjectName(QString::fromUtf8(name));
+}
+
+bool VCLineEdit::SetValueBase(ValueBase *node)
+{
+    const bool bound = Node.Bind(node);
+    NodeSpoke = true;
+    ShowNode();
+    return bound;
+}
+
+void VCLineEdit::SetConversion(const Conversion &nodeToShown, const Conversion &typedToNode)
+{
+    NodeToShown = nodeToShown;
+    TypedToNode = typedToNode;
+    ShowNode();
+}
+
+void VCLineEdit::setInputMask(const QString &mask)
+{
+    QLineEdit::setInputMask(mask);
+    ShowNode();
+}
+
+void VCLineEdit::setMaxLength(int length)
+{
+    QLineEdit::setMaxLength(length);
+    ShowNode();
+}
+
+void VCLineEdit::Update(Observable *subject, TChangeCode code)
+{
+    if (!Node.HasNews(subject, code))
+        return;
+    NodeSpoke = true;
+    if (!isModified())
+        ShowNode();
+}
+
+bool VCLineEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isModified()
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        return true;
+    }
+    return QLineEdit::event(event);
+}
+
+void VCLineEdit::endEdit()
+{
+    if (hasFocus())
+        QGuiApplication::inputMethod()->commit();
+    if (!isModified())
+        return;
+    const bool differs = text() != Shown;
+    const bool mayCommit = Node && isEnabled() && !isReadOnly();
+    if (!differs || !mayCommit)
+        ShowNode();
+    else if (hasAcceptableInput())
+        Commit(text());
+}
+
+void VCLineEdit::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape && isModified()) {
+        ShowNode();
+        return;
+    }
+    const QPointer<VCLineEdit> self(this);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        endEdit();
+    if (self)
+        QLineEdit::keyPressEvent(event);
+}
+
+void VCLineEdit::focusOutEvent(QFocusEvent *event)
+{
+    const QPointer<VCLineEdit> self(this);
+    // The field's own context menu takes the focus too, and the edit goes on after it.
+    if (event->reason() != Qt::PopupFocusReason) {
+        endEdit();
+        if (self && isModified())
+            ShowNode();
+    }
+    if (self)
+        QLineEdit::focusOutEvent(event);
+}
+
+void VCLineEdit::dropEvent(QDropEvent *event)
+{
+    QLineEdit::dropEvent(event);
+    // Otherwise no end of an edit would come after a text dropped into a field that is not being edited.
+    setFocus(Qt::OtherFocusReason);
+}
+
+void VCLineEdit::Commit(const QString &typed)
+{
+    const QPointer<VCLineEdit> self(this);
+    setModified(false);
+    NodeSpoke = false;
+    Q_EMIT signalTextFinallyChanged(typed);
+    // A node that spoke meanwhile was written by a receiver, perhaps with another text, which counts.
+    if (self && Node && !NodeSpoke)
+        WriteNode(typed);
+    if (self)
+        ShowNode();
+}
+
+void VCLineEdit::WriteNode(const QString &typed)
+{
+    const QString text = TypedToNode ? TypedToNode(typed) : typed;
+    const bool standsForNothing = TypedToNode && text.isNull();
+    if (!standsForNothing && text != Node->GetStringValue())
+        Node->SetStringValue(text, this);
+}
+
+void VCLineEdit::ShowNode()
+{
+    if (Node)
+        Content = NodeToShown ? NodeToShown(Node->GetStringValue()) : Node->GetStringValue();
+    if (text() != Content)
+        setText(Content);
+    setModified(false);
+    Shown = text();
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "nodebinding.h"
+
+#include <QLineEdit>
+
+#include <functional>
+
+/// A text field that shows and sets a node of any type by its text. What is typed is pending until Return or leaving
+/// the field commits it; Escape takes it back. A field without the focus thus always shows what its node holds: a
+/// pending text that the input mask does not accept goes when the focus goes, and so does one in a field that is
+/// read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere leaves a pending
+/// text alone and is shown when the edit ends; a new input mask or maximum length ends the edit.
+class ORBEL_HOST_EXPORT VCLineEdit : public QLineEdit, public IObserver
+{
+    Q_OBJECT
+    Q_PROPERTY(QString inputMask READ inputMask WRITE setInputMask)
+    Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
+
+public:
+    enum LineEditType { ekText = 0, ekFrequency = 1 };
+    using Conversion = std::function<QString(const QString &)>;
+
+    /// `name`, which may be null, becomes the object name.
+    VCLineEdit(QWidget *parent, const char *name, LineEditType type);
+
+    /// Binds to `node`, which is not owned, in place of the one before. False for null, which unbinds.
+    bool SetValueBase(ValueBase *node);
+    LineEditType GetType() const { return Type; }
+    /// How the text of the node is shown, and how a typed text is read; the latter gives a null string for one that
+    /// stands for nothing, which leaves the node alone. Null functions, as at the start, take the texts as they are.
+    void SetConversion(const Conversion &nodeToShown, const Conversion &typedToNode);
+
+    /// These hide those of the base class, which would leave a cut text behind.
+    void setInputMask(const QString &mask);
+    void setMaxLength(int length);
+
+    void Update(Observable *subject, TChangeCode code) override;
+    bool event(QEvent *event) override;
+
+public Q_SLOTS:
+    /// Commits a pending text now, with or without the focus.
+    void endEdit();
+
+Q_SIGNALS:
+    /// The operator committed a text other than the one shown before. Comes before the node is written, and before
+    /// returnPressed() and editingFinished(). A receiver may write the node itself; otherwise the field does.
+    void signalTextFinallyChanged(const QString &text);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void Commit(const QString &typed);
+    void WriteNode(const QString &typed);
+    void ShowNode();
+
+    NodeBinding<ValueBase> Node{this};
+    LineEditType Type;
+    Conversion NodeToShown;
+    Conversion TypedToNode;
+    // The last text of the node, and what the mask and the maximum length left of it in the field.
+    QString Content;
+    QString Shown;
+    bool NodeSpoke = false;
+};

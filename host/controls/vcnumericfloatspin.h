@@ -1,0 +1,119 @@
+#pragma once
+
+#include "ivaluenumeric.h"
+#include "latewrite.h"
+#include "nodebinding.h"
+
+#include <QDoubleSpinBox>
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+/// A spin box that shows a numeric node times a factor, and sets it. The node keeps every digit it has: only a number
+/// that the operator really changed is written, so that showing never rounds it, and steps are exact in decimal numbers
+/// however many there are.
+///
+/// What is typed is pending until Return or leaving the field commits it, clamped to the limits; Escape takes it back.
+/// A change of the node from elsewhere leaves a pending number alone and is shown when the edit ends. The wheel steps
+/// only while the box has the focus; otherwise the turn goes on to what lies behind. Without a node the box keeps its
+/// last number, and edits fall back to it. The size hint has room for the limits, for 18 characters at most.
+class ORBEL_HOST_EXPORT VCNumericFloatSpin : public QDoubleSpinBox, public IObserver
+{
+    Q_OBJECT
+    Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
+    Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
+    Q_PROPERTY(double value READ value WRITE setValue USER true)
+
+public:
+    /// `name`, which may be null, becomes the object name. With `keyboardTracking` value() and valueChanged() follow
+    /// each number while it is typed; the node waits for the end of the edit in either case.
+    explicit VCNumericFloatSpin(QWidget *parent = nullptr, const char *name = nullptr, bool keyboardTracking = true);
+
+    /// Binds to `node`, which is not owned, in place of the one before, and takes limits and step from it. False for
+    /// null, which unbinds, and for a node that is no ValueBase.
+    bool SetNumericValue(IValueNumeric *node);
+    /// Binds to the node at that full path of the tree. False, and unbound, when there is no numeric node.
+    bool SetNumeric_ValuePath(const QString &path);
+
+    void setObjectName(const QString &name) { QDoubleSpinBox::setObjectName(name); }
+    void setSuffix(const QString &suffix);
+    /// Decimal places beyond those that the step needs; negative counts as 0. In any case there are as many as it takes
+    /// to tell two neighbouring whole numbers of the node apart: 3 for a factor of 0.001.
+    void setAdditionalPrecision(int places);
+    /// A step past one limit goes to the other one.
+    void EnableWrapAround(bool enable) { setWrapping(enable); }
+    /// The shown number is the node's value times this. Zero, infinity and NaN count as 1.
+    virtual void SetFactor(double factor);
+    /// With true neither buttons nor keys nor the wheel step.
+    virtual void disableStep(bool disable);
+
+    /// In shown units, as all of this group: the limits of the node, or a tighter one set here since the node last
+    /// changed its own. Neither they nor the decimal places ever change the node.
+    double minimum() const;
+    double maximum() const;
+    void setMinimum(double minimum);
+    void setMaximum(double maximum);
+    virtual double value() const { return QDoubleSpinBox::value(); }
+    /// Writes the node, clamped to the limits, and ends an edit. NaN does nothing.
+    virtual void setValue(double number);
+
+    void Update(Observable *subject, TChangeCode code) override;
+    QString textFromValue(double number) const override;
+    double valueFromText(const QString &text) const override;
+    /// Intermediate for a number out of the limits: it may be typed, and is clamped on commit.
+    QValidator::State validate(QString &text, int &position) const override;
+    void fixup(QString &) const override { }
+    void stepBy(int steps) override;
+    bool event(QEvent *event) override;
+
+protected:
+    StepEnabled stepEnabled() const override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    struct Range {
+        double Lowest, Highest;
+        double Clamped(double number) const { return std::max(Lowest, std::min(number, Highest)); }
+    };
+
+    double Scaled(double number) const;
+    double ToShown(double number) const;
+    double ToNode(double shown) const;
+    Range NodeRange() const;
+    Range BaseRange() const;
+    int PlacesNeeded() const;
+
+    bool IsPending() const;
+    QString WithoutAffixes(const QString &text) const;
+    std::optional<double> TypedShown(const QString &text) const;
+    std::optional<double> PendingNumber() const;
+    double SteppedNumber(int steps) const;
+
+    void CommitTyped();
+    void Put(double number);
+    void WriteNode();
+    void ReadNode();
+    void ShowNode();
+
+    NodeBinding<IValueNumeric> Node{this};
+    LateWrite<VCNumericFloatSpin> Writer{this, &VCNumericFloatSpin::WriteNode};
+    // What the node held when it last spoke, in its own units.
+    struct {
+        double Value = 0, Min = -1e308, Max = 1e308, Step = 1;
+    } Last;
+    bool WholeNumbers = false;
+    double Factor = 1;
+    int AdditionalPrecision = 0;
+    bool StepDisabled = false;
+    // In shown units.
+    std::optional<double> OwnMinimum;
+    std::optional<double> OwnMaximum;
+    // What the base class was last given: its limits, and the number, which it has rounded to the decimal places.
+    Range Applied{std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
+    double Shown = 0;
+};

@@ -1,0 +1,114 @@
+#include "valuebase.h"
+
+#include "itreeitem.h"
+
+ValueBase::ValueBase(const QString &name, TValueState state) : Name(name), State(state) { }
+
+ValueBase::~ValueBase()
+{
+    // For a class that has not announced it itself: late, but before the observers are left with nothing.
+    AnnounceEnd();
+    LeaveTree();
+}
+
+TValueState ValueBase::GetState() const
+{
+    return State;
+}
+
+void ValueBase::SetState(TValueState state, IObserver *except)
+{
+    if (state == State)
+        return;
+    State = state;
+    // Not held back by a transaction: whoever is told of an end must let go before it comes.
+    NotifyObservers(ekChangeState, except);
+}
+
+void ValueBase::HasChanged(TChangeCode code, IObserver *except)
+{
+    Announce({code}, except);
+}
+
+QString ValueBase::GetName() const
+{
+    return Name;
+}
+
+QString ValueBase::GetPathName() const
+{
+    return Item ? Item->GetPathName() : Name;
+}
+
+void ValueBase::SetName(const QString &name, IObserver *)
+{
+    // The tree finds an entered node by its name.
+    if (!Item)
+        Name = name;
+}
+
+void ValueBase::SetTranslationNamespace(const char *context, IObserver *except)
+{
+    const QByteArray before = TranslationNamespace;
+    TranslationNamespace = context;
+    if (TranslationNamespace != before)
+        Announce({ekChangeItems}, except);
+}
+
+QByteArray ValueBase::GetTranslationNamespace() const
+{
+    return TranslationNamespace;
+}
+
+void ValueBase::SetDeleteObserver(ITreeItem *item)
+{
+    Item = item;
+}
+
+ITreeItem *ValueBase::GetDeleteObserver() const
+{
+    return Item;
+}
+
+void ValueBase::StartTransaction(IObserver *)
+{
+    ++OpenTransactions;
+}
+
+void ValueBase::EndTransaction(TChangeCode code, IObserver *except)
+{
+    if (OpenTransactions == 0)
+        return;
+    --OpenTransactions;
+    Announce({code}, except);
+}
+
+bool ValueBase::IsTransactionActive() const
+{
+    return OpenTransactions > 0;
+}
+
+void ValueBase::Announce(std::initializer_list<TChangeCode> codes, IObserver *except)
+{
+    if (OpenTransactions == 0)
+        NotifyInTurn(codes, except);
+}
+
+bool ValueBase::AnnounceEnd()
+{
+    if (Ending)
+        return true;
+    Ending = true;
+    State = ekStateDeleted;
+    // The place is left last: in here the observers still find out which path goes.
+    if (!NotifyInTurn({ekChangeState}, nullptr))
+        return false;
+    LeaveTree();
+    return true;
+}
+
+void ValueBase::LeaveTree()
+{
+    if (Item)
+        Item->SubjectDeleted();
+}

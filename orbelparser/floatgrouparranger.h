@@ -1,0 +1,69 @@
+#pragma once
+
+#include "floatgroupcolumn.h"
+#include "floatgroupitem.h"
+
+#include <QRect>
+#include <QVector>
+
+/// The arithmetic of FloatGroupLayout: measured items in, rectangles out. An object arranges once.
+///
+/// 1. scanItems() cuts the items into sections and measures each: label column, control column, rows, section line.
+/// 2. scanSections() deals the sections out to screen columns, each the same number, and starts over with fewer columns
+///    until they fit the width.
+/// 3. arrangeItems() places all items in one pass, row by row and column by column.
+///
+/// Positions and sums stop at a limit far beyond any screen, so that absurd size hints cannot overflow.
+class FloatGroupArranger
+{
+public:
+    FloatGroupArranger(const QVector<FloatGroupItem> &items, int horizontalSpacing, int verticalSpacing);
+
+    /// There must be an item. `width` is the width available; a `columnCount` out of 1 .. number of sections asks for as
+    /// many screen columns as fit.
+    void arrange(int width, int columnCount);
+
+    /// A rectangle for each item; empty before arrange().
+    const QVector<QRect> &hints() const { return rectangles; }
+    /// Meant: the width is the rightmost pixel coordinate itself, the height is the lowest one plus one.
+    QSize totalSize() const { return QSize(right, bottom + 1); }
+
+private:
+    using Columns = QVector<FloatGroupColumn>;
+
+    Columns scanItems() const;
+    bool skipSection(int index) const;
+    void scanSections(const Columns &sections, int columnCount, int width);
+    int dealSections(const Columns &sections, int columnCount, int width);
+    FloatGroupColumn joinSections(const Columns &sections, int first, int count) const;
+    void arrangeItems(int width);
+    int getSectionIndex(int item) const;
+    void startRow();
+    void settleLabel();
+    int startSection(int item, int width);
+    int widthInColumn(const FloatGroupItem &item) const;
+    void placeItem(int index, int itemWidth);
+
+    QVector<FloatGroupItem> items;
+    int horizontalSpacing;
+    int verticalSpacing;
+
+    /// Written by scanSections(); `flowY` and `column`, the one that holds the current item, by arrangeItems().
+    Columns columns;
+    int column = 0;
+
+    /// The rest is written by arrangeItems() alone, item by item. Where the current item stands:
+    int x = 0;
+    int y = 0;
+    /// The height so far of the current line, vertical spacing included.
+    int rowHeight = 0;
+    /// The width of the previous item with the horizontal spacing.
+    int advance = 0;
+    /// The label of the current row, whose height waits for the end of the row; -1 without one.
+    int label = -1;
+    /// The outermost pixel coordinates so far.
+    int right = 0;
+    int bottom = 0;
+    /// Valid up to the current item, save for the height of `label`.
+    QVector<QRect> rectangles;
+};

@@ -1,0 +1,78 @@
+#include "orbelcheckbox.h"
+
+#include "floatgrouplayout.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelCheckBox::OrbelCheckBox(OrbelWidget *widget) : BoundDelegate(widget) { }
+
+void OrbelCheckBox::CreateValueTree()
+{
+    ValueNode.Adopt(CreateValueBoolean(prop::Checked));
+}
+
+void OrbelCheckBox::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Control = new VCCheckBox(layout->parentWidget(), nullptr);
+    Control->setObjectName(WidgetName());
+    Control->SetBoolean(ValueNode.get());
+    PropagateProperties(Control);
+    if (Control->toolTip().isEmpty())
+        Control->setToolTip(Label ? Label->text() : GetXmlTagName());
+    layout->addWidget(Control);
+    layout->addGroup();
+}
+
+QString OrbelCheckBox::CheckedText() const
+{
+    return GetString(prop::CheckedValue, QStringLiteral("true"));
+}
+
+void OrbelCheckBox::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    const bool checked = GetBool(prop::Checked, false);
+    writer.writeTextElement(
+        GetXmlTagName(), checked ? CheckedText() : GetString(prop::UncheckedValue, QStringLiteral("false")));
+}
+
+void OrbelCheckBox::ReadXml(QXmlStreamReader &reader)
+{
+    // Meant: any text but the one for checked means unchecked.
+    const bool checked = reader.readElementText() == CheckedText();
+    const QPointer<OrbelCheckBox> self(this);
+    SetPropertyAlways(prop::Checked, checked);
+    if (self)
+        Q_EMIT toggled(checked);
+}
+
+void OrbelCheckBox::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelCheckBox> self(this);
+    if (name == prop::Checked && ValueNode)
+        ValueNode->SetValue(value.toBool(), this);
+    if (self)
+        PropagateProperty(name, Control);
+}
+
+void OrbelCheckBox::Update(Observable *subject, TChangeCode code)
+{
+    if (!ValueNode.HasNews(subject, code))
+        return;
+    const QPointer<OrbelCheckBox> self(this);
+    const bool checked = ValueNode->GetValue();
+    if (!ChangeProperty(prop::Checked, checked))
+        return;
+    Q_EMIT toggled(checked);
+    if (self)
+        setModified(true);
+}
+
+} // namespace KV218

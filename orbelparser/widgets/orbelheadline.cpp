@@ -1,0 +1,70 @@
+#include "orbelheadline.h"
+
+#include "floatgrouplayout.h"
+#include "formdoor.h"
+
+namespace KV218
+{
+
+OrbelHeadline::OrbelHeadline(OrbelWidget *widget) : OrbelDelegate(widget)
+{
+    UndefineProperty(prop::Enabled);
+}
+
+void OrbelHeadline::CreateGUI(FloatGroupLayout *layout)
+{
+    const QString text = GetString(prop::Text, QString());
+    if (text.isEmpty())
+        return;
+    GroupBox = layout->addHeadline(Translate(text), GetInt(prop::Margin, 0), WidgetName().toLatin1().constData());
+    GroupBox->setAlignment(Qt::AlignLeft);
+    GroupBox->setCheckable(true);
+    GroupBox->setChecked(GroupVisible);
+    GroupBox->setStyleSheet(
+        QStringLiteral("QGroupBox::indicator:unchecked {image: url(:/OrbelParser/HeadlineClosed.svg);}"
+                       "QGroupBox::indicator:checked {image: url(:/OrbelParser/HeadlineOpened.svg);}"));
+    RefreshToolTip();
+    connect(GroupBox, &QGroupBox::clicked, this, &OrbelHeadline::slotClicked);
+    PropagateProperties(GroupBox);
+}
+
+void OrbelHeadline::EnableInput(bool, bool) { }
+
+void OrbelHeadline::setGroupVisible(bool flag)
+{
+    if (flag == GroupVisible)
+        return;
+    GroupVisible = flag;
+    if (GroupBox)
+        GroupBox->setChecked(flag);
+    RefreshToolTip();
+}
+
+void OrbelHeadline::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    // Meant: a new text or margin is stored, and the title on the screen stays.
+    PropagateProperty(name, GroupBox);
+}
+
+void OrbelHeadline::slotClicked(bool clicked)
+{
+    // A field that is hidden commits its text, and the configuration object is the host's: the form may end in either.
+    const QPointer<OrbelHeadline> self(this);
+    Form().setGroupVisible(clicked);
+    if (self)
+        Form().ApplyConfiguration();
+    if (self)
+        RefreshToolTip();
+}
+
+void OrbelHeadline::RefreshToolTip()
+{
+    if (!GroupBox)
+        return;
+    // Meant: the argument is the text as the definition has it, untranslated.
+    const QString format = Translate(GroupVisible ? QStringLiteral("Hide %1") : QStringLiteral("Show %1"));
+    GroupBox->setToolTip(format.arg(GetString(prop::Text, QString())));
+}
+
+} // namespace KV218

@@ -1,0 +1,55 @@
+#include "orbellabel.h"
+
+#include "floatgrouplayout.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelLabel::OrbelLabel(OrbelWidget *widget) : OrbelDelegate(widget), ValueNode(this) { }
+
+void OrbelLabel::CreateValueTree()
+{
+    if (GenerateXml)
+        ValueNode.Adopt(CreateValueString(prop::Text));
+}
+
+void OrbelLabel::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Control = new QLabel(GetTranslated(prop::Text), layout->parentWidget());
+    Control->setObjectName(WidgetName());
+    PropagateProperties(Control);
+    layout->addWidget(Control);
+    layout->addGroup();
+}
+
+void OrbelLabel::GetXml(QXmlStreamWriter &writer) const
+{
+    if (GenerateXml)
+        writer.writeTextElement(GetXmlTagName(), GetString(prop::Text, QString()));
+}
+
+void OrbelLabel::ReadXml(QXmlStreamReader &reader)
+{
+    SetPropertyAlways(prop::Text, reader.readElementText());
+}
+
+void OrbelLabel::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    // Meant: a new text does not go into the node.
+    if (name == prop::Text && Control)
+        Control->setText(Translate(value.toString()));
+    PropagateProperty(name, Control);
+}
+
+void OrbelLabel::Update(Observable *subject, TChangeCode code)
+{
+    if (ValueNode.HasNews(subject, code) && ChangeProperty(prop::Text, ValueNode->GetValue()))
+        setModified(true);
+}
+
+} // namespace KV218

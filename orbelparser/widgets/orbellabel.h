@@ -1,0 +1,37 @@
+#pragma once
+
+#include "orbeldelegate.h"
+#include "ownednode.h"
+#include "propertynames.h"
+
+namespace KV218
+{
+
+/// A line of text that the operator reads. Class name: `Label`. Value property: `text`, shown translated, stored and
+/// written as it is. It has a node only when it writes parameters; the node feeds the property and never the other way
+/// round, and the form is not told of it.
+class OrbelLabel : public OrbelDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit OrbelLabel(OrbelWidget *widget);
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout *layout) override;
+    void GetXml(QXmlStreamWriter &writer) const override;
+    void ReadXml(QXmlStreamReader &reader) override;
+    void Update(Observable *subject, TChangeCode code) override;
+
+public Q_SLOTS:
+    void setText(QString text) { ChangeProperty(prop::Text, text); }
+
+protected:
+    void PropertyChanged(const QString &name, const QVariant &value) override;
+
+private:
+    OwnedNode<ValueString> ValueNode;
+    QPointer<QLabel> Control;
+};
+
+} // namespace KV218

@@ -1,0 +1,118 @@
+#include "orbellineedit.h"
+
+#include "floatgrouplayout.h"
+#include "formdoor.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelLineEdit::OrbelLineEdit(OrbelWidget *widget) : BoundDelegate(widget)
+{
+    DefineProperty(prop::InputMask);
+    DefineProperty(prop::MaxLength);
+}
+
+void OrbelLineEdit::CreateValueTree()
+{
+    ValueNode.Adopt(CreateValueString(prop::Text));
+}
+
+void OrbelLineEdit::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Control = new VCLineEdit(layout->parentWidget(), WidgetName().toLatin1().constData(), VCLineEdit::ekText);
+    Control->SetValueBase(ValueNode.get());
+    PropagateProperties(Control);
+    // Meant: the label's text replaces a tooltip of the definition, and clears it where there is no label.
+    Control->setToolTip(GetTranslated(prop::LabelText));
+    layout->addWidget(Control);
+    layout->addGroup();
+    connect(Control, &VCLineEdit::signalTextFinallyChanged, this, &OrbelLineEdit::SlotTextFinallyChanged);
+    connect(Control, &QLineEdit::textEdited, this, &OrbelLineEdit::SlotTextEdited);
+    connect(Control, &QLineEdit::returnPressed, this, &OrbelLineEdit::SlotReturnPressed);
+    connect(Control, &QLineEdit::textChanged, this, &OrbelLineEdit::textChanged);
+}
+
+void OrbelLineEdit::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    writer.writeStartElement(GetXmlTagName());
+    WriteUnitAttribute(writer);
+    writer.writeCharacters(GetString(prop::Text, QString()));
+    writer.writeEndElement();
+}
+
+void OrbelLineEdit::ReadXml(QXmlStreamReader &reader)
+{
+    const QString text = reader.readElementText();
+    const QPointer<OrbelLineEdit> self(this);
+    SetPropertyAlways(prop::Text, text);
+    if (self)
+        Q_EMIT textChanged(text);
+}
+
+void OrbelLineEdit::forceFinishEditing()
+{
+    if (Control)
+        Control->endEdit();
+}
+
+void OrbelLineEdit::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelLineEdit> self(this);
+    if (name == prop::Text && ValueNode)
+        ValueNode->SetValue(value.toString(), this);
+    if (self)
+        PropagateProperty(name, Control);
+}
+
+void OrbelLineEdit::Update(Observable *subject, TChangeCode code)
+{
+    if (!ValueNode.HasNews(subject, code))
+        return;
+    const QPointer<OrbelLineEdit> self(this);
+    const QString text = ValueNode->GetValue();
+    if (!ChangeProperty(prop::Text, text))
+        return;
+    Q_EMIT textChanged(text);
+    // Meant: a text that arrives through the node must not start automatic apply.
+    if (self)
+        setModified(false);
+}
+
+void OrbelLineEdit::SlotTextEdited(QString text)
+{
+    const QPointer<OrbelLineEdit> self(this);
+    setModified(false);
+    if (self)
+        Q_EMIT textEdited(text);
+}
+
+void OrbelLineEdit::SlotTextFinallyChanged(QString value)
+{
+    const QPointer<OrbelLineEdit> self(this);
+    ChangeProperty(prop::Text, value);
+    if (self && ValueNode)
+        ValueNode->SetValue(value, this);
+    if (self)
+        Q_EMIT textEdited(value);
+    if (self)
+        Q_EMIT editingFinished();
+    if (self)
+        setModified(true);
+}
+
+void OrbelLineEdit::SlotReturnPressed()
+{
+    const QPointer<OrbelLineEdit> self(this);
+    Q_EMIT returnPressed();
+    if (self)
+        Form().applyNow();
+}
+
+} // namespace KV218

@@ -1,0 +1,52 @@
+#include "orbelpushbutton.h"
+
+#include "floatgrouplayout.h"
+
+namespace KV218
+{
+
+OrbelPushButton::OrbelPushButton(OrbelWidget *widget) : OrbelDelegate(widget)
+{
+    DefineProperty(prop::Icon);
+    DefineProperty(prop::IconSize);
+}
+
+void OrbelPushButton::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Button = new QPushButton(layout->parentWidget());
+    Button->setObjectName(WidgetName());
+    PropagateProperties(Button);
+    Button->setText(GetTranslated(prop::Text));
+    layout->addSpecial();
+    Button->setToolTip(GetTranslated(prop::Text));
+    layout->addWidget(Button);
+    layout->addGroup();
+    connect(Button, &QPushButton::clicked, this, &OrbelPushButton::clicked);
+    connect(Button, &QPushButton::pressed, this, &OrbelPushButton::pressed);
+    connect(Button, &QPushButton::released, this, &OrbelPushButton::released);
+}
+
+void OrbelPushButton::setFocus()
+{
+    if (Button)
+        Button->setFocus();
+}
+
+void OrbelPushButton::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::Text && Button)
+        Button->setText(Translate(value.toString()));
+    // Meant: an icon that was cleared stays on the button, and so does the first tooltip.
+    PropagateProperty(name, Button);
+}
+
+void OrbelPushButton::animateClick()
+{
+    constexpr int Milliseconds = 100;
+    if (Button)
+        Button->animateClick(Milliseconds);
+}
+
+} // namespace KV218

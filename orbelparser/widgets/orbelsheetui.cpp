@@ -1,0 +1,222 @@
+#include "orbelsheetui.h"
+
+#include "elementnames.h"
+#include "floatgrouplayout.h"
+#include "floatscrollarea.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QVBoxLayout>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+namespace
+{
+
+constexpr int DefaultTimeout = 1000;
+constexpr int LeastTimeout = 100;
+
+} // namespace
+
+OrbelSheetUi::OrbelSheetUi() : OrbelDelegate(nullptr) { }
+
+OrbelSheetUi::~OrbelSheetUi() = default;
+
+FloatGroupLayout *OrbelSheetUi::GetLayout() const
+{
+    return Layout;
+}
+
+void OrbelSheetUi::CreateFrame(bool applyUi)
+{
+    if (Gui)
+        return;
+    AutoApplyEnabled = GetBool(prop::AutoApplyEnabled, true);
+
+    QWidget *frame = applyUi ? new QWidget : nullptr;
+    auto *area = new FloatScrollArea(frame);
+    auto *content = new QWidget(area);
+    area->setWidget(content);
+    Layout = new FloatGroupLayout(area);
+    if (applyUi) {
+        frame->setObjectName(QStringLiteral("sheet"));
+        content->setObjectName(QStringLiteral("sheetArea"));
+        auto *rows = new QVBoxLayout(frame);
+        rows->setContentsMargins(0, 0, 0, 0);
+        rows->addWidget(area);
+        ApplyBox = BuildApplyBox(frame);
+        rows->addWidget(ApplyBox);
+        Gui = frame;
+    } else {
+        area->setObjectName(QStringLiteral("sheetArea"));
+        Gui = area;
+    }
+    area->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
+    BuildTimer();
+}
+
+QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
+{
+    auto *box = new QWidget(parent);
+    box->setObjectName(QStringLiteral("applyButtonBox"));
+    auto *row = new QHBoxLayout(box);
+    row->setContentsMargins(0, 0, 0, 0);
+
+    ApplyButton = new QPushButton(tr("Apply"), box);
+    ApplyButton->setObjectName(QStringLiteral("applyButton"));
+    ApplyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    ApplyButton->setEnabled(Modified);
+    row->addWidget(ApplyButton);
+    // Meant: the button acts when it goes down.
+    connect(ApplyButton, &QPushButton::pressed, this, &OrbelSheetUi::applyNow);
+
+    AutoApplyBox = new QCheckBox(tr("Auto Apply"), box);
+    AutoApplyBox->setObjectName(QStringLiteral("autoApply"));
+    AutoApplyBox->setChecked(AutoApplyEnabled);
+    row->addWidget(AutoApplyBox);
+    connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
+    return box;
+}
+
+void OrbelSheetUi::BuildTimer()
+{
+    AutoApplyTimer.reset();
+    // Meant: with neither an apply row nor auto apply now, a later setAutoApplyEnabled(true) finds no timer.
+    if (!ApplyBox && !AutoApplyEnabled)
+        return;
+    AutoApplyTimer = std::make_unique<QTimer>();
+    AutoApplyTimer->setSingleShot(true);
+    AutoApplyTimer->setInterval(qMax(LeastTimeout, GetInt(prop::AutoApplyTimeout, DefaultTimeout)));
+    connect(AutoApplyTimer.get(), &QTimer::timeout, this, &OrbelSheetUi::applyNow);
+}
+
+void OrbelSheetUi::WriteRootStart(QXmlStreamWriter &writer) const
+{
+    writer.writeStartElement(GetString(prop::ParametersXmlRootTag, QStringLiteral("Parameters")));
+    const QString type = GetString(prop::ParametersXmlTypeAttribute, QString());
+    if (!type.isEmpty())
+        writer.writeAttribute(attribute::Type, type);
+    for (const QString &name : RootAttributes) {
+        // Meant: the custom property gives the attribute its name only; its value is the dynamic property's.
+        writer.writeAttribute(name.mid(prop::AttributePrefix.size()), property(name.toLatin1().constData()).toString());
+    }
+}
+
+void OrbelSheetUi::ParseProperties(QXmlStreamReader &reader, bool custom)
+{
+    OrbelDelegate::ParseProperties(reader, custom);
+    if (!custom)
+        return;
+    RootAttributes = CustomProperties.keys();
+    const auto declaresNone = [](const QString &name) { return !name.startsWith(prop::AttributePrefix); };
+    RootAttributes.erase(
+        std::remove_if(RootAttributes.begin(), RootAttributes.end(), declaresNone), RootAttributes.end());
+}
+
+void OrbelSheetUi::EnableInput(bool enable, bool)
+{
+    if (ApplyBox)
+        ApplyBox->setEnabled(enable);
+}
+
+void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    if (name != prop::AutoApplyEnabled)
+        return;
+    AutoApplyEnabled = value.toBool();
+    if (AutoApplyBox && AutoApplyBox->isChecked() != AutoApplyEnabled)
+        AutoApplyBox->setChecked(AutoApplyEnabled);
+}
+
+void OrbelSheetUi::applyNow()
+{
+    if (Modified)
+        Q_EMIT si_parametersModified();
+}
+
+void OrbelSheetUi::emitParametersXml()
+{
+    Q_EMIT si_parametersModified();
+}
+
+void OrbelSheetUi::emitParametersXml(bool)
+{
+    // Meant: false acts as true.
+    applyNow();
+}
+
+void OrbelSheetUi::killAutoApplyTimer()
+{
+    if (AutoApplyTimer)
+        AutoApplyTimer->stop();
+}
+
+void OrbelSheetUi::setVisible(bool visible)
+{
+    SetPropertyAlways(prop::Visible, visible);
+    if (Gui)
+        Gui->setVisible(visible);
+}
+
+void OrbelSheetUi::setModified(bool autoApply)
+{
+    const QPointer<OrbelSheetUi> self(this);
+    if (!Modified) {
+        Modified = true;
+        if (ApplyButton)
+            ApplyButton->setEnabled(true);
+        else
+            Q_EMIT si_parametersModified();
+    }
+    if (self && autoApply && AutoApplyEnabled && AutoApplyTimer)
+        AutoApplyTimer->start();
+}
+
+void OrbelSheetUi::resetModified()
+{
+    if (!Modified)
+        return;
+    Modified = false;
+    if (ApplyButton)
+        ApplyButton->setEnabled(false);
+    killAutoApplyTimer();
+}
+
+void OrbelSheetUi::showContextMenu(QPoint pt)
+{
+    if (!Gui)
+        return;
+    QMenu menu;
+    FillTextSizeMenu(menu.addMenu(tr("Text size")));
+    menu.exec(Gui->mapToGlobal(pt));
+}
+
+void OrbelSheetUi::FillTextSizeMenu(QMenu *sizes)
+{
+    const int base = QApplication::font().pointSize();
+    const int current = Gui->font().pointSize();
+    const QPair<QString, int> rows[] = {{tr("Normal"), base}, {tr("Medium"), base + 2}, {tr("Large"), base + 4}};
+    for (const auto &row : rows) {
+        QAction *action = sizes->addAction(row.first);
+        action->setCheckable(true);
+        action->setChecked(current == row.second);
+        action->setData(row.second);
+    }
+    connect(sizes, &QMenu::triggered, this, &OrbelSheetUi::chooseFont);
+}
+
+void OrbelSheetUi::chooseFont(QAction *pAction)
+{
+    if (pAction)
+        Q_EMIT si_chooseFontSize(pAction->data().toInt());
+}
+
+void OrbelSheetUi::resetModifiedParameter(QObject *) { }
+
+} // namespace KV218

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "orbeldelegate.h"
+#include "propertynames.h"
+
+#include <memory>
+#include <QCheckBox>
+#include <QPoint>
+#include <QPushButton>
+#include <QTimer>
+
+class QAction;
+class QMenu;
+
+namespace KV218
+{
+
+/// The delegate of the sheet itself, which scripts reach under the sheet's name. It builds the frame in which the
+/// controls live, with or without an apply row, keeps the modified state of the form, and tells the host of parameters
+/// to fetch: on the apply button, and by itself some time after the last finished change. It writes the root element of
+/// parameter documents.
+///
+/// The frame is not deleted here: it belongs to its parent, or to whoever shows it, and may go before or after this.
+class OrbelSheetUi : public OrbelDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit OrbelSheetUi();
+    ~OrbelSheetUi() override;
+
+    /// Builds the frame; nothing when there is one.
+    void CreateFrame(bool applyUi);
+    /// Writes the root element's start and its attributes; the caller writes its end.
+    void WriteRootStart(QXmlStreamWriter &writer) const;
+    /// The widget that the host shows; null before CreateFrame() and once it is gone.
+    QWidget *GetGUI() const { return Gui; }
+    /// The layout to which controls add themselves; null when there is no frame.
+    FloatGroupLayout *GetLayout() const;
+    bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
+
+    void ParseProperties(QXmlStreamReader &reader, bool custom) override;
+    void EnableInput(bool enable, bool partial) override;
+
+Q_SIGNALS:
+    /// There are parameters for the host to fetch.
+    void si_parametersModified();
+    /// For the host; never emitted here.
+    void si_translationsChanged();
+    /// The operator picked a text size, in points.
+    void si_chooseFontSize(int size);
+
+public Q_SLOTS:
+    /// Announces the parameters if there are modified ones, and resets nothing.
+    void applyNow();
+    /// Announces the parameters in any case.
+    void emitParametersXml();
+    /// The same as applyNow(), whatever the argument.
+    void emitParametersXml(bool onlyModified);
+    /// Drops an announcement that is due.
+    void killAutoApplyTimer();
+    void setApplyUiVisible(bool visible) { ChangeProperty(prop::ApplyUiVisible, visible); }
+    void setAutoApplyEnabled(bool enable) { ChangeProperty(prop::AutoApplyEnabled, enable); }
+    /// In milliseconds; counts for a frame that is built later.
+    void setAutoApplyTimeout(int timeout) { ChangeProperty(prop::AutoApplyTimeout, timeout); }
+    void setEmitOnlyModifiedParameters(bool onlyModified)
+    {
+        ChangeProperty(prop::EmitOnlyModifiedParameters, onlyModified);
+    }
+    void setErrorHighlightingXmlRootTag(QString rootTag) { ChangeProperty(prop::ErrorHighlightingXmlRootTag, rootTag); }
+    void setQMBaseName(QString qmBaseName) { ChangeProperty(prop::QMBaseName, qmBaseName); }
+    void setTranslationsSubDir(QString subDir) { ChangeProperty(prop::TranslationsSubDir, subDir); }
+    /// Shows or hides the frame.
+    void setVisible(bool visible);
+    void setModified(bool autoApply) override;
+    void resetModified() override;
+    /// Lets the operator pick a text size from a menu at `pt`, in coordinates of the frame. Returns when the menu
+    /// closes.
+    void showContextMenu(QPoint pt);
+
+private Q_SLOTS:
+    void chooseFont(QAction *pAction);
+
+public:
+    /// Does nothing.
+    Q_INVOKABLE void resetModifiedParameter(QObject *sheetObject);
+
+protected:
+    void PropertyChanged(const QString &name, const QVariant &value) override;
+
+private:
+    QWidget *BuildApplyBox(QWidget *parent);
+    void BuildTimer();
+    void FillTextSizeMenu(QMenu *sizes);
+
+    // All null without a frame, and the middle three without an apply row.
+    QPointer<QWidget> Gui;
+    QPointer<FloatGroupLayout> Layout;
+    QPointer<QWidget> ApplyBox;
+    QPointer<QPushButton> ApplyButton;
+    QPointer<QCheckBox> AutoApplyBox;
+    // Null when nothing can ever apply by itself.
+    std::unique_ptr<QTimer> AutoApplyTimer;
+    bool AutoApplyEnabled = false;
+    // Names of the custom properties that declare attributes of the root element.
+    QStringList RootAttributes;
+};
+
+} // namespace KV218

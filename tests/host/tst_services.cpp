@@ -1,0 +1,279 @@
+// The services of the host layer: traces and exceptions, translation catalogues, and how numbers are read and spelled.
+
+#include "iobserver.h"
+#include "lxexception.h"
+#include "numberparsing.h"
+#include "suffixeddouble.h"
+#include "testmain.h"
+#include "trace.h"
+#include "translationcenter.h"
+#include "tree.h"
+#include "valuenumeric.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <limits>
+
+/// Writes a catalogue that translates "text" in the context `context` into `translation`.
+static void WriteCatalogue(const QString &path, const QByteArray &context, const QString &translation)
+{
+    const QByteArray source = "text";
+    quint32 hash = 0;
+    for (const char c : source) {
+        hash = (hash << 4) + uchar(c);
+        hash ^= (hash & 0xf0000000) >> 24;
+        hash &= 0x0fffffff;
+    }
+    QByteArray hashes, messages;
+    QDataStream(&hashes, QIODevice::WriteOnly) << hash << quint32(0);
+    QDataStream message(&messages, QIODevice::WriteOnly);
+    message << quint8(3) << quint32(2 * translation.size());
+    for (const QChar c : translation)
+        message << c.unicode();
+    // Byte arrays are streamed with their length before them, as the format has it.
+    message << quint8(6) << source << quint8(7) << context << quint8(1);
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray::fromHex("3cb86418caef9c95cd211cbf60a1bddd"));
+    QDataStream(&file) << quint8(0x42) << hashes << quint8(0x69) << messages;
+}
+
+static QString Translated(const QString &context)
+{
+    return QCoreApplication::translate(context.toUtf8().constData(), "text");
+}
+
+class TestServices : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir Directory;
+    QString In(const char *name) const { return Directory.filePath(name); }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        TranslationCenter::Instance().AddDirectory(In("first"));
+        TranslationCenter::Instance().AddDirectory(In("second"));
+    }
+    void cleanup()
+    {
+        QLocale::setDefault(QLocale::c());
+        TranslationCenter::Instance().SetListener({});
+        ErrorHandler::Instance().SetSink({});
+        ErrorHandler::Instance().SetTraceMask(0);
+        QCOMPARE(TranslationCenter::Instance().GetRegistered(), QStringList("early"));
+        QCOMPARE(LeftOver(), QString());
+    }
+
+    void nameRegisteredBeforeTheApplication() { QCOMPARE(Translated("early"), QString("in time")); }
+
+    void catalogueIsFound_data()
+    {
+        QTest::addColumn<QStringList>("files");
+        QTest::addColumn<QString>("found"); // what it translates to: the file's name without .qm
+
+        QTest::newRow("no") << QStringList() << "text";
+        QTest::newRow("country_before_language") << QStringList({"first/%1_de", "first/%1_de_AT"}) << "first/%1_de_AT";
+        QTest::newRow("language_before_plain") << QStringList({"first/%1", "first/%1_de"}) << "first/%1_de";
+        QTest::newRow("plain") << QStringList({"first/%1", "first/%1_fr"}) << "first/%1";
+        QTest::newRow("second_directory") << QStringList({"second/%1_de"}) << "second/%1_de";
+        QTest::newRow("first_directory_wins") << QStringList({"first/%1", "second/%1_de"}) << "first/%1";
+        QTest::newRow("beside_the_program") << QStringList({"program/%1"}) << "program/%1";
+    }
+
+    void catalogueIsFound()
+    {
+        QFETCH(QStringList, files);
+        QFETCH(QString, found);
+        const QString name = QTest::currentDataTag();
+        const QString beside = QCoreApplication::applicationDirPath() + "/translations/";
+        for (const QString &file : files) {
+            QString path = file.startsWith("program") ? beside + name : In(qPrintable(file.arg(name)));
+            WriteCatalogue(path + ".qm", name.toUtf8(), file.arg(name));
+        }
+        QLocale::setDefault(QLocale("de_AT"));
+        TranslationCenter::Instance().Register(name);
+        const QString translated = Translated(name);
+        TranslationCenter::Instance().Unregister(name);
+        QFile::remove(beside + name + ".qm");
+        QCOMPARE(translated, found.contains('%') ? found.arg(name) : found);
+        QCOMPARE(Translated(name), QString("text"));
+    }
+
+    void registrationsAreCounted()
+    {
+        TranslationCenter &center = TranslationCenter::Instance();
+        QStringList log;
+        center.SetListener([&log](bool registered, const QString &name) { log << (registered ? "+" : "-") + name; });
+        WriteCatalogue(In("late/b.qm"), "b", "late");
+        for (const char *name : {"b", "a", "", "b"})
+            center.Register(name);
+        QCOMPARE(center.GetRegistered(), QStringList({"early", "b", "a"}));
+        QCOMPARE(Translated("b"), QString("text"));
+        center.AddDirectory(In("late"));
+        QCOMPARE(Translated("b"), QString("late"));
+        WriteCatalogue(In("late/b_fr.qm"), "b", "tard");
+        QLocale::setDefault(QLocale("fr_FR"));
+        center.Reload();
+        center.Unregister("b");
+        QCOMPARE(Translated("b"), QString("tard"));
+        QVERIFY(QDir(In("late")).removeRecursively());
+        center.Reload();
+        QCOMPARE(Translated("b"), QString("text"));
+        for (const char *name : {"b", "b", "a"})
+            center.Unregister(name);
+        QCOMPARE(log.join(' '), QString("+b +a +b -b -b -a"));
+    }
+
+    void tracesGoToTheSink()
+    {
+        QStringList lines;
+        ErrorHandler::Instance().SetSink([&lines](const QString &line) { lines << line; });
+        TraceFailure("not wanted", "file.cpp", 1);
+        ErrorHandler::Instance().SetTraceMask(ekTraceResync);
+        TraceFailure("still not wanted", "file.cpp", 2);
+        ErrorHandler::Instance().SetTraceMask(ekTraceResync | ekTraceFailure);
+        TraceFailure("wanted", "/some/where/file.cpp", 3);
+        _Q_Trace("with a line end\n", "file.cpp", 4);
+        QCOMPARE(lines, QStringList({"wanted (file.cpp:3)", "with a line end (file.cpp:4)"}));
+    }
+
+    void exceptionsAreTakenThenReported()
+    {
+        constexpr unsigned int none = std::numeric_limits<unsigned int>::max();
+        QStringList lines;
+        ErrorHandler &handler = ErrorHandler::Instance();
+        handler.SetSink([&lines](const QString &line) { lines << line; });
+        const LxException exception("no way", "file.cpp", "Class", "Method", 12, none);
+        QCOMPARE(exception.what(), "no way");
+        const int before = handler.GetExceptionCount();
+        ErrorHandler::Interface()->TakeException(exception);
+        QCOMPARE(handler.GetExceptionCount(), before + 1);
+        ErrorHandler::Interface()->ReportException(exception, 0, none, 1, 0);
+        ErrorHandler::Interface()->ReportException(exception, 0, 7, 1, 0);
+        const QString line = "Exception in Class::Method: no way (file.cpp:12)";
+        QCOMPARE(lines, QStringList({line, line + " code 7"}));
+
+        struct Own : IErrorHandler {
+            int Calls = 0;
+            void TakeException(const LxException &) override { ++Calls; }
+            void ReportException(const LxException &, int, unsigned int, int, int) override { ++Calls; }
+        } own;
+        handler.SetInterface(&own);
+        ErrorHandler::Interface()->TakeException(exception);
+        handler.SetInterface(nullptr);
+        ErrorHandler::Interface()->TakeException(exception);
+        QCOMPARE(own.Calls, 1);
+    }
+
+    void numbersWithUnit_data()
+    {
+        QTest::addColumn<double>("number");
+        QTest::addColumn<int>("base");
+        QTest::addColumn<int>("suffix");
+        QTest::addColumn<QString>("text");
+
+        QTest::newRow("plain") << 1500.0 << 1000 << 1 << "1500 Hz";
+        QTest::newRow("kilo") << 1500.0 << 1000 << 2 << "1.5 kHz";
+        QTest::newRow("mega") << 145500000.0 << 1000 << 3 << "145.5 MHz";
+        QTest::newRow("giga, below one") << 1.0 << 1000 << 4 << "0.000000001 GHz";
+        QTest::newRow("exact where a division rounds") << 100000001.1 << 1000 << 3 << "100.0000011 MHz";
+        QTest::newRow("zero") << -0.0 << 1000 << 2 << "0 kHz";
+        QTest::newRow("negative") << -25.5 << 1000 << 2 << "-0.0255 kHz";
+        QTest::newRow("large, without exponent") << 1e24 << 1000 << 4 << "1000000000000000 GHz";
+        QTest::newRow("powers of two") << 1536.0 << 1024 << 2 << "1.5 kHz";
+        QTest::newRow("base that is none") << 1500.0 << 0 << 2 << "1.5 kHz";
+    }
+
+    void numbersWithUnit()
+    {
+        QFETCH(double, number);
+        QFETCH(int, base);
+        QFETCH(int, suffix);
+        QFETCH(QString, text);
+        SuffixedDouble loose("Hz", base, false), tight("Hz", base, true);
+        loose.SetSuffix(SuffixedDouble::ESuffix(suffix));
+        tight.SetSuffix(SuffixedDouble::ESuffix(suffix));
+        QCOMPARE(loose.GetString(number), text);
+        QCOMPARE(tight.GetString(number), text.remove(' '));
+    }
+
+    void typedNumbers_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("good");
+        QTest::addColumn<double>("number");
+
+        QTest::newRow("point") << "1.5" << true << 1.5;
+        QTest::newRow("comma") << "1,5" << true << 1.5;
+        QTest::newRow("blanks around, sign") << "  -12 " << true << -12.0;
+        QTest::newRow("exponent") << "1,5e3" << true << 1500.0;
+        QTest::newRow("groups") << "1,000.5" << false << 0.0;
+        QTest::newRow("letters behind") << "12x" << false << 0.0;
+        QTest::newRow("no number") << "nan" << false << 0.0;
+        QTest::newRow("out of range") << "1e999" << false << 0.0;
+        QTest::newRow("empty") << "" << false << 0.0;
+    }
+
+    void typedNumbers()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, good);
+        QFETCH(double, number);
+        bool ok = !good;
+        QCOMPARE(Ember::toDoubleEx(text, &ok), number);
+        QCOMPARE(ok, good);
+        QCOMPARE(Ember::toDoubleEx(text, nullptr), number);
+    }
+
+    void processEndsWithNodesLeft()
+    {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {"leave-nodes"});
+        QVERIFY(process.waitForFinished(-1));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.readAllStandardOutput(), QByteArray("left to the tree, told: 0\nstill owned, told: 1\n"));
+    }
+};
+
+/// A node that says when it ends, and how often its observer was told.
+class SpeakingNode : public ValueInt, private IObserver
+{
+public:
+    SpeakingNode(const QString &name, bool observed) : ValueInt(name)
+    {
+        if (observed)
+            AddObserver(this);
+        Tree::Instance()->AddNode("/T", this);
+    }
+    ~SpeakingNode() override
+    {
+        AnnounceEnd();
+        printf("%s, told: %d\n", qPrintable(GetName()), Told);
+    }
+
+private:
+    void Update(Observable *, TChangeCode) override { ++Told; }
+    int Told = 0;
+};
+
+int main(int argc, char **argv)
+{
+    if (argc > 1 && argv[1] == QByteArray("leave-nodes")) {
+        static std::unique_ptr<ValueInt> owned; // ends after the tree was swept
+        new SpeakingNode("left to the tree", false);
+        owned = std::make_unique<SpeakingNode>("still owned", true);
+        return 0;
+    }
+    QTemporaryDir directory;
+    WriteCatalogue(directory.filePath("early.qm"), "early", "in time");
+    TranslationCenter::Instance().AddDirectory(directory.path());
+    TranslationCenter::Instance().Register("early");
+    TestServices test;
+    return RunOrbelTest(&test, argc, argv);
+}
+#include "tst_services.moc"

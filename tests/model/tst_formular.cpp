@@ -1,0 +1,421 @@
+// A whole form: its way through parse, nodes, script and controls; values exchanged with the application; groups, input
+// switches and configuration.
+
+#include "forms.h"
+#include "errorhandler.h"
+#include "orbelsheetui.h"
+#include "selectionitem.h"
+#include "testmain.h"
+#include "tree.h"
+#include "valueselection.h"
+
+#include <QLabel>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+/// Notes each notification as the node's name and the change code.
+class Watcher : public IObserver
+{
+public:
+    void Update(Observable *subject, TChangeCode code) override
+    {
+        Log << dynamic_cast<ValueBase *>(subject)->GetName() + QString::number(code);
+    }
+    QStringList Log;
+};
+
+const char *const Groups = "<Widget name='free' class='CheckBox'/>"
+                           "<Widget name='h1' class='Headline'><Property name='text'><String>One</String></Property></Widget>"
+                           "%1<Widget name='gap' class='Separator'/>%2"
+                           "<Widget name='h2' class='Headline'><Property name='text'><String>Two</String></Property></Widget>%3";
+
+Form GroupForm()
+{
+    const QStringList shown{"labelText=String:l", "visible=Bool:true", "enabled=Bool:true"};
+    return Bind(Definition(
+        QString(Groups).arg(Widget("a", "CheckBox", shown), Widget("b", "LineEdit", shown), Widget("c", "CheckBox", shown))));
+}
+
+/// Names of the shown children of the form's content, labels included.
+QString Shown(const Form &form, const QStringList &names)
+{
+    QStringList shown;
+    for (const QString &name : names) {
+        const QWidget *child = form->GetGUI()->findChild<QWidget *>(name);
+        if (child && !child->isHidden())
+            shown << name;
+    }
+    return shown.join(' ');
+}
+
+} // namespace
+
+class TestFormular : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        ErrorHandler::Instance().SetTraceMask(0);
+        QCOMPARE(LeftOver(), QString());
+    }
+
+    void scriptRunsBetweenNodesAndControls()
+    {
+        const Form form = Parse(Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/a"}),
+            "<Script>a.setChecked(true); a.setModified(true); a.setLabelText('late');</Script>"));
+        form->CreateValueTree("/Form");
+        QCOMPARE(form->GetVTPath(), QString("/Form"));
+        QCOMPARE(form->GetVTValue("g/a")->GetStringValue(), QString("true"));
+        QVERIFY2(!form->GetSheet().isModified(), "the script's changes are not the operator's");
+        QVERIFY(form->GetSheet().isActive() && !form->GetGUI());
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        QCOMPARE(window->findChild<QLabel *>("labela")->text(), QString("late"));
+    }
+
+    void aThrowingScriptLeavesATrace()
+    {
+        QStringList lines;
+        const auto sink = ErrorHandler::Instance().SetSink([&](const QString &line) { lines << line; });
+        const QString text = Definition(Widget("a", "CheckBox"), "<Script>nowhere.near;</Script>");
+        Bind(text);
+        QVERIFY2(lines.isEmpty(), "the mask does not ask for it");
+        ErrorHandler::Instance().SetTraceMask(ekTraceFailure);
+        Bind(text);
+        ErrorHandler::Instance().SetSink(sink);
+        QCOMPARE(lines.size(), 1);
+        QVERIFY2(lines.first().contains("** OrbelFormular Script Exception ReferenceError"), qPrintable(lines.first()));
+    }
+
+    void widgetsAreFoundByPathOrTag()
+    {
+        const Form form = Bind(Definition(Widget("first", "CheckBox", {"parameterXmlTag=String:g/x"})
+            + Widget("second", "CheckBox", {"parameterXmlTag=String:h/x"}) + Widget("third", "CheckBox")));
+        const OrbelSheet &sheet = form->GetSheet();
+        const auto nameOf = [&](const QString &path) {
+            const auto widget = sheet.GetWidget(path);
+            return widget ? widget->GetName() : QString("-");
+        };
+        QCOMPARE(nameOf("g/x"), QString("first"));
+        QCOMPARE(nameOf("/h//x/"), QString("second"));
+        QCOMPARE(nameOf("x"), QString("first"));
+        QCOMPARE(nameOf("g"), QString("-"));
+        QCOMPARE(nameOf("n/x"), QString("-"));
+        QCOMPARE(nameOf("first"), QString("-"));
+        QCOMPARE(nameOf("third"), QString("third"));
+        QCOMPARE(sheet.IndexOfWidget("third"), 2);
+        QCOMPARE(sheet.IndexOfWidget("none"), -1);
+        QVERIFY(!sheet.FindWidget("third"));
+        QCOMPARE(sheet.FindWidget("CheckBox")->GetName(), QString("first"));
+        QCOMPARE(sheet.FindWidgetsOfClass("CheckBox").size(), 3);
+        form->SetChangedORBEL(Definition(Widget("third", "", {"parameterXmlTag=String:x"})));
+        form->SetChangedORBEL(Definition(Widget("first", "", {"parameterXmlTag=String:moved"})));
+        QCOMPARE(nameOf("x"), QString("second"));
+        QCOMPARE(nameOf("moved"), QString("first"));
+    }
+
+    void hostsInsertTheirOwnControls()
+    {
+        const Form form = Bind(Definition(Widget("a", "CheckBox")));
+        auto *dial = new QDial;
+        const auto element = form->GetSheet().InsertWidget("dial", "Dial", dial, 0);
+        form->GetSheet().InsertWidget("bare", QString(), new QDial, -1);
+        QCOMPARE(Names(form), QString("dial a bare"));
+        QCOMPARE(element->GetClass(), QString("QDial"));
+        form->CreateGUI(false);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        QCOMPARE(window->findChild<QLabel *>("labeldial")->text(), QString("Dial"));
+        QVERIFY(!window->findChild<QLabel *>("labelbare"));
+        form->EnableInput(false);
+        QVERIFY(!dial->isEnabled());
+        form->EnableInput(true);
+        QVERIFY(dial->isEnabled());
+        QVERIFY2(!form->GetScriptValues().contains("dial"), "a host's control is no script global");
+        QCOMPARE(form->GetXmlString(false).simplified(), QString("<Parameters/>"));
+    }
+
+    void aSelectionOfControlsIsBuilt_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<bool>("exclude");
+        QTest::addColumn<QString>("built");
+        QTest::newRow("listed by name and by tag") << QStringList{"a", "tag"} << false << "a b";
+        QTest::newRow("listed are left out") << QStringList{"a", "tag"} << true << "c";
+        QTest::newRow("none listed") << QStringList() << false << "";
+        QTest::newRow("none left out") << QStringList() << true << "a b c";
+    }
+
+    void aSelectionOfControlsIsBuilt()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(bool, exclude);
+        const Form form = Bind(Definition(Widget("a", "CheckBox") + Widget("b", "CheckBox", {"parameterXmlTag=String:x/tag"})
+            + Widget("c", "CheckBox")));
+        form->CreateGUI(true, names, exclude);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        QTEST(Shown(form, {"a", "b", "c"}), "built");
+        QStringList selected;
+        for (int i = 0; i < 3; ++i) {
+            if (form->GetSheet().GetWidgetAt(i)->IsSelected())
+                selected << form->GetSheet().GetWidgetAt(i)->GetName();
+        }
+        QTEST(selected.join(' '), "built");
+        QVERIFY(form->GetVTValue("c"));
+    }
+
+    void groupsCollapseAndShow()
+    {
+        const Form form = GroupForm();
+        form->CreateGUI(false);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        const QStringList all{"free", "h1", "a", "labela", "gap", "b", "labelb", "h2", "c", "labelc"};
+        OrbelSheet &sheet = form->GetSheet();
+        QCOMPARE(sheet.GetCollapsed(), QStringList());
+
+        sheet.setGroupVisible(sheet.GetWidgetAt(1).data(), false);
+        QCOMPARE(Shown(form, all), QString("free h1 h2 c labelc"));
+        QCOMPARE(sheet.GetCollapsed(), QStringList("h1"));
+        Delegate(form, "b")->setVisible(false);
+        sheet.SetCollapsed({"h2", "H1"});
+        QCOMPARE(Shown(form, all), QString("free h1 a labela h2"));
+        sheet.SetCollapsed(QStringList());
+        QCOMPARE(Shown(form, all), QString("free h1 a labela h2 c labelc"));
+
+        form->ShowGroup("h1", false);
+        QCOMPARE(Shown(form, all), QString("free h2 c labelc"));
+        QVERIFY2(Delegate(form, "a")->isGroupVisible(), "showing is not collapsing");
+        form->ShowGroup("h1", true);
+        form->ShowGroup("none", false);
+        QCOMPARE(Shown(form, all), QString("free h1 a labela gap b labelb h2 c labelc"));
+    }
+
+    void configurationIsThereOnFirstShow()
+    {
+        QObject configuration;
+        configuration.setProperty("rx-fontsize", 17);
+        configuration.setProperty("rx-collapsed", "h1");
+        configuration.setProperty("input-disabled", true);
+        for (bool objectFirst : {true, false}) {
+            const Form form = GroupForm();
+            if (objectFirst)
+                form->SetConfigObject(&configuration, "rx");
+            form->CreateGUI(true);
+            const std::unique_ptr<QWidget> window(form->GetGUI());
+            if (!objectFirst)
+                form->SetConfigObject(&configuration, "rx");
+            QCOMPARE(window->font().pointSize(), 17);
+            QCOMPARE(Shown(form, {"free", "h1", "a", "labela", "b", "labelb", "h2", "c", "labelc"}),
+                QString("free h1 h2 c labelc"));
+            QVERIFY(!form->IsInputEnabled() && !window->findChild<QWidget *>("c")->isEnabled());
+        }
+    }
+
+    void configurationFollowsTheForm()
+    {
+        QObject configuration;
+        const Form form = GroupForm();
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        const int applicationSize = QApplication::font().pointSize();
+        form->SetConfigObject(&configuration, "rx");
+        form->ApplyConfiguration();
+        QCOMPARE(configuration.dynamicPropertyNames(), QList<QByteArray>());
+
+        Q_EMIT form->GetSheet().GetUi()->si_chooseFontSize(applicationSize + 4);
+        QCOMPARE(configuration.property("rx-fontsize"), QVariant(applicationSize + 4));
+        form->GetSheet().SetCollapsed({"h1", "h2"});
+        form->ApplyConfiguration();
+        QCOMPARE(configuration.property("rx-collapsed"), QVariant("h1,h2"));
+
+        configuration.setProperty("rx-fontsize", QVariant());
+        configuration.setProperty("rx-collapsed", QVariant());
+        form->SetConfigObject(&configuration, "rx");
+        QVERIFY2(window->font().pointSize() != applicationSize, "the same pair is not restored again");
+        form->RestoreConfiguration();
+        QCOMPARE(window->font().pointSize(), applicationSize);
+        QCOMPARE(form->GetSheet().GetCollapsed(), QStringList());
+
+        window->setStyleSheet("color: red;");
+        form->GetSheet().SetFontSize(0);
+        QCOMPARE(window->styleSheet(), QString("color: red;"));
+        form->GetSheet().SetFontSize(20);
+        QCOMPARE(window->styleSheet(), QString("font-size: 20pt;"));
+        form->SetConfigObject(nullptr, QString());
+        form->ApplyConfiguration();
+    }
+
+    void inputSwitches()
+    {
+        const Form form = GroupForm();
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        const QWidget *a = window->findChild<QWidget *>("a");
+        const QWidget *applyRow = window->findChild<QWidget *>("applyButtonBox");
+        OrbelSheet &sheet = form->GetSheet();
+        form->EnableInput(false);
+        QVERIFY(!a->isEnabled() && !applyRow->isEnabled() && window->findChild<QWidget *>("h1")->isEnabled());
+        sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
+        form->EnableInput(true);
+        QVERIFY2(!a->isEnabled() && form->IsInputEnabled(), "the sheet's own switch is still off");
+        sheet.EnableInput(true, OrbelSheet::EnableScopeSheet);
+        QVERIFY(a->isEnabled() && applyRow->isEnabled());
+        QVERIFY(!sheet.IsInputEnabled(OrbelSheet::eEnableScope(7)));
+        sheet.EnableInput(false, OrbelSheet::eEnableScope(7));
+
+        sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+        form->EnableInput(false);
+        form->EnableInput(true);
+        QVERIFY2(!a->isEnabled(), "the partial restriction is put back");
+    }
+
+    void valuesGoToTheApplication()
+    {
+        const Form form = Bind(Definition(Widget("t", "LineEdit", {"text=String:12"})));
+        Watcher watcher;
+        ValueString text("t", ekStateUsable);
+        text.AddObserver(&watcher);
+        QCOMPARE(form->GetVTValue(&text, nullptr, false), form->GetVTValue("t"));
+        QCOMPARE(text.GetValue(), QString("12"));
+        QCOMPARE(watcher.Log, QStringList("t3"));
+        form->GetVTValue(&text, nullptr, true);
+        QCOMPARE(watcher.Log, QStringList({"t3", "t3"}));
+        form->GetVTValue(&text, &watcher, true);
+        QCOMPARE(watcher.Log.size(), 2);
+
+        ValueString stray("none", ekStateUsable);
+        stray.SetValue("x", nullptr);
+        QVERIFY(!form->GetVTValue(&stray, nullptr, false));
+        QCOMPARE(stray.GetValue(), QString("x"));
+        QVERIFY(!form->GetVTValue(&stray, nullptr, true));
+        QCOMPARE(stray.GetValue(), QString());
+        QVERIFY(!form->GetVTValue(static_cast<ValueBase *>(nullptr), nullptr, true));
+
+        ValueSelection choice("t", ekStateUsable);
+        choice.AddItems({"a", "b"}, nullptr);
+        form->GetVTValue(&choice, nullptr, false);
+        QCOMPARE(choice.GetItemCount(), 1L);
+        QCOMPARE(choice.GetStringValue(), QString("12"));
+        QCOMPARE(choice.GetCurrentValue(), 12.0);
+    }
+
+    void manyValuesGoFromTheLastToTheFirst()
+    {
+        const Form form = Bind(Definition(Widget("s", "LineEdit", {"text=String:1"}) + Widget("t", "LineEdit", {"text=String:2"})));
+        Watcher watcher;
+        ValueString s("s", ekStateUsable);
+        ValueString t("t", ekStateUsable);
+        s.AddObserver(&watcher);
+        t.AddObserver(&watcher);
+        form->GetVTValues({&s, &t}, nullptr, false);
+        QCOMPARE(watcher.Log, QStringList({"t3", "s3"}));
+    }
+
+    void valuesComeFromTheApplication()
+    {
+        const Form form = Bind(Definition(Widget("t", "LineEdit", {"text=String:12", "generateParameterXml=Bool:true"})));
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        QVERIFY(!form->SetVTValue("t", "12", nullptr, true));
+        QVERIFY(!form->SetVTValue("none", "12", nullptr, true));
+        QVERIFY(!form->SetVTValue(static_cast<ValueBase *>(nullptr), nullptr, true));
+        QCOMPARE(parameters.size(), 0);
+        QVERIFY(form->SetVTValue("t", "13", nullptr, false));
+        QCOMPARE(parameters.size(), 0);
+        QCOMPARE(window->findChild<QLineEdit *>("t")->text(), QString("13"));
+        ValueString local("t", ekStateUsable);
+        local.SetValue("14", nullptr);
+        QVERIFY(form->SetVTValue(&local, nullptr, true));
+        QCOMPARE(parameters.size(), 1);
+        QVERIFY(form->GetXmlString(true).contains("<t>14</t>"));
+    }
+
+    void limitsAndItemsAreCopied()
+    {
+        ValueDouble from("n", ekStateUsable);
+        from.SetMinMax(-5, 50, 2.5, nullptr);
+        from.SetValue(20, nullptr);
+        ValueDouble to("n", ekStateUsable);
+        OrbelFormular::InitVTValue(&to, &from, nullptr);
+        QCOMPARE(QList<double>({to.GetMin(), to.GetMax(), to.GetStep(), to.GetValue()}), QList<double>({-5, 50, 2.5, 20}));
+        ValueInt other("n", ekStateUsable);
+        OrbelFormular::InitVTValue(&other, &from, nullptr);
+        QVERIFY2(other.GetMax() != 50, "nodes of different types have nothing to copy");
+
+        ValueSelection items("s", ekStateUsable);
+        items.AddItem("One", 5, 1, nullptr);
+        items.AddItem("Two", 6.25, 2, nullptr);
+        Watcher watcher;
+        ValueSelection copy("s", ekStateUsable);
+        OrbelFormular::InitVTValue(&copy, &items, nullptr);
+        copy.AddObserver(&watcher);
+        QCOMPARE(copy.GetItemIndex(1)->GetValue(), 6.25);
+        OrbelFormular::InitVTValue(&copy, &items, nullptr);
+        QVERIFY2(watcher.Log.isEmpty(), "equal items are left alone");
+
+        const Form form = Bind("<ZkParamGui><Enums><Enum name='mode'/></Enums><Sheet name='sheet'>"
+            + Widget("n", "SpecialObject_Generic") + "</Sheet></ZkParamGui>");
+        form->InitVTValue("n", &from);
+        OrbelDelegate *n = Delegate(form, "n");
+        QCOMPARE(n->property("minimum"), QVariant(-5.0));
+        QCOMPARE(n->property("maximum"), QVariant(50.0));
+        QCOMPARE(n->property("singleStep"), QVariant(2.5));
+        form->InitVTValue("none", &from);
+        form->InitVTValue("n", nullptr);
+
+        const QStringList identifiers{"first"};
+        form->InitEnumeration("mode", &items, &identifiers);
+        const auto values = form->GetEnum("mode");
+        QCOMPARE(values->GetValueAt(0).GetValue(), QString("first"));
+        QCOMPARE(values->GetValueAt(0).GetEnumIdentifier(), QString("MODE_first"));
+        QCOMPARE(values->GetValueAt(1).GetDisplayName(), QString("Two"));
+        QCOMPARE(values->GetValueAt(1).GetValue(), QString("6.25"));
+        form->InitEnumeration("mode", nullptr, nullptr);
+        form->InitEnumeration("none", &items, nullptr);
+        QCOMPARE(form->GetEnum("none")->GetValueCount(), 0);
+        QCOMPARE(values->GetValueCount(), 2);
+    }
+
+    void formAndWindowMayGoInAnyOrder()
+    {
+        for (bool windowFirst : {true, false}) {
+            Form form = GroupForm();
+            form->CreateGUI(true);
+            std::unique_ptr<QWidget> window(form->GetGUI());
+            window->show();
+            if (windowFirst) {
+                window.reset();
+                form->GetSheet().SetCollapsed({"h1"});
+                form->EnableInput(false);
+                Delegate(form, "b")->setProperty("text", "x");
+                form->SetVTValue("b", "y", nullptr, true);
+                QVERIFY(!form->GetGUI());
+            }
+            form.reset();
+            if (window)
+                QTest::mouseClick(window->findChild<QWidget *>("a"), Qt::LeftButton);
+        }
+    }
+
+    void aHandlerMayEndTheForm()
+    {
+        Form form = Bind(Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true"}) + Widget("b", "CheckBox")));
+        form->CreateGUI(false);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        connect(form.data(), &OrbelFormular::si_parametersModified, [&] { form.reset(); });
+        window->show();
+        QTest::mouseClick(window->findChild<QWidget *>("a"), Qt::LeftButton);
+        QVERIFY(!form);
+    }
+};
+
+ORBEL_TEST_MAIN(TestFormular)
+#include "tst_formular.moc"

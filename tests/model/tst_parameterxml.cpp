@@ -1,0 +1,193 @@
+// The way of values into a parameter document and back, and the modified state along it.
+
+#include "forms.h"
+#include "orbelsheetui.h"
+#include "testmain.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+Form Build(const QString &definition)
+{
+    Form form = Bind(definition);
+    form->CreateGUI(true);
+    return form;
+}
+
+QString Check(const QString &name, const QString &tag)
+{
+    return Widget(name, "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + tag});
+}
+
+/// The document without the blanks of its formatting.
+QString Compact(const QString &xml)
+{
+    QString text = xml.simplified();
+    return text.replace("> <", "><");
+}
+
+} // namespace
+
+class TestParameterXml : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        Window.reset();
+        QCOMPARE(LeftOver(), QString());
+    }
+
+    void documentMirrorsTheTags()
+    {
+        const Form form = Build(Definition(Check("a", "g/x") + Widget("silent", "CheckBox", {"parameterXmlTag=String:g/s"})
+            + Check("b", "/h//x") + Check("c", "g/y") + Check("d", "g/x") + Check("e", "only/inner")));
+        Window.reset(form->GetGUI());
+        form->GetSheet().SelectWidgets({"only/inner"}, false);
+        QCOMPARE(Compact(form->GetXmlString(false)),
+            QString("<Parameters><g><x>false</x><y>false</y><x>false</x></g><h><x>false</x></h><only/></Parameters>"));
+        QVERIFY2(form->GetXmlString(false).startsWith('\n'), "no document start is written");
+    }
+
+    void rootCarriesTypeAndAttributes()
+    {
+        const Form form = Build(Definition(
+            "<Properties><Property name='parametersXmlRootTag'><String>Rx</String></Property>"
+            "<Property name='parametersXmlTypeAttribute'><String>Foo</String></Property>"
+            "<Property name='Attribute_Site'><String>set</String></Property>"
+            "<Property name='Attribute_None'><String>not declared</String></Property></Properties>"
+            "<CustomProperties><Property name='Attribute_Zone'><String>unused</String></Property>"
+            "<Property name='Attribute_Site'><String>unused</String></Property></CustomProperties>"
+            + Check("a", "a")));
+        Window.reset(form->GetGUI());
+        QCOMPARE(Compact(form->GetEmptyXmlElement()), QString("<Rx type=\"Foo\" Site=\"set\" Zone=\"\"/>"));
+        form->SetXmlString("<Parameters><a>true</a></Parameters>");
+        QVERIFY(!Delegate(form, "a")->property("checked").toBool());
+        form->SetXmlString("<x><Rx><a>true</a></Rx></x>");
+        QVERIFY(Delegate(form, "a")->property("checked").toBool());
+    }
+
+    void onlyWhatChangedIsWritten()
+    {
+        const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b") + Check("c", "g/c")));
+        Window.reset(form->GetGUI());
+        auto *apply = Window->findChild<QPushButton *>("applyButton");
+        QCOMPARE(form->GetXmlString(true), QString());
+
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY(apply->isEnabled() && form->GetSheet().isWidgetModified());
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><g><a>true</a></g></Parameters>"));
+        QVERIFY(!apply->isEnabled() && !Delegate(form, "a")->isModified());
+        QCOMPARE(form->GetXmlString(true), QString());
+
+        Window->findChild<QCheckBox *>("a")->click();
+        form->GetXmlString(false);
+        QCOMPARE(form->GetXmlString(true), QString());
+    }
+
+    void unselectedWidgetsStayOutThoughModified()
+    {
+        const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b")));
+        Window.reset(form->GetGUI());
+        form->GetSheet().SelectWidgets({"g/a"}, false);
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY2(!form->GetSheet().isWidgetModified(), "an unselected widget does not count");
+        Window->findChild<QCheckBox *>("b")->click();
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><g/><h><b>true</b></h></Parameters>"));
+        QVERIFY(Delegate(form, "a")->isModified());
+        form->SelectWidgets(QStringList(), true);
+        QVERIFY(form->GetXmlString(false).contains("<a>true</a>"));
+    }
+
+    void aSheetMayAskForAllParameters()
+    {
+        const Form form = Build(Definition(
+            "<Properties><Property name='emitOnlyModifiedParameters'><Bool>false</Bool></Property></Properties>"
+            + Check("a", "a") + Check("b", "b")));
+        Window.reset(form->GetGUI());
+        Window->findChild<QCheckBox *>("a")->click();
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><a>true</a><b>false</b></Parameters>"));
+    }
+
+    void readingTakesElementsInAnyOrder()
+    {
+        const Form form = Build(Definition(Check("a", "g/x") + Check("b", "h/x") + Check("c", "g/x") + Check("d", "y")));
+        Window.reset(form->GetGUI());
+        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        form->SetXmlString("<Parameters><y>true</y><h><none><x/></none><x>true</x></h><g/><g><x>true</x><x>true</x></g>"
+                           "</Parameters><Parameters>");
+        QStringList checked;
+        for (const char *name : {"a", "b", "c", "d"}) {
+            if (Delegate(form, name)->property("checked").toBool())
+                checked << name;
+            QVERIFY(!Delegate(form, name)->isModified());
+        }
+        QCOMPARE(checked.join(' '), QString("a b d"));
+        QVERIFY(parameters.isEmpty() && !form->GetSheet().isModified() && form->GetSheet().isActive());
+    }
+
+    void aDocumentIsReadAsFarAsItGoes()
+    {
+        const Form form = Build(Definition(Check("a", "a") + Check("b", "b")));
+        Window.reset(form->GetGUI());
+        form->SetXmlString("<Parameters><a>true</a><b>tr");
+        QVERIFY(Delegate(form, "a")->property("checked").toBool());
+        QVERIFY(form->GetSheet().isActive());
+    }
+
+    void outputReadBackGivesTheSame()
+    {
+        const QString body = Check("a", "g/a") + Widget("t", "LineEdit", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/t",
+                                                     "unit=String:dB", "text=String:x"});
+        const Form form = Build(Definition(body));
+        Window.reset(form->GetGUI());
+        form->SetVTValue("g/t", "<ä & \"b\">\n ", nullptr, false);
+        form->SetVTValue("a", "true", nullptr, false);
+        const QString xml = form->GetXmlString(false);
+        const Form other = Parse(Definition(body));
+        other->CreateValueTree("/Other");
+        other->SetXmlString(xml);
+        QCOMPARE(other->GetXmlString(false), xml);
+    }
+
+    void aControlWithoutParameterXmlNeverBecomesModified()
+    {
+        const Form form = Build(Definition(Widget("a", "CheckBox") + Check("b", "b")));
+        Window.reset(form->GetGUI());
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY(!Delegate(form, "a")->isModified() && !form->GetSheet().isModified());
+        Window->findChild<QCheckBox *>("b")->click();
+        Delegate(form, "b")->setGenerateParameterXml(false);
+        QVERIFY(Delegate(form, "b")->isModified());
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters/>"));
+    }
+
+    void applyAnnouncesOnlyWhatIsPending()
+    {
+        const Form form = Build(Definition(Check("a", "a")));
+        Window.reset(form->GetGUI());
+        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        form->applyNow();
+        QVERIFY(parameters.isEmpty());
+        Window->findChild<QCheckBox *>("a")->click();
+        form->applyNow();
+        form->applyNow();
+        QCOMPARE(parameters.size(), 2);
+    }
+
+private:
+    std::unique_ptr<QWidget> Window;
+};
+
+ORBEL_TEST_MAIN(TestParameterXml)
+#include "tst_parameterxml.moc"

@@ -1,0 +1,55 @@
+#include "xoperator.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QWidget>
+#include <QtTest>
+
+void XOperator::Run(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(ORBEL_XDOTOOL), arguments);
+    // The X server may wait for this application to answer.
+    QTRY_VERIFY2_WITH_TIMEOUT(process.state() == QProcess::NotRunning, "xdotool does not end", 30000);
+    if (process.exitCode() != 0)
+        qWarning("xdotool: %s", process.readAllStandardError().constData());
+}
+
+bool XOperator::Show(QWidget *window)
+{
+    window->move(0, 0);
+    window->show();
+    if (!QTest::qWaitForWindowExposed(window))
+        return false;
+    // There is no window manager to give the focus.
+    Run({"windowfocus", "--sync", QString::number(window->winId())});
+    window->activateWindow();
+    return QTest::qWaitForWindowActive(window);
+}
+
+void XOperator::Click(QWidget *widget, int button)
+{
+    ClickAt(widget, widget->rect().center(), button);
+}
+
+void XOperator::ClickAt(QWidget *widget, const QPoint &point, int button)
+{
+    const QPoint place = widget->mapToGlobal(point);
+    Run({"mousemove", "--sync", QString::number(place.x()), QString::number(place.y()), "click", QString::number(button)});
+}
+
+void XOperator::Hover(QWidget *widget)
+{
+    const QPoint place = widget->mapToGlobal(widget->rect().center());
+    Run({"mousemove", QString::number(place.x()), QString::number(place.y())});
+}
+
+void XOperator::Type(const QString &text)
+{
+    Run({"type", "--delay", "5", text});
+}
+
+void XOperator::Press(const QString &keys)
+{
+    Run({"key", keys});
+}

@@ -1,0 +1,368 @@
+// The command `orbel`: the built program as a process, and the nearest names that its messages give.
+
+#include "nearestnames.h"
+#include "orbelcommand.h"
+#include "testmain.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QtTest>
+
+namespace
+{
+
+const QString Receiver = ORBEL_EXAMPLES_DIR "/forms/receiver.orbel";
+const QString Components = ORBEL_EXAMPLES_DIR "/forms/components.xml";
+
+/// Sits in front of `orbel view` in a process of its own: waits for the window, edits, applies and closes it.
+class Operator : public QObject
+{
+public:
+    Operator() { startTimer(10); }
+
+protected:
+    void timerEvent(QTimerEvent *event) override
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets()) {
+            auto *window = qobject_cast<QMainWindow *>(widget);
+            if (!window || !window->isVisible())
+                continue;
+            killTimer(event->timerId());
+            if (auto *button = window->findChild<QPushButton *>("applyButton"))
+                Apply(window, button);
+            window->close();
+        }
+    }
+
+private:
+    void Apply(QMainWindow *window, QPushButton *button)
+    {
+        auto *edit = window->findChild<QLineEdit *>();
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClicks(edit, "typed");
+        QTest::keyClick(edit, Qt::Key_Return);
+        window->findChild<QCheckBox *>("preamplifier")->click();
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTest::mouseClick(window->findChild<QPushButton *>("connectButton"), Qt::LeftButton);
+    }
+};
+
+void StartOperator()
+{
+    if (qEnvironmentVariableIsSet("ORBEL_OPERATOR"))
+        new Operator;
+}
+
+struct Result {
+    int Status = -1;
+    QString Out;
+    QString Err;
+};
+
+Result Run(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
+        return {-1, process.readAllStandardOutput(), process.errorString() + process.readAllStandardError()};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+Result Orbel(const QStringList &arguments)
+{
+    return Run(ORBEL_COMMAND, arguments, QProcessEnvironment::systemEnvironment());
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(StartOperator)
+
+class TestOrbel : public QObject
+{
+    Q_OBJECT
+
+private:
+    QString Write(const QString &name, const QString &text)
+    {
+        QFile file(Folder.filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 ? file.fileName() : QString();
+    }
+
+    /// A form of two line edits and a script, in a file.
+    QString WriteForm(const QString &script = QString(), const QString &behind = QString())
+    {
+        QString widgets;
+        for (const char *name : {"first", "second"})
+            widgets += QString("<Widget name=\"%1\" class=\"LineEdit\">"
+                               "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>"
+                               "<Property name=\"parameterXmlTag\"><String>Group/%1</String></Property></Widget>")
+                           .arg(name);
+        return Write("form.orbel",
+            "<ZkParamGui><Sheet name=\"sheet\">" + widgets + "<Widget name=\"note\" class=\"Label\"/></Sheet><Script>"
+                + script.toHtmlEscaped() + "</Script></ZkParamGui>" + behind);
+    }
+
+    QTemporaryDir Folder;
+
+private Q_SLOTS:
+    void helpNamesEverySubcommandAndOption_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("words");
+        QTest::newRow("overview") << QStringList{"--help"} << "view render params";
+        QTest::newRow("view") << QStringList{"view", "--help"} << "Usage: orbel view FILE [debug]";
+        QTest::newRow("render") << QStringList{"render", "-h"}
+                                << "orbel render OUT.png --size --font-size --component --style";
+        QTest::newRow("params") << QStringList{"params", "--help"}
+                                << "orbel params --params --set --changed --only-modified --component";
+    }
+
+    void helpNamesEverySubcommandAndOption()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, words);
+        const Result result = Orbel(arguments);
+        QCOMPARE(result.Status, 0);
+        for (const QString &word : words.split(' '))
+            QVERIFY2(result.Out.contains(word), qPrintable(word + " is not in " + result.Out));
+    }
+
+    void mistakesAreToldWithTheirPlace_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("told");
+
+        const QString form = WriteForm();
+        const QString empty = Write("empty.orbel", "");
+        const QString other = Write("other.orbel", "<Form/>");
+        const QString noForms = Write("noforms.xml", "<List><Component name=\"A\"/></List>");
+        const QString cut = Write("cut.orbel", "<ZkParamGui>\n<Sheet name=\"s\">\n");
+        const QString document = Write("other.xml", "<Other/>");
+        const QString broken = Write("broken.xml", "<Parameters>\n<a></b></Parameters>");
+        const QString missing = Folder.filePath("missing.orbel");
+        const QString noFolder = Folder.filePath("none/out.png");
+
+        const auto add = [](const char *name, const QStringList &arguments, int expected, const QString &text) {
+            QTest::newRow(name) << arguments << expected << text;
+        };
+        // clang-format off
+        add("no subcommand", {}, 2, "a subcommand");
+        add("unknown subcommand", {"parms"}, 2, "\"params\"");
+        add("unknown option", {"params", "--sett", form}, 2, "sett");
+        add("no file", {"params"}, 2, "FILE");
+        add("two files", {"params", form, other}, 2, other);
+        add("view: other word than debug", {"view", form, "debgu"}, 2, "debgu");
+        add("view: missing file", {"view", missing}, 1, missing + ": No such file");
+        add("view: no form in it", {"view", other}, 1, other + ": there is no form");
+        add("view: list without a form", {"view", noForms}, 1, noForms + ": there is no form");
+        add("missing file", {"params", missing}, 1, missing + ": No such file");
+        add("folder", {"params", Folder.path()}, 1, Folder.path() + ": Is a directory");
+        add("empty file", {"params", empty}, 1, empty + ": there is no form");
+        add("definition cut off", {"params", cut}, 1, cut + ": line 3: ");
+        add("set without =", {"params", form, "--set", "Group/first"}, 2, "PATH=TEXT");
+        add("set at an unknown path", {"params", form, "--set", "Group/frist=1"}, 2, "nearest are \"Group/first\"");
+        add("set at a control without a value", {"params", form, "--set", "note=1"}, 2, "no value at \"note\"");
+        add("document of another form", {"params", form, "--params", document}, 1, document + ": there is no element");
+        add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
+        add("change without a form", {"params", form, "--changed", document}, 1, document + ": there is no element");
+        add("component of a definition", {"params", form, "--component", "A"}, 2, form + ": it is no component list");
+        add("component not chosen", {"params", Components}, 2, "\"Audio\", \"Site\"");
+        add("component unknown", {"params", Components, "--component", "Sito"}, 2, "nearest are \"Site\"");
+        add("no picture", {"render", form}, 2, "-o OUT.png");
+        add("unknown picture format", {"render", form, "-o", "a.doc"}, 2, "a.doc");
+        add("picture in no folder", {"render", form, "-o", noFolder}, 1, noFolder);
+        add("unknown style", {"render", form, "-o", "a.png", "--style", "nouveau"}, 2, "Fusion");
+        for (const char *size : {"500", "0x10", "10x", "-1x5", "99999x10"})
+            add(size, {"render", form, "-o", "a.png", QString("--size=") + size}, 2, "--size");
+        for (const char *points : {"0", "-3", "big", "9.5"})
+            add(points, {"render", form, "-o", "a.png", QString("--font-size=") + points}, 2, "--font-size");
+        // clang-format on
+    }
+
+    void mistakesAreToldWithTheirPlace()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        QFETCH(QString, told);
+        const Result result = Orbel(arguments);
+        QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
+        QVERIFY2(result.Err.startsWith("orbel: "), qPrintable(result.Err));
+        QCOMPARE(result.Status, status);
+    }
+
+    void paramsPrintsWhatTheFormHolds_data()
+    {
+        QTest::addColumn<QStringList>("options");
+        QTest::addColumn<QString>("printed");
+
+        const auto document = [](const QString &first, const QString &second) {
+            return QString("<Parameters><Group>%1%2</Group></Parameters>")
+                .arg(first.isEmpty() ? "" : "<first>" + first + "</first>",
+                    second.isEmpty() ? "" : "<second>" + second + "</second>");
+        };
+        const QString read = Write("read.xml", document("1", "2"));
+        const QString latin = Folder.filePath("latin.xml");
+        QFile file(latin);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(QString("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + document(QChar(0xe4), "2")).toLatin1());
+        const QString changed = Write("changed.orbel",
+            "<ZkParamGui><Sheet><Widget name=\"second\"><Property "
+            "name=\"parameterXmlTag\"><String>Group/second</String>"
+            "</Property><Property name=\"text\"><String>changed</String></Property></Widget></Sheet></ZkParamGui>");
+
+        const auto add = [](const char *name, const QStringList &options, const QString &printed) {
+            QTest::newRow(name) << options << printed;
+        };
+        // clang-format off
+        add("document read", {"--params", read}, document("1", "2"));
+        add("document in another encoding", {"--params", latin}, document(QChar(0xe4), "2"));
+        add("sets in their order, after the document", {"--set", "first=a", "--set", "Group/first=b=c", "--params", read},
+            document("b=c", "2"));
+        add("changed definition last", {"--changed", changed, "--params", read, "--set", "first=a"}, document("a", "changed"));
+        add("only modified", {"--params", read, "--only-modified", "--set", "first=a"}, document("a", ""));
+        add("nothing modified", {"--params", read, "--only-modified"}, "");
+        // clang-format on
+    }
+
+    void paramsPrintsWhatTheFormHolds()
+    {
+        QFETCH(QStringList, options);
+        QFETCH(QString, printed);
+        Result result = Orbel(QStringList{"params", WriteForm()} + options);
+        QCOMPARE(result.Err, QString());
+        QCOMPARE(result.Out.remove(QRegularExpression("\\n *")), printed);
+        QCOMPARE(result.Status, 0);
+    }
+
+    void paramsFedWithItsOwnOutputPrintsTheSame_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("receiver") << QStringList{"params", Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"};
+        QTest::newRow("component") << QStringList{
+            "params", Components, "--component", "Audio", "--set", "Audio/Mute=true"};
+    }
+
+    void paramsFedWithItsOwnOutputPrintsTheSame()
+    {
+        QFETCH(QStringList, arguments);
+        const Result first = Orbel(arguments);
+        QVERIFY(first.Out.startsWith('<'));
+        QStringList again = arguments.mid(0, arguments.indexOf("--set"));
+        const Result second = Orbel(again << "--params" << Write("fed.xml", first.Out));
+        QCOMPARE(second.Out, first.Out);
+        QCOMPARE(second.Status, 0);
+    }
+
+    void scriptsSpeakOnStandardError_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("printed") << "print('hello', 1 + 1)"
+                                 << "hello 2\n";
+        QTest::newRow("exception") << "missing.text = 1"
+                                   << "ReferenceError";
+        QTest::newRow("exception in a handler") << "first.textChanged.connect(function () { missing.text = 1 })"
+                                                << "form.orbel: script: ReferenceError";
+    }
+
+    void scriptsSpeakOnStandardError()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, said);
+        const Result result = Orbel({"params", WriteForm(script), "--set", "first=a"});
+        QVERIFY2(result.Err.contains(said), qPrintable(result.Err));
+        QVERIFY2(result.Out.startsWith("<Parameters>"), qPrintable(result.Out));
+        QCOMPARE(result.Status, 0);
+    }
+
+    void malformedFormIsUsedAsFarAsItWasRead()
+    {
+        const Result result = Orbel({"params", WriteForm(QString(), "<<"), "--set", "first=a"});
+        QVERIFY2(result.Out.contains("<first>a</first>"), qPrintable(result.Out));
+        QCOMPARE(result.Status, 1);
+    }
+
+    void renderDrawsWithoutADisplay()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(name);
+        const auto draw = [&](const QStringList &options) {
+            const QString path = Folder.filePath("out.png");
+            QFile::remove(path);
+            const Result result = Run(ORBEL_COMMAND, QStringList{"render", "-o", path} + options, environment);
+            return result.Status == 0 && result.Err.isEmpty() ? QImage(path) : QImage();
+        };
+        const QImage plain = draw({Receiver});
+        QCOMPARE(plain.width(), 500);
+        QCOMPARE(draw({Receiver, "--size", "640x200"}).size(), QSize(640, 200));
+        QVERIFY2(draw({Receiver, "--font-size", "24"}).height() > plain.height(),
+            "the picture is as high as the form needs");
+        const QImage fusion = draw({Receiver, "--size", "640x200", "--style", "fusion"});
+        const QImage windows = draw({Receiver, "--size", "640x200", "--style", "Windows"});
+        QVERIFY(!fusion.isNull() && !windows.isNull() && fusion != windows);
+        QVERIFY(draw({Components, "--component", "Audio"}) != draw({Components, "--component", "Site"}));
+
+        const Result view = Run(ORBEL_COMMAND, {"view", Receiver}, environment);
+        QCOMPARE(view.Status, 1);
+        QVERIFY2(view.Err.contains("there is no display"), qPrintable(view.Err));
+    }
+
+    void viewPrintsEachAppliedDocument()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("ORBEL_OPERATOR", "1");
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        const Result form = Run(QCoreApplication::applicationFilePath(), {"view", Receiver}, environment);
+        QCOMPARE(form.Status, 0);
+        QVERIFY2(form.Out.startsWith("<ReceiverSettings"), qPrintable(form.Out + form.Err));
+        QVERIFY2(form.Out.contains("<Name>typed</Name>"), qPrintable(form.Out));
+        QVERIFY2(form.Out.contains("<Preamplifier>on</Preamplifier>"), qPrintable(form.Out));
+        QCOMPARE(form.Err, QString("connect 192.168.0.10\n"));
+
+        const Result list = Run(QCoreApplication::applicationFilePath(), {"view", Components}, environment);
+        QCOMPARE(list.Status, 0);
+        QCOMPARE(list.Out + list.Err, QString());
+    }
+
+    void nearestNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("nearest");
+        QTest::newRow("same name") << "gain"
+                                   << "gain,agc";
+        QTest::newRow("letter too many, other case") << "GAINS"
+                                                     << "gain,agc";
+        QTest::newRow("letter missing in the middle") << "antena"
+                                                      << "antenna,agc";
+        QTest::newRow("letter exchanged") << "abc"
+                                          << "agc,gain";
+        QTest::newRow("equally near ones in list order") << "xyzw"
+                                                         << "agc,gain";
+    }
+
+    void nearestNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, nearest);
+        QCOMPARE(NearestNames(name, {"antenna", "agc", "gain", "agc"}, 2).join(','), nearest);
+        QCOMPARE(NearestNames(name, {}, 2), QStringList());
+    }
+};
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsSet("ORBEL_OPERATOR"))
+        return RunOrbel(argc, argv);
+    TestOrbel test;
+    return RunOrbelTest(&test, argc, argv);
+}
+
+#include "tst_orbel.moc"

@@ -1,0 +1,288 @@
+// The form viewer and the plug-in entry, linked into the test.
+
+#include "errorhandler.h"
+#include "forms.h"
+#include "loadinterface.h"
+#include "lxexception.h"
+#include "orbelformular.h"
+#include "orbeltest.h"
+#include "orbeltestmain.h"
+#include "testmain.h"
+#include "tree.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QtTest>
+
+#include <stdexcept>
+
+using namespace KV218;
+
+namespace
+{
+
+QStringList Told;
+
+void Listen(QtMsgType, const QMessageLogContext &context, const QString &text)
+{
+    if (qstrcmp(context.category, "orbel.viewer") == 0)
+        Told << text;
+}
+
+const QString MuteForm = forms::Definition(
+    forms::Widget("mute", "CheckBox", {"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"}));
+
+QString Component(const QString &name)
+{
+    return QString("<Component name=\"%1\"/>").arg(name);
+}
+
+QString Definition(const QString &id, const QString &text)
+{
+    return QString("<ValueString id=\"%1\" value=\"%2\"/>").arg(id, text.toHtmlEscaped());
+}
+
+/// Records what the error handler is given.
+class HandlerLog : public IErrorHandler
+{
+public:
+    HandlerLog() { ErrorHandler::Instance().SetInterface(this); }
+    ~HandlerLog() override { ErrorHandler::Instance().SetInterface(nullptr); }
+
+    void TakeException(const LxException &e) override { Log << "take " + Spell(e); }
+    void ReportException(const LxException &e, int context, unsigned int code, int severity, int flags) override
+    {
+        Log << QString("report %1 %2 %3 %4 ").arg(context).arg(code, 0, 16).arg(severity).arg(flags) + Spell(e);
+    }
+
+    QStringList Log;
+
+private:
+    static QString Spell(const LxException &e)
+    {
+        return QStringList{e.GetMessage(), e.GetSourceFile(), e.GetClassName(), e.GetMethod()}.join(' ')
+            + QString(" %1").arg(e.GetCode(), 0, 16);
+    }
+};
+
+} // namespace
+
+class TestViewer : public QObject
+{
+    Q_OBJECT
+
+private:
+    QString Write(const QString &name, const QString &text)
+    {
+        QFile file(Folder.filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 ? file.fileName() : QString();
+    }
+
+    /// Calls Init with arguments behind the four of the frame, of which there may be fewer.
+    bool Init(const QStringList &own, int frameArguments = 4)
+    {
+        QList<QByteArray> arguments;
+        for (int i = 0; i < frameArguments; ++i)
+            arguments << "frame";
+        for (const QString &argument : own)
+            arguments << argument.toLocal8Bit();
+        QVector<const char *> pointers;
+        for (const QByteArray &argument : qAsConst(arguments))
+            pointers << argument.constData();
+        return Viewer->Init(pointers.size(), pointers.data());
+    }
+
+    QTabWidget *Tabs() const { return qobject_cast<QTabWidget *>(Viewer->GetWindow()->centralWidget()); }
+
+    QTemporaryDir Folder;
+    QScopedPointer<OrbelTest> Viewer;
+    QtMessageHandler FormerHandler = nullptr;
+
+private Q_SLOTS:
+    void init()
+    {
+        Told.clear();
+        FormerHandler = qInstallMessageHandler(Listen);
+        Viewer.reset(new OrbelTest("viewer"));
+    }
+
+    void cleanup()
+    {
+        qInstallMessageHandler(FormerHandler);
+        delete Viewer->GetWindow();
+        delete Viewer->GetFormular();
+        Viewer.reset();
+    }
+
+    void tooFewArgumentsShowNothing()
+    {
+        QVERIFY(Init({Write("a.orbel", MuteForm)}, 3));
+        QVERIFY(!Viewer->GetWindow()->isVisible());
+        QVERIFY(!Viewer->GetWindow()->centralWidget());
+        QCOMPARE(Viewer->GetInstanceName(), QString("viewer"));
+    }
+
+    void definitionStandsInTheWindowWithAnApplyRow()
+    {
+        QVERIFY(Init({Write("mute.orbel", MuteForm), "other"}));
+        QVERIFY(Viewer->GetWindow()->isVisible());
+        QCOMPARE(Viewer->GetWindow()->centralWidget(), Viewer->GetFormular()->GetGUI());
+        QVERIFY(Viewer->GetFormular()->GetGUI()->isVisible());
+        QVERIFY(Viewer->GetWindow()->findChild<QPushButton *>("applyButton"));
+        QCOMPARE(Viewer->GetFormular()->GetVTPath(), QString("/OrbelTest"));
+        QCOMPARE(Viewer->GetWindow()->sizeHint(), QSize(500, 800));
+        QVERIFY(Told.isEmpty());
+    }
+
+    void applyTellsTheWholeDocument()
+    {
+        Init({Write("mute.orbel", MuteForm)});
+        auto *box = Viewer->GetWindow()->findChild<QCheckBox *>("mute");
+        QVERIFY(box);
+        box->click();
+        QTest::mouseClick(Viewer->GetWindow()->findChild<QPushButton *>("applyButton"), Qt::LeftButton);
+        QCOMPARE(Told.size(), 1);
+        QVERIFY2(Told[0].startsWith("sl_parametersModified:\n"), qPrintable(Told[0]));
+        QVERIFY2(Told[0].contains("<mute>true</mute>"), qPrintable(Told[0]));
+        QVERIFY(Told[0].endsWith("\n"));
+        QCOMPARE(Viewer->GetFormular()->GetXmlString(true), QString());
+    }
+
+    void unreadableDefinitionIsToldAndNotShown_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("no form in it") << "<Form/>";
+        QTest::newRow("empty file") << "";
+    }
+
+    void unreadableDefinitionIsToldAndNotShown()
+    {
+        QFETCH(QString, text);
+        const QString path = Write("bad.orbel", text);
+        QVERIFY(Init({path}));
+        QCOMPARE(Told, QStringList("** LoadOrbel: Cannot load " + path + "\n"));
+        QVERIFY(!Viewer->GetWindow()->isVisible());
+    }
+
+    void componentListGetsATabForEachForm_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<QString>("titles");
+
+        const QString form = Definition("ORBEL", MuteForm);
+        const QString one = Component("One");
+        const QString two = Component("Two");
+        QTest::newRow("two components") << "list.xml" << one + form + two + form << "One;Two;";
+        QTest::newRow("form before the first component has no title") << "list.xml" << form + one << ";";
+        QTest::newRow("two forms of one component") << "list.xml" << one + form + form << "One;One;";
+        QTest::newRow("value of another id") << "list.xml" << one + Definition("orbel", MuteForm) << "";
+        QTest::newRow("what is no form") << "list.xml" << one + Definition("ORBEL", "<Form/>") + two + form << "Two;";
+        QTest::newRow("ending in capitals means a list") << "mute.ORBEL" << form << ";";
+        QTest::newRow("malformed behind the first form") << "list.xml" << one + form + "<<"
+                                                         << "One;";
+        QTest::newRow("missing file still opens the window") << ""
+                                                             << ""
+                                                             << "";
+    }
+
+    void componentListGetsATabForEachForm()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, list);
+        QFETCH(QString, titles);
+        QVERIFY(Init({name.isEmpty() ? Folder.filePath("missing.xml") : Write(name, "<List>" + list + "</List>")}));
+        QVERIFY(Viewer->GetWindow()->isVisible());
+        QVERIFY(Tabs());
+        QString found;
+        for (int i = 0; i < Tabs()->count(); ++i)
+            found += Tabs()->tabText(i) + ";";
+        QCOMPARE(found, titles);
+        QVERIFY(!Tabs()->findChild<QPushButton *>("applyButton"));
+        QVERIFY(!Viewer->GetFormular());
+        QVERIFY(Told.isEmpty());
+    }
+
+    void formsOfAListAreNumberedInTheValueTree()
+    {
+        const QString none = Definition("ORBEL", "<Form/>");
+        const QString form = Definition("ORBEL", forms::Definition(forms::Widget("numbered", "CheckBox")));
+        Init({Write("list.xml", "<List>" + none + form + none + form + "</List>")});
+        QCOMPARE(Tree::Instance()->GetPaths().filter("numbered"),
+            (QStringList{"/OrbelTest/Form_1/numbered", "/OrbelTest/Form_2/numbered"}));
+    }
+
+    void closingTheWindowEndsTheApplication()
+    {
+        Init({Write("mute.orbel", MuteForm)});
+        QTimer::singleShot(0, Viewer->GetWindow(), &QWidget::close);
+        QCOMPARE(QApplication::exec(), 0);
+        QVERIFY(!Viewer->GetWindow()->isVisible());
+    }
+
+    void entryMakesAndDestroysTheViewer()
+    {
+        IDllInstance *instance = LxCreate(L"Stra\u00dfe");
+        QVERIFY(dynamic_cast<OrbelTest *>(instance));
+        QCOMPARE(instance->GetInstanceName(),
+            QString::fromUtf8("Stra\xc3\x9f"
+                              "e"));
+        const QPointer<OrbelTestMain> window = dynamic_cast<OrbelTest *>(instance)->GetWindow();
+        QVERIFY(!window->isVisible());
+        const QPointer<QObject> watched = dynamic_cast<OrbelTest *>(instance);
+        LxDestroy(instance);
+        QVERIFY(!watched);
+        QVERIFY(window);
+        delete window;
+        LxDestroy(nullptr);
+    }
+
+    void failedConstructionIsTracedAndHandedOver_data()
+    {
+        QTest::addColumn<bool>("own");
+        QTest::addColumn<unsigned int>("mask");
+        QTest::addColumn<QString>("trace");
+        QTest::addColumn<QString>("exception");
+
+        const QString own = "broken file.cpp Class Method 7";
+        const QString standard = "broken loadinterface class method ffffffff";
+        QTest::newRow("exception of the host") << true << 32u << "LxException caught in standard catch-block" << own;
+        QTest::newRow("exception of the language")
+            << false << 32u << "Standard C++ Exception caught in standard catch-block" << standard;
+        QTest::newRow("no trace without its bit") << false << ~32u << "" << standard;
+    }
+
+    void failedConstructionIsTracedAndHandedOver()
+    {
+        QFETCH(bool, own);
+        QFETCH(unsigned int, mask);
+        QFETCH(QString, trace);
+        QFETCH(QString, exception);
+        HandlerLog handler;
+        QStringList traces;
+        ErrorHandler &errors = ErrorHandler::Instance();
+        const ErrorHandler::Sink formerSink = errors.SetSink([&](const QString &line) { traces << line; });
+        errors.SetTraceMask(mask);
+        IDllInstance *instance = CreateInstance([own]() -> IDllInstance * {
+            if (own)
+                throw LxException("broken", "file.cpp", "Class", "Method", 1, 7);
+            throw std::runtime_error("broken");
+        });
+        errors.SetTraceMask(0);
+        errors.SetSink(formerSink);
+        QVERIFY(!instance);
+        QCOMPARE(handler.Log, (QStringList{"take " + exception, "report 0 ffffffff 1 0 " + exception}));
+        QCOMPARE(traces.size(), trace.isEmpty() ? 0 : 1);
+        QVERIFY(traces.join("").contains(trace));
+    }
+
+    void exceptionsOfOtherTypesPass()
+    {
+        QVERIFY_EXCEPTION_THROWN(CreateInstance([]() -> IDllInstance * { throw 1; }), int);
+    }
+};
+
+ORBEL_TEST_MAIN(TestViewer)
+
+#include "tst_viewer.moc"
