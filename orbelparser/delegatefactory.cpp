@@ -1,12 +1,25 @@
 #include "delegatefactory.h"
 
+#include "orbelchannelspacingtable.h"
 #include "orbelcheckbox.h"
+#include "orbelcombobox.h"
 #include "orbeldelegate.h"
+#include "orbeldoublespinbox.h"
+#include "orbeldoublespinboxlist.h"
 #include "orbelheadline.h"
+#include "orbelhidden.h"
+#include "orbelhiddenlist.h"
+#include "orbelhiddenmap.h"
+#include "orbelhiddentable.h"
+#include "orbelint64spinbox.h"
 #include "orbellabel.h"
 #include "orbellineedit.h"
 #include "orbelpushbutton.h"
+#include "orbelscriptcontrol.h"
 #include "orbelseparator.h"
+#include "orbelspinbox.h"
+#include "orbelspinboxlist.h"
+#include "orbeltable.h"
 
 #include <QMap>
 
@@ -35,14 +48,30 @@ template <bool isHeadline> OrbelDelegate *MakeSeparator(OrbelWidget *widget)
 
 // clang-format off
 constexpr Row Table[] = {
+    {"ComboBox",              Make<OrbelComboBox>},
     {"CheckBox",              Make<OrbelCheckBox>},
     {"Headline",              Make<OrbelHeadline>},
+    {"SpinBox",               Make<OrbelSpinBox>},
+    {"DoubleSpinBox",         Make<OrbelDoubleSpinBox>},
+    {"BandwidthEdit",         Make<OrbelInt64SpinBox>},
+    {"BaudRateSpinBox",       Make<OrbelDoubleSpinBox>},
+    {"ChannelSpacingTable",   Make<OrbelChannelSpacingTable>},
+    {"DoubleSpinBoxList",     Make<OrbelDoubleSpinBoxList>},
+    {"FrequencyOffsetEdit",   Make<OrbelInt64SpinBox>},
+    {"HiddenList",            Make<OrbelHiddenList>},
+    {"ScriptControl",         Make<OrbelScriptControl>},
+    {"HiddenMap",             Make<OrbelHiddenMap>},
+    {"HiddenParameter",       Make<OrbelHidden>},
+    {"HiddenTable",           Make<OrbelHiddenTable>},
     {"IPEdit",                Make<OrbelLineEdit>},
     {"LineEdit",              Make<OrbelLineEdit>},
     {"PushButton",            Make<OrbelPushButton>},
     {"Label",                 Make<OrbelLabel>},
     {"Separator",             MakeSeparator<true>},
     {"FixedSpacer",           MakeSeparator<false>},
+    {"ShiftList",             Make<OrbelDoubleSpinBoxList>},
+    {"SpinBoxList",           Make<OrbelSpinBoxList>},
+    {"TableWidget",           Make<OrbelTable>},
     {"SpecialObject_Generic", Make<OrbelDelegate>},
     {"SpecialObject_WDE",     Make<OrbelDelegate>},
 };

@@ -1,6 +1,7 @@
 #include "floatgrouparranger.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -23,8 +24,9 @@ void Widen(int &width, int other)
 } // namespace
 
 FloatGroupArranger::FloatGroupArranger(
-    const QVector<FloatGroupItem> &measuredItems, int horizontalSpacing, int verticalSpacing)
-    : items(measuredItems), horizontalSpacing(Bounded(horizontalSpacing)), verticalSpacing(Bounded(verticalSpacing))
+    QVector<FloatGroupItem> measuredItems, int horizontalSpacing, int verticalSpacing)
+    : items(std::move(measuredItems)), horizontalSpacing(Bounded(horizontalSpacing)),
+      verticalSpacing(Bounded(verticalSpacing))
 {
     for (FloatGroupItem &item : items) {
         item.width = Bounded(item.width);
@@ -78,8 +80,8 @@ FloatGroupArranger::Columns FloatGroupArranger::scanItems() const
 }
 
 /// Whether a section line opens no section of its own: when nothing visible stands between it and the line before, or
-/// neither a line nor anything visible behind it. Both searches end at the next line, so all of them together pass over
-/// each item twice at most; asked of items that are no lines they would not.
+/// neither a line nor anything visible behind it. The searches end at the neighbouring lines, so that all lines
+/// together cost one pass; items that are no lines must not ask.
 bool FloatGroupArranger::skipSection(int index) const
 {
     for (int i = index - 1; i >= 0; --i) {
@@ -97,8 +99,8 @@ bool FloatGroupArranger::skipSection(int index) const
 
 void FloatGroupArranger::scanSections(const Columns &sections, int columnCount, int width)
 {
-    // Each retry that fails raises the number of sections in a column, the quotient n / columnCount taken upward. It takes
-    // fewer than 2 * sqrt(n) values, and so there are no more retries than that.
+    // Each retry that fails raises the number of sections in a column, the quotient n / columnCount taken upward. It
+    // takes fewer than 2 * sqrt(n) values, and so there are no more retries than that.
     int fitting = dealSections(sections, columnCount, width);
     while (fitting < columnCount) {
         columnCount = fitting;

@@ -17,10 +17,10 @@
 class FloatGroupArranger
 {
 public:
-    FloatGroupArranger(const QVector<FloatGroupItem> &items, int horizontalSpacing, int verticalSpacing);
+    FloatGroupArranger(QVector<FloatGroupItem> measuredItems, int horizontalSpacing, int verticalSpacing);
 
-    /// There must be an item. `width` is the width available; a `columnCount` out of 1 .. number of sections asks for as
-    /// many screen columns as fit.
+    /// There must be an item. `width` is the width available; a `columnCount` out of 1 .. number of sections asks for
+    /// as many screen columns as fit.
     void arrange(int width, int columnCount);
 
     /// A rectangle for each item; empty before arrange().

@@ -15,7 +15,7 @@ struct FloatGroupColumn {
     int rowWidth = 0;
     /// The widest section line with the horizontal spacing.
     int sectionWidth = 0;
-    /// Where the flow of a screen column stood when the placing went on to another line or column; 0 until then, and in a
-    /// section.
+    /// Where the flow of a screen column stood when the placing went on to another line or column; 0 until then, and in
+    /// a section.
     int flowY = 0;
 };

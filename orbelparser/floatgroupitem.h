@@ -11,10 +11,10 @@ struct FloatGroupItem {
         ItemList = 16 ///< is a widget whose own layout holds a list; the widgets in it get its width as their minimum
     };
 
-    int flags;
+    int flags = 0;
     /// The item's size hint. One without height is invisible and makes its row no higher.
-    int width;
-    int height;
+    int width = 0;
+    int height = 0;
     /// The gap that a section line wants above itself; of no meaning in other items.
-    int topMargin;
+    int topMargin = 0;
 };

@@ -1,71 +1,86 @@
 #pragma once
 
-#include "floatgroupcolumn.h"
 #include "orbelexport.h"
 
 #include <QLayout>
 #include <QList>
 #include <QPointer>
-#include <QScrollArea>
+#include <QRect>
+#include <QVector>
 
 class QGroupBox;
 class QLabel;
+class QScrollArea;
+struct FloatGroupItem;
 
-/// Lays a flat list of items out as a form that flows into as many screen columns as the width allows.
+/// Lays a flat list of items out as a form that flows into as many screen columns as fit the width.
 ///
-/// Items carry flags, and these alone tell how the list folds. An item with ItemGroup starts a row; an item with
-/// ItemSection is a line across its column and starts a section, which stays whole inside one screen column. Sections are
-/// dealt out evenly, in their order. Inside a screen column row labels and the controls behind them align.
+/// Building. Items stand in the order in which they are added. Marks, and nothing else, tell how the list folds into
+/// rows and sections. A mark always goes to the *next* item to be added, and marks for the same item add up:
 ///
-/// A flag is set for the *next* item to be added:
+///     layout->addHeadline("Receiver", 10, "headline");   // starts a section
+///     layout->addLabel("Gain", "labelgain");             // starts a row
+///     layout->addWidget(spinBox);                        // stands behind the label
+///     layout->addGroup();                                // what comes next starts a row
 ///
-///     layout->addLabel("Gain", "labelgain");    // starts a row
-///     layout->addWidget(spinBox);               // stands behind the label
-///     layout->addGroup();                       // what comes next starts a row
+/// Arrangement. A *row* (group) begins at the left edge of its screen column; its items follow one another to the
+/// right. A *section* begins with a line across the screen column. It stays whole inside one screen column, and
+/// sections are the only places where a form breaks. All columns take the same number of sections, in their order; the
+/// last ones may stay short. Inside a screen column row labels get the width of the widest of them, and the items
+/// behind them at least the width of the widest that stands second in its row. With a single column, a row too wide for
+/// the form folds.
 ///
-/// The arrangement is computed once and kept until the next invalidate(), whatever width is asked for meanwhile. Contents
-/// margins, alignment and the origin of the rectangle play no part. All sizes are pixels.
+/// A section line with nothing visible before the next one, or with nothing behind it at all, opens no section: of
+/// lines in a run the first counts. Hidden widgets add no height, but take their width in a row.
+///
+/// Requests. sizeHint() asks for one screen column; heightForWidth() and setGeometry() for as many as fit. Whoever asks
+/// first fixes the arrangement, whatever others ask for later, until the next change of the items or invalidate().
+/// Contents margins, alignment, and the origin of the rectangle play no part. All lengths are pixels.
+///
+/// A layout belongs to the thread of its widgets.
 class ORBEL_EXPORT FloatGroupLayout : public QLayout
 {
     Q_OBJECT
 
 public:
-    /// What an item is; flags add up.
-    enum ItemFlag {
-        ItemGroup = 1, ///< starts a row
-        ItemSection = 2, ///< is the line over a section
-        ItemLabel = 4, ///< is a row label: as wide as the label column, at most 24 high
-        ItemSpecial = 8, ///< keeps its own width
-        ItemList = 16 ///< holds a list of widgets, which get its width
-    };
-
     explicit FloatGroupLayout(QWidget *parent);
-    /// The layout of the area's widget, which must be set; no wider than the area.
+    /// The layout of the area's widget, which must have been set; it becomes no wider than the area, and it gives that
+    /// widget the arranged size as minimum size.
     explicit FloatGroupLayout(QScrollArea *area);
+    /// Deletes the items; the widgets stay with their parent.
     ~FloatGroupLayout() override;
 
+    /// The next item starts a row.
     void addGroup();
+    /// The next item keeps its own width and does not count for the width of the controls.
     void addSpecial();
+    /// The next item is a widget with a layout of its own; the widgets in it get the item's width as minimum width.
     void addList();
-    /// Each of these makes a child of parentWidget() with `name` as object name, and adds it.
-    void addSection(const char *name);
-    /// A section line with a title; `margin` is the gap above it, shared with the height of a line without a title.
-    QGroupBox *addHeadline(const QString &title, int margin, const char *name);
-    /// A gap of a fixed height; a row, not a section.
-    QWidget *addSeparator(int height, const char *name);
-    QLabel *addLabel(const QString &text, const char *name);
-    /// A label and `widget`, which must not be null, in one row.
-    void addRow(const QString &text, QWidget *widget);
-    /// Deletes all items and their widgets.
-    void removeAllWidgets();
 
-    /// These take effect at the next invalidation; 4 at first.
-    void setVerticalSpacing(int spacing) { verticalSpacing = spacing; }
-    void setHorizontalSpacing(int spacing) { horizontalSpacing = spacing; }
+    /// These make a child of parentWidget() with the object name `name` (Latin-1, may be null) and add it.
+    /// A line without a title, which starts a section.
+    void addSection(const char *name);
+    /// A line that starts a section. `margin` is the gap above it; without a title half of it goes into the line's
+    /// height.
+    QGroupBox *addHeadline(const QString &title, int margin, const char *name);
+    /// A row without content.
+    QWidget *addSeparator(int height, const char *name);
+    /// A label at the start of a row.
+    QLabel *addLabel(const QString &text, const char *name);
+
+    /// A row of a label, named "label" and the object name of `widget`, and `widget`, which must not be null. The row
+    /// goes on until an item that starts one.
+    void addRow(const QString &text, QWidget *widget);
+
+    /// 4 at first. A change takes effect with the next invalidation.
+    void setVerticalSpacing(int spacing);
+    void setHorizontalSpacing(int spacing);
+
+    /// Deletes all items and their widgets, and forgets all marks.
+    void removeAllWidgets();
 
     void addItem(QLayoutItem *item) override;
     int count() const override;
-    /// Null for an index out of range.
     QLayoutItem *itemAt(int index) const override;
     QLayoutItem *takeAt(int index) override;
     void invalidate() override;
@@ -73,37 +88,29 @@ public:
     bool hasHeightForWidth() const override;
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
-    /// The size of the first item: all others may be squeezed out of sight.
     QSize minimumSize() const override;
     void setGeometry(const QRect &rect) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QSize sizeHint(int width, int columnCount) const;
-    bool scanItems(QList<FloatGroupColumn> &sections) const;
-    int scanSections(
-        QList<FloatGroupColumn> &columns, QList<FloatGroupColumn> &sections, int columnCount, int width) const;
-    FloatGroupColumn joinSections(const QList<FloatGroupColumn> &sections, int first, int number) const;
-    void arrangeItems(QList<FloatGroupColumn> &columns, int sectionsPerColumn, int width) const;
+    bool scanItems(QVector<FloatGroupItem> &measured) const;
     void setListGeometry(QLayoutItem *item);
-    bool skipSection(int index) const;
-    int getSectionIndex(QList<FloatGroupColumn> &columns, int index) const;
-    bool isVisible(int index) const { return hints.at(index).height() > 0; }
-    void clearHints();
     void setFlag(int index, int flag);
+    void clearHints() const;
 
     int verticalSpacing = 4;
     int horizontalSpacing = 4;
+    /// Set by the constructor; null when there is none or it is gone.
     QPointer<QScrollArea> scrollArea;
     /// Owned.
     QList<QLayoutItem *> items;
-    /// Of each item; may be longer, when a flag waits for the next item.
-    QList<int> flags;
-    /// Each item's rectangle: its size after scanItems(), its place too after arrangeItems(). As long as `items` exactly
-    /// while the arrangement is valid.
-    mutable QList<QRect> hints;
-    /// Of the last arrangement.
+    /// FloatGroupItem::Flag of the item at the same index. Longer than `items` when marks wait for the next item.
+    QVector<int> flags;
+    /// The arrangement, in the coordinates of the layout: written by sizeHint(), valid while as long as `items`.
+    mutable QVector<QRect> hints;
+    /// The size of the last arrangement, valid or not.
     mutable QSize totalSize = QSize(0, 0);
-    /// Raised with every change of `hints`, so that setGeometry() notices one made meanwhile.
-    mutable int changeCount = 0;
+    /// Raised whenever `hints` are dropped, so that setGeometry() notices that somebody arranges anew meanwhile.
+    mutable unsigned changeCount = 0;
 };

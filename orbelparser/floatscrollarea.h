@@ -4,8 +4,8 @@
 
 #include <QScrollArea>
 
-/// A scroll area for a FloatGroupLayout: with every new width the layout of its widget arranges anew, and the widget may
-/// become smaller than it was arranged before.
+/// A scroll area for a FloatGroupLayout: with every new width the layout of its widget arranges anew, and the widget
+/// may become smaller than it was arranged before.
 class ORBEL_EXPORT FloatScrollArea : public QScrollArea
 {
     Q_OBJECT

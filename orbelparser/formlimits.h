@@ -20,6 +20,13 @@ inline constexpr int TextSize = 512;
 /// How many cells a list or table may hold, rows times columns. A larger shape is refused and changes nothing.
 inline constexpr int ListCells = 1000000;
 
+/// How many controls a list of spin controls makes. A greater count makes this many.
+inline constexpr int ListItems = 1000;
+
+/// How many decimal places a number has in a parameter document. A greater count counts as this one, which is also the
+/// most that a spin control shows.
+inline constexpr int Decimals = 323;
+
 } // namespace limit
 
 } // namespace KV218

@@ -1,17 +1,11 @@
 #include "loadinterface.h"
 
-#include "errorhandler.h"
-#include "lxexception.h"
+#include "createinstance.h"
 #include "orbeltest.h"
-#include "trace.h"
 #include "translationcenter.h"
-
-#include <limits>
 
 namespace
 {
-
-constexpr unsigned int AllBits = std::numeric_limits<unsigned int>::max();
 
 constexpr const char *Contexts[] = {
     "OrbelParser",
@@ -47,35 +41,7 @@ struct LoadHooks {
 
 const LoadHooks Hooks;
 
-void HandOver(const LxException &exception)
-{
-    IErrorHandler *handler = ErrorHandler::Interface();
-    handler->TakeException(exception);
-    handler->ReportException(exception, 0, AllBits, 1, 0);
-}
-
 } // namespace
-
-namespace KV218
-{
-
-IDllInstance *CreateInstance(const std::function<IDllInstance *()> &construct)
-{
-    try {
-        return construct();
-    } catch (const LxException &exception) {
-        TraceFailure(QStringLiteral("LxException caught in standard catch-block"), "loadinterface", __LINE__);
-        HandOver(exception);
-    } catch (const std::exception &exception) {
-        TraceFailure(
-            QStringLiteral("Standard C++ Exception caught in standard catch-block"), "loadinterface", __LINE__);
-        HandOver(LxException(QString::fromUtf8(exception.what()), QStringLiteral("loadinterface"),
-            QStringLiteral("class"), QStringLiteral("method"), __LINE__, AllBits));
-    }
-    return nullptr;
-}
-
-} // namespace KV218
 
 IDllInstance *LxCreate(const wchar_t *instanceName)
 {

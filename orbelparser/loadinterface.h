@@ -2,8 +2,6 @@
 
 #include "orbelexport.h"
 
-#include <functional>
-
 class IDllInstance;
 
 extern "C" {
@@ -15,12 +13,3 @@ ORBEL_EXPORT IDllInstance *LxCreate(const wchar_t *instanceName);
 /// Destroys what LxCreate() made. Null does nothing.
 ORBEL_EXPORT void LxDestroy(IDllInstance *instance);
 }
-
-namespace KV218
-{
-
-/// Runs `construct` and gives its result, or null when it throws an LxException or a std::exception, which goes to the
-/// trace and to the error handler. Exceptions of other types pass.
-IDllInstance *CreateInstance(const std::function<IDllInstance *()> &construct);
-
-} // namespace KV218

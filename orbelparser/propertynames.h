@@ -27,6 +27,40 @@ inline constexpr QLatin1String Maximum("maximum");
 inline constexpr QLatin1String SingleStep("singleStep");
 inline constexpr QLatin1String Decimals("decimals");
 inline constexpr QLatin1String DisplayScalingFactor("displayScalingFactor");
+inline constexpr QLatin1String DisplayAdditiveOffset("displayAdditiveOffset");
+inline constexpr QLatin1String Prefix("prefix");
+inline constexpr QLatin1String Suffix("suffix");
+inline constexpr QLatin1String SpecialValueText("specialValueText");
+inline constexpr QLatin1String Wrapping("wrapping");
+inline constexpr QLatin1String UnitScale("unitScale");
+inline constexpr QLatin1String UnitHidden("unitHidden");
+inline constexpr QLatin1String UseHistory("useHistory");
+inline constexpr QLatin1String MaxHistoryLength("maxHistoryLength");
+
+// choices
+inline constexpr QLatin1String EnumName("enumName");
+inline constexpr QLatin1String CurrentValue("currentValue");
+inline constexpr QLatin1String DisplayUnknownValues("displayUnknownValues");
+inline constexpr QLatin1String DisplayAsUnknown("displayAsUnknown");
+
+// lists of spin controls
+inline constexpr QLatin1String ItemCount("itemCount");
+inline constexpr QLatin1String ShiftCount("shiftCount");
+inline constexpr QLatin1String ParameterListItemTag("parameterListItemTag");
+
+// tables
+inline constexpr QLatin1String RowCount("rowCount");
+inline constexpr QLatin1String ColumnCount("columnCount");
+inline constexpr QLatin1String SpacingsCount("spacingsCount");
+inline constexpr QLatin1String HeaderLabel("headerLabel");
+
+// the script row
+inline constexpr QLatin1String EnabledClear("enabledClear");
+inline constexpr QLatin1String EnabledEdit("enabledEdit");
+inline constexpr QLatin1String EnabledLoad("enabledLoad");
+inline constexpr QLatin1String VisibleLoad("visibleLoad");
+inline constexpr QLatin1String VisibleClear("visibleClear");
+inline constexpr QLatin1String VisibleEdit("visibleEdit");
 
 // texts, buttons, headlines, gaps
 inline constexpr QLatin1String Text("text");

@@ -7,7 +7,7 @@ static QString Plain(const QString &text, const QLocale &locale)
 {
     QString plain;
     for (const QChar character : text.trimmed()) {
-        if (character.digitValue() >= 0)
+        if (character.isDigit())
             plain += QChar(u'0' + character.digitValue());
         else if (character == locale.decimalPoint())
             plain += QLatin1Char('.');

@@ -54,10 +54,11 @@ void VCComboBoxClassic::showPopup()
 void VCComboBoxClassic::keyPressEvent(QKeyEvent *event)
 {
     const bool searching = LastLetter.isValid() && !LastLetter.hasExpired(QApplication::keyboardInputInterval());
+    const bool blank = event->key() == Qt::Key_Space;
     // The base class opens the list on a blank, but finds it for any other key that has this text.
     QKeyEvent letter(event->type(), Qt::Key_unknown, event->modifiers(), event->text());
-    QKeyEvent *handled = searching && event->key() == Qt::Key_Space ? &letter : event;
-    if (!event->text().isEmpty())
+    QKeyEvent *handled = searching && blank ? &letter : event;
+    if (!event->text().isEmpty() && event->text().at(0).isPrint() && (searching || !blank))
         LastLetter.start();
     Writer.After([=] { QComboBox::keyPressEvent(handled); });
 }

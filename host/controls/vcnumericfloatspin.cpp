@@ -11,7 +11,8 @@
 
 #include <cmath>
 
-static constexpr double Unlimited = 1e308;
+static constexpr double Unlimited = 1e308; // a limit that is none, in whatever unit
+static constexpr double RoomWithoutLimit = 9999999999.0; // what a box without a limit is wide enough for
 static constexpr int MostPlaces = 323; // what the base class takes
 
 VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking)
@@ -72,13 +73,13 @@ void VCNumericFloatSpin::disableStep(bool disable)
 
 double VCNumericFloatSpin::minimum() const
 {
-    const double ofNode = std::min(ToShown(Last.Min), ToShown(Last.Max));
+    const double ofNode = Factor > 0 ? ToShown(Last.Min) : ToShown(Last.Max);
     return std::max(ofNode, OwnMinimum.value_or(ofNode));
 }
 
 double VCNumericFloatSpin::maximum() const
 {
-    const double ofNode = std::max(ToShown(Last.Min), ToShown(Last.Max));
+    const double ofNode = Factor > 0 ? ToShown(Last.Max) : ToShown(Last.Min);
     return std::min(ofNode, OwnMaximum.value_or(ofNode));
 }
 
@@ -101,7 +102,7 @@ void VCNumericFloatSpin::setMaximum(double maximum)
 void VCNumericFloatSpin::setValue(double number)
 {
     if (!std::isnan(number))
-        Put(ToNode(number));
+        Put(number);
 }
 
 void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
@@ -117,18 +118,19 @@ QString VCNumericFloatSpin::textFromValue(double number) const
 {
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
     // Adding zero takes the sign from a zero.
-    return plain.toString(number + 0.0, 'f', decimals());
+    return plain.toString(finite + 0.0, 'f', decimals());
 }
 
 double VCNumericFloatSpin::valueFromText(const QString &text) const
 {
-    return TypedShown(text).value_or(value());
+    return ReadNumber(text).value_or(value());
 }
 
 QValidator::State VCNumericFloatSpin::validate(QString &text, int &) const
 {
-    const std::optional<double> number = TypedShown(text);
+    const std::optional<double> number = ReadNumber(text);
     if (!number)
         return ReadTypedNumber(WithoutAffixes(text), locale(), decimals()).State;
     const bool inside = *number >= minimum() && *number <= maximum();
@@ -137,10 +139,10 @@ QValidator::State VCNumericFloatSpin::validate(QString &text, int &) const
 
 void VCNumericFloatSpin::stepBy(int steps)
 {
-    if (!Node || StepDisabled)
+    if (!HasStep())
         return;
     const QPointer<VCNumericFloatSpin> self(this);
-    Put(SteppedNumber(steps));
+    Put(Stepped(steps));
     if (self)
         selectAll();
 }
@@ -157,17 +159,13 @@ bool VCNumericFloatSpin::event(QEvent *event)
 
 QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
 {
-    const bool hasStep = std::isfinite(Last.Step) && Last.Step != 0;
-    if (!Node || StepDisabled || isReadOnly() || !hasStep)
+    if (!HasStep() || isReadOnly())
         return StepNone;
-    const Range range = NodeRange();
-    const double number = range.Clamped(Scaled(PendingNumber().value_or(Last.Value)));
-    const bool wraps = wrapping() && range.Lowest < range.Highest;
-    const bool canRise = wraps || number < range.Highest;
-    const bool canFall = wraps || number > range.Lowest;
+    const double number = Clamped(PendingNumber().value_or(ToShown(Last.Value)));
+    const bool wraps = wrapping() && minimum() < maximum();
     StepEnabled enabled = StepNone;
-    enabled.setFlag(StepUpEnabled, Factor > 0 ? canRise : canFall);
-    enabled.setFlag(StepDownEnabled, Factor > 0 ? canFall : canRise);
+    enabled.setFlag(StepUpEnabled, wraps || number < maximum());
+    enabled.setFlag(StepDownEnabled, wraps || number > minimum());
     return enabled;
 }
 
@@ -210,40 +208,43 @@ void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
         QDoubleSpinBox::focusOutEvent(event);
 }
 
-/// A number of the node, or scaled from one, without what binary arithmetic adds to it.
-double VCNumericFloatSpin::Scaled(double number) const
-{
-    const double exact = Factor == 1 ? number : WithoutNoise(number);
-    return std::max(-Unlimited, std::min(exact, Unlimited));
-}
-
+/// What the node's number is on the screen, without what binary arithmetic adds to it.
 double VCNumericFloatSpin::ToShown(double number) const
 {
-    return Scaled(number * Factor);
+    if (std::fabs(number) >= Unlimited)
+        return std::copysign(Unlimited, number * Factor);
+    const double shown = Factor == 1 ? number : WithoutNoise(number * Factor);
+    return qBound(-Unlimited, shown, Unlimited);
 }
 
 double VCNumericFloatSpin::ToNode(double shown) const
 {
-    const double number = Scaled(shown / Factor);
-    return WholeNumbers ? std::round(number) : number;
+    // What the node has already keeps all its digits.
+    for (const double known : {Last.Value, Last.Min, Last.Max}) {
+        if (ToShown(known) == shown)
+            return known;
+    }
+    const double quotient = qBound(-Unlimited, shown / Factor, Unlimited);
+    if (WholeNumbers)
+        return std::round(quotient);
+    // A quotient that has no end, such as 0.7 / 0.3, is kept as it is: with fewer digits it would not show as before.
+    const double plain = WithoutNoise(quotient);
+    return ToShown(plain) == shown ? plain : quotient;
 }
 
-VCNumericFloatSpin::Range VCNumericFloatSpin::NodeRange() const
+double VCNumericFloatSpin::Clamped(double shown) const
 {
-    Range range{Scaled(Last.Min), Scaled(Last.Max)};
-    if (const auto &lowest = Factor > 0 ? OwnMinimum : OwnMaximum)
-        range.Lowest = std::max(range.Lowest, ToNode(*lowest));
-    if (const auto &highest = Factor > 0 ? OwnMaximum : OwnMinimum)
-        range.Highest = std::min(range.Highest, ToNode(*highest));
-    return range;
+    return std::max(minimum(), std::min(shown, maximum()));
 }
 
 /// The limits for the base class, which clamps what it shows and has a special text for its minimum: a node outside of
-/// our own limits is shown as it is.
-VCNumericFloatSpin::Range VCNumericFloatSpin::BaseRange() const
+/// our own limits is shown as it is. Infinity spares it the hundreds of digits of a limit that is none.
+std::pair<double, double> VCNumericFloatSpin::BaseRange() const
 {
     const double shown = ToShown(Last.Value);
-    return {shown < minimum() ? -Unlimited : minimum(), shown > maximum() ? Unlimited : maximum()};
+    const bool openBelow = minimum() <= -Unlimited || shown < minimum();
+    const bool openAbove = maximum() >= Unlimited || shown > maximum();
+    return {openBelow ? -qInf() : minimum(), openAbove ? qInf() : maximum()};
 }
 
 int VCNumericFloatSpin::PlacesNeeded() const
@@ -267,39 +268,41 @@ QString VCNumericFloatSpin::WithoutAffixes(const QString &text) const
     return bare;
 }
 
-std::optional<double> VCNumericFloatSpin::TypedShown(const QString &text) const
+std::optional<double> VCNumericFloatSpin::ReadNumber(const QString &text) const
 {
     if (!specialValueText().isEmpty() && text == specialValueText())
         return minimum();
-    const TypedNumber typed = ReadTypedNumber(WithoutAffixes(text), locale(), decimals());
+    const auto typed = ReadTypedNumber(WithoutAffixes(text), locale(), decimals());
     if (typed.State != QValidator::Acceptable)
         return {};
     return typed.Number;
 }
 
-/// What the operator has typed and not committed, in units of the node; nothing when the number is the one shown
-/// before.
+/// What the operator has typed and not committed; nothing when the number is the one shown before.
 std::optional<double> VCNumericFloatSpin::PendingNumber() const
 {
     if (!IsPending())
         return {};
-    const std::optional<double> typed = TypedShown(lineEdit()->text());
+    const std::optional<double> typed = ReadNumber(lineEdit()->text());
     if (!typed || *typed == Shown)
         return {};
-    return ToNode(*typed);
+    return typed;
 }
 
-double VCNumericFloatSpin::SteppedNumber(int steps) const
+bool VCNumericFloatSpin::HasStep() const
 {
-    const Range range = NodeRange();
-    const double step = std::fabs(Scaled(Last.Step));
-    const double from = range.Clamped(Scaled(PendingNumber().value_or(Last.Value)));
-    const double to = WithSteps(from, step, Factor > 0 ? steps : -steps);
-    if (wrapping() && to > range.Highest)
-        return range.Lowest;
-    if (wrapping() && to < range.Lowest)
-        return range.Highest;
-    return range.Clamped(to);
+    return Node && !StepDisabled && std::isfinite(Last.Step) && Last.Step != 0;
+}
+
+double VCNumericFloatSpin::Stepped(int steps) const
+{
+    const double from = Clamped(PendingNumber().value_or(ToShown(Last.Value)));
+    const double to = WithSteps(from, std::fabs(ToShown(Last.Step)), steps);
+    if (wrapping() && to > maximum())
+        return minimum();
+    if (wrapping() && to < minimum())
+        return maximum();
+    return Clamped(to);
 }
 
 void VCNumericFloatSpin::CommitTyped()
@@ -312,12 +315,14 @@ void VCNumericFloatSpin::CommitTyped()
         ShowNode();
 }
 
-/// Takes a number in units of the node, shows it and writes it.
-void VCNumericFloatSpin::Put(double number)
+/// Takes a number, shows it, and writes it if it is another one.
+void VCNumericFloatSpin::Put(double shown)
 {
-    Last.Value = NodeRange().Clamped(number);
+    const double before = std::exchange(Last.Value, ToNode(Clamped(shown)));
+    const bool changes = Last.Value != before;
     ShowNode();
-    Writer.Request();
+    if (changes)
+        Writer.Request();
 }
 
 void VCNumericFloatSpin::WriteNode()
@@ -349,10 +354,10 @@ void VCNumericFloatSpin::ShowNode()
     const int places = PlacesNeeded();
     if (places != decimals())
         setDecimals(places);
-    const Range range = BaseRange();
-    if (range.Lowest != Applied.Lowest || range.Highest != Applied.Highest) {
-        Applied = range;
-        setRange(range.Lowest, range.Highest);
+    const auto range = BaseRange();
+    if (range != AppliedRange) {
+        AppliedRange = range;
+        setRange(range.first, range.second);
     }
     QDoubleSpinBox::setValue(ToShown(Last.Value));
     lineEdit()->setModified(false);

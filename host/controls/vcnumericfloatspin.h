@@ -6,9 +6,8 @@
 
 #include <QDoubleSpinBox>
 
-#include <algorithm>
-#include <limits>
 #include <optional>
+#include <utility>
 
 /// A spin box that shows a numeric node times a factor, and sets it. The node keeps every digit it has: only a number
 /// that the operator really changed is written, so that showing never rounds it, and steps are exact in decimal numbers
@@ -76,26 +75,21 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    struct Range {
-        double Lowest, Highest;
-        double Clamped(double number) const { return std::max(Lowest, std::min(number, Highest)); }
-    };
-
-    double Scaled(double number) const;
     double ToShown(double number) const;
     double ToNode(double shown) const;
-    Range NodeRange() const;
-    Range BaseRange() const;
+    double Clamped(double shown) const;
+    std::pair<double, double> BaseRange() const;
     int PlacesNeeded() const;
 
     bool IsPending() const;
     QString WithoutAffixes(const QString &text) const;
-    std::optional<double> TypedShown(const QString &text) const;
+    std::optional<double> ReadNumber(const QString &text) const;
     std::optional<double> PendingNumber() const;
-    double SteppedNumber(int steps) const;
+    bool HasStep() const;
+    double Stepped(int steps) const;
 
     void CommitTyped();
-    void Put(double number);
+    void Put(double shown);
     void WriteNode();
     void ReadNode();
     void ShowNode();
@@ -110,10 +104,10 @@ private:
     double Factor = 1;
     int AdditionalPrecision = 0;
     bool StepDisabled = false;
-    // In shown units.
+    // Set from outside, in shown units.
     std::optional<double> OwnMinimum;
     std::optional<double> OwnMaximum;
     // What the base class was last given: its limits, and the number, which it has rounded to the decimal places.
-    Range Applied{std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
+    std::pair<double, double> AppliedRange{qQNaN(), qQNaN()};
     double Shown = 0;
 };

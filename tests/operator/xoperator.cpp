@@ -1,7 +1,9 @@
 #include "xoperator.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QProcess>
+#include <QStyleOptionButton>
 #include <QWidget>
 #include <QtTest>
 
@@ -29,7 +31,14 @@ bool XOperator::Show(QWidget *window)
 
 void XOperator::Click(QWidget *widget, int button)
 {
-    ClickAt(widget, widget->rect().center(), button);
+    QPoint place = widget->rect().center();
+    if (qobject_cast<QCheckBox *>(widget)) {
+        // Only indicator and text of a check box take clicks, and the box may be much wider.
+        QStyleOptionButton option;
+        option.initFrom(widget);
+        place = widget->style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, widget).center();
+    }
+    ClickAt(widget, place, button);
 }
 
 void XOperator::ClickAt(QWidget *widget, const QPoint &point, int button)

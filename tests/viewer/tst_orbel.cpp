@@ -99,9 +99,9 @@ private:
     {
         QString widgets;
         for (const char *name : {"first", "second"})
-            widgets += QString("<Widget name=\"%1\" class=\"LineEdit\">"
-                               "<Property name=\"generateParameterXml\"><Bool>true</Bool></Property>"
-                               "<Property name=\"parameterXmlTag\"><String>Group/%1</String></Property></Widget>")
+            widgets += QString("<Widget name='%1' class='LineEdit'>"
+                               "<Property name='generateParameterXml'><Bool>true</Bool></Property>"
+                               "<Property name='parameterXmlTag'><String>Group/%1</String></Property></Widget>")
                            .arg(name);
         return Write("form.orbel",
             "<ZkParamGui><Sheet name=\"sheet\">" + widgets + "<Widget name=\"note\" class=\"Label\"/></Sheet><Script>"
@@ -179,10 +179,10 @@ private Q_SLOTS:
         add("unknown picture format", {"render", form, "-o", "a.doc"}, 2, "a.doc");
         add("picture in no folder", {"render", form, "-o", noFolder}, 1, noFolder);
         add("unknown style", {"render", form, "-o", "a.png", "--style", "nouveau"}, 2, "Fusion");
-        for (const char *size : {"500", "0x10", "10x", "-1x5", "99999x10"})
-            add(size, {"render", form, "-o", "a.png", QString("--size=") + size}, 2, "--size");
-        for (const char *points : {"0", "-3", "big", "9.5"})
-            add(points, {"render", form, "-o", "a.png", QString("--font-size=") + points}, 2, "--font-size");
+        for (const char *wrong : {"--size=500", "--size=0x10", "--size=10x", "--size=-1x5", "--size=99999x10"})
+            add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
+        for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
+            add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--font-size wants");
         // clang-format on
     }
 
@@ -213,9 +213,8 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write(QString("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + document(QChar(0xe4), "2")).toLatin1());
         const QString changed = Write("changed.orbel",
-            "<ZkParamGui><Sheet><Widget name=\"second\"><Property "
-            "name=\"parameterXmlTag\"><String>Group/second</String>"
-            "</Property><Property name=\"text\"><String>changed</String></Property></Widget></Sheet></ZkParamGui>");
+            "<ZkParamGui><Sheet><Widget name='second'><Property name='parameterXmlTag'><String>Group/second</String>"
+            "</Property><Property name='text'><String>changed</String></Property></Widget></Sheet></ZkParamGui>");
 
         const auto add = [](const char *name, const QStringList &options, const QString &printed) {
             QTest::newRow(name) << options << printed;
@@ -244,18 +243,17 @@ private Q_SLOTS:
     void paramsFedWithItsOwnOutputPrintsTheSame_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("receiver") << QStringList{"params", Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"};
-        QTest::newRow("component") << QStringList{
-            "params", Components, "--component", "Audio", "--set", "Audio/Mute=true"};
+        QTest::newRow("receiver") << QStringList{Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"};
+        QTest::newRow("component") << QStringList{Components, "--component", "Audio", "--set", "Audio/Mute=true"};
     }
 
     void paramsFedWithItsOwnOutputPrintsTheSame()
     {
         QFETCH(QStringList, arguments);
-        const Result first = Orbel(arguments);
+        const Result first = Orbel(QStringList("params") + arguments);
         QVERIFY(first.Out.startsWith('<'));
-        QStringList again = arguments.mid(0, arguments.indexOf("--set"));
-        const Result second = Orbel(again << "--params" << Write("fed.xml", first.Out));
+        const QStringList unset = arguments.mid(0, arguments.indexOf("--set"));
+        const Result second = Orbel(QStringList{"params", "--params", Write("fed.xml", first.Out)} + unset);
         QCOMPARE(second.Out, first.Out);
         QCOMPARE(second.Status, 0);
     }
@@ -264,12 +262,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("said");
-        QTest::newRow("printed") << "print('hello', 1 + 1)"
-                                 << "hello 2\n";
-        QTest::newRow("exception") << "missing.text = 1"
-                                   << "ReferenceError";
-        QTest::newRow("exception in a handler") << "first.textChanged.connect(function () { missing.text = 1 })"
-                                                << "form.orbel: script: ReferenceError";
+        const QString handler = "first.textChanged.connect(function () { missing.text = 1 })";
+        // clang-format off
+        QTest::newRow("printed")                << "print('hello', 1 + 1)" << "hello 2\n";
+        QTest::newRow("exception")              << "missing.text = 1"      << "ReferenceError";
+        QTest::newRow("exception in a handler") << handler                 << "form.orbel: script: ReferenceError";
+        // clang-format on
     }
 
     void scriptsSpeakOnStandardError()
@@ -336,16 +334,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("nearest");
-        QTest::newRow("same name") << "gain"
-                                   << "gain,agc";
-        QTest::newRow("letter too many, other case") << "GAINS"
-                                                     << "gain,agc";
-        QTest::newRow("letter missing in the middle") << "antena"
-                                                      << "antenna,agc";
-        QTest::newRow("letter exchanged") << "abc"
-                                          << "agc,gain";
-        QTest::newRow("equally near ones in list order") << "xyzw"
-                                                         << "agc,gain";
+        // clang-format off
+        QTest::newRow("same name")                        << "gain"   << "gain,agc";
+        QTest::newRow("letter too many, other case")      << "GAINS"  << "gain,agc";
+        QTest::newRow("letter missing in the middle")     << "antena" << "antenna,agc";
+        QTest::newRow("equally near ones in list order")  << "xyzw"   << "agc,gain";
+        // clang-format on
     }
 
     void nearestNames()

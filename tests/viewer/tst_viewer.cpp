@@ -1,5 +1,6 @@
 // The form viewer and the plug-in entry, linked into the test.
 
+#include "createinstance.h"
 #include "errorhandler.h"
 #include "forms.h"
 #include "loadinterface.h"
@@ -44,26 +45,23 @@ QString Definition(const QString &id, const QString &text)
 }
 
 /// Records what the error handler is given.
-class HandlerLog : public IErrorHandler
-{
-public:
+struct HandlerLog : IErrorHandler {
     HandlerLog() { ErrorHandler::Instance().SetInterface(this); }
     ~HandlerLog() override { ErrorHandler::Instance().SetInterface(nullptr); }
 
-    void TakeException(const LxException &e) override { Log << "take " + Spell(e); }
+    void TakeException(const LxException &e) override { Log += "take " + Spell(e); }
     void ReportException(const LxException &e, int context, unsigned int code, int severity, int flags) override
     {
-        Log << QString("report %1 %2 %3 %4 ").arg(context).arg(code, 0, 16).arg(severity).arg(flags) + Spell(e);
+        Log += QString("report %1 %2 %3 %4 ").arg(context).arg(code, 0, 16).arg(severity).arg(flags) + Spell(e);
     }
-
-    QStringList Log;
-
-private:
     static QString Spell(const LxException &e)
     {
-        return QStringList{e.GetMessage(), e.GetSourceFile(), e.GetClassName(), e.GetMethod()}.join(' ')
-            + QString(" %1").arg(e.GetCode(), 0, 16);
+        return QString("%1 %2 %3 %4 %5;")
+            .arg(e.GetMessage(), e.GetSourceFile(), e.GetClassName(), e.GetMethod())
+            .arg(e.GetCode(), 0, 16);
     }
+
+    QString Log;
 };
 
 } // namespace
@@ -73,24 +71,20 @@ class TestViewer : public QObject
     Q_OBJECT
 
 private:
-    QString Write(const QString &name, const QString &text)
+    QByteArray Write(const QString &name, const QString &text)
     {
         QFile file(Folder.filePath(name));
-        return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 ? file.fileName() : QString();
+        return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 ? file.fileName().toUtf8()
+                                                                                 : QByteArray();
     }
 
-    /// Calls Init with arguments behind the four of the frame, of which there may be fewer.
-    bool Init(const QStringList &own, int frameArguments = 4)
+    /// Calls Init with `own` behind the arguments of the frame, which are four unless some are missing.
+    bool Init(const QList<QByteArray> &own, int frameArguments = 4)
     {
-        QList<QByteArray> arguments;
-        for (int i = 0; i < frameArguments; ++i)
-            arguments << "frame";
-        for (const QString &argument : own)
-            arguments << argument.toLocal8Bit();
-        QVector<const char *> pointers;
-        for (const QByteArray &argument : qAsConst(arguments))
-            pointers << argument.constData();
-        return Viewer->Init(pointers.size(), pointers.data());
+        QVector<const char *> arguments(frameArguments, "frame");
+        for (const QByteArray &argument : own)
+            arguments << argument.constData();
+        return Viewer->Init(arguments.size(), arguments.data());
     }
 
     QTabWidget *Tabs() const { return qobject_cast<QTabWidget *>(Viewer->GetWindow()->centralWidget()); }
@@ -159,7 +153,7 @@ private Q_SLOTS:
     void unreadableDefinitionIsToldAndNotShown()
     {
         QFETCH(QString, text);
-        const QString path = Write("bad.orbel", text);
+        const QByteArray path = Write("bad.orbel", text);
         QVERIFY(Init({path}));
         QCOMPARE(Told, QStringList("** LoadOrbel: Cannot load " + path + "\n"));
         QVERIFY(!Viewer->GetWindow()->isVisible());
@@ -174,17 +168,18 @@ private Q_SLOTS:
         const QString form = Definition("ORBEL", MuteForm);
         const QString one = Component("One");
         const QString two = Component("Two");
-        QTest::newRow("two components") << "list.xml" << one + form + two + form << "One;Two;";
-        QTest::newRow("form before the first component has no title") << "list.xml" << form + one << ";";
-        QTest::newRow("two forms of one component") << "list.xml" << one + form + form << "One;One;";
-        QTest::newRow("value of another id") << "list.xml" << one + Definition("orbel", MuteForm) << "";
-        QTest::newRow("what is no form") << "list.xml" << one + Definition("ORBEL", "<Form/>") + two + form << "Two;";
-        QTest::newRow("ending in capitals means a list") << "mute.ORBEL" << form << ";";
-        QTest::newRow("malformed behind the first form") << "list.xml" << one + form + "<<"
-                                                         << "One;";
-        QTest::newRow("missing file still opens the window") << ""
-                                                             << ""
-                                                             << "";
+        const QString other = Definition("orbel", MuteForm);
+        const QString noForm = Definition("ORBEL", "<Form/>");
+        // clang-format off
+        QTest::newRow("two components")                  << "list.xml"   << one + form + two + form   << "One;Two;";
+        QTest::newRow("form before the first component") << "list.xml"   << form + one                << ";";
+        QTest::newRow("two forms of one component")      << "list.xml"   << one + form + form         << "One;One;";
+        QTest::newRow("value of another id")             << "list.xml"   << one + other               << "";
+        QTest::newRow("what is no form")                 << "list.xml"   << one + noForm + two + form << "Two;";
+        QTest::newRow("ending in capitals means a list") << "mute.ORBEL" << form                      << ";";
+        QTest::newRow("malformed behind the first form") << "list.xml"   << one + form + "<<"         << "One;";
+        QTest::newRow("missing file opens the window")   << ""           << ""                        << "";
+        // clang-format on
     }
 
     void componentListGetsATabForEachForm()
@@ -192,7 +187,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(QString, list);
         QFETCH(QString, titles);
-        QVERIFY(Init({name.isEmpty() ? Folder.filePath("missing.xml") : Write(name, "<List>" + list + "</List>")}));
+        QVERIFY(Init({name.isEmpty() ? "missing.xml" : Write(name, "<List>" + list + "</List>")}));
         QVERIFY(Viewer->GetWindow()->isVisible());
         QVERIFY(Tabs());
         QString found;
@@ -223,18 +218,14 @@ private Q_SLOTS:
 
     void entryMakesAndDestroysTheViewer()
     {
-        IDllInstance *instance = LxCreate(L"Stra\u00dfe");
-        QVERIFY(dynamic_cast<OrbelTest *>(instance));
-        QCOMPARE(instance->GetInstanceName(),
-            QString::fromUtf8("Stra\xc3\x9f"
-                              "e"));
-        const QPointer<OrbelTestMain> window = dynamic_cast<OrbelTest *>(instance)->GetWindow();
+        IDllInstance *instance = LxCreate(L"\u00dcber");
+        const QPointer<OrbelTest> viewer = dynamic_cast<OrbelTest *>(instance);
+        QVERIFY(viewer);
+        QCOMPARE(instance->GetInstanceName(), QChar(0xdc) + QString("ber"));
+        const QScopedPointer<OrbelTestMain> window(viewer->GetWindow());
         QVERIFY(!window->isVisible());
-        const QPointer<QObject> watched = dynamic_cast<OrbelTest *>(instance);
         LxDestroy(instance);
-        QVERIFY(!watched);
-        QVERIFY(window);
-        delete window;
+        QVERIFY(!viewer);
         LxDestroy(nullptr);
     }
 
@@ -247,10 +238,11 @@ private Q_SLOTS:
 
         const QString own = "broken file.cpp Class Method 7";
         const QString standard = "broken loadinterface class method ffffffff";
-        QTest::newRow("exception of the host") << true << 32u << "LxException caught in standard catch-block" << own;
-        QTest::newRow("exception of the language")
-            << false << 32u << "Standard C++ Exception caught in standard catch-block" << standard;
-        QTest::newRow("no trace without its bit") << false << ~32u << "" << standard;
+        // clang-format off
+        QTest::newRow("exception of the host")     << true  << 32u  << "LxException caught in standard catch-block"            << own;
+        QTest::newRow("exception of the language") << false << 32u  << "Standard C++ Exception caught in standard catch-block" << standard;
+        QTest::newRow("no trace without its bit")  << false << ~32u << ""                                                      << standard;
+        // clang-format on
     }
 
     void failedConstructionIsTracedAndHandedOver()
@@ -272,7 +264,7 @@ private Q_SLOTS:
         errors.SetTraceMask(0);
         errors.SetSink(formerSink);
         QVERIFY(!instance);
-        QCOMPARE(handler.Log, (QStringList{"take " + exception, "report 0 ffffffff 1 0 " + exception}));
+        QCOMPARE(handler.Log, "take " + exception + ";report 0 ffffffff 1 0 " + exception + ";");
         QCOMPARE(traces.size(), trace.isEmpty() ? 0 : 1);
         QVERIFY(traces.join("").contains(trace));
     }

@@ -1,0 +1,41 @@
+#include "floatspindelegate.h"
+
+#include "propertynames.h"
+#include "spinbuilder.h"
+
+namespace KV218
+{
+
+FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget) { }
+
+void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
+{
+    const QPointer<FloatSpinDelegate> self(this);
+    if (ValueNode)
+        WritePropertyToNode(name, value);
+    if (self && Control)
+        WritePropertyToControl(name, value);
+}
+
+void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant &value)
+{
+    if (name == prop::Value)
+        ValueNode->SetValue(value.toDouble(), this);
+    else if (name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
+        || name == prop::DisplayScalingFactor)
+        ConfigureValueNumeric(ValueNode.get());
+}
+
+void FloatSpinDelegate::WritePropertyToControl(const QString &name, const QVariant &value)
+{
+    if (name == prop::Suffix)
+        Control->setSuffix(value.toString());
+    else if (name == prop::Wrapping)
+        Control->EnableWrapAround(value.toBool());
+    else if (name == prop::Decimals)
+        Control->setAdditionalPrecision(GetInt(prop::Decimals, 0));
+    else if (name == prop::DisplayScalingFactor)
+        Control->SetFactor(DisplayFactor(*this));
+}
+
+} // namespace KV218

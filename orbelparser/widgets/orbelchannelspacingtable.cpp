@@ -1,0 +1,224 @@
+#include "orbelchannelspacingtable.h"
+
+#include "channelspacingitemdelegate.h"
+#include "flagscope.h"
+#include "floatgrouplayout.h"
+#include "formlimits.h"
+#include "listelements.h"
+#include "tablekeys.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QTableWidget>
+
+namespace KV218
+{
+
+OrbelChannelSpacingTable::OrbelChannelSpacingTable(OrbelWidget *widget) : OrbelDelegate(widget) { }
+
+OrbelChannelSpacingTable::~OrbelChannelSpacingTable()
+{
+    // The table may stay on the screen, and its editors may be just about to report.
+    if (Control)
+        Editors->setParent(Control);
+}
+
+void OrbelChannelSpacingTable::CreateValueTree()
+{
+    ResizeSpacings(GetInt(prop::SpacingsCount, 0));
+}
+
+void OrbelChannelSpacingTable::ResizeSpacings(int size)
+{
+    if (size > limit::ListCells)
+        return;
+    while (Spacings.size() > qMax(0, size))
+        Spacings.removeLast();
+    while (Spacings.size() < size)
+        Spacings.append(0.0);
+}
+
+void OrbelChannelSpacingTable::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Control = new QTableWidget(0, 1, layout->parentWidget());
+    Control->setObjectName(WidgetName());
+    Control->setSortingEnabled(false);
+    ShowHeaderLabel(GetTranslated(prop::HeaderLabel));
+    Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    Editors = new ChannelSpacingItemDelegate(this);
+    Control->setItemDelegate(Editors);
+    Control->setContextMenuPolicy(Qt::CustomContextMenu);
+    new TableKeys(Control);
+    FillTable();
+    // Meant: the tooltip keeps the bounds of this moment, and the definition's `enabled`, `visible` and `toolTip` stay
+    // with the delegate until one of them changes.
+    SetDoubleTooltip(Control);
+    layout->addWidget(Control);
+    layout->addGroup();
+    using Self = OrbelChannelSpacingTable;
+    connect(Control, &QTableWidget::cellChanged, this, &Self::sl_cellChanged);
+    connect(Control, &QTableWidget::currentCellChanged, this, &Self::sl_currentCellChanged);
+    connect(Control, &QTableWidget::cellActivated, this, &Self::sl_cellActivated);
+    connect(Control, &QTableWidget::cellClicked, this, &Self::sl_cellClicked);
+    connect(Control, &QTableWidget::cellDoubleClicked, this, &Self::sl_cellDoubleClicked);
+    connect(Control, &QTableWidget::cellEntered, this, &Self::sl_cellEntered);
+    connect(Control, &QTableWidget::cellPressed, this, &Self::sl_cellPressed);
+    connect(Control, &QWidget::customContextMenuRequested, this, &Self::sl_customContextMenuRequested);
+}
+
+void OrbelChannelSpacingTable::FillTable()
+{
+    if (!Control)
+        return;
+    constexpr int RowHeight = 20;
+    const QPointer<OrbelChannelSpacingTable> self(this);
+    const FlagScope updating(this, Updating);
+    Control->verticalHeader()->setUpdatesEnabled(false);
+    // All rows at once: the header measures itself again at each row that is resized alone.
+    Control->verticalHeader()->setDefaultSectionSize(RowHeight);
+    Control->setRowCount(Spacings.size());
+    if (!self || !Control)
+        return;
+    for (int row = 0; row < Spacings.size(); ++row) {
+        Control->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(row + 1)));
+        auto *item = new QTableWidgetItem;
+        item->setData(Qt::DisplayRole, Spacings.at(row));
+        Control->setItem(row, 0, item);
+    }
+    Control->verticalHeader()->setUpdatesEnabled(true);
+    Control->adjustSize();
+}
+
+void OrbelChannelSpacingTable::ShowHeaderLabel(const QString &text)
+{
+    if (Control)
+        Control->setHorizontalHeaderItem(0, new QTableWidgetItem(text));
+}
+
+void OrbelChannelSpacingTable::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    const QString entryName = GetString(prop::ParameterListItemTag, QString());
+    const int decimals = qMin(GetInt(prop::Decimals, 0), limit::Decimals);
+    WriteEntries(writer, GetXmlTagName(), entryName, Spacings.size(), [&](int i) {
+        WriteUnitAttribute(writer);
+        writer.writeAttribute(attribute::Index, QString::number(i));
+        writer.writeCharacters(QString::number(Spacings.at(i), 'f', decimals));
+    });
+}
+
+void OrbelChannelSpacingTable::ReadXml(QXmlStreamReader &reader)
+{
+    const FlagScope updating(this, Updating);
+    ReadIndexedEntries(reader, [this](int index, const QString &text) {
+        setSpacingValue(index, text.toDouble());
+        return true;
+    });
+}
+
+void OrbelChannelSpacingTable::setFocus()
+{
+    if (Control)
+        Control->setFocus();
+}
+
+void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelChannelSpacingTable> self(this);
+    if (name == prop::HeaderLabel) {
+        ShowHeaderLabel(Translate(value.toString()));
+    } else if (name == prop::SpacingsCount) {
+        ResizeSpacings(value.toInt());
+        FillTable();
+    }
+    if (self)
+        PropagateProperty(name, Control);
+}
+
+double OrbelChannelSpacingTable::spacingValue(int index)
+{
+    return Spacings.value(index);
+}
+
+void OrbelChannelSpacingTable::setSpacingValue(int index, double value)
+{
+    if (index < 0 || index >= Spacings.size() || Spacings.at(index) == value)
+        return;
+    Spacings[index] = value;
+    // Meant: the cell's change comes back as sl_cellChanged(), so that a script's change counts as an edit.
+    if (QTableWidgetItem *item = Control ? Control->item(index, 0) : nullptr)
+        item->setData(Qt::DisplayRole, value);
+}
+
+void OrbelChannelSpacingTable::setAllSpacingValues(double value)
+{
+    const QPointer<OrbelChannelSpacingTable> self(this);
+    for (int row = 0; self && row < Spacings.size(); ++row)
+        setSpacingValue(row, value);
+}
+
+void OrbelChannelSpacingTable::sl_cellChanged(int row, int)
+{
+    const QTableWidgetItem *item = Updating || !Control ? nullptr : Control->item(row, 0);
+    if (!item || row >= Spacings.size())
+        return;
+    const double value = item->data(Qt::DisplayRole).toDouble();
+    Spacings[row] = value;
+    const QPointer<OrbelChannelSpacingTable> self(this);
+    setModified(true);
+    if (self)
+        Q_EMIT spacingChanged(row);
+    if (self)
+        Q_EMIT spacingValueChanged(row, value);
+}
+
+void OrbelChannelSpacingTable::sl_currentCellChanged(int currentRow, int, int previousRow, int)
+{
+    Q_EMIT currentSpacingChanged(currentRow, previousRow);
+}
+
+void OrbelChannelSpacingTable::sl_cellActivated(int row, int)
+{
+    Q_EMIT spacingActivated(row);
+}
+
+void OrbelChannelSpacingTable::sl_cellClicked(int row, int)
+{
+    Q_EMIT spacingClicked(row);
+}
+
+void OrbelChannelSpacingTable::sl_cellDoubleClicked(int row, int)
+{
+    Q_EMIT spacingDoubleClicked(row);
+}
+
+void OrbelChannelSpacingTable::sl_cellEntered(int row, int)
+{
+    Q_EMIT spacingEntered(row);
+}
+
+void OrbelChannelSpacingTable::sl_cellPressed(int row, int)
+{
+    Q_EMIT spacingPressed(row);
+}
+
+void OrbelChannelSpacingTable::sl_customContextMenuRequested(QPoint pt)
+{
+    ContextRow = Control->rowAt(pt.y());
+    if (ContextRow < 0 || Spacings.size() < 2)
+        return;
+    const QPointer<QMenu> menu(new QMenu(Control));
+    connect(menu->addAction(tr("Set to all")), &QAction::triggered, this, &OrbelChannelSpacingTable::sl_setToAll);
+    menu->exec(Control->viewport()->mapToGlobal(pt));
+    delete menu;
+}
+
+void OrbelChannelSpacingTable::sl_setToAll()
+{
+    setAllSpacingValues(spacingValue(ContextRow));
+}
+
+} // namespace KV218

@@ -1,0 +1,147 @@
+#include "orbelcombobox.h"
+
+#include "floatgrouplayout.h"
+#include "formdoor.h"
+#include "valueselection.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelComboBox::OrbelComboBox(OrbelWidget *widget) : BoundDelegate(widget) { }
+
+QExplicitlySharedDataPointer<OrbelEnum> OrbelComboBox::FindEnum() const
+{
+    return Form().FindEnum(property(prop::EnumName.data()).toString());
+}
+
+void OrbelComboBox::CreateValueTree()
+{
+    Enum = FindEnum();
+    ValueSelection *node = CreateValueSelection(prop::CurrentValue, Enum);
+    // The names of the rows are translated in the context of their enumeration, which several controls may share.
+    if (node)
+        node->SetTranslationNamespace(Enum->GetName().toUtf8().constData(), nullptr);
+    ValueNode.Adopt(node);
+}
+
+void OrbelComboBox::ResyncValueTree()
+{
+    const auto values = FindEnum();
+    if (!ValueNode || !values)
+        return;
+    Enum = values;
+    const QPointer<OrbelComboBox> self(this);
+    const QString current = ValueNode->GetStringValue();
+    ValueSelection rows(QString(), ekStateUsable);
+    for (int i = 0; i < Enum->GetValueCount(); ++i) {
+        const OrbelEnumValue &row = Enum->GetValueAt(i);
+        rows.AddItem(row.GetDisplayName(), row.GetDoubleValue(i), i + 1, nullptr);
+    }
+    // Meant: the choice survives by its display name, and `currentValue` stays even when it does not.
+    ValueNode->DeleteItems(this);
+    if (self && ValueNode)
+        ValueNode->AddItemsFrom(rows, this);
+    if (self && ValueNode)
+        ValueNode->SetStringValue(current, this);
+}
+
+void OrbelComboBox::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Control = new VCComboBoxClassic(layout->parentWidget(), nullptr);
+    Control->setObjectName(WidgetName());
+    Control->SetValueSelection(ValueNode.get());
+    Control->setToolTip(Label ? Label->text() : GetXmlTagName());
+    PropagateProperties(Control);
+    layout->addWidget(Control);
+    layout->addGroup();
+}
+
+void OrbelComboBox::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    writer.writeStartElement(GetXmlTagName());
+    WriteUnitAttribute(writer);
+    writer.writeCharacters(GetString(prop::CurrentValue, QString()));
+    writer.writeEndElement();
+}
+
+void OrbelComboBox::ReadXml(QXmlStreamReader &reader)
+{
+    const QString text = reader.readElementText();
+    const QPointer<OrbelComboBox> self(this);
+    SetPropertyAlways(prop::CurrentValue, text);
+    // Meant: the text as it was read, even where the property has become a row's value text by now.
+    if (self)
+        Q_EMIT currentValueChanged(text);
+}
+
+void OrbelComboBox::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelComboBox> self(this);
+    if (name == prop::CurrentValue && ValueNode) {
+        const int index = firstIndexOfValue(value.toString());
+        if (index >= 0)
+            SelectRow(index);
+        else if (value.canConvert<double>())
+            SelectNumber(value.toDouble());
+    }
+    if (self)
+        PropagateProperty(name, Control);
+}
+
+void OrbelComboBox::SelectRow(int index)
+{
+    ValueNode->Select(Enum->GetValueAt(index).GetDisplayName(), this);
+}
+
+/// Chooses what the node finds for a number, and makes the property agree. A miss leaves the property as it was set.
+void OrbelComboBox::SelectNumber(double number)
+{
+    const QPointer<OrbelComboBox> self(this);
+    if (!ValueNode->Select(number, this, false) || !self || !ValueNode)
+        return;
+    // Differs from a value that no row has; where there are no rows, the comparison ends the recursion.
+    ChangeProperty(prop::CurrentValue, Enum->FindName(ValueNode->GetStringValue()).GetValue());
+}
+
+void OrbelComboBox::Update(Observable *subject, TChangeCode code)
+{
+    if (!ValueNode.HasNews(subject, code))
+        return;
+    const QPointer<OrbelComboBox> self(this);
+    // Meant: of rows with equal display names the first one counts, and then becomes the choice of the node too.
+    const QString value = Enum->FindName(ValueNode->GetStringValue()).GetValue();
+    if (!ChangeProperty(prop::CurrentValue, value) || !self)
+        return;
+    Q_EMIT currentValueChanged(value);
+    if (self)
+        setModified(true);
+}
+
+double OrbelComboBox::getCurrentValue() const
+{
+    return ValueNode ? ValueNode->GetCurrentValue() : 0.0;
+}
+
+bool OrbelComboBox::setMinValueGreaterThanOrEqualTo(double value)
+{
+    return ValueNode && ValueNode->Select(value, nullptr, false);
+}
+
+QString OrbelComboBox::itemValue(int index) const
+{
+    return Enum ? Enum->GetValueAt(index).GetValue() : QString();
+}
+
+int OrbelComboBox::firstIndexOfValue(QString value) const
+{
+    return Enum ? Enum->firstIndexOfValue(value) : -1;
+}
+
+} // namespace KV218

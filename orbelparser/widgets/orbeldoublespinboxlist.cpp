@@ -1,0 +1,78 @@
+#include "orbeldoublespinboxlist.h"
+
+#include "spinbuilder.h"
+
+namespace KV218
+{
+
+OrbelDoubleSpinBoxList::OrbelDoubleSpinBoxList(OrbelWidget *widget) : SpinListDelegate(widget) { }
+
+void OrbelDoubleSpinBoxList::CreateValueTree()
+{
+    // Meant: an `itemCount` that is stated decides, even when it is 0.
+    const bool stated = !property(prop::ItemCount.data()).isNull();
+    CreateNodes(GetInt(stated ? prop::ItemCount : prop::ShiftCount, 0));
+}
+
+void OrbelDoubleSpinBoxList::CreateGUI(FloatGroupLayout *layout)
+{
+    Items.clear();
+    for (VCNumericFloatSpin *spin : CreateControls(layout))
+        Items.append({spin});
+}
+
+QString OrbelDoubleSpinBoxList::ItemText(const ValueDouble &node) const
+{
+    // Meant: one decimal place stays one, though a single spin control shortens whole numbers then.
+    return QString::number(node.GetValue(), 'f', DocumentDecimals(*this));
+}
+
+void OrbelDoubleSpinBoxList::EnableInput(bool enable, bool partial)
+{
+    OrbelDelegate::EnableInput(enable, partial);
+    InputEnabled = enable;
+    if (!enable)
+        return;
+    // Meant: the items' own state counts here, not the property `enabled`.
+    for (int i = 0; i < Items.size(); ++i)
+        setEnabled(i, Items.at(i).Enabled);
+}
+
+void OrbelDoubleSpinBoxList::setFocus()
+{
+    if (!Items.isEmpty() && Items.first().Control)
+        Items.first().Control->setFocus();
+}
+
+void OrbelDoubleSpinBoxList::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    for (const Item &item : qAsConst(Items))
+        PropagateProperty(name, item.Control);
+}
+
+bool OrbelDoubleSpinBoxList::isEnabled(int index) const
+{
+    const VCNumericFloatSpin *control = Items.value(index).Control;
+    return control && control->isEnabled();
+}
+
+void OrbelDoubleSpinBoxList::setEnabled(int index, bool flag)
+{
+    if (index < 0 || index >= Items.size())
+        return;
+    Item &item = Items[index];
+    item.Enabled = flag;
+    if (InputEnabled && item.Control)
+        item.Control->setEnabled(flag);
+}
+
+void OrbelDoubleSpinBoxList::EmitNumber(int index, double number)
+{
+    const QPointer<OrbelDoubleSpinBoxList> self(this);
+    Q_EMIT valueChanged(index, number);
+    if (self)
+        Q_EMIT shiftValueChanged(index, number);
+}
+
+} // namespace KV218

@@ -1,0 +1,58 @@
+#include "orbelhidden.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelHidden::OrbelHidden(OrbelWidget *widget) : OrbelDelegate(widget), ValueNode(this) { }
+
+void OrbelHidden::CreateValueTree()
+{
+    ValueNode.Adopt(CreateValueString(prop::Value));
+}
+
+void OrbelHidden::GetXml(QXmlStreamWriter &writer) const
+{
+    if (GenerateXml)
+        writer.writeTextElement(GetXmlTagName(), GetString(prop::Value, QString()));
+}
+
+void OrbelHidden::ReadXml(QXmlStreamReader &reader)
+{
+    const QString text = reader.readElementText();
+    if (text == GetString(prop::Value, QString()))
+        return;
+    const QPointer<OrbelHidden> self(this);
+    SetPropertyAlways(prop::Value, text);
+    // Meant: the set has signalled already, so a new text is told twice.
+    if (self)
+        Q_EMIT valueChanged(text);
+}
+
+void OrbelHidden::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QString text = value.toString();
+    if (name != prop::Value || !ValueNode || ValueNode->GetValue() == text)
+        return;
+    const QPointer<OrbelHidden> self(this);
+    ValueNode->SetValue(text, this);
+    if (self)
+        setModified(true);
+    if (self)
+        Q_EMIT valueChanged(text);
+}
+
+void OrbelHidden::Update(Observable *subject, TChangeCode code)
+{
+    if (!ValueNode.HasNews(subject, code))
+        return;
+    const QString text = ValueNode->GetValue();
+    // Meant: node and property agree from here on, so that a change of the node marks nothing modified.
+    if (ChangeProperty(prop::Value, text))
+        Q_EMIT valueChanged(text);
+}
+
+} // namespace KV218

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "orbeldelegate.h"
+#include "ownednode.h"
+#include "propertynames.h"
+
+namespace KV218
+{
+
+/// A text that the operator does not see. Class name: `HiddenParameter`. Value property: `value`. Unlike the other
+/// controls it signals and marks itself modified for a script's change too; a change of its node signals only.
+class OrbelHidden : public OrbelDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit OrbelHidden(OrbelWidget *widget);
+
+    void CreateValueTree() override;
+    void GetXml(QXmlStreamWriter &writer) const override;
+    void ReadXml(QXmlStreamReader &reader) override;
+    ValueBase *GetVTValue() const override { return ValueNode.get(); }
+    void Update(Observable *subject, TChangeCode code) override;
+
+Q_SIGNALS:
+    void valueChanged(QString);
+
+public Q_SLOTS:
+    void setValue(QString value) { ChangeProperty(prop::Value, value); }
+
+protected:
+    void PropertyChanged(const QString &name, const QVariant &value) override;
+
+private:
+    OwnedNode<ValueString> ValueNode;
+};
+
+} // namespace KV218

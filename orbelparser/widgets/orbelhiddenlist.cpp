@@ -1,0 +1,66 @@
+#include "orbelhiddenlist.h"
+
+#include "formlimits.h"
+#include "listelements.h"
+
+#include <QPointer>
+
+namespace KV218
+{
+
+OrbelHiddenList::OrbelHiddenList(OrbelWidget *widget) : OrbelDelegate(widget) { }
+
+void OrbelHiddenList::CreateValueTree()
+{
+    ResizeList(Items, GetInt(prop::ItemCount, 0), 1, 1);
+}
+
+void OrbelHiddenList::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    const QString entryName = GetString(prop::ParameterListItemTag, QString());
+    WriteEntries(writer, GetXmlTagName(), entryName, Items.size(), [&](int i) {
+        WriteUnitAttribute(writer);
+        writer.writeAttribute(attribute::Index, QString::number(i));
+        writer.writeCharacters(Items.at(i).toString());
+    });
+}
+
+void OrbelHiddenList::ReadXml(QXmlStreamReader &reader)
+{
+    // Meant: `itemCount` stays, so items that make the list no longer than it says find no room and are lost.
+    Items.clear();
+    const QPointer<OrbelHiddenList> self(this);
+    ReadIndexedEntries(reader, [&](int index, const QString &text) {
+        setItemValue(index, text);
+        return !self.isNull();
+    });
+}
+
+void OrbelHiddenList::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::ItemCount)
+        ResizeList(Items, value.toInt(), 1, 1);
+}
+
+QString OrbelHiddenList::itemValue(int index)
+{
+    return GetListValue(Items, index, 0, 1).toString();
+}
+
+void OrbelHiddenList::setItemValue(int index, QString value)
+{
+    // Meant: an index equal to the length makes no room and is refused below.
+    if (index > Items.size() && index < limit::ListCells)
+        setItemCount(index + 1);
+    if (!SetListValue(Items, value, index, 0, 1))
+        return;
+    const QPointer<OrbelHiddenList> self(this);
+    setModified(true);
+    if (self)
+        Q_EMIT itemValueChanged(index, value);
+}
+
+} // namespace KV218

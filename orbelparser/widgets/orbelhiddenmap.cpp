@@ -1,0 +1,60 @@
+#include "orbelhiddenmap.h"
+
+#include "listelements.h"
+#include "propertynames.h"
+
+#include <QPointer>
+
+namespace KV218
+{
+
+OrbelHiddenMap::OrbelHiddenMap(OrbelWidget *widget) : OrbelDelegate(widget) { }
+
+void OrbelHiddenMap::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    const QString entryName = GetString(prop::ParameterListItemTag, QString());
+    auto entry = Entries.cbegin();
+    WriteEntries(writer, GetXmlTagName(), entryName, Entries.size(), [&](int) {
+        writer.writeAttribute(attribute::Key, entry.key());
+        writer.writeCharacters(entry.value());
+        ++entry;
+    });
+}
+
+void OrbelHiddenMap::ReadXml(QXmlStreamReader &reader)
+{
+    Entries.clear();
+    ReadEntries(reader, [this](const QXmlStreamAttributes &attributes, const QString &text) {
+        Entries.insert(attributes.value(attribute::Key).toString(), text);
+        return true;
+    });
+}
+
+void OrbelHiddenMap::remove(QString key)
+{
+    const QString value = Entries.value(key);
+    if (!Entries.remove(key))
+        return;
+    const QPointer<OrbelHiddenMap> self(this);
+    Q_EMIT valueRemoved(key, value);
+    if (self)
+        setModified(true);
+}
+
+void OrbelHiddenMap::setValue(QString key, QString value)
+{
+    const bool known = Entries.contains(key);
+    Entries.insert(key, value);
+    const QPointer<OrbelHiddenMap> self(this);
+    // Meant: an equal text signals and marks the control modified too.
+    if (known)
+        Q_EMIT valueChanged(key, value);
+    else
+        Q_EMIT valueAdded(key, value);
+    if (self)
+        setModified(true);
+}
+
+} // namespace KV218

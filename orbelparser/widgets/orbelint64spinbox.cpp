@@ -1,0 +1,139 @@
+#include "orbelint64spinbox.h"
+
+#include "floatgrouplayout.h"
+#include "saturate.h"
+#include "spinbuilder.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+namespace
+{
+
+struct UnitRow {
+    quint64 scale;
+    const char *unit;
+    double factor;
+    int decimals;
+};
+
+// clang-format off
+constexpr UnitRow UnitRows[] = {
+    {1000,       "kHz", 0.001,       3},
+    {1000000,    "MHz", 0.000001,    6},
+    {1000000000, "GHz", 0.000000001, 9},
+    {1,          "Hz",  1.0,         0}, // any other scale
+};
+// clang-format on
+
+const UnitRow &FindUnitRow(quint64 scale)
+{
+    const UnitRow *last = std::end(UnitRows) - 1;
+    return *std::find_if(std::begin(UnitRows), last, [scale](const UnitRow &row) { return row.scale == scale; });
+}
+
+} // namespace
+
+OrbelInt64SpinBox::OrbelInt64SpinBox(OrbelWidget *widget) : FloatSpinDelegate(widget) { }
+
+void OrbelInt64SpinBox::CreateValueTree()
+{
+    ApplyUnitScale();
+    ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
+}
+
+void OrbelInt64SpinBox::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
+    PropagateProperties(Control);
+    SetInt64Tooltip(Control);
+    layout->addWidget(Control);
+    layout->addGroup();
+}
+
+void OrbelInt64SpinBox::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    writer.writeStartElement(GetXmlTagName());
+    WriteUnitAttribute(writer);
+    // Meant: as the property's present type spells it, so a large number from the node may have an exponent.
+    writer.writeCharacters(property(prop::Value.data()).toString());
+    writer.writeEndElement();
+}
+
+void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
+{
+    const QString text = reader.readElementText();
+    const QPointer<OrbelInt64SpinBox> self(this);
+    SetPropertyAlways(prop::Value, text);
+    // Meant: a text with an exponent or a fraction sets the node but is announced as 0.
+    if (self)
+        Q_EMIT valueChanged(text.toLongLong());
+}
+
+void OrbelInt64SpinBox::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelInt64SpinBox> self(this);
+    WriteProperty(name, value);
+    if (!self)
+        return;
+    // Meant: the 32-bit form, so a greater bound is left out of the tooltip once any bound has changed.
+    if (name == prop::Minimum || name == prop::Maximum)
+        SetIntTooltip(Control);
+    else if (name == prop::UnitScale)
+        ApplyUnitScale();
+    if (self)
+        PropagateProperty(name, Control);
+}
+
+void OrbelInt64SpinBox::Update(Observable *subject, TChangeCode code)
+{
+    if (!ValueNode.HasNews(subject, code))
+        return;
+    const QPointer<OrbelInt64SpinBox> self(this);
+    const double number = ValueNode->GetValue();
+    if (!ChangeProperty(prop::Value, number))
+        return;
+    Q_EMIT valueChanged(Saturated<qint64>(std::trunc(number)));
+    if (self)
+        Q_EMIT editingFinished();
+    if (self)
+        setModified(true);
+}
+
+void OrbelInt64SpinBox::setUnitScale(QString)
+{
+    // Meant: no text names a scale; what a script gets from this is hertz.
+    setUnitScale(quint64(1));
+}
+
+void OrbelInt64SpinBox::ApplyUnitScale()
+{
+    if (property(prop::UnitScale.data()).isNull())
+        return;
+    const UnitRow &row = FindUnitRow(GetUInt64(prop::UnitScale, 0));
+    const QPair<QLatin1String, QVariant> changes[] = {
+        {prop::Unit, QLatin1String(row.unit)},
+        {prop::Suffix, QLatin1String(row.unit)},
+        {prop::DisplayScalingFactor, row.factor},
+        {prop::Decimals, row.decimals},
+        {prop::SingleStep, 1},
+    };
+    const QPointer<OrbelInt64SpinBox> self(this);
+    for (const auto &[name, value] : changes) {
+        ChangeProperty(name, value);
+        if (!self)
+            return;
+    }
+}
+
+} // namespace KV218

@@ -1,0 +1,106 @@
+#include "orbelspinbox.h"
+
+#include "floatgrouplayout.h"
+#include "spinbuilder.h"
+
+#include <limits>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : BoundDelegate(widget)
+{
+    DefineProperty(prop::Prefix);
+    DefineProperty(prop::Minimum);
+    DefineProperty(prop::Maximum);
+    DefineProperty(prop::SpecialValueText);
+    DefineProperty(prop::DisplayAdditiveOffset);
+}
+
+void OrbelSpinBox::CreateValueTree()
+{
+    ValueNode.Adopt(CreateValueNumericInt(prop::Value));
+}
+
+void OrbelSpinBox::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    // Meant: named after the node, which a parameter path names otherwise than the widget.
+    const QString name = ValueNode ? ValueNode->GetName() : QString();
+    Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), name);
+    PropagateProperties(Control);
+    SetIntTooltip(Control);
+    layout->addWidget(Control);
+    layout->addGroup();
+}
+
+void OrbelSpinBox::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    const qint64 number = qint64(GetInt(prop::Value, 0)) - GetInt(prop::DisplayAdditiveOffset, 0);
+    writer.writeStartElement(GetXmlTagName());
+    WriteUnitAttribute(writer);
+    writer.writeCharacters(QString::number(number));
+    writer.writeEndElement();
+}
+
+void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
+{
+    const qint64 sum = qint64(reader.readElementText().toInt()) + GetInt(prop::DisplayAdditiveOffset, 0);
+    const int number = int(qBound<qint64>(std::numeric_limits<int>::min(), sum, std::numeric_limits<int>::max()));
+    const QPointer<OrbelSpinBox> self(this);
+    SetPropertyAlways(prop::Value, number);
+    if (self)
+        Q_EMIT valueChanged(number);
+}
+
+void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelSpinBox> self(this);
+    if (ValueNode)
+        WritePropertyToNode(name);
+    if (!self)
+        return;
+    // Meant: `decimals` and `displayScalingFactor` count for the control only while it is built.
+    if (name == prop::Minimum || name == prop::Maximum)
+        SetIntTooltip(Control);
+    else if (name == prop::Suffix && Control)
+        Control->setSuffix(value.toString());
+    else if (name == prop::Wrapping && Control)
+        Control->EnableWrapAround(value.toBool());
+    PropagateProperty(name, Control);
+}
+
+void OrbelSpinBox::WritePropertyToNode(const QString &name)
+{
+    // Meant: bounds and step are not scaled here, though they are when the node is made.
+    if (name == prop::Value)
+        ValueNode->SetValue(GetInt(name, 0), this);
+    else if (name == prop::Minimum)
+        ValueNode->SetMin(GetInt(name, 0), this);
+    else if (name == prop::Maximum)
+        ValueNode->SetMax(GetInt(name, 0), this);
+    else if (name == prop::SingleStep)
+        ValueNode->SetStep(GetInt(name, 0), this);
+}
+
+void OrbelSpinBox::Update(Observable *subject, TChangeCode code)
+{
+    if (!ValueNode.HasNews(subject, code))
+        return;
+    const QPointer<OrbelSpinBox> self(this);
+    const int number = ValueNode->GetValue();
+    if (!ChangeProperty(prop::Value, number))
+        return;
+    Q_EMIT valueChanged(number);
+    if (self)
+        Q_EMIT editingFinished();
+    if (self)
+        setModified(true);
+}
+
+} // namespace KV218

@@ -1,0 +1,35 @@
+#include "spinbuilder.h"
+
+#include "formlimits.h"
+#include "orbeldelegate.h"
+#include "propertynames.h"
+#include "vcnumericfloatspin.h"
+
+namespace KV218
+{
+
+VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node, QWidget *parent, const QString &name)
+{
+    auto *spin = new VCNumericFloatSpin(parent, nullptr, true);
+    spin->setObjectName(name);
+    spin->setSuffix(delegate.property(prop::Suffix.data()).toString());
+    spin->setAdditionalPrecision(delegate.GetInt(prop::Decimals, 0));
+    spin->SetFactor(DisplayFactor(delegate));
+    // Meant: this greatest width sets no width at all; the form's layout decides it.
+    spin->setFixedWidth(QWIDGETSIZE_MAX);
+    spin->EnableWrapAround(delegate.GetBool(prop::Wrapping, false));
+    spin->SetNumericValue(node);
+    return spin;
+}
+
+double DisplayFactor(const OrbelDelegate &delegate)
+{
+    return delegate.GetDouble(prop::DisplayScalingFactor, 1.0);
+}
+
+int DocumentDecimals(const OrbelDelegate &delegate)
+{
+    return qMin(delegate.GetInt(prop::Decimals, 0), limit::Decimals);
+}
+
+} // namespace KV218

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+class IValueNumeric;
+class QWidget;
+class VCNumericFloatSpin;
+
+namespace KV218
+{
+
+class OrbelDelegate;
+
+/// Makes the control that edits `node`, or none when it is null, with the suffix, decimals, display factor and wrapping
+/// that the properties of `delegate` state. It belongs to `parent`.
+VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node, QWidget *parent, const QString &name);
+
+/// The property `displayScalingFactor`: controls show the node's number times this.
+double DisplayFactor(const OrbelDelegate &delegate);
+
+/// How many decimal places a parameter document gives a number: the property `decimals`, within bounds.
+int DocumentDecimals(const OrbelDelegate &delegate);
+
+} // namespace KV218

@@ -1,0 +1,143 @@
+#include "spinlistdelegate.h"
+
+#include "floatgrouplayout.h"
+#include "formlimits.h"
+#include "propertynames.h"
+#include "spinbuilder.h"
+#include "vcnumericfloatspin.h"
+#include "xmlwalk.h"
+
+#include <algorithm>
+#include <QVBoxLayout>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+static constexpr QLatin1String IndexAttribute("index");
+
+template <class Node> SpinListDelegate<Node>::SpinListDelegate(OrbelWidget *widget) : OrbelDelegate(widget)
+{
+    DefineProperty(prop::Prefix);
+    DefineProperty(prop::SpecialValueText);
+}
+
+template <class Node> SpinListDelegate<Node>::~SpinListDelegate()
+{
+    delete Container;
+}
+
+template <class Node> void SpinListDelegate<Node>::CreateNodes(int count)
+{
+    for (int i = 0; i < qMin(count, limit::ListItems); ++i) {
+        Node *node = nullptr;
+        if constexpr (std::is_same_v<Node, ValueInt>)
+            node = CreateValueNumericInt(prop::Value, i);
+        else
+            node = CreateValueNumericFloat(prop::Value, i);
+        if (!node)
+            continue;
+        ValueNodes.emplace_back(this);
+        ValueNodes.back().Adopt(node);
+    }
+}
+
+template <class Node> QVector<VCNumericFloatSpin *> SpinListDelegate<Node>::CreateControls(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    auto *stack = new QVBoxLayout;
+    stack->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    stack->setSpacing(0);
+    stack->setContentsMargins(0, 0, 0, 0);
+    Container = new QWidget;
+    Container->setObjectName(WidgetName());
+    Container->setLayout(stack);
+
+    QVector<VCNumericFloatSpin *> spins;
+    for (const OwnedNode<Node> &node : ValueNodes) {
+        const QString name = QStringLiteral("%1_%2").arg(WidgetName(), QString::number(spins.size()));
+        VCNumericFloatSpin *spin = BuildSpin(*this, node.get(), layout->parentWidget(), name);
+        PropagateProperties(spin);
+        if constexpr (std::is_same_v<Node, ValueInt>)
+            SetIntTooltip(spin);
+        else
+            SetDoubleTooltip(spin);
+        stack->addWidget(spin);
+        spins.append(spin);
+    }
+    layout->addList();
+    layout->addWidget(Container);
+    layout->addGroup();
+    return spins;
+}
+
+template <class Node> void SpinListDelegate<Node>::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    const QString itemTag = GetString(prop::ParameterListItemTag, QString());
+    int index = 0;
+    writer.writeStartElement(GetXmlTagName());
+    for (const OwnedNode<Node> &node : ValueNodes) {
+        writer.writeStartElement(itemTag);
+        WriteUnitAttribute(writer);
+        writer.writeAttribute(IndexAttribute, QString::number(index++));
+        writer.writeCharacters(ItemText(*node));
+        writer.writeEndElement();
+    }
+    writer.writeEndElement();
+}
+
+template <class Node> void SpinListDelegate<Node>::ReadXml(QXmlStreamReader &reader)
+{
+    const QPointer<OrbelDelegate> self(this);
+    qint64 index = 0;
+    ForEachStart(reader, [&](const QStringRef &) {
+        const QXmlStreamAttributes attributes = reader.attributes();
+        if (attributes.hasAttribute(IndexAttribute))
+            index = attributes.value(IndexAttribute).toInt();
+        const QString text = reader.readElementText();
+        Number number;
+        if constexpr (std::is_same_v<Node, ValueInt>)
+            number = text.toInt();
+        else
+            number = text.toDouble();
+        // Meant: no observer is left out, so that reading a list marks it modified.
+        if (IsItem(index))
+            ValueNodes[size_t(index)]->SetValue(number, nullptr);
+        ++index;
+        return !self.isNull();
+    });
+}
+
+template <class Node> void SpinListDelegate<Node>::Update(Observable *subject, TChangeCode code)
+{
+    const auto node = std::find_if(ValueNodes.begin(), ValueNodes.end(),
+        [subject](const OwnedNode<Node> &item) { return item.IsSubject(subject); });
+    if (node == ValueNodes.end())
+        return;
+    if (node->HasNews(subject, code)) {
+        const QPointer<OrbelDelegate> self(this);
+        EmitNumber(int(node - ValueNodes.begin()), (*node)->GetValue());
+        if (self)
+            setModified(true);
+    } else if (!*node) {
+        ValueNodes.erase(node);
+    }
+}
+
+template <class Node> typename SpinListDelegate<Node>::Number SpinListDelegate<Node>::GetNumber(int index) const
+{
+    return IsItem(index) ? ValueNodes[size_t(index)]->GetValue() : Number(0);
+}
+
+template <class Node> void SpinListDelegate<Node>::SetNumber(int index, Number number)
+{
+    if (IsItem(index))
+        ValueNodes[size_t(index)]->SetValue(number, nullptr);
+}
+
+template class SpinListDelegate<ValueInt>;
+template class SpinListDelegate<ValueDouble>;
+
+} // namespace KV218

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "orbeldelegate.h"
+#include "ownednode.h"
+#include "valuenumeric.h"
+
+#include <QPointer>
+#include <QVector>
+#include <vector>
+
+class VCNumericFloatSpin;
+
+namespace KV218
+{
+
+/// What the lists of spin controls have in common: a stack of controls in one row of the form, each with a node of its
+/// own. Items count from 0, and those behind a withdrawn node move up by one. `Node` is ValueInt or ValueDouble.
+template <class Node> class SpinListDelegate : public OrbelDelegate
+{
+public:
+    explicit SpinListDelegate(OrbelWidget *widget);
+    ~SpinListDelegate() override;
+
+    void GetXml(QXmlStreamWriter &writer) const override;
+    void ReadXml(QXmlStreamReader &reader) override;
+    void Update(Observable *subject, TChangeCode code) override;
+
+protected:
+    using Number = decltype(std::declval<const Node &>().GetValue());
+
+    /// Must emit the signals that tell an item's new number.
+    virtual void EmitNumber(int index, Number number) = 0;
+    /// Spells an item for a parameter document.
+    virtual QString ItemText(const Node &node) const = 0;
+
+    /// Makes the nodes of `count` items, none for a negative count; limit::ListItems at most.
+    void CreateNodes(int count);
+    /// Builds the row and gives its controls by item; they belong to the container.
+    QVector<VCNumericFloatSpin *> CreateControls(FloatGroupLayout *layout);
+    /// 0 for an index out of range.
+    Number GetNumber(int index) const;
+    /// Sets an item as if the operator had; an index out of range is ignored.
+    void SetNumber(int index, Number number);
+
+private:
+    bool IsItem(qint64 index) const { return index >= 0 && index < qint64(ValueNodes.size()); }
+
+    std::vector<OwnedNode<Node>> ValueNodes;
+    /// Owned together with the window, whichever ends first.
+    QPointer<QWidget> Container;
+};
+
+extern template class SpinListDelegate<ValueInt>;
+extern template class SpinListDelegate<ValueDouble>;
+
+} // namespace KV218

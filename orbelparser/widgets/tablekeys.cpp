@@ -1,0 +1,141 @@
+#include "tablekeys.h"
+
+#include "numberparsing.h"
+
+#include <QAbstractItemDelegate>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDoubleSpinBox>
+#include <QGuiApplication>
+#include <QMetaProperty>
+#include <QPointer>
+#include <QTableWidget>
+
+namespace KV218
+{
+
+namespace
+{
+
+constexpr QLatin1Char CellEnd('\t');
+constexpr QLatin1Char LineEnd('\n');
+
+/// The selected cells, or the current one when none is selected.
+QItemSelection ChosenCells(const QTableWidget &table)
+{
+    QItemSelection chosen = table.selectionModel()->selection();
+    if (chosen.isEmpty() && table.currentIndex().isValid())
+        chosen.select(table.currentIndex(), table.currentIndex());
+    return chosen;
+}
+
+/// The smallest rectangle of cells around a selection; x counts columns, y rows.
+QRect Bounds(const QItemSelection &selection)
+{
+    QRect bounds;
+    for (const QItemSelectionRange &range : selection)
+        bounds |= QRect(QPoint(range.left(), range.top()), QPoint(range.right(), range.bottom()));
+    return bounds;
+}
+
+QString CellText(const QModelIndex &cell)
+{
+    QString text = cell.data(Qt::DisplayRole).toString();
+    return text.replace(CellEnd, QLatin1Char(' ')).replace(LineEnd, QLatin1Char(' '));
+}
+
+/// Lets the cell's editor take the text; false when it refuses.
+bool FillEditor(QWidget *editor, const QString &text)
+{
+    if (auto *spin = qobject_cast<QDoubleSpinBox *>(editor)) {
+        bool ok = false;
+        const double number = Ember::toDoubleEx(text, &ok);
+        if (ok)
+            spin->setValue(number);
+        return ok;
+    }
+    return editor->metaObject()->userProperty().write(editor, text);
+}
+
+void EnterText(QTableWidget *table, const QModelIndex &cell, const QString &text)
+{
+    QStyleOptionViewItem option;
+    option.initFrom(table);
+    QAbstractItemDelegate *delegate = table->itemDelegate();
+    // The editor goes with the table when somebody who hears of the change ends it.
+    const QPointer<QWidget> editor(delegate->createEditor(table->viewport(), option, cell));
+    if (editor && FillEditor(editor, text))
+        delegate->setModelData(editor, table->model(), cell);
+    delete editor;
+}
+
+} // namespace
+
+TableKeys::TableKeys(QTableWidget *table) : QObject(table), Table(table)
+{
+    table->installEventFilter(this);
+}
+
+bool TableKeys::eventFilter(QObject *watched, QEvent *event)
+{
+    // The override comes first and keeps the keys from shortcuts of the window.
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
+        return QObject::eventFilter(watched, event);
+    auto *key = static_cast<QKeyEvent *>(event);
+    void (TableKeys::*act)() = nullptr;
+    if (key->matches(QKeySequence::Copy))
+        act = &TableKeys::Copy;
+    else if (key->matches(QKeySequence::Paste))
+        act = &TableKeys::Paste;
+    else if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier)
+        act = &TableKeys::OpenMenu;
+    if (!act)
+        return QObject::eventFilter(watched, event);
+    event->accept();
+    if (event->type() == QEvent::KeyPress)
+        (this->*act)();
+    return true;
+}
+
+void TableKeys::Copy()
+{
+    const QItemSelection chosen = ChosenCells(*Table);
+    const QRect bounds = Bounds(chosen);
+    QStringList lines;
+    for (int row = bounds.top(); row <= bounds.bottom(); ++row) {
+        QStringList texts;
+        for (int column = bounds.left(); column <= bounds.right(); ++column) {
+            const QModelIndex cell = Table->model()->index(row, column);
+            texts.append(chosen.contains(cell) ? CellText(cell) : QString());
+        }
+        lines.append(texts.join(CellEnd));
+    }
+    if (!lines.isEmpty())
+        QGuiApplication::clipboard()->setText(lines.join(LineEnd));
+}
+
+void TableKeys::Paste()
+{
+    const QRect bounds = Bounds(ChosenCells(*Table));
+    QStringList lines = QGuiApplication::clipboard()->text().remove(QLatin1Char('\r')).split(LineEnd);
+    if (lines.last().isEmpty())
+        lines.removeLast();
+    const QPointer<QTableWidget> table(Table);
+    for (int i = 0; i < lines.size(); ++i) {
+        const QStringList texts = lines.at(i).split(CellEnd);
+        for (int j = 0; j < texts.size() && table; ++j) {
+            const QModelIndex cell = table->model()->index(bounds.top() + i, bounds.left() + j);
+            if (cell.flags() & Qt::ItemIsEditable)
+                EnterText(table, cell, texts.at(j));
+        }
+    }
+}
+
+void TableKeys::OpenMenu()
+{
+    const QPoint place = Table->visualRect(Table->currentIndex()).center();
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, Table->viewport()->mapToGlobal(place));
+    QCoreApplication::sendEvent(Table, &menu);
+}
+
+} // namespace KV218

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+class QTableWidget;
+
+namespace KV218
+{
+
+/// What the keyboard does in a table beyond Qt's own keys: copying and pasting cells as tab-separated text, rows as
+/// lines, and Shift+F10 for the context menu. A pasted text takes the way of a typed one: the cell's editor takes it,
+/// keeps its bounds, and refuses what is no value for it.
+class TableKeys : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Belongs to `table`.
+    explicit TableKeys(QTableWidget *table);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void Copy();
+    /// Fills cells from the first selected one on; what would stand outside the table is left out.
+    void Paste();
+    void OpenMenu();
+
+    QTableWidget *Table;
+};
+
+} // namespace KV218

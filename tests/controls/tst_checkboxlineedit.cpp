@@ -1,0 +1,242 @@
+// Check box and line edit: what operator, script, node and document each cause, and in which order.
+
+#include "liveform.h"
+#include "orbellineedit.h"
+#include "testmain.h"
+#include "tree.h"
+
+#include <QtTest>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+const QString Written("generateParameterXml=Bool:true");
+
+void Click(QWidget *box)
+{
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+}
+
+} // namespace
+
+class TestCheckBoxLineEdit : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void boxTexts_data()
+    {
+        QTest::addColumn<QStringList>("properties");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("checked");
+        QTest::addColumn<QString>("written");
+        const QStringList own{"checkedValue=String:on", "uncheckedValue=String:off"};
+        const QStringList empty{"checkedValue=String:", "uncheckedValue=String:"};
+        QTest::newRow("another case is unchecked") << QStringList() << "TRUE" << false << "<c>false</c>";
+        QTest::newRow("own text for checked") << own << "on" << true << "<c>on</c>";
+        QTest::newRow("own text for unchecked") << own << "off" << false << "<c>off</c>";
+        QTest::newRow("neither of the own texts is unchecked") << own << "1" << false << "<c>off</c>";
+        QTest::newRow("empty own texts count as absent") << empty << "true" << true << "<c>true</c>";
+        QTest::newRow("no unit") << QStringList{"unit=String:s"} << "true" << true << "<c>true</c>";
+    }
+
+    void boxTexts()
+    {
+        QFETCH(QStringList, properties);
+        QFETCH(QString, text);
+        QFETCH(bool, checked);
+        QFETCH(QString, written);
+        LiveForm live(Widget("c", "CheckBox", properties << Written));
+        live.log.Watch("c", live.Get("c"));
+        for (int pass = 0; pass < 2; ++pass) {
+            live.form->SetXmlString("<Parameters><c>" + text + "</c></Parameters>");
+            QCOMPARE(live.log.Take(), QString("c.toggled(%1)").arg(QVariant(checked).toString()));
+        }
+        QVERIFY(!live.form->GetSheet().isModified());
+        QCOMPARE(live.Find<QCheckBox>("c")->isChecked(), checked);
+        const QString document = live.form->GetXmlString(false);
+        QVERIFY2(document.contains(written), qPrintable(document));
+    }
+
+    void boxChanges()
+    {
+        LiveForm live(Widget("c", "CheckBox", {Written}), false);
+        ValueBase *node = live.form->GetVTValue("c");
+        live.log.Watch("c", live.Get("c"));
+        live.log.Watch("node", node);
+        live.form->EvaluateScript("c.setChecked(true); c.setChecked(true)");
+        QCOMPARE(live.log.Take(), QString("node=true"));
+        QVERIFY(live.Find<QCheckBox>("c")->isChecked() && !live.Get("c")->isModified());
+
+        node->SetStringValue("false", nullptr);
+        node->SetStringValue("false", nullptr);
+        QCOMPARE(live.log.Take(), QString("c.toggled(false) sheet.si_parametersModified() node=false"));
+        QVERIFY(!live.Find<QCheckBox>("c")->isChecked() && live.Get("c")->isModified());
+
+        Click(live.Find("c"));
+        QCOMPARE(live.log.Take(), QString("c.toggled(true) node=true"));
+        QCOMPARE(live.Get("c")->property("checked"), QVariant(true));
+    }
+
+    void tooltips_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QStringList>("properties");
+        QTest::addColumn<QString>("tip");
+        const QStringList tip{"toolTip=String:tip"}, label{"labelText=String:label"}, tag{"parameterXmlTag=String:a/b"};
+        QTest::newRow("box keeps its own") << "CheckBox" << tip + label << "tip";
+        QTest::newRow("box takes the label's") << "CheckBox" << label + tag << "w:label";
+        QTest::newRow("box falls back to its element name") << "CheckBox" << tag << "b";
+        QTest::newRow("edit takes the label's over its own") << "LineEdit" << tip + label << "w:label";
+        QTest::newRow("edit without a label has none") << "LineEdit" << tip + tag << "";
+    }
+
+    void tooltips()
+    {
+        QFETCH(QString, className);
+        QFETCH(QStringList, properties);
+        const ContextTranslator translator("w");
+        LiveForm live(Widget("w", className, properties));
+        QTEST(live.Find("w")->toolTip(), "tip");
+    }
+
+    void editing_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::newRow("line edit") << "LineEdit";
+        QTest::newRow("address edit, the same control") << "IPEdit";
+    }
+
+    void editing()
+    {
+        QFETCH(QString, className);
+        LiveForm live(Widget("e", className, {Written, "text=String:x", "maxLength=Int:4", "inputMask=String:nnnn"}));
+        auto *edit = live.Find<QLineEdit>("e");
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
+        QCOMPARE(edit->inputMask(), QString("nnnn"));
+        live.form->EvaluateScript("e.setInputMask(''); e.setMaxLength(3); e.setFocus()");
+        QVERIFY(edit->hasFocus());
+        live.log.Watch("e", live.Get("e"));
+        live.log.Watch("node", live.form->GetVTValue("e"));
+
+        QTest::keyClick(edit, Qt::Key_End);
+        QTest::keyClicks(edit, "yzz");
+        QCOMPARE(live.log.Take(), QString("e.textEdited(xy) e.textChanged(xy) e.textEdited(xyz) e.textChanged(xyz)"));
+        QVERIFY(live.form->GetSheet().isModified());
+        PassTimersBelow(200);
+        QVERIFY2(live.log.Take().isEmpty(), "a keystroke starts no automatic apply");
+        QVERIFY2(live.form->GetXmlString(false).contains("<e>x</e>"), "the document has the old text meanwhile");
+
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(live.log.Take(),
+            QString("node=xyz e.textEdited(xyz) e.editingFinished() e.returnPressed() sheet.si_parametersModified()"));
+        QVERIFY(live.form->GetXmlString(true).contains("<e>xyz</e>"));
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(live.log.Take(), QString("e.returnPressed()"));
+
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        live.log.Take();
+        live.form->EvaluateScript("e.forceFinishEditing()");
+        QCOMPARE(live.log.Take(), QString("node=xy e.textEdited(xy) e.editingFinished()"));
+        PassTimersBelow(200);
+        QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified()"));
+    }
+
+    void editFollowsScriptNodeAndDocument()
+    {
+        LiveForm live(Widget("e", "LineEdit", {Written, "unit=String:m"}));
+        live.log.Watch("e", live.Get("e"));
+        live.log.Watch("node", live.form->GetVTValue("e"));
+        live.form->EvaluateScript("e.setText('a'); e.setText('a')");
+        QCOMPARE(live.log.Take(), QString("e.textChanged(a) node=a"));
+        QVERIFY(!live.Get("e")->isModified());
+
+        live.form->GetVTValue("e")->SetStringValue("b", nullptr);
+        QCOMPARE(live.log.Take(), QString("e.textChanged(b) e.textChanged(b) node=b"));
+        QVERIFY(live.form->GetSheet().isWidgetModified());
+        PassTimersBelow(200);
+        QVERIFY2(live.log.Take().isEmpty(), "a text from the node starts no automatic apply");
+
+        const QString document("<Parameters><e unit=\"m\">c</e></Parameters>");
+        live.form->SetXmlString(document);
+        QCOMPARE(live.log.Take(), QString("e.textChanged(c) node=c e.textChanged(c)"));
+        live.form->SetXmlString(document);
+        QCOMPARE(live.log.Take(), QString("e.textChanged(c)"));
+        QCOMPARE(live.form->GetXmlString(false).simplified().replace("> <", "><"), document);
+    }
+
+    void withoutANode_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("className");
+        for (const QString &path : QStringList{"/Form", ""}) {
+            const QByteArray fate(path.isEmpty() ? "refused" : "withdrawn");
+            QTest::newRow(fate + ", box") << path << "CheckBox";
+            QTest::newRow(fate + ", edit") << path << "LineEdit";
+            QTest::newRow(fate + ", label") << path << "Label";
+        }
+    }
+
+    void withoutANode()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, className);
+        LiveForm live(Widget("w", className, {Written}), true, path);
+        Tree::Instance()->RemoveNode("/Form/w");
+        QCOMPARE(live.form->GetVTValue("w") != nullptr, path.isEmpty() && className == "LineEdit");
+        live.form->EvaluateScript("w.setFocus(); w.forceFinishEditing()");
+        live.form->SetXmlString("<Parameters><w>true</w></Parameters>");
+        QVERIFY(live.form->GetXmlString(false).contains("<w>true</w>"));
+    }
+
+    void aHandlerMayEndTheForm_data()
+    {
+        QTest::addColumn<QString>("event");
+        QTest::addColumn<QString>("act");
+        const auto row
+            = [](const char *event, const char *act) { QTest::addRow("%s, %s", event, act) << event << act; };
+        for (const char *act : {"node", "document", "click"})
+            row("c.toggled", act);
+        for (const char *act : {"node", "document", "type"})
+            row("e.textChanged", act);
+        row("sheet.si_parametersModified", "type");
+        for (const char *event : {"e.textEdited", "e node=", "e.editingFinished", "e.returnPressed"})
+            row(event, "type and commit");
+        for (const char *event : {"c node=", "e node="})
+            row(event, "document");
+    }
+
+    void aHandlerMayEndTheForm()
+    {
+        QFETCH(QString, event);
+        QFETCH(QString, act);
+        LiveForm live(Widget("c", "CheckBox", {Written}) + Widget("e", "LineEdit", {Written}), false);
+        const QString name = event.left(1);
+        if (event.contains(" node"))
+            live.log.Watch(name + " node", live.form->GetVTValue(name));
+        else if (name != "s")
+            live.log.Watch(name, live.Get(name));
+        if (act == "type and commit")
+            QTest::keyClicks(live.Find("e"), "x");
+        live.log.On(event, [&] { live.form.reset(); });
+
+        if (act == "node")
+            live.form->GetVTValue(name)->SetStringValue("true", nullptr);
+        else if (act == "document")
+            live.form->SetXmlString("<Parameters><e>x</e><c>true</c></Parameters>");
+        else if (act == "click")
+            Click(live.Find("c"));
+        else
+            QTest::keyClick(live.Find("e"), act == "type" ? Qt::Key_X : Qt::Key_Return);
+        QVERIFY(!live.form);
+        QTest::keyClick(live.Find("e"), Qt::Key_Return);
+    }
+};
+
+ORBEL_TEST_MAIN(TestCheckBoxLineEdit)
+#include "tst_checkboxlineedit.moc"

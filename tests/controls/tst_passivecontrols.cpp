@@ -1,0 +1,203 @@
+// Label, headline, gaps and push button.
+
+#include "liveform.h"
+#include "orbelpushbutton.h"
+#include "testmain.h"
+#include "tree.h"
+
+#include <limits>
+#include <QGroupBox>
+#include <QtTest>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+/// A click on the indicator of a headline.
+void Toggle(QGroupBox *headline)
+{
+    QStyleOptionGroupBox option;
+    option.initFrom(headline);
+    option.text = headline->title();
+    option.subControls = QStyle::SC_GroupBoxCheckBox | QStyle::SC_GroupBoxLabel;
+    option.textAlignment = headline->alignment();
+    const QRect indicator
+        = headline->style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxCheckBox, headline);
+    QTest::mouseClick(headline, Qt::LeftButton, {}, indicator.center());
+}
+
+QIcon ColorIcon(Qt::GlobalColor color)
+{
+    QPixmap pixmap(8, 8);
+    pixmap.fill(color);
+    return QIcon(pixmap);
+}
+
+} // namespace
+
+class TestPassiveControls : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void labelIsFedByItsNodeAndNeverFeedsIt()
+    {
+        const ContextTranslator translator("l");
+        LiveForm live(Widget("l", "Label", {"generateParameterXml=Bool:true", "text=String:a", "unit=String:m"}));
+        auto *node = Tree::Instance()->GetNode("/Form/l");
+        QVERIFY2(node && !live.form->GetVTValue("l"), "the form is not told of the node");
+        QCOMPARE(live.Find<QLabel>("l")->text(), QString("l:a"));
+
+        live.form->EvaluateScript("l.setText('b')");
+        QCOMPARE(live.Find<QLabel>("l")->text() + node->GetStringValue(), QString("l:ba"));
+        QVERIFY(live.form->GetXmlString(false).contains("<l>b</l>"));
+        live.form->SetXmlString("<Parameters><l>c</l></Parameters>");
+        QCOMPARE(live.Find<QLabel>("l")->text() + node->GetStringValue(), QString("l:ca"));
+        node->SetStringValue("c", nullptr);
+        QVERIFY2(!live.Get("l")->isModified(), "the text it shows already");
+        node->SetStringValue("d", nullptr);
+        QVERIFY(live.Get("l")->isModified());
+        QCOMPARE(live.Find<QLabel>("l")->text(), QString("l:d"));
+    }
+
+    void labelWithoutParametersOnlyReads()
+    {
+        LiveForm live(Widget("l", "Label", {"text=String:a"}));
+        QVERIFY(Tree::Instance()->GetPaths().isEmpty());
+        live.form->SetXmlString("<Parameters><l>b</l></Parameters>");
+        QCOMPARE(live.Find<QLabel>("l")->text(), QString("b"));
+        QVERIFY(!live.form->GetXmlString(false).contains("<l>"));
+    }
+
+    void headlineCollapsesItsGroup()
+    {
+        QObject configuration;
+        const ContextTranslator translator("h");
+        LiveForm live(Widget("before", "CheckBox") + Widget("h", "Headline", {"text=String:One", "enabled=Bool:false"})
+            + Widget("a", "CheckBox", {"visible=Bool:true"}) + Widget("gap", "Separator", {"visible=Bool:true"})
+            + Widget("b", "CheckBox", {"visible=Bool:true"}) + Widget("next", "Headline", {"text=String:Two"})
+            + Widget("after", "CheckBox") + Widget("empty", "Headline"));
+        live.form->SetConfigObject(&configuration, "f");
+        auto *headline = live.Find<QGroupBox>("h");
+        QVERIFY(!live.Find<QGroupBox>("empty") && headline->isEnabled() && headline->isChecked());
+        QCOMPARE(headline->title(), QString("h:One"));
+        QCOMPARE(headline->toolTip(), QString("h:Hide One"));
+        live.form->EnableInput(false);
+        live.form->EvaluateScript("h.setText('Uno'); h.setMargin(40); empty.setGroupVisible(false)");
+        QCOMPARE(headline->title() + headline->toolTip(), QString("h:Oneh:Hide One"));
+
+        Toggle(headline);
+        const auto hidden = [&] {
+            QStringList names;
+            for (const char *name : {"before", "h", "a", "gap", "b", "next", "after"})
+                names << (live.Find(name)->isHidden() ? name : "-");
+            return names.join(' ');
+        };
+        QCOMPARE(hidden(), QString("- - a gap b - -"));
+        QCOMPARE(headline->toolTip(), QString("h:Show Uno"));
+        QCOMPARE(configuration.property("f-collapsed").toString(), QString("h,empty"));
+        QVERIFY(!headline->isChecked() && !live.Get("h")->isGroupVisible());
+        live.form->GetSheet().SetCollapsed({"next"});
+        QVERIFY(headline->isChecked() && !live.Find<QGroupBox>("next")->isChecked());
+        QCOMPARE(hidden() + headline->toolTip(), QString("- - - - - - afterh:Hide Uno"));
+    }
+
+    void indicatorsAreTwoPictures()
+    {
+        const QImage closed(":/OrbelParser/HeadlineClosed.svg"), opened(":/OrbelParser/HeadlineOpened.svg");
+        QVERIFY(!closed.isNull() && !opened.isNull() && closed != opened);
+    }
+
+    void gaps_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QStringList>("properties");
+        QTest::addColumn<int>("height");
+        QTest::newRow("gap without a height") << "FixedSpacer" << QStringList() << 0;
+        QTest::newRow("gap") << "FixedSpacer" << QStringList{"height=Int:12", "margin=Int:30"} << 12;
+        QTest::newRow("negative gap") << "FixedSpacer" << QStringList{"height=Int:-2147483648"} << 0;
+        QTest::newRow("gap beyond all pixels")
+            << "FixedSpacer" << QStringList{"height=Int:2147483647"} << QWIDGETSIZE_MAX;
+        QTest::newRow("no number") << "FixedSpacer" << QStringList{"height=Int:2147483648"} << 0;
+        QTest::newRow("separator without a margin") << "Separator" << QStringList() << 5;
+        QTest::newRow("separator") << "Separator" << QStringList{"margin=Int:7", "height=Int:30"} << 8;
+        QTest::newRow("negative separator") << "Separator" << QStringList{"margin=Int:-2147483648"} << 0;
+        QTest::newRow("separator beyond all pixels")
+            << "Separator" << QStringList{"margin=Int:2147483647"} << QWIDGETSIZE_MAX;
+    }
+
+    void gaps()
+    {
+        QFETCH(QString, className);
+        QFETCH(QStringList, properties);
+        LiveForm live(Widget("w", className, properties << "toolTip=String:tip") + Widget("c", "CheckBox"));
+        QTEST(live.Find("w")->maximumHeight(), "height");
+        live.form->EvaluateScript("w.setHeight(90); w.setMargin(90)");
+        QTEST(live.Find("w")->maximumHeight(), "height");
+        QCOMPARE(live.Find("w")->toolTip(), QString("tip"));
+        const auto *headline = live.Find<QGroupBox>("w");
+        QVERIFY(className == "Separator" ? headline && !headline->isCheckable() : !headline);
+    }
+
+    void buttonTellsItsClicks()
+    {
+        LiveForm live(Widget("p", "PushButton"));
+        live.log.Watch("p", live.Get("p"));
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
+        QTest::mouseClick(live.Find("p"), Qt::LeftButton);
+        QCOMPARE(live.log.Take(), QString("p.pressed() p.released() p.clicked()"));
+        live.form->EvaluateScript("p.animateClick(); p.setFocus()");
+        QVERIFY(live.Find("p")->hasFocus());
+        QTRY_COMPARE(live.log.Seen(), QString("p.pressed() p.released() p.clicked()"));
+        live.log.On("p.pressed", [&] { live.form.reset(); });
+        QTest::mouseClick(live.Find("p"), Qt::LeftButton);
+        QVERIFY(!live.form);
+    }
+
+    void buttonShowsTextAndIcon()
+    {
+        const ContextTranslator translator("p");
+        LiveForm live(Widget("p", "PushButton",
+            {"text=String:a", "toolTip=String:tip", "icon=String:none.png", "iconSize=String:9",
+                "readOnly=Bool:true"}));
+        auto *button = live.Find<QPushButton>("p");
+        auto *p = live.Get<OrbelPushButton>("p");
+        QCOMPARE(button->text() + button->toolTip(), QString("p:ap:a"));
+        live.form->EvaluateScript("p.setText('b'); p.setIconSize(5, 6); p.setIcon(':/OrbelParser/HeadlineOpened.svg')");
+        QCOMPARE(button->text() + button->toolTip(), QString("p:bp:a"));
+        QCOMPARE(button->iconSize(), QSize(5, 6));
+        QVERIFY(!button->icon().isNull());
+
+        const QIcon red = ColorIcon(Qt::red);
+        p->setIcon(red);
+        QCOMPARE(button->icon().cacheKey(), red.cacheKey());
+        p->clearIcon();
+        QVERIFY(!p->property("icon").isValid());
+        QCOMPARE(button->icon().cacheKey(), red.cacheKey());
+        const QIcon blue = ColorIcon(Qt::blue);
+        p->setIcon(blue);
+        QCOMPARE(button->icon().cacheKey(), blue.cacheKey());
+    }
+
+    void withoutAWindow()
+    {
+        const QString body = Widget("l", "Label", {"generateParameterXml=Bool:true"})
+            + Widget("h", "Headline", {"text=String:t"}) + Widget("s", "Separator") + Widget("p", "PushButton");
+        const Form unbuilt = Bind(Definition(body));
+        LiveForm gone(body, true, "/Gone");
+        gone.window.reset();
+        for (const Form &form : {unbuilt, gone.form}) {
+            form->EvaluateScript("l.setText('a'); h.setGroupVisible(false); s.setVisible(false); p.setText('b');"
+                                 "p.animateClick(); p.setFocus(); p.setIconSize(1, 1)");
+            QVERIFY(!Delegate(form, "h")->isGroupVisible());
+            QCOMPARE(Delegate(form, "p")->property("text").toString(), QString("b"));
+        }
+    }
+};
+
+ORBEL_TEST_MAIN(TestPassiveControls)
+#include "tst_passivecontrols.moc"

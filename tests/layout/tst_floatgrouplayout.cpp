@@ -1,0 +1,454 @@
+// The float group layout: its arithmetic against worked figures and a second formulation, then the layout on items of
+// fixed hints, then the scroll area on real widgets.
+
+#include "floatgrouparranger.h"
+#include "floatgrouplayout.h"
+#include "floatscrollarea.h"
+#include "testmain.h"
+
+#include <QGroupBox>
+#include <QScrollBar>
+#include <QtTest>
+
+#include <functional>
+
+using Item = FloatGroupItem;
+using Items = QVector<Item>;
+Q_DECLARE_METATYPE(Item)
+
+namespace
+{
+
+/// A row of a control, of a label, and the line over a section.
+constexpr int Row = Item::ItemGroup;
+constexpr int Label = Item::ItemGroup | Item::ItemLabel;
+constexpr int Line = Item::ItemGroup | Item::ItemSection;
+
+QString Text(const QVector<QRect> &rects, const QSize &total)
+{
+    QString text;
+    for (const QRect &r : rects)
+        text += QString("%1,%2 %3x%4, ").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+    return text + QString("in %1x%2").arg(total.width()).arg(total.height());
+}
+
+QString Arranged(const Items &items, int width, int columnCount = 0, int spacingX = 4, int spacingY = 4)
+{
+    FloatGroupArranger arranger(items, spacingX, spacingY);
+    arranger.arrange(width, columnCount);
+    return Text(arranger.hints(), arranger.totalSize());
+}
+
+/// The rules told a second time, plainly: sections found in a text, measures taken anew where they are used.
+QString ArrangedPlainly(const Items &items, int width, int k, int spacingX, int spacingY)
+{
+    const int n = items.size();
+    // The end of the form ends a row, as a next row would.
+    const auto is = [&](int i, int flag) { return i < n ? (items[i].flags & flag) != 0 : flag == Item::ItemGroup; };
+    const auto isPlain = [&](int i) { return !is(i, Item::ItemLabel | Item::ItemSection); };
+    QString kinds;
+    QVector<int> placeInRow, sumOfRow, sections{0};
+    for (int i = 0; i < n; ++i) {
+        kinds += is(i, Item::ItemSection) ? 'S' : items[i].height > 0 ? 'v' : '.';
+        const bool goesOn = i > 0 && !is(i, Item::ItemGroup);
+        placeInRow << (goesOn ? placeInRow[i - 1] + 1 : 0);
+        sumOfRow << (goesOn ? sumOfRow[i - 1] : 0) + (isPlain(i) ? items[i].width + spacingX : 0);
+    }
+    static const QRegularExpression lineBefore("S\\.*$"), somethingBehind("[Sv]");
+    for (int i = 1; i < n; ++i) {
+        if (kinds[i] == 'S' && !kinds.left(i).contains(lineBefore) && kinds.mid(i + 1).contains(somethingBehind))
+            sections << i;
+    }
+
+    struct Widths {
+        int label = 0, control = 0, row = 0, line = 0;
+    };
+    QVector<int> starts, lefts;
+    const auto widths = [&](int column) {
+        Widths most;
+        for (int i = starts[column]; i < starts[column + 1]; ++i) {
+            const int width = items[i].width;
+            if (isPlain(i))
+                most.row = qMax(most.row, sumOfRow[i]);
+            if (isPlain(i) && !is(i, Item::ItemSpecial) && placeInRow[i] == 1)
+                most.control = qMax(most.control, width);
+            int &other = is(i, Item::ItemLabel) ? most.label : most.line;
+            if (!isPlain(i))
+                other = qMax(other, is(i, Item::ItemLabel) ? width : width + spacingX);
+        }
+        return most;
+    };
+    k = k < 1 || k > sections.size() ? sections.size() : k;
+    for (bool tooWide = true; tooWide;) {
+        const int share = sections.size() / k + (sections.size() % k ? 1 : 0);
+        starts.clear();
+        lefts.clear();
+        tooWide = false;
+        for (int c = 0; c <= k; ++c)
+            starts << (c < k ? sections.value(c * share, n) : n);
+        for (int c = 0, x = 0; c < k; ++c) {
+            lefts << x;
+            const Widths column = widths(c);
+            x += qMax(column.label + column.row + 2 * spacingX, column.line);
+            tooWide = c > 0 && x >= width;
+            k = tooWide ? c : k;
+        }
+    }
+
+    QVector<QRect> rects;
+    QVector<int> flow(k, 0);
+    int column = 0, x = 0, y = 0, rowHeight = 0, right = 0, bottom = 0, label = -1;
+    for (int i = 0; i <= n; ++i) {
+        x = is(i, Item::ItemGroup) ? lefts[column] : i ? x + rects.last().width() + spacingX : 0;
+        if (is(i, Item::ItemGroup)) {
+            if (label >= 0)
+                rects[label].setHeight(rowHeight > 24 ? 24 : rowHeight);
+            label = -1;
+            y += std::exchange(rowHeight, 0);
+        }
+        if (i == n)
+            break;
+        QSize size(items[i].width, items[i].height);
+        if (is(i, Item::ItemLabel)) {
+            size.setWidth(widths(column).label);
+            label = i;
+        } else if (!is(i, Item::ItemSpecial)) {
+            size.setWidth(qMax(size.width(), widths(column).control));
+        }
+        if (is(i, Item::ItemSection)) {
+            flow[column] = y + (i ? items[i].topMargin : 0);
+            while (i >= starts[column + 1])
+                ++column;
+            const int line = qMax(widths(column).label + widths(column).row, widths(column).line);
+            size.setWidth(line > width ? qMax(width, right) : line);
+            x = lefts[column];
+            y = flow[column];
+        }
+        if (x > 0 && x + size.width() > width) {
+            x = 0;
+            y += std::exchange(rowHeight, 0);
+        }
+        rects << QRect(QPoint(x, y), size);
+        if (size.height() > 0)
+            rowHeight = qMax(rowHeight, size.height() + spacingY);
+        right = qMax(right, x + size.width() - 1);
+        bottom = qMax(bottom, y + size.height() - 1);
+    }
+    return Text(rects, QSize(right, bottom + 1));
+}
+
+/// Has a fixed size, keeps the rectangle it is given, and can do something when it is asked or placed.
+class Stub : public QSpacerItem
+{
+public:
+    using QSpacerItem::QSpacerItem;
+    QSize sizeHint() const override
+    {
+        ++Asked;
+        OnAsked();
+        return QSpacerItem::sizeHint();
+    }
+    void setGeometry(const QRect &rect) override
+    {
+        QSpacerItem::setGeometry(rect);
+        // A copy, since the action may delete this item.
+        const auto action = OnPlaced;
+        action();
+    }
+    mutable int Asked = 0;
+    std::function<void()> OnAsked = [] {};
+    std::function<void()> OnPlaced = [] {};
+};
+
+/// A layout in a window that is never shown, with a number of rows of one stub.
+struct Form {
+    explicit Form(int rows)
+    {
+        for (int i = 0; i < rows; ++i) {
+            Layout.addGroup();
+            Layout.addItem(new Stub(10 * (i + 1), 9));
+        }
+    }
+    Stub *At(int index) { return static_cast<Stub *>(Layout.itemAt(index)); }
+    /// Places everything, somewhere else and less high than needed.
+    QString Placed(int width)
+    {
+        Layout.setGeometry(QRect(7, 9, width, 3));
+        QVector<QRect> rects;
+        for (int i = 0; i < Layout.count(); ++i)
+            rects << Layout.itemAt(i)->geometry();
+        return Text(rects, Layout.sizeHint());
+    }
+    QWidget Window;
+    FloatGroupLayout Layout{&Window};
+};
+
+} // namespace
+
+class TestFloatGroupLayout : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void rectangles_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<Items>("items");
+        QTest::addColumn<QString>("arranged");
+        const auto row = [](const char *name, int width, const Items &items, const char *arranged) {
+            QTest::newRow(name) << width << items << QString(arranged);
+        };
+        row("labels and controls align", 999, {{Label, 60, 16}, {0, 100, 20}, {Label, 80, 16}, {0, 120, 20}},
+            "0,0 80x24, 84,0 120x20, 0,24 80x24, 84,24 120x20, in 203x44");
+        row("a label is at most 24 high", 999, {{Label, 9, 16}, {0, 9, 30}, {Label, 9, 16}, {0, 9, 60}, {Row, 9, 1}},
+            "0,0 9x24, 13,0 9x30, 0,34 9x24, 13,34 9x60, 0,98 9x1, in 21x99");
+        row("a label higher than its control", 999, {{Label, 9, 16}, {0, 9, 10}}, "0,0 9x20, 13,0 9x10, in 21x16");
+        row("a control without label is widened but not measured", 999,
+            {{Row, 300, 9}, {Label, 9, 9}, {0, 50, 9}, {Row, 40, 9}},
+            "0,0 300x9, 0,13 9x13, 13,13 50x9, 0,26 50x9, in 299x35");
+        row("invisible items take width but no height", 999,
+            {{Label, 0, 0}, {0, 50, 20}, {Label, 30, 16}, {0, 0, 0}, {Label, 0, 0}, {0, 0, 0}, {Row, 9, 9}},
+            "0,0 30x24, 34,0 50x20, 0,24 30x20, 34,24 50x0, 0,44 30x0, 34,44 50x0, 0,44 50x9, in 83x53");
+        row("a line wider than the form", 60, {{Row, 9, 9}, {Line, 90, 2}, {Row, 9, 9}},
+            "0,0 9x9, 0,13 60x2, 0,19 9x9, in 59x28");
+        row("a margin above a line, none above the first", 60,
+            {{Line, 9, 2, 5}, {Row, 50, 9}, {Line, 9, 2, 7}, {Row, 50, 9}},
+            "0,0 54x2, 0,6 50x9, 0,26 54x2, 0,32 50x9, in 53x41");
+        row("no margin at the top of a column", 200, {{Line, 9, 2, 5}, {Row, 50, 9}, {Line, 9, 2, 7}, {Row, 50, 9}},
+            "0,0 54x2, 0,6 50x9, 62,0 54x2, 62,6 50x9, in 115x15");
+        row("a row folds, and goes on behind the fold", 100, {{Row, 60, 20}, {0, 40, 30}, {0, 30, 9}, {Row, 9, 9}},
+            "0,0 60x20, 0,24 40x30, 44,24 40x9, 0,58 40x9, in 83x67");
+        row("a row of a second column folds to the left of the form", 150,
+            {{Line, 9, 9}, {Row, 50, 9}, {Line, 9, 9}, {Label, 9, 9}, {0, 50, 9}, {0, 9, 9}},
+            "0,0 54x9, 0,13 50x9, 62,0 76x9, 62,13 9x13, 75,13 50x9, 0,26 50x9, in 137x35");
+        row("a line at the end opens no section", 999, {{Row, 9, 9}, {Line, 9, 2}}, "0,0 9x9, 0,13 13x2, in 12x15");
+        row("a line with only invisible items behind it opens none", 999,
+            {{Row, 9, 9}, {Line, 9, 2}, {Label, 0, 0}, {0, 9, 0}}, "0,0 9x9, 0,13 13x2, 0,19 0x0, 4,19 9x0, in 12x19");
+        row("the first line of a run counts", 999, {{Row, 9, 9}, {Line, 9, 2}, {Row, 5, 0}, {Line, 9, 2}, {Row, 9, 9}},
+            "0,0 9x9, 21,0 13x2, 21,6 5x0, 21,6 13x2, 21,12 9x9, in 33x21");
+        row("an invisible line is a line", 999, {{Row, 9, 9}, {Line, 0, 0}, {Row, 9, 9}},
+            "0,0 9x9, 21,0 13x0, 21,0 9x9, in 33x9");
+    }
+
+    void rectangles()
+    {
+        QFETCH(int, width);
+        QFETCH(Items, items);
+        QTEST(Arranged(items, width), "arranged");
+    }
+
+    void columns_data()
+    {
+        QTest::addColumn<int>("sections");
+        QTest::addColumn<int>("columnWidth");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<QString>("lefts");
+        QTest::newRow("all fit") << 3 << 300 << 1000 << "0 300 600";
+        QTest::newRow("one that ends on the width is too wide") << 3 << 300 << 900 << "0 0 300";
+        QTest::newRow("one section in any width") << 1 << 300 << 5000 << "0";
+        QTest::newRow("the first column stays, however wide") << 3 << 300 << 0 << "0 0 0";
+        QTest::newRow("the last column stays short") << 5 << 100 << 350 << "0 0 100 100 200";
+        QTest::newRow("the last column stays empty") << 4 << 100 << 350 << "0 0 100 100";
+    }
+
+    void columns()
+    {
+        QFETCH(int, sections);
+        QFETCH(int, columnWidth);
+        QFETCH(int, width);
+        Items items;
+        for (int i = 0; i < sections; ++i)
+            items << Item{Line, 1, 2} << Item{Row, columnWidth - 12, 20};
+        FloatGroupArranger arranger(items, 4, 4);
+        arranger.arrange(width, 0);
+        QStringList lefts;
+        for (int i = 0; i < sections; ++i)
+            lefts << QString::number(arranger.hints().at(2 * i).left());
+        QTEST(lefts.join(' '), "lefts");
+    }
+
+    void aSecondFormulationAgrees()
+    {
+        QRandomGenerator random(218);
+        const auto below = [&](int end) { return int(random.bounded(end)); };
+        for (int run = 0; run < 20000; ++run) {
+            Items items(1 + below(1 + below(40)));
+            const int sectionEvery = 1 + below(8), shown = 1 + below(6);
+            for (Item &item : items) {
+                static const int usual[] = {0, 0, Row, Label, Item::ItemSpecial, Row | Item::ItemSpecial};
+                const int flags = !below(30) ? below(32) : !below(sectionEvery) ? Line : usual[below(6)];
+                item = {flags, below(150), below(shown) ? below(60) : 0, below(12)};
+            }
+            const int width = below(4) ? below(1200) : below(150) - 5;
+            const int count = below(8) - 2, x = below(8), y = below(8);
+            QCOMPARE(Arranged(items, width, count, x, y), ArrangedPlainly(items, width, count, x, y));
+        }
+    }
+
+    void absurdSizesStayInBounds()
+    {
+        for (const int huge : {QWIDGETSIZE_MAX, INT_MAX, INT_MIN}) {
+            Items items(3000, Item{0, huge, huge, huge});
+            for (int i = 0; i < items.size(); i += 3)
+                items[i].flags = i % 2 ? Line : Label;
+            for (const int width : {INT_MIN, 1000, INT_MAX}) {
+                FloatGroupArranger arranger(items, huge, huge);
+                arranger.arrange(width, 0);
+                for (const QRect &rect : arranger.hints())
+                    QVERIFY(rect.right() <= arranger.totalSize().width() && arranger.totalSize().height() > 0);
+            }
+        }
+    }
+
+    void children()
+    {
+        Form form(0);
+        QCOMPARE(form.Layout.sizeHint(), QSize(0, 0));
+        QCOMPARE(form.Layout.minimumSize(), QSize(4, 4));
+        form.Layout.addSection("line");
+        QGroupBox *titled = form.Layout.addHeadline("Title", 7, "titled");
+        QGroupBox *odd = form.Layout.addHeadline("", 7, "odd");
+        QGroupBox *none = form.Layout.addHeadline("", 0, nullptr);
+        form.Layout.addSeparator(11, "gap");
+        auto *edit = new QWidget(&form.Window);
+        edit->setObjectName("freq");
+        edit->setFixedSize(50, 30);
+        form.Layout.addRow("x", edit);
+        QCOMPARE(form.Layout.itemAt(0)->widget()->objectName(), QString("line"));
+        QVERIFY(titled->isFlat() && titled->alignment() == Qt::AlignHCenter);
+        QCOMPARE(titled->contentsMargins(), QMargins(0, 7, 0, 0));
+        QCOMPARE(odd->contentsMargins(), QMargins(0, 4, 0, 0));
+        QCOMPARE(none->contentsMargins(), QMargins(0, 0, 0, 0));
+        QCOMPARE(form.Layout.itemAt(5)->widget()->objectName(), QString("labelfreq"));
+        QVERIFY(!form.Layout.itemAt(-1) && !form.Layout.itemAt(7) && !form.Layout.takeAt(-1) && !form.Layout.takeAt(7));
+
+        titled->setFixedSize(40, 10);
+        form.Layout.itemAt(5)->widget()->setFixedWidth(20);
+        QCOMPARE(form.Placed(999),
+            QString("0,0 74x2, 0,13 40x10, 0,31 74x8, 0,43 74x5, 0,52 50x11, 0,67 20x24, 24,67 50x30, in 73x97"));
+        form.Layout.removeAllWidgets();
+        QVERIFY(form.Window.children() == QObjectList{&form.Layout});
+        QCOMPARE(form.Layout.sizeHint(), QSize(73, 97));
+    }
+
+    void marksAddUpAndKeepTheirPlaces()
+    {
+        Form form(1);
+        form.Layout.addSpecial();
+        form.Layout.addGroup();
+        form.Layout.addItem(new Stub(5, 9));
+        form.Layout.addItem(new Stub(30, 9));
+        form.Layout.addItem(new Stub(5, 9));
+        QCOMPARE(form.Placed(999), QString("0,0 30x9, 0,13 5x9, 9,13 30x9, 43,13 30x9, in 72x22"));
+        delete form.Layout.takeAt(0);
+        QCOMPARE(form.Placed(999), QString("0,0 5x9, 0,13 30x9, 34,13 5x9, in 38x22"));
+        QCOMPARE(form.At(0)->Asked, 2);
+    }
+
+    void theFirstRequestFixesTheArrangement()
+    {
+        Form form(1);
+        form.Layout.addSection("line");
+        form.Layout.addGroup();
+        form.Layout.addItem(new Stub(50, 20));
+        const QString inOneColumn = "0,0 10x9, 0,13 54x2, 0,19 50x20, in 53x39";
+        QCOMPARE(form.Layout.sizeHint(), QSize(53, 39));
+        QCOMPARE(form.Layout.heightForWidth(500), 39);
+        form.Layout.setHorizontalSpacing(6);
+        form.Layout.setVerticalSpacing(10);
+        QCOMPARE(form.Placed(500), inOneColumn);
+        form.Layout.invalidate();
+        QCOMPARE(form.Layout.heightForWidth(500), 32);
+        QCOMPARE(form.Layout.sizeHint(), QSize(83, 32));
+        QCOMPARE(form.Layout.minimumSize(), QSize(10, 9));
+    }
+
+    void placingEndsWhenSomebodyArrangesAnew()
+    {
+        Form form(3);
+        form.At(1)->OnPlaced = [&] { form.Layout.invalidate(); };
+        form.Placed(99);
+        QVERIFY(form.At(1)->geometry().isValid() && !form.At(2)->geometry().isValid());
+        form.At(0)->OnPlaced = [&] { form.Layout.removeAllWidgets(); };
+        form.Layout.setGeometry(QRect(0, 0, 99, 99));
+        QCOMPARE(form.Layout.count(), 0);
+    }
+
+    void measuringMayInvalidateOrTakeItems()
+    {
+        Form form(3);
+        form.At(1)->OnAsked = [&] { form.Layout.invalidate(); };
+        QCOMPARE(form.Layout.sizeHint(), QSize(29, 35));
+        form.At(0)->OnAsked = [&] { delete form.Layout.takeAt(2); };
+        form.Layout.invalidate();
+        form.Layout.setGeometry(QRect(0, 0, 99, 99));
+        QCOMPARE(form.Layout.sizeHint(), QSize(19, 22));
+    }
+
+    void aListStretchesItsRows()
+    {
+        Form form(0);
+        form.Layout.addList();
+        auto *list = new QWidget(&form.Window);
+        list->setMinimumWidth(70);
+        auto *rows = new QVBoxLayout(list);
+        rows->addStretch();
+        rows->addWidget(new QWidget);
+        form.Layout.addWidget(list);
+        form.Placed(500);
+        QCOMPARE(rows->itemAt(1)->widget()->minimumWidth(), 70);
+        delete list;
+        QCOMPARE(form.Layout.count(), 0);
+    }
+
+    void anAreaFlowsWithItsWidth()
+    {
+        FloatScrollArea area(nullptr);
+        area.setWidget(new QWidget);
+        auto &layout = *new FloatGroupLayout(&area);
+        for (int i = 0; i < 6; ++i) {
+            layout.addSection("line");
+            layout.addSeparator(100, "row")->setFixedWidth(188);
+        }
+        const auto columns = [&] {
+            QSet<int> lefts;
+            for (int i = 0; i < layout.count(); ++i)
+                lefts << layout.itemAt(i)->geometry().left();
+            return lefts.size();
+        };
+        area.show();
+        for (const auto &[width, fitting] : {std::pair(1000, 3), {450, 2}, {150, 1}, {1900, 6}, {650, 3}}) {
+            area.resize(width, 150);
+            QTRY_COMPARE(columns(), fitting);
+            QTRY_COMPARE(area.verticalScrollBar()->isVisible(), fitting < 6);
+            QTRY_COMPARE(area.widget()->minimumSize(), layout.sizeHint());
+        }
+        layout.invalidate();
+        QVERIFY2(layout.heightForWidth(9999) == area.widget()->minimumHeight(), "no wider than the area");
+        QResizeEvent resize(area.size(), area.size());
+        QVERIFY2(layout.eventFilter(&area, &resize), "the event ends here");
+        QVERIFY(!layout.eventFilter(area.viewport(), &resize));
+        QCOMPARE(area.minimumSizeHint(), area.QAbstractScrollArea::minimumSizeHint().boundedTo(QSize(9999, 20)));
+    }
+
+    void anAreaAndItsContentMayPart()
+    {
+        auto *area = new FloatScrollArea(nullptr);
+        area->show();
+        area->setWidget(new QWidget);
+        auto *layout = new FloatGroupLayout(area);
+        layout->addSeparator(30, "row");
+        const QScopedPointer<QWidget> content(area->takeWidget());
+        layout->setGeometry(QRect(0, 0, 100, 100));
+        area->resize(200, 200);
+        delete area;
+        layout->invalidate();
+        layout->setGeometry(QRect(0, 0, 100, 100));
+        QCOMPARE(layout->itemAt(0)->geometry().height(), 30);
+    }
+};
+
+ORBEL_TEST_MAIN(TestFloatGroupLayout)
+#include "tst_floatgrouplayout.moc"
