@@ -6,6 +6,7 @@ include(CMakePackageConfigHelpers)
 # another by bare name hold in the package as in the source.
 set(public_headers
     applymode.h
+    bounddelegate.h
     floatgroupcolumn.h
     floatgrouplayout.h
     floatscrollarea.h
@@ -21,7 +22,9 @@ set(public_headers
     orbelscript.h
     orbelsheet.h
     orbelwidget.h
-    widgetindex.h)
+    propertynames.h
+    widgetindex.h
+    widgets/orbelcombobox.h)
 list(TRANSFORM public_headers PREPEND "${PROJECT_SOURCE_DIR}/orbelparser/")
 install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
 

@@ -202,7 +202,7 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     for (int i = 0; changeCount == arranged && i < items.size() && i < hints.size(); ++i) {
         QLayoutItem *item = items.at(i);
         item->setGeometry(hints.at(i));
-        if ((flags.value(i) & FloatGroupItem::ItemList) && items.value(i) == item)
+        if (items.value(i) == item && (flags.at(i) & FloatGroupItem::ItemList))
             setListGeometry(item);
     }
 }
@@ -242,15 +242,15 @@ bool FloatGroupLayout::scanItems(QVector<FloatGroupItem> &measured) const
     totalSize = QSize(0, 0);
     measured.reserve(items.size());
     // A widget that is asked for the first time takes on its style and may invalidate this layout: nothing may rely on
-    // `hints` here, nor on the number of items.
-    for (int i = 0; i < items.size(); ++i) {
-        QLayoutItem *item = items.at(i);
-        const int itemFlags = flags.value(i);
-        const int topMargin = itemFlags & FloatGroupItem::ItemSection ? TopMargin(item) : 0;
-        const QSize hint = item->sizeHint();
+    // `hints` here, nor on the items.
+    const QList<QLayoutItem *> asked = items;
+    for (int i = 0; i < asked.size() && items == asked; ++i) {
+        const int itemFlags = flags.at(i);
+        const int topMargin = itemFlags & FloatGroupItem::ItemSection ? TopMargin(asked.at(i)) : 0;
+        const QSize hint = asked.at(i)->sizeHint();
         measured.append({itemFlags, hint.width(), hint.height(), topMargin});
     }
-    return !measured.isEmpty() && measured.size() == items.size();
+    return !measured.isEmpty() && items == asked;
 }
 
 /// Stretches the rows of a list to the width that the list got.

@@ -24,7 +24,7 @@ void DefineFile(QCommandLineParser &parser)
 
 QStringList Arguments(const QCommandLineParser &parser, int most)
 {
-    const QStringList arguments = parser.positionalArguments();
+    QStringList arguments = parser.positionalArguments();
     if (arguments.isEmpty())
         throw UsageFailure(QStringLiteral("a FILE is wanted"));
     if (arguments.size() > most)

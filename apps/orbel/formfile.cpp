@@ -78,11 +78,10 @@ const FormFile::Definition &FormFile::Pick(const QString &component) const
         return Definitions.constFirst();
     if (!IsList())
         throw UsageFailure(QStringLiteral("%1: it is no component list, so --component means nothing").arg(Path));
-    const QString listed = QLatin1Char('"') + names.join(QLatin1String("\", \"")) + QLatin1Char('"');
     if (component.isEmpty())
-        throw UsageFailure(QStringLiteral("%1: choose a form with --component: %2").arg(Path, listed));
-    throw UsageFailure(QStringLiteral("%1: there is no component \"%2\" in it, the nearest are \"%3\"")
-                           .arg(Path, component, NearestNames(component, names, 3).join(QLatin1String("\", \""))));
+        throw UsageFailure(QStringLiteral("%1: choose a form with --component: %2").arg(Path, Quoted(names)));
+    throw UsageFailure(QStringLiteral("%1: there is no component \"%2\" in it; nearest: %3")
+                           .arg(Path, component, Quoted(NearestNames(component, names, 3))));
 }
 
 FormFile::Form FormFile::Parse(const QString &component) const

@@ -14,7 +14,7 @@ QByteArray ReadFile(const QString &path)
         throw InputFailure(path, QStringLiteral("Is a directory"));
     if (!file.open(QIODevice::ReadOnly))
         throw InputFailure(path, file.errorString());
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         throw InputFailure(path, file.errorString());
     return bytes;

@@ -53,3 +53,8 @@ void Complain(const QString &message)
 {
     WriteLine(stderr, "orbel: " + message.toLocal8Bit());
 }
+
+QString Quoted(const QStringList &names)
+{
+    return QLatin1Char('"') + names.join(QLatin1String("\", \"")) + QLatin1Char('"');
+}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 /// Sends what the process has to say to its place: the parameter documents of the form viewer to standard output, and
 /// all else that goes through Qt's messages, such as what scripts print, to standard error. Traces of failures go to
@@ -13,3 +13,6 @@ void WriteDocument(const QString &xml);
 
 /// Writes "orbel: " and the message to standard error.
 void Complain(const QString &message);
+
+/// The names in quotation marks, for messages.
+QString Quoted(const QStringList &names);

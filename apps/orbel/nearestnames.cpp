@@ -14,10 +14,10 @@ int EditDistance(const QString &from, const QString &to)
     // Distances from the part of `from` read so far to each beginning of `to`.
     QVector<int> distances(to.size() + 1);
     std::iota(distances.begin(), distances.end(), 0);
-    for (int i = 0; i < from.size(); ++i) {
+    for (const QChar letter : from) {
         int diagonal = distances[0]++;
         for (int j = 0; j < to.size(); ++j) {
-            const int replaced = diagonal + (from[i] == to[j] ? 0 : 1);
+            const int replaced = diagonal + (letter == to[j] ? 0 : 1);
             diagonal = distances[j + 1];
             distances[j + 1] = std::min({replaced, diagonal + 1, distances[j] + 1});
         }

@@ -16,10 +16,10 @@
 namespace
 {
 
-constexpr QLatin1String Params("params");
-constexpr QLatin1String SetOption("set");
-constexpr QLatin1String Changed("changed");
-constexpr QLatin1String OnlyModified("only-modified");
+const QLatin1String Params("params");
+const QLatin1String SetOption("set");
+const QLatin1String Changed("changed");
+const QLatin1String OnlyModified("only-modified");
 
 /// The parameter paths of the controls that hold a value.
 QStringList ValuePaths(const KV218::OrbelSheet &sheet)
@@ -99,8 +99,6 @@ void ParamsCommand::Set(KV218::OrbelFormular &form, const QString &assignment) c
         form.SetVTValue(path, assignment.mid(equals + 1), nullptr, false);
         return;
     }
-    const QStringList nearest = NearestNames(path, ValuePaths(form.GetSheet()), 3);
-    throw UsageFailure(QStringLiteral("%1: there is no value at \"%2\"").arg(Path, path)
-        + (nearest.isEmpty() ? QStringLiteral(", nor at any other path")
-                             : QStringLiteral(", the nearest are \"%1\"").arg(nearest.join(QLatin1String("\", \"")))));
+    throw UsageFailure(QStringLiteral("%1: there is no value at \"%2\"; nearest: %3")
+                           .arg(Path, path, Quoted(NearestNames(path, ValuePaths(form.GetSheet()), 3))));
 }

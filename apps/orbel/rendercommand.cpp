@@ -22,14 +22,14 @@ constexpr int GreatestSide = 16384;
 /// The width of the viewer's window.
 constexpr int OrdinaryWidth = 500;
 
-constexpr QLatin1String Output("output");
-constexpr QLatin1String Size("size");
-constexpr QLatin1String FontSize("font-size");
-constexpr QLatin1String Style("style");
+const QLatin1String Output("output");
+const QLatin1String Size("size");
+const QLatin1String FontSize("font-size");
+const QLatin1String Style("style");
 
 QString OutputPath(const QCommandLineParser &parser)
 {
-    const QString path = parser.value(Output);
+    QString path = parser.value(Output);
     if (path.isEmpty())
         throw UsageFailure(QStringLiteral("a picture is wanted: -o OUT.png"));
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();

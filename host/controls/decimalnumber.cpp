@@ -71,9 +71,6 @@ double WithSteps(double value, double step, int count)
 {
     Decimal sum = ToDecimal(value);
     Decimal move = ToDecimal(step);
-    // Zero takes any exponent.
-    if (sum.Digits == 0)
-        sum.Exponent = move.Exponent;
     const int exponent = std::min(sum.Exponent, move.Exponent);
     const bool fits = Expand(sum, exponent) && Expand(move, exponent) && Multiply(move.Digits, count)
         && std::llabs(sum.Digits) < std::numeric_limits<qint64>::max() - std::llabs(move.Digits);

@@ -50,7 +50,6 @@ public:
     }
 
     Node *operator->() const { return Held; }
-    ValueBase *GetBase() const { return Base; }
     explicit operator bool() const { return Held; }
 
 private:

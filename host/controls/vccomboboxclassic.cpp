@@ -112,8 +112,6 @@ void VCComboBoxClassic::ShowItems()
 
     Names = names;
     Context = Node->GetTranslationNamespace();
-    if (same == 0)
-        clear();
     while (count() > same)
         removeItem(count() - 1);
     QStringList texts;

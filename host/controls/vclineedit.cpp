@@ -120,7 +120,7 @@ void VCLineEdit::WriteNode(const QString &typed)
 {
     const QString text = TypedToNode ? TypedToNode(typed) : typed;
     const bool standsForNothing = TypedToNode && text.isNull();
-    if (!standsForNothing && text != Node->GetStringValue())
+    if (!standsForNothing)
         Node->SetStringValue(text, this);
 }
 

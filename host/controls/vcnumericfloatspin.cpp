@@ -27,8 +27,6 @@ bool VCNumericFloatSpin::SetNumericValue(IValueNumeric *node)
 {
     const bool bound = Node.Bind(node);
     if (bound) {
-        const ValueType type = Node.GetBase()->GetType();
-        WholeNumbers = type == ekTypeInt || type == ekTypeInt64;
         OwnMinimum.reset();
         OwnMaximum.reset();
         ReadNode();
@@ -119,8 +117,7 @@ QString VCNumericFloatSpin::textFromValue(double number) const
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    // Adding zero takes the sign from a zero.
-    return plain.toString(finite + 0.0, 'f', decimals());
+    return plain.toString(finite, 'f', decimals());
 }
 
 double VCNumericFloatSpin::valueFromText(const QString &text) const
@@ -225,8 +222,6 @@ double VCNumericFloatSpin::ToNode(double shown) const
             return known;
     }
     const double quotient = qBound(-Unlimited, shown / Factor, Unlimited);
-    if (WholeNumbers)
-        return std::round(quotient);
     // A quotient that has no end, such as 0.7 / 0.3, is kept as it is: with fewer digits it would not show as before.
     const double plain = WithoutNoise(quotient);
     return ToShown(plain) == shown ? plain : quotient;

@@ -100,7 +100,6 @@ private:
     struct {
         double Value = 0, Min = -1e308, Max = 1e308, Step = 1;
     } Last;
-    bool WholeNumbers = false;
     double Factor = 1;
     int AdditionalPrecision = 0;
     bool StepDisabled = false;

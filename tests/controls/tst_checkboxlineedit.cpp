@@ -81,6 +81,7 @@ private Q_SLOTS:
         Click(live.Find("c"));
         QCOMPARE(live.log.Take(), QString("c.toggled(true) node=true"));
         QCOMPARE(live.Get("c")->property("checked"), QVariant(true));
+        QTRY_COMPARE(live.log.Seen(), QString("sheet.si_parametersModified()"));
     }
 
     void tooltips_data()

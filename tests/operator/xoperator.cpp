@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QMenu>
 #include <QProcess>
 #include <QStyleOptionButton>
+#include <QTimer>
 #include <QWidget>
 #include <QtTest>
 
@@ -56,6 +58,21 @@ void XOperator::Hover(QWidget *widget)
 void XOperator::Type(const QString &text)
 {
     Run({"type", "--delay", "5", text});
+}
+
+void XOperator::PressInMenu(const QStringList &keys, const std::function<void(QMenu *)> &look)
+{
+    auto *poll = new QTimer(qApp);
+    QObject::connect(poll, &QTimer::timeout, poll, [=] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        poll->stop();
+        poll->deleteLater();
+        look(menu);
+        QProcess::startDetached(QStringLiteral(ORBEL_XDOTOOL), QStringList("key") + keys);
+    });
+    poll->start(20);
 }
 
 void XOperator::Press(const QString &keys)

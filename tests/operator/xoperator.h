@@ -3,7 +3,9 @@
 #include <QPoint>
 #include <QString>
 #include <QStringList>
+#include <functional>
 
+class QMenu;
 class QWidget;
 
 /// An operator at a real display: moves the mouse, clicks and types through the X server, as a person would. Positions
@@ -22,6 +24,9 @@ public:
     static void Type(const QString &text);
     /// Presses keys by their X names: "Tab", "Return", "ctrl+a".
     static void Press(const QString &keys);
+    /// Presses keys, one after the other, in the menu that the next action opens; the action returns when the menu is
+    /// closed. `look` sees the menu first.
+    static void PressInMenu(const QStringList &keys, const std::function<void(QMenu *)> &look);
 
 private:
     static void Run(const QStringList &arguments);

@@ -167,14 +167,14 @@ private Q_SLOTS:
         add("empty file", {"params", empty}, 1, empty + ": there is no form");
         add("definition cut off", {"params", cut}, 1, cut + ": line 3: ");
         add("set without =", {"params", form, "--set", "Group/first"}, 2, "PATH=TEXT");
-        add("set at an unknown path", {"params", form, "--set", "Group/frist=1"}, 2, "nearest are \"Group/first\"");
+        add("set at an unknown path", {"params", form, "--set", "Group/frist=1"}, 2, "nearest: \"Group/first\"");
         add("set at a control without a value", {"params", form, "--set", "note=1"}, 2, "no value at \"note\"");
         add("document of another form", {"params", form, "--params", document}, 1, document + ": there is no element");
         add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
         add("change without a form", {"params", form, "--changed", document}, 1, document + ": there is no element");
         add("component of a definition", {"params", form, "--component", "A"}, 2, form + ": it is no component list");
         add("component not chosen", {"params", Components}, 2, "\"Audio\", \"Site\"");
-        add("component unknown", {"params", Components, "--component", "Sito"}, 2, "nearest are \"Site\"");
+        add("component unknown", {"params", Components, "--component", "Sito"}, 2, "nearest: \"Site\"");
         add("no picture", {"render", form}, 2, "-o OUT.png");
         add("unknown picture format", {"render", form, "-o", "a.doc"}, 2, "a.doc");
         add("picture in no folder", {"render", form, "-o", noFolder}, 1, noFolder);
@@ -203,28 +203,27 @@ private Q_SLOTS:
         QTest::addColumn<QString>("printed");
 
         const auto document = [](const QString &first, const QString &second) {
-            return QString("<Parameters><Group>%1%2</Group></Parameters>")
-                .arg(first.isEmpty() ? "" : "<first>" + first + "</first>",
-                    second.isEmpty() ? "" : "<second>" + second + "</second>");
+            return QString("<Parameters><Group><first>%1</first>%2</Group></Parameters>").arg(first, second);
         };
-        const QString read = Write("read.xml", document("1", "2"));
+        const QString two = "<second>2</second>";
+        const QString read = Write("read.xml", document("1", two));
         const QString latin = Folder.filePath("latin.xml");
         QFile file(latin);
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(QString("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + document(QChar(0xe4), "2")).toLatin1());
-        const QString changed = Write("changed.orbel",
+        file.write(QString("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + document(QChar(0xe4), two)).toLatin1());
+        const QString change = Write("change.orbel",
             "<ZkParamGui><Sheet><Widget name='second'><Property name='parameterXmlTag'><String>Group/second</String>"
-            "</Property><Property name='text'><String>changed</String></Property></Widget></Sheet></ZkParamGui>");
+            "</Property><Property name='text'><String>new</String></Property></Widget></Sheet></ZkParamGui>");
 
         const auto add = [](const char *name, const QStringList &options, const QString &printed) {
             QTest::newRow(name) << options << printed;
         };
         // clang-format off
-        add("document read", {"--params", read}, document("1", "2"));
-        add("document in another encoding", {"--params", latin}, document(QChar(0xe4), "2"));
+        add("document read", {"--params", read}, document("1", two));
+        add("document in another encoding", {"--params", latin}, document(QChar(0xe4), two));
         add("sets in their order, after the document", {"--set", "first=a", "--set", "Group/first=b=c", "--params", read},
-            document("b=c", "2"));
-        add("changed definition last", {"--changed", changed, "--params", read, "--set", "first=a"}, document("a", "changed"));
+            document("b=c", two));
+        add("change last", {"--changed", change, "--params", read, "--set", "second=a"}, document("1", "<second>new</second>"));
         add("only modified", {"--params", read, "--only-modified", "--set", "first=a"}, document("a", ""));
         add("nothing modified", {"--params", read, "--only-modified"}, "");
         // clang-format on
@@ -238,6 +237,33 @@ private Q_SLOTS:
         QCOMPARE(result.Err, QString());
         QCOMPARE(result.Out.remove(QRegularExpression("\\n *")), printed);
         QCOMPARE(result.Status, 0);
+    }
+
+    void formsWithFaultsAreToldAndUsed_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("behind");
+        QTest::addColumn<QString>("told");
+        QTest::addColumn<int>("status");
+        const QString handler = "first.textChanged.connect(function () { missing.text = 1 })";
+        // clang-format off
+        QTest::newRow("script prints")            << "print('hello', 1 + 1)" << ""   << "hello 2\n"                         << 0;
+        QTest::newRow("script throws")            << "missing.text = 1"      << ""   << "ReferenceError"                    << 0;
+        QTest::newRow("handler throws")           << handler                 << ""   << "form.orbel: script: ReferenceError" << 0;
+        QTest::newRow("malformed behind the form") << ""                     << "<<" << "form.orbel: line 1: "              << 1;
+        // clang-format on
+    }
+
+    void formsWithFaultsAreToldAndUsed()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, behind);
+        QFETCH(QString, told);
+        QFETCH(int, status);
+        const Result result = Orbel({"params", WriteForm(script, behind), "--set", "first=a"});
+        QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
+        QVERIFY2(result.Out.startsWith("<Parameters>") && result.Out.contains("<first>a<"), qPrintable(result.Out));
+        QCOMPARE(result.Status, status);
     }
 
     void paramsFedWithItsOwnOutputPrintsTheSame_data()
@@ -256,35 +282,6 @@ private Q_SLOTS:
         const Result second = Orbel(QStringList{"params", "--params", Write("fed.xml", first.Out)} + unset);
         QCOMPARE(second.Out, first.Out);
         QCOMPARE(second.Status, 0);
-    }
-
-    void scriptsSpeakOnStandardError_data()
-    {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("said");
-        const QString handler = "first.textChanged.connect(function () { missing.text = 1 })";
-        // clang-format off
-        QTest::newRow("printed")                << "print('hello', 1 + 1)" << "hello 2\n";
-        QTest::newRow("exception")              << "missing.text = 1"      << "ReferenceError";
-        QTest::newRow("exception in a handler") << handler                 << "form.orbel: script: ReferenceError";
-        // clang-format on
-    }
-
-    void scriptsSpeakOnStandardError()
-    {
-        QFETCH(QString, script);
-        QFETCH(QString, said);
-        const Result result = Orbel({"params", WriteForm(script), "--set", "first=a"});
-        QVERIFY2(result.Err.contains(said), qPrintable(result.Err));
-        QVERIFY2(result.Out.startsWith("<Parameters>"), qPrintable(result.Out));
-        QCOMPARE(result.Status, 0);
-    }
-
-    void malformedFormIsUsedAsFarAsItWasRead()
-    {
-        const Result result = Orbel({"params", WriteForm(QString(), "<<"), "--set", "first=a"});
-        QVERIFY2(result.Out.contains("<first>a</first>"), qPrintable(result.Out));
-        QCOMPARE(result.Status, 1);
     }
 
     void renderDrawsWithoutADisplay()
@@ -330,24 +327,12 @@ private Q_SLOTS:
         QCOMPARE(list.Out + list.Err, QString());
     }
 
-    void nearestNames_data()
+    void nearestNamesAreTheOnesWithTheFewestEdits()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("nearest");
-        // clang-format off
-        QTest::newRow("same name")                        << "gain"   << "gain,agc";
-        QTest::newRow("letter too many, other case")      << "GAINS"  << "gain,agc";
-        QTest::newRow("letter missing in the middle")     << "antena" << "antenna,agc";
-        QTest::newRow("equally near ones in list order")  << "xyzw"   << "agc,gain";
-        // clang-format on
-    }
-
-    void nearestNames()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, nearest);
-        QCOMPARE(NearestNames(name, {"antenna", "agc", "gain", "agc"}, 2).join(','), nearest);
-        QCOMPARE(NearestNames(name, {}, 2), QStringList());
+        const QStringList names{"antenna", "agc", "gain", "agc"};
+        QCOMPARE(NearestNames("GAINS", names, 2).join(','), QString("gain,agc"));
+        QCOMPARE(NearestNames("antena", names, 1).join(','), QString("antenna"));
+        QCOMPARE(NearestNames("xyzw", names, 9).join(','), QString("agc,gain,antenna"));
     }
 };
 

@@ -1,0 +1,300 @@
+// What all controls have in common, as facets over one table, and the example that holds every class once.
+
+#include "delegatefactory.h"
+#include "forms.h"
+#include "orbelsheetui.h"
+#include "testmain.h"
+#include "tree.h"
+
+#include <QIcon>
+#include <QtTest>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+/// One control named "a" with parameters, and an enumeration for those that want one.
+QString One(const QString &className, const QStringList &properties)
+{
+    return "<ZkParamGui><Enums><Enum name='e'><EnumValue><DisplayName>One</DisplayName><Value>1</Value></EnumValue>"
+           "<EnumValue><DisplayName>Two</DisplayName><Value>2</Value></EnumValue></Enum></Enums><Sheet name='sheet'>"
+        + Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + properties) + "</Sheet></ZkParamGui>";
+}
+
+/// The form's script engine.
+QScriptEngine *EngineOf(const Form &form)
+{
+    return form->GetScriptValues().value("sheet").engine();
+}
+
+/// Lets a script note the name of each own signal of control "a", in the order of emission.
+void WatchSignals(const Form &form)
+{
+    form->EvaluateScript("var log = [];");
+    const QMetaObject *meta = Delegate(form, "a")->metaObject();
+    for (int i = OrbelDelegate::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+        const QMetaMethod method = meta->method(i);
+        if (method.methodType() == QMetaMethod::Signal)
+            form->EvaluateScript(QString("a['%1'].connect(function () { log.push('%2'); });")
+                                     .arg(QString(method.methodSignature()), QString(method.name())));
+    }
+}
+
+QString TakeLog(const Form &form)
+{
+    const QString log = EngineOf(form)->evaluate("log.join(' ')").toString();
+    form->EvaluateScript("log = [];");
+    return log;
+}
+
+/// A value of a declared type, for a script and for a signal.
+QVariant Sample(int type)
+{
+    return type == QMetaType::QVariant ? QVariant(1) : type == QMetaType::QString ? QVariant("1") : QVariant(type, nullptr);
+}
+
+/// Calls a method of a script's global with an argument for each parameter; gives the exception's text, or nothing.
+QString CallFromScript(QScriptEngine *engine, const QString &global, const QMetaMethod &method)
+{
+    QScriptValueList arguments;
+    for (int i = 0; i < method.parameterCount(); ++i)
+        arguments << engine->toScriptValue(Sample(method.parameterType(i)));
+    QScriptValue object = engine->globalObject().property(global);
+    QScriptValue function = object.property(QString(method.methodSignature()));
+    if (!function.isFunction())
+        return "no function";
+    function.call(object, arguments);
+    const QString failure = engine->hasUncaughtException() ? engine->uncaughtException().toString() : QString();
+    engine->clearExceptions();
+    return failure;
+}
+
+/// Connects a script's function, emits the signal, and gives how many arguments arrived; -1 for none of it.
+int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *sender, const QMetaMethod &signal)
+{
+    engine->evaluate(QString("var arrived = -1; function handler() { arrived = arguments.length; } %1['%2'].connect(handler);")
+                         .arg(global, QString(signal.methodSignature())));
+    QVector<QVariant> values;
+    QGenericArgument arguments[6];
+    for (int i = 0; i < signal.parameterCount(); ++i)
+        values << Sample(signal.parameterType(i));
+    for (int i = 0; i < signal.parameterCount(); ++i) {
+        const bool isVariant = signal.parameterType(i) == QMetaType::QVariant;
+        arguments[i] = QGenericArgument(
+            QMetaType::typeName(signal.parameterType(i)), isVariant ? &values[i] : values[i].constData());
+    }
+    signal.invoke(sender, Qt::DirectConnection, arguments[0], arguments[1], arguments[2], arguments[3], arguments[4]);
+    const int arrived = engine->evaluate("arrived").toInt32();
+    engine->evaluate(QString("%1['%2'].disconnect(handler);").arg(global, QString(signal.methodSignature())));
+    return arrived;
+}
+
+} // namespace
+
+class TestAllControls : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void theExampleHoldsEveryClassOnce()
+    {
+        const Form form(OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel"));
+        form->CreateValueTree("/All");
+        QHash<QString, int> seen;
+        for (int i = 0; i < form->GetSheet().GetWidgetCount(); ++i)
+            ++seen[form->GetSheet().GetWidgetAt(i)->GetClass()];
+        QStringList wrong;
+        for (const QString &name : DelegateClassNames()) {
+            if (seen.take(name) < 1)
+                wrong << name;
+        }
+        QCOMPARE(wrong, QStringList());
+        // Headlines set the groups of the example apart; all else stands there once.
+        seen.remove("Headline");
+        QVERIFY2(seen.isEmpty(), qPrintable(QStringList(seen.keys()).join(' ')));
+
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        window->resize(900, 760);
+        const QImage picture = window->grab().toImage();
+        const QImage table = form->GetGUI()->findChild<QWidget *>("spacings")->grab().toImage();
+        QVERIFY(!picture.isNull() && picture.pixelColor(picture.width() - 5, 5) == window->palette().window().color());
+        QVERIFY2(table.width() > 100 && table.height() > 50, "the controls have room");
+
+        // A list of fewer than two hidden items, a table with strings: what is read is what was written.
+        const QString written = form->GetXmlString(false);
+        form->SetXmlString(written);
+        QVERIFY(!form->GetSheet().isModified());
+    }
+
+    void scriptsReachEveryMethod_data()
+    {
+        QTest::addColumn<QString>("className");
+        for (const QString &name : DelegateClassNames())
+            QTest::newRow(qPrintable(name)) << name;
+        QTest::newRow("the sheet") << QString();
+    }
+
+    void scriptsReachEveryMethod()
+    {
+        QFETCH(QString, className);
+        const Form form = Bind(One(className, {"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2",
+                                                  "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i"}));
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        const QString global = className.isEmpty() ? "sheet" : "a";
+        OrbelDelegate *delegate = className.isEmpty() ? form->GetSheet().GetDelegate() : Delegate(form, "a");
+        QScriptEngine *engine = EngineOf(form);
+        const QMetaObject *meta = delegate->metaObject();
+        QStringList wrong;
+        int reached = 0;
+        for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+            const QMetaMethod method = meta->method(i);
+            // The menu waits for the operator.
+            if (method.access() == QMetaMethod::Private || method.name() == "showContextMenu")
+                continue;
+            ++reached;
+            if (method.methodType() == QMetaMethod::Signal) {
+                if (ArgumentsThatArrive(engine, global, delegate, method) != method.parameterCount())
+                    wrong << method.methodSignature();
+            } else {
+                const QString failure = CallFromScript(engine, global, method);
+                if (!failure.isEmpty())
+                    wrong << method.methodSignature() + ": " + failure.toUtf8();
+            }
+        }
+        QCOMPARE(wrong.join('\n'), QString());
+        QVERIFY(reached >= 14);
+    }
+
+    void valuesTravel_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QStringList>("properties");
+        QTest::addColumn<QString>("valueProperty");
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("scriptRaises"); // signals in order, then * if the control became modified
+        QTest::addColumn<QString>("nodeText");
+        QTest::addColumn<QString>("nodeRaises");
+        QTest::addColumn<QString>("readText");
+        QTest::addColumn<QString>("readRaises");
+
+        const auto row = [](const char *name, const QStringList &properties, const char *valueProperty, const char *script,
+                             const char *scriptRaises, const char *nodeText, const char *nodeRaises, const char *readText,
+                             const char *readRaises) {
+            QTest::newRow(name) << QString(name) << properties << QString(valueProperty) << QString(script)
+                                << QString(scriptRaises) << QString(nodeText) << QString(nodeRaises) << QString(readText)
+                                << QString(readRaises);
+        };
+        // clang-format off
+        row("CheckBox", {}, "checked", "a.setChecked(true)", "", "false", "toggled*", "false", "toggled");
+        row("LineEdit", {}, "text", "a.setText('x')", "", "y", "textChanged*", "y", "textChanged");
+        row("IPEdit", {}, "text", "a.setText('x')", "", "y", "textChanged*", "y", "textChanged");
+        row("SpinBox", {}, "value", "a.setValue(5)", "", "7", "valueChanged editingFinished*", "7", "valueChanged");
+        row("DoubleSpinBox", {}, "value", "a.setValue(5)", "", "7.5", "valueChanged editingFinished*", "7.5", "valueChanged");
+        row("BaudRateSpinBox", {}, "value", "a.setValue(5)", "", "7", "valueChanged editingFinished*", "7", "valueChanged");
+        row("BandwidthEdit", {}, "value", "a.setValue(5)", "", "7", "valueChanged editingFinished*", "7", "valueChanged");
+        row("FrequencyOffsetEdit", {}, "value", "a.setValue(5)", "", "7", "valueChanged editingFinished*", "7", "valueChanged");
+        row("ComboBox", {"enumName=String:e"}, "currentValue", "a.setCurrentValue('2')", "", "One", "currentValueChanged*", "1", "currentValueChanged");
+        row("HiddenParameter", {}, "value", "a.setValue('x')", "valueChanged*", "y", "valueChanged", "y", "valueChanged valueChanged");
+        // clang-format on
+    }
+
+    void valuesTravel()
+    {
+        QFETCH(QString, className);
+        QFETCH(QStringList, properties);
+        QFETCH(QString, script);
+        QFETCH(QString, nodeText);
+        QFETCH(QString, readText);
+        const Form form = Bind(One(className, properties));
+        WatchSignals(form);
+        OrbelDelegate *a = Delegate(form, "a");
+        ValueBase *node = form->GetVTValue("a");
+        QVERIFY(node);
+        const auto raised = [&] {
+            const QString raised = TakeLog(form) + (a->isModified() ? "*" : "");
+            a->resetModified();
+            return raised;
+        };
+
+        form->EvaluateScript(script);
+        QTEST(raised(), "scriptRaises");
+        const QString scripted = node->GetStringValue();
+        node->SetStringValue(nodeText, nullptr);
+        QVERIFY(node->GetStringValue() != scripted);
+        QTEST(raised(), "nodeRaises");
+        node->SetStringValue(nodeText, nullptr);
+        node->HasChanged(ekChangeValue, nullptr);
+        QCOMPARE(raised(), QString());
+
+        form->EvaluateScript(script);
+        raised();
+        form->SetXmlString("<Parameters><a>" + readText + "</a></Parameters>");
+        QTEST(raised(), "readRaises");
+        QCOMPARE(node->GetStringValue(), nodeText);
+    }
+
+    void aWithdrawnNodeLeavesTheControl_data() { valuesTravel_data(); }
+
+    void aWithdrawnNodeLeavesTheControl()
+    {
+        QFETCH(QString, className);
+        QFETCH(QStringList, properties);
+        QFETCH(QString, valueProperty);
+        QFETCH(QString, script);
+        const Form form = Bind(One(className, properties));
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        Tree::Instance()->RemoveNode("/Form/a");
+        QVERIFY(!form->GetVTValue("a"));
+        form->EvaluateScript(script);
+        QVERIFY(!Delegate(form, "a")->property(qPrintable(valueProperty)).toString().isEmpty());
+        form->SetXmlString("<Parameters><a>1</a></Parameters>");
+        form->SetChangedORBEL("<ZkParamGui/>");
+        QVERIFY(form->GetXmlString(false).contains("<a"));
+    }
+
+    void absentStatesLeaveAControlUsable_data() { scriptsReachEveryMethod_data(); }
+
+    void absentStatesLeaveAControlUsable()
+    {
+        QFETCH(QString, className);
+        const Form form = Bind(One(className, {"enumName=String:e", "text=String:t", "itemCount=Int:1"}));
+        form->CreateGUI(false);
+        std::unique_ptr<QWidget> window(form->GetGUI());
+        for (const QWidget *control : window->findChildren<QWidget *>("a"))
+            QVERIFY(control->isEnabled() && !control->isHidden());
+        // Either may go first.
+        if (className.size() % 2)
+            window.reset();
+    }
+
+    void aliasesAreTheSameControl_data()
+    {
+        QTest::addColumn<QString>("alias");
+        QTest::newRow("LineEdit") << "IPEdit";
+        QTest::newRow("DoubleSpinBox") << "BaudRateSpinBox";
+        QTest::newRow("BandwidthEdit") << "FrequencyOffsetEdit";
+        QTest::newRow("DoubleSpinBoxList") << "ShiftList";
+    }
+
+    void aliasesAreTheSameControl()
+    {
+        QFETCH(QString, alias);
+        QStringList seen;
+        for (const QString &className : {QString(QTest::currentDataTag()), alias}) {
+            const Form form = Bind(One(className, {"value=Double:3", "text=String:t", "itemCount=Int:2", "decimals=Int:2",
+                                                      "parameterListItemTag=String:i", "unit=String:u"}));
+            seen << Delegate(form, "a")->metaObject()->className() + form->GetXmlString(false);
+        }
+        QCOMPARE(seen.at(0), seen.at(1));
+    }
+};
+
+ORBEL_TEST_MAIN(TestAllControls)
+#include "tst_allcontrols.moc"
