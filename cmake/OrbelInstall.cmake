@@ -7,7 +7,6 @@ include(CMakePackageConfigHelpers)
 set(public_headers
     applymode.h
     bounddelegate.h
-    floatgroupcolumn.h
     floatgrouplayout.h
     floatscrollarea.h
     formconfiguration.h

@@ -30,8 +30,9 @@ struct FloatGroupItem;
 /// behind them at least the width of the widest that stands second in its row. With a single column, a row too wide for
 /// the form folds.
 ///
-/// A section line with nothing visible before the next one, or with nothing behind it at all, opens no section: of
-/// lines in a run the first counts. Hidden widgets add no height, but take their width in a row.
+/// Of section lines with nothing visible between them the first opens a section and the others stand in it. A line with
+/// neither a line nor anything visible behind it opens none. Hidden widgets add no height, but what stands behind them
+/// in a row does not move up.
 ///
 /// Requests. sizeHint() asks for one screen column; heightForWidth() and setGeometry() for as many as fit. Whoever asks
 /// first fixes the arrangement, whatever others ask for later, until the next change of the items or invalidate().

@@ -16,7 +16,7 @@ bool FormConfiguration::SetObject(QObject *object, const QString &name)
 
 QByteArray FormConfiguration::Key(const char *suffix) const
 {
-    return Name.toLatin1() + suffix;
+    return Name.toUtf8() + suffix;
 }
 
 int FormConfiguration::GetFontSize() const

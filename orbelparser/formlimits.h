@@ -10,6 +10,9 @@ namespace limit
 /// How deep property lists may nest. A deeper list ends the reading of its document there.
 inline constexpr int PropertyListDepth = 64;
 
+/// How many forms one document may hold, of which the last counts. What comes behind them is not read.
+inline constexpr int FormsPerDocument = 16;
+
 /// How many parts a `parameterXmlTag` may have. A control with a longer path shows and works, but stands outside the
 /// parameter document.
 inline constexpr int ParameterPathParts = 256;

@@ -150,6 +150,7 @@ void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVari
     const QVariant own = property(name.toLatin1().constData());
     if (enable) {
         DefineProperty(name);
+        // Meant: where nothing is stored there is nothing to give back; the control stays as it was forced to be.
         SetPropertyAlways(name, own);
         return;
     }
@@ -213,14 +214,20 @@ void OrbelDelegate::PropagateProperty(const QString &name, QObject *target)
 
 void OrbelDelegate::PropagateProperties(QObject *target)
 {
-    for (const QString &name : qAsConst(DefinedProperties)) {
+    // A copy: a setter of a host's control may lead back here.
+    const QStringList names = DefinedProperties;
+    for (const QString &name : names) {
         const QByteArray key = name.toLatin1();
         const QVariant value = property(key.constData());
         // Qt resets a declared property that is given an invalid value; what is left out keeps the control's state.
         if (value.isValid())
             target->setProperty(key.constData(), value);
     }
-    // A group that was collapsed before the control existed.
+    HideIfCollapsed(target);
+}
+
+void OrbelDelegate::HideIfCollapsed(QObject *target)
+{
     if (!GroupVisible && !IsDefined(prop::Visible))
         target->setProperty(prop::Visible.data(), false);
 }

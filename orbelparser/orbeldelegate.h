@@ -148,8 +148,11 @@ protected:
     bool IsDefined(const QString &name) const { return DefinedProperties.contains(name); }
     /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none.
     void PropagateProperty(const QString &name, QObject *target);
-    /// Forwards all defined properties that are set to a control just made, and hides it when its group is collapsed.
+    /// Forwards all defined properties that are set to a control just made, and hides it when its group
+    /// is collapsed.
     void PropagateProperties(QObject *target);
+    /// Hides a control just made, when its group was collapsed before it existed.
+    void HideIfCollapsed(QObject *target);
 
     /// The text in the operator's language, in the translation context of the object name.
     QString Translate(const QString &text) const;

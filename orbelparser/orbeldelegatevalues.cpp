@@ -2,6 +2,7 @@
 
 #include "orbeldelegate.h"
 
+#include "formlimits.h"
 #include "orbelenum.h"
 #include "propertynames.h"
 #include "tree.h"
@@ -179,7 +180,7 @@ void OrbelDelegate::SetDoubleTooltip(QWidget *control)
 {
     if (!control)
         return;
-    const int decimals = property(prop::Decimals.data()).toInt();
+    const int decimals = qMin(limit::Decimals, property(prop::Decimals.data()).toInt());
     const double lowest = GetDouble(prop::Minimum, LowestDouble);
     const double highest = GetDouble(prop::Maximum, HighestDouble);
     control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
@@ -189,7 +190,7 @@ void OrbelDelegate::SetDoubleTooltip(QWidget *control)
 
 QString OrbelDelegate::formatString(double value, int decimals, const QString &suffix)
 {
-    QString text = QString::number(value, 'f', decimals);
+    QString text = QString::number(value, 'f', qMin(decimals, limit::Decimals));
     if (decimals > 0) {
         while (text.endsWith(QLatin1Char('0')))
             text.chop(1);

@@ -27,12 +27,14 @@ void OrbelDelegate::ReadXml(QXmlStreamReader &) {}
 
 void OrbelDelegate::SetXmlPath(const QString &tag)
 {
+    const QString before = XmlTagName;
     XmlPath = tag.isEmpty() ? objectName() : tag;
     XmlTagName = XmlPath.mid(XmlPath.lastIndexOf(QLatin1Char('/')) + 1);
     // Meant: every further parse of the same element adds the name again.
     if (!tag.isEmpty())
         XmlTags.append(XmlTagName);
-    Form().TagChanged();
+    if (XmlTagName != before)
+        Form().TagChanged();
 }
 
 void OrbelDelegate::AddXmlTag(const QString &tag)

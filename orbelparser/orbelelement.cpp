@@ -76,6 +76,7 @@ QExplicitlySharedDataPointer<OrbelWidget> OrbelElement::FindWidget(const QString
 
 bool OrbelElement::HasModified() const
 {
+    // Meant: a widget that is not selected counts too, so its enclosing elements are written without it.
     if (LeafWidget)
         return LeafWidget->isModified();
     for (const OrbelElement *child : Children) {

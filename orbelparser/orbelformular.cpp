@@ -10,6 +10,8 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QPointer>
+#include <QScriptEngine>
 #include <QScriptEngineDebugger>
 #include <QScriptValueIterator>
 #include <QWidget>
@@ -30,9 +32,9 @@ void SetUp(QXmlStreamWriter &writer)
 
 } // namespace
 
-OrbelFormular::OrbelFormular() : EmptyEnum(new OrbelEnum), Sheet(this)
+OrbelFormular::OrbelFormular() : EmptyEnum(new OrbelEnum), Sheet(this), Engine(new QScriptEngine)
 {
-    RegisterScriptTypes(&Engine);
+    RegisterScriptTypes(Engine.get());
     const OrbelSheetUi *ui = Sheet.GetUi();
     connect(ui, &OrbelSheetUi::si_parametersModified, this, &OrbelFormular::si_parametersModified);
     connect(ui, &OrbelSheetUi::si_chooseFontSize, this, &OrbelFormular::sl_fontSize);
@@ -46,6 +48,10 @@ OrbelFormular::~OrbelFormular()
     Debugger.reset();
     if (!Name.isEmpty())
         TranslationCenter::Instance().Unregister(Name);
+    if (Engine->isEvaluating()) {
+        Engine->abortEvaluation();
+        Engine.release()->deleteLater();
+    }
 }
 
 void OrbelFormular::SetName(const QString &name)
@@ -79,8 +85,10 @@ void OrbelFormular::ParseORBEL(QXmlStreamReader &reader)
 void OrbelFormular::SetChangedORBEL(const QString &text)
 {
     QXmlStreamReader reader(text);
+    const QPointer<OrbelFormular> self(this);
     ForEachForm(reader, [&] { ProcessChangedORBEL(reader); });
-    Sheet.ResyncValueTree();
+    if (self)
+        Sheet.ResyncValueTree();
 }
 
 void OrbelFormular::ProcessChangedORBEL(QXmlStreamReader &reader)
@@ -139,7 +147,7 @@ void OrbelFormular::ParseChangedEnums(QXmlStreamReader &reader)
 void OrbelFormular::PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values)
 {
     Enums.insert(values->GetName(), values);
-    QScriptValue object = Engine.newObject();
+    QScriptValue object = Engine->newObject();
     for (int i = 0; i < values->GetValueCount(); ++i) {
         const OrbelEnumValue &value = values->GetValueAt(i);
         object.setProperty(value.GetEnumIdentifier(), QScriptValue(value.GetValue()));
@@ -150,22 +158,25 @@ void OrbelFormular::PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &v
 void OrbelFormular::CreateValueTree(const QString &path)
 {
     VTPath = path;
+    const QPointer<OrbelFormular> self(this);
     Sheet.setActive(false);
     Sheet.CreateValueTree(path);
     InitScript();
-    Sheet.setActive(true);
+    if (self)
+        Sheet.setActive(true);
 }
 
 void OrbelFormular::CreateGUI(bool applyUi)
 {
-    Sheet.CreateGUI(applyUi);
-    RestoreConfiguration();
+    CreateGUI(applyUi, QStringList(), true);
 }
 
 void OrbelFormular::CreateGUI(bool applyUi, const QStringList &names, bool exclude)
 {
+    const QPointer<OrbelFormular> self(this);
     Sheet.CreateGUI(applyUi, names, exclude);
-    RestoreConfiguration();
+    if (self)
+        RestoreConfiguration();
 }
 
 void OrbelFormular::Show()
@@ -205,8 +216,10 @@ bool OrbelFormular::IsInputEnabled() const
 
 void OrbelFormular::sl_fontSize(int size)
 {
+    const QPointer<OrbelFormular> self(this);
     Sheet.SetFontSize(size);
-    ApplyConfiguration();
+    if (self)
+        ApplyConfiguration();
 }
 
 QString OrbelFormular::GetXmlString(bool onlyModified)
@@ -263,13 +276,18 @@ void OrbelFormular::RestoreConfiguration()
 {
     if (!Configuration.Exists())
         return;
+    // Whatever is set here may make a control commit, and a handler end the form.
+    const QPointer<OrbelFormular> self(this);
     const int ownSize = Configuration.GetFontSize();
     const int applicationSize = QApplication::font().pointSize();
     if (ownSize > 0)
         Sheet.SetFontSize(ownSize);
     else if (GetGUI() && GetGUI()->font().pointSize() != applicationSize)
         Sheet.SetFontSize(applicationSize);
-    Sheet.SetCollapsed(Configuration.GetCollapsed());
+    if (self)
+        Sheet.SetCollapsed(Configuration.GetCollapsed());
+    if (!self)
+        return;
     const QVariant inputDisabled = Configuration.GetInputDisabled();
     if (inputDisabled.isValid())
         EnableInput(!inputDisabled.toBool());
@@ -277,22 +295,23 @@ void OrbelFormular::RestoreConfiguration()
 
 void OrbelFormular::InitScript()
 {
-    Engine.evaluate(Script.GetCode(), QString(), 1);
-    if (!Engine.hasUncaughtException())
+    const QPointer<OrbelFormular> self(this);
+    Engine->evaluate(Script.GetCode(), QString(), 1);
+    if (!self || !Engine->hasUncaughtException())
         return;
-    const QScriptValue exception = Engine.uncaughtException();
+    const QScriptValue exception = Engine->uncaughtException();
     TraceFailure(QStringLiteral("** OrbelFormular Script Exception %1\n").arg(exception.toString()),
         "orbelformular", __LINE__);
 }
 
 void OrbelFormular::EvaluateScript(const QString &text)
 {
-    Engine.evaluate(text, QString(), 1);
+    Engine->evaluate(text, QString(), 1);
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, QObject *object)
 {
-    SetGlobal(name, Engine.newQObject(object));
+    SetGlobal(name, Engine->newQObject(object));
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, bool value)
@@ -312,13 +331,13 @@ void OrbelFormular::SetScriptValue(const QString &name, const QString &value)
 
 void OrbelFormular::SetGlobal(const QString &name, const QScriptValue &value)
 {
-    Engine.globalObject().setProperty(name, value);
+    Engine->globalObject().setProperty(name, value);
 }
 
 QMap<QString, QScriptValue> OrbelFormular::GetScriptValues() const
 {
     QMap<QString, QScriptValue> values;
-    QScriptValueIterator global(Engine.globalObject());
+    QScriptValueIterator global(Engine->globalObject());
     while (global.hasNext()) {
         global.next();
         const QScriptValue value = global.value();
@@ -333,7 +352,7 @@ void OrbelFormular::DebugScript()
     if (Debugger)
         return;
     Debugger = std::make_unique<QScriptEngineDebugger>();
-    Debugger->attachTo(&Engine);
+    Debugger->attachTo(Engine.get());
     Debugger->action(QScriptEngineDebugger::InterruptAction)->trigger();
 }
 

@@ -10,10 +10,10 @@
 #include <QExplicitlySharedDataPointer>
 #include <QMap>
 #include <QObject>
-#include <QScriptEngine>
 #include <QScriptValue>
 #include <memory>
 
+class QScriptEngine;
 class QScriptEngineDebugger;
 class QXmlStreamReader;
 class ValueBase;
@@ -157,7 +157,8 @@ private:
     QExplicitlySharedDataPointer<OrbelEnum> EmptyEnum;
     OrbelSheet Sheet;
     OrbelScript Script;
-    QScriptEngine Engine;
+    /// Never null. Outlives the form when a script that is running ends it.
+    std::unique_ptr<QScriptEngine> Engine;
     std::unique_ptr<QScriptEngineDebugger> Debugger;
     FormConfiguration Configuration;
 };

@@ -78,30 +78,34 @@ QString OrbelFormularManager::GetCurrentName() const
 
 bool OrbelFormularManager::ShowFormular(const QString &name)
 {
-    HideCurrent();
-    Current = Formulars.value(name);
-    if (!Current)
+    // A handler of the form that goes may show another one meanwhile.
+    while (Current)
+        HideCurrent();
+    const Formular shown = Formulars.value(name);
+    Current = shown;
+    if (!shown)
         return false;
     if (AutoApplyMemory != 0)
-        Current->GetSheet().setAutoApplyEnabled(AutoApplyMemory > 0);
-    connect(Current.data(), &OrbelFormular::si_parametersModified, this, &OrbelFormularManager::si_parametersModified);
-    HandOverConfiguration(Current.data());
-    if (Current->GetGUI())
-        Current->Show();
+        shown->GetSheet().setAutoApplyEnabled(AutoApplyMemory > 0);
+    connect(shown.data(), &OrbelFormular::si_parametersModified, this, &OrbelFormularManager::si_parametersModified,
+        Qt::UniqueConnection);
+    HandOverConfiguration(shown.data());
+    if (shown->GetGUI())
+        shown->Show();
     return true;
 }
 
 void OrbelFormularManager::HideCurrent()
 {
-    if (!Current)
-        return;
-    OrbelSheet &sheet = Current->GetSheet();
+    const Formular leaving = Current;
+    OrbelSheet &sheet = leaving->GetSheet();
     sheet.killAutoApplyTimer();
-    if (Current->GetGUI())
-        Current->Hide();
-    disconnect(Current.data(), &OrbelFormular::si_parametersModified, this, &OrbelFormularManager::si_parametersModified);
+    if (leaving->GetGUI())
+        leaving->Hide();
+    disconnect(leaving.data(), &OrbelFormular::si_parametersModified, this, &OrbelFormularManager::si_parametersModified);
     AutoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
-    Current.reset();
+    if (Current == leaving)
+        Current.reset();
 }
 
 void OrbelFormularManager::Reset()
@@ -121,7 +125,8 @@ void OrbelFormularManager::SetConfigObject(QObject *object, const QString &name)
 {
     ConfigObject = object;
     ConfigName = name;
-    for (const Formular &formular : qAsConst(Formulars))
+    const auto built = Formulars;
+    for (const Formular &formular : built)
         HandOverConfiguration(formular.data());
 }
 
@@ -133,8 +138,8 @@ void OrbelFormularManager::HandOverConfiguration(OrbelFormular *formular) const
 
 void OrbelFormularManager::RestoreConfiguration()
 {
-    if (Current)
-        Current->RestoreConfiguration();
+    if (const Formular current = Current)
+        current->RestoreConfiguration();
 }
 
 QString OrbelFormularManager::GetXmlString(bool onlyModified)
@@ -178,8 +183,10 @@ void OrbelFormularManager::GetVTValues(const QList<ValueBase *> &locals, IObserv
         current->GetVTValues(locals, observer, init);
         return;
     }
-    for (int i = locals.size() - 1; init && i >= 0; --i)
-        locals.at(i)->SetStringValue(QString(), nullptr);
+    for (int i = locals.size() - 1; init && i >= 0; --i) {
+        if (ValueBase *local = locals.at(i))
+            local->SetStringValue(QStringLiteral(""), nullptr);
+    }
 }
 
 bool OrbelFormularManager::SetVTValue(ValueBase *local, IObserver *observer)

@@ -79,6 +79,7 @@ Q_SIGNALS:
 
 private:
     Formular BuildFormular(const QString &name);
+    /// There must be a current form.
     void HideCurrent();
     void HandOverConfiguration(OrbelFormular *formular) const;
 

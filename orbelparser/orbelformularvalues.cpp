@@ -124,7 +124,7 @@ ValueBase *OrbelFormular::GetVTValue(ValueBase *local, IObserver *observer, bool
         source = GetVTValue(local->GetName());
     if (!source) {
         if (init)
-            local->SetStringValue(QString(), observer);
+            local->SetStringValue(QStringLiteral(""), observer);
         return nullptr;
     }
     const QString text = source->GetStringValue();
@@ -142,6 +142,7 @@ ValueBase *OrbelFormular::GetVTValue(ValueBase *local, IObserver *observer, bool
 
 void OrbelFormular::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init)
 {
+    // Meant: from the last to the first.
     for (int i = locals.size() - 1; i >= 0; --i)
         GetVTValue(locals.at(i), observer, init);
 }

@@ -107,6 +107,7 @@ void OrbelSheet::ParseWidget(QXmlStreamReader &reader)
 
 void OrbelSheet::ParseChangedORBEL(QXmlStreamReader &reader)
 {
+    const QPointer<OrbelSheetUi> self(Ui.data());
     ForEachStart(reader, [&](const QStringRef &name) {
         if (name != element::Widget) {
             reader.skipCurrentElement();
@@ -116,6 +117,9 @@ void OrbelSheet::ParseChangedORBEL(QXmlStreamReader &reader)
         const QString widgetName = reader.attributes().value(attribute::Name).toString();
         if (const Widget widget = Index.FindName(Widgets, widgetName))
             widget->GetDelegate()->ParseProperties(reader, false);
+        // A handler may have ended the form; an error ends all walks over the document.
+        if (!self)
+            reader.raiseError(QStringLiteral("The form is gone"));
     });
 }
 
@@ -126,12 +130,13 @@ void OrbelSheet::CreateGUI(bool applyUi)
 
 void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
 {
-    Ui->CreateFrame(applyUi);
+    const QSharedPointer<OrbelSheetUi> ui = Ui;
+    ui->CreateFrame(applyUi);
     const QSet<QString> names(list.cbegin(), list.cend());
     for (const Widget &widget : Snapshot()) {
         const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
         if (listed != exclude)
-            widget->CreateGUI(Ui->GetLayout());
+            widget->CreateGUI(ui->GetLayout());
         else
             widget->SetSelected(false);
     }
@@ -318,8 +323,9 @@ void OrbelSheet::EnableInput(bool enable, eEnableScope scope)
     }
     if (!InputEnabled[scope == EnableScopeInput ? EnableScopeSheet : EnableScopeInput])
         return;
+    const QPointer<OrbelSheetUi> self(Ui.data());
     SetEnableInput(enable, false);
-    if (enable && !InputEnabled[EnableScopePartial])
+    if (self && enable && !InputEnabled[EnableScopePartial])
         SetEnableInput(false, true);
 }
 
@@ -329,8 +335,10 @@ void OrbelSheet::ReapplyInput()
     const bool enabled = InputEnabled[EnableScopeInput] && InputEnabled[EnableScopeSheet];
     if (enabled && InputEnabled[EnableScopePartial])
         return;
+    const QPointer<OrbelSheetUi> self(Ui.data());
     SetEnableInput(true, false);
-    SetEnableInput(false, enabled);
+    if (self)
+        SetEnableInput(false, enabled);
 }
 
 bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
@@ -340,9 +348,10 @@ bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
 
 void OrbelSheet::SetEnableInput(bool enable, bool partial)
 {
+    const QSharedPointer<OrbelSheetUi> ui = Ui;
     for (const Widget &widget : Snapshot())
         widget->GetDelegate()->EnableInput(enable, partial);
-    Ui->EnableInput(enable, partial);
+    ui->EnableInput(enable, partial);
 }
 
 } // namespace KV218

@@ -109,7 +109,7 @@ public:
     bool IsInputEnabled(eEnableScope scope) const;
 
     /// Called by FormDoor when a widget's element name changed.
-    void TagChanged() { Index.Drop(); }
+    void TagChanged() { Index.DropTags(); }
 
 private:
     /// The list to walk while controls act: a handler may add to the real one, or end the form.

@@ -17,16 +17,18 @@ class WidgetIndex
 public:
     using Widget = QExplicitlySharedDataPointer<OrbelWidget>;
 
-    void Drop() { Valid = false; }
+    /// Must be told when the list changed.
+    void Drop() { HasNames = HasTags = false; }
+    /// Must be told when an element name changed.
+    void DropTags() { HasTags = false; }
     Widget FindName(const QList<Widget> &widgets, const QString &name) const;
     Widget FindTag(const QList<Widget> &widgets, const QString &tag) const;
 
 private:
-    void Fill(const QList<Widget> &widgets) const;
-
     mutable QHash<QString, Widget> ByName;
     mutable QHash<QString, Widget> ByTag;
-    mutable bool Valid = false;
+    mutable bool HasNames = false;
+    mutable bool HasTags = false;
 };
 
 } // namespace KV218

@@ -8,6 +8,7 @@
 #include "orbeldelegate.h"
 
 #include <QCommandLineParser>
+#include <QScriptEngine>
 #include <QWidget>
 #include <QXmlStreamReader>
 

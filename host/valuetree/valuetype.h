@@ -17,21 +17,21 @@ enum ValueType {
 template <class T> struct ValueTypeOf;
 template <> struct ValueTypeOf<QString> {
     static constexpr ValueType Type = ekTypeString;
-    static constexpr QLatin1String Name{"string"};
+    static constexpr QLatin1String Name{"string", 6};
 };
 template <> struct ValueTypeOf<bool> {
     static constexpr ValueType Type = ekTypeBoolean;
-    static constexpr QLatin1String Name{"boolean"};
+    static constexpr QLatin1String Name{"boolean", 7};
 };
 template <> struct ValueTypeOf<int> {
     static constexpr ValueType Type = ekTypeInt;
-    static constexpr QLatin1String Name{"int"};
+    static constexpr QLatin1String Name{"int", 3};
 };
 template <> struct ValueTypeOf<qint64> {
     static constexpr ValueType Type = ekTypeInt64;
-    static constexpr QLatin1String Name{"int64"};
+    static constexpr QLatin1String Name{"int64", 5};
 };
 template <> struct ValueTypeOf<double> {
     static constexpr ValueType Type = ekTypeDouble;
-    static constexpr QLatin1String Name{"double"};
+    static constexpr QLatin1String Name{"double", 6};
 };

@@ -54,6 +54,7 @@ void OrbelChannelSpacingTable::CreateGUI(FloatGroupLayout *layout)
     // Meant: the tooltip keeps the bounds of this moment, and the definition's `enabled`, `visible` and `toolTip` stay
     // with the delegate until one of them changes.
     SetDoubleTooltip(Control);
+    HideIfCollapsed(Control);
     layout->addWidget(Control);
     layout->addGroup();
     using Self = OrbelChannelSpacingTable;

@@ -22,6 +22,7 @@ void OrbelCheckBox::CreateGUI(FloatGroupLayout *layout)
     Control->setObjectName(WidgetName());
     Control->SetBoolean(ValueNode.get());
     PropagateProperties(Control);
+    // Meant: without a label the name of the parameter element is the tooltip.
     if (Control->toolTip().isEmpty())
         Control->setToolTip(Label ? Label->text() : GetXmlTagName());
     layout->addWidget(Control);

@@ -23,7 +23,7 @@ void OrbelLineEdit::CreateValueTree()
 void OrbelLineEdit::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
-    Control = new VCLineEdit(layout->parentWidget(), WidgetName().toLatin1().constData(), VCLineEdit::ekText);
+    Control = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekText);
     Control->SetValueBase(ValueNode.get());
     PropagateProperties(Control);
     // Meant: the label's text replaces a tooltip of the definition, and clears it where there is no label.

@@ -19,6 +19,7 @@ void OrbelPushButton::CreateGUI(FloatGroupLayout *layout)
     PropagateProperties(Button);
     Button->setText(GetTranslated(prop::Text));
     layout->addSpecial();
+    // Meant: the text replaces a tooltip of the definition.
     Button->setToolTip(GetTranslated(prop::Text));
     layout->addWidget(Button);
     layout->addGroup();

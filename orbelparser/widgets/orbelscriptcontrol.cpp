@@ -111,6 +111,8 @@ void OrbelScriptControl::ApplyProperties()
         if (IsDefined(name))
             PropertyChanged(name, property(name.toLatin1().constData()));
     }
+    for (QPushButton *button : {ClearButton.data(), EditButton.data(), LoadButton.data()})
+        HideIfCollapsed(button);
 }
 
 void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &value)

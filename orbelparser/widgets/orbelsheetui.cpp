@@ -129,6 +129,7 @@ void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
     OrbelDelegate::PropertyChanged(name, value);
     if (name != prop::AutoApplyEnabled)
         return;
+    // Meant: a timer that runs goes on, and still announces.
     AutoApplyEnabled = value.toBool();
     if (AutoApplyBox && AutoApplyBox->isChecked() != AutoApplyEnabled)
         AutoApplyBox->setChecked(AutoApplyEnabled);
@@ -180,6 +181,7 @@ void OrbelSheetUi::setModified(bool autoApply)
 
 void OrbelSheetUi::resetModified()
 {
+    // Meant: a timer that runs while nothing is modified goes on.
     if (!Modified)
         return;
     Modified = false;

@@ -22,6 +22,7 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     new TableKeys(Control);
     FillTable();
     // Meant: the definition's `enabled`, `visible` and `toolTip` stay with the delegate until one of them changes.
+    HideIfCollapsed(Control);
     layout->addWidget(Control);
     layout->addGroup();
     connect(Control, &QTableWidget::cellChanged, this, &OrbelTable::sl_cellChanged);

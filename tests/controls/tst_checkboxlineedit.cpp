@@ -3,7 +3,6 @@
 #include "liveform.h"
 #include "orbellineedit.h"
 #include "testmain.h"
-#include "tree.h"
 
 #include <QtTest>
 
@@ -106,17 +105,9 @@ private Q_SLOTS:
         QTEST(live.Find("w")->toolTip(), "tip");
     }
 
-    void editing_data()
-    {
-        QTest::addColumn<QString>("className");
-        QTest::newRow("line edit") << "LineEdit";
-        QTest::newRow("address edit, the same control") << "IPEdit";
-    }
-
     void editing()
     {
-        QFETCH(QString, className);
-        LiveForm live(Widget("e", className, {Written, "text=String:x", "maxLength=Int:4", "inputMask=String:nnnn"}));
+        LiveForm live(Widget("e", "LineEdit", {Written, "text=String:x", "maxLength=Int:4", "inputMask=String:nnnn"}));
         auto *edit = live.Find<QLineEdit>("e");
         QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
         QCOMPARE(edit->inputMask(), QString("nnnn"));
@@ -171,28 +162,13 @@ private Q_SLOTS:
         QCOMPARE(live.form->GetXmlString(false).simplified().replace("> <", "><"), document);
     }
 
-    void withoutANode_data()
+    void aTreeMayRefuseTheNodes()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("className");
-        for (const QString &path : QStringList{"/Form", ""}) {
-            const QByteArray fate(path.isEmpty() ? "refused" : "withdrawn");
-            QTest::newRow(fate + ", box") << path << "CheckBox";
-            QTest::newRow(fate + ", edit") << path << "LineEdit";
-            QTest::newRow(fate + ", label") << path << "Label";
-        }
-    }
-
-    void withoutANode()
-    {
-        QFETCH(QString, path);
-        QFETCH(QString, className);
-        LiveForm live(Widget("w", className, {Written}), true, path);
-        Tree::Instance()->RemoveNode("/Form/w");
-        QCOMPARE(live.form->GetVTValue("w") != nullptr, path.isEmpty() && className == "LineEdit");
-        live.form->EvaluateScript("w.setFocus(); w.forceFinishEditing()");
-        live.form->SetXmlString("<Parameters><w>true</w></Parameters>");
-        QVERIFY(live.form->GetXmlString(false).contains("<w>true</w>"));
+        LiveForm live(Widget("c", "CheckBox", {Written}) + Widget("e", "LineEdit", {Written}), true, QString());
+        QVERIFY2(!live.form->GetVTValue("c") && live.form->GetVTValue("e"), "a text keeps its node");
+        const QString document("<Parameters><c>true</c><e>x</e></Parameters>");
+        live.form->SetXmlString(document);
+        QCOMPARE(live.form->GetXmlString(false).simplified().replace("> <", "><"), document);
     }
 
     void aHandlerMayEndTheForm_data()

@@ -5,7 +5,6 @@
 #include "testmain.h"
 #include "tree.h"
 
-#include <limits>
 #include <QGroupBox>
 #include <QtTest>
 
@@ -62,15 +61,12 @@ private Q_SLOTS:
         node->SetStringValue("d", nullptr);
         QVERIFY(live.Get("l")->isModified());
         QCOMPARE(live.Find<QLabel>("l")->text(), QString("l:d"));
-    }
 
-    void labelWithoutParametersOnlyReads()
-    {
-        LiveForm live(Widget("l", "Label", {"text=String:a"}));
-        QVERIFY(Tree::Instance()->GetPaths().isEmpty());
-        live.form->SetXmlString("<Parameters><l>b</l></Parameters>");
-        QCOMPARE(live.Find<QLabel>("l")->text(), QString("b"));
-        QVERIFY(!live.form->GetXmlString(false).contains("<l>"));
+        LiveForm plain(Widget("l", "Label"), false, "/Plain");
+        QVERIFY2(!Tree::Instance()->GetNode("/Plain/l"), "no parameters, no node");
+        plain.form->SetXmlString("<Parameters><l>b</l></Parameters>");
+        QCOMPARE(plain.Find<QLabel>("l")->text(), QString("l:b"));
+        QVERIFY(!plain.form->GetXmlString(false).contains("<l>"));
     }
 
     void headlineCollapsesItsGroup()
@@ -87,6 +83,8 @@ private Q_SLOTS:
         QCOMPARE(headline->title(), QString("h:One"));
         QCOMPARE(headline->toolTip(), QString("h:Hide One"));
         live.form->EnableInput(false);
+        live.form->EnableInput(true);
+        QVERIFY2(headline->isEnabled(), "the lock of input does not touch it");
         live.form->EvaluateScript("h.setText('Uno'); h.setMargin(40); empty.setGroupVisible(false)");
         QCOMPARE(headline->title() + headline->toolTip(), QString("h:Oneh:Hide One"));
 

@@ -318,6 +318,17 @@ private Q_SLOTS:
         QTEST(control.toolTip(), "doubleTip");
     }
 
+    void decimalsBeyondAllReasonAreHarmless()
+    {
+        QWidget control;
+        Probe probe;
+        probe.setProperty("maximum", "10");
+        probe.setProperty("decimals", std::numeric_limits<int>::max());
+        probe.SetDoubleTooltip(&control);
+        QVERIFY(control.toolTip().size() < 1000);
+        QCOMPARE(Probe::formatString(1.5, std::numeric_limits<int>::max(), "Hz"), QString("1.5Hz"));
+    }
+
     void numbersAsText_data()
     {
         QTest::addColumn<double>("value");

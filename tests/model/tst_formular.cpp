@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QSignalSpy>
 #include <QtTest>
+#include <functional>
 
 using namespace KV218;
 using namespace forms;
@@ -55,6 +56,8 @@ QString Shown(const Form &form, const QStringList &names)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(KV218::OrbelFormular *, QWidget *)>)
 
 class TestFormular : public QObject
 {
@@ -405,15 +408,65 @@ private Q_SLOTS:
         }
     }
 
+    void aHandlerMayEndTheForm_data()
+    {
+        QTest::addColumn<std::function<void(OrbelFormular *, QWidget *)>>("action");
+        const auto row = [](const char *name, const std::function<void(OrbelFormular *, QWidget *)> &action) {
+            QTest::newRow(name) << action;
+        };
+        row("a click", [](OrbelFormular *, QWidget *window) {
+            auto *box = window->findChild<QWidget *>("a");
+            QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+        });
+        row("a value from the application",
+            [](OrbelFormular *form, QWidget *) { form->SetVTValue("a", "true", nullptr, true); });
+        row("a changed definition", [](OrbelFormular *form, QWidget *) {
+            form->SetChangedORBEL(Definition(Widget("h", "", {"value=String:y"}) + Widget("a", "", {"checked=Bool:true"}),
+                "<Script>1</Script>"));
+        });
+        row("a script", [](OrbelFormular *form, QWidget *) {
+            form->EvaluateScript("sheet.emitParametersXml(); a.setChecked(true);");
+        });
+        row("a form's script that runs again", [](OrbelFormular *form, QWidget *) { form->CreateValueTree("/Again"); });
+        row("a group that collapses over an edit", [](OrbelFormular *form, QWidget *) {
+            QObject configuration;
+            configuration.setProperty("c-collapsed", "head");
+            form->SetConfigObject(&configuration, "c");
+        });
+    }
+
     void aHandlerMayEndTheForm()
     {
-        Form form = Bind(Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true"}) + Widget("b", "CheckBox")));
+        using Action = std::function<void(OrbelFormular *, QWidget *)>;
+        QFETCH(Action, action);
+        const QStringList written{"generateParameterXml=Bool:true", "visible=Bool:true"};
+        Form form = Bind(Definition(Widget("head", "Headline", {"text=String:h"}) + Widget("t", "LineEdit", written)
+                + Widget("a", "CheckBox", written) + Widget("h", "HiddenParameter", written),
+            "<Script>if (h.value == undefined) h.setValue('x'); else sheet.emitParametersXml();</Script>"));
         form->CreateGUI(false);
         const std::unique_ptr<QWidget> window(form->GetGUI());
-        connect(form.data(), &OrbelFormular::si_parametersModified, [&] { form.reset(); });
         window->show();
-        QTest::mouseClick(window->findChild<QWidget *>("a"), Qt::LeftButton);
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        auto *edit = window->findChild<QLineEdit *>("t");
+        edit->setFocus();
+        QTest::keyClicks(edit, "typed");
+        form->GetXmlString(false);
+        connect(form.data(), &OrbelFormular::si_parametersModified, [&] { form.reset(); });
+        action(form.data(), window.get());
         QVERIFY(!form);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    void aSwitchTurnedOffBeforeTheControlsCounts()
+    {
+        const Form form = GroupForm();
+        form->GetSheet().EnableInput(false, OrbelSheet::EnableScopeSheet);
+        form->CreateGUI(false);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        QVERIFY(!window->findChild<QWidget *>("a")->isEnabled());
+        form->GetSheet().EnableInput(true, OrbelSheet::EnableScopeSheet);
+        QVERIFY(window->findChild<QWidget *>("a")->isEnabled());
     }
 };
 

@@ -8,6 +8,7 @@
 #include "tree.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -110,6 +111,43 @@ private Q_SLOTS:
 
         QVERIFY(!manager.ShowFormular("none"));
         QVERIFY(two->GetGUI()->isHidden() && manager.GetCurrentName().isEmpty());
+    }
+
+    void aHandlerMayResetOrShowAnother_data()
+    {
+        QTest::addColumn<bool>("reset");
+        QTest::newRow("reset") << true;
+        QTest::newRow("show another") << false;
+    }
+
+    void aHandlerMayResetOrShowAnother()
+    {
+        QFETCH(bool, reset);
+        OrbelFormularManager manager;
+        manager.EnableApplyUi(false);
+        for (const char *name : {"one", "two", "three"}) {
+            manager.DefineFormular(name, Definition(Widget("t", "LineEdit", {"generateParameterXml=Bool:true", "visible=Bool:true"})));
+            manager.GetFormular(name);
+        }
+        manager.ShowFormular("one");
+        QWidget *window = manager.GetCurrentFormular()->GetGUI();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        auto *edit = window->findChild<QLineEdit *>("t");
+        edit->setFocus();
+        QTest::keyClicks(edit, "typed");
+        manager.GetXmlString(false);
+        bool first = true;
+        connect(&manager, &OrbelFormularManager::si_parametersModified, [&] {
+            if (!first)
+                return;
+            first = false;
+            reset ? manager.Reset() : void(manager.ShowFormular("two"));
+        });
+        // Hiding the form takes the focus from the field, which then commits.
+        QCOMPARE(manager.ShowFormular("three"), !reset);
+        QVERIFY2(!first, "the commit was announced");
+        QCOMPARE(manager.GetCurrentName(), reset ? QString() : QString("three"));
     }
 
     void automaticApplyGoesAlong()

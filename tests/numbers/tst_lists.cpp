@@ -31,13 +31,6 @@ struct LiveList : LiveForm {
     int Count() const { return window->findChildren<VCNumericFloatSpin *>().size(); }
 };
 
-void AddClasses()
-{
-    QTest::addColumn<QString>("className");
-    for (const char *name : {"SpinBoxList", "DoubleSpinBoxList", "ShiftList"})
-        QTest::newRow(name) << name;
-}
-
 } // namespace
 
 class TestLists : public QObject
@@ -71,7 +64,12 @@ private Q_SLOTS:
         QCOMPARE(live.form->GetXmlString(false).count("<i "), live.Count());
     }
 
-    void items_data() { AddClasses(); }
+    void items_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::newRow("integers") << "SpinBoxList";
+        QTest::newRow("doubles") << "DoubleSpinBoxList";
+    }
 
     void items()
     {
@@ -87,6 +85,7 @@ private Q_SLOTS:
         QCOMPARE(live.log.Take(), told("1, 9"));
         QVERIFY(live.Get("n")->isModified());
         QCOMPARE(live.Spin(1)->text() + live.Spin(1)->toolTip(), QString("9<html>w<br>...9"));
+        QVERIFY2(live.Spin(1)->minimumWidth() == live.Find("n")->width(), "as wide as the list");
         live.Spin(2)->setFocus();
         QTest::keyClick(live.Spin(2), Qt::Key_Up);
         QCOMPARE(live.log.Take(), told("2, 5"));
@@ -133,11 +132,11 @@ private Q_SLOTS:
 
     void nothingReachesIntegers()
     {
-        LiveList live("SpinBoxList", {"itemCount=Int:2", "enabled=Bool:true"});
+        LiveList live("SpinBoxList", {"itemCount=Int:2", "enabled=Bool:true", "prefix=String:("});
         live.form->EvaluateScript("n.setPrefix('['); n.setEnabled(0, false); n.setEnabled(false); n.setFocus()");
         live.form->EnableInput(false);
-        QCOMPARE(live.Ask("n.isEnabled(0), n.isEnabled(2), n.value, n.prefix"), QString("false,false,[,"));
-        QVERIFY(live.Spin(0)->isEnabled() && live.Spin(0)->prefix().isEmpty() && !live.Spin(0)->hasFocus());
+        QCOMPARE(live.Ask("n.isEnabled(0), n.isEnabled(2), n.value, n.prefix"), QString("false,false,[,("));
+        QVERIFY(live.Spin(0)->isEnabled() && live.Spin(0)->prefix() == "(" && !live.Spin(0)->hasFocus());
     }
 
     void enabledItems()
@@ -160,22 +159,21 @@ private Q_SLOTS:
         QCOMPARE(live.Spin(2)->maximum(), 1e308);
     }
 
-    void ends_data() { AddClasses(); }
-
-    void ends()
+    void aHandlerEndsTheForm()
     {
-        QFETCH(QString, className);
-        const QStringList two{"itemCount=Int:2"};
-        const QString last = className == "SpinBoxList" ? "n.valueChanged" : "n.shiftValueChanged";
-        for (const QString &signal : {QString("n.valueChanged"), last}) {
-            LiveList reading(className, two);
-            reading.log.On(signal, [&] { reading.form.reset(); });
-            reading.form->SetXmlString("<Parameters><n><i>1</i><i>2</i></n></Parameters>");
+        const QPair<QString, QString> cases[] = {{"SpinBoxList", "n.valueChanged"},
+            {"DoubleSpinBoxList", "n.valueChanged"}, {"DoubleSpinBoxList", "n.shiftValueChanged"}};
+        for (const auto &[className, signal] : cases) {
+            for (const bool reading : {false, true}) {
+                LiveList live(className, {"itemCount=Int:2"});
+                live.log.On(signal, [&] { live.form.reset(); });
+                if (reading)
+                    live.form->SetXmlString("<Parameters><n><i>1</i><i>2</i></n></Parameters>");
+                else
+                    live.Spin(1)->stepBy(1);
+                QVERIFY2(!live.form && live.Count() == 0, "the list takes its controls along");
+            }
         }
-        LiveList stepping(className, two);
-        stepping.log.On("n.valueChanged", [&] { stepping.form.reset(); });
-        stepping.Spin(1)->stepBy(1);
-        QVERIFY2(!stepping.form && stepping.Count() == 0, "the list takes its controls along");
     }
 };
 

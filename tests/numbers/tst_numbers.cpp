@@ -21,13 +21,6 @@ IValueNumeric *Node(const LiveForm &live)
     return dynamic_cast<IValueNumeric *>(live.form->GetVTValue("n"));
 }
 
-void AddClasses()
-{
-    QTest::addColumn<QString>("className");
-    for (const char *name : {"SpinBox", "DoubleSpinBox", "BaudRateSpinBox", "BandwidthEdit", "FrequencyOffsetEdit"})
-        QTest::newRow(name) << name;
-}
-
 } // namespace
 
 class TestNumbers : public QObject
@@ -63,19 +56,23 @@ private Q_SLOTS:
             "2 3e+09 1 w<br>2... 2");
         row("the upper bound alone", "DoubleSpinBox", {"maximum=Int:10", "decimals=Int:1"}, "n.setDecimals(2)",
             "-1e+308 10 1 w<br>...10.0 0.0", "-1e+308 10 1 w<br>...10.0 0.00");
-        row("texts and wrapping", "SpinBox", {"prefix=String:<", "suffix=String:s", "wrapping=Bool:true"},
-            "n.setPrefix('['); n.setSuffix('m'); n.setWrapping(false)", "-2.14748e+09 2.14748e+09 1 w <0s wraps",
-            "-2.14748e+09 2.14748e+09 1 w [0m");
+        const QStringList texts{"prefix=String:<", "suffix=String:s", "wrapping=Bool:true", "minimum=Int:0"};
+        const char *change = "n.setPrefix('['); n.setSuffix('m'); n.setWrapping(false); n.setMaximum(9)";
+        row("texts of integers", "SpinBox", texts, change, "0 2.14748e+09 1 w<br>0... <0s wraps",
+            "0 9 1 w<br>0...9 [0m");
+        row("texts of doubles", "DoubleSpinBox", texts, change, "0 1e+308 1 w<br>0... <0s wraps",
+            "0 9 1 w<br>0...9 [0m");
         const QStringList scale{"unitScale=UInt64:1000", "value=Int64:1500000", "minimum=Int:10"};
         const char *kilo = "10000 1e+308 1000 w<br>10... 1500.000kHz";
-        row("a scale of mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo,
+        row("mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo,
             "1e+07 1e+308 1e+06 w<br>10... 10.000000MHz");
-        row("a scale of giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo,
+        row("giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo,
             "0 1e+308 1e+09 w<br>0... 0.001500000GHz");
-        row("any other scale", "FrequencyOffsetEdit", scale, "n.setUnitScale(10)", kilo,
-            "10 1e+308 1 w<br>10... 1500000Hz");
-        row("any text for a scale", "BandwidthEdit", scale, "n.setUnitScale('MHz')", kilo,
-            "10 1e+308 1 w<br>10... 1500000Hz");
+        const char *hertz = "10 1e+308 1 w<br>10... 1500000Hz";
+        row("any other scale", "BandwidthEdit", scale, "n.setUnitScale(10)", kilo, hertz);
+        row("any text for a scale", "BandwidthEdit", scale, "n.setUnitScale('MHz')", kilo, hertz);
+        row("a scale wins over what else is stated", "BandwidthEdit",
+            scale + QStringList{"suffix=String:x", "singleStep=Int:5", "decimals=Int:5"}, "", kilo, kilo);
     }
 
     void properties()
@@ -144,31 +141,6 @@ private Q_SLOTS:
         QVERIFY(!live.Get("n")->isModified());
     }
 
-    void changes_data() { AddClasses(); }
-
-    void changes()
-    {
-        QFETCH(QString, className);
-        LiveForm live(Widget("n", className, {Written, "value=Int:3"}) + Widget("next", "LineEdit"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        auto *spin = live.Find<VCNumericFloatSpin>("n");
-        live.log.Watch("n", live.Get("n"));
-        live.form->EvaluateScript("n.setValue(5); n.setFocus()");
-        QVERIFY(spin->hasFocus() && spin->text() == "5" && Node(live)->GetValue() == 5 && !live.Get("n")->isModified());
-
-        spin->selectAll();
-        QTest::keyClicks(spin, "12");
-        QTest::keyClick(spin, Qt::Key_Tab);
-        const QString told("n.valueChanged(12) n.editingFinished()");
-        QCOMPARE(live.log.Take(), told);
-        QVERIFY(live.Get("n")->isModified() && live.Get("n")->property("value").toDouble() == 12);
-        live.form->EvaluateScript("n.setValue(11)");
-        Node(live)->SetValue(11, nullptr);
-        QCOMPARE(live.log.Take(), QString());
-        Node(live)->SetValue(12, nullptr);
-        QCOMPARE(live.log.Take(), told);
-    }
-
     void largeNumbers()
     {
         LiveForm live(Widget("n", "BandwidthEdit", {Written}));
@@ -194,23 +166,17 @@ private Q_SLOTS:
         QVERIFY(live.form->GetXmlString(false).contains(">7<"));
     }
 
-    void ends_data() { AddClasses(); }
-
-    void ends()
+    void aHandlerEndsTheForm()
     {
-        QFETCH(QString, className);
-        for (const QString signal : {"n.valueChanged(1)", "n.editingFinished()", "sheet.si_parametersModified()"}) {
-            LiveForm live(Widget("n", className, {Written}), false);
-            live.log.Watch("n", live.Get("n"));
-            live.log.On(signal, [&] { live.form.reset(); });
-            live.Find<VCNumericFloatSpin>("n")->stepBy(1);
-            QVERIFY(!live.form && live.log.Take().endsWith(signal));
+        for (const QString className : {"SpinBox", "DoubleSpinBox", "BandwidthEdit"}) {
+            for (const QString signal : {"n.valueChanged(1)", "n.editingFinished()", "sheet.si_parametersModified()"}) {
+                LiveForm live(Widget("n", className, {Written}), false);
+                live.log.Watch("n", live.Get("n"));
+                live.log.On(signal, [&] { live.form.reset(); });
+                live.Find<VCNumericFloatSpin>("n")->stepBy(1);
+                QVERIFY(!live.form && live.log.Take().endsWith(signal));
+            }
         }
-        LiveForm live(Widget("n", className, {Written}));
-        Tree::Instance()->RemoveNode("/Form/n");
-        live.window.reset();
-        live.form->EvaluateScript("n.setValue(2); n.setMinimum(1); n.setFocus(); n.setSuffix('m')");
-        QVERIFY(live.form->GetXmlString(false).contains(">2<"));
     }
 };
 

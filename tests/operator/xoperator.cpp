@@ -46,7 +46,7 @@ void XOperator::Click(QWidget *widget, int button)
 void XOperator::ClickAt(QWidget *widget, const QPoint &point, int button)
 {
     const QPoint place = widget->mapToGlobal(point);
-    Run({"mousemove", "--sync", QString::number(place.x()), QString::number(place.y()), "click", QString::number(button)});
+    Run({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", QString::number(button)});
 }
 
 void XOperator::Hover(QWidget *widget)

@@ -5,47 +5,51 @@
 #include <QtTest>
 #include <QXmlStreamReader>
 
-/// The entries of the one list in a parameter document, joined with blanks: "attribute=value,attribute=value:text".
-inline QString Entries(const QString &document)
-{
-    QXmlStreamReader reader(document);
-    reader.readNextStartElement();
-    reader.readNextStartElement();
-    QStringList entries;
-    while (reader.readNextStartElement()) {
-        QStringList attributes;
-        for (const QXmlStreamAttribute &attribute : reader.attributes())
-            attributes << attribute.name() + '=' + attribute.value();
-        entries << attributes.join(',') + ':' + reader.readElementText();
-    }
-    return entries.join(' ');
-}
-
-/// A store named "s" in a form on the screen. It writes entries `i` with the unit "m", and a log watches it.
+/// A store named "s" in a form on the screen, without an apply row. It writes entries `i` with the unit "m", and a log
+/// watches it.
 struct LiveStore : LiveForm {
-    explicit LiveStore(const QString &className, const QStringList &properties = {}, bool applyUi = true)
+    explicit LiveStore(const QString &className, const QStringList &properties = {})
         : LiveForm(forms::Widget("s", className,
-                       properties
-                           + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i",
-                               "unit=String:m", "visible=Bool:true"}),
-            applyUi)
+                       properties + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i", "unit=String:m"}),
+            false)
     {
         log.Watch("s", Get("s"));
     }
     void Read(const QString &entries) { form->SetXmlString("<Parameters><s>" + entries + "</s></Parameters>"); }
-    QString Written() { return Entries(form->GetXmlString(false)); }
+    /// The entries in the document, joined with blanks: the numbers of the attributes, then ":" and the text. An entry
+    /// without its unit shows as "?".
+    QString Written()
+    {
+        QXmlStreamReader reader(form->GetXmlString(false));
+        reader.readNextStartElement();
+        reader.readNextStartElement();
+        QStringList entries;
+        while (reader.readNextStartElement()) {
+            QString entry;
+            for (const QXmlStreamAttribute &attribute : reader.attributes())
+                entry += attribute.name() == "unit" ? QString() : attribute.value().toString();
+            const bool whole = reader.name() == "i" && (reader.attributes().value("unit") == "m") == !IsMap();
+            entries << (whole ? entry + ':' + reader.readElementText() : reader.readElementText() + '?');
+        }
+        return entries.join(' ');
+    }
+    bool IsMap() const { return Get("s")->inherits("KV218::OrbelHiddenMap"); }
 };
 
-/// Columns for stores that a script and a document fill: the events end with "modified" when the script left that.
+/// A row for CheckStore(): the script leaves its result in r, then a document with the entries is read, unless they are
+/// null. The events end with "modified" when the script left that.
+inline void StoreRow(const char *name, const QString &className, const QStringList &properties, const QString &script,
+    const QString &entries, const QString &events, const QString &result, const QString &written)
+{
+    QTest::newRow(name) << className << properties << script << entries << events << result << written;
+}
+
 inline void AddStoreColumns()
 {
     QTest::addColumn<QString>("className");
     QTest::addColumn<QStringList>("properties");
-    QTest::addColumn<QString>("script"); // leaves its result in r
-    QTest::addColumn<QString>("read");
-    QTest::addColumn<QString>("events");
-    QTest::addColumn<QString>("result");
-    QTest::addColumn<QString>("written");
+    for (const char *text : {"script", "entries", "events", "result", "written"})
+        QTest::addColumn<QString>(text);
 }
 
 inline void CheckStore()
@@ -53,16 +57,13 @@ inline void CheckStore()
     QFETCH(QString, className);
     QFETCH(QStringList, properties);
     QFETCH(QString, script);
-    QFETCH(QString, read);
+    QFETCH(QString, entries);
     LiveStore store(className, properties);
     store.form->EvaluateScript("var r = ''; " + script);
     const bool modified = store.Get("s")->isModified();
-    QCOMPARE(store.form->GetSheet().isModified(), modified);
-    if (!read.isNull()) {
-        store.Read(read);
-        QVERIFY(!store.Get("s")->isModified());
-    }
-    QTEST(store.log.Take() + (modified ? " modified" : ""), "events");
+    if (!entries.isNull())
+        store.Read(entries);
+    QTEST(store.log.Take().remove("sheet.si_parametersModified() ") + (modified ? " modified" : ""), "events");
     QTEST(store.form->GetScriptValues().value("r").toString(), "result");
     QTEST(store.Written(), "written");
 }

@@ -1,1 +1,366 @@
-int main() { return 0; }
+// Tables on the screen: edits by key, clipboard and context menu, scripts and documents, and what is written.
+
+#include "orbelchannelspacingtable.h"
+#include "orbeltable.h"
+#include "storecase.h"
+#include "testmain.h"
+
+#include <ctime>
+
+using namespace KV218;
+
+namespace
+{
+
+const QString Spacings("ChannelSpacingTable"), Grid("TableWidget");
+const QStringList Shape{"spacingsCount=Int:3", "rowCount=Int:2", "columnCount=Int:2"};
+
+struct LiveTable : LiveStore {
+    using LiveStore::LiveStore;
+    QTableWidget *Table() const { return Find<QTableWidget>("s"); }
+
+    /// Opens a cell's editor with F2.
+    QWidget *Edit(int row, int column)
+    {
+        Table()->setCurrentCell(row, column);
+        QTest::keyClick(Table(), Qt::Key_F2);
+        log.Take();
+        QWidget *editor = nullptr;
+        for (QWidget *child : Table()->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+            editor = child->isVisible() ? child : editor;
+        return editor;
+    }
+    /// Types a text into a cell, over the one it has, and ends with Return.
+    void Type(int row, int column, const QString &text)
+    {
+        QWidget *editor = Edit(row, column);
+        QTest::keyClicks(editor, text);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    void Paste(const QString &text)
+    {
+        QApplication::clipboard()->setText(text);
+        QTest::keySequence(Table(), QKeySequence::Paste);
+    }
+    /// Asks for the context menu of a row, by mouse or, for row -1, by key; takes its first action and gives all titles.
+    QString Menu(int row)
+    {
+        QStringList titles;
+        QTimer open;
+        QObject::connect(&open, &QTimer::timeout, [&] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            for (const QAction *action : menu->actions())
+                titles << action->text();
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        });
+        open.start(0);
+        const QPoint place(5, row < Table()->rowCount() ? Table()->rowViewportPosition(row) + 5 : Table()->viewport()->height() - 1);
+        QContextMenuEvent ask(QContextMenuEvent::Mouse, place, Table()->viewport()->mapToGlobal(place));
+        if (row < 0)
+            QTest::keyClick(Table(), Qt::Key_F10, Qt::ShiftModifier);
+        else
+            QCoreApplication::sendEvent(Table()->viewport(), &ask);
+        return titles.join(' ');
+    }
+    QString Shown() const
+    {
+        QStringList texts;
+        for (int row = 0; row < Table()->rowCount(); ++row)
+            texts << Table()->model()->index(row, 0).data().toString();
+        return texts.join(' ');
+    }
+};
+
+/// Something that makes a table emit, what comes before, and the signal during which the form ends.
+struct End {
+    QString className;
+    const char *event;
+    std::function<void(LiveTable &)> prepare, act;
+};
+
+const auto Nothing = [](LiveTable &) {};
+const auto EditCorner = [](LiveTable &t) { t.Type(0, 0, "5"); };
+const auto GoToLast = [](LiveTable &t) { t.Table()->setCurrentCell(1, t.Table()->columnCount() - 1); };
+const std::vector<End> Ends{
+    {Spacings, "sheet", Nothing, EditCorner},
+    {Spacings, "s.spacingChanged", Nothing, EditCorner},
+    {Spacings, "s.spacingValueChanged", Nothing,
+        [](LiveTable &t) { t.Get<OrbelChannelSpacingTable>("s")->setAllSpacingValues(7); }},
+    {Spacings, "s.currentSpacingChanged", GoToLast, [](LiveTable &t) { t.Get("s")->setProperty("spacingsCount", 1); }},
+    {Spacings, "s.spacingChanged", Nothing, [](LiveTable &t) { t.Paste("3\n4"); }},
+    {Spacings, "s.spacingChanged", [](LiveTable &t) { t.Read("<i>9</i>"); }, [](LiveTable &t) { t.Menu(0); }},
+    {Grid, "sheet", Nothing, EditCorner},
+    {Grid, "s.cellChanged", Nothing, EditCorner},
+    {Grid, "s.cellChanged", EditCorner, [](LiveTable &t) { t.Get<OrbelTable>("s")->clear(); }},
+    {Grid, "s.currentCellChanged", GoToLast, [](LiveTable &t) { t.Get("s")->setProperty("columnCount", 1); }},
+};
+
+} // namespace
+
+class TestTables : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void stores_data()
+    {
+        AddStoreColumns();
+        const QString no, spacings("0:%1 1:%2 2:%3"), cells("00:%1 01:%2 10:%3 11:%4");
+        StoreRow("spacings: a script's change counts as an edit", Spacings, Shape + QStringList{"decimals=Int:1"},
+            "s.setSpacingValue(1, 2.26); s.setSpacingValue(1, 2.26); r = s.spacingValue(1) + s.spacingValue(3)", no,
+            "s.spacingChanged(1) s.spacingValueChanged(1, 2.26) modified", "2.26", spacings.arg("0.0", "2.3", "0.0"));
+        StoreRow("spacings: more keep, fewer drop the last", Spacings, {"spacingsCount=Int:1"},
+            "s.setSpacingValue(0, 4); s.setSpacingsCount(3); s.setSpacingValue(2, 9); s.setSpacingsCount(2);"
+            "s.setSpacingsCount(3); s.resetModified()", no,
+            "s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)", "",
+            spacings.arg("4", "0", "0"));
+        StoreRow("spacings: a negative count is none", Spacings, Shape, "s.setSpacingsCount(-3)", no, "", "", "");
+        StoreRow("spacings: absurd counts, indices and decimals", Spacings, Shape + QStringList{"decimals=Int:-7"},
+            "s.setSpacingsCount(2147483647); s.setSpacingValue(2147483647, 1); s.setSpacingValue(-1, 1);"
+            "r = s.spacingValue(-1)", "<i index='2147483647'>1</i><i>2</i><i index='-9'>3</i>", "", "0",
+            spacings.arg("0.000000", "0.000000", "0.000000"));
+        StoreRow("spacings: reading is silent", Spacings, Shape, no,
+            "<i index='1'>6</i><i>7</i><i>8</i><i index='0'>x</i>", "", "", spacings.arg("0", "6", "7"));
+        StoreRow("grid: a script's change is silent and keeps its type", Grid, Shape,
+            "s.setItemValue(1, 0, 2.5); s.setItemValue(2, 0, 9); r = typeof s.itemValue(1, 0) + typeof s.itemValue(0, 0)", no,
+            "", "numberundefined", cells.arg("", "", "2.5", ""));
+        StoreRow("grid: clearing keeps the shape", Grid, Shape, "s.setItemValue(0, 0, 'a'); s.clear()", no,
+            "s.tableCleared()", "", cells.arg("", "", "", ""));
+        StoreRow("grid: fewer rows keep their cells", Grid, Shape,
+            "s.setItemValue(0, 1, 'b'); s.setItemValue(1, 1, 'd'); s.setRowCount(1); s.setRowCount(2)", no, "", "",
+            cells.arg("", "b", "", ""));
+        StoreRow("grid: more columns take the next row's first cells", Grid, {"rowCount=Int:2", "columnCount=Int:1"},
+            "s.setItemValue(0, 0, 'a'); s.setItemValue(1, 0, 'b'); s.setColumnCount(2)", no, "", "",
+            cells.arg("a", "b", "b", ""));
+        StoreRow("grid: without rows it gets no columns", Grid, {"columnCount=Int:2"},
+            "s.setRowCount(3); s.setColumnCount(4)", no, "", "", "");
+        StoreRow("grid: absurd shapes", Grid, Shape,
+            "s.setRowCount(2147483647); s.setColumnCount(2147483647); s.setColumnCount(-1)", no, "", "",
+            cells.arg("", "", "", ""));
+        StoreRow("grid: reading clears silently and makes texts", Grid, Shape, "s.setItemValue(0, 1, 'old')",
+            "<i>5</i><i row='1' column='1'>6</i><i row='9'>7</i>", "", "", cells.arg("5", "", "", "6"));
+    }
+    void stores() { CheckStore(); }
+
+    void spacingEditorHasTheBounds_data()
+    {
+        QTest::addColumn<QStringList>("properties");
+        QTest::addColumn<QString>("script");
+        QTest::addColumn<QString>("editor"); // minimum, maximum, step, decimals
+        QTest::addColumn<QString>("tip");
+        const QStringList stated{"minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"};
+        QTest::newRow("absent: limits that the tooltip does not tell") << QStringList() << "" << "0 1000 1 0" << "<html>";
+        QTest::newRow("stated") << stated << "" << "-5 2000.5 12.5 1" << "<html><br>-5.0...2000.5";
+        QTest::newRow("changed: the next editor has them, the tooltip keeps the first")
+            << stated << "s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)" << "1 9 2 0"
+            << "<html><br>-5.0...2000.5";
+    }
+
+    void spacingEditorHasTheBounds()
+    {
+        QFETCH(QStringList, properties);
+        QFETCH(QString, script);
+        LiveTable live(Spacings, Shape + properties);
+        live.form->EvaluateScript(script);
+        auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
+        QVERIFY(spin);
+        const QString bounds("%1 %2 %3 %4");
+        QTEST(bounds.arg(spin->minimum()).arg(spin->maximum()).arg(spin->singleStep()).arg(spin->decimals()), "editor");
+        QTEST(live.Table()->toolTip(), "tip");
+    }
+
+    void spacingEdits()
+    {
+        const ContextTranslator translator("s");
+        LiveTable live(Spacings, Shape + QStringList{"headerLabel=String:Step", "enabled=Bool:false"});
+        QVERIFY2(live.Table()->isEnabled(), "the definition's state reaches the table with its next change only");
+        QCOMPARE(live.Table()->horizontalHeaderItem(0)->text(), QString("s:Step"));
+        QCOMPARE(live.Table()->verticalHeaderItem(0)->text() + live.Table()->verticalHeaderItem(2)->text(), QString("13"));
+        live.form->EvaluateScript("s.setHeaderLabel('Width'); s.setFocus()");
+        QCOMPARE(live.Table()->horizontalHeaderItem(0)->text(), QString("s:Width"));
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
+        QVERIFY(live.Table()->hasFocus());
+
+        live.Type(1, 0, "25");
+        QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified() s.spacingChanged(1) s.spacingValueChanged(1, 25)"));
+        QCOMPARE(live.Written(), QString("0:0 1:25 2:0"));
+        live.Read("<i index='2'>8</i>");
+        QCOMPARE(live.Shown(), QString("0 25 8"));
+        live.form->EvaluateScript("s.setEnabled(true); s.setEnabled(false)");
+        QVERIFY(!live.Table()->isEnabled());
+    }
+
+    void setToAll_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("row"); // -1: by key
+        QTest::addColumn<QString>("menu");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("mouse") << 3 << 2 << "Set to all" << "30 30 30";
+        QTest::newRow("keyboard, the current row") << 3 << -1 << "Set to all" << "20 20 20";
+        QTest::newRow("below the last row") << 3 << 9 << "" << "10 20 30";
+        QTest::newRow("one row alone") << 1 << 0 << "" << "10";
+    }
+
+    void setToAll()
+    {
+        QFETCH(int, count);
+        QFETCH(int, row);
+        LiveTable live(Spacings, {QString("spacingsCount=Int:%1").arg(count)});
+        live.Read("<i>10</i><i>20</i><i>30</i>");
+        live.Table()->setCurrentCell(1, 0);
+        live.log.Take();
+        QTEST(live.Menu(row), "menu");
+        QTEST(live.Shown(), "shown");
+        if (row == 2)
+            QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified() s.spacingChanged(0) s.spacingValueChanged(0, 30)"
+                                              " s.spacingChanged(1) s.spacingValueChanged(1, 30)"));
+    }
+
+    void gridEditsLandByPlaceAndRow()
+    {
+        LiveTable live(Grid, Shape);
+        QCOMPARE(live.Table()->horizontalHeaderItem(0)->text() + live.Table()->verticalHeaderItem(1)->text(), QString("01"));
+        live.Type(1, 1, "lost");
+        QVERIFY2(live.log.Take().isEmpty() && !live.Get("s")->isModified(), "no item stands in the corner yet");
+        live.Type(0, 0, "a");
+        QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified() s.cellChanged(0, 0)"));
+        live.Type(1, 1, "b");
+        QCOMPARE(live.log.Take(), QString("s.cellChanged(1, 1)"));
+        QCOMPARE(live.Written(), QString("00:a 01:a 10: 11:"));
+
+        live.form->EvaluateScript("s.setItemValue(1, 0, 'c')");
+        QCOMPARE(live.Table()->item(0, 0)->text(), QString("c"));
+        QVERIFY2(live.log.Take().isEmpty() && !live.Get("s")->isModified(), "a script's change is silent here too");
+        QCOMPARE(live.Written(), QString("00:a 01:a 10:c 11:"));
+        live.form->EvaluateScript("s.setRowCount(1)");
+        QCOMPARE(live.log.Take(), QString("s.currentCellChanged(0, 1, 1, 1)"));
+        QCOMPARE(live.Table()->item(0, 0)->text(), QString("a"));
+        live.Read("<i column='1'>d</i>");
+        QCOMPARE(live.Table()->item(0, 0)->text(), QString("d"));
+        QCOMPARE(live.log.Take(), QString());
+        live.form->EvaluateScript("s.clear()");
+        QVERIFY2(live.log.Take().endsWith("s.cellChanged(0, 0) s.tableCleared()"), "an emptied cell counts as an edit");
+    }
+
+    void mouseAndCurrentCellAreTold_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QString>("events");
+        QTest::newRow("grid") << Grid << "Pressed(1, 0) Clicked(1, 0) DoubleClicked(1, 0) Activated(1, 0)";
+        QTest::newRow("spacings") << Spacings << "Pressed(1) Clicked(1) DoubleClicked(1) Activated(1)";
+    }
+
+    void mouseAndCurrentCellAreTold()
+    {
+        QFETCH(QString, className);
+        LiveTable live(className, Shape);
+        live.Table()->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        live.Table()->setCurrentCell(0, 0);
+        live.log.Take();
+        const QPoint place(5, live.Table()->rowViewportPosition(1) + 5);
+        QTest::mouseClick(live.Table()->viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(live.Table()->viewport(), Qt::LeftButton, {}, place);
+        const QString kind(className == Grid ? "s.cell" : "s.spacing");
+        const QString moved(className == Grid ? "s.currentCellChanged(1, 0, 0, 0)" : "s.currentSpacingChanged(1, 0)");
+        QString events = live.log.Take();
+        QVERIFY2(events.contains(moved), qPrintable(events));
+        QTEST(events.remove(moved).remove(kind).simplified(), "events");
+    }
+
+    void clipboard_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QPoint>("start"); // column and row
+        QTest::addColumn<QString>("pasted");
+        QTest::addColumn<QString>("copied"); // with all cells selected
+        QTest::newRow("grid: as much as fits") << Grid << QPoint(0, 0) << "a\tb\tx\r\nc\td\r\ne" << "a\tb\nc\td";
+        QTest::newRow("grid: from the selected cell on") << Grid << QPoint(1, 1) << "d" << "\t\n\td";
+        QTest::newRow("spacings: bounded and rounded like typed ones")
+            << Spacings << QPoint(0, 0) << "2000\n-1\n12,6\n" << "1000\n0\n13";
+        QTest::newRow("spacings: what is no number stays out") << Spacings << QPoint(0, 1) << "x\n7" << "0\n0\n7";
+        QTest::newRow("nothing") << Spacings << QPoint(0, 0) << "" << "0\n0\n0";
+    }
+
+    void clipboard()
+    {
+        QFETCH(QString, className);
+        QFETCH(QPoint, start);
+        QFETCH(QString, pasted);
+        LiveTable live(className, Shape);
+        live.Table()->setCurrentCell(start.y(), start.x());
+        live.log.Take();
+        live.Paste(pasted);
+        QCOMPARE(live.Get("s")->isModified(), live.log.Take().contains("Changed("));
+        live.Table()->selectAll();
+        QTest::keySequence(live.Table(), QKeySequence::Copy);
+        QTEST(QApplication::clipboard()->text(), "copied");
+    }
+
+    void largeTablesCostTheSameForEachRow_data()
+    {
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QByteArray>("count");
+        QTest::newRow("rows") << Grid << QByteArray("rowCount");
+        QTest::newRow("columns") << Grid << QByteArray("columnCount");
+        QTest::newRow("spacings") << Spacings << QByteArray("spacingsCount");
+    }
+
+    void largeTablesCostTheSameForEachRow()
+    {
+        QFETCH(QString, className);
+        QFETCH(QByteArray, count);
+        const auto timeForOne = [&](int rows) {
+            LiveTable live(className, {"rowCount=Int:1", "columnCount=Int:1"});
+            const std::clock_t start = std::clock();
+            live.Get("s")->setProperty(count, rows);
+            return double(std::clock() - start) / rows;
+        };
+        const double few = timeForOne(2000), many = timeForOne(40000);
+        QVERIFY2(many < 4 * few, qPrintable(QString("%1, then %2 ticks").arg(few).arg(many)));
+    }
+
+    void windowAndFormOutliveEachOther()
+    {
+        for (const QString &className : {Spacings, Grid}) {
+            LiveTable form(className, Shape), window(className, Shape);
+            form.window.reset();
+            form.form->EvaluateScript("s.setFocus(); s.setRowCount(3); s.setSpacingsCount(5); s.setHeaderLabel('x');"
+                                      "s.setItemValue(0, 0, 'x'); s.setSpacingValue(0, 1)");
+            form.Read("<i>1</i>");
+            QVERIFY(form.Written().contains("0:1"));
+            window.Edit(0, 0);
+            window.form.reset();
+            QVERIFY(!window.Table()->grab().isNull());
+            window.Type(1, 0, "5");
+            QCOMPARE(window.Table()->item(1, 0)->text(), QString("5"));
+        }
+    }
+
+    void aHandlerMayEndTheForm_data()
+    {
+        QTest::addColumn<int>("row");
+        for (size_t i = 0; i < Ends.size(); ++i)
+            QTest::addRow("%d %s: %s", int(i), qPrintable(Ends[i].className), Ends[i].event) << int(i);
+    }
+
+    void aHandlerMayEndTheForm()
+    {
+        QFETCH(int, row);
+        const End &end = Ends[size_t(row)];
+        LiveTable live(end.className, Shape);
+        live.Table()->setCurrentCell(0, 0);
+        end.prepare(live);
+        live.log.On(end.event, [&] { live.form.reset(); });
+        end.act(live);
+        QVERIFY(!live.form);
+    }
+};
+
+ORBEL_TEST_MAIN(TestTables)
+#include "tst_tables.moc"
