@@ -1,6 +1,7 @@
 #include "floatgrouplayout.h"
 
 #include "floatgrouparranger.h"
+#include "sectionline.h"
 
 #include <QEvent>
 #include <QGroupBox>
@@ -67,7 +68,7 @@ void FloatGroupLayout::addSection(const char *name)
 QGroupBox *FloatGroupLayout::addHeadline(const QString &title, int margin, const char *name)
 {
     setFlag(count(), FloatGroupItem::ItemGroup | FloatGroupItem::ItemSection);
-    QGroupBox *line = Named(new QGroupBox(title, parentWidget()), name);
+    QGroupBox *line = Named(new SectionLine(title, parentWidget()), name);
     line->setAlignment(Qt::AlignHCenter);
     line->setFlat(true);
     int top = margin;

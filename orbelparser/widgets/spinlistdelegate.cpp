@@ -2,19 +2,16 @@
 
 #include "floatgrouplayout.h"
 #include "formlimits.h"
+#include "listelements.h"
 #include "propertynames.h"
 #include "spinbuilder.h"
 #include "vcnumericfloatspin.h"
-#include "xmlwalk.h"
 
 #include <algorithm>
 #include <QVBoxLayout>
-#include <QXmlStreamWriter>
 
 namespace KV218
 {
-
-static constexpr QLatin1String IndexAttribute("index");
 
 template <class Node> SpinListDelegate<Node>::SpinListDelegate(OrbelWidget *widget) : OrbelDelegate(widget)
 {
@@ -76,36 +73,22 @@ template <class Node> void SpinListDelegate<Node>::GetXml(QXmlStreamWriter &writ
     if (!GenerateXml)
         return;
     const QString itemTag = GetString(prop::ParameterListItemTag, QString());
-    int index = 0;
-    writer.writeStartElement(GetXmlTagName());
-    for (const OwnedNode<Node> &node : ValueNodes) {
-        writer.writeStartElement(itemTag);
+    WriteEntries(writer, GetXmlTagName(), itemTag, int(ValueNodes.size()), [&](int index) {
         WriteUnitAttribute(writer);
-        writer.writeAttribute(IndexAttribute, QString::number(index++));
-        writer.writeCharacters(ItemText(*node));
-        writer.writeEndElement();
-    }
-    writer.writeEndElement();
+        writer.writeAttribute(attribute::Index, QString::number(index));
+        writer.writeCharacters(ItemText(*ValueNodes[size_t(index)]));
+    });
 }
 
 template <class Node> void SpinListDelegate<Node>::ReadXml(QXmlStreamReader &reader)
 {
     const QPointer<OrbelDelegate> self(this);
-    qint64 index = 0;
-    ForEachStart(reader, [&](const QStringRef &) {
-        const QXmlStreamAttributes attributes = reader.attributes();
-        if (attributes.hasAttribute(IndexAttribute))
-            index = attributes.value(IndexAttribute).toInt();
-        const QString text = reader.readElementText();
-        Number number;
+    ReadIndexedEntries(reader, [&](int index, const QString &text) {
+        // Meant: a reading sets an item as the operator does, so that it marks the list modified.
         if constexpr (std::is_same_v<Node, ValueInt>)
-            number = text.toInt();
+            SetNumber(index, text.toInt());
         else
-            number = text.toDouble();
-        // Meant: no observer is left out, so that reading a list marks it modified.
-        if (IsItem(index))
-            ValueNodes[size_t(index)]->SetValue(number, nullptr);
-        ++index;
+            SetNumber(index, text.toDouble());
         return !self.isNull();
     });
 }

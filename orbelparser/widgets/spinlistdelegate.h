@@ -43,7 +43,7 @@ protected:
     void SetNumber(int index, Number number);
 
 private:
-    bool IsItem(qint64 index) const { return index >= 0 && index < qint64(ValueNodes.size()); }
+    bool IsItem(int index) const { return index >= 0 && size_t(index) < ValueNodes.size(); }
 
     std::vector<OwnedNode<Node>> ValueNodes;
     /// Owned together with the window, whichever ends first.

@@ -113,6 +113,25 @@ private Q_SLOTS:
         QCOMPARE(!form->GetScript().GetCode().isEmpty(), scriptIsRead);
     }
 
+    void aBrokenListOfTheSheetEndsTheSheet_data()
+    {
+        QTest::addColumn<QString>("list");
+        QTest::addColumn<bool>("isBroken");
+        QTest::newRow("sound") << "<Properties><Property name='x'><Int>1</Int></Property></Properties>" << false;
+        QTest::newRow("unknown element") << "<Properties><Property name='x'><Int>1</Int></Property><Other/></Properties>" << true;
+        QTest::newRow("empty property") << "<Properties><Property name='x'><Int>1</Int></Property><Property/></Properties>" << true;
+        QTest::newRow("unknown element among custom ones") << "<CustomProperties><Other/></CustomProperties>" << true;
+    }
+
+    void aBrokenListOfTheSheetEndsTheSheet()
+    {
+        QFETCH(QString, list);
+        QFETCH(bool, isBroken);
+        const Form form = Parse(Definition(list + Widget("a", "Label"), "<Script>1</Script>"));
+        QCOMPARE(Names(form), isBroken ? QString() : QString("a"));
+        QCOMPARE(form->GetScript().GetCode().isEmpty(), isBroken);
+    }
+
     void everyReaderSkipsWhatItDoesNotKnow()
     {
         const Form form = Parse("<ZkParamGui><Other><Sheet name='no'/></Other>"

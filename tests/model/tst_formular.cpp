@@ -279,6 +279,37 @@ private Q_SLOTS:
         QVERIFY2(!a->isEnabled(), "the partial restriction is put back");
     }
 
+    void thePartialSwitchAddsToTheOthers()
+    {
+        const Form form = Bind(Definition(Widget("a", "DoubleSpinBoxList", {"itemCount=Int:1", "enabled=Bool:true"})));
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
+        OrbelSheet &sheet = form->GetSheet();
+        sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+        QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
+        form->EnableInput(false);
+        sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
+        QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
+        form->EnableInput(true);
+        QVERIFY(row->isEnabled());
+    }
+
+    void itemsComeFromTheApplication()
+    {
+        const Form form = Bind("<ZkParamGui><Enums><Enum name='e'><EnumValue><DisplayName>Own</DisplayName><Value>1</Value>"
+                               "</EnumValue></Enum></Enums><Sheet name='sheet'>"
+            + Widget("c", "ComboBox", {"enumName=String:e"}) + "</Sheet></ZkParamGui>");
+        auto *node = dynamic_cast<ValueSelection *>(form->GetVTValue("c"));
+        ValueSelection items("c", ekStateUsable);
+        form->InitVTValue("c", &items);
+        QCOMPARE(node->GetItemCount(), 1L);
+        items.AddItems({"One", "Two"}, nullptr);
+        form->InitVTValue("c", &items);
+        QCOMPARE(node->GetItemCount(), 2L);
+        QCOMPARE(node->GetItemIndex(1)->GetName(), QString("Two"));
+    }
+
     void valuesGoToTheApplication()
     {
         const Form form = Bind(Definition(Widget("t", "LineEdit", {"text=String:12"})));

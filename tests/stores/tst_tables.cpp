@@ -74,28 +74,19 @@ struct LiveTable : LiveStore {
     }
 };
 
-/// Something that makes a table emit, what comes before, and the signal during which the form ends.
-struct End {
-    QString className;
-    const char *event;
-    std::function<void(LiveTable &)> prepare, act;
-};
-
-const auto Nothing = [](LiveTable &) {};
-const auto EditCorner = [](LiveTable &t) { t.Type(0, 0, "5"); };
-const auto GoToLast = [](LiveTable &t) { t.Table()->setCurrentCell(1, t.Table()->columnCount() - 1); };
-const std::vector<End> Ends{
-    {Spacings, "sheet", Nothing, EditCorner},
-    {Spacings, "s.spacingChanged", Nothing, EditCorner},
-    {Spacings, "s.spacingValueChanged", Nothing,
-        [](LiveTable &t) { t.Get<OrbelChannelSpacingTable>("s")->setAllSpacingValues(7); }},
-    {Spacings, "s.currentSpacingChanged", GoToLast, [](LiveTable &t) { t.Get("s")->setProperty("spacingsCount", 1); }},
-    {Spacings, "s.spacingChanged", Nothing, [](LiveTable &t) { t.Paste("3\n4"); }},
-    {Spacings, "s.spacingChanged", [](LiveTable &t) { t.Read("<i>9</i>"); }, [](LiveTable &t) { t.Menu(0); }},
-    {Grid, "sheet", Nothing, EditCorner},
-    {Grid, "s.cellChanged", Nothing, EditCorner},
-    {Grid, "s.cellChanged", EditCorner, [](LiveTable &t) { t.Get<OrbelTable>("s")->clear(); }},
-    {Grid, "s.currentCellChanged", GoToLast, [](LiveTable &t) { t.Get("s")->setProperty("columnCount", 1); }},
+void EditCorner(LiveTable &t) { t.Type(0, 0, "5"); }
+void GoToLast(LiveTable &t) { t.Table()->setCurrentCell(1, t.Table()->columnCount() - 1); }
+const std::vector<End<LiveTable>> Ends{
+    {Spacings, "sheet", EditCorner},
+    {Spacings, "s.spacingChanged", EditCorner},
+    {Spacings, "s.spacingValueChanged", [](LiveTable &t) { t.Get<OrbelChannelSpacingTable>("s")->setAllSpacingValues(7); }},
+    {Spacings, "s.currentSpacingChanged", [](LiveTable &t) { t.Get("s")->setProperty("spacingsCount", 1); }, GoToLast},
+    {Spacings, "s.spacingChanged", [](LiveTable &t) { t.Paste("3\n4"); }, GoToLast},
+    {Spacings, "s.spacingChanged", [](LiveTable &t) { t.Menu(0); }, [](LiveTable &t) { t.Read("<i>9</i>"); }},
+    {Grid, "sheet", EditCorner},
+    {Grid, "s.cellChanged", EditCorner},
+    {Grid, "s.cellChanged", [](LiveTable &t) { t.Get<OrbelTable>("s")->clear(); }, EditCorner},
+    {Grid, "s.currentCellChanged", [](LiveTable &t) { t.Get("s")->setProperty("columnCount", 1); }, GoToLast},
 };
 
 } // namespace
@@ -110,14 +101,14 @@ private Q_SLOTS:
     void stores_data()
     {
         AddStoreColumns();
-        const QString no, spacings("0:%1 1:%2 2:%3"), cells("00:%1 01:%2 10:%3 11:%4");
+        const QString no, spacings("m0:%1 m1:%2 m2:%3"), cells("m00:%1 m01:%2 m10:%3 m11:%4");
         StoreRow("spacings: a script's change counts as an edit", Spacings, Shape + QStringList{"decimals=Int:1"},
             "s.setSpacingValue(1, 2.26); s.setSpacingValue(1, 2.26); r = s.spacingValue(1) + s.spacingValue(3)", no,
-            "s.spacingChanged(1) s.spacingValueChanged(1, 2.26) modified", "2.26", spacings.arg("0.0", "2.3", "0.0"));
+            "apply s.spacingChanged(1) s.spacingValueChanged(1, 2.26)", "2.26", spacings.arg("0.0", "2.3", "0.0"));
         StoreRow("spacings: more keep, fewer drop the last", Spacings, {"spacingsCount=Int:1"},
             "s.setSpacingValue(0, 4); s.setSpacingsCount(3); s.setSpacingValue(2, 9); s.setSpacingsCount(2);"
-            "s.setSpacingsCount(3); s.resetModified()", no,
-            "s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)", "",
+            "s.setSpacingsCount(3)", no,
+            "apply s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)", "",
             spacings.arg("4", "0", "0"));
         StoreRow("spacings: a negative count is none", Spacings, Shape, "s.setSpacingsCount(-3)", no, "", "", "");
         StoreRow("spacings: absurd counts, indices and decimals", Spacings, Shape + QStringList{"decimals=Int:-7"},
@@ -147,31 +138,22 @@ private Q_SLOTS:
     }
     void stores() { CheckStore(); }
 
-    void spacingEditorHasTheBounds_data()
-    {
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("editor"); // minimum, maximum, step, decimals
-        QTest::addColumn<QString>("tip");
-        const QStringList stated{"minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"};
-        QTest::newRow("absent: limits that the tooltip does not tell") << QStringList() << "" << "0 1000 1 0" << "<html>";
-        QTest::newRow("stated") << stated << "" << "-5 2000.5 12.5 1" << "<html><br>-5.0...2000.5";
-        QTest::newRow("changed: the next editor has them, the tooltip keeps the first")
-            << stated << "s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)" << "1 9 2 0"
-            << "<html><br>-5.0...2000.5";
-    }
-
     void spacingEditorHasTheBounds()
     {
-        QFETCH(QStringList, properties);
-        QFETCH(QString, script);
-        LiveTable live(Spacings, Shape + properties);
-        live.form->EvaluateScript(script);
-        auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
-        QVERIFY(spin);
-        const QString bounds("%1 %2 %3 %4");
-        QTEST(bounds.arg(spin->minimum()).arg(spin->maximum()).arg(spin->singleStep()).arg(spin->decimals()), "editor");
-        QTEST(live.Table()->toolTip(), "tip");
+        const auto bounds = [](LiveTable &live) {
+            const auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
+            const QString text("%1 %2 %3 %4, %5");
+            return !spin ? QString() : text.arg(spin->minimum()).arg(spin->maximum()).arg(spin->singleStep())
+                                           .arg(spin->decimals()).arg(live.Table()->toolTip());
+        };
+        LiveTable absent(Spacings, Shape);
+        QCOMPARE(bounds(absent), QString("0 1000 1 0, <html>"));
+        LiveTable stated(Spacings,
+            Shape + QStringList{"minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"});
+        QCOMPARE(bounds(stated), QString("-5 2000.5 12.5 1, <html><br>-5.0...2000.5"));
+        stated.form->EvaluateScript("s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)");
+        stated.Type(0, 0, "5");
+        QVERIFY2(bounds(stated) == "1 9 2 0, <html><br>-5.0...2000.5", "the next editor follows, the tooltip does not");
     }
 
     void spacingEdits()
@@ -188,7 +170,7 @@ private Q_SLOTS:
 
         live.Type(1, 0, "25");
         QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified() s.spacingChanged(1) s.spacingValueChanged(1, 25)"));
-        QCOMPARE(live.Written(), QString("0:0 1:25 2:0"));
+        QCOMPARE(live.Written(), QString("m0:0 m1:25 m2:0"));
         live.Read("<i index='2'>8</i>");
         QCOMPARE(live.Shown(), QString("0 25 8"));
         live.form->EvaluateScript("s.setEnabled(true); s.setEnabled(false)");
@@ -232,12 +214,12 @@ private Q_SLOTS:
         QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified() s.cellChanged(0, 0)"));
         live.Type(1, 1, "b");
         QCOMPARE(live.log.Take(), QString("s.cellChanged(1, 1)"));
-        QCOMPARE(live.Written(), QString("00:a 01:a 10: 11:"));
+        QCOMPARE(live.Written(), QString("m00:a m01:a m10: m11:"));
 
         live.form->EvaluateScript("s.setItemValue(1, 0, 'c')");
         QCOMPARE(live.Table()->item(0, 0)->text(), QString("c"));
         QVERIFY2(live.log.Take().isEmpty() && !live.Get("s")->isModified(), "a script's change is silent here too");
-        QCOMPARE(live.Written(), QString("00:a 01:a 10:c 11:"));
+        QCOMPARE(live.Written(), QString("m00:a m01:a m10:c m11:"));
         live.form->EvaluateScript("s.setRowCount(1)");
         QCOMPARE(live.log.Take(), QString("s.currentCellChanged(0, 1, 1, 1)"));
         QCOMPARE(live.Table()->item(0, 0)->text(), QString("a"));
@@ -252,8 +234,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("className");
         QTest::addColumn<QString>("events");
-        QTest::newRow("grid") << Grid << "Pressed(1, 0) Clicked(1, 0) DoubleClicked(1, 0) Activated(1, 0)";
-        QTest::newRow("spacings") << Spacings << "Pressed(1) Clicked(1) DoubleClicked(1) Activated(1)";
+        QTest::newRow("grid") << Grid << "s.currentCellChanged(1, 0, 0, 0) s.cellPressed(1, 0) s.cellClicked(1, 0)"
+                                         " s.cellDoubleClicked(1, 0) s.cellActivated(1, 0)";
+        QTest::newRow("spacings") << Spacings << "s.currentSpacingChanged(1, 0) s.spacingPressed(1) s.spacingClicked(1)"
+                                                 " s.spacingDoubleClicked(1) s.spacingActivated(1)";
     }
 
     void mouseAndCurrentCellAreTold()
@@ -266,11 +250,7 @@ private Q_SLOTS:
         const QPoint place(5, live.Table()->rowViewportPosition(1) + 5);
         QTest::mouseClick(live.Table()->viewport(), Qt::LeftButton, {}, place);
         QTest::mouseDClick(live.Table()->viewport(), Qt::LeftButton, {}, place);
-        const QString kind(className == Grid ? "s.cell" : "s.spacing");
-        const QString moved(className == Grid ? "s.currentCellChanged(1, 0, 0, 0)" : "s.currentSpacingChanged(1, 0)");
-        QString events = live.log.Take();
-        QVERIFY2(events.contains(moved), qPrintable(events));
-        QTEST(events.remove(moved).remove(kind).simplified(), "events");
+        QTEST(live.log.Take(), "events");
     }
 
     void clipboard_data()
@@ -342,24 +322,8 @@ private Q_SLOTS:
         }
     }
 
-    void aHandlerMayEndTheForm_data()
-    {
-        QTest::addColumn<int>("row");
-        for (size_t i = 0; i < Ends.size(); ++i)
-            QTest::addRow("%d %s: %s", int(i), qPrintable(Ends[i].className), Ends[i].event) << int(i);
-    }
-
-    void aHandlerMayEndTheForm()
-    {
-        QFETCH(int, row);
-        const End &end = Ends[size_t(row)];
-        LiveTable live(end.className, Shape);
-        live.Table()->setCurrentCell(0, 0);
-        end.prepare(live);
-        live.log.On(end.event, [&] { live.form.reset(); });
-        end.act(live);
-        QVERIFY(!live.form);
-    }
+    void aHandlerMayEndTheForm_data() { AddEnds(Ends); }
+    void aHandlerMayEndTheForm() { CheckEnd(Ends, Shape); }
 };
 
 ORBEL_TEST_MAIN(TestTables)
