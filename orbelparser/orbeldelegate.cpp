@@ -156,8 +156,12 @@ void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVari
     }
     if (!IsDefined(name))
         return;
+    // A control that is hidden or locked may commit what was being typed, and a handler end the form.
+    const QPointer<OrbelDelegate> self(this);
     if (disabledValue)
         SetPropertyAlways(name, *disabledValue);
+    if (!self)
+        return;
     UndefineProperty(name);
     SetPropertyAlways(name, own);
 }

@@ -167,7 +167,15 @@ protected:
     /// One item for each row of `values`, with keys from 1; null gives null. Selects the row whose value text the
     /// property holds, or the first, and then makes the property agree.
     ValueSelection *CreateValueSelection(const QString &name, QExplicitlySharedDataPointer<OrbelEnum> values);
-    /// Gives `value` the properties `minimum`, `maximum` and `singleStep`, divided by `displayScalingFactor`.
+    /// Limits in the units of a node: the properties `minimum`, `maximum` and `singleStep`, divided by
+    /// `displayScalingFactor`. An absent bound is -1e308 or 1e308.
+    struct NodeLimits {
+        double Minimum;
+        double Maximum;
+        double Step;
+    };
+    NodeLimits LimitsForNode() const;
+    /// Gives `value` these limits. Nobody must watch it yet who could end it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
     /// Tooltips that tell the label and the bounds, in display units. A null control is none.

@@ -141,18 +141,26 @@ ValueSelection *OrbelDelegate::CreateValueSelection(
     return Enter(node);
 }
 
-void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
+OrbelDelegate::NodeLimits OrbelDelegate::LimitsForNode() const
 {
     const double scale = GetDouble(prop::DisplayScalingFactor, 1.0);
-    double minimum = GetDouble(prop::Minimum, LowestDouble);
-    double maximum = GetDouble(prop::Maximum, HighestDouble);
-    if (minimum > LowestDouble)
-        minimum /= scale;
-    if (maximum < HighestDouble)
-        maximum /= scale;
-    value->SetMin(minimum, this);
-    value->SetMax(maximum, this);
-    value->SetStep(GetDouble(prop::SingleStep, 1.0) / scale, this);
+    NodeLimits limits;
+    limits.Minimum = GetDouble(prop::Minimum, LowestDouble);
+    limits.Maximum = GetDouble(prop::Maximum, HighestDouble);
+    if (limits.Minimum > LowestDouble)
+        limits.Minimum /= scale;
+    if (limits.Maximum < HighestDouble)
+        limits.Maximum /= scale;
+    limits.Step = GetDouble(prop::SingleStep, 1.0) / scale;
+    return limits;
+}
+
+void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
+{
+    const NodeLimits limits = LimitsForNode();
+    value->SetMin(limits.Minimum, this);
+    value->SetMax(limits.Maximum, this);
+    value->SetStep(limits.Step, this);
 }
 
 void OrbelDelegate::SetIntTooltip(QWidget *control)

@@ -23,7 +23,19 @@ void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant 
         ValueNode->SetValue(value.toDouble(), this);
     else if (name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
         || name == prop::DisplayScalingFactor)
-        ConfigureValueNumeric(ValueNode.get());
+        WriteLimitsToNode();
+}
+
+void FloatSpinDelegate::WriteLimitsToNode()
+{
+    // Whoever watches the node may end it, or the form, after each of the three.
+    const QPointer<FloatSpinDelegate> self(this);
+    const NodeLimits limits = LimitsForNode();
+    ValueNode->SetMin(limits.Minimum, this);
+    if (self && ValueNode)
+        ValueNode->SetMax(limits.Maximum, this);
+    if (self && ValueNode)
+        ValueNode->SetStep(limits.Step, this);
 }
 
 void FloatSpinDelegate::WritePropertyToControl(const QString &name, const QVariant &value)

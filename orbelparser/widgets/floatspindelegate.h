@@ -20,6 +20,7 @@ protected:
 
 private:
     void WritePropertyToNode(const QString &name, const QVariant &value);
+    void WriteLimitsToNode();
     void WritePropertyToControl(const QString &name, const QVariant &value);
 };
 

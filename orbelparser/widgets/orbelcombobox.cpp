@@ -30,6 +30,8 @@ void OrbelComboBox::CreateValueTree()
 void OrbelComboBox::ResyncValueTree()
 {
     const auto values = FindEnum();
+    if (!ValueNode)
+        Enum = values;
     if (!ValueNode || !values)
         return;
     Enum = values;

@@ -47,8 +47,13 @@ void OrbelDoubleSpinBoxList::setFocus()
 void OrbelDoubleSpinBoxList::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    for (const Item &item : qAsConst(Items))
-        PropagateProperty(name, item.Control);
+    // An item that is hidden may commit what was being typed, and a handler end the form.
+    const QPointer<OrbelDoubleSpinBoxList> self(this);
+    const auto items = Items;
+    for (const Item &item : items) {
+        if (self)
+            PropagateProperty(name, item.Control);
+    }
 }
 
 bool OrbelDoubleSpinBoxList::isEnabled(int index) const

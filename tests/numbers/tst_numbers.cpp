@@ -180,6 +180,33 @@ private Q_SLOTS:
             }
         }
     }
+
+    void anObserverOfTheLimitsEndsTheForm_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::newRow("DoubleSpinBox") << "n.setMinimum(-5)";
+        QTest::newRow("SpinBox") << "n.setMinimum(-5)";
+        QTest::newRow("BandwidthEdit") << "n.setUnitScale(1000)";
+    }
+
+    void anObserverOfTheLimitsEndsTheForm()
+    {
+        QFETCH(QString, script);
+        LiveForm live(Widget("n", QTest::currentDataTag(), {Written, "minimum=Int:0", "maximum=Int:10"}), false);
+        struct Ender : IObserver {
+            void Update(Observable *, TChangeCode code) override
+            {
+                if (code == ekChangeLimits)
+                    form->reset();
+            }
+            Form *form = nullptr;
+        } ender;
+        ender.form = &live.form;
+        live.form->GetVTValue("n")->AddObserver(&ender);
+        live.form->EvaluateScript(script);
+        QVERIFY(!live.form);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 };
 
 ORBEL_TEST_MAIN(TestNumbers)
