@@ -13,7 +13,7 @@ namespace
 
 template <class Widget> Widget *Named(Widget *widget, const char *name)
 {
-    widget->setObjectName(QString::fromLatin1(name));
+    widget->setObjectName(QString::fromUtf8(name));
     return widget;
 }
 
@@ -68,15 +68,13 @@ void FloatGroupLayout::addSection(const char *name)
 QGroupBox *FloatGroupLayout::addHeadline(const QString &title, int margin, const char *name)
 {
     setFlag(count(), FloatGroupItem::ItemGroup | FloatGroupItem::ItemSection);
-    QGroupBox *line = Named(new SectionLine(title, parentWidget()), name);
+    // A line without a title shares the margin between its height and the gap above it.
+    const int gap = title.isEmpty() ? margin - margin / 2 : margin;
+    QGroupBox *line = Named(new SectionLine(title, gap, parentWidget()), name);
     line->setAlignment(Qt::AlignHCenter);
     line->setFlat(true);
-    int top = margin;
-    if (title.isEmpty()) {
+    if (title.isEmpty())
         line->setFixedHeight(margin / 2 + 5);
-        top = margin - margin / 2;
-    }
-    line->setContentsMargins(0, top, 0, 0);
     addWidget(line);
     return line;
 }
@@ -100,7 +98,7 @@ QLabel *FloatGroupLayout::addLabel(const QString &text, const char *name)
 
 void FloatGroupLayout::addRow(const QString &text, QWidget *widget)
 {
-    addLabel(text, QStringLiteral("label%1").arg(widget->objectName()).toLatin1().constData());
+    addLabel(text, QStringLiteral("label%1").arg(widget->objectName()).toUtf8().constData());
     addWidget(widget);
 }
 

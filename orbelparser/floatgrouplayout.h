@@ -58,7 +58,7 @@ public:
     /// The next item is a widget with a layout of its own; the widgets in it get the item's width as minimum width.
     void addList();
 
-    /// These make a child of parentWidget() with the object name `name` (Latin-1, may be null) and add it.
+    /// These make a child of parentWidget() with the object name `name` (UTF-8, may be null) and add it.
     /// A line without a title, which starts a section.
     void addSection(const char *name);
     /// A line that starts a section. `margin` is the gap above it; without a title half of it goes into the line's

@@ -56,7 +56,7 @@ void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
     const QString text = property(prop::LabelText.data()).toString();
     if (text.isEmpty())
         return;
-    Label = layout->addLabel(Translate(text), QStringLiteral("label%1").arg(WidgetName()).toLatin1().constData());
+    Label = layout->addLabel(Translate(text), QStringLiteral("label%1").arg(WidgetName()).toUtf8().constData());
     // Meant: an absent `visible` hides the label, though it leaves the control as it is.
     if (!property(prop::Visible.data()).toBool() || !IsDefined(prop::Visible))
         Label->setVisible(false);

@@ -93,6 +93,14 @@ bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int
     // Meant: an equal count of cells changes nothing, whatever the shape.
     if (cells == list.size() || cells > limit::ListCells)
         return false;
+    if (columns == oldColumns) {
+        // Every cell keeps its place, so a list that grows cell by cell is not copied each time.
+        if (cells < list.size())
+            list.erase(list.begin() + int(cells), list.end());
+        while (list.size() < cells)
+            list.append(QVariant());
+        return true;
+    }
     const QList<QVariant> old = list;
     list.clear();
     list.reserve(int(cells));

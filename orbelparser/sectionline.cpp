@@ -2,6 +2,22 @@
 
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
+#include <climits>
+
+SectionLine::SectionLine(const QString &title, int gap, QWidget *parent)
+    // Qt keeps margins in 16 bits.
+    : QGroupBox(title, parent), Margins(0, qBound<int>(SHRT_MIN, gap, SHRT_MAX), 0, 0)
+{
+    setContentsMargins(Margins);
+}
+
+bool SectionLine::event(QEvent *event)
+{
+    // A group box sets its margins to its frame's with every new title, font, size or style sheet.
+    if (event->type() == QEvent::ContentsRectChange && contentsMargins() != Margins)
+        setContentsMargins(Margins);
+    return QGroupBox::event(event);
+}
 
 // Indicator and title are drawn one by one: as a whole, some styles and every style sheet draw the frame as well.
 void SectionLine::paintEvent(QPaintEvent *)

@@ -76,7 +76,8 @@ void VCComboBoxClassic::changeEvent(QEvent *event)
     QComboBox::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
-    for (int i = 0; i < count(); ++i)
+    // A host may have added rows of its own.
+    for (int i = 0; i < qMin(count(), Names.size()); ++i)
         setItemText(i, Translated(Context, Names.at(i)));
 }
 

@@ -6,7 +6,7 @@
 void _Q_Trace(const QString &text, const QString &file, unsigned short line)
 {
     const QString place = QStringLiteral(" (%1:%2)").arg(QFileInfo(file).fileName()).arg(line);
-    ErrorHandler::Instance().WriteLine(text.trimmed() + place);
+    ErrorHandler::Instance().WriteLine(text.trimmed().replace(QLatin1Char('\n'), QLatin1Char(' ')) + place);
 }
 
 void TraceFailure(const QString &text, const char *file, int line)

@@ -27,12 +27,13 @@ void TranslationCenter::Register(const QString &name)
 {
     if (name.isEmpty())
         return;
-    auto entry = Find(name);
-    if (entry == Entries.end()) {
-        entry = Entries.insert(entry, Entry{name, 0, nullptr});
-        Install(*entry);
+    const auto known = Find(name);
+    if (known != Entries.end()) {
+        ++known->Count;
+    } else {
+        Entries.push_back(Entry{name, 1, nullptr});
+        Install(name);
     }
-    ++entry->Count;
     if (Listening)
         Listening(true, name);
 }
@@ -42,9 +43,11 @@ void TranslationCenter::Unregister(const QString &name)
     const auto entry = Find(name);
     if (entry == Entries.end())
         return;
-    // The translator takes itself out of the application when it is deleted with its entry.
-    if (--entry->Count == 0)
+    if (--entry->Count == 0) {
+        // The translator takes itself out of the application when it goes, which may lead back here.
+        const std::unique_ptr<QTranslator> leaving = std::move(entry->Translator);
         Entries.erase(entry);
+    }
     if (Listening)
         Listening(false, name);
 }
@@ -70,8 +73,8 @@ void TranslationCenter::SetListener(Listener listener)
 
 void TranslationCenter::Reload()
 {
-    for (Entry &entry : Entries)
-        Install(entry);
+    for (const QString &name : GetRegistered())
+        Install(name);
 }
 
 std::vector<TranslationCenter::Entry>::iterator TranslationCenter::Find(const QString &name)
@@ -79,22 +82,34 @@ std::vector<TranslationCenter::Entry>::iterator TranslationCenter::Find(const QS
     return std::find_if(Entries.begin(), Entries.end(), [&name](const Entry &entry) { return entry.Name == name; });
 }
 
-void TranslationCenter::Install(Entry &entry) const
+/// Loads the catalogue of a registered name. The application tells everybody of a catalogue that comes or goes, and some
+/// may register names in turn, so the entry is looked up anew.
+void TranslationCenter::Install(const QString &name)
 {
     if (!QCoreApplication::instance())
         return;
-    // First, so that a catalogue that is not found any more does not stay.
-    entry.Translator.reset();
+    std::unique_ptr<QTranslator> translator = Load(name);
+    QTranslator *const loaded = translator.get();
+    const auto entry = Find(name);
+    if (entry == Entries.end())
+        return;
+    // Goes at the end: a catalogue that is not found any more does not stay.
+    std::swap(entry->Translator, translator);
+    if (loaded)
+        QCoreApplication::installTranslator(loaded);
+}
+
+/// The catalogue from the first directory that has one; null without.
+std::unique_ptr<QTranslator> TranslationCenter::Load(const QString &name) const
+{
     QStringList directories = Directories;
     directories << QCoreApplication::applicationDirPath() + QLatin1String("/translations")
                 << QStringLiteral(":/translations");
     auto translator = std::make_unique<QTranslator>();
-    for (const QString &directory : directories) {
+    for (const QString &directory : qAsConst(directories)) {
         // Tries the name without a locale, too, at the end.
-        if (translator->load(QLocale(), entry.Name, QStringLiteral("_"), directory, QStringLiteral(".qm"))) {
-            QCoreApplication::installTranslator(translator.get());
-            entry.Translator = std::move(translator);
-            break;
-        }
+        if (translator->load(QLocale(), name, QStringLiteral("_"), directory, QStringLiteral(".qm")))
+            return translator;
     }
+    return nullptr;
 }

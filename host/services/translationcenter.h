@@ -51,7 +51,8 @@ private:
     TranslationCenter();
     ~TranslationCenter();
     std::vector<Entry>::iterator Find(const QString &name);
-    void Install(Entry &entry) const;
+    void Install(const QString &name);
+    std::unique_ptr<QTranslator> Load(const QString &name) const;
 
     std::vector<Entry> Entries;
     QStringList Directories;

@@ -23,6 +23,8 @@ public:
     }
     void AttachNode(T *node) override
     {
+        if (node && node->GetState() == ekStateDeleted)
+            node = nullptr;
         if (node == this->get())
             return;
         DetachSecond();

@@ -39,6 +39,9 @@ public:
     /// Points to this node from now on, which may be null.
     virtual void AttachNode(T *node)
     {
+        // One that is going away would not be told again.
+        if (node && node->GetState() == ekStateDeleted)
+            node = nullptr;
         if (node == Node)
             return;
         Detach();
@@ -56,7 +59,7 @@ public:
         AttachNode(nullptr);
         T *node = dynamic_cast<T *>(Tree::Instance()->GetNode(path));
         AttachNode(node);
-        return node;
+        return Node;
     }
     /// Points to the `T` at the full path, and makes it when there is none: true when it is new. The tree owns it; one
     /// that the tree does not take, since something else is there, lives as long as this pointer holds it.

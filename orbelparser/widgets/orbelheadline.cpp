@@ -16,7 +16,7 @@ void OrbelHeadline::CreateGUI(FloatGroupLayout *layout)
     const QString text = GetString(prop::Text, QString());
     if (text.isEmpty())
         return;
-    GroupBox = layout->addHeadline(Translate(text), GetInt(prop::Margin, 0), WidgetName().toLatin1().constData());
+    GroupBox = layout->addHeadline(Translate(text), GetInt(prop::Margin, 0), WidgetName().toUtf8().constData());
     GroupBox->setAlignment(Qt::AlignLeft);
     GroupBox->setCheckable(true);
     GroupBox->setChecked(GroupVisible);

@@ -9,7 +9,7 @@ OrbelSeparator::OrbelSeparator(OrbelWidget *widget, bool isHeadline) : OrbelDele
 
 void OrbelSeparator::CreateGUI(FloatGroupLayout *layout)
 {
-    const QByteArray name = WidgetName().toLatin1();
+    const QByteArray name = WidgetName().toUtf8();
     if (IsHeadline)
         Control = layout->addHeadline(QString(), GetInt(prop::Margin, 0), name.constData());
     else

@@ -141,6 +141,17 @@ private Q_SLOTS:
         QVERIFY(className == "Separator" ? headline && !headline->isCheckable() : !headline);
     }
 
+    void marginsOutliveTitleFontAndStyle()
+    {
+        LiveForm live(Widget("first", "CheckBox") + Widget("h", "Headline", {"text=String:t", "margin=Int:40"})
+            + Widget("s", "Separator", {"margin=Int:41"}));
+        live.form->GetSheet().SetFontSize(20);
+        live.Find<QGroupBox>("h")->setTitle("other");
+        QCOMPARE(live.Find("h")->contentsMargins(), QMargins(0, 40, 0, 0));
+        QCOMPARE(live.Find("s")->contentsMargins(), QMargins(0, 21, 0, 0));
+        QTRY_VERIFY(live.Find("h")->y() >= 40);
+    }
+
     void buttonTellsItsClicks()
     {
         LiveForm live(Widget("p", "PushButton"));

@@ -263,8 +263,8 @@ private Q_SLOTS:
         QTest::newRow("grid: from the selected cell on") << Grid << QPoint(1, 1) << "d" << "\t\n\td";
         QTest::newRow("spacings: bounded and rounded like typed ones")
             << Spacings << QPoint(0, 0) << "2000\n-1\n12,6\n" << "1000\n0\n13";
-        QTest::newRow("spacings: what is no number stays out") << Spacings << QPoint(0, 1) << "x\n7" << "0\n0\n7";
-        QTest::newRow("nothing") << Spacings << QPoint(0, 0) << "" << "0\n0\n0";
+        QTest::newRow("spacings: what is no number stays out") << Spacings << QPoint(0, 1) << "x\n7" << "5\n5\n7";
+        QTest::newRow("nothing") << Spacings << QPoint(0, 0) << "" << "5\n5\n5";
     }
 
     void clipboard()
@@ -273,6 +273,7 @@ private Q_SLOTS:
         QFETCH(QPoint, start);
         QFETCH(QString, pasted);
         LiveTable live(className, Shape);
+        live.Read("<i>5</i><i>5</i><i>5</i>");
         live.Table()->setCurrentCell(start.y(), start.x());
         live.log.Take();
         live.Paste(pasted);
@@ -320,6 +321,10 @@ private Q_SLOTS:
             window.Type(1, 0, "5");
             QCOMPARE(window.Table()->item(1, 0)->text(), QString("5"));
         }
+        LiveTable live(Spacings, Shape);
+        live.log.On("s.spacingChanged", [&] { live.window.reset(); });
+        live.Paste("3\n4");
+        QCOMPARE(live.Written(), QString("m0:3 m1:0 m2:0"));
     }
 
     void aHandlerMayEndTheForm_data() { AddEnds(Ends); }
