@@ -143,12 +143,14 @@ private Q_SLOTS:
 
     void marginsOutliveTitleFontAndStyle()
     {
-        LiveForm live(Widget("first", "CheckBox") + Widget("h", "Headline", {"text=String:t", "margin=Int:40"})
+        LiveForm live(Widget("first", "CheckBox") + Widget("h", "Headline", {"text=String:a title as wide as the window", "margin=Int:40"})
             + Widget("s", "Separator", {"margin=Int:41"}));
         live.form->GetSheet().SetFontSize(20);
-        live.Find<QGroupBox>("h")->setTitle("other");
+        live.Find<QGroupBox>("h")->setTitle("another title as wide as the window");
         QCOMPARE(live.Find("h")->contentsMargins(), QMargins(0, 40, 0, 0));
         QCOMPARE(live.Find("s")->contentsMargins(), QMargins(0, 21, 0, 0));
+        // Only in its own column: at the top of a new one the gap does not count.
+        live.window->resize(200, 600);
         QTRY_VERIFY(live.Find("h")->y() >= 40);
     }
 
