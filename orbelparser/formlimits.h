@@ -21,7 +21,7 @@ inline constexpr int ParameterPathParts = 256;
 inline constexpr int TextSize = 512;
 
 /// How many cells a list or table may hold, rows times columns. A larger shape is refused and changes nothing.
-inline constexpr int ListCells = 1000000;
+inline constexpr int ListCells = 100000;
 
 /// How many controls a list of spin controls makes. A greater count makes this many.
 inline constexpr int ListItems = 1000;

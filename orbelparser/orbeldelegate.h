@@ -146,6 +146,8 @@ protected:
     void DefineProperty(const QString &name);
     void UndefineProperty(const QString &name);
     bool IsDefined(const QString &name) const { return DefinedProperties.contains(name); }
+    /// In the order in which they were defined.
+    const QStringList &GetDefinedProperties() const { return DefinedProperties; }
     /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none.
     void PropagateProperty(const QString &name, QObject *target);
     /// Forwards all defined properties that are set to a control just made, and hides it when its group
@@ -196,6 +198,8 @@ protected:
     static bool SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns);
     /// Gives the list the new shape; false, and no change, when a number is negative or the size stays the same.
     static bool ResizeList(QList<QVariant> &list, int rows, int columns, int oldColumns);
+    /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
+    static int CountOf(const QVariant &value);
 
     FormDoor Form() const;
     /// Name of the owning element; empty without one.

@@ -10,6 +10,7 @@
 #include "trace.h"
 
 #include <QXmlStreamWriter>
+#include <limits>
 
 namespace KV218
 {
@@ -107,6 +108,13 @@ bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int
     for (int cell = 0; cell < cells; ++cell)
         list.append(GetListValue(old, cell / columns, cell % columns, oldColumns));
     return true;
+}
+
+int OrbelDelegate::CountOf(const QVariant &value)
+{
+    constexpr qint64 least = std::numeric_limits<int>::min();
+    constexpr qint64 most = std::numeric_limits<int>::max();
+    return int(qBound(least, value.toLongLong(), most));
 }
 
 void OrbelDelegate::setModified(bool autoApply)

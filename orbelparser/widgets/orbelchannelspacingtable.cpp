@@ -74,12 +74,16 @@ void OrbelChannelSpacingTable::FillTable()
         return;
     constexpr int RowHeight = 20;
     const QPointer<OrbelChannelSpacingTable> self(this);
+    const QPointer<QTableWidget> table(Control);
     const FlagScope updating(this, Updating);
-    Control->verticalHeader()->setUpdatesEnabled(false);
+    table->verticalHeader()->setUpdatesEnabled(false);
     // All rows at once: the header measures itself again at each row that is resized alone.
-    Control->verticalHeader()->setDefaultSectionSize(RowHeight);
-    Control->setRowCount(Spacings.size());
-    if (!self || !Control)
+    table->verticalHeader()->setDefaultSectionSize(RowHeight);
+    table->setRowCount(Spacings.size());
+    // The table may outlive a form that a handler ended.
+    if (!self && table)
+        table->verticalHeader()->setUpdatesEnabled(true);
+    if (!self || !table)
         return;
     for (int row = 0; row < Spacings.size(); ++row) {
         Control->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(row + 1)));
@@ -132,7 +136,7 @@ void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVaria
     if (name == prop::HeaderLabel) {
         ShowHeaderLabel(Translate(value.toString()));
     } else if (name == prop::SpacingsCount) {
-        ResizeSpacings(value.toInt());
+        ResizeSpacings(CountOf(value));
         FillTable();
     }
     if (self)

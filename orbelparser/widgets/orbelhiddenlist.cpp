@@ -42,7 +42,7 @@ void OrbelHiddenList::PropertyChanged(const QString &name, const QVariant &value
 {
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::ItemCount)
-        ResizeList(Items, value.toInt(), 1, 1);
+        ResizeList(Items, CountOf(value), 1, 1);
 }
 
 QString OrbelHiddenList::itemValue(int index)

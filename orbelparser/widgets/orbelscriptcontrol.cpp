@@ -96,21 +96,19 @@ QPushButton *OrbelScriptControl::NewButton(const QString &name, const QString &i
 
 void OrbelScriptControl::ShowLamp()
 {
-    StatusLabel->setPixmap(QPixmap(
-        ScriptLoaded ? QStringLiteral(":/OrbelParser/Loaded_ON.png") : QStringLiteral(":/OrbelParser/Loaded_OFF.png")));
+    const QString state = ScriptLoaded ? QStringLiteral("ON") : QStringLiteral("OFF");
+    // A pixmap, unlike an icon, does not look for the sharper picture by itself.
+    const QString sharp = StatusLabel->devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
+    StatusLabel->setPixmap(QPixmap(QStringLiteral(":/OrbelParser/Loaded_%1%2.png").arg(state, sharp)));
     StatusLabel->setToolTip(ScriptLoaded ? tr("Script loaded") : tr("NO Script loaded"));
 }
 
 void OrbelScriptControl::ApplyProperties()
 {
-    QStringList names{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip};
-    for (const Switch &row : Switches)
-        names.append(row.property);
     // Meant: a property that the definition leaves out reads as false and locks or hides its button.
-    for (const QString &name : qAsConst(names)) {
-        if (IsDefined(name))
-            PropertyChanged(name, property(name.toLatin1().constData()));
-    }
+    const QStringList names = GetDefinedProperties();
+    for (const QString &name : names)
+        PropertyChanged(name, property(name.toLatin1().constData()));
     for (QPushButton *button : {ClearButton.data(), EditButton.data(), LoadButton.data()})
         HideIfCollapsed(button);
 }

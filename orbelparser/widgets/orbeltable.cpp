@@ -39,22 +39,26 @@ void OrbelTable::FillTable()
     if (!Control)
         return;
     const QPointer<OrbelTable> self(this);
+    const QPointer<QTableWidget> table(Control);
     const FlagScope updating(this, Updating);
     // A stretching header would measure all its sections again at each new label.
-    Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    Control->setColumnCount(ColumnCount);
-    if (self && Control)
-        Control->setRowCount(RowCount);
-    if (!self || !Control)
+    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->setColumnCount(ColumnCount);
+    if (self && table)
+        table->setRowCount(RowCount);
+    if (self && table)
+        LabelHeaders();
+    // The table may outlive a form that a handler ended.
+    if (table)
+        table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    if (!self || !table)
         return;
-    LabelHeaders();
-    Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     int next = 0;
     for (int row = 0; row < RowCount; ++row) {
         for (int column = 0; column < ColumnCount; ++column) {
             // Meant: values do not keep to their cells; each item that is found takes the next one.
             if (QTableWidgetItem *item = ItemFor(row, column))
-                item->setData(Qt::DisplayRole, Cells.at(next++));
+                item->setData(Qt::DisplayRole, Cells.value(next++));
         }
     }
 }
@@ -105,9 +109,9 @@ void OrbelTable::PropertyChanged(const QString &name, const QVariant &value)
     OrbelDelegate::PropertyChanged(name, value);
     const QPointer<OrbelTable> self(this);
     if (name == prop::ColumnCount)
-        Reshape(RowCount, value.toInt());
+        Reshape(RowCount, CountOf(value));
     else if (name == prop::RowCount)
-        Reshape(value.toInt(), ColumnCount);
+        Reshape(CountOf(value), ColumnCount);
     if (name == prop::ColumnCount || name == prop::RowCount)
         FillTable();
     if (self)

@@ -59,15 +59,17 @@ private Q_SLOTS:
     void stores_data()
     {
         AddStoreColumns();
-        const QString no, list("HiddenList"), map("HiddenMap"), table("HiddenTable"), cells("m00:%1 m01: m02:%2 m10: m11: m12:%3");
+        const QString no, list("HiddenList"), map("HiddenMap"), table("HiddenTable");
+        const QString cells("m00:%1 m01: m02:%2 m10: m11: m12:%3");
         const QStringList two{"itemCount=Int:2"}, grid{"rowCount=Int:2", "columnCount=Int:3"};
         StoreRow("list: an index equal to the length is refused", list, {}, "s.setItemValue(0, 'a')", no, "", "", "");
-        StoreRow("list: one beyond makes room", list, {}, "s.setItemValue(1, 'b'); r = s.itemValue(0) + s.itemValue(1)", no,
-            "apply s.itemValueChanged(1, b)", "b", "m0: m1:b");
+        StoreRow("list: one beyond makes room", list, {}, "s.setItemValue(1, 'b'); r = s.itemValue(0) + s.itemValue(1)",
+            no, "apply s.itemValueChanged(1, b)", "b", "m0: m1:b");
         StoreRow("list: a stated count grows with it", list, two,
             "s.setItemValue(2, 'b'); s.setItemValue(3, 'b'); s.setItemValue(3, 'b'); r = s.itemCount", no,
             "apply s.itemValueChanged(3, b)", "4", "m0: m1: m2: m3:b");
-        StoreRow("list: clearing leaves the count", list, two, "s.clear(); s.setItemCount(2); r = s.itemCount", no, "", "2", "");
+        StoreRow("list: clearing leaves the count", list, two, "s.clear(); s.setItemCount(2); r = s.itemCount", no, "",
+            "2", "");
         StoreRow("list: absurd indices and counts", list, two,
             "s.setItemValue(2147483647, 'a'); s.setItemValue(-1, 'a'); r = s.itemCount + s.itemValue(-1);"
             "s.setItemCount(2147483647); s.setItemCount(-1)", no, "", "2", "m0: m1:");
@@ -92,14 +94,16 @@ private Q_SLOTS:
         StoreRow("table: fewer rows and more again, then cleared", table, grid,
             "s.setItemValue(0, 2, 'c'); s.setItemValue(1, 2, 'f'); s.setRowCount(1); s.setRowCount(2);"
             "r = s.itemValue(0, 2) + s.itemValue(1, 2) + s.rowCount; s.clear()", no,
-            "apply s.itemValueChanged(0, 2, c) s.itemValueChanged(1, 2, f) s.tableCleared()", "c2", cells.arg("", "", ""));
+            "apply s.itemValueChanged(0, 2, c) s.itemValueChanged(1, 2, f) s.tableCleared()", "c2",
+            cells.arg("", "", ""));
         StoreRow("table: more columns in one row", table, {"rowCount=Int:1", "columnCount=Int:1"},
-            "s.setItemValue(0, 0, 'a'); s.setColumnCount(2)", no, "apply s.itemValueChanged(0, 0, a)", "", "m00:a m01:");
+            "s.setItemValue(0, 0, 'a'); s.setColumnCount(2)", no, "apply s.itemValueChanged(0, 0, a)", "",
+            "m00:a m01:");
         StoreRow("table: without columns it gets no rows", table, {"rowCount=Int:2"},
             "s.setColumnCount(3); s.setRowCount(2)", no, "", "", "");
         StoreRow("table: absurd shapes", table, grid,
-            "s.setRowCount(2147483647); s.setColumnCount(2147483647); s.setRowCount(-1); s.setItemValue(2147483647, 0, 'a')",
-            no, "", "", cells.arg("", "", ""));
+            "s.setRowCount(2147483647); s.setColumnCount(2147483647); s.setRowCount(-1);"
+            "s.setItemValue(2147483647, 0, 'a')", no, "", "", cells.arg("", "", ""));
         StoreRow("table: reading clears, then sets", table, grid, no,
             "<i>a</i><i row='1' column='2'>f</i><i row='7' column='0'>x</i><i row='-1'>y</i>",
             "s.tableCleared() s.itemValueChanged(0, 0, a) s.itemValueChanged(1, 2, f)", "", cells.arg("a", "", "f"));

@@ -12,7 +12,8 @@ namespace
 
 const QStringList Buttons{"s_LoadButton", "s_EditButton", "sClearButton"};
 const QStringList Shown{"visibleClear=Bool:true", "visibleEdit=Bool:true", "visibleLoad=Bool:true"};
-const QStringList AllOn = Shown + QStringList{"enabledClear=Bool:true", "enabledEdit=Bool:true", "enabledLoad=Bool:true"};
+const QStringList AllOn = Shown
+    + QStringList{"enabledClear=Bool:true", "enabledEdit=Bool:true", "enabledLoad=Bool:true"};
 
 /// What the operator finds: a lit lamp as "*", then each button that shows, in brackets when it is disabled.
 QString Row(const LiveForm &live)
@@ -42,7 +43,8 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("properties");
         QTest::addColumn<QString>("script");
         QTest::addColumn<QString>("row");
-        const QString load("s.setCustomProperty('scriptloaded', true);"), drop("s.setCustomProperty('scriptloaded', false);");
+        const QString load("s.setCustomProperty('scriptloaded', true);");
+        const QString drop("s.setCustomProperty('scriptloaded', false);");
         QTest::newRow("all stated: Clear is usable without a script") << AllOn << "" << "- Load Edit Clear";
         QTest::newRow("absent ones hide") << QStringList(AllOn.mid(3)) << "" << "-";
         QTest::newRow("absent ones lock") << Shown << "" << "- (Load) (Edit) (Clear)";
@@ -50,9 +52,11 @@ private Q_SLOTS:
         QTest::newRow("loaded and forgotten: Clear locks") << AllOn << load + drop << "- Load Edit (Clear)";
         QTest::newRow("another custom property") << AllOn << "s.setCustomProperty('x', false)" << "- Load Edit Clear";
         QTest::newRow("until the next refresh") << Shown << drop + "s.setEnabledClear(true)" << "- (Load) (Edit) Clear";
-        QTest::newRow("no news, no refresh") << AllOn << load + "s.setEnabledClear(false);" + load << "* Load Edit (Clear)";
+        QTest::newRow("no news, no refresh")
+            << AllOn << load + "s.setEnabledClear(false);" + load << "* Load Edit (Clear)";
         QTest::newRow("slots act on the buttons alone")
-            << AllOn << "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)" << "- (Load)";
+            << AllOn << "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)"
+            << "- (Load)";
         QTest::newRow("properties act too") << AllOn << "s.enabledEdit = s.visibleLoad = false" << "- (Edit) Clear";
         QTest::newRow("a hidden row keeps its lamp") << AllOn << "s.setVisible(false)" << "-";
         QTest::newRow("shown again, all buttons show")
@@ -72,7 +76,8 @@ private Q_SLOTS:
     void whatComesBeforeTheRowIsForgotten()
     {
         const Form form = Bind(Definition(Widget("s", "ScriptControl", AllOn),
-            "<Script>s.setEnabledLoad(false); s.setVisibleEdit(false); s.setCustomProperty('scriptloaded', true)</Script>"));
+            "<Script>s.setEnabledLoad(false); s.setVisibleEdit(false);"
+            "s.setCustomProperty('scriptloaded', true)</Script>"));
         form->CreateGUI(false);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QVERIFY(window->findChild<QPushButton *>("s_LoadButton")->isEnabled());
