@@ -1,11 +1,17 @@
 #include "delegatefactory.h"
 
+#include "orbelaudioobject.h"
 #include "orbelchannelspacingtable.h"
 #include "orbelcheckbox.h"
 #include "orbelcombobox.h"
 #include "orbeldelegate.h"
 #include "orbeldoublespinbox.h"
 #include "orbeldoublespinboxlist.h"
+#include "orbeldscobject.h"
+#include "orbelfftobject.h"
+#include "orbelfhpobject.h"
+#include "orbelfrequencyedit.h"
+#include "orbelfrequencyrangeedit.h"
 #include "orbelheadline.h"
 #include "orbelhidden.h"
 #include "orbelhiddenlist.h"
@@ -17,9 +23,11 @@
 #include "orbelpushbutton.h"
 #include "orbelscriptcontrol.h"
 #include "orbelseparator.h"
+#include "orbelsheet.h"
 #include "orbelspinbox.h"
 #include "orbelspinboxlist.h"
 #include "orbeltable.h"
+#include "orbeltunerobject.h"
 
 #include <QMap>
 
@@ -46,11 +54,22 @@ template <bool isHeadline> OrbelDelegate *MakeSeparator(OrbelWidget *widget)
     return new OrbelSeparator(widget, isHeadline);
 }
 
+/// The object shows texts in other controls of its form; what it knows of the sheet is this one look-up.
+OrbelDelegate *MakeDSCObject(OrbelWidget *widget)
+{
+    return new OrbelDSCObject(widget, [widget](const QString &name) {
+        const auto found = widget->GetSheet()->GetWidget(name);
+        return found ? found->GetDelegate() : nullptr;
+    });
+}
+
 // clang-format off
 constexpr Row Table[] = {
     {"ComboBox",              Make<OrbelComboBox>},
     {"CheckBox",              Make<OrbelCheckBox>},
     {"Headline",              Make<OrbelHeadline>},
+    {"FrequencyEdit",         Make<OrbelFrequencyEdit>},
+    {"FrequencyRangeEdit",    Make<OrbelFrequencyRangeEdit>},
     {"SpinBox",               Make<OrbelSpinBox>},
     {"DoubleSpinBox",         Make<OrbelDoubleSpinBox>},
     {"BandwidthEdit",         Make<OrbelInt64SpinBox>},
@@ -72,8 +91,13 @@ constexpr Row Table[] = {
     {"ShiftList",             Make<OrbelDoubleSpinBoxList>},
     {"SpinBoxList",           Make<OrbelSpinBoxList>},
     {"TableWidget",           Make<OrbelTable>},
+    {"SpecialObject_Audio",   Make<OrbelAudioObject>},
+    {"SpecialObject_DSC",     MakeDSCObject},
+    {"SpecialObject_FFT",     Make<OrbelFFTObject>},
     {"SpecialObject_Generic", Make<OrbelDelegate>},
+    {"SpecialObject_Tuner",   Make<OrbelTunerObject>},
     {"SpecialObject_WDE",     Make<OrbelDelegate>},
+    {"SpecialObject_FHP",     Make<OrbelFHPObject>},
 };
 // clang-format on
 

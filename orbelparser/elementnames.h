@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLatin1String>
+#include "latin1.h"
 
 namespace KV218
 {
@@ -9,22 +9,22 @@ namespace KV218
 namespace element
 {
 
-inline constexpr QLatin1String Form("ZkParamGui");
-inline constexpr QLatin1String Enums("Enums");
-inline constexpr QLatin1String Enum("Enum");
-inline constexpr QLatin1String EnumValue("EnumValue");
-inline constexpr QLatin1String DisplayName("DisplayName");
-inline constexpr QLatin1String EnumIdentifier("EnumIdentifier");
-inline constexpr QLatin1String Value("Value");
-inline constexpr QLatin1String Sheet("Sheet");
-inline constexpr QLatin1String Properties("Properties");
-inline constexpr QLatin1String CustomProperties("CustomProperties");
-inline constexpr QLatin1String Property("Property");
-inline constexpr QLatin1String Bool("Bool");
-inline constexpr QLatin1String Widget("Widget");
-inline constexpr QLatin1String Script("Script");
-inline constexpr QLatin1String Component("Component");
-inline constexpr QLatin1String ValueString("ValueString");
+inline constexpr QLatin1String Form = Latin1("ZkParamGui");
+inline constexpr QLatin1String Enums = Latin1("Enums");
+inline constexpr QLatin1String Enum = Latin1("Enum");
+inline constexpr QLatin1String EnumValue = Latin1("EnumValue");
+inline constexpr QLatin1String DisplayName = Latin1("DisplayName");
+inline constexpr QLatin1String EnumIdentifier = Latin1("EnumIdentifier");
+inline constexpr QLatin1String Value = Latin1("Value");
+inline constexpr QLatin1String Sheet = Latin1("Sheet");
+inline constexpr QLatin1String Properties = Latin1("Properties");
+inline constexpr QLatin1String CustomProperties = Latin1("CustomProperties");
+inline constexpr QLatin1String Property = Latin1("Property");
+inline constexpr QLatin1String Bool = Latin1("Bool");
+inline constexpr QLatin1String Widget = Latin1("Widget");
+inline constexpr QLatin1String Script = Latin1("Script");
+inline constexpr QLatin1String Component = Latin1("Component");
+inline constexpr QLatin1String ValueString = Latin1("ValueString");
 
 } // namespace element
 
@@ -32,14 +32,14 @@ inline constexpr QLatin1String ValueString("ValueString");
 namespace attribute
 {
 
-inline constexpr QLatin1String Version("version");
-inline constexpr QLatin1String Name("name");
-inline constexpr QLatin1String Class("class");
-inline constexpr QLatin1String Language("language");
-inline constexpr QLatin1String Type("type");
-inline constexpr QLatin1String Unit("unit");
-inline constexpr QLatin1String Id("id");
-inline constexpr QLatin1String Value("value");
+inline constexpr QLatin1String Version = Latin1("version");
+inline constexpr QLatin1String Name = Latin1("name");
+inline constexpr QLatin1String Class = Latin1("class");
+inline constexpr QLatin1String Language = Latin1("language");
+inline constexpr QLatin1String Type = Latin1("type");
+inline constexpr QLatin1String Unit = Latin1("unit");
+inline constexpr QLatin1String Id = Latin1("id");
+inline constexpr QLatin1String Value = Latin1("value");
 
 } // namespace attribute
 
@@ -47,7 +47,7 @@ inline constexpr QLatin1String Value("value");
 namespace widgetclass
 {
 
-inline constexpr QLatin1String Headline("Headline");
+inline constexpr QLatin1String Headline = Latin1("Headline");
 
 } // namespace widgetclass
 

@@ -43,6 +43,12 @@ void FormDoor::ApplyConfiguration() const
         formular->ApplyConfiguration();
 }
 
+QWidget *FormDoor::GetSheetWidget() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet ? sheet->GetGUI() : nullptr;
+}
+
 void FormDoor::TagChanged() const
 {
     if (OrbelSheet *sheet = Sheet())

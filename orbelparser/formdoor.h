@@ -3,6 +3,8 @@
 #include <QExplicitlySharedDataPointer>
 #include <QString>
 
+class QWidget;
+
 namespace KV218
 {
 
@@ -31,6 +33,9 @@ public:
 
     /// Saves font size and collapsed groups on the host's configuration object.
     void ApplyConfiguration() const;
+
+    /// The widget in which the form stands; null before CreateGUI() and once it is gone.
+    QWidget *GetSheetWidget() const;
 
     /// Must be told when the element name of this widget changed.
     void TagChanged() const;

@@ -38,6 +38,9 @@ void Save(const QObject &configuration, QSettings &settings)
 
 int main(int argc, char **argv)
 {
+    // Sharp icons and controls of a usable size on dense screens; only counts before there is an application.
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

@@ -49,6 +49,7 @@ public:
         return code != ekChangeState;
     }
 
+    Node *get() const { return Held; }
     Node *operator->() const { return Held; }
     explicit operator bool() const { return Held; }
 

@@ -99,7 +99,8 @@ void VCComboBoxClassic::ShowNode()
     setCurrentIndex(ShownIndex);
 }
 
-/// Replaces the list from the first row that differs, so that items that come one by one are not each a new list.
+/// Replaces the rows between the first and the last that differ, so that items that come or go one by one are not each
+/// a new list.
 void VCComboBoxClassic::ShowItems()
 {
     QStringList names;
@@ -108,17 +109,22 @@ void VCComboBoxClassic::ShowItems()
     const bool sameContext = Context == Node->GetTranslationNamespace();
     if (sameContext && names == Names)
         return;
-    const auto differs = std::mismatch(names.begin(), names.end(), Names.begin(), Names.end()).first;
-    const int same = sameContext ? int(differs - names.begin()) : 0;
+    // With rows of a host among them, the whole list is replaced.
+    const QStringList former = sameContext && count() == Names.size() ? Names : QStringList();
+    const auto differs = std::mismatch(names.begin(), names.end(), former.begin(), former.end());
+    const auto sameBehind = std::mismatch(names.rbegin(), std::make_reverse_iterator(differs.first), former.rbegin(),
+        std::make_reverse_iterator(differs.second));
+    const int first = int(differs.first - names.begin());
+    const int behind = int(sameBehind.first - names.rbegin());
 
     Names = names;
     Context = Node->GetTranslationNamespace();
-    while (count() > same)
-        removeItem(count() - 1);
+    for (int row = count() - 1 - behind; row >= first; --row)
+        removeItem(row);
     QStringList texts;
-    for (const QString &name : names.mid(same))
+    for (const QString &name : names.mid(first, names.size() - behind - first))
         texts << Translated(Context, name);
-    addItems(texts);
+    insertItems(first, texts);
 }
 
 int VCComboBoxClassic::PopupWidth() const

@@ -1,5 +1,7 @@
 #include "vclineedit.h"
 
+#include "frequencyvalidator.h"
+
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
@@ -8,6 +10,33 @@
 VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : QLineEdit(parent), Type(type)
 {
     setObjectName(QString::fromUtf8(name));
+    if (Type == ekFrequency)
+        TakeFrequencies();
+}
+
+void VCLineEdit::TakeFrequencies()
+{
+    setValidator(new FrequencyValidator(this));
+    NodeToShown = [this](const QString &node) { return FrequencyValidator::Shown(node, locale()); };
+    TypedToNode = [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); };
+    connect(this, &QLineEdit::textChanged, this, &VCLineEdit::MarkWrongText);
+}
+
+/// A text that cannot be committed turns red, in a shade that the background lets through.
+void VCLineEdit::MarkWrongText()
+{
+    const bool wrong = isModified() && !text().isEmpty() && !hasAcceptableInput();
+    if (wrong == Unmarked.has_value())
+        return;
+    if (!wrong) {
+        setPalette(*std::exchange(Unmarked, std::nullopt));
+        return;
+    }
+    Unmarked = palette();
+    QPalette marked = *Unmarked;
+    const bool dark = marked.color(QPalette::Base).lightness() < 128;
+    marked.setColor(QPalette::Text, dark ? QColor(255, 110, 110) : QColor(190, 0, 0));
+    setPalette(marked);
 }
 
 bool VCLineEdit::SetValueBase(ValueBase *node)
@@ -23,6 +52,16 @@ void VCLineEdit::SetConversion(const Conversion &nodeToShown, const Conversion &
     NodeToShown = nodeToShown;
     TypedToNode = typedToNode;
     ShowNode();
+}
+
+void VCLineEdit::setEnabled(bool enable)
+{
+    const QPointer<VCLineEdit> self(this);
+    // The focus goes when the field is disabled already and commits nothing.
+    if (!enable)
+        endEdit();
+    if (self)
+        QLineEdit::setEnabled(enable);
 }
 
 void VCLineEdit::setInputMask(const QString &mask)
@@ -112,8 +151,10 @@ void VCLineEdit::Commit(const QString &typed)
     // A node that spoke meanwhile was written by a receiver, perhaps with another text, which counts.
     if (self && Node && !NodeSpoke)
         WriteNode(typed);
-    if (self)
-        ShowNode();
+    if (!self)
+        return;
+    ShowNode();
+    Committed();
 }
 
 void VCLineEdit::WriteNode(const QString &typed)

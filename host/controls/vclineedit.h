@@ -5,15 +5,18 @@
 #include <QLineEdit>
 
 #include <functional>
+#include <optional>
 
 /// A text field that shows and sets a node of any type by its text. What is typed is pending until Return or leaving
 /// the field commits it; Escape takes it back. A field without the focus thus always shows what its node holds: a
 /// pending text that the input mask does not accept goes when the focus goes, and so does one in a field that is
 /// read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere leaves a pending
-/// text alone and is shown when the edit ends; a new input mask or maximum length ends the edit.
+/// text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. Disabling the field
+/// itself commits a pending text first.
 class ORBEL_HOST_EXPORT VCLineEdit : public QLineEdit, public IObserver
 {
     Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(QString inputMask READ inputMask WRITE setInputMask)
     Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
 
@@ -31,7 +34,8 @@ public:
     /// stands for nothing, which leaves the node alone. Null functions, as at the start, take the texts as they are.
     void SetConversion(const Conversion &nodeToShown, const Conversion &typedToNode);
 
-    /// These hide those of the base class, which would leave a cut text behind.
+    /// These hide those of the base class, which would lose a pending text, or leave a cut one behind.
+    void setEnabled(bool enable);
     void setInputMask(const QString &mask);
     void setMaxLength(int length);
 
@@ -48,6 +52,13 @@ Q_SIGNALS:
     void signalTextFinallyChanged(const QString &text);
 
 protected:
+    /// The node; null when the field has none.
+    ValueBase *BoundNode() const { return Node.get(); }
+    /// Shows what the node holds and drops a pending text.
+    void ShowNode();
+    /// Called when the operator's text has reached the node.
+    virtual void Committed() { }
+
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -55,7 +66,8 @@ protected:
 private:
     void Commit(const QString &typed);
     void WriteNode(const QString &typed);
-    void ShowNode();
+    void TakeFrequencies();
+    void MarkWrongText();
 
     NodeBinding<ValueBase> Node{this};
     LineEditType Type;
@@ -65,4 +77,6 @@ private:
     QString Content;
     QString Shown;
     bool NodeSpoke = false;
+    // While a wrong text is marked: the field's own colours.
+    std::optional<QPalette> Unmarked;
 };

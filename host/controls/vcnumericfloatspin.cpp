@@ -103,6 +103,16 @@ void VCNumericFloatSpin::setValue(double number)
         Put(number);
 }
 
+void VCNumericFloatSpin::setEnabled(bool enable)
+{
+    const QPointer<VCNumericFloatSpin> self(this);
+    // The focus goes when the box is disabled already and commits nothing.
+    if (!enable)
+        CommitTyped();
+    if (self)
+        QDoubleSpinBox::setEnabled(enable);
+}
+
 void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
 {
     if (!Node.HasNews(subject, code))
@@ -199,6 +209,12 @@ void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
 {
+    if (event->reason() == Qt::PopupFocusReason) {
+        // The edit goes on after a context menu. The base class would take over what was typed so far.
+        lineEdit()->event(event);
+        QWidget::focusOutEvent(event);
+        return;
+    }
     const QPointer<VCNumericFloatSpin> self(this);
     CommitTyped();
     if (self)

@@ -13,13 +13,15 @@
 /// that the operator really changed is written, so that showing never rounds it, and steps are exact in decimal numbers
 /// however many there are.
 ///
-/// What is typed is pending until Return or leaving the field commits it, clamped to the limits; Escape takes it back.
-/// A change of the node from elsewhere leaves a pending number alone and is shown when the edit ends. The wheel steps
-/// only while the box has the focus; otherwise the turn goes on to what lies behind. Without a node the box keeps its
-/// last number, and edits fall back to it. The size hint has room for the limits, for 18 characters at most.
+/// What is typed is pending until Return, leaving the box or disabling it commits it, clamped to the limits; Escape
+/// takes it back, and the box's own context menu leaves it alone. A change of the node from elsewhere leaves a pending
+/// number alone and is shown when the edit ends. The wheel steps only while the box has the focus; otherwise the turn
+/// goes on to what lies behind. Without a node the box keeps its last number, and edits fall back to it. The size hint
+/// has room for the limits, for 18 characters at most.
 class ORBEL_HOST_EXPORT VCNumericFloatSpin : public QDoubleSpinBox, public IObserver
 {
     Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
     Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
     Q_PROPERTY(double value READ value WRITE setValue USER true)
@@ -56,6 +58,8 @@ public:
     virtual double value() const { return QDoubleSpinBox::value(); }
     /// Writes the node, clamped to the limits, and ends an edit. NaN does nothing.
     virtual void setValue(double number);
+    /// Hides that of the base class, which would lose a pending number.
+    void setEnabled(bool enable);
 
     void Update(Observable *subject, TChangeCode code) override;
     QString textFromValue(double number) const override;

@@ -65,7 +65,28 @@ bool Tree::AddNode(const QString &nodePath, ValueBase *value)
     item->Node = value;
     Entered.insert(path, item);
     value->SetDeleteObserver(item);
+    // A copy: an observer may stop observing.
+    if (const std::shared_ptr<Observable> place = Awaited.value(path))
+        place->NotifyObservers(ekChangeState, nullptr);
     return true;
+}
+
+void Tree::ObservePath(const QString &path, IObserver *observer)
+{
+    std::shared_ptr<Observable> &place = Awaited[path];
+    if (!place)
+        place = std::make_shared<Observable>();
+    place->AddObserver(observer);
+}
+
+void Tree::StopObservingPath(const QString &path, IObserver *observer)
+{
+    const std::shared_ptr<Observable> place = Awaited.value(path);
+    if (!place)
+        return;
+    place->DeleteObserver(observer);
+    if (!place->HasObservers())
+        Awaited.remove(path);
 }
 
 void Tree::RemoveNode(const QString &pathName)

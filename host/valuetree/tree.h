@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class IObserver;
+class Observable;
 class TreeItem;
 class ValueBase;
 
@@ -35,6 +37,12 @@ public:
     /// without a node does nothing.
     void RemoveNode(const QString &pathName);
 
+    /// Has `observer`, which is not owned, told with ekChangeState whenever a node is entered at the full path; the
+    /// subject of the call is no node. It must neither remove that node nor end it then.
+    void ObservePath(const QString &path, IObserver *observer);
+    /// Must be called before the observer ends; one that does not observe the path is none.
+    void StopObservingPath(const QString &path, IObserver *observer);
+
     /// The full paths of all nodes, sorted.
     QStringList GetPaths() const;
     /// The names of the branches and nodes directly below a path, sorted. An empty path gives the topmost names, "/"
@@ -54,4 +62,5 @@ private:
 
     std::unique_ptr<TreeItem> Root;
     QHash<QString, TreeItem *> Entered;
+    QHash<QString, std::shared_ptr<Observable>> Awaited;
 };

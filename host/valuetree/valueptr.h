@@ -32,9 +32,13 @@ public:
         Node = nullptr;
         Side = nullptr;
         // A node that the tree did not take has only its name, and that may be another node's path.
-        if (static_cast<const ValueBase *>(node) == Tree::Instance()->GetNode(path))
-            Tree::Instance()->RemoveNode(path);
-        Homeless.reset();
+        if (static_cast<const ValueBase *>(node) != Tree::Instance()->GetNode(path)) {
+            Homeless.reset();
+            return;
+        }
+        Homeless.release();
+        // Last: whoever is told of the end may end this pointer.
+        Tree::Instance()->RemoveNode(path);
     }
     /// Points to this node from now on, which may be null.
     virtual void AttachNode(T *node)

@@ -136,7 +136,7 @@ void ValueSelection::DeleteItem(SelectionItem *item, IObserver *except)
     Items.erase(found);
     if (Current == item)
         Current = GetItemIndex(0);
-    RebuildIndex();
+    RemoveFromIndex(item);
     AnnounceItems(before, except);
 }
 
@@ -241,6 +241,25 @@ void ValueSelection::AddToIndex(SelectionItem *item)
     // A number that is none has no order among the others and cannot be looked for.
     if (!std::isnan(item->GetValue()) && !ByValue.contains(item->GetValue()))
         ByValue.insert(item->GetValue(), item);
+}
+
+/// Where the item stood in the index, the next one with the same key of that index takes its place.
+void ValueSelection::RemoveFromIndex(const SelectionItem *item)
+{
+    const auto remove = [&](auto &index, const auto &key, auto keyOf) {
+        if (index.value(key) != item)
+            return;
+        const auto next
+            = std::find_if(Items.begin(), Items.end(), [&](const auto &other) { return keyOf(*other) == key; });
+        if (next == Items.end())
+            index.remove(key);
+        else
+            index.insert(key, next->get());
+    };
+    remove(ByName, item->GetName(), [](const SelectionItem &other) { return other.GetName(); });
+    remove(ByKey, item->GetKey(), [](const SelectionItem &other) { return other.GetKey(); });
+    if (!std::isnan(item->GetValue()))
+        remove(ByValue, item->GetValue(), [](const SelectionItem &other) { return other.GetValue(); });
 }
 
 void ValueSelection::RebuildIndex()

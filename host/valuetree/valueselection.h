@@ -73,6 +73,7 @@ private:
     void Append(std::unique_ptr<SelectionItem> item);
     void AnnounceItems(const SelectionItem *before, IObserver *except);
     void AddToIndex(SelectionItem *item);
+    void RemoveFromIndex(const SelectionItem *item);
     void RebuildIndex();
 
     std::vector<std::unique_ptr<SelectionItem>> Items;

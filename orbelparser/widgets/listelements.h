@@ -12,10 +12,10 @@ namespace KV218
 namespace attribute
 {
 
-inline constexpr QLatin1String Index("index");
-inline constexpr QLatin1String Key("key");
-inline constexpr QLatin1String Row("row");
-inline constexpr QLatin1String Column("column");
+inline constexpr QLatin1String Index = Latin1("index");
+inline constexpr QLatin1String Key = Latin1("key");
+inline constexpr QLatin1String Row = Latin1("row");
+inline constexpr QLatin1String Column = Latin1("column");
 
 } // namespace attribute
 
@@ -50,6 +50,7 @@ void WriteEntries(
 {
     writer.writeStartElement(name);
     for (int i = 0; i < count; ++i) {
+        // Meant: where the definition names no entries, theirs are elements without a name, which no reader takes.
         writer.writeStartElement(entryName);
         writeEntry(i);
         writer.writeEndElement();

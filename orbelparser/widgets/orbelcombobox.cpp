@@ -10,6 +10,17 @@
 namespace KV218
 {
 
+namespace
+{
+
+/// The names of the rows are translated in the context of their enumeration, which several controls may share.
+QByteArray ContextOf(const OrbelEnum &values)
+{
+    return values.GetName().toUtf8();
+}
+
+} // namespace
+
 OrbelComboBox::OrbelComboBox(OrbelWidget *widget) : BoundDelegate(widget) { }
 
 QExplicitlySharedDataPointer<OrbelEnum> OrbelComboBox::FindEnum() const
@@ -21,9 +32,8 @@ void OrbelComboBox::CreateValueTree()
 {
     Enum = FindEnum();
     ValueSelection *node = CreateValueSelection(prop::CurrentValue, Enum);
-    // The names of the rows are translated in the context of their enumeration, which several controls may share.
     if (node)
-        node->SetTranslationNamespace(Enum->GetName().toUtf8().constData(), nullptr);
+        node->SetTranslationNamespace(ContextOf(*Enum).constData(), nullptr);
     ValueNode.Adopt(node);
 }
 
@@ -44,6 +54,8 @@ void OrbelComboBox::ResyncValueTree()
     }
     // Meant: the choice survives by its display name, and `currentValue` stays even when it does not.
     ValueNode->DeleteItems(this);
+    if (self && ValueNode)
+        ValueNode->SetTranslationNamespace(ContextOf(*Enum).constData(), this);
     if (self && ValueNode)
         ValueNode->AddItemsFrom(rows, this);
     if (self && ValueNode)

@@ -10,6 +10,7 @@
 int RunOrbelTest(QObject *test, int argc, char **argv)
 {
     QLocale::setDefault(QLocale::c());
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create("fusion"));
     QFont font("DejaVu Sans");

@@ -1,0 +1,247 @@
+#include "frequencyfield.h"
+
+#include "decimalnumber.h"
+#include "frequencytext.h"
+#include "frequencyvalidator.h"
+#include "ivaluenumeric.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QWheelEvent>
+
+#include <cmath>
+
+static constexpr int MostPower = 11; // hundreds of GHz, where digits end that an operator can choose
+static constexpr int WheelNotch = 120; // what Qt reports for one notch, in eighths of a degree
+
+static double PowerOfTen(int power)
+{
+    return std::round(std::pow(10.0, power));
+}
+
+FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
+    : VCLineEdit(parent, nullptr, ekFrequency), BelowZero(belowZero)
+{
+    setAlignment(Qt::AlignRight);
+    setFocusPolicy(Qt::StrongFocus);
+    SetConversion(
+        [this](const QString &node) {
+            return FrequencyValidator::Shown(node, locale(), hasFocus() && MayTune() ? Power : 0);
+        },
+        [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); });
+    // What the field shows anew has no marked digit yet.
+    connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
+}
+
+void FrequencyField::Step(int steps)
+{
+    if (!MayTune() || isModified())
+        return;
+    auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
+    const double lowest = BelowZero ? node->GetMin() : std::max(0.0, node->GetMin());
+    const double target = WithSteps(node->GetValue(), PowerOfTen(Power), steps);
+    Tuned = true;
+    const QPointer<FrequencyField> self(this);
+    node->SetValue(std::max(lowest, std::min(target, node->GetMax())), this);
+    if (self)
+        ShowNode();
+}
+
+void FrequencyField::Enter(double hertz)
+{
+    auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
+    if (!node || !std::isfinite(hertz))
+        return;
+    const QPointer<FrequencyField> self(this);
+    node->SetValue(hertz, this);
+    if (!self)
+        return;
+    ShowNode();
+    Committed();
+}
+
+std::optional<double> FrequencyField::Repeat()
+{
+    auto *number = dynamic_cast<IValueNumeric *>(BoundNode());
+    if (!number)
+        return {};
+    const double hertz = number->GetValue();
+    BoundNode()->HasChanged(ekChangeValue, this);
+    return hertz;
+}
+
+QSize FrequencyField::sizeHint() const
+{
+    constexpr int roomOfBase = 17; // the letters that the base class makes room for
+    const QFontMetrics metrics(font());
+    const QString widest = FrequencyText::Write(88888888888.0, 0, locale().decimalPoint()) + QLatin1Char(' ');
+    const QSize base = QLineEdit::sizeHint();
+    const int frame = base.width() - metrics.horizontalAdvance(QLatin1Char('x')) * roomOfBase;
+    return {metrics.horizontalAdvance(widest) + std::max(0, frame), base.height()};
+}
+
+void FrequencyField::Committed()
+{
+    Tuned = true;
+    TellEntered();
+}
+
+void FrequencyField::keyPressEvent(QKeyEvent *event)
+{
+    if (!MayTune() || isModified()) {
+        VCLineEdit::keyPressEvent(event);
+        return;
+    }
+    const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    if (plain && TuneByKey(event->key()))
+        return;
+    // A marked digit is a place, not a selection to copy or to replace.
+    const bool whole = event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)
+        || event->matches(QKeySequence::Paste) || event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
+    const QString typed = event->text();
+    if (whole || (!typed.isEmpty() && typed.at(0).isPrint()))
+        selectAll();
+    VCLineEdit::keyPressEvent(event);
+}
+
+bool FrequencyField::TuneByKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Up:
+        Step(1);
+        return true;
+    case Qt::Key_Down:
+        Step(-1);
+        return true;
+    case Qt::Key_PageUp:
+        Step(10);
+        return true;
+    case Qt::Key_PageDown:
+        Step(-10);
+        return true;
+    case Qt::Key_Left:
+        ChooseDigit(Power + 1);
+        return true;
+    case Qt::Key_Right:
+        ChooseDigit(Power - 1);
+        return true;
+    case Qt::Key_Home:
+        ChooseDigit(HighestPower());
+        return true;
+    case Qt::Key_End:
+        ChooseDigit(0);
+        return true;
+    case Qt::Key_F2:
+        setModified(true);
+        end(false);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void FrequencyField::inputMethodEvent(QInputMethodEvent *event)
+{
+    const bool writes = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
+    if (writes && MayTune() && !isModified())
+        selectAll();
+    VCLineEdit::inputMethodEvent(event);
+}
+
+void FrequencyField::mouseReleaseEvent(QMouseEvent *event)
+{
+    VCLineEdit::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !MayTune() || isModified() || hasSelectedText())
+        return;
+    ChooseDigit(PowerUnder(event->pos()).value_or(Power));
+}
+
+void FrequencyField::wheelEvent(QWheelEvent *event)
+{
+    if (!hasFocus() || !MayTune() || isModified() || event->angleDelta().y() == 0) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (const std::optional<int> power = PowerUnder(event->position().toPoint()))
+        ChooseDigit(*power);
+    WheelRemainder += event->angleDelta().y();
+    const int steps = WheelRemainder / WheelNotch;
+    WheelRemainder %= WheelNotch;
+    if (steps != 0)
+        Step(steps);
+}
+
+void FrequencyField::focusInEvent(QFocusEvent *event)
+{
+    VCLineEdit::focusInEvent(event);
+    WheelRemainder = 0;
+    // A click chooses its digit in the text that stood there when it was made.
+    if (isModified() || event->reason() == Qt::MouseFocusReason)
+        return;
+    ShowNode();
+    MarkDigit();
+}
+
+void FrequencyField::focusOutEvent(QFocusEvent *event)
+{
+    const QPointer<FrequencyField> self(this);
+    VCLineEdit::focusOutEvent(event);
+    if (!self || isModified() || event->reason() == Qt::PopupFocusReason)
+        return;
+    deselect();
+    ShowNode();
+    TellEntered();
+}
+
+bool FrequencyField::MayTune() const
+{
+    return isEnabled() && !isReadOnly() && dynamic_cast<IValueNumeric *>(BoundNode());
+}
+
+void FrequencyField::MarkDigit()
+{
+    if (!hasFocus() || isModified() || !MayTune())
+        return;
+    const int position = FrequencyText::PositionOf(text(), Power);
+    if (position >= 0)
+        setSelection(position, 1);
+}
+
+void FrequencyField::ChooseDigit(int power)
+{
+    Power = qBound(0, power, std::max(TopPower(), HighestPower()));
+    ShowNode();
+    MarkDigit();
+}
+
+/// The power of ten of the first digit that the frequency has.
+int FrequencyField::HighestPower() const
+{
+    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
+    const double size = node ? std::fabs(node->GetValue()) : 0;
+    return size < 1 ? 0 : std::min(MostPower, int(std::floor(std::log10(size) + 1e-12)));
+}
+
+/// The power of ten of the first digit that the limits of the node leave room for.
+int FrequencyField::TopPower() const
+{
+    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
+    const double size = node ? std::max(node->GetMax(), BelowZero ? -node->GetMin() : 0.0) : 0;
+    return size < 1 ? 0 : int(std::min<double>(MostPower, std::floor(std::log10(size) + 1e-12)));
+}
+
+std::optional<int> FrequencyField::PowerUnder(const QPoint &point) const
+{
+    // The caret nearest to a place half a digit to the left stands before the digit under the mouse.
+    const int halfDigit = QFontMetrics(font()).horizontalAdvance(QLatin1Char('0')) / 2;
+    auto *self = const_cast<FrequencyField *>(this);
+    return FrequencyText::PowerAt(text(), self->cursorPositionAt(point - QPoint(halfDigit, 0)));
+}
+
+void FrequencyField::TellEntered()
+{
+    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
+    if (std::exchange(Tuned, false) && node)
+        Q_EMIT signalEntered(node->GetValue());
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QPushButton>
+
+/// The tune button of VCFrequency.
+class ORBEL_HOST_EXPORT VCButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    using QPushButton::QPushButton;
+};

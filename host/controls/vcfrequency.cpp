@@ -1,0 +1,238 @@
+#include "vcfrequency.h"
+
+#include "frequencyfield.h"
+#include "frequencytext.h"
+#include "frequencyvalidator.h"
+#include "ivaluenumeric.h"
+#include "tree.h"
+#include "vcbutton.h"
+#include "vcminifrequency.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+
+static constexpr double TextScale = 1.5;
+
+VCFrequency::VCFrequency(QWidget *parent, const char *name, bool belowZero, QWidget *popupParent, bool history)
+    : QWidget(parent), Field(new FrequencyField(this, belowZero)), PopupParent(popupParent ? popupParent : this)
+{
+    setObjectName(QString::fromUtf8(name));
+    setFocusProxy(Field);
+    Build();
+    HistoryButton->setVisible(history);
+    ScaleText();
+    connect(Field, &FrequencyField::signalEntered, this, &VCFrequency::slotAddToHistory);
+}
+
+VCFrequency::~VCFrequency()
+{
+    SetBandwidth_ValuePath(QString());
+}
+
+void VCFrequency::Build()
+{
+    Field->setObjectName(QStringLiteral("frequency"));
+    Field->setAccessibleName(tr("Frequency"));
+    UpButton = StepButton(QStringLiteral("increment"), Qt::UpArrow, &VCFrequency::slotIncrement);
+    UpButton->setToolTip(tr("Step up the marked digit"));
+    DownButton = StepButton(QStringLiteral("decrement"), Qt::DownArrow, &VCFrequency::slotDecrement);
+    DownButton->setToolTip(tr("Step down the marked digit"));
+    EntryButton = MiniButton(QStringLiteral("entry"), &VCFrequency::BeginEntry);
+    EntryButton->setText(QStringLiteral("\u2026"));
+    EntryButton->setToolTip(tr("Type a frequency"));
+    HistoryButton = MiniButton(QStringLiteral("history"), &VCFrequency::OpenHistory);
+    HistoryButton->setArrowType(Qt::DownArrow);
+    HistoryButton->setToolTip(tr("Last frequencies (F4)"));
+    TuneButton = new VCButton(tr("Tune"), this);
+    TuneButton->setObjectName(QStringLiteral("tune"));
+    connect(TuneButton, &QPushButton::clicked, this, &VCFrequency::Tune);
+    BandwidthLabel = new QLabel(this);
+    BandwidthLabel->setObjectName(QStringLiteral("bandwidth"));
+    BandwidthLabel->setAlignment(Qt::AlignRight);
+    BandwidthLabel->hide();
+
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(1);
+    grid->addWidget(Field, 0, 0, 2, 1);
+    grid->addWidget(UpButton, 0, 1);
+    grid->addWidget(DownButton, 1, 1);
+    grid->addWidget(EntryButton, 0, 2);
+    grid->addWidget(HistoryButton, 1, 2);
+    grid->addWidget(TuneButton, 0, 3, 2, 1);
+    grid->addWidget(BandwidthLabel, 2, 0);
+    grid->setColumnStretch(0, 1);
+}
+
+QToolButton *VCFrequency::StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)())
+{
+    auto *button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setArrowType(arrow);
+    button->setAutoRaise(true);
+    button->setAutoRepeat(true);
+    // The marked digit, which the focus shows, is what the button steps.
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    connect(button, &QToolButton::clicked, this, step);
+    return button;
+}
+
+VCMiniFrequency *VCFrequency::MiniButton(const QString &name, void (VCFrequency::*action)())
+{
+    auto *button = new VCMiniFrequency(this);
+    button->setObjectName(name);
+    connect(button, &VCMiniFrequency::clicked, this, action);
+    return button;
+}
+
+bool VCFrequency::SetFrequency_ValuePath(const QString &path)
+{
+    ValueBase *node = Tree::Instance()->GetNode(path);
+    return Field->SetValueBase(dynamic_cast<IValueNumeric *>(node) ? node : nullptr);
+}
+
+bool VCFrequency::SetBandwidth_ValuePath(const QString &path)
+{
+    Tree *tree = Tree::Instance();
+    if (!BandwidthPath.isEmpty())
+        tree->StopObservingPath(BandwidthPath, this);
+    BandwidthPath = path;
+    if (!BandwidthPath.isEmpty())
+        tree->ObservePath(BandwidthPath, this);
+    BindBandwidth();
+    return bool(Bandwidth);
+}
+
+void VCFrequency::DisableButtons()
+{
+    UpButton->setEnabled(false);
+    DownButton->setEnabled(false);
+}
+
+void VCFrequency::EnableInput(bool enable)
+{
+    Locked = !enable;
+    ApplyInput();
+}
+
+void VCFrequency::setReadOnly(bool readOnly)
+{
+    ReadOnly = readOnly;
+    Locked = Locked && readOnly;
+    ApplyInput();
+}
+
+void VCFrequency::ApplyInput()
+{
+    const bool free = !Locked && !ReadOnly;
+    Field->setReadOnly(!free);
+    for (QWidget *button : {UpButton, DownButton})
+        button->setEnabled(free);
+    EntryButton->enable(free);
+    HistoryButton->enable(free);
+    TuneButton->setEnabled(free);
+}
+
+void VCFrequency::Update(Observable *subject, TChangeCode code)
+{
+    const bool news = Bandwidth.HasNews(subject, code);
+    if (!news)
+        BindBandwidth();
+    ShowBandwidth();
+}
+
+void VCFrequency::BindBandwidth()
+{
+    if (!Bandwidth)
+        Bandwidth.Bind(BandwidthPath.isEmpty() ? nullptr : Tree::Instance()->GetNode(BandwidthPath));
+    ShowBandwidth();
+}
+
+void VCFrequency::ShowBandwidth()
+{
+    if (Bandwidth)
+        BandwidthLabel->setText(tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
+    BandwidthLabel->setVisible(bool(Bandwidth));
+}
+
+void VCFrequency::slotSetFrequencyValue(double hertz)
+{
+    Field->Enter(hertz);
+}
+
+void VCFrequency::slotAddToHistory(double hertz)
+{
+    History.Add(hertz);
+}
+
+void VCFrequency::slotIncrement()
+{
+    Field->Step(1);
+}
+
+void VCFrequency::slotDecrement()
+{
+    Field->Step(-1);
+}
+
+void VCFrequency::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        ScaleText();
+    if (event->type() == QEvent::EnabledChange && isEnabled() && Locked)
+        EnableInput(true);
+}
+
+void VCFrequency::keyPressEvent(QKeyEvent *event)
+{
+    const bool altDown = event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier;
+    if ((event->key() == Qt::Key_F4 || altDown) && HistoryButton->isEnabled() && !HistoryButton->isHidden())
+        OpenHistory();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void VCFrequency::BeginEntry()
+{
+    Field->setFocus(Qt::OtherFocusReason);
+    Field->selectAll();
+}
+
+void VCFrequency::OpenHistory()
+{
+    auto *menu = new QMenu(PopupParent);
+    menu->setObjectName(QStringLiteral("frequencyHistory"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (double hertz : History.Frequencies()) {
+        QAction *entry = menu->addAction(FrequencyText::Write(hertz, 0, locale().decimalPoint()));
+        connect(entry, &QAction::triggered, this, [this, hertz] { slotSetFrequencyValue(hertz); });
+    }
+    if (menu->isEmpty())
+        menu->addAction(tr("No frequency yet"))->setEnabled(false);
+    menu->popup(Field->mapToGlobal(QPoint(0, Field->height())));
+    if (QAction *first = menu->actions().first(); first->isEnabled())
+        menu->setActiveAction(first);
+}
+
+void VCFrequency::Tune()
+{
+    const QPointer<VCFrequency> self(this);
+    const std::optional<double> hertz = Field->Repeat();
+    if (self && hertz)
+        Q_EMIT signalTune(*hertz);
+}
+
+/// Text sizes of children follow the widget's, so only the field's own size is set.
+void VCFrequency::ScaleText()
+{
+    QFont large;
+    if (font().pointSizeF() > 0)
+        large.setPointSizeF(font().pointSizeF() * TextScale);
+    else
+        large.setPixelSize(qRound(font().pixelSize() * TextScale));
+    Field->setFont(large);
+}

@@ -1,0 +1,110 @@
+#include "exclusionlistdelegate.h"
+
+#include "propertynames.h"
+#include "valuecommentedrangemap.h"
+#include "xmlwalk.h"
+
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+namespace
+{
+
+constexpr QLatin1String IndexAttribute = Latin1("index");
+
+/// Reads the range on whose start the reader stands; a text that is no number counts as 0.
+CommentedRange ReadRange(QXmlStreamReader &reader, const ExclusionListFormat &format)
+{
+    CommentedRange range;
+    ForEachStart(reader, [&](const QStringRef &name) {
+        if (name == format.start)
+            range.SetRangeStart(reader.readElementText().toDouble());
+        else if (name == format.stop)
+            range.SetRangeStop(reader.readElementText().toDouble());
+        else
+            reader.skipCurrentElement();
+    });
+    return range;
+}
+
+void ReadRanges(
+    QXmlStreamReader &reader, const ExclusionListFormat &format, ValueCommentedRangeMap *ranges, IObserver *except)
+{
+    unsigned int key = 0;
+    ForEachStart(reader, [&](const QStringRef &name) {
+        // Meant: an unknown element is entered, so its end tag ends this list and what follows is left to the caller.
+        if (name != format.range)
+            return;
+        const QString index = reader.attributes().value(IndexAttribute).toString();
+        if (format.detailed && !index.isEmpty())
+            key = index.toUInt();
+        ranges->SetAt(key++, ReadRange(reader, format), except);
+    });
+}
+
+} // namespace
+
+ExclusionListDelegate::ExclusionListDelegate(OrbelWidget *widget, const ExclusionListFormat &format)
+    : OrbelDelegate(widget), Format(format)
+{
+}
+
+void ExclusionListDelegate::GetXml(QXmlStreamWriter &writer) const
+{
+    ValueCommentedRangeMap *ranges = GetRanges();
+    if (!ranges)
+        return;
+    // Meant: not even a script that sets `generateParameterXml` to false keeps the list out.
+    writer.writeStartElement(GetXmlTagName());
+    int index = 0;
+    for (const auto &entry : ranges->data()) {
+        writer.writeStartElement(Format.range);
+        if (Format.detailed)
+            writer.writeAttribute(IndexAttribute, QString::number(index++));
+        WriteFrequency(writer, Format.start, entry.second.GetRangeStart());
+        WriteFrequency(writer, Format.stop, entry.second.GetRangeStop());
+        writer.writeEndElement();
+    }
+    writer.writeEndElement();
+}
+
+void ExclusionListDelegate::WriteFrequency(QXmlStreamWriter &writer, const QString &name, double frequency) const
+{
+    writer.writeStartElement(name);
+    if (Format.detailed)
+        writer.writeAttribute(attribute::Unit, QStringLiteral("Hz"));
+    writer.writeCharacters(QString::number(frequency, 'f', Format.decimals));
+    writer.writeEndElement();
+}
+
+void ExclusionListDelegate::ReadXml(QXmlStreamReader &reader)
+{
+    ValueCommentedRangeMap *ranges = GetRanges();
+    if (!ranges)
+        return;
+    ranges->StartTransaction(this);
+    ranges->Clear(this);
+    ReadRanges(reader, Format, ranges, this);
+    // Whoever is told may end the form or withdraw the node.
+    const QPointer<ExclusionListDelegate> self(this);
+    ranges->EndTransaction(ekChangeContent, this);
+    if (self && GetRanges())
+        GetRanges()->NotifyObservers(ekChangeValue, this);
+}
+
+void ExclusionListDelegate::ParseProperties(QXmlStreamReader &reader, bool custom)
+{
+    OrbelDelegate::ParseProperties(reader, custom);
+    if (!custom) {
+        // Meant: the list is always written, whatever the definition says.
+        GenerateXml = true;
+        return;
+    }
+    // Meant: the default name comes from here alone, so without custom properties it is the object name.
+    const QVariant tag = customProperty(QStringLiteral("customXmlTag"));
+    SetPropertyAlways(prop::ParameterXmlTag, tag.isValid() ? tag : QVariant(QString(Format.list)));
+}
+
+} // namespace KV218

@@ -1,0 +1,43 @@
+#include "exclusiondialog.h"
+
+#include "freqrangetable.h"
+#include "valuecommentedrangemap.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace KV218
+{
+
+void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const char *context)
+{
+    if (!ranges)
+        return;
+    const auto translate = [=](const char *text) {
+        return QCoreApplication::translate(context ? context : FreqRangeTable::staticMetaObject.className(), text);
+    };
+    // On the heap: whoever ends the parent ends the dialog, too.
+    const QPointer<QDialog> dialog(new QDialog(parent));
+    dialog->setWindowTitle(translate("Excluded ranges (kHz)"));
+    dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
+    auto *layout = new QVBoxLayout(dialog);
+    auto *table = new FreqRangeTable(dialog);
+    table->AttachToValue(ranges->GetPathName());
+    layout->addWidget(table);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, dialog);
+    QPushButton *sort = buttons->addButton(translate("&Sort"), QDialogButtonBox::ActionRole);
+    sort->setToolTip(translate("Sort entries by start frequency in ascending order"));
+    layout->addWidget(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    QObject::connect(sort, &QPushButton::clicked, table, &FreqRangeTable::SlotSortByStartFrequencies);
+    if (dialog->exec() == QDialog::Accepted && dialog)
+        table->StoreToValue();
+    delete dialog;
+}
+
+} // namespace KV218

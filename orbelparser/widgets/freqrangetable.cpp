@@ -1,0 +1,304 @@
+#include "freqrangetable.h"
+
+#include "numberparsing.h"
+#include "suffixeddouble.h"
+#include "tablekeys.h"
+#include "valuecommentedrangemap.h"
+
+#include <algorithm>
+#include <QAction>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QScopedValueRollback>
+
+#include <vector>
+
+namespace KV218
+{
+
+namespace
+{
+
+struct Unit {
+    QLatin1Char Letter;
+    double Factor;
+    int Zeros;
+    SuffixedDouble::ESuffix Suffix;
+};
+
+/// In the order in which their letters are looked for.
+constexpr Unit Units[] = {
+    {QLatin1Char('K'), 1e3, 3, SuffixedDouble::ekKilo},
+    {QLatin1Char('M'), 1e6, 6, SuffixedDouble::ekMega},
+    {QLatin1Char('G'), 1e9, 9, SuffixedDouble::ekGiga},
+    {QLatin1Char('H'), 1.0, 0, SuffixedDouble::ekPlain},
+};
+
+const Unit &UnitOfScale(double scale)
+{
+    const auto isIt = [=](const Unit &unit) { return unit.Factor == scale; };
+    return *std::find_if(std::begin(Units), std::end(Units) - 1, isIt);
+}
+
+/// The unit that an upper-case text names; the unit of `scale` when it names none.
+const Unit &UnitOfText(const QString &text, double scale)
+{
+    // Meant: one letter anywhere tells the unit, so "MK" is kilo and an exponent is no exponent.
+    const auto isIt = [&](const Unit &unit) { return text.contains(unit.Letter); };
+    const Unit *unit = std::find_if(std::begin(Units), std::end(Units), isIt);
+    return unit == std::end(Units) ? UnitOfScale(scale) : *unit;
+}
+
+} // namespace
+
+FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
+{
+    constexpr int MinimumSize = 50;
+    setObjectName(QStringLiteral("FreqRangeTable"));
+    setMinimumSize(MinimumSize, MinimumSize);
+    setColumnCount(2);
+    setHorizontalHeaderLabels({tr("min"), tr("max")});
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // Tab leads out of the table; inside an editor it goes on to the next cell.
+    setTabKeyNavigation(false);
+    new TableKeys(this);
+    NewAction = AddAction(tr("&New row"), QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W),
+        tr("Create a new row in the list box"));
+    connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);
+    DeleteAction = AddAction(tr("&Delete row"), QStringLiteral("ListBoxDelete"), QKeySequence(Qt::Key_Delete),
+        tr("Delete the selected element in the row"));
+    connect(DeleteAction, &QAction::triggered, this, &FreqRangeTable::SlotDelete);
+    for (QWidget *widget : std::initializer_list<QWidget *>{this, horizontalHeader(), verticalHeader()})
+        widget->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(this, &QTableWidget::cellChanged, this, &FreqRangeTable::SlotValueChanged);
+    UpdateActions();
+}
+
+QAction *FreqRangeTable::AddAction(
+    const QString &text, const QString &name, const QKeySequence &shortcut, const QString &tip)
+{
+    auto *action = new QAction(text, this);
+    action->setObjectName(name);
+    action->setShortcut(shortcut);
+    action->setStatusTip(tip);
+    for (QWidget *widget : std::initializer_list<QWidget *>{this, horizontalHeader(), verticalHeader()})
+        widget->addAction(action);
+    return action;
+}
+
+bool FreqRangeTable::AttachToValue(const QString &path)
+{
+    StoreOnEdit = false;
+    const bool found = RangeMap.BindNode(path);
+    if (found)
+        ReloadFromValue();
+    setEnabled(found && RangeMap->GetState() == ekStateUsable);
+    return found;
+}
+
+void FreqRangeTable::StoreToValue()
+{
+    if (FinishEditing())
+        StoreRanges(CollectRanges());
+}
+
+void FreqRangeTable::Update(Observable *source, TChangeCode code)
+{
+    if (!RangeMap || source != RangeMap.get())
+        return;
+    if (code == ekChangeState && RangeMap->GetState() == ekStateDeleted)
+        setEnabled(false);
+    else if (code == ekChangeValue || code == ekChangeItemSet || code == ekChangeContent || code == ekChangeItemErased)
+        ReloadFromValue();
+}
+
+void FreqRangeTable::ReloadFromValue()
+{
+    // The cells are replaced, but not the one under the operator's hands.
+    const QModelIndex edited = currentIndex();
+    const auto *editor = qobject_cast<QLineEdit *>(OpenEditor());
+    const bool isTyped = editor && editor->isModified();
+    const QString typed = editor ? editor->text() : QString();
+    const int cursor = editor ? editor->cursorPosition() : 0;
+    Ranges ranges;
+    for (const auto &entry : RangeMap->data())
+        ranges.push_back(entry.second);
+    FillTable(ranges);
+    QTableWidgetItem *cell = editor ? item(edited.row(), edited.column()) : nullptr;
+    if (!cell)
+        return;
+    editItem(cell);
+    auto *again = qobject_cast<QLineEdit *>(OpenEditor());
+    if (again && isTyped) {
+        again->setText(typed);
+        again->setCursorPosition(cursor);
+        again->setModified(true);
+    }
+}
+
+void FreqRangeTable::FillTable(const Ranges &ranges)
+{
+    const QScopedValueRollback<int> depth(UpdateDepth, UpdateDepth + 1);
+    const QModelIndex before = currentIndex();
+    clearContents();
+    // Never empty: the operator has a row to start with, and storing it untouched stores the range from 0 to 0.
+    const Ranges shown = ranges.empty() ? Ranges(1) : ranges;
+    setRowCount(int(shown.size()));
+    int row = 0;
+    for (const CommentedRange &range : shown) {
+        WriteCell(row, 0, range.GetRangeStart());
+        WriteCell(row, 1, range.GetRangeStop());
+        ++row;
+    }
+    clearSpans();
+    resizeRowsToContents();
+    UpdateActions();
+    selectionModel()->setCurrentIndex(model()->index(before.row(), before.column()), QItemSelectionModel::NoUpdate);
+}
+
+void FreqRangeTable::WriteCell(int row, int column, double value)
+{
+    SuffixedDouble format(QStringLiteral("Hz"), 1000, false);
+    format.SetSuffix(UnitOfScale(UnitScale).Suffix);
+    setItem(row, column, new QTableWidgetItem(format.GetString(value)));
+}
+
+double FreqRangeTable::ReadCell(int row, int column) const
+{
+    const QTableWidgetItem *cell = item(row, column);
+    if (!cell)
+        return 0.0;
+    static const QRegularExpression letters(QStringLiteral("[A-Z]"));
+    const QString text = cell->text().toUpper();
+    const int zeros = UnitOfText(text, UnitScale).Zeros;
+    const QString number = QString(text).remove(letters).trimmed();
+    // The factor goes in as an exponent: 1.001 times 1000 would be 1000.9999999999999.
+    return Ember::toDoubleEx(number + QLatin1Char('e') + QString::number(zeros), nullptr);
+}
+
+FreqRangeTable::Ranges FreqRangeTable::CollectRanges() const
+{
+    Ranges ranges;
+    for (int row = 0; row < rowCount(); ++row) {
+        CommentedRange range;
+        // Meant: ids count the rows as they stand, and sorting does not change them.
+        range.SetID(unsigned(row));
+        range.SetRangeStart(ReadCell(row, 0));
+        range.SetRangeStop(ReadCell(row, 1));
+        ranges.push_back(range);
+    }
+    ranges.sort();
+    return ranges;
+}
+
+void FreqRangeTable::StoreRanges(const Ranges &ranges)
+{
+    if (RangeMap)
+        RangeMap->Set(ranges, true, false, this);
+}
+
+void FreqRangeTable::UpdateActions()
+{
+    NewAction->setEnabled(MaxRows <= 0 || rowCount() < MaxRows);
+    DeleteAction->setEnabled(rowCount() > 0 && rowCount() > MinRows);
+}
+
+QWidget *FreqRangeTable::OpenEditor() const
+{
+    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
+}
+
+bool FreqRangeTable::FinishEditing()
+{
+    const QPointer<FreqRangeTable> self(this);
+    // A mnemonic of the dialog acts without taking the focus, which would end the edit.
+    const QPointer<QWidget> editor(OpenEditor());
+    if (editor)
+        commitData(editor);
+    if (self && editor)
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    return self;
+}
+
+void FreqRangeTable::SlotSortByStartFrequencies()
+{
+    if (!FinishEditing())
+        return;
+    const Ranges ranges = CollectRanges();
+    FillTable(ranges);
+    if (StoreOnEdit)
+        StoreRanges(ranges);
+}
+
+void FreqRangeTable::SlotValueChanged(int row, int column)
+{
+    if (UpdateDepth != 0)
+        return;
+    {
+        const QScopedValueRollback<int> depth(UpdateDepth, 1);
+        WriteCell(row, column, ReadCell(row, column));
+    }
+    // The other rows have their height: measuring them all again at each cell would hold up a paste.
+    resizeRowToContents(row);
+    UpdateActions();
+    if (StoreOnEdit)
+        StoreRanges(CollectRanges());
+}
+
+void FreqRangeTable::SlotNew()
+{
+    if (!FinishEditing())
+        return;
+    const int row = rowCount();
+    {
+        const QScopedValueRollback<int> depth(UpdateDepth, UpdateDepth + 1);
+        setRowCount(row + 1);
+        WriteCell(row, 0, 0.0);
+        WriteCell(row, 1, 0.0);
+        resizeRowToContents(row);
+        UpdateActions();
+    }
+    // Typing goes into the new row.
+    setCurrentCell(row, 0);
+    if (StoreOnEdit)
+        StoreToValue();
+}
+
+void FreqRangeTable::SlotDelete()
+{
+    const QModelIndexList selected = selectionModel()->selection().indexes();
+    if (selected.isEmpty() || !FinishEditing())
+        return;
+    std::vector<int> cells(static_cast<size_t>(rowCount()));
+    for (const QModelIndex &index : selected)
+        ++cells[size_t(index.row())];
+    // From the last row to the first.
+    std::vector<int> staying;
+    for (int row = rowCount() - 1; row >= 0; --row) {
+        staying.push_back(row);
+        // Meant: a row with both cells selected goes twice, and so the row with it that moves up to its place.
+        for (int i = cells[size_t(row)]; i > 0 && !staying.empty(); --i)
+            staying.pop_back();
+    }
+    KeepRows(staying.rbegin(), staying.rend());
+    UpdateActions();
+    if (StoreOnEdit)
+        StoreToValue();
+}
+
+template <class Iterator> void FreqRangeTable::KeepRows(Iterator row, Iterator end)
+{
+    const QScopedValueRollback<int> depth(UpdateDepth, UpdateDepth + 1);
+    clearSelection();
+    // Items move up, since each row that is removed alone costs as much as the table is long.
+    int kept = 0;
+    for (; row != end; ++row, ++kept) {
+        for (int column = 0; column < columnCount() && *row != kept; ++column)
+            setItem(kept, column, takeItem(*row, column));
+    }
+    setRowCount(kept);
+}
+
+} // namespace KV218

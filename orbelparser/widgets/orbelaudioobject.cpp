@@ -1,0 +1,8 @@
+#include "orbelaudioobject.h"
+
+namespace KV218
+{
+
+OrbelAudioObject::OrbelAudioObject(OrbelWidget *widget) : OrbelDelegate(widget) { }
+
+} // namespace KV218

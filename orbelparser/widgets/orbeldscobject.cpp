@@ -1,0 +1,130 @@
+#include "orbeldscobject.h"
+
+#include "displayscale.h"
+#include "exclusiondialog.h"
+#include "formdoor.h"
+#include "propertynames.h"
+#include "tree.h"
+#include "xmlwalk.h"
+
+namespace KV218
+{
+
+namespace
+{
+
+constexpr ExclusionListFormat ListFormat{
+    Latin1("ExclusionFrequencyList"), Latin1("ExclusionFrequency"), Latin1("Start"), Latin1("Stop"), 0, true};
+
+/// A band's element in the document of scan ranges, and the label that shows it.
+struct Band {
+    QLatin1String element;
+    QLatin1String label;
+};
+
+constexpr Band Bands[] = {
+    {Latin1("HFScan"), Latin1("lbScanHF")},
+    {Latin1("VUHFScan"), Latin1("lbScanVUHF")},
+    {Latin1("SHFScan"), Latin1("lbScanSHF")},
+};
+
+constexpr QLatin1String NoRange = Latin1("-");
+
+const Band *FindBand(const QStringRef &element)
+{
+    for (const Band &band : Bands)
+        if (element == band.element)
+            return &band;
+    return nullptr;
+}
+
+} // namespace
+
+OrbelDSCObject::OrbelDSCObject(OrbelWidget *widget, Finder finder)
+    : ExclusionListDelegate(widget, ListFormat), Find(std::move(finder)), ExclusionMap(this)
+{
+}
+
+void OrbelDSCObject::CreateValueTree()
+{
+    auto *node = new ValueCommentedRangeMap(GetXmlTagName(), ekStateUsable);
+    // Meant: where the tree refuses it, a second form on the path say, the object works with a node that nobody finds.
+    Tree::Instance()->AddNode(GetVTNodePath(), node);
+    ExclusionMap.Adopt(node);
+}
+
+void OrbelDSCObject::CreateGUI(FloatGroupLayout *)
+{
+    // Meant: without the base, so a `labelText` makes no row.
+    connect(this, &OrbelDSCObject::si_editExclusionRangesBtnClicked, this, &OrbelDSCObject::sl_editExclusionRanges,
+        Qt::UniqueConnection);
+}
+
+void OrbelDSCObject::Update(Observable *source, TChangeCode code)
+{
+    if (ExclusionMap.HasNews(source, code))
+        setModified(true);
+}
+
+void OrbelDSCObject::sl_editExclusionRanges()
+{
+    EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className());
+}
+
+void OrbelDSCObject::sl_setScanRanges(QString value)
+{
+    // A control that shows a text may tell handlers, and one of them end the form.
+    const QPointer<OrbelDSCObject> self(this);
+    for (const Band &band : Bands)
+        if (self)
+            ShowScanRange(band.label, NoRange);
+    QXmlStreamReader reader(value);
+    while (self && !reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == Latin1("Scan"))
+            ReadScan(reader);
+    }
+}
+
+void OrbelDSCObject::ReadScan(QXmlStreamReader &reader)
+{
+    const QPointer<OrbelDSCObject> self(this);
+    ForEachStart(reader, [&](const QStringRef &name) {
+        if (const Band *band = FindBand(name))
+            ShowScanRange(band->label, ReadBand(reader));
+        else
+            reader.skipCurrentElement();
+        return !self.isNull();
+    });
+}
+
+/// The text of the band on whose start the reader stands.
+QString OrbelDSCObject::ReadBand(QXmlStreamReader &reader)
+{
+    QString text;
+    int possible = 0;
+    const auto appendFrequency = [&] {
+        const double frequency = reader.readElementText().toDouble();
+        const DisplayScale &scale = ScaleFor(frequency, FrequencyScales);
+        text += formatString(frequency / scale.divisor, scale.decimals, scale.suffix);
+    };
+    ForEachStart(reader, [&](const QStringRef &name) {
+        // Meant: the order of the elements is the order of the text, and an unknown one is entered and ends the band.
+        if (name == Latin1("ScanPossible")) {
+            possible = reader.readElementText().toInt();
+        } else if (name == Latin1("ScanStartFrequency")) {
+            appendFrequency();
+        } else if (name == Latin1("ScanStopFrequency")) {
+            text += Latin1("...");
+            appendFrequency();
+        }
+    });
+    return possible > 0 ? text : QString(NoRange);
+}
+
+void OrbelDSCObject::ShowScanRange(const QString &label, const QString &text)
+{
+    if (OrbelDelegate *control = Find(label))
+        control->SetPropertyAlways(prop::Text, text);
+}
+
+} // namespace KV218

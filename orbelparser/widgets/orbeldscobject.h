@@ -1,0 +1,69 @@
+#pragma once
+
+#include "exclusionlistdelegate.h"
+#include "ownednode.h"
+#include "valuecommentedrangemap.h"
+
+#include <functional>
+
+class QXmlStreamReader;
+
+namespace KV218
+{
+
+/// Scanning and signal classification of the application: a list of excluded ranges for the operator to edit, the scan
+/// ranges of three bands in labels of the form, and buttons that are passed on. Class name: `SpecialObject_DSC`.
+class OrbelDSCObject : public ExclusionListDelegate
+{
+    Q_OBJECT
+
+public:
+    /// Finds a control of the form by name; null when there is none.
+    using Finder = std::function<OrbelDelegate *(const QString &name)>;
+
+    OrbelDSCObject(OrbelWidget *widget, Finder finder);
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout *layout) override;
+    void Update(Observable *source, TChangeCode code) override;
+
+Q_SIGNALS:
+    void si_editExclusionRangesBtnClicked();
+    void si_editScriptBtnClicked();
+    void si_loadProdCriteriaBtnClicked();
+    void si_loadSpectralDetectorDataClicked();
+    void si_spectralDetectorProcStatusToggled(bool status);
+
+public Q_SLOTS:
+    /// Shows the list in a modal dialog. The object may be gone afterwards.
+    void sl_editExclusionRanges();
+    /// Shows the scan ranges that a document of the application tells, frequencies in Hz, as the text of the labels
+    /// `lbScanHF`, `lbScanVUHF` and `lbScanSHF`: "1.5 MHz...30 MHz", or "-" for a band that is not told or where a scan
+    /// is not possible. Labels that the form does not have are left out.
+    void sl_setScanRanges(QString value);
+
+public:
+    /// For the scripts of buttons.
+    Q_INVOKABLE void emitEditExclusionRangesBtnClicked() { Q_EMIT si_editExclusionRangesBtnClicked(); }
+    Q_INVOKABLE void emitEditScriptBtnClicked() { Q_EMIT si_editScriptBtnClicked(); }
+    Q_INVOKABLE void emitLoadProdCriteriaBtnClicked() { Q_EMIT si_loadProdCriteriaBtnClicked(); }
+    Q_INVOKABLE void emitLoadSpectralDetectorDataClicked() { Q_EMIT si_loadSpectralDetectorDataClicked(); }
+    Q_INVOKABLE void emitSpectralDetectorProcStatusToggled(bool status)
+    {
+        Q_EMIT si_spectralDetectorProcStatusToggled(status);
+    }
+
+protected:
+    ValueCommentedRangeMap *GetRanges() const override { return ExclusionMap.get(); }
+
+private:
+    void ReadScan(QXmlStreamReader &reader);
+    static QString ReadBand(QXmlStreamReader &reader);
+    void ShowScanRange(const QString &label, const QString &text);
+
+    Finder Find;
+    /// Null before CreateValueTree() and once the node is withdrawn.
+    OwnedNode<ValueCommentedRangeMap> ExclusionMap;
+};
+
+} // namespace KV218

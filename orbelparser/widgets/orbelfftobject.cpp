@@ -1,0 +1,66 @@
+#include "orbelfftobject.h"
+
+#include "displayscale.h"
+
+namespace KV218
+{
+
+namespace
+{
+
+constexpr double MicrosecondsPerSecond = 1000000.0;
+
+// Meant: long times do not go on to seconds.
+constexpr DisplayScale MicrosecondScales[] = {
+    {1000.0, 1000.0, 6, Latin1(" ms")},
+    {0.0, 1.0, 0, Latin1(" \xB5s")},
+};
+
+} // namespace
+
+OrbelFFTObject::OrbelFFTObject(OrbelWidget *widget) : OrbelDelegate(widget) { }
+
+void OrbelFFTObject::setFFTLength(quint32 value)
+{
+    if (value == FFTLength)
+        return;
+    FFTLength = value;
+    Recompute();
+}
+
+void OrbelFFTObject::setSignalSampleRate(qint64 value)
+{
+    if (value == SignalSampleRate)
+        return;
+    SignalSampleRate = value;
+    const QPointer<OrbelFFTObject> self(this);
+    Recompute();
+    if (self)
+        Q_EMIT si_signalSampleRateChanged(SignalSampleRate);
+}
+
+void OrbelFFTObject::Recompute()
+{
+    FrequencyResolution = FFTLength ? double(SignalSampleRate) / double(FFTLength) : 0.0;
+    TimeResolution = FrequencyResolution != 0.0 ? 1.0 / FrequencyResolution * MicrosecondsPerSecond : 0.0;
+    // Meant: told even when both stay as they were.
+    Q_EMIT si_spectralResolutionChanged(FrequencyResolution, TimeResolution);
+}
+
+QString OrbelFFTObject::frequencyResolutionString()
+{
+    if (!(FrequencyResolution > 0.0))
+        return QStringLiteral("-");
+    const DisplayScale &scale = ScaleFor(FrequencyResolution, FrequencyScales);
+    return formatString(FrequencyResolution / scale.divisor, scale.decimals, scale.suffix);
+}
+
+QString OrbelFFTObject::timeResolutionString()
+{
+    if (!(TimeResolution > 0.0))
+        return QStringLiteral("-");
+    const DisplayScale &scale = ScaleFor(TimeResolution, MicrosecondScales);
+    return formatString(TimeResolution / scale.divisor, scale.decimals, scale.suffix);
+}
+
+} // namespace KV218

@@ -1,0 +1,57 @@
+#include "orbelfhpobject.h"
+
+#include "exclusiondialog.h"
+#include "formdoor.h"
+#include "latin1.h"
+#include "trace.h"
+
+namespace KV218
+{
+
+namespace
+{
+
+constexpr ExclusionListFormat ListFormat{
+    Latin1("ExclusionRanges"), Latin1("ExclusionRange"), Latin1("StartFreq"), Latin1("StopFreq"), 2, false};
+
+} // namespace
+
+OrbelFHPObject::OrbelFHPObject(OrbelWidget *widget) : ExclusionListDelegate(widget, ListFormat), ExclusionRanges(this)
+{
+}
+
+OrbelFHPObject::~OrbelFHPObject()
+{
+    ExclusionRanges.ReleaseNode();
+}
+
+void OrbelFHPObject::CreateValueTree()
+{
+    if (ExclusionRanges.CreateNode(GetVTNodePath() + QLatin1Char('/') + GetXmlTagName()))
+        return;
+    TraceFailure(QStringLiteral("OrbelFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
+        "orbelfhpobject", __LINE__);
+    // Meant: the list of the form that was there first is lost.
+    ExclusionRanges->Clear(this);
+}
+
+void OrbelFHPObject::CreateGUI(FloatGroupLayout *)
+{
+    // Meant: without the base, so a `labelText` makes no row.
+    connect(this, &OrbelFHPObject::si_editEditExclusionRangesBtnClicked, this, &OrbelFHPObject::sl_editExclusionRanges,
+        Qt::UniqueConnection);
+}
+
+void OrbelFHPObject::Update(Observable *source, TChangeCode code)
+{
+    // The code first: a node that goes away cannot be asked for its side.
+    if (code == ekChangeValue && ExclusionRanges && source == ExclusionRanges.get())
+        setModified(true);
+}
+
+void OrbelFHPObject::sl_editExclusionRanges()
+{
+    EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className());
+}
+
+} // namespace KV218

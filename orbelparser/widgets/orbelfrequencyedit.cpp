@@ -1,0 +1,211 @@
+#include "orbelfrequencyedit.h"
+
+#include "flagscope.h"
+#include "floatgrouplayout.h"
+#include "formdoor.h"
+#include "saturate.h"
+#include "vcbutton.h"
+#include "vcminifrequency.h"
+
+#include <QGridLayout>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+namespace KV218
+{
+
+static QIcon LockIcon(bool locked)
+{
+    return QIcon(locked ? QStringLiteral(":/OrbelParser/Locked.svg") : QStringLiteral(":/OrbelParser/Unlocked.svg"));
+}
+
+void OrbelFrequencyEdit::CreateValueTree()
+{
+    valueNode.Adopt(CreateValueNumericFloat(prop::Value, -1));
+}
+
+void OrbelFrequencyEdit::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    if (IsMainForm())
+        CreateMainForm(layout);
+    else
+        CreatePlainForm(layout);
+}
+
+bool OrbelFrequencyEdit::IsMainForm() const
+{
+    const QVariant stated = property(prop::MainFreqEdit.data());
+    if (stated.isValid() && stated.canConvert<bool>())
+        return stated.toBool();
+    // Meant: only this spelling of the element name makes a receiver's main frequency.
+    return GetXmlTagName() == QLatin1String("Frequency");
+}
+
+void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
+{
+    frequencyControl = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
+    frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
+    frequencyControl->SetBandwidth_ValuePath(GetVTNodePath() + QLatin1String("/Bandwidth"));
+    frequencyControl->GetTuneButton()->hide();
+    PropagateProperties(frequencyControl);
+    // Meant: an absent `enabled` locks the main form, as nowhere else.
+    const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
+    frequencyControl->EnableInput(enabled);
+    if (!enabled) {
+        frequencyControl->DisableButtons();
+        frequencyControl->GetFrequencyButtonCtrl()->enable(false);
+        frequencyControl->GetHistoryButtonCtrl()->enable(false);
+    }
+    CreateLockButton();
+
+    auto *container = new QWidget;
+    container->setObjectName(QStringLiteral("FrequencyWidget"));
+    auto *grid = new QGridLayout(container);
+    grid->setObjectName(QStringLiteral("FrequencyGrid"));
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->addWidget(frequencyControl, 0, 0, 2, 2);
+    grid->addWidget(lockButton, 1, 2, Qt::AlignVCenter);
+    layout->addSpecial();
+    layout->addWidget(container);
+    layout->addGroup();
+}
+
+void OrbelFrequencyEdit::CreateLockButton()
+{
+    lockVisible = false;
+    lockButton = new QPushButton;
+    lockButton->setIcon(LockIcon(false));
+    lockButton->setObjectName(QStringLiteral("LockFrequency"));
+    lockButton->setCheckable(true);
+    lockButton->setFlat(true);
+    lockButton->setFixedSize(20, 18);
+    lockButton->setVisible(lockVisible);
+    connect(lockButton, &QPushButton::toggled, this, &OrbelFrequencyEdit::SlotLockButtonChecked);
+}
+
+void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
+{
+    lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
+    lineEdit->SetValueBase(valueNode.get());
+    lineEdit->setToolTip(GetTranslated(prop::LabelText));
+    PropagateProperties(lineEdit);
+    layout->addWidget(lineEdit);
+    layout->addGroup();
+    connect(lineEdit, &QLineEdit::textEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
+}
+
+void OrbelFrequencyEdit::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    writer.writeStartElement(GetXmlTagName());
+    WriteUnitAttribute(writer);
+    writer.writeCharacters(property(prop::Value.data()).toString());
+    writer.writeEndElement();
+}
+
+void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
+{
+    const QString text = reader.readElementText();
+    const QPointer<OrbelFrequencyEdit> self(this);
+    SetPropertyAlways(prop::Value, text);
+    // The node's news leave out this object, so that nobody else would tell.
+    if (self)
+        Q_EMIT valueChanged(qint64(text.toULongLong()));
+}
+
+void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
+{
+    const QPointer<OrbelFrequencyEdit> self(this);
+    OrbelDelegate::EnableInput(enable, partial);
+    if (self && !partial && lockButton)
+        lockButton->setEnabled(enable);
+}
+
+void OrbelFrequencyEdit::setFocus()
+{
+    if (frequencyControl)
+        frequencyControl->setFocus();
+    if (lineEdit)
+        lineEdit->setFocus();
+}
+
+void OrbelFrequencyEdit::forceFinishEditing()
+{
+    // Meant: a text that is being typed into the main form goes on.
+    if (lineEdit)
+        lineEdit->endEdit();
+}
+
+void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelFrequencyEdit> self(this);
+    // Meant: limits reach the node as they are, though they are scaled when it is made.
+    if (name == prop::Value && valueNode)
+        valueNode->SetStringValue(value.toString(), this);
+    else if (name == prop::Minimum && valueNode)
+        valueNode->SetMin(value.toDouble(), this);
+    else if (name == prop::Maximum && valueNode)
+        valueNode->SetMax(value.toDouble(), this);
+    else if (name == prop::FrequencyLock && lockButton)
+        ShowLock(value.toBool());
+    if (self)
+        PropagateProperty(name, frequencyControl);
+    if (self)
+        PropagateProperty(name, lineEdit);
+    if (self && lockVisible && name == prop::Visible)
+        PropagateProperty(name, lockButton);
+}
+
+void OrbelFrequencyEdit::ShowLock(bool locked)
+{
+    const FlagScope updating(this, lockUpdating);
+    if (!lockVisible) {
+        // Meant: once shown, the button goes with its row only.
+        lockVisible = true;
+        lockButton->setVisible(true);
+    }
+    lockButton->setChecked(locked);
+    // Meant: the words of a range, though this is one frequency.
+    lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
+    lockButton->setIcon(LockIcon(locked));
+}
+
+void OrbelFrequencyEdit::Update(Observable *source, TChangeCode code)
+{
+    if (!valueNode.HasNews(source, code))
+        return;
+    const QPointer<OrbelFrequencyEdit> self(this);
+    const qint64 hertz = Saturated<qint64>(std::trunc(valueNode->GetValue()));
+    if (!ChangeProperty(prop::Value, hertz))
+        return;
+    Q_EMIT valueChanged(hertz);
+    if (self)
+        Q_EMIT editingFinished();
+    if (self)
+        setModified(true);
+}
+
+void OrbelFrequencyEdit::SlotTextEdited(QString)
+{
+    setModified(false);
+}
+
+void OrbelFrequencyEdit::SlotReturnPressed()
+{
+    const QPointer<OrbelFrequencyEdit> self(this);
+    Q_EMIT returnPressed();
+    if (self)
+        Form().applyNow();
+}
+
+void OrbelFrequencyEdit::SlotLockButtonChecked(bool checked)
+{
+    // Meant: icon and tooltip wait for somebody to set the property.
+    if (lockButton && !lockUpdating)
+        Q_EMIT si_lockButtonToggled(checked);
+}
+
+} // namespace KV218

@@ -1,0 +1,206 @@
+#include "orbelfrequencyrangeedit.h"
+
+#include "floatgrouplayout.h"
+#include "formdoor.h"
+#include "saturate.h"
+
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <cmath>
+
+namespace KV218
+{
+
+// What the range may span in Hz where the definition does not say.
+static constexpr double LowestFrequency = 8000.0;
+static constexpr double HighestFrequency = 26500000000.0;
+static constexpr double LeastDistance = 1.0;
+
+OrbelFrequencyRangeEdit::OrbelFrequencyRangeEdit(OrbelWidget *widget) : OrbelDelegate(widget)
+{
+    DefineProperty(prop::StartFrequency);
+    DefineProperty(prop::StartFrequencyParameterXmlTag);
+    DefineProperty(prop::StopFrequency);
+    DefineProperty(prop::StopFrequencyParameterXmlTag);
+    DefineProperty(prop::StartFrequencyUnitScale);
+    DefineProperty(prop::StopFrequencyUnitScale);
+}
+
+void OrbelFrequencyRangeEdit::CreateValueTree()
+{
+    const double lowest = GetDouble(prop::Minimum, LowestFrequency);
+    const double highest = GetDouble(prop::Maximum, HighestFrequency);
+    EnterNode(startNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
+    EnterNode(stopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
+}
+
+/// Meant: the limits count as they are, and replace those that were scaled for display when the node was made.
+void OrbelFrequencyRangeEdit::EnterNode(
+    OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest)
+{
+    node.Adopt(CreateValueNumericFloat(property, index));
+    if (node)
+        node->SetMinMax(lowest, highest, 1.0, this);
+}
+
+void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
+{
+    OrbelDelegate::CreateGUI(layout);
+    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), tr("Start Frequency"));
+    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), tr("Stop Frequency"));
+    layout->addGroup();
+    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+        connect(edit, &QLineEdit::editingFinished, this, [this] { SlotTextEdited(); });
+        connect(edit, &VCLineEdit::signalTextFinallyChanged, this, [this] { SlotTextEdited(); });
+    }
+}
+
+VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
+    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip)
+{
+    const QByteArray name = (WidgetName() + suffix).toUtf8();
+    auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
+    edit->SetValueBase(node);
+    edit->setToolTip(toolTip);
+    PropagateProperties(edit);
+    layout->addWidget(edit);
+    return edit;
+}
+
+void OrbelFrequencyRangeEdit::GetXml(QXmlStreamWriter &writer) const
+{
+    if (!GenerateXml)
+        return;
+    // Meant: no unit, whatever the property says.
+    writer.writeTextElement(property(prop::StartFrequencyParameterXmlTag.data()).toString(),
+        property(prop::StartFrequency.data()).toString());
+    writer.writeTextElement(property(prop::StopFrequencyParameterXmlTag.data()).toString(),
+        property(prop::StopFrequency.data()).toString());
+}
+
+void OrbelFrequencyRangeEdit::ReadXml(QXmlStreamReader &reader)
+{
+    if (reader.name() == property(prop::StartFrequencyParameterXmlTag.data()).toString())
+        SetPropertyAlways(prop::StartFrequency, reader.readElementText());
+    else if (reader.name() == property(prop::StopFrequencyParameterXmlTag.data()).toString())
+        SetPropertyAlways(prop::StopFrequency, reader.readElementText());
+}
+
+QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
+{
+    if (!startNode || !stopNode)
+        return {0, 0};
+    return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
+}
+
+void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) {}
+
+void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFrequency)
+{
+    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    ChangeProperty(prop::StartFrequency, a_startFrequency);
+    if (self)
+        ChangeProperty(prop::StopFrequency, a_stopFrequency);
+}
+
+void OrbelFrequencyRangeEdit::setFocus()
+{
+    if (startEdit)
+        startEdit->setFocus();
+}
+
+void OrbelFrequencyRangeEdit::forceFinishEditing()
+{
+    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    if (startEdit)
+        startEdit->endEdit();
+    if (self && stopEdit)
+        stopEdit->endEdit();
+}
+
+void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)
+{
+    OrbelDelegate::PropertyChanged(name, value);
+    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    if (name == prop::StartFrequencyParameterXmlTag || name == prop::StopFrequencyParameterXmlTag)
+        // Meant: the tag before stays on the list.
+        AddXmlTag(value.toString());
+    else
+        WriteNodes(name, value);
+    if (self)
+        PropagateProperty(name, startEdit);
+    if (self)
+        PropagateProperty(name, stopEdit);
+}
+
+/// Meant: no bound pushes the other one here, so a script can set both in any order.
+void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &value)
+{
+    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    const double limit = value.toDouble();
+    if (name == prop::StartFrequency && startNode)
+        startNode->SetStringValue(value.toString(), this);
+    else if (name == prop::StopFrequency && stopNode)
+        stopNode->SetStringValue(value.toString(), this);
+    else if (name == prop::Minimum) {
+        if (startNode)
+            startNode->SetMin(limit, this);
+        if (self && stopNode)
+            stopNode->SetMin(limit + LeastDistance, this);
+    } else if (name == prop::Maximum) {
+        if (startNode)
+            startNode->SetMax(limit - LeastDistance, this);
+        if (self && stopNode)
+            stopNode->SetMax(limit, this);
+    }
+}
+
+void OrbelFrequencyRangeEdit::Update(Observable *source, TChangeCode code)
+{
+    const bool startMoved = startNode.HasNews(source, code);
+    const bool stopMoved = !startMoved && stopNode.HasNews(source, code);
+    if ((startMoved || stopMoved) && startNode && stopNode)
+        Repair(startMoved);
+}
+
+/// The bound that moved wins; the other one stands next to it.
+void OrbelFrequencyRangeEdit::Repair(bool startMoved)
+{
+    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    auto [start, stop] = getCurrentRange();
+    const bool collide = start >= stop;
+    bool changed = false;
+    if (collide && startMoved) {
+        stop = start + 1;
+        changed = ChangeProperty(prop::StopFrequency, stop);
+    } else if (collide) {
+        start = stop - 1;
+        changed = ChangeProperty(prop::StartFrequency, start);
+    }
+    if (!self)
+        return;
+    changed |= startMoved ? ChangeProperty(prop::StartFrequency, start) : ChangeProperty(prop::StopFrequency, stop);
+    if (!self || !changed)
+        return;
+    Q_EMIT rangeChanged(start, stop);
+    if (self)
+        Q_EMIT editingFinished();
+    if (self)
+        setModified(true);
+}
+
+void OrbelFrequencyRangeEdit::SlotTextEdited(QString)
+{
+    setModified(false);
+}
+
+void OrbelFrequencyRangeEdit::SlotReturnPressed()
+{
+    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    Q_EMIT returnPressed();
+    if (self)
+        Form().applyNow();
+}
+
+} // namespace KV218

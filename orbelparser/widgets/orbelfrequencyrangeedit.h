@@ -1,0 +1,87 @@
+#pragma once
+
+#include "orbeldelegate.h"
+#include "ownednode.h"
+#include "propertynames.h"
+#include "vclineedit.h"
+
+#include <QPair>
+
+namespace KV218
+{
+
+/// Start and stop of a frequency range, each with a node and a field of its own. Class name: `FrequencyRangeEdit`.
+/// Value properties: `startFrequency` and `stopFrequency`, in Hz; each travels in a parameter element of its own, named
+/// by `startFrequencyParameterXmlTag` and `stopFrequencyParameterXmlTag`. The bound that an operator moves past the
+/// other one pushes it to a distance of 1 Hz. Without limits the range is 8 kHz to 26.5 GHz.
+class ORBEL_EXPORT OrbelFrequencyRangeEdit : public OrbelDelegate
+{
+    Q_OBJECT
+
+public:
+    explicit OrbelFrequencyRangeEdit(OrbelWidget *widget);
+
+    void CreateValueTree() override;
+    void CreateGUI(FloatGroupLayout *layout) override;
+    void GetXml(QXmlStreamWriter &writer) const override;
+    /// Reads the element only if it is one of the two; leaves any other one to the caller.
+    void ReadXml(QXmlStreamReader &reader) override;
+    ValueBase *GetVTValue() const override { return startNode.get(); }
+    void Update(Observable *source, TChangeCode code) override;
+
+    /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
+    QPair<qint64, qint64> getCurrentRange() const;
+
+Q_SIGNALS:
+    void editingFinished();
+    /// The operator or a host changed the range; start and stop in Hz.
+    void rangeChanged(qint64, qint64);
+    void returnPressed();
+    /// For scripts; never emitted here, as the next one.
+    void startFrequencyUnitChanged(QString);
+    void stopFrequencyUnitChanged(QString);
+
+public Q_SLOTS:
+    void setStartFrequency(qint64 fValue) { ChangeProperty(prop::StartFrequency, fValue); }
+    void setStopFrequency(qint64 fValue) { ChangeProperty(prop::StopFrequency, fValue); }
+    void setStartFrequencyParameterXmlTag(QString sTag) { ChangeProperty(prop::StartFrequencyParameterXmlTag, sTag); }
+    void setStopFrequencyParameterXmlTag(QString sTag) { ChangeProperty(prop::StopFrequencyParameterXmlTag, sTag); }
+    void setStartFrequencyUnitScale(QString a_unitstring)
+    {
+        ChangeProperty(prop::StartFrequencyUnitScale, a_unitstring);
+    }
+    void setStartFrequencyUnitScale(quint64 a_value) { ChangeProperty(prop::StartFrequencyUnitScale, a_value); }
+    void setStopFrequencyUnitScale(QString a_unitstring) { ChangeProperty(prop::StopFrequencyUnitScale, a_unitstring); }
+    void setStopFrequencyUnitScale(quint64 a_value) { ChangeProperty(prop::StopFrequencyUnitScale, a_value); }
+    void setMinimum(qint64 value) { ChangeProperty(prop::Minimum, value); }
+    void setMaximum(qint64 value) { ChangeProperty(prop::Maximum, value); }
+    void setUnitHidden(bool flag) { ChangeProperty(prop::UnitHidden, flag); }
+    /// These three do nothing: there are no valid bands.
+    void addValidBand(QString a_name, qint64 a_lowBound, qint64 a_highBound);
+    void clearValidBands() {}
+    void autosetUnitScale() {}
+    /// Sets both bounds as they are, start first; in Hz.
+    void setRange(qint64 a_startFrequency, qint64 a_stopFrequency);
+    void setFocus() override;
+    void forceFinishEditing() override;
+
+protected:
+    void PropertyChanged(const QString &name, const QVariant &value) override;
+
+private Q_SLOTS:
+    void SlotTextEdited(QString text = QString());
+    void SlotReturnPressed();
+
+private:
+    void EnterNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
+    VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip);
+    void WriteNodes(const QString &name, const QVariant &value);
+    void Repair(bool startMoved);
+
+    OwnedNode<ValueDouble> startNode{this};
+    OwnedNode<ValueDouble> stopNode{this};
+    QPointer<VCLineEdit> startEdit;
+    QPointer<VCLineEdit> stopEdit;
+};
+
+} // namespace KV218

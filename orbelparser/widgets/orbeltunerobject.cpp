@@ -1,0 +1,8 @@
+#include "orbeltunerobject.h"
+
+namespace KV218
+{
+
+OrbelTunerObject::OrbelTunerObject(OrbelWidget *widget) : OrbelDelegate(widget) { }
+
+} // namespace KV218

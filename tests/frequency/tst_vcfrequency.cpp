@@ -1,0 +1,271 @@
+// The full frequency control with keys, mouse and wheel on a shown window, and with nodes that come and go.
+
+#include "frequencyfield.h"
+#include "testmain.h"
+#include "tree.h"
+#include "valuenumeric.h"
+#include "vcbutton.h"
+#include "vcfrequency.h"
+#include "vcminifrequency.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QVBoxLayout>
+#include <QtTest>
+
+namespace
+{
+
+ValueDouble *NewNode(const QString &name, double hertz)
+{
+    auto *node = new ValueDouble(name);
+    node->SetValue(hertz, nullptr);
+    Tree::Instance()->AddNode("/F", node);
+    return node;
+}
+
+/// A window with the control on a node of 145.5 MHz between 9 kHz and 26.5 GHz, and another field.
+struct Window : QWidget {
+    Window()
+    {
+        node = NewNode("frequency", 145.5e6);
+        node->SetMinMax(9000, 26.5e9, 1, nullptr);
+        control = new VCFrequency(this, "control", false, nullptr, true);
+        other = new QLineEdit(this);
+        auto *box = new QVBoxLayout(this);
+        box->addWidget(control);
+        box->addWidget(other);
+        control->SetFrequency_ValuePath("/F/frequency");
+        control->SetBandwidth_ValuePath("/F/Bandwidth");
+        field = control->findChild<FrequencyField *>();
+        show();
+        activateWindow();
+        if (!QTest::qWaitForWindowActive(this))
+            qFatal("The window does not become active");
+        field->setFocus(Qt::TabFocusReason);
+    }
+    ~Window() override { Tree::Instance()->RemoveNode("/F/frequency"); }
+
+    /// "U", "D", "L", "R" arrows, "^" Page Up, "[" Home, "]" End, "\n" Return, "!" Escape, "+" F2; all else is typed.
+    void Operate(const QString &keys)
+    {
+        static const QMap<QChar, Qt::Key> special{{'U', Qt::Key_Up}, {'D', Qt::Key_Down}, {'L', Qt::Key_Left},
+            {'R', Qt::Key_Right}, {'^', Qt::Key_PageUp}, {'[', Qt::Key_Home}, {']', Qt::Key_End},
+            {'\n', Qt::Key_Return}, {'!', Qt::Key_Escape}, {'+', Qt::Key_F2}, {'<', Qt::Key_Backspace}};
+        for (const QChar key : keys) {
+            if (special.contains(key))
+                QTest::keyClick(field, special.value(key));
+            else
+                QTest::keyClick(field, key.toLatin1());
+        }
+    }
+    /// Where a digit of the shown text stands.
+    QPoint Digit(int position) const
+    {
+        const int digit = field->fontMetrics().horizontalAdvance("0");
+        for (int x = 0; x < field->width(); ++x) {
+            if (field->cursorPositionAt({x, field->height() / 2}) == position + 1)
+                return {x - digit / 4, field->height() / 2};
+        }
+        return {};
+    }
+    void Wheel(const QPoint &point, int notches)
+    {
+        QWheelEvent event(point, field->mapToGlobal(point), {}, {0, 120 * notches}, {}, {}, {}, false);
+        QApplication::sendEvent(field, &event);
+    }
+
+    ValueDouble *node;
+    VCFrequency *control;
+    QLineEdit *other;
+    FrequencyField *field;
+};
+
+} // namespace
+
+class TestVCFrequency : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void keys_data()
+    {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<double>("hertz");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("up on the digit of 1 kHz") << "U" << 145.501e6 << "145.501 000 MHz";
+        QTest::newRow("carry") << "LLUUUUUU" << 146.1e6 << "146.100 000 MHz";
+        QTest::newRow("last digit") << "]D" << 145499999.0 << "145.499 999 MHz";
+        QTest::newRow("first digit") << "[U" << 245.5e6 << "245.500 000 MHz";
+        QTest::newRow("down and up beyond the first digit") << "[DDU" << 100009000.0 << "100.009 000 MHz";
+        QTest::newRow("a digit that only zeros lead to") << "[LU" << 1145.5e6 << "1.145 500 000 GHz";
+        QTest::newRow("ten at a time") << "^" << 145.51e6 << "145.510 000 MHz";
+        QTest::newRow("clamped above") << "[LLUUUUU" << 26.5e9 << "26.500 000 000 GHz";
+        QTest::newRow("typed") << "7.05M\n" << 7.05e6 << "7.050 000 MHz";
+        QTest::newRow("typed with comma and unit") << "145,6 mhz\n" << 145.6e6 << "145.600 000 MHz";
+        QTest::newRow("typed beyond the limit") << "90g\n" << 26.5e9 << "26.500 000 000 GHz";
+        QTest::newRow("taken back") << "7.05M!" << 145.5e6 << "145.500 000 MHz";
+        QTest::newRow("wrong text stays and is not taken") << "7.0.5\n" << 145.5e6 << "7.0.5";
+        QTest::newRow("nothing typed") << "7<\n" << 145.5e6 << "";
+        QTest::newRow("edited in place") << "+<<<<<k\n" << 145500.0 << "145.500 kHz";
+        QTest::newRow("tuning waits for the typed text") << "7U" << 145.5e6 << "7";
+    }
+    void keys()
+    {
+        QFETCH(QString, keys);
+        Window window;
+        window.Operate(keys);
+        QTEST(window.node->GetValue(), "hertz");
+        QTEST(window.field->text(), "shown");
+        window.other->setFocus();
+        QVERIFY(window.field->selectedText().isEmpty());
+    }
+
+    void wrongTextIsMarkedUntilItGoes()
+    {
+        Window window;
+        const QColor plain = window.field->palette().color(QPalette::Text);
+        window.Operate("5x");
+        QVERIFY(window.field->palette().color(QPalette::Text) != plain);
+        window.other->setFocus();
+        QCOMPARE(window.field->palette().color(QPalette::Text), plain);
+        QCOMPARE(window.field->text(), QString("145.500 000 MHz"));
+    }
+
+    void theWheelTunesTheDigitUnderTheMouse()
+    {
+        Window window;
+        window.Wheel(window.Digit(2), 1);
+        QCOMPARE(window.node->GetValue(), 146.5e6);
+        window.Wheel(window.Digit(4), -2);
+        QCOMPARE(window.node->GetValue(), 146.3e6);
+        window.other->setFocus();
+        window.Wheel(window.Digit(2), 1);
+        QCOMPARE(window.node->GetValue(), 146.3e6);
+    }
+
+    void aClickMarksItsDigitAndTheButtonsStepIt()
+    {
+        Window window;
+        window.other->setFocus();
+        QTest::mouseClick(window.field, Qt::LeftButton, {}, window.Digit(1));
+        QCOMPARE(window.field->selectionStart(), 1);
+        QTest::mouseClick(window.control->findChild<QWidget *>("decrement"), Qt::LeftButton);
+        QCOMPARE(window.node->GetValue(), 135.5e6);
+        QTest::mouseClick(window.control->findChild<QWidget *>("increment"), Qt::LeftButton);
+        QCOMPARE(window.node->GetValue(), 145.5e6);
+    }
+
+    void theHistoryHasWhatTheOperatorSet()
+    {
+        Window window;
+        window.Operate("7M\nUUU");
+        window.node->SetValue(50e6, nullptr);
+        window.Operate("8M\n7M\n");
+        for (int i = 1; i < 20; ++i)
+            window.control->slotAddToHistory(i);
+        QCOMPARE(window.control->GetHistory().size(), 12);
+        window.control->slotAddToHistory(15);
+        QCOMPARE(window.control->GetHistory().mid(0, 3), QVector<double>({15, 19, 18}));
+        window.control->slotSetFrequencyValue(7e6);
+        window.Operate("U");
+        window.other->setFocus();
+        QCOMPARE(window.control->GetHistory().mid(0, 3), QVector<double>({7001000, 7e6, 15}));
+
+        window.field->setFocus();
+        QTest::keyClick(window.field, Qt::Key_F4);
+        auto *menu = window.control->findChild<QMenu *>("frequencyHistory");
+        QTRY_VERIFY(menu && menu->isVisible());
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QTRY_COMPARE(window.node->GetValue(), 7e6);
+    }
+
+    void theBandwidthFollowsItsNode()
+    {
+        Window window;
+        auto *label = window.control->findChild<QLabel *>("bandwidth");
+        QVERIFY(!label->isVisible());
+        for (int round = 0; round < 2; ++round) {
+            ValueDouble *bandwidth = NewNode("Bandwidth", 12500);
+            QVERIFY(label->isVisible());
+            QCOMPARE(label->text(), QString("Bandwidth 12.500 kHz"));
+            bandwidth->SetValue(25000, nullptr);
+            QCOMPARE(label->text(), QString("Bandwidth 25.000 kHz"));
+            Tree::Instance()->RemoveNode("/F/Bandwidth");
+            QVERIFY(!label->isVisible());
+        }
+    }
+
+    void lockedInputChangesNothing_data()
+    {
+        QTest::addColumn<QString>("lock");
+        for (const char *lock : {"EnableInput", "readOnly", "no node"})
+            QTest::newRow(lock) << lock;
+    }
+    void lockedInputChangesNothing()
+    {
+        QFETCH(QString, lock);
+        Window window;
+        if (lock == "EnableInput")
+            window.control->EnableInput(false);
+        else if (lock == "readOnly")
+            window.control->setProperty("readOnly", true);
+        else
+            QVERIFY(!window.control->SetFrequency_ValuePath("/F"));
+        window.Operate("U7M\n");
+        window.Wheel(window.Digit(1), 1);
+        window.control->slotIncrement();
+        QCOMPARE(window.node->GetValue(), 145.5e6);
+        if (lock == "no node")
+            return;
+        QVERIFY(!window.control->GetHistoryButtonCtrl()->isEnabled());
+        window.control->setReadOnly(false);
+        window.Operate("U");
+        QCOMPARE(window.node->GetValue(), 145.501e6);
+        QVERIFY(window.control->GetHistoryButtonCtrl()->isEnabled());
+    }
+
+    void tuneRepeatsTheFrequency()
+    {
+        Window window;
+        QList<double> tuned;
+        connect(window.control, &VCFrequency::signalTune, [&](double hertz) { tuned << hertz; });
+        QTest::mouseClick(window.control->GetTuneButton(), Qt::LeftButton);
+        QCOMPARE(tuned, QList<double>({145.5e6}));
+    }
+
+    void textFollowsTheFormsSizeAndReadersHearTheValue()
+    {
+        Window window;
+        QFont font = window.font();
+        font.setPointSize(20);
+        window.setFont(font);
+        QCOMPARE(window.field->font().pointSizeF(), 30.0);
+        window.adjustSize();
+        QVERIFY(window.field->width() >= window.field->sizeHint().width());
+        QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(window.field);
+        QCOMPARE(reader->text(QAccessible::Name), QString("Frequency"));
+        QCOMPARE(reader->text(QAccessible::Value), QString("145.500 000 MHz"));
+    }
+
+    void aPlainFieldTakesFrequenciesToo()
+    {
+        VCLineEdit edit(nullptr, "plain", VCLineEdit::ekFrequency);
+        ValueDouble node("step");
+        node.SetValue(12500, nullptr);
+        edit.SetValueBase(&node);
+        QCOMPARE(edit.text(), QString("12.500 kHz"));
+        edit.setText("");
+        QTest::keyClicks(&edit, "6,25k");
+        QTest::keyClick(&edit, Qt::Key_Return);
+        QCOMPARE(node.GetValue(), 6250.0);
+        QCOMPARE(edit.text(), QString("6.250 kHz"));
+        edit.SetValueBase(nullptr);
+    }
+};
+
+ORBEL_TEST_MAIN(TestVCFrequency)
+#include "tst_vcfrequency.moc"

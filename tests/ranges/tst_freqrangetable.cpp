@@ -1,0 +1,177 @@
+// The table of frequency ranges and its dialog: texts, rows, and changes by others meanwhile.
+
+#include "exclusiondialog.h"
+#include "forms.h"
+#include <QPushButton>
+#include "freqrangetable.h"
+#include "testmain.h"
+#include "valuecommentedrangemap.h"
+
+#include <QtTest>
+
+using namespace KV218;
+
+namespace
+{
+
+/// A table on the screen and its node "/T/r".
+struct Bench {
+    explicit Bench(const QString &ranges)
+    {
+        Tree::Instance()->AddNode("/T", Node);
+        Node->SetStringValue(ranges, nullptr);
+        Table.AttachToValue("/T/r");
+        Table.show();
+    }
+    ~Bench() { Tree::Instance()->RemoveNode("/T/r"); }
+    QString Cells() const
+    {
+        QStringList texts;
+        for (int i = 0; i < 2 * Table.rowCount(); ++i)
+            texts << Table.item(i / 2, i % 2)->text().remove(" kHz");
+        return texts.join(' ');
+    }
+    QLineEdit *Editor() const { return qobject_cast<QLineEdit *>(Table.indexWidget(Table.currentIndex())); }
+    /// Types over a cell and ends with a key; Shift leaves the editor open.
+    void Type(int row, int column, const QString &text, Qt::Key last = Qt::Key_Shift)
+    {
+        Table.setCurrentCell(row, column);
+        QTest::keyClick(&Table, Qt::Key_F2);
+        QTest::keyClicks(Editor(), text);
+        QTest::keyClick(Editor(), last);
+        QCoreApplication::sendPostedEvents();
+    }
+
+    ValueCommentedRangeMap *Node = new ValueCommentedRangeMap("r");
+    FreqRangeTable Table{nullptr};
+};
+
+/// What a row's name says behind the colon: a text, or cells as row and column.
+QString Input()
+{
+    return QString(QTest::currentDataTag()).section(": ", 1);
+}
+
+} // namespace
+
+class TestFreqRangeTable : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void texts_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::newRow("kHz, comma: 5,5 ") << "7000..5500";
+        QTest::newRow("hertz: 5 Hz") << "7000..5";
+        QTest::newRow("mega without rounding: 1.001 mhZ") << "7000..1001000";
+        QTest::newRow("giga, negative: -2g") << "7000..-2000000000";
+        QTest::newRow("kilo goes before mega: 3 MK") << "7000..3000";
+        QTest::newRow("an exponent's letter is lost: 1e3") << "7000..13000";
+        QTest::newRow("no number: 1 2") << "7000..0";
+    }
+
+    void texts()
+    {
+        Bench bench("7000..8000");
+        bench.Type(0, 1, Input(), Qt::Key_Return);
+        QVERIFY2(bench.Node->GetStringValue() == "7000..8000", "only storing stores");
+        bench.Table.StoreToValue();
+        QTEST(bench.Node->GetStringValue(), "stored");
+    }
+
+    void deletion_data()
+    {
+        QTest::addColumn<QString>("left");
+        QTest::newRow("one cell: 11") << "0 1 2 3 3 4";
+        QTest::newRow("both cells take the next row along: 10 11") << "0 1 3 4";
+        QTest::newRow("both cells of the last row: 30 31") << "0 1 1 2 2 3";
+        QTest::newRow("both cells of two rows: 00 01 20 21") << "";
+    }
+
+    void deletion()
+    {
+        Bench bench("0..1000; 1000..2000; 2000..3000; 3000..4000");
+        for (const QString &cell : Input().split(' '))
+            bench.Table.item(cell[0].digitValue(), cell[1].digitValue())->setSelected(true);
+        auto *action = bench.Table.findChild<QAction *>("ListBoxDelete");
+        action->trigger();
+        QTEST(bench.Cells(), "left");
+        QCOMPARE(action->isEnabled(), bench.Table.rowCount() > 0);
+    }
+
+    void theNodeAndAnOpenEdit()
+    {
+        Bench bench("1000..2000; 3000..4000");
+        bench.Type(0, 0, "9", Qt::Key_Tab);
+        QVERIFY2(bench.Editor() && bench.Table.currentColumn() == 1, "Tab edits the next cell");
+        bench.Table.StoreToValue();
+        QVERIFY2(bench.Node->data().at(0).GetID() == 1 && bench.Cells() == "9 2 3 4", "stored sorted, ids of the rows");
+        bench.Type(1, 0, "8");
+        bench.Table.SlotSortByStartFrequencies();
+        QVERIFY2(bench.Cells() == "8 4 9 2", "an open edit counts");
+
+        bench.Type(0, 0, "77 M", Qt::Key_Return);
+        QCOMPARE(bench.Cells(), QString("77000 4 9 2"));
+        bench.Type(1, 1, "2.5 M");
+        bench.Node->SetAt(2, CommentedRange(), nullptr);
+        QVERIFY2(bench.Cells() == "3 4 9 2 0 0" && bench.Editor()->text() == "2.5 M", "the open edit alone stays");
+        bench.Node->Clear(nullptr);
+        QVERIFY2(bench.Cells() == "0 0" && !bench.Editor(), "its row is gone");
+        bench.Table.StoreToValue();
+        QVERIFY2(bench.Node->data().size() == 1, "an untouched empty table stores its row");
+        bench.Node->SetState(ekStateDisabled, nullptr);
+        QVERIFY(bench.Table.AttachToValue("/T/r") && !bench.Table.isEnabled());
+    }
+
+    void adhoc()
+    {
+        for (const char *buttonName : {"scanExclusionButton", "hoppingExclusionButton"})
+        for (const QString how : {"form", "window", "formonly", "window-form"}) {
+            qDebug() << buttonName << how;
+            forms::Form form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/detection.orbel"));
+            form->CreateValueTree("/Form");
+            form->CreateGUI(true);
+            std::unique_ptr<QWidget> window(form->GetGUI());
+            window->show();
+            auto *button = window->findChild<QPushButton *>(buttonName);
+            bool seen = false;
+            QTimer::singleShot(50, [&] {
+                auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+                seen = dialog;
+                auto *table = dialog->findChild<FreqRangeTable *>();
+                table->setCurrentCell(0, 0);
+                QTest::keyClick(table, Qt::Key_F2);
+                QTest::keyClicks(table->indexWidget(table->currentIndex()), "5");
+                QPointer<QDialog> d(dialog);
+                if (how == "form") form.reset(), window.reset();
+                else if (how == "window") window.reset();
+                else if (how == "formonly") form.reset();
+                else window.reset(), form.reset();
+                if (d) { qDebug() << "dialog still there, enabled" << table->isEnabled(); d->accept(); }
+            });
+            button->click();
+            QVERIFY(seen);
+        }
+    }
+    void theDialogOutlivesNodeButNotForm()
+    {
+        for (const bool formGoes : {false, true}) {
+            Bench bench("1000..2000");
+            auto form = std::make_unique<QWidget>();
+            QTimer::singleShot(0, [&] {
+                auto *dialog = form->findChild<QDialog *>();
+                formGoes ? form.reset() : Tree::Instance()->RemoveNode("/T/r");
+                if (form && !dialog->findChild<FreqRangeTable *>()->isEnabled())
+                    dialog->accept();
+            });
+            EditExclusionRanges(bench.Node, form.get());
+            QCOMPARE(!form, formGoes);
+        }
+    }
+};
+
+ORBEL_TEST_MAIN(TestFreqRangeTable)
+#include "tst_freqrangetable.moc"

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "forms.h"
+#include "orbelsheetui.h"
+#include "valuebase.h"
+
+#include <QMetaMethod>
+#include <QTranslator>
+
+/// Everything that some objects emit and some nodes tell, in one order: "name.signal(arguments)" and "name=text".
+class EventLog : public QObject, public IObserver
+{
+public:
+    void Watch(const QString &name, QObject *sender)
+    {
+        const QMetaObject *meta = sender->metaObject();
+        for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+            if (meta->method(i).methodType() != QMetaMethod::Signal)
+                continue;
+            QMetaObject::connect(sender, i, this, QObject::staticMetaObject.methodCount() + Signals.size());
+            Signals.append({name, meta->method(i)});
+        }
+    }
+    void Watch(const QString &name, ValueBase *node)
+    {
+        Nodes.insert(node, name);
+        node->AddObserver(this);
+    }
+    /// Does something once, when the next event comes that begins with the text.
+    void On(const QString &text, const std::function<void()> &action)
+    {
+        Text = text;
+        Action = action;
+    }
+    /// What came since the last Take(), joined with blanks.
+    QString Seen() const { return Entries.join(' '); }
+    QString Take() { return std::exchange(Entries, {}).join(' '); }
+
+    void Update(Observable *subject, TChangeCode code) override
+    {
+        auto *node = dynamic_cast<ValueBase *>(subject);
+        if (code == ekChangeValue)
+            Add(Nodes.value(node) + '=' + node->GetStringValue());
+    }
+    int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+    {
+        id = QObject::qt_metacall(call, id, arguments);
+        if (id < 0 || call != QMetaObject::InvokeMetaMethod)
+            return id;
+        const QMetaMethod &method = Signals.at(id).second;
+        QStringList texts;
+        for (int i = 0; i < method.parameterCount(); ++i)
+            texts << QVariant(method.parameterType(i), arguments[i + 1]).toString();
+        Add(Signals.at(id).first + '.' + method.name() + '(' + texts.join(", ") + ')');
+        return -1;
+    }
+
+private:
+    void Add(const QString &entry)
+    {
+        Entries << entry;
+        if (Action && entry.startsWith(Text))
+            std::exchange(Action, nullptr)();
+    }
+
+    QList<QPair<QString, QMetaMethod>> Signals;
+    QHash<ValueBase *, QString> Nodes;
+    QStringList Entries;
+    QString Text;
+    std::function<void()> Action;
+};
+
+/// A form with its window on the screen and a log that watches the sheet as "sheet". Automatic apply waits 100 ms.
+struct LiveForm {
+    explicit LiveForm(const QString &body, bool applyUi = true, const QString &path = "/Form")
+        : form(forms::Parse(forms::Definition(
+            "<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>" + body)))
+    {
+        form->CreateValueTree(path);
+        form->CreateGUI(applyUi);
+        window.reset(form->GetGUI());
+        window->resize(400, 400);
+        window->show();
+        window->activateWindow();
+        log.Watch("sheet", form->GetSheet().GetUi());
+    }
+    template <class Delegate = KV218::OrbelDelegate> Delegate *Get(const QString &name) const
+    {
+        return qobject_cast<Delegate *>(forms::Delegate(form, name));
+    }
+    template <class Widget = QWidget> Widget *Find(const QString &name) const
+    {
+        return window->findChild<Widget *>(name);
+    }
+
+    // The first to come and the last to go: it does not let go of the nodes it watches.
+    EventLog log;
+    forms::Form form;
+    std::unique_ptr<QWidget> window;
+};
+
+/// Lets all timers go off that are due within these milliseconds: timers go off in the order in which they are due,
+/// however late that is.
+inline void PassTimersBelow(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// While it lives, every text of one context reads "context:text".
+class ContextTranslator : public QTranslator
+{
+public:
+    explicit ContextTranslator(const QString &context) : Context(context) { QCoreApplication::installTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        return context == Context ? Context + ':' + text : QString();
+    }
+
+private:
+    QString Context;
+};
