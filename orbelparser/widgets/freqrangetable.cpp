@@ -116,26 +116,11 @@ void FreqRangeTable::Update(Observable *source, TChangeCode code)
 
 void FreqRangeTable::ReloadFromValue()
 {
-    // The cells are replaced, but not the one under the operator's hands.
-    const QModelIndex edited = currentIndex();
-    const auto *editor = qobject_cast<QLineEdit *>(OpenEditor());
-    const bool isTyped = editor && editor->isModified();
-    const QString typed = editor ? editor->text() : QString();
-    const int cursor = editor ? editor->cursorPosition() : 0;
     Ranges ranges;
     for (const auto &entry : RangeMap->data())
         ranges.push_back(entry.second);
+    // Meant: what is being typed goes with the ranges that it was typed for.
     FillTable(ranges);
-    QTableWidgetItem *cell = editor ? item(edited.row(), edited.column()) : nullptr;
-    if (!cell)
-        return;
-    editItem(cell);
-    auto *again = qobject_cast<QLineEdit *>(OpenEditor());
-    if (again && isTyped) {
-        again->setText(typed);
-        again->setCursorPosition(cursor);
-        again->setModified(true);
-    }
 }
 
 void FreqRangeTable::FillTable(const Ranges &ranges)
@@ -268,8 +253,10 @@ void FreqRangeTable::SlotNew()
 
 void FreqRangeTable::SlotDelete()
 {
+    if (!FinishEditing())
+        return;
     const QModelIndexList selected = selectionModel()->selection().indexes();
-    if (selected.isEmpty() || !FinishEditing())
+    if (selected.isEmpty())
         return;
     std::vector<int> cells(static_cast<size_t>(rowCount()));
     for (const QModelIndex &index : selected)

@@ -5,7 +5,6 @@
 #include "xoperator.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QtTest>
@@ -17,11 +16,10 @@ namespace
 
 /// The receiver form of the examples in a window, with what it hands out.
 struct Receiver {
-    explicit Receiver(QObject *configuration = nullptr)
+    Receiver()
     {
         form = Form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/receiver.orbel"));
         form->CreateValueTree("/Receiver");
-        form->SetConfigObject(configuration, "receiver");
         form->CreateGUI(true);
         window.reset(form->GetGUI());
         window->resize(600, 900);
@@ -35,19 +33,6 @@ struct Receiver {
     std::unique_ptr<QWidget> window;
     QStringList documents;
 };
-
-/// The indicator of a headline, where an operator clicks to collapse its group.
-QPoint Indicator(const QGroupBox *headline)
-{
-    QStyleOptionGroupBox option;
-    option.initFrom(headline);
-    option.text = headline->title();
-    option.subControls = QStyle::SC_GroupBoxCheckBox | QStyle::SC_GroupBoxLabel;
-    option.textAlignment = headline->alignment();
-    return headline->style()
-        ->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxCheckBox, headline)
-        .center();
-}
 
 } // namespace
 
@@ -112,31 +97,6 @@ private Q_SLOTS:
 
         XOperator::Click(receiver.Find<QPushButton>("defaultsButton"));
         QTRY_VERIFY(gain->isHidden());
-    }
-
-    void aCollapsedGroupIsThereAgain()
-    {
-        QObject configuration;
-        {
-            Receiver receiver(&configuration);
-            QVERIFY(XOperator::Show(receiver.window.get()));
-            auto *antenna = receiver.Find<QLineEdit>("antenna");
-            QVERIFY(antenna->isVisible());
-            auto *headline = receiver.Find<QGroupBox>("receiverHeadline");
-            XOperator::ClickAt(headline, Indicator(headline));
-            QTRY_VERIFY(!antenna->isVisible());
-            QVERIFY(!receiver.Find<QLabel>("labelantenna")->isVisible());
-            QVERIFY(receiver.Find<QLineEdit>("stationName")->isVisible());
-            QVERIFY(receiver.Find<QCheckBox>("recording")->isVisible());
-            QCOMPARE(configuration.property("receiver-collapsed").toString(), QString("receiverHeadline"));
-        }
-        Receiver receiver(&configuration);
-        QVERIFY(XOperator::Show(receiver.window.get()));
-        QVERIFY(!receiver.Find<QLineEdit>("antenna")->isVisible());
-        auto *headline = receiver.Find<QGroupBox>("receiverHeadline");
-        QVERIFY(!headline->isChecked());
-        XOperator::ClickAt(headline, Indicator(headline));
-        QTRY_VERIFY(receiver.Find<QLineEdit>("antenna")->isVisible());
     }
 };
 

@@ -1,6 +1,7 @@
 // Numbers, choices and tables under an operator's hands; each run checks node, property, script and document.
 
 #include "forms.h"
+#include "rows.h"
 #include "testmain.h"
 #include "xoperator.h"
 
@@ -16,7 +17,8 @@ using namespace forms;
 namespace
 {
 
-const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true", "labelText=String:l"};
+const QStringList Usable{
+    "visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true", "labelText=String:l"};
 
 /// A form of one control "a" between two others, in a window, with a script that notes each change.
 struct Bench {
@@ -24,8 +26,7 @@ struct Bench {
     {
         const QString other = Widget("other", "LineEdit", Usable);
         form = Bind("<ZkParamGui><Enums><Enum name='e'>" + Rows() + "</Enum></Enums><Sheet name='sheet'>"
-            + Widget("a", className, Usable + properties) + other
-            + "</Sheet><Script>var log = []; a." + signal
+            + Widget("a", className, Usable + properties) + other + "</Sheet><Script>var log = []; a." + signal
             + ".connect(function () { log.push(Array.prototype.join.call(arguments, ':')); });</Script></ZkParamGui>");
         form->CreateGUI(true);
         window.reset(form->GetGUI());
@@ -67,7 +68,8 @@ private Q_SLOTS:
 
     void aNumberIsTypedAndLeftWithTab()
     {
-        Bench bench("DoubleSpinBox", {"minimum=Double:0", "maximum=Double:100", "decimals=Int:2", "value=Double:1"}, "valueChanged");
+        Bench bench("DoubleSpinBox", {"minimum=Double:0", "maximum=Double:100", "decimals=Int:2", "value=Double:1"},
+            "valueChanged");
         QVERIFY(XOperator::Show(bench.window.get()));
         auto *spin = bench.Find<QDoubleSpinBox>();
         XOperator::Click(spin);
@@ -92,16 +94,14 @@ private Q_SLOTS:
 
     void theWheelStopsAtTheLimitOrWraps_data()
     {
-        QTest::addColumn<QString>("wrapping");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("off") << "wrapping=Bool:false" << "10";
-        QTest::newRow("on") << "wrapping=Bool:true" << "0";
+        const auto row = Columns<QString, QString>({"wrapping", "after"});
+        row("off", "wrapping=Bool:false", "10");
+        row("on", "wrapping=Bool:true", "0");
     }
 
     void theWheelStopsAtTheLimitOrWraps()
     {
-        QFETCH(QString, wrapping);
-        QFETCH(QString, after);
+        const auto [wrapping, after] = Fetch<QString, QString>({"wrapping", "after"});
         Bench bench("SpinBox", {"minimum=Int:0", "maximum=Int:10", "value=Int:9", wrapping}, "valueChanged");
         QVERIFY(XOperator::Show(bench.window.get()));
         auto *spin = bench.Find<QDoubleSpinBox>();
@@ -136,7 +136,8 @@ private Q_SLOTS:
 
     void aCellIsEditedAndSetToAll()
     {
-        Bench bench("ChannelSpacingTable", {"spacingsCount=Int:3", "decimals=Int:2", "maximum=Double:50", "parameterListItemTag=String:s"},
+        Bench bench("ChannelSpacingTable",
+            {"spacingsCount=Int:3", "decimals=Int:2", "maximum=Double:50", "parameterListItemTag=String:s"},
             "spacingValueChanged");
         QVERIFY(XOperator::Show(bench.window.get()));
         auto *table = bench.Find<QTableWidget>();
@@ -157,21 +158,6 @@ private Q_SLOTS:
         QTRY_COMPARE(bench.Log(), QString("1:12.5,0:12.5,2:12.5"));
         const QString document = bench.Document();
         QVERIFY2(document.count(">12.50</s>") == 3, qPrintable(document));
-    }
-
-    void aGridCellIsEdited()
-    {
-        Bench bench("TableWidget", {"rowCount=Int:3", "columnCount=Int:1", "parameterListItemTag=String:c"}, "cellChanged");
-        QVERIFY(XOperator::Show(bench.window.get()));
-        auto *table = bench.Find<QTableWidget>();
-        XOperator::ClickAt(table->viewport(), CellCenter(table, 0));
-        QTRY_COMPARE(table->currentRow(), 0);
-        XOperator::Press("F2");
-        QTRY_VERIFY(table->findChild<QLineEdit *>());
-        XOperator::Type("cell");
-        XOperator::Press("Return");
-        QTRY_COMPARE(bench.Log(), QString("0:0"));
-        QVERIFY2(bench.Document().contains("<c row=\"0\" column=\"0\">cell</c>"), "the first cell is seen by its place");
     }
 };
 

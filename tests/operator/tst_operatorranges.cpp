@@ -2,6 +2,8 @@
 
 #include "forms.h"
 #include "testmain.h"
+#include "tree.h"
+#include "valuecommentedrangemap.h"
 #include "xoperator.h"
 
 #include <QDialogButtonBox>
@@ -57,6 +59,9 @@ private Q_SLOTS:
             QTRY_COMPARE(table->item(1, 0)->text(), QString("145500 kHz"));
         });
         QCOMPARE(added, QString("0 0 145500000 146000000 2000000000 2100000000"));
+        auto *node = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/Hopping/ExclusionRanges"));
+        QCOMPARE(node->data().at(2).GetRangeStop(), 2100e6);
+        QCOMPARE(forms::Delegate(form, "lastAction")->property("text").toString(), QString("excluded ranges"));
         QVERIFY2(edit(QDialogButtonBox::Cancel, deleteFirst).isEmpty(), "there is nothing to apply");
         QVERIFY2(edit(QDialogButtonBox::Ok, deleteFirst) == "2000000000 2100000000", "the next row goes along");
     }

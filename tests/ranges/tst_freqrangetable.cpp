@@ -1,8 +1,6 @@
 // The table of frequency ranges and its dialog: texts, rows, and changes by others meanwhile.
 
 #include "exclusiondialog.h"
-#include "forms.h"
-#include <QPushButton>
 #include "freqrangetable.h"
 #include "testmain.h"
 #include "valuecommentedrangemap.h"
@@ -117,7 +115,8 @@ private Q_SLOTS:
         QCOMPARE(bench.Cells(), QString("77000 4 9 2"));
         bench.Type(1, 1, "2.5 M");
         bench.Node->SetAt(2, CommentedRange(), nullptr);
-        QVERIFY2(bench.Cells() == "3 4 9 2 0 0" && bench.Editor()->text() == "2.5 M", "the open edit alone stays");
+        QVERIFY2(bench.Cells() == "3 4 9 2 0 0", "what was typed goes");
+        QVERIFY(!bench.Editor() || bench.Editor()->text() == "2 kHz");
         bench.Node->Clear(nullptr);
         QVERIFY2(bench.Cells() == "0 0" && !bench.Editor(), "its row is gone");
         bench.Table.StoreToValue();
@@ -126,36 +125,6 @@ private Q_SLOTS:
         QVERIFY(bench.Table.AttachToValue("/T/r") && !bench.Table.isEnabled());
     }
 
-    void adhoc()
-    {
-        for (const char *buttonName : {"scanExclusionButton", "hoppingExclusionButton"})
-        for (const QString how : {"form", "window", "formonly", "window-form"}) {
-            qDebug() << buttonName << how;
-            forms::Form form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/detection.orbel"));
-            form->CreateValueTree("/Form");
-            form->CreateGUI(true);
-            std::unique_ptr<QWidget> window(form->GetGUI());
-            window->show();
-            auto *button = window->findChild<QPushButton *>(buttonName);
-            bool seen = false;
-            QTimer::singleShot(50, [&] {
-                auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-                seen = dialog;
-                auto *table = dialog->findChild<FreqRangeTable *>();
-                table->setCurrentCell(0, 0);
-                QTest::keyClick(table, Qt::Key_F2);
-                QTest::keyClicks(table->indexWidget(table->currentIndex()), "5");
-                QPointer<QDialog> d(dialog);
-                if (how == "form") form.reset(), window.reset();
-                else if (how == "window") window.reset();
-                else if (how == "formonly") form.reset();
-                else window.reset(), form.reset();
-                if (d) { qDebug() << "dialog still there, enabled" << table->isEnabled(); d->accept(); }
-            });
-            button->click();
-            QVERIFY(seen);
-        }
-    }
     void theDialogOutlivesNodeButNotForm()
     {
         for (const bool formGoes : {false, true}) {
