@@ -21,14 +21,14 @@ namespace
 
 /// What a control was told itself, where its Qt property tells the sum over its parents: a control in a window that is
 /// not shown yet is not visible, and still not hidden.
-QVariant OwnValue(const QObject *target, const QByteArray &name)
+QVariant OwnValue(const QObject *target, const char *name)
 {
     const auto *widget = qobject_cast<const QWidget *>(target);
-    if (widget && name == prop::Visible.data())
+    if (widget && qstrcmp(name, prop::Visible.data()) == 0)
         return widget->testAttribute(Qt::WA_WState_ExplicitShowHide) ? QVariant(!widget->isHidden()) : QVariant();
-    if (widget && name == prop::Enabled.data())
+    if (widget && qstrcmp(name, prop::Enabled.data()) == 0)
         return !widget->testAttribute(Qt::WA_ForceDisabled);
-    return target->property(name.constData());
+    return target->property(name);
 }
 
 /// Whether a variant is a number or a text of one that fits the type; QVariant itself cuts off what does not fit.
@@ -112,24 +112,22 @@ void OrbelDelegate::ReadBackProperties()
         ApplyMode = eApplyMode(0);
 }
 
-bool OrbelDelegate::ChangeProperty(const QString &name, const QVariant &value)
+bool OrbelDelegate::ChangeProperty(const PropertyKey &name, const QVariant &value)
 {
-    const QByteArray key = name.toLatin1();
     // The new value stands on the left: a comparison of variants converts the right side to the left side's type.
-    if (value == property(key.constData()))
+    if (value == property(name.data()))
         return false;
-    setProperty(key.constData(), value);
+    setProperty(name.data(), value);
     return true;
 }
 
-void OrbelDelegate::SetPropertyAlways(const QString &name, const QVariant &value)
+void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &value)
 {
-    const QByteArray key = name.toLatin1();
-    const QVariant before = property(key.constData());
+    const QVariant before = property(name.data());
     const bool qtStaysSilent = value.isValid() && before.userType() == value.userType() && before == value;
-    setProperty(key.constData(), value);
+    setProperty(name.data(), value);
     if (qtStaysSilent) {
-        QDynamicPropertyChangeEvent change(key);
+        QDynamicPropertyChangeEvent change(name.data());
         QCoreApplication::sendEvent(this, &change);
     }
 }
@@ -147,7 +145,7 @@ void OrbelDelegate::UndefineProperty(const QString &name)
 
 void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVariant *disabledValue)
 {
-    const QVariant own = property(name.toLatin1().constData());
+    const QVariant own = property(PropertyKey(name).data());
     if (enable) {
         DefineProperty(name);
         // Meant: where nothing is stored there is nothing to give back; the control stays as it was forced to be.
@@ -210,10 +208,10 @@ void OrbelDelegate::PropagateProperty(const QString &name, QObject *target)
 {
     if (!target || !IsDefined(name))
         return;
-    const QByteArray key = name.toLatin1();
-    const QVariant value = property(key.constData());
-    if (!value.isNull() && value != OwnValue(target, key))
-        target->setProperty(key.constData(), value);
+    const PropertyKey key(name);
+    const QVariant value = property(key.data());
+    if (!value.isNull() && value != OwnValue(target, key.data()))
+        target->setProperty(key.data(), value);
 }
 
 void OrbelDelegate::PropagateProperties(QObject *target)
@@ -221,11 +219,11 @@ void OrbelDelegate::PropagateProperties(QObject *target)
     // A copy: a setter of a host's control may lead back here.
     const QStringList names = DefinedProperties;
     for (const QString &name : names) {
-        const QByteArray key = name.toLatin1();
-        const QVariant value = property(key.constData());
+        const PropertyKey key(name);
+        const QVariant value = property(key.data());
         // Qt resets a declared property that is given an invalid value; what is left out keeps the control's state.
         if (value.isValid())
-            target->setProperty(key.constData(), value);
+            target->setProperty(key.data(), value);
     }
     HideIfCollapsed(target);
 }
@@ -236,59 +234,60 @@ void OrbelDelegate::HideIfCollapsed(QObject *target)
         target->setProperty(prop::Visible.data(), false);
 }
 
-bool OrbelDelegate::GetBool(const QString &name, bool defaultValue) const
+bool OrbelDelegate::GetBool(const PropertyKey &name, bool defaultValue) const
 {
-    const QVariant value = property(name.toLatin1().constData());
+    const QVariant value = property(name.data());
     return value.isNull() ? defaultValue : value.toBool();
 }
 
-int OrbelDelegate::GetInt(const QString &name, int defaultValue) const
+int OrbelDelegate::GetInt(const PropertyKey &name, int defaultValue) const
 {
     bool ok = false;
-    const QVariant property = this->property(name.toLatin1().constData());
+    const QVariant property = this->property(name.data());
     const qint64 value = property.toLongLong(&ok);
     return ok && Fits<int>(property, value) ? int(value) : defaultValue;
 }
 
-qint64 OrbelDelegate::GetInt64(const QString &name, qint64 defaultValue) const
+qint64 OrbelDelegate::GetInt64(const PropertyKey &name, qint64 defaultValue) const
 {
     bool ok = false;
-    const QVariant property = this->property(name.toLatin1().constData());
+    const QVariant property = this->property(name.data());
     const qint64 value = property.toLongLong(&ok);
     return ok && Fits<qint64>(property, value) ? value : defaultValue;
 }
 
-quint64 OrbelDelegate::GetUInt64(const QString &name, quint64 defaultValue) const
+quint64 OrbelDelegate::GetUInt64(const PropertyKey &name, quint64 defaultValue) const
 {
     bool ok = false;
-    const QVariant property = this->property(name.toLatin1().constData());
+    const QVariant property = this->property(name.data());
     const quint64 value = property.toULongLong(&ok);
     return ok && Fits<quint64>(property, value) ? value : defaultValue;
 }
 
-double OrbelDelegate::GetDouble(const QString &name, double defaultValue) const
+double OrbelDelegate::GetDouble(const PropertyKey &name, double defaultValue) const
 {
     bool ok = false;
-    const double value = property(name.toLatin1().constData()).toDouble(&ok);
+    const double value = property(name.data()).toDouble(&ok);
     return ok ? value : defaultValue;
 }
 
-QString OrbelDelegate::GetString(const QString &name, const QString &defaultValue) const
+QString OrbelDelegate::GetString(const PropertyKey &name, const QString &defaultValue) const
 {
-    const QString value = property(name.toLatin1().constData()).toString();
+    const QString value = property(name.data()).toString();
     return value.isEmpty() ? defaultValue : value;
 }
 
-QString OrbelDelegate::GetTranslated(const QString &name) const
+QString OrbelDelegate::GetTranslated(const PropertyKey &name) const
 {
-    return Translate(property(name.toLatin1().constData()).toString());
+    return Translate(property(name.data()).toString());
 }
 
 QString OrbelDelegate::Translate(const QString &text) const
 {
     if (text.isEmpty())
         return QString();
-    return QCoreApplication::translate(objectName().toLatin1().constData(), text.toUtf8().constData());
+    const QByteArray source = text.left(limit::ShownText).toUtf8();
+    return QCoreApplication::translate(objectName().toLatin1().constData(), source.constData());
 }
 
 QVariant OrbelDelegate::customProperty(QString name)

@@ -3,6 +3,7 @@
 #include "applymode.h"
 #include "iobserver.h"
 #include "orbelexport.h"
+#include "propertykey.h"
 #include "value.h"
 #include "valuenumeric.h"
 
@@ -66,23 +67,23 @@ public:
     void Update(Observable *subject, TChangeCode code) override;
 
     /// Sets a property that differs, and tells whether it did.
-    bool ChangeProperty(const QString &name, const QVariant &value);
+    bool ChangeProperty(const PropertyKey &name, const QVariant &value);
     /// Sets a property, equal or not, and runs PropertyChanged() in every case. An invalid value removes the property.
-    void SetPropertyAlways(const QString &name, const QVariant &value);
+    void SetPropertyAlways(const PropertyKey &name, const QVariant &value);
     /// Lets a property reach the control, or keeps it back: then the control is given `disabledValue` (unless null) and
     /// the property itself keeps its value for later.
     void EnableProperty(const QString &name, bool enable, const QVariant *disabledValue);
 
     /// Typed reading of a property. The default counts for a property that is absent or does not convert; for a text
     /// also for an empty one.
-    bool GetBool(const QString &name, bool defaultValue) const;
-    int GetInt(const QString &name, int defaultValue) const;
-    qint64 GetInt64(const QString &name, qint64 defaultValue) const;
-    quint64 GetUInt64(const QString &name, quint64 defaultValue) const;
-    double GetDouble(const QString &name, double defaultValue) const;
-    QString GetString(const QString &name, const QString &defaultValue) const;
+    bool GetBool(const PropertyKey &name, bool defaultValue) const;
+    int GetInt(const PropertyKey &name, int defaultValue) const;
+    qint64 GetInt64(const PropertyKey &name, qint64 defaultValue) const;
+    quint64 GetUInt64(const PropertyKey &name, quint64 defaultValue) const;
+    double GetDouble(const PropertyKey &name, double defaultValue) const;
+    QString GetString(const PropertyKey &name, const QString &defaultValue) const;
     /// The property's text in the operator's language, in the translation context of the object name.
-    QString GetTranslated(const QString &name) const;
+    QString GetTranslated(const PropertyKey &name) const;
 
     bool isEnabled() const;
     /// False while the group of this control is collapsed.

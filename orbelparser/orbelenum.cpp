@@ -1,5 +1,6 @@
 #include "orbelenum.h"
 
+#include "formlimits.h"
 #include "xmlwalk.h"
 
 #include <algorithm>
@@ -68,7 +69,7 @@ void OrbelEnum::ParseORBEL(QXmlStreamReader &reader)
 {
     Name = reader.attributes().value(attribute::Name).toString();
     ForEachStart(reader, [&](const QStringRef &name) {
-        if (name != element::EnumValue) {
+        if (name != element::EnumValue || Values.size() >= limit::EnumRows) {
             reader.skipCurrentElement();
             return;
         }

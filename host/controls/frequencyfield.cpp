@@ -31,16 +31,18 @@ FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
         [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); });
     // What the field shows anew has no marked digit yet.
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
+    connect(this, &VCLineEdit::signalTextFinallyChanged, this, &FrequencyField::BeginChange);
 }
 
 void FrequencyField::Step(int steps)
 {
-    if (!MayTune() || isModified())
+    if (!IsAtRest())
         return;
+    Power = std::min(Power, std::max(TopPower(), HighestPower()));
     auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
     const double lowest = BelowZero ? node->GetMin() : std::max(0.0, node->GetMin());
     const double target = WithSteps(node->GetValue(), PowerOfTen(Power), steps);
-    Tuned = true;
+    BeginChange();
     const QPointer<FrequencyField> self(this);
     node->SetValue(std::max(lowest, std::min(target, node->GetMax())), this);
     if (self)
@@ -52,6 +54,8 @@ void FrequencyField::Enter(double hertz)
     auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
     if (!node || !std::isfinite(hertz))
         return;
+    FinishTuning();
+    BeginChange();
     const QPointer<FrequencyField> self(this);
     node->SetValue(hertz, this);
     if (!self)
@@ -70,25 +74,37 @@ std::optional<double> FrequencyField::Repeat()
     return hertz;
 }
 
-QSize FrequencyField::sizeHint() const
+void FrequencyField::FinishTuning()
 {
-    constexpr int roomOfBase = 17; // the letters that the base class makes room for
-    const QFontMetrics metrics(font());
-    const QString widest = FrequencyText::Write(88888888888.0, 0, locale().decimalPoint()) + QLatin1Char(' ');
-    const QSize base = QLineEdit::sizeHint();
-    const int frame = base.width() - metrics.horizontalAdvance(QLatin1Char('x')) * roomOfBase;
-    return {metrics.horizontalAdvance(widest) + std::max(0, frame), base.height()};
+    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
+    const std::optional<double> before = std::exchange(Departure, std::nullopt);
+    if (before && node)
+        Q_EMIT signalEntered(*before, node->GetValue());
+}
+
+void FrequencyField::BeginChange()
+{
+    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
+    if (!Departure && node)
+        Departure = node->GetValue();
 }
 
 void FrequencyField::Committed()
 {
-    Tuned = true;
-    TellEntered();
+    FinishTuning();
+}
+
+void FrequencyField::Update(Observable *subject, TChangeCode code)
+{
+    const bool bound = BoundNode();
+    VCLineEdit::Update(subject, code);
+    if (bound && !BoundNode())
+        Q_EMIT signalNodeLost();
 }
 
 void FrequencyField::keyPressEvent(QKeyEvent *event)
 {
-    if (!MayTune() || isModified()) {
+    if (!IsAtRest()) {
         VCLineEdit::keyPressEvent(event);
         return;
     }
@@ -98,10 +114,25 @@ void FrequencyField::keyPressEvent(QKeyEvent *event)
     // A marked digit is a place, not a selection to copy or to replace.
     const bool whole = event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)
         || event->matches(QKeySequence::Paste) || event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
-    const QString typed = event->text();
-    if (whole || (!typed.isEmpty() && typed.at(0).isPrint()))
+    const bool begins = BeginsEntry(event);
+    const bool otherLetter = !begins && !event->text().isEmpty() && event->text().at(0).isPrint();
+    if (otherLetter) {
+        event->ignore();
+        return;
+    }
+    const QPointer<FrequencyField> self(this);
+    FinishTuning();
+    if (self && (whole || begins))
         selectAll();
-    VCLineEdit::keyPressEvent(event);
+    if (self)
+        VCLineEdit::keyPressEvent(event);
+}
+
+bool FrequencyField::BeginsEntry(const QKeyEvent *event) const
+{
+    const QChar first = event->text().isEmpty() ? QChar() : event->text().at(0);
+    const QString others = QStringLiteral("+-.,\u2212") + locale().decimalPoint();
+    return first.isDigit() || (!first.isNull() && others.contains(first));
 }
 
 bool FrequencyField::TuneByKey(int key)
@@ -143,22 +174,66 @@ bool FrequencyField::TuneByKey(int key)
 void FrequencyField::inputMethodEvent(QInputMethodEvent *event)
 {
     const bool writes = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
-    if (writes && MayTune() && !isModified())
+    if (writes && IsAtRest())
         selectAll();
     VCLineEdit::inputMethodEvent(event);
 }
 
 void FrequencyField::mouseReleaseEvent(QMouseEvent *event)
 {
-    VCLineEdit::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton || !MayTune() || isModified() || hasSelectedText())
+    if (event->button() == Qt::MiddleButton) {
+        ReplaceBy([=] { VCLineEdit::mouseReleaseEvent(event); });
         return;
-    ChooseDigit(PowerUnder(event->pos()).value_or(Power));
+    }
+    VCLineEdit::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && IsAtRest() && !hasSelectedText())
+        ChooseDigit(PowerUnder(event->pos()).value_or(Power));
+}
+
+void FrequencyField::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (IsAtRest())
+        selectAll();
+    VCLineEdit::contextMenuEvent(event);
+}
+
+void FrequencyField::dropEvent(QDropEvent *event)
+{
+    ReplaceBy([=] { VCLineEdit::dropEvent(event); });
+}
+
+/// Has a text inserted in place of the shown one, and shows that again when none came.
+void FrequencyField::ReplaceBy(const std::function<void()> &insertion)
+{
+    if (!IsAtRest()) {
+        insertion();
+        return;
+    }
+    const QPointer<FrequencyField> self(this);
+    FinishTuning();
+    if (!self)
+        return;
+    clear();
+    insertion();
+    if (self && !isModified())
+        ShowNode();
+}
+
+/// A field that takes no input has the colour of what surrounds it.
+void FrequencyField::changeEvent(QEvent *event)
+{
+    VCLineEdit::changeEvent(event);
+    if (event->type() != QEvent::ReadOnlyChange)
+        return;
+    QPalette own;
+    if (isReadOnly())
+        own.setBrush(QPalette::Base, parentWidget()->palette().brush(QPalette::Window));
+    setPalette(own);
 }
 
 void FrequencyField::wheelEvent(QWheelEvent *event)
 {
-    if (!hasFocus() || !MayTune() || isModified() || event->angleDelta().y() == 0) {
+    if (!hasFocus() || !IsAtRest() || event->angleDelta().y() == 0) {
         event->ignore();
         return;
     }
@@ -177,10 +252,9 @@ void FrequencyField::focusInEvent(QFocusEvent *event)
     VCLineEdit::focusInEvent(event);
     WheelRemainder = 0;
     // A click chooses its digit in the text that stood there when it was made.
-    if (isModified() || event->reason() == Qt::MouseFocusReason)
+    if (!IsAtRest() || event->reason() == Qt::MouseFocusReason)
         return;
-    ShowNode();
-    MarkDigit();
+    ChooseDigit(Power);
 }
 
 void FrequencyField::focusOutEvent(QFocusEvent *event)
@@ -191,7 +265,7 @@ void FrequencyField::focusOutEvent(QFocusEvent *event)
         return;
     deselect();
     ShowNode();
-    TellEntered();
+    FinishTuning();
 }
 
 bool FrequencyField::MayTune() const
@@ -201,7 +275,7 @@ bool FrequencyField::MayTune() const
 
 void FrequencyField::MarkDigit()
 {
-    if (!hasFocus() || isModified() || !MayTune())
+    if (!hasFocus() || !IsAtRest())
         return;
     const int position = FrequencyText::PositionOf(text(), Power);
     if (position >= 0)
@@ -234,14 +308,10 @@ int FrequencyField::TopPower() const
 std::optional<int> FrequencyField::PowerUnder(const QPoint &point) const
 {
     // The caret nearest to a place half a digit to the left stands before the digit under the mouse.
-    const int halfDigit = QFontMetrics(font()).horizontalAdvance(QLatin1Char('0')) / 2;
+    const QFontMetrics metrics(font());
+    const int halfDigit = metrics.horizontalAdvance(QLatin1Char('0')) / 2;
+    if (point.x() < width() - metrics.horizontalAdvance(text()) - 2 * halfDigit)
+        return {};
     auto *self = const_cast<FrequencyField *>(this);
     return FrequencyText::PowerAt(text(), self->cursorPositionAt(point - QPoint(halfDigit, 0)));
-}
-
-void FrequencyField::TellEntered()
-{
-    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
-    if (std::exchange(Tuned, false) && node)
-        Q_EMIT signalEntered(node->GetValue());
 }

@@ -4,9 +4,10 @@
 
 /// The large field of VCFrequency: a frequency that is tuned digit by digit, or typed. One digit is marked while the
 /// field has the focus: Left and Right, Home, End and a click choose it, Up and Down, Page Up and Page Down (ten at a
-/// time) and the wheel change it with carry, within the limits of the node. Zeros lead the text up to the marked digit,
-/// so that one steps back the way one came. A digit, sign, or point begins a typed entry, which replaces the text; F2
-/// begins one with the text that stands there. Return ends it, Escape takes it back.
+/// time) change it with carry, within the limits of the node, and so does the wheel for the digit under the mouse; the
+/// wheel needs the focus, so that scrolling a form tunes nothing. Zeros lead the text up to the marked digit, and one
+/// steps back the way one came. A digit, sign, or point begins a typed entry, which replaces the text; F2 begins one
+/// with the text that stands there. Return ends it, Escape takes it back.
 class ORBEL_HOST_EXPORT FrequencyField : public VCLineEdit
 {
     Q_OBJECT
@@ -15,6 +16,7 @@ public:
     /// With `belowZero` tuning goes on below 0 Hz, where the node's limits let it.
     FrequencyField(QWidget *parent, bool belowZero);
 
+    bool HasNode() const { return BoundNode(); }
     /// Changes the marked digit by that many; nothing while the field is locked or a text is being typed.
     void Step(int steps);
     /// Puts a frequency in Hz, clamped to the node's limits, as the operator's own.
@@ -22,14 +24,18 @@ public:
     /// Tells the observers of the node its value again, and gives it, in Hz; nothing without a node.
     std::optional<double> Repeat();
 
-    /// Room for every frequency below 100 GHz.
-    QSize sizeHint() const override;
+    /// Tells what was tuned up to now as entered.
+    void FinishTuning();
+
     QSize minimumSizeHint() const override { return sizeHint(); }
+    void Update(Observable *subject, TChangeCode code) override;
 
 Q_SIGNALS:
-    /// The operator is done with setting a frequency, in Hz: once for each typed one, and once for all tuning up to
-    /// leaving the field.
-    void signalEntered(double hertz);
+    /// The operator is done with setting a frequency: once for each typed one, and once for all tuning up to the next
+    /// typed one or to leaving the field. Both in Hz.
+    void signalEntered(double before, double hertz);
+    /// The node went away.
+    void signalNodeLost();
 
 protected:
     void Committed() override;
@@ -37,23 +43,30 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
     bool MayTune() const;
+    bool IsAtRest() const { return MayTune() && !isModified(); }
+    bool BeginsEntry(const QKeyEvent *event) const;
+    void ReplaceBy(const std::function<void()> &insertion);
+    void BeginChange();
     bool TuneByKey(int key);
     void MarkDigit();
     void ChooseDigit(int power);
     int HighestPower() const;
     int TopPower() const;
     std::optional<int> PowerUnder(const QPoint &point) const;
-    void TellEntered();
 
     bool BelowZero;
     // The marked digit stands for 10^Power Hz.
     int Power = 3;
     int WheelRemainder = 0;
-    bool Tuned = false;
+    // While there is tuning that nobody was told of: what stood before.
+    std::optional<double> Departure;
 };

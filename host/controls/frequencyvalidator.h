@@ -2,7 +2,8 @@
 
 #include <QValidator>
 
-/// Tells a field whether the typed text is a frequency; any other may stand there while it is typed. Exported to nobody.
+/// Tells a field whether the typed text is a frequency; any other may stand there while it is typed. Exported to
+/// nobody.
 class FrequencyValidator : public QValidator
 {
 public:

@@ -23,12 +23,19 @@ VCFrequency::VCFrequency(QWidget *parent, const char *name, bool belowZero, QWid
     Build();
     HistoryButton->setVisible(history);
     ScaleText();
-    connect(Field, &FrequencyField::signalEntered, this, &VCFrequency::slotAddToHistory);
+    connect(Field, &FrequencyField::signalEntered, this, [this](double before, double hertz) {
+        slotAddToHistory(before);
+        slotAddToHistory(hertz);
+    });
+    connect(Field, &FrequencyField::signalNodeLost, this, &VCFrequency::ApplyInput);
+    ApplyInput();
 }
 
 VCFrequency::~VCFrequency()
 {
     SetBandwidth_ValuePath(QString());
+    // First of all children: it tells this widget when it loses the focus.
+    delete Field;
 }
 
 void VCFrequency::Build()
@@ -37,14 +44,18 @@ void VCFrequency::Build()
     Field->setAccessibleName(tr("Frequency"));
     UpButton = StepButton(QStringLiteral("increment"), Qt::UpArrow, &VCFrequency::slotIncrement);
     UpButton->setToolTip(tr("Step up the marked digit"));
+    UpButton->setAccessibleName(UpButton->toolTip());
     DownButton = StepButton(QStringLiteral("decrement"), Qt::DownArrow, &VCFrequency::slotDecrement);
     DownButton->setToolTip(tr("Step down the marked digit"));
+    DownButton->setAccessibleName(DownButton->toolTip());
     EntryButton = MiniButton(QStringLiteral("entry"), &VCFrequency::BeginEntry);
     EntryButton->setText(QStringLiteral("\u2026"));
     EntryButton->setToolTip(tr("Type a frequency"));
+    EntryButton->setAccessibleName(EntryButton->toolTip());
     HistoryButton = MiniButton(QStringLiteral("history"), &VCFrequency::OpenHistory);
-    HistoryButton->setArrowType(Qt::DownArrow);
+    HistoryButton->setText(QStringLiteral("\u21ba"));
     HistoryButton->setToolTip(tr("Last frequencies (F4)"));
+    HistoryButton->setAccessibleName(tr("Last frequencies"));
     TuneButton = new VCButton(tr("Tune"), this);
     TuneButton->setObjectName(QStringLiteral("tune"));
     connect(TuneButton, &QPushButton::clicked, this, &VCFrequency::Tune);
@@ -76,7 +87,8 @@ QToolButton *VCFrequency::StepButton(const QString &name, Qt::ArrowType arrow, v
     // The marked digit, which the focus shows, is what the button steps.
     button->setFocusPolicy(Qt::NoFocus);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    connect(button, &QToolButton::clicked, this, step);
+    // Queued: Qt's button does not survive a handler that ends the form within its click.
+    connect(button, &QToolButton::clicked, this, step, Qt::QueuedConnection);
     return button;
 }
 
@@ -91,7 +103,9 @@ VCMiniFrequency *VCFrequency::MiniButton(const QString &name, void (VCFrequency:
 bool VCFrequency::SetFrequency_ValuePath(const QString &path)
 {
     ValueBase *node = Tree::Instance()->GetNode(path);
-    return Field->SetValueBase(dynamic_cast<IValueNumeric *>(node) ? node : nullptr);
+    const bool bound = Field->SetValueBase(dynamic_cast<IValueNumeric *>(node) ? node : nullptr);
+    ApplyInput();
+    return bound;
 }
 
 bool VCFrequency::SetBandwidth_ValuePath(const QString &path)
@@ -102,6 +116,7 @@ bool VCFrequency::SetBandwidth_ValuePath(const QString &path)
     BandwidthPath = path;
     if (!BandwidthPath.isEmpty())
         tree->ObservePath(BandwidthPath, this);
+    Bandwidth.Release();
     BindBandwidth();
     return bool(Bandwidth);
 }
@@ -120,14 +135,31 @@ void VCFrequency::EnableInput(bool enable)
 
 void VCFrequency::setReadOnly(bool readOnly)
 {
+    const QPointer<VCFrequency> self(this);
+    if (readOnly)
+        Field->endEdit();
+    if (!self)
+        return;
     ReadOnly = readOnly;
     Locked = Locked && readOnly;
     ApplyInput();
 }
 
+void VCFrequency::setEnabled(bool enable)
+{
+    const QPointer<VCFrequency> self(this);
+    if (!enable)
+        Field->endEdit();
+    if (!self)
+        return;
+    QWidget::setEnabled(enable);
+    if (enable)
+        EnableInput(true);
+}
+
 void VCFrequency::ApplyInput()
 {
-    const bool free = !Locked && !ReadOnly;
+    const bool free = !Locked && !ReadOnly && Field->HasNode();
     Field->setReadOnly(!free);
     for (QWidget *button : {UpButton, DownButton})
         button->setEnabled(free);
@@ -154,7 +186,8 @@ void VCFrequency::BindBandwidth()
 void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
-        BandwidthLabel->setText(tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
+        BandwidthLabel->setText(
+            tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 
@@ -170,12 +203,19 @@ void VCFrequency::slotAddToHistory(double hertz)
 
 void VCFrequency::slotIncrement()
 {
-    Field->Step(1);
+    Step(1);
 }
 
 void VCFrequency::slotDecrement()
 {
-    Field->Step(-1);
+    Step(-1);
+}
+
+void VCFrequency::Step(int steps)
+{
+    // The focus shows which digit it is.
+    Field->setFocus(Qt::OtherFocusReason);
+    Field->Step(steps);
 }
 
 void VCFrequency::changeEvent(QEvent *event)
@@ -183,8 +223,6 @@ void VCFrequency::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         ScaleText();
-    if (event->type() == QEvent::EnabledChange && isEnabled() && Locked)
-        EnableInput(true);
 }
 
 void VCFrequency::keyPressEvent(QKeyEvent *event)
@@ -204,12 +242,14 @@ void VCFrequency::BeginEntry()
 
 void VCFrequency::OpenHistory()
 {
+    Field->FinishTuning();
     auto *menu = new QMenu(PopupParent);
     menu->setObjectName(QStringLiteral("frequencyHistory"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (double hertz : History.Frequencies()) {
         QAction *entry = menu->addAction(FrequencyText::Write(hertz, 0, locale().decimalPoint()));
-        connect(entry, &QAction::triggered, this, [this, hertz] { slotSetFrequencyValue(hertz); });
+        connect(
+            entry, &QAction::triggered, this, [this, hertz] { slotSetFrequencyValue(hertz); }, Qt::QueuedConnection);
     }
     if (menu->isEmpty())
         menu->addAction(tr("No frequency yet"))->setEnabled(false);
@@ -235,4 +275,7 @@ void VCFrequency::ScaleText()
     else
         large.setPixelSize(qRound(font().pixelSize() * TextScale));
     Field->setFont(large);
+    const int arrow = QFontMetrics(large).ascent() / 2;
+    for (QToolButton *button : {UpButton, DownButton})
+        button->setIconSize({arrow, arrow});
 }

@@ -18,18 +18,19 @@ class VCMiniFrequency;
 class ORBEL_HOST_EXPORT VCFrequency : public QWidget, public IObserver
 {
     Q_OBJECT
+    Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
 
 public:
-    /// `name`, which may be null, becomes the object name. With `belowZero` tuning goes on below 0 Hz. The history opens
-    /// as a child of `popupParent`, or of this widget when that is null; without `history` there is none to open.
+    /// `name`, which may be null, becomes the object name. With `belowZero` tuning goes on below 0 Hz. The history
+    /// opens as a child of `popupParent`, or of this widget when that is null; without `history` there is none to open.
     VCFrequency(QWidget *parent, const char *name, bool belowZero, QWidget *popupParent, bool history);
     ~VCFrequency() override;
 
     /// Binds to the numeric node at that full path of the tree, in Hz. False, and unbound, when there is none.
     bool SetFrequency_ValuePath(const QString &path);
-    /// Shows the node at that full path as bandwidth, from now on and whenever one is entered there later; an empty path
-    /// shows none. Whether there is one now.
+    /// Shows the node at that full path as bandwidth, from now on and whenever one is entered there later; an empty
+    /// path shows none. Whether there is one now.
     bool SetBandwidth_ValuePath(const QString &path);
 
     /// These belong to this widget.
@@ -39,13 +40,16 @@ public:
 
     /// Disables the step buttons until input is freed again.
     void DisableButtons();
-    /// Locks the input, as for a read-only field, or frees it. The lock ends as well when this widget is enabled anew
-    /// or setReadOnly(false) is called.
+    /// Locks the input, as for a read-only field, or frees it; input is locked, too, without a frequency node. The lock
+    /// ends as well with setEnabled(true) and setReadOnly(false).
     virtual void EnableInput(bool enable);
     bool isReadOnly() const { return ReadOnly; }
+    /// A text that is being typed is committed before.
     void setReadOnly(bool readOnly);
+    /// Hides that of the base class, to commit a text that is being typed before, and to end the lock.
+    void setEnabled(bool enable);
 
-    /// In Hz, most recent first.
+    /// In Hz, most recent first: what the operator set, and what stood there before.
     QVector<double> GetHistory() const { return History.Frequencies(); }
 
     void Update(Observable *subject, TChangeCode code) override;
@@ -70,6 +74,7 @@ private:
     void Build();
     QToolButton *StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)());
     VCMiniFrequency *MiniButton(const QString &name, void (VCFrequency::*action)());
+    void Step(int steps);
     void BeginEntry();
     void OpenHistory();
     void Tune();

@@ -1,5 +1,6 @@
 #include "vclineedit.h"
 
+#include "frequencytext.h"
 #include "frequencyvalidator.h"
 
 #include <QGuiApplication>
@@ -93,6 +94,18 @@ bool VCLineEdit::event(QEvent *event)
         return true;
     }
     return QLineEdit::event(event);
+}
+
+QSize VCLineEdit::sizeHint() const
+{
+    const QSize base = QLineEdit::sizeHint();
+    if (Type != ekFrequency)
+        return base;
+    constexpr int roomOfBase = 17; // the letters that the base class makes room for
+    const QFontMetrics metrics(font());
+    const QString widest = FrequencyText::Write(88888888888.0, 0, locale().decimalPoint()) + QLatin1Char(' ');
+    const int frame = base.width() - metrics.horizontalAdvance(QLatin1Char('x')) * roomOfBase;
+    return {metrics.horizontalAdvance(widest) + std::max(0, frame), base.height()};
 }
 
 void VCLineEdit::endEdit()

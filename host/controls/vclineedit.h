@@ -41,6 +41,8 @@ public:
 
     void Update(Observable *subject, TChangeCode code) override;
     bool event(QEvent *event) override;
+    /// A field of the frequency kind has room for every frequency below 100 GHz.
+    QSize sizeHint() const override;
 
 public Q_SLOTS:
     /// Commits a pending text now, with or without the focus.

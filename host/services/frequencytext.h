@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// Frequencies as texts: one reader and one speller for all fields that show them. What Write() gives, Read() takes back
-/// to the last bit.
+/// Frequencies as texts: one reader and one speller for all fields that show them. What Write() gives, Read() takes
+/// back to the last bit.
 namespace FrequencyText
 {
 

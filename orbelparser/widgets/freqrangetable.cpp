@@ -3,7 +3,6 @@
 #include "numberparsing.h"
 #include "suffixeddouble.h"
 #include "tablekeys.h"
-#include "valuecommentedrangemap.h"
 
 #include <algorithm>
 #include <QAction>

@@ -1,14 +1,12 @@
 #pragma once
 
-#include "commentedrange.h"
 #include "iobserver.h"
+#include "valuecommentedrangemap.h"
 #include "valueobservingptr.h"
 
 #include <QTableWidget>
 
 #include <list>
-
-class ValueCommentedRangeMap;
 
 namespace KV218
 {

@@ -44,7 +44,8 @@ bool OrbelFrequencyEdit::IsMainForm() const
 
 void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
 {
-    frequencyControl = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
+    frequencyControl
+        = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
     frequencyControl->SetBandwidth_ValuePath(GetVTNodePath() + QLatin1String("/Bandwidth"));
     frequencyControl->GetTuneButton()->hide();
@@ -89,6 +90,7 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
     lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
     lineEdit->SetValueBase(valueNode.get());
     lineEdit->setToolTip(GetTranslated(prop::LabelText));
+    lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
     layout->addGroup();
@@ -142,7 +144,8 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
 {
     OrbelDelegate::PropertyChanged(name, value);
     const QPointer<OrbelFrequencyEdit> self(this);
-    // Meant: limits reach the node as they are, though they are scaled when it is made.
+    // Meant: limits reach the node as they are, though they are scaled when it is made; and a value that they move is
+    // the node's alone, not the property's.
     if (name == prop::Value && valueNode)
         valueNode->SetStringValue(value.toString(), this);
     else if (name == prop::Minimum && valueNode)
@@ -170,6 +173,7 @@ void OrbelFrequencyEdit::ShowLock(bool locked)
     lockButton->setChecked(locked);
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
+    lockButton->setAccessibleName(lockButton->toolTip());
     lockButton->setIcon(LockIcon(locked));
 }
 

@@ -20,7 +20,7 @@ class OrbelFrequencyEdit : public OrbelDelegate
     Q_OBJECT
 
 public:
-    explicit OrbelFrequencyEdit(OrbelWidget *widget) : OrbelDelegate(widget) {}
+    explicit OrbelFrequencyEdit(OrbelWidget *widget) : OrbelDelegate(widget) { }
 
     void CreateValueTree() override;
     void CreateGUI(FloatGroupLayout *layout) override;
@@ -31,7 +31,8 @@ public:
     void Update(Observable *source, TChangeCode code) override;
 
 Q_SIGNALS:
-    /// The operator clicked the lock button; `checked` is the state that is wanted.
+    /// The operator clicked the lock button; `checked` is the state that is wanted. A handler that ends the form does
+    /// so later: Qt's button goes on using itself.
     void si_lockButtonToggled(bool checked);
     void editingFinished();
     /// For scripts; never emitted here.
@@ -52,7 +53,7 @@ public Q_SLOTS:
     void setUseUniformHeights(bool flag) { ChangeProperty(prop::UniformHeights, flag); }
     void setDisplayOutOfRangeValues(bool flag) { ChangeProperty(prop::DisplayOutOfRangeValues, flag); }
     /// Does nothing.
-    void autosetUnitScale() {}
+    void autosetUnitScale() { }
     void setFocus() override;
     void forceFinishEditing() override;
 

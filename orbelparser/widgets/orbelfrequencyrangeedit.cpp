@@ -8,6 +8,7 @@
 #include <QXmlStreamWriter>
 
 #include <cmath>
+#include <limits>
 
 namespace KV218
 {
@@ -50,6 +51,7 @@ void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
     startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), tr("Start Frequency"));
     stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), tr("Stop Frequency"));
     layout->addGroup();
+    // Meant: passing through a field marks the form as modified, even when nothing was typed.
     for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
         connect(edit, &QLineEdit::editingFinished, this, [this] { SlotTextEdited(); });
         connect(edit, &VCLineEdit::signalTextFinallyChanged, this, [this] { SlotTextEdited(); });
@@ -63,6 +65,7 @@ VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
     auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
     edit->SetValueBase(node);
     edit->setToolTip(toolTip);
+    edit->setAccessibleName(toolTip);
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -72,7 +75,7 @@ void OrbelFrequencyRangeEdit::GetXml(QXmlStreamWriter &writer) const
 {
     if (!GenerateXml)
         return;
-    // Meant: no unit, whatever the property says.
+    // Meant: no unit, whatever the property says, and without a tag an element without a name.
     writer.writeTextElement(property(prop::StartFrequencyParameterXmlTag.data()).toString(),
         property(prop::StartFrequency.data()).toString());
     writer.writeTextElement(property(prop::StopFrequencyParameterXmlTag.data()).toString(),
@@ -94,7 +97,7 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
     return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
 }
 
-void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) {}
+void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
 
 void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFrequency)
 {
@@ -172,10 +175,10 @@ void OrbelFrequencyRangeEdit::Repair(bool startMoved)
     const bool collide = start >= stop;
     bool changed = false;
     if (collide && startMoved) {
-        stop = start + 1;
+        stop = start < std::numeric_limits<qint64>::max() ? start + 1 : start;
         changed = ChangeProperty(prop::StopFrequency, stop);
     } else if (collide) {
-        start = stop - 1;
+        start = stop > std::numeric_limits<qint64>::min() ? stop - 1 : stop;
         changed = ChangeProperty(prop::StartFrequency, start);
     }
     if (!self)

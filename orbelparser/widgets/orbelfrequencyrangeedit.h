@@ -58,8 +58,8 @@ public Q_SLOTS:
     void setUnitHidden(bool flag) { ChangeProperty(prop::UnitHidden, flag); }
     /// These three do nothing: there are no valid bands.
     void addValidBand(QString a_name, qint64 a_lowBound, qint64 a_highBound);
-    void clearValidBands() {}
-    void autosetUnitScale() {}
+    void clearValidBands() { }
+    void autosetUnitScale() { }
     /// Sets both bounds as they are, start first; in Hz.
     void setRange(qint64 a_startFrequency, qint64 a_stopFrequency);
     void setFocus() override;

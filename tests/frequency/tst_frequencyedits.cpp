@@ -80,6 +80,7 @@ private Q_SLOTS:
             f->autosetUnitScale();
             QCOMPARE(live.log.Take(), QString());
             QCOMPARE(node->GetValue(), 8000.0);
+            QCOMPARE(f->property("value").toInt(), 7000);
             live.form->SetXmlString("<Parameters><" + tag + ">abc</" + tag + "></Parameters>");
             QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
             QCOMPARE(f->property("value").toString(), QString("abc"));
@@ -136,8 +137,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("freed");
-        QTest::newRow("read-only") << "readOnly=Bool:true" << "readOnly";
-        QTest::newRow("disabled") << "enabled=Bool:false" << "enabled";
+        QTest::newRow("read-only") << "readOnly=Bool:true"
+                                   << "readOnly";
+        QTest::newRow("disabled") << "enabled=Bool:false"
+                                  << "enabled";
     }
     void lockedFromTheStart()
     {
@@ -164,6 +167,8 @@ private Q_SLOTS:
         QTest::newRow("stop onto start") << "_2" << 10000.0 << "rangeChanged(9999, 10000)";
         QTest::newRow("start within") << "_1" << 15000.0 << "rangeChanged(15000, 20000)";
         QTest::newRow("start at the top") << "_1" << 1e12 << "rangeChanged(26499999999, 26500000000)";
+        QTest::newRow("start beyond all integers")
+            << "_1" << 1e30 << "rangeChanged(9223372036854775807, 9223372036854775807)";
         QTest::newRow("stop at the bottom") << "_2" << 0.0 << "rangeChanged(8000, 8001)";
     }
     void theRangeRepairsItself()
@@ -171,7 +176,7 @@ private Q_SLOTS:
         QFETCH(QString, moved);
         QFETCH(double, to);
         QFETCH(QString, seen);
-        LiveForm live(Range());
+        LiveForm live(Range(to > 1e20 ? QStringList{"maximum=String:1e308"} : QStringList()));
         auto *r = live.Get<OrbelFrequencyRangeEdit>("r");
         live.log.Watch("r", r);
         auto *node = dynamic_cast<ValueDouble *>(Tree::Instance()->GetNode("/Form/r" + moved));
@@ -202,6 +207,15 @@ private Q_SLOTS:
         QVERIFY(!live.log.Seen().contains("rangeChanged"));
         QCOMPARE(live.Find("r_StartFrequency")->toolTip(), QString("Start Frequency"));
         QCOMPARE(live.Find("r_StopFrequency")->property("startFrequencyParameterXmlTag"), QVariant("Begin"));
+    }
+
+    void passingThroughMarksTheRange()
+    {
+        LiveForm live(Range());
+        live.Find("r_StartFrequency")->setFocus();
+        QTRY_VERIFY(live.Find("r_StartFrequency")->hasFocus());
+        live.Find("r_StopFrequency")->setFocus();
+        QVERIFY(live.Get("r")->isModified());
     }
 
     void nodesAndFormsEndInAnyOrder()

@@ -8,10 +8,11 @@
 #include "vcfrequency.h"
 #include "vcminifrequency.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QMenu>
-#include <QVBoxLayout>
 #include <QtTest>
+#include <QVBoxLayout>
 
 namespace
 {
@@ -38,6 +39,7 @@ struct Window : QWidget {
         control->SetFrequency_ValuePath("/F/frequency");
         control->SetBandwidth_ValuePath("/F/Bandwidth");
         field = control->findChild<FrequencyField *>();
+        resize(700, 100);
         show();
         activateWindow();
         if (!QTest::qWaitForWindowActive(this))
@@ -110,6 +112,7 @@ private Q_SLOTS:
         QTest::newRow("wrong text stays and is not taken") << "7.0.5\n" << 145.5e6 << "7.0.5";
         QTest::newRow("nothing typed") << "7<\n" << 145.5e6 << "";
         QTest::newRow("edited in place") << "+<<<<<k\n" << 145500.0 << "145.500 kHz";
+        QTest::newRow("letters begin nothing") << "x M" << 145.5e6 << "145.500 000 MHz";
         QTest::newRow("tuning waits for the typed text") << "7U" << 145.5e6 << "7";
     }
     void keys()
@@ -141,9 +144,12 @@ private Q_SLOTS:
         QCOMPARE(window.node->GetValue(), 146.5e6);
         window.Wheel(window.Digit(4), -2);
         QCOMPARE(window.node->GetValue(), 146.3e6);
+        window.Operate("]");
+        window.Wheel({5, 10}, 1);
+        QCOMPARE(window.node->GetValue(), 146300001.0);
         window.other->setFocus();
         window.Wheel(window.Digit(2), 1);
-        QCOMPARE(window.node->GetValue(), 146.3e6);
+        QCOMPARE(window.node->GetValue(), 146300001.0);
     }
 
     void aClickMarksItsDigitAndTheButtonsStepIt()
@@ -153,26 +159,30 @@ private Q_SLOTS:
         QTest::mouseClick(window.field, Qt::LeftButton, {}, window.Digit(1));
         QCOMPARE(window.field->selectionStart(), 1);
         QTest::mouseClick(window.control->findChild<QWidget *>("decrement"), Qt::LeftButton);
-        QCOMPARE(window.node->GetValue(), 135.5e6);
+        QTRY_COMPARE(window.node->GetValue(), 135.5e6);
+        window.other->setFocus();
         QTest::mouseClick(window.control->findChild<QWidget *>("increment"), Qt::LeftButton);
-        QCOMPARE(window.node->GetValue(), 145.5e6);
+        QTRY_COMPARE(window.node->GetValue(), 145.5e6);
+        QVERIFY(window.field->hasFocus());
     }
 
     void theHistoryHasWhatTheOperatorSet()
     {
         Window window;
-        window.Operate("7M\nUUU");
+        window.Operate("7M\nUUU8M\n");
+        QCOMPARE(window.control->GetHistory(), QVector<double>({8e6, 7003000, 7e6, 145.5e6}));
         window.node->SetValue(50e6, nullptr);
-        window.Operate("8M\n7M\n");
+        window.Operate("7M\n");
+        QCOMPARE(window.control->GetHistory(), QVector<double>({7e6, 50e6, 8e6, 7003000, 145.5e6}));
         for (int i = 1; i < 20; ++i)
             window.control->slotAddToHistory(i);
         QCOMPARE(window.control->GetHistory().size(), 12);
         window.control->slotAddToHistory(15);
         QCOMPARE(window.control->GetHistory().mid(0, 3), QVector<double>({15, 19, 18}));
-        window.control->slotSetFrequencyValue(7e6);
+        window.control->slotSetFrequencyValue(9e6);
         window.Operate("U");
         window.other->setFocus();
-        QCOMPARE(window.control->GetHistory().mid(0, 3), QVector<double>({7001000, 7e6, 15}));
+        QCOMPARE(window.control->GetHistory().mid(0, 3), QVector<double>({9001000, 9e6, 7e6}));
 
         window.field->setFocus();
         QTest::keyClick(window.field, Qt::Key_F4);
@@ -180,7 +190,29 @@ private Q_SLOTS:
         QTRY_VERIFY(menu && menu->isVisible());
         QTest::keyClick(menu, Qt::Key_Down);
         QTest::keyClick(menu, Qt::Key_Return);
-        QTRY_COMPARE(window.node->GetValue(), 7e6);
+        QTRY_COMPARE(window.node->GetValue(), 9e6);
+    }
+
+    void pastingReplacesTheWholeText()
+    {
+        Window window;
+        QApplication::clipboard()->setText("433,92 M");
+        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {});
+        QApplication::sendEvent(window.field, &menu);
+        QVERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+        window.field->paste();
+        window.Operate("\n");
+        QCOMPARE(window.node->GetValue(), 433.92e6);
+    }
+
+    void itEndsWhileItIsTunedOrTyped()
+    {
+        for (const char *keys : {"U", "7M", "x"}) {
+            Window window;
+            window.Operate(keys);
+            delete window.control;
+        }
     }
 
     void theBandwidthFollowsItsNode()
@@ -197,12 +229,15 @@ private Q_SLOTS:
             Tree::Instance()->RemoveNode("/F/Bandwidth");
             QVERIFY(!label->isVisible());
         }
+        const std::unique_ptr<ValueDouble> node(NewNode("Bandwidth", 12500));
+        QVERIFY(label->isVisible() && !window.control->SetBandwidth_ValuePath("/F/none"));
+        QVERIFY(!label->isVisible());
     }
 
     void lockedInputChangesNothing_data()
     {
         QTest::addColumn<QString>("lock");
-        for (const char *lock : {"EnableInput", "readOnly", "no node"})
+        for (const char *lock : {"EnableInput", "readOnly", "no node", "node lost"})
             QTest::newRow(lock) << lock;
     }
     void lockedInputChangesNothing()
@@ -213,15 +248,18 @@ private Q_SLOTS:
             window.control->EnableInput(false);
         else if (lock == "readOnly")
             window.control->setProperty("readOnly", true);
-        else
+        else if (lock == "no node")
             QVERIFY(!window.control->SetFrequency_ValuePath("/F"));
+        else
+            Tree::Instance()->RemoveNode("/F/frequency");
+        QVERIFY(!window.control->GetHistoryButtonCtrl()->isEnabled());
+        QVERIFY(window.field->palette().color(QPalette::Base) == window.palette().color(QPalette::Window));
         window.Operate("U7M\n");
         window.Wheel(window.Digit(1), 1);
         window.control->slotIncrement();
-        QCOMPARE(window.node->GetValue(), 145.5e6);
-        if (lock == "no node")
+        if (lock.contains("node"))
             return;
-        QVERIFY(!window.control->GetHistoryButtonCtrl()->isEnabled());
+        QCOMPARE(window.node->GetValue(), 145.5e6);
         window.control->setReadOnly(false);
         window.Operate("U");
         QCOMPARE(window.node->GetValue(), 145.501e6);
