@@ -252,7 +252,8 @@ void FrequencyField::focusInEvent(QFocusEvent *event)
     VCLineEdit::focusInEvent(event);
     WheelRemainder = 0;
     // A click chooses its digit in the text that stood there when it was made.
-    if (!IsAtRest() || event->reason() == Qt::MouseFocusReason)
+    // What the field's own menu acts on stays selected.
+    if (!IsAtRest() || event->reason() == Qt::MouseFocusReason || event->reason() == Qt::PopupFocusReason)
         return;
     ChooseDigit(Power);
 }
