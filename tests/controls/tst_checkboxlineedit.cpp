@@ -2,6 +2,7 @@
 
 #include "liveform.h"
 #include "orbellineedit.h"
+#include "rows.h"
 #include "testmain.h"
 
 #include <QtTest>
@@ -30,25 +31,20 @@ private Q_SLOTS:
 
     void boxTexts_data()
     {
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("checked");
-        QTest::addColumn<QString>("written");
+        const auto row = Columns<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
         const QStringList own{"checkedValue=String:on", "uncheckedValue=String:off"};
         const QStringList empty{"checkedValue=String:", "uncheckedValue=String:"};
-        QTest::newRow("another case is unchecked") << QStringList() << "TRUE" << false << "<c>false</c>";
-        QTest::newRow("own text for checked") << own << "on" << true << "<c>on</c>";
-        QTest::newRow("neither of the own texts is unchecked") << own << "1" << false << "<c>off</c>";
-        QTest::newRow("empty own texts count as absent") << empty << "true" << true << "<c>true</c>";
-        QTest::newRow("no unit") << QStringList{"unit=String:s"} << "true" << true << "<c>true</c>";
+        row("another case is unchecked", QStringList(), "TRUE", false, "<c>false</c>");
+        row("own text for checked", own, "on", true, "<c>on</c>");
+        row("neither of the own texts is unchecked", own, "1", false, "<c>off</c>");
+        row("empty own texts count as absent", empty, "true", true, "<c>true</c>");
+        row("no unit", QStringList{"unit=String:s"}, "true", true, "<c>true</c>");
     }
 
     void boxTexts()
     {
-        QFETCH(QStringList, properties);
-        QFETCH(QString, text);
-        QFETCH(bool, checked);
-        QFETCH(QString, written);
+        auto [properties, text, checked, written]
+            = Fetch<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
         LiveForm live(Widget("c", "CheckBox", properties << Written));
         live.log.Watch("c", live.Get("c"));
         for (int pass = 0; pass < 2; ++pass) {
@@ -164,8 +160,7 @@ private Q_SLOTS:
 
     void aHandlerMayEndTheForm_data()
     {
-        QTest::addColumn<QString>("event");
-        QTest::addColumn<QString>("act");
+        Columns<QString, QString>({"event", "act"});
         const auto row
             = [](const char *event, const char *act) { QTest::addRow("%s, %s", event, act) << event << act; };
         for (const char *act : {"node", "document", "click"})

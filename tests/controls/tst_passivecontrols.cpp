@@ -2,6 +2,7 @@
 
 #include "liveform.h"
 #include "orbelpushbutton.h"
+#include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 
@@ -104,12 +105,7 @@ private Q_SLOTS:
 
     void gaps_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<int>("height");
-        const auto row = [](const char *name, const char *className, const QStringList &properties, int height) {
-            QTest::newRow(name) << className << properties << height;
-        };
+        const auto row = Columns<QString, QStringList, int>({"className", "properties", "height"});
         row("gap", "FixedSpacer", {"height=Int:12", "margin=Int:30"}, 12);
         row("negative gap", "FixedSpacer", {"height=Int:-2147483648"}, 0);
         row("gap beyond all pixels", "FixedSpacer", {"height=Int:2147483647"}, QWIDGETSIZE_MAX);
@@ -122,8 +118,7 @@ private Q_SLOTS:
 
     void gaps()
     {
-        QFETCH(QString, className);
-        QFETCH(QStringList, properties);
+        auto [className, properties] = Fetch<QString, QStringList>({"className", "properties"});
         LiveForm live(Widget("w", className, properties << "toolTip=String:tip") + Widget("c", "CheckBox"));
         live.form->EvaluateScript("w.setHeight(90); w.setMargin(90)");
         QTEST(live.Find("w")->maximumHeight(), "height");
@@ -189,7 +184,9 @@ private Q_SLOTS:
     void withoutAWindow()
     {
         const QString body = Widget("l", "Label", {"generateParameterXml=Bool:true"})
-            + Widget("h", "Headline", {"text=String:t"}) + Widget("s", "Separator") + Widget("p", "PushButton");
+            + Widget("h", "Headline", {"text=String:t"}) + Widget("s", "Separator") + Widget("p", "PushButton")
+            + Widget("grid", "TableWidget") + Widget("spacings", "ChannelSpacingTable")
+            + Widget("row", "ScriptControl", {"visibleLoad=Bool:true"});
         const Form unbuilt = Bind(Definition(body));
         LiveForm gone(body, true, "/Gone");
         gone.window.reset();
@@ -197,9 +194,13 @@ private Q_SLOTS:
             form->EvaluateScript("l.setText('a'); h.setGroupVisible(false); s.setVisible(false); p.setText('b');"
                                  "p.animateClick(); p.setFocus(); p.setIconSize(1, 1)");
             QVERIFY(!Delegate(form, "h")->isGroupVisible());
+            form->GetSheet().SetCollapsed({"h"});
             form->CreateGUI(false);
             const std::unique_ptr<QWidget> window(form->GetGUI());
             QVERIFY2(!window->findChild<QGroupBox *>("h")->isChecked(), "collapsed before it was built");
+            window->show();
+            for (const char *name : {"p", "grid", "spacings", "row_LoadButton"})
+                QVERIFY2(!window->findChild<QWidget *>(name)->isVisible(), name);
             QCOMPARE(window->findChild<QPushButton *>("p")->text(), QString("b"));
         }
     }

@@ -1,6 +1,7 @@
 // The frame of a form: apply row, automatic apply, text size menu, root element.
 
 #include "liveform.h"
+#include "rows.h"
 #include "testmain.h"
 
 #include <QLayout>
@@ -74,13 +75,7 @@ private Q_SLOTS:
 
     void announcements_data()
     {
-        QTest::addColumn<bool>("applyUi");
-        QTest::addColumn<bool>("autoApply");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("announced"); // at once, and later
-        const auto row = [](const char *name, bool applyUi, bool autoApply, const char *script, const char *announced) {
-            QTest::newRow(name) << applyUi << autoApply << script << announced;
-        };
+        const auto row = Columns<bool, bool, QString, QString>({"applyUi", "autoApply", "script", "announced"});
         row("burst", true, true, "for (i = 0; i < 9; ++i) setModified(true)", "0, 1");
         row("off", true, false, "setModified(true)", "0, 0");
         row("turned on", true, false, "setAutoApplyEnabled(true); setModified(true)", "0, 1");
@@ -97,9 +92,7 @@ private Q_SLOTS:
 
     void announcements()
     {
-        QFETCH(bool, applyUi);
-        QFETCH(bool, autoApply);
-        QFETCH(QString, script);
+        const auto [applyUi, autoApply, script] = Fetch<bool, bool, QString>({"applyUi", "autoApply", "script"});
         LiveForm live(
             "<Properties>" + Property("autoApplyEnabled", "Bool", autoApply ? "true" : "false") + "</Properties>",
             applyUi);
@@ -153,27 +146,6 @@ private Q_SLOTS:
         QVERIFY(!button->isEnabled());
         live.form->EvaluateScript("sheet.setAutoApplyEnabled(true)");
         QVERIFY(box->isChecked());
-    }
-
-    void rootElement_data()
-    {
-        QTest::addColumn<QString>("body");
-        QTest::addColumn<QString>("root");
-        const QString site = "<CustomProperties>" + Property("Attribute_Site", "String", "ignored")
-            + Property("Attribute_Area", "Int", "1") + Property("attribute_x", "Int", "1") + "</CustomProperties>";
-        const QString named = "<Properties>" + Property("parametersXmlRootTag", "String", "Rx")
-            + Property("parametersXmlTypeAttribute", "String", "Foo") + Property("Attribute_Site", "String", "Hill");
-        QTest::newRow("declared attributes have no value of their own") << site << "<Parameters Area=\"\" Site=\"\"/>";
-        QTest::newRow("no declaration") << named + "</Properties>"
-                                        << "<Rx type=\"Foo\"/>";
-        QTest::newRow("declared inside the list") << named + site + "</Properties>"
-                                                  << "<Rx type=\"Foo\" Area=\"\" Site=\"Hill\"/>";
-    }
-
-    void rootElement()
-    {
-        QFETCH(QString, body);
-        QTEST(Parse(Definition(body))->GetEmptyXmlElement().simplified(), "root");
     }
 
     void textSizes()

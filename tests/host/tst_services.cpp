@@ -3,6 +3,7 @@
 #include "iobserver.h"
 #include "lxexception.h"
 #include "numberparsing.h"
+#include "rows.h"
 #include "suffixeddouble.h"
 #include "testmain.h"
 #include "trace.h"
@@ -76,18 +77,17 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("files");
         QTest::addColumn<QString>("found"); // what it translates to: the file's name without .qm
 
-        QTest::newRow("no") << QStringList() << "text";
-        QTest::newRow("country_before_language") << QStringList({"first/%1_de", "first/%1_de_AT"}) << "first/%1_de_AT";
-        QTest::newRow("language_before_plain") << QStringList({"first/%1", "first/%1_de"}) << "first/%1_de";
-        QTest::newRow("second_directory") << QStringList({"second/%1_de"}) << "second/%1_de";
-        QTest::newRow("first_directory_wins") << QStringList({"first/%1", "second/%1_de"}) << "first/%1";
-        QTest::newRow("beside_the_program") << QStringList({"program/%1"}) << "program/%1";
+        AddRow("no", QStringList(), "text");
+        AddRow("country_before_language", QStringList({"first/%1_de", "first/%1_de_AT"}), "first/%1_de_AT");
+        AddRow("language_before_plain", QStringList({"first/%1", "first/%1_de"}), "first/%1_de");
+        AddRow("second_directory", QStringList({"second/%1_de"}), "second/%1_de");
+        AddRow("first_directory_wins", QStringList({"first/%1", "second/%1_de"}), "first/%1");
+        AddRow("beside_the_program", QStringList({"program/%1"}), "program/%1");
     }
 
     void catalogueIsFound()
     {
-        QFETCH(QStringList, files);
-        QFETCH(QString, found);
+        const auto [files, found] = Fetch<QStringList, QString>({"files", "found"});
         const QString name = QTest::currentDataTag();
         const QString beside = QCoreApplication::applicationDirPath() + "/translations/";
         for (const QString &file : files) {
@@ -128,6 +128,35 @@ private Q_SLOTS:
         QCOMPARE(log.join(' '), QString("+b +a +b -b -b -a"));
     }
 
+    void catalogueThatComesOrGoesMayChangeTheNames()
+    {
+        TranslationCenter &center = TranslationCenter::Instance();
+        struct Receiver : QObject {
+            bool eventFilter(QObject *, QEvent *event) override
+            {
+                if (event->type() == QEvent::LanguageChange && Act)
+                    std::exchange(Act, nullptr)();
+                return false;
+            }
+            std::function<void()> Act;
+        } receiver;
+        qApp->installEventFilter(&receiver);
+        for (const char *name : {"x", "y"})
+            WriteCatalogue(In(qPrintable(QString("first/%1.qm").arg(name))), name, QString("of ") + name);
+        receiver.Act = [&] { center.Register("y"); };
+        center.Register("x");
+        QCOMPARE(Translated("x") + ' ' + Translated("y"), QString("of x of y"));
+        receiver.Act = [&] { center.Unregister("y"); };
+        center.Reload();
+        QCOMPARE(Translated("x") + ' ' + Translated("y"), QString("of x text"));
+        receiver.Act = [&] { center.Register("x"); };
+        center.Unregister("x");
+        QCOMPARE(Translated("x"), QString("of x"));
+        receiver.Act = [&] { center.Unregister("x"); };
+        center.Reload();
+        QCOMPARE(Translated("x"), QString("text"));
+    }
+
     void tracesAndExceptionsGoToTheSink()
     {
         constexpr unsigned int none = std::numeric_limits<unsigned int>::max();
@@ -162,27 +191,21 @@ private Q_SLOTS:
 
     void numbersWithUnit_data()
     {
-        QTest::addColumn<double>("number");
-        QTest::addColumn<int>("base");
-        QTest::addColumn<int>("suffix");
-        QTest::addColumn<QString>("text");
+        const auto row = Columns<double, int, int, QString>({"number", "base", "suffix", "text"});
 
-        QTest::newRow("kilo") << 1500.0 << 1000 << 2 << "1.5 kHz";
-        QTest::newRow("giga, below one") << 1.0 << 1000 << 4 << "0.000000001 GHz";
-        QTest::newRow("exact where a division rounds") << 100000001.1 << 1000 << 3 << "100.0000011 MHz";
-        QTest::newRow("zero") << -0.0 << 1000 << 2 << "0 kHz";
-        QTest::newRow("negative") << -25.5 << 1000 << 2 << "-0.0255 kHz";
-        QTest::newRow("large, without exponent") << 1e24 << 1000 << 4 << "1000000000000000 GHz";
-        QTest::newRow("powers of two") << 1536.0 << 1024 << 2 << "1.5 kHz";
-        QTest::newRow("base that is none") << 1500.0 << 0 << 2 << "1.5 kHz";
+        row("kilo", 1500.0, 1000, 2, "1.5 kHz");
+        row("giga, below one", 1.0, 1000, 4, "0.000000001 GHz");
+        row("exact where a division rounds", 100000001.1, 1000, 3, "100.0000011 MHz");
+        row("zero", -0.0, 1000, 2, "0 kHz");
+        row("negative", -25.5, 1000, 2, "-0.0255 kHz");
+        row("large, without exponent", 1e24, 1000, 4, "1000000000000000 GHz");
+        row("powers of two", 1536.0, 1024, 2, "1.5 kHz");
+        row("base that is none", 1500.0, 0, 2, "1.5 kHz");
     }
 
     void numbersWithUnit()
     {
-        QFETCH(double, number);
-        QFETCH(int, base);
-        QFETCH(int, suffix);
-        QFETCH(QString, text);
+        auto [number, base, suffix, text] = Fetch<double, int, int, QString>({"number", "base", "suffix", "text"});
         SuffixedDouble loose("Hz", base, false), tight("Hz", base, true);
         loose.SetSuffix(SuffixedDouble::ESuffix(suffix));
         tight.SetSuffix(SuffixedDouble::ESuffix(suffix));

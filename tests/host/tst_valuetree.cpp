@@ -1,6 +1,7 @@
 // The value tree: who is told what and when, what nodes keep and refuse, and who outlives whom.
 
 #include "ownednode.h"
+#include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valuecommentedrangemap.h"
@@ -97,15 +98,10 @@ class TestValueTree : public QObject
 private Q_SLOTS:
     void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
+    /// `act` is done by the second of three observers, once. `second` is null where the node is gone by then.
     void observersActDuringANotification_data()
     {
-        QTest::addColumn<Act>("act"); // done by the second of three observers, once
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("second"); // null: the node is gone by then
-
-        const auto row = [](const char *name, const char *first, const char *second, Act act) {
-            QTest::newRow(name) << act << QString(first) << QString(second);
-        };
+        const auto row = Columns<QString, QString, Act>({"first", "second", "act"});
         // clang-format off
         row("takes itself off",             "a3 b3 c3",       "a3 c3",       [](Stage &s) { s.Node->DeleteObserver(&s.B); });
         row("takes an earlier one off",     "a3 b3 c3",       "b3 c3",       [](Stage &s) { s.Node->DeleteObserver(&s.A); });
@@ -164,8 +160,7 @@ private Q_SLOTS:
 
     void pathsAndRefusals_data()
     {
-        QTest::addColumn<QString>("nodePath");
-        QTest::addColumn<QString>("name");
+        Columns<QString, QString>({"nodePath", "name"});
         QTest::addColumn<QString>("path"); // null: refused
 
         // clang-format off
@@ -185,9 +180,7 @@ private Q_SLOTS:
 
     void pathsAndRefusals()
     {
-        QFETCH(QString, nodePath);
-        QFETCH(QString, name);
-        QFETCH(QString, path);
+        const auto [nodePath, name, path] = Fetch<QString, QString, QString>({"nodePath", "name", "path"});
         Tree *tree = Tree::Instance();
         ValueInt taken("taken"), other("other"), node(name);
         QVERIFY(tree->AddNode("/", &taken) && tree->AddNode("", &other));
@@ -224,7 +217,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("type");
         for (const QString &type : Makers.keys())
-            QTest::newRow(qPrintable(type)) << type;
+            AddRow(qPrintable(type), type);
     }
 
     void endIsToldWhileTheNodeIsWhole()
@@ -250,8 +243,7 @@ private Q_SLOTS:
 
     void textsOfValues_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("text");
+        Columns<QString, QString>({"type", "text"});
         QTest::addColumn<QString>("value"); // null: refused
 
         const auto row = [](const char *type, const QString &text, const QString &value) {
@@ -282,9 +274,7 @@ private Q_SLOTS:
 
     void textsOfValues()
     {
-        QFETCH(QString, type);
-        QFETCH(QString, text);
-        QFETCH(QString, value);
+        const auto [type, text, value] = Fetch<QString, QString, QString>({"type", "text", "value"});
         QLocale::setDefault(QLocale(QLocale::German)); // none of it depends on the language
         QStringList log;
         Witness setter(&log, "setter"), other(&log, "other");
@@ -319,15 +309,10 @@ private Q_SLOTS:
         }
     }
 
+    /// `result`: minimum, value, maximum, step.
     void limitsStayInOrderAndHoldTheValue_data()
     {
-        QTest::addColumn<Change>("change");
-        QTest::addColumn<QString>("result"); // minimum, value, maximum, step
-        QTest::addColumn<QString>("told");
-
-        const auto row = [](const char *name, const char *result, const char *told, Change change) {
-            QTest::newRow(name) << change << QString(result) << QString(told);
-        };
+        const auto row = Columns<QString, QString, Change>({"result", "told", "change"});
         // clang-format off
         row("value above the maximum",    "0 10 10 1",       "3",   [](auto &n) { n.SetValue(11, nullptr); });
         row("infinite value",             "0 0 10 1",        "3",   [](auto &n) { n.SetValue(-qInf(), nullptr); });
@@ -550,6 +535,9 @@ private Q_SLOTS:
         announced.SetState(ekStateDeleted, nullptr);
         announced.SetAt(0, Range(1, 2), nullptr);
         QVERIFY(!pointer && second.Told() == "2");
+        pointer.AttachNode(&announced); // as an observer may do who hears of the end
+        other.AttachNode(&announced);
+        QVERIFY(!pointer && !other && !announced.HasObservers());
     }
 
     void pointerKeepsANodeThatTheTreeRefuses()

@@ -4,6 +4,7 @@
 #include "floatgrouparranger.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "rows.h"
 #include "testmain.h"
 
 #include <QGroupBox>
@@ -194,12 +195,7 @@ private Q_SLOTS:
 
     void rectangles_data()
     {
-        QTest::addColumn<int>("width");
-        QTest::addColumn<Items>("items");
-        QTest::addColumn<QString>("arranged");
-        const auto row = [](const char *name, int width, const Items &items, const char *arranged) {
-            QTest::newRow(name) << width << items << QString(arranged);
-        };
+        const auto row = Columns<int, Items, QString>({"width", "items", "arranged"});
         row("labels and controls align", 999, {{Label, 60, 16}, {0, 100, 20}, {Label, 80, 16}, {0, 120, 20}},
             "0,0 80x24, 84,0 120x20, 0,24 80x24, 84,24 120x20, in 203x44");
         row("a label is at most 24 high", 999, {{Label, 9, 16}, {0, 9, 30}, {Label, 9, 16}, {0, 9, 60}, {Row, 9, 1}},
@@ -234,30 +230,24 @@ private Q_SLOTS:
 
     void rectangles()
     {
-        QFETCH(int, width);
-        QFETCH(Items, items);
+        const auto [width, items] = Fetch<int, Items>({"width", "items"});
         QTEST(Arranged(items, width), "arranged");
     }
 
     void columns_data()
     {
-        QTest::addColumn<int>("sections");
-        QTest::addColumn<int>("columnWidth");
-        QTest::addColumn<int>("width");
-        QTest::addColumn<QString>("lefts");
-        QTest::newRow("all fit") << 3 << 300 << 1000 << "0 300 600";
-        QTest::newRow("one that ends on the width is too wide") << 3 << 300 << 900 << "0 0 300";
-        QTest::newRow("one section in any width") << 1 << 300 << 5000 << "0";
-        QTest::newRow("the first column stays, however wide") << 3 << 300 << 0 << "0 0 0";
-        QTest::newRow("the last column stays short") << 5 << 100 << 350 << "0 0 100 100 200";
-        QTest::newRow("the last column stays empty") << 4 << 100 << 350 << "0 0 100 100";
+        const auto row = Columns<int, int, int, QString>({"sections", "columnWidth", "width", "lefts"});
+        row("all fit", 3, 300, 1000, "0 300 600");
+        row("one that ends on the width is too wide", 3, 300, 900, "0 0 300");
+        row("one section in any width", 1, 300, 5000, "0");
+        row("the first column stays, however wide", 3, 300, 0, "0 0 0");
+        row("the last column stays short", 5, 100, 350, "0 0 100 100 200");
+        row("the last column stays empty", 4, 100, 350, "0 0 100 100");
     }
 
     void columns()
     {
-        QFETCH(int, sections);
-        QFETCH(int, columnWidth);
-        QFETCH(int, width);
+        const auto [sections, columnWidth, width] = Fetch<int, int, int>({"sections", "columnWidth", "width"});
         Items items;
         for (int i = 0; i < sections; ++i)
             items << Item{Line, 1, 2} << Item{Row, columnWidth - 12, 20};

@@ -1,7 +1,8 @@
 // Where each reader of a form definition stops, and what it keeps of what it met.
 
-#include "forms.h"
 #include "formlimits.h"
+#include "forms.h"
+#include "rows.h"
 #include "testmain.h"
 #include "translationcenter.h"
 
@@ -23,24 +24,24 @@ private Q_SLOTS:
         QTest::addColumn<QString>("document");
         QTest::addColumn<QString>("version"); // null: no form
 
-        QTest::newRow("plain") << "<ZkParamGui version='7'/>" << "7";
-        QTest::newRow("no version") << "<ZkParamGui/>" << "";
-        QTest::newRow("below another root") << "<x><ZkParamGui version='7'/></x>" << "7";
-        QTest::newRow("three levels down") << "<x><y><z><ZkParamGui version='7'/></z></y></x>" << "7";
-        QTest::newRow("behind a first child that is closed") << "<x><y/><ZkParamGui version='7'/></x>" << QString();
-        QTest::newRow("the last of two counts") << "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>" << "2";
-        QTest::newRow("namespace is not looked at") << "<a:ZkParamGui xmlns:a='u' version='7'/>" << "7";
-        QTest::newRow("case counts") << "<zkparamgui version='7'/>" << QString();
-        QTest::newRow("empty text") << "" << QString();
-        QTest::newRow("no XML") << "hello" << QString();
-        QTest::newRow("malformed behind the root's start") << "<ZkParamGui version='7'><" << "7";
+        AddRow("plain", "<ZkParamGui version='7'/>", "7");
+        AddRow("no version", "<ZkParamGui/>", "");
+        AddRow("below another root", "<x><ZkParamGui version='7'/></x>", "7");
+        AddRow("three levels down", "<x><y><z><ZkParamGui version='7'/></z></y></x>", "7");
+        AddRow("behind a first child that is closed", "<x><y/><ZkParamGui version='7'/></x>", QString());
+        AddRow("the last of two counts", "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>", "2");
+        AddRow("namespace is not looked at", "<a:ZkParamGui xmlns:a='u' version='7'/>", "7");
+        AddRow("case counts", "<zkparamgui version='7'/>", QString());
+        AddRow("empty text", "", QString());
+        AddRow("no XML", "hello", QString());
+        AddRow("malformed behind the root's start", "<ZkParamGui version='7'><", "7");
     }
 
     void rootIsFoundAlongTheFirstElements()
     {
-        QFETCH(QString, document);
-        QFETCH(QString, version);
-        for (const Form &form : {Form(OrbelParser().ParseORBEL(document)), Form(OrbelParser().ParseORBEL(document.toUtf8()))}) {
+        const auto [document, version] = Fetch<QString, QString>({"document", "version"});
+        for (const Form &form :
+            {Form(OrbelParser().ParseORBEL(document)), Form(OrbelParser().ParseORBEL(document.toUtf8()))}) {
             QCOMPARE(!form, version.isNull());
             if (form)
                 QCOMPARE(form->GetVersion(), version);
@@ -50,63 +51,44 @@ private Q_SLOTS:
     void filesAreDecodedAsTheyDeclare()
     {
         QTemporaryDir directory;
-        QVERIFY(!OrbelParser().ParseORBELFile(directory.filePath("missing.orbel")));
-
-        QFile empty(directory.filePath("empty.orbel"));
-        QVERIFY(empty.open(QIODevice::WriteOnly));
-        empty.close();
-        QVERIFY(!OrbelParser().ParseORBELFile(empty.fileName()));
-
-        QFile latin(directory.filePath("latin.orbel"));
-        QVERIFY(latin.open(QIODevice::WriteOnly));
-        latin.write("<?xml version='1.0' encoding='ISO-8859-1'?><ZkParamGui version='\xe4'/>");
-        latin.close();
-        const Form form(OrbelParser().ParseORBELFile(latin.fileName()));
-        QVERIFY(form);
+        const auto parsed = [&](const QByteArray &content) {
+            QFile file(directory.filePath("form.orbel"));
+            return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush()
+                ? Form(OrbelParser().ParseORBELFile(file.fileName()))
+                : Form();
+        };
+        QVERIFY(!OrbelParser().ParseORBELFile(directory.filePath("missing.orbel")) && !parsed(""));
+        const Form form = parsed("<?xml version='1.0' encoding='ISO-8859-1'?><ZkParamGui version='\xe4'/>");
+        QVERIFY(form && form->GetName().isEmpty());
         QCOMPARE(form->GetVersion(), QString(QChar(0xe4)));
-        QCOMPARE(form->GetName(), QString());
     }
 
     void sheetEndsWhereItsListsEnd_data()
     {
-        QTest::addColumn<QString>("sheet");
-        QTest::addColumn<QString>("names");
-        QTest::addColumn<bool>("scriptIsRead");
+        Columns<QString, QString, bool>({"sheet", "names", "scriptIsRead"});
 
-        const QString a = Widget("a", "Label", {"x=Int:1"});
+        const QString x = "<Property name='x'><Int>1</Int></Property>", empty = "<Property name='c'/>";
+        const QString custom = "<CustomProperties><Property name='c'><Int>2</Int></Property></CustomProperties>";
         const QString b = Widget("b", "Label");
-        QTest::newRow("two widgets") << a + b << "a b" << true;
-        QTest::newRow("unknown child of the sheet is skipped") << a + "<Other><Widget name='no'/></Other>" + b << "a b" << true;
-        QTest::newRow("a wrapper inside a widget ends the sheet behind it")
-            << "<Widget name='a' class='Label'><Properties><Property name='x'><Int>1</Int></Property></Properties></Widget>" + b
-            << "a" << false;
-        QTest::newRow("an empty property ends the sheet behind its widget")
-            << "<Widget name='a' class='Label'><Property name='x'><Int>1</Int></Property><Property name='y'/></Widget>" + b
-            << "a" << false;
-        QTest::newRow("an unknown element inside a widget ends the sheet behind it")
-            << "<Widget name='a' class='Label'><Property name='x'><Int>1</Int></Property><Other/></Widget>" + b << "a" << false;
-        QTest::newRow("custom properties inside a widget end nothing")
-            << "<Widget name='a' class='Label'><Property name='x'><Int>1</Int></Property><CustomProperties><Property "
-               "name='c'><Int>2</Int></Property></CustomProperties></Widget>"
-                + b
-            << "a b" << true;
-        QTest::newRow("an empty property among custom ones ends that list and then the widget's")
-            << "<Widget name='a' class='Label'><Property name='x'><Int>1</Int></Property><CustomProperties><Property "
-               "name='c'/></CustomProperties></Widget>"
-                + b
-            << "a" << false;
-        QTest::newRow("what stands behind the value is skipped")
-            << "<Widget name='a' class='Label'><Property name='x'><Int>1</Int><Int>2</Int><More><x/></More></Property></Widget>" + b
-            << "a b" << true;
-        QTest::newRow("an element inside a value stops everything")
-            << "<Widget name='a' class='Label'><Property name='x'><Int>1<i/></Int></Property></Widget>" + b << "a" << false;
+        const auto row = [&](const char *name, const QString &inside, bool goesOn) {
+            AddRow(name, "<Widget name='a' class='Label'>" + QString(inside + "</Widget>").remove("%</Widget>") + b,
+                (goesOn ? "a b" : "a"), goesOn);
+        };
+        row("an unknown child of the sheet is skipped", x + "</Widget><Other><Widget name='no'/></Other>%", true);
+        row("a wrapper ends the sheet behind its widget", "<Properties>" + x + "</Properties>", false);
+        row("an empty property ends the sheet behind its widget", x + empty, false);
+        row("an unknown element ends the sheet behind its widget", x + "<Other/>", false);
+        row("custom properties end nothing", x + custom, true);
+        row("an empty custom property ends that list and then the widget's",
+            x + "<CustomProperties>" + empty + "</CustomProperties>", false);
+        row("what stands behind the value is skipped",
+            "<Property name='x'><Int>1</Int><Int>2</Int><More><x/></More></Property>", true);
+        row("an element inside a value stops everything", "<Property name='x'><Int>1<i/></Int></Property>", false);
     }
 
     void sheetEndsWhereItsListsEnd()
     {
-        QFETCH(QString, sheet);
-        QFETCH(QString, names);
-        QFETCH(bool, scriptIsRead);
+        const auto [sheet, names, scriptIsRead] = Fetch<QString, QString, bool>({"sheet", "names", "scriptIsRead"});
         const Form form = Parse(Definition(sheet, "<Script>1</Script>"));
         QCOMPARE(Names(form), names);
         QCOMPARE(Delegate(form, "a")->property("x"), QVariant(QString("1")));
@@ -115,18 +97,16 @@ private Q_SLOTS:
 
     void aBrokenListOfTheSheetEndsTheSheet_data()
     {
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<bool>("isBroken");
-        QTest::newRow("sound") << "<Properties><Property name='x'><Int>1</Int></Property></Properties>" << false;
-        QTest::newRow("unknown element") << "<Properties><Property name='x'><Int>1</Int></Property><Other/></Properties>" << true;
-        QTest::newRow("empty property") << "<Properties><Property name='x'><Int>1</Int></Property><Property/></Properties>" << true;
-        QTest::newRow("unknown element among custom ones") << "<CustomProperties><Other/></CustomProperties>" << true;
+        const auto row = Columns<QString, bool>({"list", "isBroken"});
+        row("sound", "<Properties><Property name='x'><Int>1</Int></Property></Properties>", false);
+        row("unknown element", "<Properties><Property name='x'><Int>1</Int></Property><Other/></Properties>", true);
+        row("empty property", "<Properties><Property name='x'><Int>1</Int></Property><Property/></Properties>", true);
+        row("unknown element among custom ones", "<CustomProperties><Other/></CustomProperties>", true);
     }
 
     void aBrokenListOfTheSheetEndsTheSheet()
     {
-        QFETCH(QString, list);
-        QFETCH(bool, isBroken);
+        const auto [list, isBroken] = Fetch<QString, bool>({"list", "isBroken"});
         const Form form = Parse(Definition(list + Widget("a", "Label"), "<Script>1</Script>"));
         QCOMPARE(Names(form), isBroken ? QString() : QString("a"));
         QCOMPARE(form->GetScript().GetCode().isEmpty(), isBroken);
@@ -140,21 +120,19 @@ private Q_SLOTS:
                                 "<Value>5</Value><Value>6</Value></EnumValue></Enum></Enums>"
                                 "<Sheet name='sheet'/><Script language='x'>a{{CR}}{{LF}}b</Script></ZkParamGui>");
         const auto values = form->GetEnum("e");
-        QCOMPARE(values->GetValueCount(), 1);
-        QCOMPARE(values->GetValueAt(0).GetDisplayName(), QString(" A "));
-        QCOMPARE(values->GetValueAt(0).GetEnumIdentifier(), QString("I"));
-        QCOMPARE(values->GetValueAt(0).GetValue(), QString("6"));
-        QCOMPARE(form->GetSheet().GetName(), QString("sheet"));
-        QCOMPARE(form->GetScript().GetLanguage(), QString("x"));
-        QCOMPARE(form->GetScript().GetCode(), QString("a\r\nb"));
+        const OrbelEnumValue &value = values->GetValueAt(0);
+        QVERIFY(values->GetValueCount() == 1 && form->GetSheet().GetName() == "sheet");
+        QCOMPARE(value.GetDisplayName() + value.GetEnumIdentifier() + value.GetValue(), QString(" A I6"));
+        QCOMPARE(form->GetScript().GetLanguage() + form->GetScript().GetCode(), QString("xa\r\nb"));
     }
 
     void repeatedElementsAddOrOverwrite()
     {
-        const Form form = Parse("<ZkParamGui><Enums><Enum name='e'><EnumValue><Value>{{LF}}</Value></EnumValue></Enum></Enums>"
-                                "<Sheet name='s1'><Widget class='Label'/></Sheet><Script>1</Script>"
-                                "<Enums><Enum name='e'/><Enum name='f'/></Enums>"
-                                "<Sheet name='s2'><Widget/><Widget class='Label'/></Sheet><Script>2</Script></ZkParamGui>");
+        const Form form
+            = Parse("<ZkParamGui><Enums><Enum name='e'><EnumValue><Value>{{LF}}</Value></EnumValue></Enum></Enums>"
+                    "<Sheet name='s1'><Widget class='Label'/></Sheet><Script>1</Script>"
+                    "<Enums><Enum name='e'/><Enum name='f'/></Enums>"
+                    "<Sheet name='s2'><Widget/><Widget class='Label'/></Sheet><Script>2</Script></ZkParamGui>");
         QCOMPARE(form->GetSheet().GetName(), QString("s2"));
         QCOMPARE(Names(form), QString("Label_0 _1 Label_2"));
         QCOMPARE(form->GetEnum("e")->GetValueCount(), 0);
@@ -164,24 +142,22 @@ private Q_SLOTS:
 
     void valuesAreTypedAsBoolOrText_data()
     {
-        QTest::addColumn<QString>("element");
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("true") << "<Bool>true</Bool>" << QVariant(true);
-        QTest::newRow("capital True is false") << "<Bool>True</Bool>" << QVariant(false);
-        QTest::newRow("1 is false") << "<Bool>1</Bool>" << QVariant(false);
-        QTest::newRow("empty bool") << "<Bool/>" << QVariant(false);
-        QTest::newRow("numbers stay texts") << "<Int>12.5</Int>" << QVariant(QString("12.5"));
-        QTest::newRow("any element name") << "<Whatever>x</Whatever>" << QVariant(QString("x"));
-        QTest::newRow("empty text") << "<String/>" << QVariant(QString(""));
+        const auto row = Columns<QString, QVariant>({"element", "value"});
+        row("true", "<Bool>true</Bool>", QVariant(true));
+        row("capital True is false", "<Bool>True</Bool>", QVariant(false));
+        row("1 is false", "<Bool>1</Bool>", QVariant(false));
+        row("empty bool", "<Bool/>", QVariant(false));
+        row("numbers stay texts", "<Int>12.5</Int>", QVariant(QString("12.5")));
+        row("any element name", "<Whatever>x</Whatever>", QVariant(QString("x")));
+        row("empty text", "<String/>", QVariant(QString("")));
     }
 
     void valuesAreTypedAsBoolOrText()
     {
-        QFETCH(QString, element);
-        QFETCH(QVariant, value);
-        const Form form = Parse(Definition(
-            "<Widget name='a'><Property name='p'>" + element + "</Property><CustomProperties><Property name='c'>" + element
-            + "</Property><Property name='toolTip'>" + element + "</Property></CustomProperties></Widget>"));
+        const auto [element, value] = Fetch<QString, QVariant>({"element", "value"});
+        const Form form = Parse(Definition("<Widget name='a'><Property name='p'>" + element
+            + "</Property><CustomProperties><Property name='c'>" + element + "</Property><Property name='toolTip'>"
+            + element + "</Property></CustomProperties></Widget>"));
         OrbelDelegate *a = Delegate(form, "a");
         QCOMPARE(a->property("p"), value);
         QCOMPARE(a->customProperty("c"), value);
@@ -231,30 +207,27 @@ private Q_SLOTS:
         values.AppendEnumValue("B", "b", "x");
         values.AppendEnumValue("B", "c", "2.5");
         QCOMPARE(values.firstIndexOfName("B"), 1);
-        QCOMPARE(values.firstIndexOfValue("2.5"), 0);
-        QCOMPARE(values.firstIndexOfValue("X"), -1);
-        bool found = true;
-        QCOMPARE(values.FindValue("absent", &found).GetDisplayName(), QString("A"));
-        QVERIFY(!found);
-        QCOMPARE(values.FindValue("x", &found).GetDisplayName(), QString("B"));
-        QVERIFY(found);
+        QVERIFY(values.firstIndexOfValue("2.5") == 0 && values.firstIndexOfValue("X") == -1);
+        bool known = false, unknown = true;
+        QCOMPARE(values.FindValue("x", &known).GetDisplayName() + values.FindValue("absent", &unknown).GetDisplayName(),
+            QString("BA"));
+        QVERIFY(known && !unknown);
         QCOMPARE(values.FindName("absent").GetEnumIdentifier(), QString("a"));
-        QCOMPARE(values.GetValueAt(-1).GetDisplayName(), QString());
-        QCOMPARE(values.GetValueAt(3).GetDisplayName(), QString());
-        QCOMPARE(values.GetValueAt(0).GetDoubleValue(7), 2.5);
-        QCOMPARE(values.GetValueAt(1).GetDoubleValue(7), 7.0);
-        OrbelEnum copy(values);
+        QVERIFY(values.GetValueAt(-1).GetDisplayName().isEmpty() && values.GetValueAt(3).GetDisplayName().isEmpty());
+        QVERIFY(values.GetValueAt(0).GetDoubleValue(7) == 2.5 && values.GetValueAt(1).GetDoubleValue(7) == 7);
+        const OrbelEnum copy(values);
         values.ClearValues();
-        QCOMPARE(values.GetName(), QString("e"));
-        QCOMPARE(copy.GetValueCount(), 3);
+        QVERIFY(values.GetName() == "e" && copy.GetValueCount() == 3);
     }
 
     void scriptSeesControlsAndEnumerationsButNotDisplayNames()
     {
-        const Form form = Bind("<ZkParamGui><Enums><Enum name='Mode'>"
-                               "<EnumValue><DisplayName>Auto</DisplayName><EnumIdentifier>AUTO</EnumIdentifier><Value>1</Value></EnumValue>"
-                               "<EnumValue><EnumIdentifier>AUTO</EnumIdentifier><Value>2</Value></EnumValue></Enum></Enums>"
-                               "<Sheet name='sheet'><Widget class='Label'><Property name='text'><String>t</String></Property></Widget>"
+        const Form form = Bind(
+            "<ZkParamGui><Enums><Enum name='Mode'>"
+            "<EnumValue><DisplayName>Auto</DisplayName><EnumIdentifier>AUTO</EnumIdentifier><Value>1</Value></"
+            "EnumValue>"
+            "<EnumValue><EnumIdentifier>AUTO</EnumIdentifier><Value>2</Value></EnumValue></Enum></Enums>"
+            "<Sheet name='sheet'><Widget class='Label'><Property name='text'><String>t</String></Property></Widget>"
             + Widget("twin", "Label", {"text=String:first"}) + Widget("twin", "Label", {"text=String:second"})
             + "</Sheet><Script>var seen = Label_0.text + typeof Mode.AUTO + Mode.AUTO + Mode.Auto + twin.text;"
               "sheet.setQMBaseName('x'); throw 'oops'; seen = '';</Script></ZkParamGui>");
@@ -281,22 +254,12 @@ private Q_SLOTS:
         QVERIFY(!OrbelParser().ParseORBEL(QString("<x>").repeated(depth)));
         QCOMPARE(Names(Parse(Definition(QString("<x>").repeated(depth)))), QString());
 
-        const Form path = Bind(Definition(Widget("deep", "CheckBox",
-            {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + QString("a/").repeated(100000) + "b"})
+        const Form path = Bind(Definition(
+            Widget("deep", "CheckBox",
+                {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + QString("a/").repeated(100000) + "b"})
             + Widget("b", "CheckBox", {"generateParameterXml=Bool:true"})));
         QCOMPARE(path->GetXmlString(false).count("<b>"), 1);
         path->SetXmlString("<Parameters>" + QString("<a>").repeated(depth));
-    }
-
-    void namesRegisterTranslations()
-    {
-        const auto isRegistered = [](const QString &name) { return TranslationCenter::Instance().GetRegistered().contains(name); };
-        Form form = Parse(Definition(QString()));
-        form->SetName(QString());
-        form->SetName("RxSettings");
-        QVERIFY(isRegistered("RxSettings"));
-        form.reset();
-        QVERIFY(!isRegistered("RxSettings"));
     }
 };
 

@@ -1,15 +1,13 @@
 // The property mechanism of a control, its node paths and limits, and the cells of lists.
 
-#include "forms.h"
 #include "floatgrouplayout.h"
-#include "propertynames.h"
+#include "forms.h"
+#include "rows.h"
 #include "testmain.h"
-#include "tree.h"
-#include "valueselection.h"
 
+#include <limits>
 #include <QSignalSpy>
 #include <QtTest>
-#include <limits>
 
 using namespace KV218;
 using namespace forms;
@@ -21,23 +19,14 @@ namespace
 class Probe : public OrbelDelegate
 {
 public:
-    explicit Probe(QObject *target = nullptr) : OrbelDelegate(nullptr), Target(target) {}
+    explicit Probe(QObject *target = nullptr) : OrbelDelegate(nullptr), Target(target) { }
 
     using OrbelDelegate::AddXmlTag;
-    using OrbelDelegate::ConfigureValueNumeric;
-    using OrbelDelegate::CreateValueNumericFloat;
-    using OrbelDelegate::CreateValueNumericInt;
-    using OrbelDelegate::CreateValueSelection;
-    using OrbelDelegate::CreateValueString;
-    using OrbelDelegate::CreateValueBoolean;
     using OrbelDelegate::formatString;
-    using OrbelDelegate::GetListValue;
     using OrbelDelegate::PropagateProperties;
-    using OrbelDelegate::ResizeList;
     using OrbelDelegate::SetDoubleTooltip;
     using OrbelDelegate::SetInt64Tooltip;
     using OrbelDelegate::SetIntTooltip;
-    using OrbelDelegate::SetListValue;
 
     void PropertyChanged(const QString &name, const QVariant &value) override
     {
@@ -49,22 +38,6 @@ public:
     QObject *Target;
     QStringList Log;
 };
-
-QList<QVariant> Cells(const QString &letters)
-{
-    QList<QVariant> cells;
-    for (QChar letter : letters)
-        cells << (letter == '-' ? QVariant() : QVariant(QString(letter)));
-    return cells;
-}
-
-QString Letters(const QList<QVariant> &cells)
-{
-    QString letters;
-    for (const QVariant &cell : cells)
-        letters += cell.isValid() ? cell.toString() : QString("-");
-    return letters;
-}
 
 } // namespace
 
@@ -147,29 +120,6 @@ private Q_SLOTS:
         QVERIFY(edit.isEnabled());
     }
 
-    void collapsingKeepsVisible()
-    {
-        QWidget window;
-        auto *layout = new FloatGroupLayout(&window);
-        auto *edit = new QLineEdit(&window);
-        Probe probe(edit);
-        probe.setVisible(true);
-        probe.setLabelText("label");
-        probe.CreateGUI(layout);
-        probe.PropagateProperties(edit);
-        auto *label = window.findChild<QLabel *>();
-        QCOMPARE(label->objectName(), QString("label"));
-
-        probe.setGroupVisible(false);
-        probe.setGroupVisible(false);
-        QVERIFY(edit->isHidden() && label->isHidden() && !probe.isGroupVisible());
-        probe.setVisible(false);
-        probe.setVisible(true);
-        QVERIFY(edit->isHidden() && label->isHidden());
-        probe.setGroupVisible(true);
-        QVERIFY(!edit->isHidden() && !label->isHidden());
-    }
-
     void aLabelNeedsAStatedVisible()
     {
         QWidget window;
@@ -208,21 +158,17 @@ private Q_SLOTS:
 
     void nodePaths_data()
     {
-        QTest::addColumn<QString>("form");
-        QTest::addColumn<QString>("tag");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("nodePath");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("plain") << "/Form" << "b" << "/Form/b" << "/Form" << "b";
-        QTest::newRow("closed form path") << "/Form/" << "x/y" << "/Form/x/y" << "/Form/x" << "y";
-        QTest::newRow("empty form path") << "" << "b" << "b" << "" << "";
-        QTest::newRow("only a leading slash") << "/" << "b" << "/b" << "" << "";
+        const auto row
+            = Columns<QString, QString, QString, QString, QString>({"form", "tag", "path", "nodePath", "name"});
+        row("plain", "/Form", "b", "/Form/b", "/Form", "b");
+        row("closed form path", "/Form/", "x/y", "/Form/x/y", "/Form/x", "y");
+        row("empty form path", "", "b", "b", "", "");
+        row("only a leading slash", "/", "b", "/b", "", "");
     }
 
     void nodePaths()
     {
-        QFETCH(QString, form);
-        QFETCH(QString, tag);
+        const auto [form, tag] = Fetch<QString, QString>({"form", "tag"});
         Probe probe;
         probe.SetXmlPath(tag);
         probe.SetVTPath(form);
@@ -231,162 +177,46 @@ private Q_SLOTS:
         QTEST(probe.GetVTName(), "name");
     }
 
-    void makersGiveNodesWithScaledLimits()
-    {
-        Probe probe;
-        probe.SetXmlPath("n");
-        probe.SetVTPath("/Form");
-        probe.setProperty("minimum", "10");
-        probe.setProperty("displayScalingFactor", "1000");
-        probe.setProperty("value", "0.5");
-        const std::unique_ptr<ValueDouble> number(probe.CreateValueNumericFloat("value"));
-        QCOMPARE(number->GetMin(), 0.01);
-        QCOMPARE(number->GetMax(), 1e308);
-        QCOMPARE(number->GetStep(), 0.001);
-        QCOMPARE(number->GetValue(), 0.5);
-        QCOMPARE(number->GetPathName(), QString("/Form/n"));
-        QVERIFY2(!probe.CreateValueNumericFloat("value"), "the path is taken");
-        const std::unique_ptr<ValueInt> indexed(probe.CreateValueNumericInt("value", 2));
-        QCOMPARE(indexed->GetName(), QString("n_2"));
-
-        probe.SetVTPath(QString());
-        QVERIFY(!probe.CreateValueBoolean("checked"));
-        const std::unique_ptr<ValueString> text(probe.CreateValueString("value"));
-        QVERIFY2(text && Tree::Instance()->GetPaths().size() == 2, "a text keeps a node that the tree refused");
-    }
-
-    void selectionsTakeTheirItemsFromRows()
-    {
-        Probe probe;
-        probe.SetXmlPath("s");
-        probe.SetVTPath("/Form");
-        QVERIFY(!probe.CreateValueSelection("current", QExplicitlySharedDataPointer<OrbelEnum>()));
-        const QExplicitlySharedDataPointer<OrbelEnum> values(new OrbelEnum("e"));
-        values->AppendEnumValue("Five", "i", "5");
-        values->AppendEnumValue("Text", "j", "x");
-        probe.setProperty("current", "unknown");
-        std::unique_ptr<ValueSelection> node(probe.CreateValueSelection("current", values));
-        QCOMPARE(node->GetStringValue(), QString("Five"));
-        QCOMPARE(probe.property("current").toString(), QString("5"));
-        QCOMPARE(node->GetItemIndex(0)->GetValue(), 5.0);
-        QCOMPARE(node->GetItemIndex(1)->GetValue(), 1.0);
-        QCOMPARE(node->GetItemNameForKey(2), QString("Text"));
-        node.reset();
-        probe.setProperty("current", "x");
-        node.reset(probe.CreateValueSelection("current", values));
-        QCOMPARE(node->GetStringValue(), QString("Text"));
-    }
-
-    void tooltips_data()
-    {
-        QTest::addColumn<QString>("minimum"); // null: absent
-        QTest::addColumn<QString>("maximum");
-        QTest::addColumn<QString>("intTip");
-        QTest::addColumn<QString>("int64Tip");
-        QTest::addColumn<QString>("doubleTip");
-        const QString none;
-        QTest::newRow("no bounds") << none << none << "<html>Gain" << "<html>Gain" << "<html>Gain";
-        QTest::newRow("lower") << "0" << none << "<html>Gain<br>0..." << "<html>Gain<br>0..." << "<html>Gain<br>0.0...";
-        QTest::newRow("upper") << none << "10" << "<html>Gain<br>...10" << "<html>Gain<br>...10" << "<html>Gain<br>...10.0";
-        QTest::newRow("beyond 32 bits") << "-3000000000" << "3000000000" << "<html>Gain"
-                                        << "<html>Gain<br>-3000000000...3000000000"
-                                        << "<html>Gain<br>-3000000000.0...3000000000.0";
-        QTest::newRow("the type's own bound is none")
-            << "-2147483648" << "9223372036854775807" << "<html>Gain" << "<html>Gain<br>-2147483648..."
-            << "<html>Gain<br>-2147483648.0...9223372036854775808.0";
-        QTest::newRow("no number") << "x" << "1.5" << "<html>Gain" << "<html>Gain" << "<html>Gain<br>...1.5";
-    }
-
     void tooltips()
     {
-        QFETCH(QString, minimum);
-        QFETCH(QString, maximum);
-        QWidget control;
-        Probe probe;
-        probe.setProperty("labelText", "Gain");
-        probe.setProperty("decimals", "1");
-        if (!minimum.isNull())
+        const auto shown = [](const QVariant &minimum, const QVariant &maximum) {
+            QWidget control;
+            Probe probe;
+            probe.setProperty("labelText", "Gain");
+            probe.setProperty("decimals", "1");
             probe.setProperty("minimum", minimum);
-        if (!maximum.isNull())
             probe.setProperty("maximum", maximum);
-        probe.SetIntTooltip(nullptr);
-        probe.SetIntTooltip(&control);
-        QTEST(control.toolTip(), "intTip");
-        probe.SetInt64Tooltip(&control);
-        QTEST(control.toolTip(), "int64Tip");
-        probe.SetDoubleTooltip(&control);
-        QTEST(control.toolTip(), "doubleTip");
+            probe.SetIntTooltip(nullptr);
+            QStringList tips;
+            for (const auto set : {&Probe::SetIntTooltip, &Probe::SetInt64Tooltip, &Probe::SetDoubleTooltip}) {
+                (probe.*set)(&control);
+                tips << control.toolTip().remove("<html>Gain").remove("<br>");
+            }
+            return tips.join(' ');
+        };
+        QCOMPARE(shown({}, {}), QString("  "));
+        QCOMPARE(shown("0", {}), QString("0... 0... 0.0..."));
+        QCOMPARE(shown({}, "10"), QString("...10 ...10 ...10.0"));
+        QCOMPARE(shown("-3000000000", "3000000000"), QString(" -3000000000...3000000000 -3000000000.0...3000000000.0"));
+        // The bound of a type is none.
+        QCOMPARE(shown("-2147483648", "9223372036854775807"),
+            QString(" -2147483648... -2147483648.0...9223372036854775808.0"));
+        QCOMPARE(shown("x", "1.5"), QString("  ...1.5"));
     }
 
-    void decimalsBeyondAllReasonAreHarmless()
+    void numbersAsText()
     {
+        QCOMPARE(Probe::formatString(1.5, 3, "Hz") + Probe::formatString(2, 3, "") + Probe::formatString(-0.25, 4, "s"),
+            QString("1.5Hz2-0.25s"));
+        QVERIFY2(
+            Probe::formatString(100, 2, "") == "100" && Probe::formatString(100, 0, "") == "100", "zeros that count");
+        QCOMPARE(Probe::formatString(1.5, std::numeric_limits<int>::max(), "Hz"), QString("1.5Hz"));
         QWidget control;
         Probe probe;
         probe.setProperty("maximum", "10");
         probe.setProperty("decimals", std::numeric_limits<int>::max());
         probe.SetDoubleTooltip(&control);
         QVERIFY(control.toolTip().size() < 1000);
-        QCOMPARE(Probe::formatString(1.5, std::numeric_limits<int>::max(), "Hz"), QString("1.5Hz"));
-    }
-
-    void numbersAsText_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("decimals");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("trimmed") << 1.5 << 3 << "1.5Hz";
-        QTest::newRow("point goes too") << 2.0 << 3 << "2Hz";
-        QTest::newRow("zeros before the point stay") << 100.0 << 2 << "100Hz";
-        QTest::newRow("no decimals, nothing trimmed") << 100.0 << 0 << "100Hz";
-        QTest::newRow("negative") << -0.25 << 4 << "-0.25Hz";
-    }
-
-    void numbersAsText()
-    {
-        QFETCH(double, value);
-        QFETCH(int, decimals);
-        QTEST(Probe::formatString(value, decimals, "Hz"), "text");
-    }
-
-    void cells_data()
-    {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<int>("rows");
-        QTest::addColumn<int>("columns");
-        QTest::addColumn<int>("oldColumns");
-        QTest::addColumn<bool>("resized");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("wider takes the next row's first") << "abcd" << 2 << 3 << 2 << true << "abccd-";
-        QTest::newRow("same size changes nothing") << "abcdef" << 3 << 2 << 3 << false << "abcdef";
-        QTest::newRow("shorter") << "abcd" << 1 << 2 << 2 << true << "ab";
-        QTest::newRow("negative") << "ab" << -1 << 2 << 2 << false << "ab";
-        QTest::newRow("rows without columns") << "ab" << std::numeric_limits<int>::max() << 0 << 2 << true << "";
-        QTest::newRow("more cells than any form needs")
-            << "ab" << std::numeric_limits<int>::max() << std::numeric_limits<int>::max() << 2 << false << "ab";
-    }
-
-    void cells()
-    {
-        QFETCH(QString, before);
-        QFETCH(int, rows);
-        QFETCH(int, columns);
-        QFETCH(int, oldColumns);
-        QList<QVariant> list = Cells(before);
-        QTEST(Probe::ResizeList(list, rows, columns, oldColumns), "resized");
-        QTEST(Letters(list), "after");
-    }
-
-    void cellAccess()
-    {
-        QList<QVariant> list = Cells("abcd");
-        QCOMPARE(Probe::GetListValue(list, 0, 2, 2).toString(), QString("c"));
-        const int huge = std::numeric_limits<int>::max();
-        for (const QPoint &place : {QPoint(-1, 0), QPoint(0, -1), QPoint(2, 0), QPoint(huge, huge)})
-            QVERIFY(!Probe::GetListValue(list, place.x(), place.y(), huge).isValid());
-        QVERIFY(!Probe::SetListValue(list, "d", 1, 1, 2));
-        QVERIFY(!Probe::SetListValue(list, "x", 2, 0, 2));
-        QVERIFY(Probe::SetListValue(list, "x", 1, 1, 2));
-        QCOMPARE(Letters(list), QString("abcx"));
     }
 
     void tags()
@@ -403,12 +233,6 @@ private Q_SLOTS:
         QVERIFY(!probe.HasSeveralXmlTags());
         probe.SetXmlPath("a/b/Freq");
         QVERIFY2(probe.HasSeveralXmlTags(), "a second parse adds the name again");
-    }
-
-    void applyModeIsOnlyStored()
-    {
-        const Form form = Bind(Definition(Widget("a", "Label"), "<Script>a.setApplyMode(2); var done = true;</Script>"));
-        QVERIFY2(form->GetScriptValues().value("done").toBool(), "a script can pass the mode");
     }
 };
 

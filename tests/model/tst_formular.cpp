@@ -1,18 +1,19 @@
 // A whole form: its way through parse, nodes, script and controls; values exchanged with the application; groups, input
 // switches and configuration.
 
-#include "forms.h"
 #include "errorhandler.h"
+#include "forms.h"
 #include "orbelsheetui.h"
+#include "rows.h"
 #include "selectionitem.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valueselection.h"
 
+#include <functional>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QtTest>
-#include <functional>
 
 using namespace KV218;
 using namespace forms;
@@ -31,16 +32,17 @@ public:
     QStringList Log;
 };
 
-const char *const Groups = "<Widget name='free' class='CheckBox'/>"
-                           "<Widget name='h1' class='Headline'><Property name='text'><String>One</String></Property></Widget>"
-                           "%1<Widget name='gap' class='Separator'/>%2"
-                           "<Widget name='h2' class='Headline'><Property name='text'><String>Two</String></Property></Widget>%3";
+const char *const Groups
+    = "<Widget name='free' class='CheckBox'/>"
+      "<Widget name='h1' class='Headline'><Property name='text'><String>One</String></Property></Widget>"
+      "%1<Widget name='gap' class='Separator'/>%2"
+      "<Widget name='h2' class='Headline'><Property name='text'><String>Two</String></Property></Widget>%3";
 
 Form GroupForm()
 {
     const QStringList shown{"labelText=String:l", "visible=Bool:true", "enabled=Bool:true"};
-    return Bind(Definition(
-        QString(Groups).arg(Widget("a", "CheckBox", shown), Widget("b", "LineEdit", shown), Widget("c", "CheckBox", shown))));
+    return Bind(Definition(QString(Groups).arg(
+        Widget("a", "CheckBox", shown), Widget("b", "LineEdit", shown), Widget("c", "CheckBox", shown))));
 }
 
 /// Names of the shown children of the form's content, labels included.
@@ -72,8 +74,9 @@ private Q_SLOTS:
 
     void scriptRunsBetweenNodesAndControls()
     {
-        const Form form = Parse(Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/a"}),
-            "<Script>a.setChecked(true); a.setModified(true); a.setLabelText('late');</Script>"));
+        const Form form = Parse(
+            Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/a"}),
+                "<Script>a.setChecked(true); a.setModified(true); a.setLabelText('late');</Script>"));
         form->CreateValueTree("/Form");
         QCOMPARE(form->GetVTPath(), QString("/Form"));
         QCOMPARE(form->GetVTValue("g/a")->GetStringValue(), QString("true"));
@@ -103,26 +106,20 @@ private Q_SLOTS:
         const Form form = Bind(Definition(Widget("first", "CheckBox", {"parameterXmlTag=String:g/x"})
             + Widget("second", "CheckBox", {"parameterXmlTag=String:h/x"}) + Widget("third", "CheckBox")));
         const OrbelSheet &sheet = form->GetSheet();
-        const auto nameOf = [&](const QString &path) {
-            const auto widget = sheet.GetWidget(path);
-            return widget ? widget->GetName() : QString("-");
+        const auto found = [&](const QStringList &paths) {
+            QStringList names;
+            for (const QString &path : paths)
+                names << (sheet.GetWidget(path) ? sheet.GetWidget(path)->GetName() : QString("-"));
+            return names.join(' ');
         };
-        QCOMPARE(nameOf("g/x"), QString("first"));
-        QCOMPARE(nameOf("/h//x/"), QString("second"));
-        QCOMPARE(nameOf("x"), QString("first"));
-        QCOMPARE(nameOf("g"), QString("-"));
-        QCOMPARE(nameOf("n/x"), QString("-"));
-        QCOMPARE(nameOf("first"), QString("-"));
-        QCOMPARE(nameOf("third"), QString("third"));
-        QCOMPARE(sheet.IndexOfWidget("third"), 2);
-        QCOMPARE(sheet.IndexOfWidget("none"), -1);
-        QVERIFY(!sheet.FindWidget("third"));
+        QCOMPARE(
+            found({"g/x", "/h//x/", "x", "g", "n/x", "first", "third"}), QString("first second first - - - third"));
+        QCOMPARE(sheet.IndexOfWidget("third") * 10 + sheet.IndexOfWidget("none"), 19);
+        QVERIFY(!sheet.FindWidget("third") && sheet.FindWidgetsOfClass("CheckBox").size() == 3);
         QCOMPARE(sheet.FindWidget("CheckBox")->GetName(), QString("first"));
-        QCOMPARE(sheet.FindWidgetsOfClass("CheckBox").size(), 3);
         form->SetChangedORBEL(Definition(Widget("third", "", {"parameterXmlTag=String:x"})));
         form->SetChangedORBEL(Definition(Widget("first", "", {"parameterXmlTag=String:moved"})));
-        QCOMPARE(nameOf("x"), QString("second"));
-        QCOMPARE(nameOf("moved"), QString("first"));
+        QCOMPARE(found({"x", "moved"}), QString("second first"));
     }
 
     void hostsInsertTheirOwnControls()
@@ -147,21 +144,18 @@ private Q_SLOTS:
 
     void aSelectionOfControlsIsBuilt_data()
     {
-        QTest::addColumn<QStringList>("names");
-        QTest::addColumn<bool>("exclude");
-        QTest::addColumn<QString>("built");
-        QTest::newRow("listed by name and by tag") << QStringList{"a", "tag"} << false << "a b";
-        QTest::newRow("listed are left out") << QStringList{"a", "tag"} << true << "c";
-        QTest::newRow("none listed") << QStringList() << false << "";
-        QTest::newRow("none left out") << QStringList() << true << "a b c";
+        const auto row = Columns<QStringList, bool, QString>({"names", "exclude", "built"});
+        row("listed by name and by tag", QStringList{"a", "tag"}, false, "a b");
+        row("listed are left out", QStringList{"a", "tag"}, true, "c");
+        row("none listed", QStringList(), false, "");
+        row("none left out", QStringList(), true, "a b c");
     }
 
     void aSelectionOfControlsIsBuilt()
     {
-        QFETCH(QStringList, names);
-        QFETCH(bool, exclude);
-        const Form form = Bind(Definition(Widget("a", "CheckBox") + Widget("b", "CheckBox", {"parameterXmlTag=String:x/tag"})
-            + Widget("c", "CheckBox")));
+        const auto [names, exclude] = Fetch<QStringList, bool>({"names", "exclude"});
+        const Form form = Bind(Definition(Widget("a", "CheckBox")
+            + Widget("b", "CheckBox", {"parameterXmlTag=String:x/tag"}) + Widget("c", "CheckBox")));
         form->CreateGUI(true, names, exclude);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QTEST(Shown(form, {"a", "b", "c"}), "built");
@@ -258,11 +252,14 @@ private Q_SLOTS:
     void inputSwitches()
     {
         const Form form = GroupForm();
+        OrbelSheet &sheet = form->GetSheet();
+        sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         const QWidget *a = window->findChild<QWidget *>("a");
         const QWidget *applyRow = window->findChild<QWidget *>("applyButtonBox");
-        OrbelSheet &sheet = form->GetSheet();
+        QVERIFY2(!a->isEnabled(), "turned off before the controls were there");
+        sheet.EnableInput(true, OrbelSheet::EnableScopeSheet);
         form->EnableInput(false);
         QVERIFY(!a->isEnabled() && !applyRow->isEnabled() && window->findChild<QWidget *>("h1")->isEnabled());
         sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
@@ -297,11 +294,12 @@ private Q_SLOTS:
 
     void itemsComeFromTheApplication()
     {
-        const Form form = Bind("<ZkParamGui><Enums><Enum name='e'><EnumValue><DisplayName>Own</DisplayName><Value>1</Value>"
-                               "</EnumValue></Enum></Enums><Sheet name='sheet'>"
-            + Widget("c", "ComboBox", {"enumName=String:e"}) + "</Sheet></ZkParamGui>");
+        const Form form
+            = Bind("<ZkParamGui><Enums><Enum name='e'><EnumValue><DisplayName>Own</DisplayName><Value>1</Value>"
+                   "</EnumValue></Enum></Enums><Sheet name='sheet'>"
+                + Widget("c", "ComboBox", {"enumName=String:e"}) + "</Sheet></ZkParamGui>");
         auto *node = dynamic_cast<ValueSelection *>(form->GetVTValue("c"));
-        ValueSelection items("c", ekStateUsable);
+        ValueSelection items("c");
         form->InitVTValue("c", &items);
         QCOMPARE(node->GetItemCount(), 1L);
         items.AddItems({"One", "Two"}, nullptr);
@@ -312,49 +310,35 @@ private Q_SLOTS:
 
     void valuesGoToTheApplication()
     {
-        const Form form = Bind(Definition(Widget("t", "LineEdit", {"text=String:12"})));
+        const Form form = Bind(
+            Definition(Widget("s", "LineEdit", {"text=String:1"}) + Widget("t", "LineEdit", {"text=String:12"})));
         Watcher watcher;
-        ValueString text("t", ekStateUsable);
+        ValueString first("s"), text("t"), stray("none");
         text.AddObserver(&watcher);
         QCOMPARE(form->GetVTValue(&text, nullptr, false), form->GetVTValue("t"));
-        QCOMPARE(text.GetValue(), QString("12"));
-        QCOMPARE(watcher.Log, QStringList("t3"));
         form->GetVTValue(&text, nullptr, true);
-        QCOMPARE(watcher.Log, QStringList({"t3", "t3"}));
         form->GetVTValue(&text, &watcher, true);
-        QCOMPARE(watcher.Log.size(), 2);
+        QCOMPARE(watcher.Log.join(' ') + ' ' + text.GetValue(), QString("t3 t3 12"));
+        first.AddObserver(&watcher);
+        text.SetValue("old", &watcher);
+        form->GetVTValues({&first, &text}, nullptr, false);
+        QVERIFY2(watcher.Log.join(' ') == "t3 t3 t3 s3", "from the last to the first");
 
-        ValueString stray("none", ekStateUsable);
         stray.SetValue("x", nullptr);
-        QVERIFY(!form->GetVTValue(&stray, nullptr, false));
-        QCOMPARE(stray.GetValue(), QString("x"));
-        QVERIFY(!form->GetVTValue(&stray, nullptr, true));
-        QCOMPARE(stray.GetValue(), QString());
+        QVERIFY(!form->GetVTValue(&stray, nullptr, false) && stray.GetValue() == "x");
+        QVERIFY(!form->GetVTValue(&stray, nullptr, true) && stray.GetValue().isEmpty());
         QVERIFY(!form->GetVTValue(static_cast<ValueBase *>(nullptr), nullptr, true));
 
-        ValueSelection choice("t", ekStateUsable);
+        ValueSelection choice("t");
         choice.AddItems({"a", "b"}, nullptr);
         form->GetVTValue(&choice, nullptr, false);
-        QCOMPARE(choice.GetItemCount(), 1L);
-        QCOMPARE(choice.GetStringValue(), QString("12"));
-        QCOMPARE(choice.GetCurrentValue(), 12.0);
-    }
-
-    void manyValuesGoFromTheLastToTheFirst()
-    {
-        const Form form = Bind(Definition(Widget("s", "LineEdit", {"text=String:1"}) + Widget("t", "LineEdit", {"text=String:2"})));
-        Watcher watcher;
-        ValueString s("s", ekStateUsable);
-        ValueString t("t", ekStateUsable);
-        s.AddObserver(&watcher);
-        t.AddObserver(&watcher);
-        form->GetVTValues({&s, &t}, nullptr, false);
-        QCOMPARE(watcher.Log, QStringList({"t3", "s3"}));
+        QVERIFY(choice.GetItemCount() == 1 && choice.GetStringValue() == "12" && choice.GetCurrentValue() == 12);
     }
 
     void valuesComeFromTheApplication()
     {
-        const Form form = Bind(Definition(Widget("t", "LineEdit", {"text=String:12", "generateParameterXml=Bool:true"})));
+        const Form form
+            = Bind(Definition(Widget("t", "LineEdit", {"text=String:12", "generateParameterXml=Bool:true"})));
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
@@ -365,7 +349,7 @@ private Q_SLOTS:
         QVERIFY(form->SetVTValue("t", "13", nullptr, false));
         QCOMPARE(parameters.size(), 0);
         QCOMPARE(window->findChild<QLineEdit *>("t")->text(), QString("13"));
-        ValueString local("t", ekStateUsable);
+        ValueString local("t");
         local.SetValue("14", nullptr);
         QVERIFY(form->SetVTValue(&local, nullptr, true));
         QCOMPARE(parameters.size(), 1);
@@ -374,21 +358,22 @@ private Q_SLOTS:
 
     void limitsAndItemsAreCopied()
     {
-        ValueDouble from("n", ekStateUsable);
+        ValueDouble from("n");
         from.SetMinMax(-5, 50, 2.5, nullptr);
         from.SetValue(20, nullptr);
-        ValueDouble to("n", ekStateUsable);
+        ValueDouble to("n");
         OrbelFormular::InitVTValue(&to, &from, nullptr);
-        QCOMPARE(QList<double>({to.GetMin(), to.GetMax(), to.GetStep(), to.GetValue()}), QList<double>({-5, 50, 2.5, 20}));
-        ValueInt other("n", ekStateUsable);
+        QCOMPARE(
+            QList<double>({to.GetMin(), to.GetMax(), to.GetStep(), to.GetValue()}), QList<double>({-5, 50, 2.5, 20}));
+        ValueInt other("n");
         OrbelFormular::InitVTValue(&other, &from, nullptr);
         QVERIFY2(other.GetMax() != 50, "nodes of different types have nothing to copy");
 
-        ValueSelection items("s", ekStateUsable);
+        ValueSelection items("s");
         items.AddItem("One", 5, 1, nullptr);
         items.AddItem("Two", 6.25, 2, nullptr);
         Watcher watcher;
-        ValueSelection copy("s", ekStateUsable);
+        ValueSelection copy("s");
         OrbelFormular::InitVTValue(&copy, &items, nullptr);
         copy.AddObserver(&watcher);
         QCOMPARE(copy.GetItemIndex(1)->GetValue(), 6.25);
@@ -399,19 +384,16 @@ private Q_SLOTS:
             + Widget("n", "SpecialObject_Generic") + "</Sheet></ZkParamGui>");
         form->InitVTValue("n", &from);
         OrbelDelegate *n = Delegate(form, "n");
-        QCOMPARE(n->property("minimum"), QVariant(-5.0));
-        QCOMPARE(n->property("maximum"), QVariant(50.0));
-        QCOMPARE(n->property("singleStep"), QVariant(2.5));
+        QVERIFY(n->property("minimum") == -5 && n->property("maximum") == 50 && n->property("singleStep") == 2.5);
         form->InitVTValue("none", &from);
         form->InitVTValue("n", nullptr);
 
         const QStringList identifiers{"first"};
         form->InitEnumeration("mode", &items, &identifiers);
         const auto values = form->GetEnum("mode");
-        QCOMPARE(values->GetValueAt(0).GetValue(), QString("first"));
-        QCOMPARE(values->GetValueAt(0).GetEnumIdentifier(), QString("MODE_first"));
-        QCOMPARE(values->GetValueAt(1).GetDisplayName(), QString("Two"));
-        QCOMPARE(values->GetValueAt(1).GetValue(), QString("6.25"));
+        const OrbelEnumValue &one = values->GetValueAt(0), &two = values->GetValueAt(1);
+        QCOMPARE(one.GetValue() + one.GetEnumIdentifier(), QString("firstMODE_first"));
+        QCOMPARE(two.GetDisplayName() + two.GetValue(), QString("Two6.25"));
         form->InitEnumeration("mode", nullptr, nullptr);
         form->InitEnumeration("none", &items, nullptr);
         QCOMPARE(form->GetEnum("none")->GetValueCount(), 0);
@@ -441,10 +423,7 @@ private Q_SLOTS:
 
     void aHandlerMayEndTheForm_data()
     {
-        QTest::addColumn<std::function<void(OrbelFormular *, QWidget *)>>("action");
-        const auto row = [](const char *name, const std::function<void(OrbelFormular *, QWidget *)> &action) {
-            QTest::newRow(name) << action;
-        };
+        const auto row = Columns<std::function<void(OrbelFormular *, QWidget *)>>({"action"});
         row("a click", [](OrbelFormular *, QWidget *window) {
             auto *box = window->findChild<QWidget *>("a");
             QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
@@ -452,8 +431,8 @@ private Q_SLOTS:
         row("a value from the application",
             [](OrbelFormular *form, QWidget *) { form->SetVTValue("a", "true", nullptr, true); });
         row("a changed definition", [](OrbelFormular *form, QWidget *) {
-            form->SetChangedORBEL(Definition(Widget("h", "", {"value=String:y"}) + Widget("a", "", {"checked=Bool:true"}),
-                "<Script>1</Script>"));
+            form->SetChangedORBEL(Definition(
+                Widget("h", "", {"value=String:y"}) + Widget("a", "", {"checked=Bool:true"}), "<Script>1</Script>"));
         });
         row("a script", [](OrbelFormular *form, QWidget *) {
             form->EvaluateScript("sheet.emitParametersXml(); a.setChecked(true);");
@@ -487,17 +466,6 @@ private Q_SLOTS:
         action(form.data(), window.get());
         QVERIFY(!form);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-
-    void aSwitchTurnedOffBeforeTheControlsCounts()
-    {
-        const Form form = GroupForm();
-        form->GetSheet().EnableInput(false, OrbelSheet::EnableScopeSheet);
-        form->CreateGUI(false);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        QVERIFY(!window->findChild<QWidget *>("a")->isEnabled());
-        form->GetSheet().EnableInput(true, OrbelSheet::EnableScopeSheet);
-        QVERIFY(window->findChild<QWidget *>("a")->isEnabled());
     }
 };
 

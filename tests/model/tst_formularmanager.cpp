@@ -3,6 +3,7 @@
 #include "forms.h"
 #include "orbelformularmanager.h"
 #include "orbelsheetui.h"
+#include "rows.h"
 #include "testmain.h"
 #include "translationcenter.h"
 #include "tree.h"
@@ -35,6 +36,7 @@ private Q_SLOTS:
 
     void onlyWhatIsAskedForIsBuilt()
     {
+        const QStringList registered = TranslationCenter::Instance().GetRegistered();
         OrbelFormularManager manager;
         manager.SetVTPath("/Rx//");
         for (int i = 0; i < 50; ++i)
@@ -43,7 +45,7 @@ private Q_SLOTS:
         QCOMPARE(manager.GetNames().size(), 51);
         QVERIFY(Tree::Instance()->GetPaths().isEmpty());
 
-        const auto form = manager.GetFormular("Form 07/x");
+        auto form = manager.GetFormular("Form 07/x");
         QCOMPARE(manager.GetFormular("Form 07/x").data(), form.data());
         QCOMPARE(form->GetName(), QString("Form 07/x"));
         QCOMPARE(Tree::Instance()->GetPaths(), QStringList("/Rx//Form07x/a"));
@@ -56,27 +58,15 @@ private Q_SLOTS:
         QVERIFY(!manager.GetFormular("unknown"));
         QVERIFY(TranslationCenter::Instance().GetRegistered().contains("broken"));
 
-        manager.Reset();
-        QVERIFY(manager.GetNames().isEmpty());
-        QVERIFY(!manager.GetFormular("Form 08/x"));
-    }
-
-    void resetLeavesNothingBehind()
-    {
-        const QStringList registered = TranslationCenter::Instance().GetRegistered();
-        OrbelFormularManager manager;
-        manager.Reset();
-        for (int i = 0; i < 50; ++i) {
-            const QString name = QString("F%1").arg(i);
-            manager.DefineFormular(name, OneCheck());
-            manager.GetFormular(name);
-        }
-        QCOMPARE(Tree::Instance()->GetPaths().size(), 50);
-        QVERIFY(manager.ShowFormular("F3"));
+        for (const QString &name : manager.GetNames())
+            QVERIFY(manager.GetFormular(name));
+        QCOMPARE(Tree::Instance()->GetPaths().size(), 51);
+        QVERIFY(manager.ShowFormular("Form 03/x"));
+        form.reset();
         manager.Reset();
         QCOMPARE(LeftOver(), QString());
         QCOMPARE(TranslationCenter::Instance().GetRegistered(), registered);
-        QVERIFY(!manager.GetCurrentFormular());
+        QVERIFY(manager.GetNames().isEmpty() && !manager.GetFormular("Form 08/x") && !manager.GetCurrentFormular());
     }
 
     void oneFormIsCurrent()
@@ -116,8 +106,8 @@ private Q_SLOTS:
     void aHandlerMayResetOrShowAnother_data()
     {
         QTest::addColumn<bool>("reset");
-        QTest::newRow("reset") << true;
-        QTest::newRow("show another") << false;
+        AddRow("reset", true);
+        AddRow("show another", false);
     }
 
     void aHandlerMayResetOrShowAnother()
@@ -126,7 +116,8 @@ private Q_SLOTS:
         OrbelFormularManager manager;
         manager.EnableApplyUi(false);
         for (const char *name : {"one", "two", "three"}) {
-            manager.DefineFormular(name, Definition(Widget("t", "LineEdit", {"generateParameterXml=Bool:true", "visible=Bool:true"})));
+            manager.DefineFormular(
+                name, Definition(Widget("t", "LineEdit", {"generateParameterXml=Bool:true", "visible=Bool:true"})));
             manager.GetFormular(name);
         }
         manager.ShowFormular("one");

@@ -16,13 +16,6 @@ using namespace forms;
 namespace
 {
 
-Form Build(const QString &definition)
-{
-    Form form = Bind(definition);
-    form->CreateGUI(true);
-    return form;
-}
-
 QString Check(const QString &name, const QString &tag)
 {
     return Widget(name, "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + tag});
@@ -50,9 +43,9 @@ private Q_SLOTS:
 
     void documentMirrorsTheTags()
     {
-        const Form form = Build(Definition(Check("a", "g/x") + Widget("silent", "CheckBox", {"parameterXmlTag=String:g/s"})
-            + Check("b", "/h//x") + Check("c", "g/y") + Check("d", "g/x") + Check("e", "only/inner")));
-        Window.reset(form->GetGUI());
+        const Form form
+            = Build(Definition(Check("a", "g/x") + Widget("silent", "CheckBox", {"parameterXmlTag=String:g/s"})
+                + Check("b", "/h//x") + Check("c", "g/y") + Check("d", "g/x") + Check("e", "only/inner")));
         form->GetSheet().SelectWidgets({"only/inner"}, false);
         QCOMPARE(Compact(form->GetXmlString(false)),
             QString("<Parameters><g><x>false</x><y>false</y><x>false</x></g><h><x>false</x></h><only/></Parameters>"));
@@ -61,15 +54,14 @@ private Q_SLOTS:
 
     void rootCarriesTypeAndAttributes()
     {
-        const Form form = Build(Definition(
-            "<Properties><Property name='parametersXmlRootTag'><String>Rx</String></Property>"
-            "<Property name='parametersXmlTypeAttribute'><String>Foo</String></Property>"
-            "<Property name='Attribute_Site'><String>set</String></Property>"
-            "<Property name='Attribute_None'><String>not declared</String></Property></Properties>"
-            "<CustomProperties><Property name='Attribute_Zone'><String>unused</String></Property>"
-            "<Property name='Attribute_Site'><String>unused</String></Property></CustomProperties>"
-            + Check("a", "a")));
-        Window.reset(form->GetGUI());
+        const Form form
+            = Build(Definition("<Properties><Property name='parametersXmlRootTag'><String>Rx</String></Property>"
+                               "<Property name='parametersXmlTypeAttribute'><String>Foo</String></Property>"
+                               "<Property name='Attribute_Site'><String>set</String></Property>"
+                               "<Property name='Attribute_None'><String>not declared</String></Property></Properties>"
+                               "<CustomProperties><Property name='Attribute_Zone'><String>unused</String></Property>"
+                               "<Property name='Attribute_Site'><String>unused</String></Property></CustomProperties>"
+                + Check("a", "a")));
         QCOMPARE(Compact(form->GetEmptyXmlElement()), QString("<Rx type=\"Foo\" Site=\"set\" Zone=\"\"/>"));
         form->SetXmlString("<Parameters><a>true</a></Parameters>");
         QVERIFY(!Delegate(form, "a")->property("checked").toBool());
@@ -80,7 +72,6 @@ private Q_SLOTS:
     void onlyWhatChangedIsWritten()
     {
         const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b") + Check("c", "g/c")));
-        Window.reset(form->GetGUI());
         auto *apply = Window->findChild<QPushButton *>("applyButton");
         QCOMPARE(form->GetXmlString(true), QString());
 
@@ -98,7 +89,6 @@ private Q_SLOTS:
     void unselectedWidgetsStayOutThoughModified()
     {
         const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b")));
-        Window.reset(form->GetGUI());
         form->GetSheet().SelectWidgets({"g/a"}, false);
         Window->findChild<QCheckBox *>("a")->click();
         QVERIFY2(!form->GetSheet().isWidgetModified(), "an unselected widget does not count");
@@ -114,15 +104,14 @@ private Q_SLOTS:
         const Form form = Build(Definition(
             "<Properties><Property name='emitOnlyModifiedParameters'><Bool>false</Bool></Property></Properties>"
             + Check("a", "a") + Check("b", "b")));
-        Window.reset(form->GetGUI());
         Window->findChild<QCheckBox *>("a")->click();
         QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><a>true</a><b>false</b></Parameters>"));
     }
 
     void readingTakesElementsInAnyOrder()
     {
-        const Form form = Build(Definition(Check("a", "g/x") + Check("b", "h/x") + Check("c", "g/x") + Check("d", "y")));
-        Window.reset(form->GetGUI());
+        const Form form
+            = Build(Definition(Check("a", "g/x") + Check("b", "h/x") + Check("c", "g/x") + Check("d", "y")));
         QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
         form->SetXmlString("<Parameters><y>true</y><h><none><x/></none><x>true</x></h><g/><g><x>true</x><x>true</x></g>"
                            "</Parameters><Parameters>");
@@ -136,21 +125,12 @@ private Q_SLOTS:
         QVERIFY(parameters.isEmpty() && !form->GetSheet().isModified() && form->GetSheet().isActive());
     }
 
-    void aDocumentIsReadAsFarAsItGoes()
-    {
-        const Form form = Build(Definition(Check("a", "a") + Check("b", "b")));
-        Window.reset(form->GetGUI());
-        form->SetXmlString("<Parameters><a>true</a><b>tr");
-        QVERIFY(Delegate(form, "a")->property("checked").toBool());
-        QVERIFY(form->GetSheet().isActive());
-    }
-
     void outputReadBackGivesTheSame()
     {
-        const QString body = Check("a", "g/a") + Widget("t", "LineEdit", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/t",
-                                                     "unit=String:dB", "text=String:x"});
+        const QString body = Check("a", "g/a")
+            + Widget("t", "LineEdit",
+                {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/t", "unit=String:dB", "text=String:x"});
         const Form form = Build(Definition(body));
-        Window.reset(form->GetGUI());
         form->SetVTValue("g/t", "<ä & \"b\">\n ", nullptr, false);
         form->SetVTValue("a", "true", nullptr, false);
         const QString xml = form->GetXmlString(false);
@@ -163,7 +143,6 @@ private Q_SLOTS:
     void aControlWithoutParameterXmlNeverBecomesModified()
     {
         const Form form = Build(Definition(Widget("a", "CheckBox") + Check("b", "b")));
-        Window.reset(form->GetGUI());
         Window->findChild<QCheckBox *>("a")->click();
         QVERIFY(!Delegate(form, "a")->isModified() && !form->GetSheet().isModified());
         Window->findChild<QCheckBox *>("b")->click();
@@ -172,20 +151,15 @@ private Q_SLOTS:
         QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters/>"));
     }
 
-    void applyAnnouncesOnlyWhatIsPending()
+private:
+    Form Build(const QString &definition)
     {
-        const Form form = Build(Definition(Check("a", "a")));
+        Form form = Bind(definition);
+        form->CreateGUI(true);
         Window.reset(form->GetGUI());
-        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
-        form->applyNow();
-        QVERIFY(parameters.isEmpty());
-        Window->findChild<QCheckBox *>("a")->click();
-        form->applyNow();
-        form->applyNow();
-        QCOMPARE(parameters.size(), 2);
+        return form;
     }
 
-private:
     std::unique_ptr<QWidget> Window;
 };
 

@@ -2,6 +2,7 @@
 
 #include "liveform.h"
 #include "orbelcombobox.h"
+#include "rows.h"
 #include "testmain.h"
 #include "valueselection.h"
 
@@ -52,40 +53,24 @@ private Q_SLOTS:
 
     void scriptChoice_data()
     {
-        QTest::addColumn<QString>("rows");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("found");
+        const auto row = Columns<QString, QString, QString>({"rows", "script", "found"});
         const QString numbers("Low=-5 Mid=2.5 High=10"), words("Am=a Fm=f Cw=c");
-        QTest::newRow("unknown in the definition is the first") << words << ""
-                                                                << "|a|Am";
-        QTest::newRow("known") << words << "c.setCurrentValue('f')"
-                               << "|f|Fm";
-        QTest::newRow("first despite its name") << words << "c.setFirstValueAsCurrent('c')"
-                                                << "|c|Cw";
-        QTest::newRow("a number is the row not below") << numbers << "c.setCurrentValue('3')"
-                                                       << "|10|High";
-        QTest::newRow("an unknown text counts as 0") << numbers << "c.setCurrentValue('x')"
-                                                     << "|2.5|Mid";
-        QTest::newRow("cleared counts as 0") << numbers << "c.clearCurrentValue()"
-                                             << "|2.5|Mid";
-        QTest::newRow("a number above all rows") << numbers << "c.setCurrentValue('11')"
-                                                 << "|11|Low";
-        QTest::newRow("words count from 0") << words << "c.setCurrentValue('1.5')"
-                                            << "|c|Cw";
-        QTest::newRow("by index") << words << "c.setCurrentValue(c.itemValue(c.firstIndexOfValue('f')))"
-                                  << "|f|Fm";
-        QTest::newRow("equal value texts are the first") << "Am=a Fm=f Bm=f"
-                                                         << "c.setCurrentValue('f')"
-                                                         << "|f|Fm";
-        QTest::newRow("no rows") << ""
-                                 << "c.setCurrentValue('3')"
-                                 << "|3|";
+        row("unknown in the definition is the first", words, "", "|a|Am");
+        row("known", words, "c.setCurrentValue('f')", "|f|Fm");
+        row("first despite its name", words, "c.setFirstValueAsCurrent('c')", "|c|Cw");
+        row("a number is the row not below", numbers, "c.setCurrentValue('3')", "|10|High");
+        row("an unknown text counts as 0", numbers, "c.setCurrentValue('x')", "|2.5|Mid");
+        row("cleared counts as 0", numbers, "c.clearCurrentValue()", "|2.5|Mid");
+        row("a number above all rows", numbers, "c.setCurrentValue('11')", "|11|Low");
+        row("words count from 0", words, "c.setCurrentValue('1.5')", "|c|Cw");
+        row("by index", words, "c.setCurrentValue(c.itemValue(c.firstIndexOfValue('f')))", "|f|Fm");
+        row("equal value texts are the first", "Am=a Fm=f Bm=f", "c.setCurrentValue('f')", "|f|Fm");
+        row("no rows", "", "c.setCurrentValue('3')", "|3|");
     }
 
     void scriptChoice()
     {
-        QFETCH(QString, script);
-        QFETCH(QString, rows);
+        const auto [script, rows] = Fetch<QString, QString>({"script", "rows"});
         Choice choice(rows, {"currentValue=String:unknown"});
         choice.form->EvaluateScript(script);
         QTEST(choice.Found(), "found");
@@ -106,14 +91,10 @@ private Q_SLOTS:
 
     void operatorsChoice_data()
     {
-        QTest::addColumn<QString>("rows");
-        QTest::addColumn<QString>("found");
-        QTest::newRow("another row") << "Am=a Fm=f"
-                                     << "c.currentValueChanged(f)|f|Fm";
-        QTest::newRow("of equal display names the first") << "Fm=f Cw=c Fm=c"
-                                                          << "c.currentValueChanged(f)|f|Fm";
-        QTest::newRow("an equal value text tells nothing") << "Am=a Fm=a"
-                                                           << "|a|Fm";
+        const auto row = Columns<QString, QString>({"rows", "found"});
+        row("another row", "Am=a Fm=f", "c.currentValueChanged(f)|f|Fm");
+        row("of equal names the first", "Fm=f Cw=c Fm=c", "c.currentValueChanged(f)|f|Fm");
+        row("an equal value text tells nothing", "Am=a Fm=a", "|a|Fm");
     }
 
     void operatorsChoice()
@@ -152,17 +133,17 @@ private Q_SLOTS:
 
     void changedDefinition_data()
     {
-        QTest::addColumn<QString>("enums");
-        QTest::addColumn<QString>("found");
-        QTest::newRow("the name still exists") << Enums("modes", "New=n Fm=x") << "|f|Fm";
-        QTest::newRow("the name is gone") << Enums("modes", "New=n") << "|f|New";
-        QTest::newRow("another enumeration") << Enums("others", "Own=o Fm=y") << "|f|Fm";
-        QTest::newRow("no rows") << Enums("modes", "") << "|f|";
+        const auto row = Columns<QString, QString>({"enums", "found"});
+        row("the name still exists", Enums("modes", "New=n Fm=x"), "|f|Fm");
+        row("the name is gone", Enums("modes", "New=n"), "|f|New");
+        row("another enumeration", Enums("others", "Own=o Fm=y"), "|f|others:Fm");
+        row("no rows", Enums("modes", ""), "|f|");
     }
 
     void changedDefinition()
     {
         QFETCH(QString, enums);
+        const ContextTranslator translator("others");
         Choice choice("Am=a Fm=f", {"currentValue=String:f"});
         choice.combo->setEnumName(enums.contains("others") ? "others" : "modes");
         choice.form->SetChangedORBEL("<ZkParamGui>" + enums + "</ZkParamGui>");
@@ -178,7 +159,9 @@ private Q_SLOTS:
         QVERIFY(!choice.node && choice.box->count() == 0);
         QVERIFY(choice.combo->itemValue(0).isEmpty() && choice.combo->firstIndexOfValue("a") == -1);
         QVERIFY(choice.combo->getCurrentValue() == 0 && !choice.combo->setMinValueGreaterThanOrEqualTo(0));
+        choice.combo->setEnumName("modes");
         choice.form->SetChangedORBEL("<ZkParamGui/>");
+        QVERIFY2(choice.combo->itemValue(0) == "a" && choice.box->count() == 0, "found, but there is still no node");
         QVERIFY(choice.form->GetXmlString(false).contains("<c>kept</c>"));
     }
 

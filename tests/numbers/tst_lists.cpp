@@ -2,6 +2,7 @@
 
 #include "formlimits.h"
 #include "liveform.h"
+#include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 #include "vcnumericfloatspin.h"
@@ -42,22 +43,19 @@ private Q_SLOTS:
 
     void counts_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<int>("count");
+        const auto row = Columns<QString, QStringList, int>({"className", "properties", "count"});
         const QString shifts("shiftCount=Int:3"), huge("itemCount=Int:2147483647");
-        QTest::newRow("items") << "SpinBoxList" << QStringList{"itemCount=Int:2"} << 2;
-        QTest::newRow("shifts when no items are stated") << "ShiftList" << QStringList{shifts} << 3;
-        QTest::newRow("stating no items wins") << "ShiftList" << QStringList{"itemCount=Int:0", shifts} << 0;
-        QTest::newRow("integers have no shifts") << "SpinBoxList" << QStringList{shifts} << 0;
-        QTest::newRow("negative") << "DoubleSpinBoxList" << QStringList{"itemCount=Int:-3"} << 0;
-        QTest::newRow("beyond the limit") << "SpinBoxList" << QStringList{huge} << limit::ListItems;
+        row("items", "SpinBoxList", QStringList{"itemCount=Int:2"}, 2);
+        row("shifts when no items are stated", "ShiftList", QStringList{shifts}, 3);
+        row("stating no items wins", "ShiftList", QStringList{"itemCount=Int:0", shifts}, 0);
+        row("integers have no shifts", "SpinBoxList", QStringList{shifts}, 0);
+        row("negative", "DoubleSpinBoxList", QStringList{"itemCount=Int:-3"}, 0);
+        row("beyond the limit", "SpinBoxList", QStringList{huge}, limit::ListItems);
     }
 
     void counts()
     {
-        QFETCH(QString, className);
-        QFETCH(QStringList, properties);
+        const auto [className, properties] = Fetch<QString, QStringList>({"className", "properties"});
         LiveList live(className, properties);
         QTEST(live.Count(), "count");
         live.form->EvaluateScript("n.itemCount = 7; n.shiftCount = 7");
@@ -67,8 +65,8 @@ private Q_SLOTS:
     void items_data()
     {
         QTest::addColumn<QString>("className");
-        QTest::newRow("integers") << "SpinBoxList";
-        QTest::newRow("doubles") << "DoubleSpinBoxList";
+        AddRow("integers", "SpinBoxList");
+        AddRow("doubles", "DoubleSpinBoxList");
     }
 
     void items()
@@ -101,33 +99,28 @@ private Q_SLOTS:
 
     void documents_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<QString>("read");
-        QTest::addColumn<QString>("written");
+        const auto row
+            = Columns<QString, QStringList, QString, QString>({"className", "properties", "read", "written"});
         const QStringList none, offset{"displayAdditiveOffset=Int:1", "unit=String:s"}, place{"decimals=Int:1"};
-        QTest::newRow("an item without a number counts on") << "SpinBoxList" << none << "<i index='1'>5</i><x>6</x>"
-                                                            << "0>4 1>5 2>6";
-        QTest::newRow("items outside are dropped and counted")
-            << "SpinBoxList" << none << "<i index='-1'>1</i><i>2</i><i index='2147483647'>3</i><i>3</i>"
-            << "0>2 1>4 2>4";
-        QTest::newRow("integers take no offset") << "SpinBoxList" << offset << "<i>5</i>"
-                                                 << "0>5 1>4 2>4";
-        QTest::newRow("one place stays with doubles") << "ShiftList" << place << "<i>3</i><i>x</i>"
-                                                      << "0>3.0 1>0.0 2>4.0";
+        row("an item without a number counts on", "SpinBoxList", none, "<i index='1'>5</i><x>6</x>", "0>4 1>5 2>6");
+        row("items outside are dropped and counted", "SpinBoxList", none,
+            "<i index='-1'>1</i><i>2</i><i index='2147483647'>3</i><i>3</i>", "0>2 1>4 2>4");
+        row("integers take no offset", "SpinBoxList", offset, "<i>5</i>", "0>5 1>4 2>4");
+        row("one place stays with doubles", "ShiftList", place, "<i>3</i><i>x</i>", "0>3.0 1>0.0 2>4.0");
+        row("entries without a name", "SpinBoxList", {"parameterListItemTag=String:"}, "<i>5</i>", "0>5 1>4 2>4");
     }
 
     void documents()
     {
-        QFETCH(QString, className);
-        QFETCH(QStringList, properties);
-        QFETCH(QString, read);
+        const auto [className, properties, read]
+            = Fetch<QString, QStringList, QString>({"className", "properties", "read"});
         LiveList live(className, properties + QStringList{"itemCount=Int:3"});
         live.form->SetXmlString("<Parameters><n>" + read + "</n></Parameters>");
         QVERIFY2(live.log.Take().startsWith("n.valueChanged("), "reading tells like an operator");
-        const QString start = properties.contains("unit=String:s") ? "<i unit=\"s\" index=\"" : "<i index=\"";
+        const QString tag = properties.contains("parameterListItemTag=String:") ? "" : "i";
+        const QString start = '<' + tag + (properties.contains("unit=String:s") ? " unit=\"s\" index=\"" : " index=\"");
         const QString document = live.form->GetXmlString(false).section("<n>", 1).section("</n>", 0, 0);
-        QTEST(QString(document).remove(start).remove('"').remove("</i>").simplified(), "written");
+        QTEST(QString(document).remove(start).remove('"').remove("</" + tag + '>').simplified(), "written");
     }
 
     void nothingReachesIntegers()

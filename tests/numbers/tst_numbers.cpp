@@ -1,6 +1,7 @@
 // Numeric spin controls: limits and units, documents, and what operator, script and node each cause.
 
 #include "liveform.h"
+#include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valuenumeric.h"
@@ -32,15 +33,8 @@ private Q_SLOTS:
 
     void properties_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        const auto row = [](const char *name, const char *className, const QStringList &properties, const char *script,
-                             const char *before, const char *after) {
-            QTest::newRow(name) << className << properties << script << before << after;
-        };
+        const auto row = Columns<QString, QStringList, QString, QString, QString>(
+            {"className", "properties", "script", "before", "after"});
         const QStringList half{
             "minimum=Int:10", "maximum=Int:20", "singleStep=Int:2", "displayScalingFactor=Double:0.5"};
         const char *set = "n.setMinimum(5); n.setMaximum(30); n.setSingleStep(3)";
@@ -98,15 +92,11 @@ private Q_SLOTS:
 
     void documents_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<QString>("written");
-        QTest::addColumn<QString>("read");
-        QTest::addColumn<QString>("announced");
-        QTest::addColumn<double>("node");
+        Columns<QString, QStringList, QString, QString, QString, double>(
+            {"className", "properties", "written", "read", "announced", "node"});
         const auto row = [](const char *name, const char *className, const QStringList &properties,
                              const QString &written, const char *read, const char *announced, double node) {
-            QTest::newRow(name) << className << properties << "<n" + written + "</n>" << read << announced << node;
+            AddRow(name, className, properties, "<n" + written + "</n>", read, announced, node);
         };
         const QString one("decimals=Int:1"), offset("displayAdditiveOffset=Int:1"), unit("unit=String:s");
         row("integer with offset", "SpinBox", {"value=Int:5", offset}, ">4", "4", "5", 5);
@@ -126,11 +116,8 @@ private Q_SLOTS:
 
     void documents()
     {
-        QFETCH(QString, className);
-        QFETCH(QStringList, properties);
-        QFETCH(QString, written);
-        QFETCH(QString, read);
-        QFETCH(QString, announced);
+        auto [className, properties, written, read, announced] = Fetch<QString, QStringList, QString, QString, QString>(
+            {"className", "properties", "written", "read", "announced"});
         LiveForm live(Widget("n", className, properties << Written));
         live.log.Watch("n", live.Get("n"));
         const QString document = live.form->GetXmlString(false);
@@ -170,12 +157,23 @@ private Q_SLOTS:
     {
         const QString all("n.valueChanged(1) n.editingFinished() sheet.si_parametersModified()");
         for (const QString className : {"SpinBox", "DoubleSpinBox", "BandwidthEdit"}) {
-            for (int last = 0; last < 3; ++last) {
-                LiveForm live(Widget("n", className, {Written}), false);
+            for (int last = 0; last < 6; ++last) {
+                LiveForm live(Widget("n", className, {Written, "enabled=Bool:true"}), false);
                 live.log.Watch("n", live.Get("n"));
-                live.log.On(all.section(' ', last, last), [&] { live.form.reset(); });
-                live.Find<VCNumericFloatSpin>("n")->stepBy(1);
-                QCOMPARE(live.log.Take(), all.section(' ', 0, last));
+                live.log.On(all.section(' ', last / 2, last / 2), [&] { live.form.reset(); });
+                auto *spin = live.Find<VCNumericFloatSpin>("n");
+                if (last % 2) {
+                    spin->selectAll();
+                    QTest::keyClicks(spin, "1");
+                    QCOMPARE(live.log.Take(), QString());
+                    live.form->EnableInput(false);
+                    QVERIFY2(!spin->isEnabled(), "what was typed counts, then the lock");
+                } else {
+                    spin->stepBy(1);
+                }
+                // The control itself stays until the form has told all controls of the lock.
+                const QString expected = all.section(' ', 0, last / 2), told = live.log.Take();
+                QCOMPARE(last % 2 ? told.left(expected.size()) : told, expected);
                 QVERIFY(!live.form);
             }
         }
@@ -184,9 +182,9 @@ private Q_SLOTS:
     void anObserverOfTheLimitsEndsTheForm_data()
     {
         QTest::addColumn<QString>("script");
-        QTest::newRow("DoubleSpinBox") << "n.setMinimum(-5)";
-        QTest::newRow("SpinBox") << "n.setMinimum(-5)";
-        QTest::newRow("BandwidthEdit") << "n.setUnitScale(1000)";
+        AddRow("DoubleSpinBox", "n.setMinimum(-5)");
+        AddRow("SpinBox", "n.setMinimum(-5)");
+        AddRow("BandwidthEdit", "n.setUnitScale(1000)");
     }
 
     void anObserverOfTheLimitsEndsTheForm()

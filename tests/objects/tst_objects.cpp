@@ -47,16 +47,18 @@ QString Expand(const QString &className, QString text)
 
 /// An object "a" among the texts of the scan ranges. A log watches the object, and "hf", the text of the first.
 struct LiveObject : LiveForm {
-    explicit LiveObject(const QString &name, const QStringList &properties = {}, const QString &path = "/Form")
-        : LiveForm(forms::Widget("a", name, properties) + forms::Widget("lbScanHF", "LineEdit")
-                  + forms::Widget("lbScanVUHF", "Label") + forms::Widget("lbScanSHF", "Label"),
-            false, path),
+    LiveObject(const QString &name, const QString &inside)
+        : LiveForm("<Widget name='a' class='" + name + "'><Property name='labelText'><String>l</String></Property>"
+                  + inside + "</Widget>" + forms::Widget("lbScanHF", "LineEdit") + forms::Widget("lbScanVUHF", "Label")
+                  + forms::Widget("lbScanSHF", "Label"),
+            false),
           className(name)
     {
         log.Watch("a", Get("a"));
         if (ValueBase *node = form->GetVTValue("lbScanHF"))
             log.Watch("hf", node);
     }
+    explicit LiveObject(const QString &name, const QStringList & = {}) : LiveObject(name, QString()) { }
     auto *Node() const { return dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/a")); }
     void Read(const QString &list) { form->SetXmlString("<Parameters><a>" + Expand(className, list) + "</a></Parameters>"); }
     void SetScanRanges(const QString &xml) { Get<OrbelDSCObject>("a")->sl_setScanRanges(Expand(Dsc, xml)); }
@@ -77,7 +79,7 @@ struct LiveObject : LiveForm {
 const std::vector<End<LiveObject>> Ends{
     {Fft, "a.si_spectralResolutionChanged", [](LiveObject &l) { l.Get<OrbelFFTObject>("a")->setSignalSampleRate(8); }},
     {Dsc, "hf=-", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p></hf></s>"); }},
-    {Dsc, "hf=1 Hz", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p><a>1</a></hf><vu/></s>"); }},
+    {Dsc, "hf=1 Hz", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p><a>1</a></hf><vu></vu></s>"); }},
     {Dsc, "sheet", [](LiveObject &l) { l.Node()->SetAt(0, {}, nullptr); }},
 };
 
@@ -116,139 +118,82 @@ private Q_SLOTS:
         QCOMPARE(LeftOver(), QString());
     }
 
-    void callsArePassedOn_data()
+    void objects_data()
     {
-        Columns({"className", "script", "events"});
+        Columns({"className", "inside", "script", "list", "result"});
+        const auto row = [](const char *name, const QString &object, const char *inside, const QString &script,
+                             const char *list, const char *result) {
+            QTest::newRow(name) << object << QString(inside) << script << QString(list) << QString(result);
+        };
         // clang-format off
-        QTest::newRow("audio, the same twice") << "SpecialObject_Audio" << "setAudioSourceToAnalog() setAudioSourceToAnalog() setAudioSourceToDigital() setAudioSourceToNone()"
-            << "audioSourceAnalog() audioSourceAnalog() audioSourceDigital() audioSourceNone()";
-        QTest::newRow("tuner, no bandwidth") << "SpecialObject_Tuner" << "setIFPanSpectrumEnabled(true) setPIFPanSpectrumEnabled(false) emitSegment(9000000000,0)"
-            << "IFPanSpectrumEnabled(true) PIFPanSpectrumEnabled(false) segmentChanged(9000000000, 0)";
-        QTest::newRow("dsc") << Dsc << "emitEditScriptBtnClicked() emitLoadProdCriteriaBtnClicked() emitLoadSpectralDetectorDataClicked() emitSpectralDetectorProcStatusToggled(true)"
-            << "editScriptBtnClicked() loadProdCriteriaBtnClicked() loadSpectralDetectorDataClicked() spectralDetectorProcStatusToggled(true)";
-        QTest::newRow("fft: the resolution before the rate") << Fft << "setSignalSampleRate(8) setFFTLength(2) setFFTLength(2) setSignalSampleRate(8)"
-            << "spectralResolutionChanged(0, 0) signalSampleRateChanged(8) spectralResolutionChanged(4, 250000)";
+        row("audio, the same twice", "SpecialObject_Audio", "", "a.setAudioSourceToAnalog(); a.setAudioSourceToAnalog(); a.setAudioSourceToDigital(); a.setAudioSourceToNone()", nullptr, "audioSourceAnalog() audioSourceAnalog() audioSourceDigital() audioSourceNone()");
+        row("tuner, no bandwidth", "SpecialObject_Tuner", "", "a.setIFPanSpectrumEnabled(true); a.setPIFPanSpectrumEnabled(false); a.emitSegment(9000000000, 0)", nullptr, "IFPanSpectrumEnabled(true) PIFPanSpectrumEnabled(false) segmentChanged(9000000000, 0)");
+        row("buttons", Dsc, "", "a.emitEditScriptBtnClicked(); a.emitLoadProdCriteriaBtnClicked(); a.emitLoadSpectralDetectorDataClicked(); a.emitSpectralDetectorProcStatusToggled(true)", nullptr, "editScriptBtnClicked() loadProdCriteriaBtnClicked() loadSpectralDetectorDataClicked() spectralDetectorProcStatusToggled(true)");
+
+        row("the resolution before the rate", Fft, "", "a.setSignalSampleRate(8); a.setFFTLength(2); a.setFFTLength(2); a.setSignalSampleRate(8)", nullptr, "spectralResolutionChanged(0, 0) signalSampleRateChanged(8) spectralResolutionChanged(4, 250000)");
+        const QString resolution("a.setFFTLength(%1); a.setSignalSampleRate(%2); r = a.frequencyResolutionString() + ',' + a.timeResolutionString() + ',' + (a.signalSampleRate() / a.frequencyResolution() - %1)");
+        row("no length", Fft, "", resolution.arg(0).arg(8000), nullptr, "-,-,Infinity");
+        row("negative rate", Fft, "", resolution.arg(1024).arg(-1024), nullptr, "-,-,0");
+        row("not above a thousand", Fft, "", resolution.arg(1024).arg(1024000), nullptr, "1000 Hz,1000 \u00b5s,0");
+        row("not above a million", Fft, "", resolution.arg(1).arg(1000000), nullptr, "1000 kHz,1 \u00b5s,0");
+        row("megahertz", Fft, "", resolution.arg(2).arg(3000001), nullptr, "1.5000005 MHz,1 \u00b5s,0");
+        row("zeros without a point stay", Fft, "", resolution.arg(1000).arg(10000000), nullptr, "10 kHz,100 \u00b5s,0");
+        row("seconds stay milliseconds", Fft, "", resolution.arg(2).arg(1), nullptr, "0.5 Hz,2000 ms,0");
+
+        const QString scan("a.sl_setScanRanges('<s><sh><p>1</p><a>1</a></sh></s>'); a.sl_setScanRanges('%1'); r = lbScanHF.text + ',' + lbScanVUHF.text + ',' + lbScanSHF.text");
+        row("no scan ranges", Dsc, "", scan.arg(""), nullptr, "-,-,-");
+        row("all", Dsc, "", scan.arg("<x><s><hf><p>1</p><a>1500000</a><z>30000000</z></hf><o><hf></hf></o><vu><p>2</p><a>1000000</a></vu><sh><p>1</p><z>1000</z></sh></s></x>"), nullptr, "1.5 MHz...30 MHz,1000 kHz,...1000 Hz");
+        row("not possible, or not told to be", Dsc, "", scan.arg("<s><hf><p>0</p><a>1</a></hf><vu><a>1</a></vu><sh><p>-1</p><a>1</a></sh></s>"), nullptr, "-,-,-");
+        row("the stop before its start", Dsc, "", scan.arg("<s><hf><z>1000001</z><a>2000000</a><p>1</p></hf></s>"), nullptr, "...1.000001 MHz2 MHz,-,-");
+        row("an unknown child ends band and scan", Dsc, "", scan.arg("<s><hf><p>1</p><a>1</a><o/><z>2</z></hf><vu><p>1</p><a>3</a></vu></s>"), nullptr, "1 Hz,-,-");
+        row("outside of a scan, truncated", Dsc, "", scan.arg("<x><vu><p>1</p><a>1</a></vu><s><hf><p>1</p><a>7</a><z>8"), nullptr, "7 Hz...0 Hz,-,-");
+        row("no numbers", Dsc, "", scan.arg("<s><hf><p>1</p><a>x</a><z>1e999</z></hf><vu><p>99999999999</p><a>1</a></vu></s>"), nullptr, "0 Hz...inf MHz,-,-");
+        row("deep", Dsc, "", scan.arg("<s>DEEP<sh><p>1</p><a>5</a></sh><hf>OPEN"), nullptr, "-,-,5 Hz");
+
+        row("two decimals, no index", Fhp, "", "", "[7;200000.126,1e5][0;1,-2]", "<a>[200000.13,100000.00][1.00,-2.00]</a>");
+        row("frequencies that are none", Fhp, "", "", "[x,nan][,1e999]", "<a>[0.00,0.00][0.00,inf]</a>");
+        row("no decimals", Dsc, "", "", "[100000.6,2]", "<a>[0;100001,2]</a>");
+        row("by key, numbered anew", Dsc, "", "", "[5;1,1][2,2][2;3,3][4,4]", "<a>[0;3,3][1;4,4][2;1,1][3;2,2]</a>");
+        row("an absurd index is 0", Dsc, "", "", "[0;2,2][-1;1,1]", "<a>[0;1,1]</a>");
+        row("behind the greatest index is 0", Dsc, "", "", "[4294967295;1,1][2,2]", "<a>[0;2,2][1;1,1]</a>");
+        row("an unknown element ends the list", Fhp, "", "", "[1,2]<o/>[3,4]", "<a>[1.00,2.00]</a>");
+        row("one with a range inside, too", Dsc, "", "", "<o>[1,2]</o>[3,4]", "<a>[0;1,2]</a>");
+        row("an unknown child is skipped", Fhp, "", "", "[1</StartFreq>DEEP<StartFreq>3,2]", "<a>[3.00,2.00]</a>");
+        row("truncated", Dsc, "", "", "[1,2]OPEN", "<a>[0;1,2]</a>");
+
+        row("always written", Fhp, "<Property name='generateParameterXml'><Bool>false</Bool></Property>", "a.setGenerateParameterXml(false)", "", "<a/>");
+        row("empty custom properties", Fhp, "<CustomProperties/>", "", "", "<ExclusionRanges/>");
+        row("empty custom properties, too", Dsc, "<CustomProperties/>", "", "", "<ExclusionFrequencyList/>");
+        row("a tag with a path", Dsc, "<CustomProperties><Property name='customXmlTag'><String>x/y</String></Property></CustomProperties>", "", "", "<x><y/></x>");
+        row("an empty tag", Fhp, "<CustomProperties><Property name='customXmlTag'><String/></Property></CustomProperties>", "", "", "<a/>");
+        row("the later tag counts", Fhp, "<CustomProperties/><Property name='parameterXmlTag'><String>z</String></Property>", "", "", "<z/>");
         // clang-format on
     }
-    void callsArePassedOn()
+    void objects()
     {
         QFETCH(QString, className);
-        QFETCH(QString, script);
-        LiveObject live(className, {"labelText=String:shown", "visible=Bool:true"});
-        live.form->EvaluateScript("a." + script.replace(' ', "; a."));
-        QTEST(live.log.Take().remove("a.si_"), "events");
-        // Meant: the objects with a list make no row.
-        QCOMPARE(bool(live.Find("labela")), className != Dsc);
-    }
-
-    void resolutions_data()
-    {
-        QTest::addColumn<quint32>("length");
-        QTest::addColumn<qint64>("rate");
-        Columns({"texts"});
-        QTest::newRow("no length") << 0u << 8000ll << "- -";
-        QTest::newRow("negative rate") << 1024u << -1024ll << "- -";
-        QTest::newRow("not above a thousand") << 1024u << 1024000ll << "1000 Hz 1000 \u00b5s";
-        QTest::newRow("not above a million") << 1u << 1000000ll << "1000 kHz 1 \u00b5s";
-        QTest::newRow("megahertz") << 2u << 3000001ll << "1.5000005 MHz 1 \u00b5s";
-        QTest::newRow("zeros without a point stay") << 1000u << 10000000ll << "10 kHz 100 \u00b5s";
-        QTest::newRow("seconds stay milliseconds") << 2u << 1ll << "0.5 Hz 2000 ms";
-        QTest::newRow("greatest") << 1u << std::numeric_limits<qint64>::max() << "9223372036854.775390625 MHz 0 \u00b5s";
-    }
-    void resolutions()
-    {
-        QFETCH(quint32, length);
-        QFETCH(qint64, rate);
-        OrbelFFTObject fft(nullptr);
-        fft.setFFTLength(length);
-        fft.setSignalSampleRate(rate);
-        QTEST(fft.frequencyResolutionString() + ' ' + fft.timeResolutionString(), "texts");
-        QVERIFY(qFuzzyCompare(fft.frequencyResolution() * fft.timeResolution(), length && rate ? 1e6 : 0.0));
-    }
-
-    void scanRanges_data()
-    {
-        Columns({"xml", "texts"});
-        // clang-format off
-        QTest::newRow("nothing") << "" << "- | - | -";
-        QTest::newRow("all") << "<x><s><hf><p>1</p><a>1500000</a><z>30000000</z></hf><o><hf/></o><vu><p>2</p><a>1000000</a></vu><sh><p>1</p><z>1000</z></sh></s></x>"
-            << "1.5 MHz...30 MHz | 1000 kHz | ...1000 Hz";
-        QTest::newRow("not possible, or not told to be") << "<s><hf><p>0</p><a>1</a></hf><vu><a>1</a></vu><sh><p>-1</p><a>1</a></sh></s>" << "- | - | -";
-        QTest::newRow("the stop before its start") << "<s><hf><z>1000001</z><a>2000000</a><p>1</p></hf></s>" << "...1.000001 MHz2 MHz | - | -";
-        QTest::newRow("an unknown child ends band and scan") << "<s><hf><p>1</p><a>1</a><o/><z>2</z></hf><vu><p>1</p><a>3</a></vu></s>" << "1 Hz | - | -";
-        QTest::newRow("outside of a scan, truncated") << "<x><vu><p>1</p><a>1</a></vu><s><hf><p>1</p><a>7</a><z>8" << "7 Hz...0 Hz | - | -";
-        QTest::newRow("no numbers") << "<s><hf><p>1</p><a>x</a><z>1e999</z></hf><vu><p>99999999999</p><a>1</a></vu></s>" << "0 Hz...inf MHz | - | -";
-        QTest::newRow("deep") << "<s>DEEP<sh><p>1</p><a>5</a></sh><hf>OPEN" << "- | - | 5 Hz";
-        // clang-format on
-    }
-    void scanRanges()
-    {
-        QFETCH(QString, xml);
-        LiveObject live(Dsc);
-        live.SetScanRanges("<s><sh><p>1</p><a>1</a></sh></s>");
-        live.SetScanRanges(xml);
-        live.form->EvaluateScript("var r = [lbScanHF, lbScanVUHF, lbScanSHF].map(function (l) { return l.text; }).join(' | ')");
-        QTEST(live.form->GetScriptValues().value("r").toString(), "texts");
-        const forms::Form bare = forms::Bind(forms::Definition(forms::Widget("a", Dsc)));
-        qobject_cast<OrbelDSCObject *>(forms::Delegate(bare, "a"))->sl_setScanRanges(Expand(Dsc, xml));
-    }
-
-    void lists_data()
-    {
-        Columns({"className", "read", "written"});
-        QTest::newRow("two decimals, no order") << Fhp << "[200000.126,1e5][7;1,-2]" << "[200000.13,100000.00][1.00,-2.00]";
-        QTest::newRow("no numbers") << Fhp << "[x,nan][,1e999]" << "[0.00,0.00][0.00,inf]";
-        QTest::newRow("no decimals") << Dsc << "[100000.6,2]" << "[0;100001,2]";
-        QTest::newRow("by key, numbered anew") << Dsc << "[5;1,1][2,2][2;3,3][4,4]" << "[0;3,3][1;4,4][2;1,1][3;2,2]";
-        QTest::newRow("an absurd index is 0") << Dsc << "[0;2,2][-1;1,1]" << "[0;1,1]";
-        QTest::newRow("behind the greatest index is 0") << Dsc << "[4294967295;1,1][2,2]" << "[0;2,2][1;1,1]";
-        QTest::newRow("an unknown element ends the list") << Fhp << "[1,2]<o/>[3,4]" << "[1.00,2.00]";
-        QTest::newRow("one with a range inside, too") << Dsc << "<o>[1,2]</o>[3,4]" << "[0;1,2]";
-        QTest::newRow("an unknown child is skipped") << Fhp << "[1</StartFreq>DEEP<StartFreq>3,2]" << "[3.00,2.00]";
-        QTest::newRow("truncated") << Dsc << "[1,2]OPEN" << "[0;1,2]";
-    }
-    void lists()
-    {
-        QFETCH(QString, className);
-        QFETCH(QString, read);
-        QFETCH(QString, written);
-        Witness witness;
-        LiveObject live(className);
-        QCOMPARE(live.Written(), QString("<a/>"));
-        live.Node()->SetAt(99, {}, nullptr);
-        QVERIFY(live.Get("a")->isModified());
-        live.Get("a")->resetModified();
-        live.Node()->AddObserver(&witness);
-        live.Read(read);
-        QCOMPARE(witness.codes, QString("73"));
-        QVERIFY(!live.Get("a")->isModified());
-        QCOMPARE(live.Written(), "<a>" + written + "</a>");
-        live.Node()->StartTransaction(nullptr); // the host's own
-        live.Read(read);
-        QCOMPARE(witness.codes, QString("733"));
-    }
-
-    void tags_data()
-    {
-        Columns({"inside", "written"});
-        const QString tag("<Property name='%1'><String>%2</String></Property>"), custom("<CustomProperties>%1</CustomProperties>");
-        QTest::newRow("no custom properties") << tag.arg("generateParameterXml", "") << "<a/>";
-        QTest::newRow("empty ones") << custom.arg("") << "<%1/>";
-        QTest::newRow("a tag with a path") << custom.arg(tag.arg("customXmlTag", "x/y")) << "<x><y/></x>";
-        QTest::newRow("an empty tag") << custom.arg(tag.arg("customXmlTag", "")) << "<a/>";
-        QTest::newRow("the later one counts") << custom.arg("") + tag.arg("parameterXmlTag", "z") << "<z/>";
-    }
-    void tags()
-    {
         QFETCH(QString, inside);
-        QFETCH(QString, written);
-        for (const auto &[name, tag] : {std::pair(Fhp, "ExclusionRanges"), {Dsc, "ExclusionFrequencyList"}}) {
-            const forms::Form form = forms::Bind(forms::Definition(
-                "<Widget name='a' class='" + name + "'>" + inside + "</Widget>"));
-            form->EvaluateScript("a.setGenerateParameterXml(false)");
-            const QString xml = form->GetXmlString(false).remove(QRegularExpression("\\n *"));
-            QCOMPARE(xml, "<Parameters>" + QString(written).replace("%1", tag) + "</Parameters>");
+        QFETCH(QString, script);
+        QFETCH(QString, list);
+        Witness witness;
+        LiveObject live(className, inside);
+        live.form->EvaluateScript("var r = ''; " + Expand(className, script));
+        const QString events = live.log.Take().remove("a.si_"), answer = live.form->GetScriptValues().value("r").toString();
+        const bool hasList = className == Fhp || className == Dsc;
+        // Meant: the objects with a list make no row.
+        QCOMPARE(bool(live.Find("labela")), !hasList);
+        if (live.Node()) {
+            live.Node()->SetAt(99, {}, nullptr);
+            live.Get("a")->resetModified();
+            live.Node()->AddObserver(&witness);
+            live.Read(list);
+            QCOMPARE(witness.codes, QString("73"));
+            QVERIFY(!live.Get("a")->isModified());
+            live.Node()->StartTransaction(nullptr); // the host's own
+            live.Read(list);
+            QCOMPARE(witness.codes, QString("733"));
         }
+        QTEST(hasList && !list.isNull() ? live.Written() : answer.isEmpty() ? events : answer, "result");
     }
 
     void twoFormsOnOnePath()
@@ -293,11 +238,13 @@ private Q_SLOTS:
             QVERIFY(live.Written().contains(",2"));
         }
         QCOMPARE(Tree::Instance()->GetPaths().join(' '), QString("/Form/a a"));
+        LiveForm lone(forms::Widget("b", Dsc)); // without the labels
+        lone.form->EvaluateScript("b.sl_setScanRanges('<Scan><HFScan></HFScan></Scan>')");
     }
 
     void aHandlerMayEndTheForm_data() { AddEnds(Ends); }
     void aHandlerMayEndTheForm() { CheckEnd(Ends, {}); }
-    void anObserverMayEndTheFormOrReadAgain()
+    void aNodeTellsAndIsTold()
     {
         for (const QString &className : {Fhp, Dsc}) {
             Witness witness;
@@ -309,6 +256,11 @@ private Q_SLOTS:
             witness.action = [&] { Tree::Instance()->RemoveNode("/Form/a"); };
             live.Read("[5,6]");
             QCOMPARE(witness.codes, QString("773372"));
+
+            LiveForm automatic(forms::Widget("a", className));
+            Tree::Instance()->GetNode("/Form/a")->SetStringValue("1..2", nullptr);
+            QTRY_COMPARE(automatic.log.Seen(), QString("sheet.si_parametersModified()"));
+            automatic.form.reset();
 
             LiveObject other(className);
             other.Node()->AddObserver(&witness);

@@ -1,6 +1,8 @@
 // The row of a script file: what its buttons tell, and what definition, script and host make of them.
 
 #include "liveform.h"
+#include "orbelscriptcontrol.h"
+#include "rows.h"
 #include "testmain.h"
 
 #include <QtTest>
@@ -12,8 +14,8 @@ namespace
 
 const QStringList Buttons{"s_LoadButton", "s_EditButton", "sClearButton"};
 const QStringList Shown{"visibleClear=Bool:true", "visibleEdit=Bool:true", "visibleLoad=Bool:true"};
-const QStringList AllOn = Shown
-    + QStringList{"enabledClear=Bool:true", "enabledEdit=Bool:true", "enabledLoad=Bool:true"};
+const QStringList AllOn
+    = Shown + QStringList{"enabledClear=Bool:true", "enabledEdit=Bool:true", "enabledLoad=Bool:true"};
 
 /// What the operator finds: a lit lamp as "*", then each button that shows, in brackets when it is disabled.
 QString Row(const LiveForm &live)
@@ -40,34 +42,29 @@ private Q_SLOTS:
 
     void states_data()
     {
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("row");
+        const auto row = Columns<QStringList, QString, QString>({"properties", "script", "row"});
         const QString load("s.setCustomProperty('scriptloaded', true);");
         const QString drop("s.setCustomProperty('scriptloaded', false);");
-        QTest::newRow("all stated: Clear is usable without a script") << AllOn << "" << "- Load Edit Clear";
-        QTest::newRow("absent ones hide") << QStringList(AllOn.mid(3)) << "" << "-";
-        QTest::newRow("absent ones lock") << Shown << "" << "- (Load) (Edit) (Clear)";
-        QTest::newRow("loaded") << Shown << load << "* (Load) (Edit) Clear";
-        QTest::newRow("loaded and forgotten: Clear locks") << AllOn << load + drop << "- Load Edit (Clear)";
-        QTest::newRow("another custom property") << AllOn << "s.setCustomProperty('x', false)" << "- Load Edit Clear";
-        QTest::newRow("until the next refresh") << Shown << drop + "s.setEnabledClear(true)" << "- (Load) (Edit) Clear";
-        QTest::newRow("no news, no refresh")
-            << AllOn << load + "s.setEnabledClear(false);" + load << "* Load Edit (Clear)";
-        QTest::newRow("slots act on the buttons alone")
-            << AllOn << "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)"
-            << "- (Load)";
-        QTest::newRow("properties act too") << AllOn << "s.enabledEdit = s.visibleLoad = false" << "- (Edit) Clear";
-        QTest::newRow("a hidden row keeps its lamp") << AllOn << "s.setVisible(false)" << "-";
-        QTest::newRow("shown again, all buttons show")
-            << QStringList(AllOn.mid(3)) << "s.setVisible(false); s.setVisible(true)" << "- Load Edit Clear";
-        QTest::newRow("locked as a whole") << AllOn << "s.setEnabled(false)" << "- (Load) (Edit) (Clear)";
+        row("all stated: Clear is usable without a script", AllOn, "", "- Load Edit Clear");
+        row("absent ones hide", AllOn.mid(3), "", "-");
+        row("absent ones lock", Shown, "", "- (Load) (Edit) (Clear)");
+        row("loaded", Shown, load, "* (Load) (Edit) Clear");
+        row("loaded and forgotten: Clear locks", AllOn, load + drop, "- Load Edit (Clear)");
+        row("another custom property", AllOn, "s.setCustomProperty('x', false)", "- Load Edit Clear");
+        row("until the next refresh", Shown, drop + "s.setEnabledClear(true)", "- (Load) (Edit) Clear");
+        row("no news, no refresh", AllOn, load + "s.setEnabledClear(false);" + load, "* Load Edit (Clear)");
+        row("slots act on the buttons alone", AllOn,
+            "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)", "- (Load)");
+        row("properties act too", AllOn, "s.enabledEdit = s.visibleLoad = false", "- (Edit) Clear");
+        row("a hidden row keeps its lamp", AllOn, "s.setVisible(false)", "-");
+        row("shown again, all buttons show", AllOn.mid(3), "s.setVisible(false); s.setVisible(true)",
+            "- Load Edit Clear");
+        row("locked as a whole", AllOn, "s.setEnabled(false)", "- (Load) (Edit) (Clear)");
     }
 
     void states()
     {
-        QFETCH(QStringList, properties);
-        QFETCH(QString, script);
+        const auto [properties, script] = Fetch<QStringList, QString>({"properties", "script"});
         LiveForm live(Widget("s", "ScriptControl", properties));
         live.form->EvaluateScript(script);
         QTEST(Row(live), "row");
@@ -96,14 +93,23 @@ private Q_SLOTS:
         QCOMPARE(lamp->toolTip(), QString("KV218::OrbelScriptControl:Script loaded"));
         const QImage on = lamp->pixmap(Qt::ReturnByValue).toImage();
         QVERIFY(!on.isNull() && on.size() == off.size() && on != off);
+        QCOMPARE(on.devicePixelRatio(), lamp->devicePixelRatioF());
         for (const QString &path : QStringList{":/OrbelParser/Loaded_ON%1.png", ":/OrbelParser/Loaded_OFF%1.png"})
             QCOMPARE(QImage(path.arg("@2x")).size(), QImage(path.arg("")).size() * 2);
 
         QCOMPARE(live.Find("s_LoadButton")->minimumWidth(), 80);
         for (const QString &name : Buttons) {
             QCOMPARE(live.Find(name)->toolTip(), name.mid(1).remove('_').replace("Button", " s:Demod"));
-            QCOMPARE(live.Find<QPushButton>(name)->icon().pixmap(64).width(), 64);
+            const QWidget *button = live.Find(name);
+            const QIcon icon = live.Find<QPushButton>(name)->icon();
+            QCOMPARE(icon.pixmap(live.window->windowHandle(), QSize(64, 64)).width(), 64 * button->devicePixelRatio());
         }
+        struct Probe : KV218::OrbelScriptControl {
+            Probe() : OrbelScriptControl(nullptr) { }
+            using OrbelDelegate::GetDefinedProperties;
+        };
+        QCOMPARE(Probe().GetDefinedProperties().mid(4).join(' '),
+            QString("enabledClear enabledEdit enabledLoad visibleLoad visibleClear visibleEdit"));
         live.Get("s")->setProperty("toolTip", "own");
         for (const QString &name : Buttons)
             QCOMPARE(live.Find(name)->toolTip(), QString("own"));

@@ -2,6 +2,7 @@
 
 #include "orbelchannelspacingtable.h"
 #include "orbeltable.h"
+#include "rows.h"
 #include "storecase.h"
 #include "testmain.h"
 
@@ -75,8 +76,14 @@ struct LiveTable : LiveStore {
     }
 };
 
-void EditCorner(LiveTable &t) { t.Type(0, 0, "5"); }
-void GoToLast(LiveTable &t) { t.Table()->setCurrentCell(1, t.Table()->columnCount() - 1); }
+void EditCorner(LiveTable &t)
+{
+    t.Type(0, 0, "5");
+}
+void GoToLast(LiveTable &t)
+{
+    t.Table()->setCurrentCell(1, t.Table()->columnCount() - 1);
+}
 const std::vector<End<LiveTable>> Ends{
     {Spacings, "sheet", EditCorner},
     {Spacings, "s.spacingChanged", EditCorner},
@@ -109,18 +116,20 @@ private Q_SLOTS:
             "apply s.spacingChanged(1) s.spacingValueChanged(1, 2.26)", "2.26", spacings.arg("0.0", "2.3", "0.0"));
         StoreRow("spacings: more keep, fewer drop the last", Spacings, {"spacingsCount=Int:1"},
             "s.setSpacingValue(0, 4); s.setSpacingsCount(3); s.setSpacingValue(2, 9); s.setSpacingsCount(2);"
-            "s.setSpacingsCount(3)", no,
-            "apply s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)", "",
-            spacings.arg("4", "0", "0"));
+            "s.setSpacingsCount(3)",
+            no, "apply s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)",
+            "", spacings.arg("4", "0", "0"));
         StoreRow("spacings: a negative count is none", Spacings, Shape, "s.setSpacingsCount(-3)", no, "", "", "");
         StoreRow("spacings: absurd counts, indices and decimals", Spacings, Shape + QStringList{"decimals=Int:-7"},
             "s.setSpacingsCount(2147483647); s.setSpacingValue(2147483647, 1); s.setSpacingValue(-1, 1);"
-            "r = s.spacingValue(-1)", "<i index='2147483647'>1</i><i>2</i><i index='-9'>3</i>", "", "0",
+            "s.spacingsCount = 4294967297; r = s.spacingValue(-1)",
+            "<i index='2147483647'>1</i><i>2</i><i index='-9'>3</i>", "", "0",
             spacings.arg("0.000000", "0.000000", "0.000000"));
         StoreRow("spacings: reading is silent", Spacings, Shape, no,
             "<i index='1'>6</i><i>7</i><i>8</i><i index='0'>x</i>", "", "", spacings.arg("0", "6", "7"));
         StoreRow("grid: a script's change is silent and keeps its type", Grid, Shape,
-            "s.setItemValue(1, 0, 2.5); s.setItemValue(2, 0, 9); r = typeof s.itemValue(1, 0) + typeof s.itemValue(0, 0)",
+            "s.setItemValue(1, 0, 2.5); s.setItemValue(2, 0, 9); r = typeof s.itemValue(1, 0) + typeof s.itemValue(0, "
+            "0)",
             no, "", "numberundefined", cells.arg("", "", "2.5", ""));
         StoreRow("grid: clearing keeps the shape", Grid, Shape, "s.setItemValue(0, 0, 'a'); s.clear()", no,
             "s.tableCleared()", "", cells.arg("", "", "", ""));
@@ -133,8 +142,8 @@ private Q_SLOTS:
         StoreRow("grid: without rows it gets no columns", Grid, {"columnCount=Int:2"},
             "s.setRowCount(3); s.setColumnCount(4)", no, "", "", "");
         StoreRow("grid: absurd shapes", Grid, Shape,
-            "s.setRowCount(2147483647); s.setColumnCount(2147483647); s.setColumnCount(-1)", no, "", "",
-            cells.arg("", "", "", ""));
+            "s.setRowCount(2147483647); s.setColumnCount(2147483647); s.setColumnCount(-1); s.rowCount = 4294967297",
+            no, "", "", cells.arg("", "", "", ""));
         StoreRow("grid: reading clears silently and makes texts", Grid, Shape, "s.setItemValue(0, 1, 'old')",
             "<i>5</i><i row='1' column='1'>6</i><i row='9'>7</i>", "", "", cells.arg("5", "", "", "6"));
     }
@@ -145,14 +154,19 @@ private Q_SLOTS:
         const auto bounds = [](LiveTable &live) {
             const auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
             const QString text("%1 %2 %3 %4, %5");
-            return !spin ? QString() : text.arg(spin->minimum()).arg(spin->maximum()).arg(spin->singleStep())
-                                           .arg(spin->decimals()).arg(live.Table()->toolTip());
+            return !spin ? QString()
+                         : text.arg(spin->minimum())
+                               .arg(spin->maximum())
+                               .arg(spin->singleStep())
+                               .arg(spin->decimals())
+                               .arg(live.Table()->toolTip());
         };
         LiveTable absent(Spacings, Shape);
         QCOMPARE(bounds(absent), QString("0 1000 1 0, <html>"));
         LiveTable stated(Spacings,
             Shape
-                + QStringList{"minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"});
+                + QStringList{
+                    "minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"});
         QCOMPARE(bounds(stated), QString("-5 2000.5 12.5 1, <html><br>-5.0...2000.5"));
         stated.form->EvaluateScript("s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)");
         stated.Type(0, 0, "5");
@@ -185,18 +199,16 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("count");
         QTest::addColumn<int>("row"); // -1: by key
-        QTest::addColumn<QString>("menu");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("mouse") << 3 << 2 << "Set to all" << "30 30 30";
-        QTest::newRow("keyboard, the current row") << 3 << -1 << "Set to all" << "20 20 20";
-        QTest::newRow("below the last row") << 3 << 9 << "" << "10 20 30";
-        QTest::newRow("one row alone") << 1 << 0 << "" << "10";
+        Columns<QString, QString>({"menu", "shown"});
+        AddRow("mouse", 3, 2, "Set to all", "30 30 30");
+        AddRow("keyboard, the current row", 3, -1, "Set to all", "20 20 20");
+        AddRow("below the last row", 3, 9, "", "10 20 30");
+        AddRow("one row alone", 1, 0, "", "10");
     }
 
     void setToAll()
     {
-        QFETCH(int, count);
-        QFETCH(int, row);
+        const auto [count, row] = Fetch<int, int>({"count", "row"});
         LiveTable live(Spacings, {QString("spacingsCount=Int:%1").arg(count)});
         live.Read("<i>10</i><i>20</i><i>30</i>");
         live.Table()->setCurrentCell(1, 0);
@@ -238,12 +250,13 @@ private Q_SLOTS:
 
     void mouseAndCurrentCellAreTold_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QString>("events");
-        QTest::newRow("grid") << Grid << "s.currentCellChanged(1, 0, 0, 0) s.cellPressed(1, 0) s.cellClicked(1, 0)"
-                                         " s.cellDoubleClicked(1, 0) s.cellActivated(1, 0)";
-        QTest::newRow("spacings") << Spacings << "s.currentSpacingChanged(1, 0) s.spacingPressed(1) s.spacingClicked(1)"
-                                                 " s.spacingDoubleClicked(1) s.spacingActivated(1)";
+        const auto row = Columns<QString, QString>({"className", "events"});
+        row("grid", Grid,
+            "s.currentCellChanged(1, 0, 0, 0) s.cellPressed(1, 0) s.cellClicked(1, 0)"
+            " s.cellDoubleClicked(1, 0) s.cellActivated(1, 0)");
+        row("spacings", Spacings,
+            "s.currentSpacingChanged(1, 0) s.spacingPressed(1) s.spacingClicked(1)"
+            " s.spacingDoubleClicked(1) s.spacingActivated(1)");
     }
 
     void mouseAndCurrentCellAreTold()
@@ -265,19 +278,17 @@ private Q_SLOTS:
         QTest::addColumn<QPoint>("start"); // column and row
         QTest::addColumn<QString>("pasted");
         QTest::addColumn<QString>("copied"); // with all cells selected
-        QTest::newRow("grid: as much as fits") << Grid << QPoint(0, 0) << "a\tb\tx\r\nc\td\r\ne" << "a\tb\nc\td";
-        QTest::newRow("grid: from the selected cell on") << Grid << QPoint(1, 1) << "d" << "\t\n\td";
-        QTest::newRow("spacings: bounded and rounded like typed ones")
-            << Spacings << QPoint(0, 0) << "2000\n-1\n12,6\n" << "1000\n0\n13";
-        QTest::newRow("spacings: what is no number stays out") << Spacings << QPoint(0, 1) << "x\n7" << "5\n5\n7";
-        QTest::newRow("nothing") << Spacings << QPoint(0, 0) << "" << "5\n5\n5";
+        AddRow("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td");
+        AddRow("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td");
+        AddRow(
+            "spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "2000\n-1\n12,6\n", "1000\n0\n13");
+        AddRow("spacings: what is no number stays out", Spacings, QPoint(0, 1), "x\n7", "5\n5\n7");
+        AddRow("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5");
     }
 
     void clipboard()
     {
-        QFETCH(QString, className);
-        QFETCH(QPoint, start);
-        QFETCH(QString, pasted);
+        const auto [className, start, pasted] = Fetch<QString, QPoint, QString>({"className", "start", "pasted"});
         LiveTable live(className, Shape);
         live.Read("<i>5</i><i>5</i><i>5</i>");
         live.Table()->setCurrentCell(start.y(), start.x());
@@ -291,11 +302,10 @@ private Q_SLOTS:
 
     void largeTablesCostTheSameForEachRow_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QByteArray>("count");
-        QTest::newRow("rows") << Grid << QByteArray("rowCount");
-        QTest::newRow("columns") << Grid << QByteArray("columnCount");
-        QTest::newRow("spacings") << Spacings << QByteArray("spacingsCount");
+        const auto row = Columns<QString, QByteArray>({"className", "count"});
+        row("rows", Grid, QByteArray("rowCount"));
+        row("columns", Grid, QByteArray("columnCount"));
+        row("spacings", Spacings, QByteArray("spacingsCount"));
     }
 
     void largeTablesCostTheSameForEachRow()
@@ -326,6 +336,14 @@ private Q_SLOTS:
             QVERIFY(!window.Table()->grab().isNull());
             window.Type(1, 0, "5");
             QCOMPARE(window.Table()->item(1, 0)->text(), QString("5"));
+        }
+        for (const auto &[className, count] : {std::pair(Spacings, "spacingsCount"), std::pair(Grid, "columnCount")}) {
+            LiveTable window(className, Shape);
+            GoToLast(window);
+            window.log.On("s.current", [&] { window.form.reset(); });
+            window.Get("s")->setProperty(count, 1);
+            QVERIFY(!window.form && window.Table()->verticalHeader()->updatesEnabled());
+            QCOMPARE(window.Table()->horizontalHeader()->sectionResizeMode(0), QHeaderView::Stretch);
         }
         LiveTable live(Spacings, Shape);
         live.log.On("s.spacingChanged", [&] { live.window.reset(); });

@@ -4,11 +4,17 @@
 #include <tuple>
 #include <utility>
 
-/// Adds the columns of a test's table, with their types and names in order.
-template <class... Types> void Columns(const char *const (&names)[sizeof...(Types)])
+/// Adds rows to a test's table, with their fields in the order of its columns.
+template <class... Types> struct RowAdder {
+    void operator()(const char *name, const Types &...fields) const { (QTest::newRow(name) << ... << fields); }
+};
+
+/// Adds the columns of a test's table, with their types and names in order, and gives what adds its rows.
+template <class... Types> RowAdder<Types...> Columns(const char *const (&names)[sizeof...(Types)])
 {
     const char *const *next = names;
     (QTest::addColumn<Types>(*next++), ...);
+    return {};
 }
 
 template <class... Types, size_t... places>
@@ -23,7 +29,7 @@ template <class... Types> std::tuple<Types...> Fetch(const char *const (&names)[
     return FetchAt<Types...>(names, std::index_sequence_for<Types...>());
 }
 
-/// Adds a row with its fields in the order of the columns.
+/// Adds a row to a table whose columns are told one by one.
 template <class... Fields> void AddRow(const char *name, const Fields &...fields)
 {
     (QTest::newRow(name) << ... << fields);

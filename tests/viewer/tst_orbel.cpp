@@ -2,6 +2,7 @@
 
 #include "nearestnames.h"
 #include "orbelcommand.h"
+#include "rows.h"
 #include "testmain.h"
 
 #include <QApplication>
@@ -113,20 +114,17 @@ private:
 private Q_SLOTS:
     void helpNamesEverySubcommandAndOption_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("words");
-        QTest::newRow("overview") << QStringList{"--help"} << "view render params";
-        QTest::newRow("view") << QStringList{"view", "--help"} << "Usage: orbel view FILE [debug]";
-        QTest::newRow("render") << QStringList{"render", "-h"}
-                                << "orbel render OUT.png --size --font-size --component --style";
-        QTest::newRow("params") << QStringList{"params", "--help"}
-                                << "orbel params --params --set --changed --only-modified --component";
+        const auto row = Columns<QStringList, QString>({"arguments", "words"});
+        row("overview", QStringList{"--help"}, "view render params");
+        row("view", QStringList{"view", "--help"}, "Usage: orbel view FILE [debug]");
+        row("render", QStringList{"render", "-h"}, "orbel render OUT.png --size --font-size --component --style");
+        row("params", QStringList{"params", "--help"},
+            "orbel params --params --set --changed --only-modified --component");
     }
 
     void helpNamesEverySubcommandAndOption()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, words);
+        const auto [arguments, words] = Fetch<QStringList, QString>({"arguments", "words"});
         const Result result = Orbel(arguments);
         QCOMPARE(result.Status, 0);
         for (const QString &word : words.split(' '))
@@ -135,9 +133,7 @@ private Q_SLOTS:
 
     void mistakesAreToldWithTheirPlace_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("told");
+        const auto add = Columns<QStringList, int, QString>({"arguments", "status", "told"});
 
         const QString form = WriteForm();
         const QString empty = Write("empty.orbel", "");
@@ -149,9 +145,6 @@ private Q_SLOTS:
         const QString missing = Folder.filePath("missing.orbel");
         const QString noFolder = Folder.filePath("none/out.png");
 
-        const auto add = [](const char *name, const QStringList &arguments, int expected, const QString &text) {
-            QTest::newRow(name) << arguments << expected << text;
-        };
         // clang-format off
         add("no subcommand", {}, 2, "a subcommand");
         add("unknown subcommand", {"parms"}, 2, "\"params\"");
@@ -188,9 +181,7 @@ private Q_SLOTS:
 
     void mistakesAreToldWithTheirPlace()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, status);
-        QFETCH(QString, told);
+        const auto [arguments, status, told] = Fetch<QStringList, int, QString>({"arguments", "status", "told"});
         const Result result = Orbel(arguments);
         QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
         QVERIFY2(result.Err.startsWith("orbel: "), qPrintable(result.Err));
@@ -199,8 +190,7 @@ private Q_SLOTS:
 
     void paramsPrintsWhatTheFormHolds_data()
     {
-        QTest::addColumn<QStringList>("options");
-        QTest::addColumn<QString>("printed");
+        const auto add = Columns<QStringList, QString>({"options", "printed"});
 
         const auto document = [](const QString &first, const QString &second) {
             return QString("<Parameters><Group><first>%1</first>%2</Group></Parameters>").arg(first, second);
@@ -215,9 +205,6 @@ private Q_SLOTS:
             "<ZkParamGui><Sheet><Widget name='second'><Property name='parameterXmlTag'><String>Group/second</String>"
             "</Property><Property name='text'><String>new</String></Property></Widget></Sheet></ZkParamGui>");
 
-        const auto add = [](const char *name, const QStringList &options, const QString &printed) {
-            QTest::newRow(name) << options << printed;
-        };
         // clang-format off
         add("document read", {"--params", read}, document("1", two));
         add("document in another encoding", {"--params", latin}, document(QChar(0xe4), two));
@@ -231,8 +218,7 @@ private Q_SLOTS:
 
     void paramsPrintsWhatTheFormHolds()
     {
-        QFETCH(QStringList, options);
-        QFETCH(QString, printed);
+        const auto [options, printed] = Fetch<QStringList, QString>({"options", "printed"});
         Result result = Orbel(QStringList{"params", WriteForm()} + options);
         QCOMPARE(result.Err, QString());
         QCOMPARE(result.Out.remove(QRegularExpression("\\n *")), printed);
@@ -241,10 +227,7 @@ private Q_SLOTS:
 
     void formsWithFaultsAreToldAndUsed_data()
     {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("behind");
-        QTest::addColumn<QString>("told");
-        QTest::addColumn<int>("status");
+        Columns<QString, QString, QString, int>({"script", "behind", "told", "status"});
         const QString handler = "first.textChanged.connect(function () { missing.text = 1 })";
         // clang-format off
         QTest::newRow("script prints")            << "print('hello', 1 + 1)" << ""   << "hello 2\n"                         << 0;
@@ -256,10 +239,8 @@ private Q_SLOTS:
 
     void formsWithFaultsAreToldAndUsed()
     {
-        QFETCH(QString, script);
-        QFETCH(QString, behind);
-        QFETCH(QString, told);
-        QFETCH(int, status);
+        const auto [script, behind, told, status]
+            = Fetch<QString, QString, QString, int>({"script", "behind", "told", "status"});
         const Result result = Orbel({"params", WriteForm(script, behind), "--set", "first=a"});
         QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
         QVERIFY2(result.Out.startsWith("<Parameters>") && result.Out.contains("<first>a<"), qPrintable(result.Out));
@@ -269,8 +250,8 @@ private Q_SLOTS:
     void paramsFedWithItsOwnOutputPrintsTheSame_data()
     {
         QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("receiver") << QStringList{Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"};
-        QTest::newRow("component") << QStringList{Components, "--component", "Audio", "--set", "Audio/Mute=true"};
+        AddRow("receiver", QStringList{Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"});
+        AddRow("component", QStringList{Components, "--component", "Audio", "--set", "Audio/Mute=true"});
     }
 
     void paramsFedWithItsOwnOutputPrintsTheSame()

@@ -8,6 +8,7 @@
 #include "orbelformular.h"
 #include "orbeltest.h"
 #include "orbeltestmain.h"
+#include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 
@@ -109,53 +110,35 @@ private Q_SLOTS:
         Viewer.reset();
     }
 
-    void tooFewArgumentsShowNothing()
+    void whatCannotBeReadIsNotShown()
     {
-        QVERIFY(Init({Write("a.orbel", MuteForm)}, 3));
-        QVERIFY(!Viewer->GetWindow()->isVisible());
-        QVERIFY(!Viewer->GetWindow()->centralWidget());
-        QCOMPARE(Viewer->GetInstanceName(), QString("viewer"));
-    }
-
-    void definitionStandsInTheWindowWithAnApplyRow()
-    {
-        QVERIFY(Init({Write("mute.orbel", MuteForm), "other"}));
-        QVERIFY(Viewer->GetWindow()->isVisible());
-        QCOMPARE(Viewer->GetWindow()->centralWidget(), Viewer->GetFormular()->GetGUI());
-        QVERIFY(Viewer->GetFormular()->GetGUI()->isVisible());
-        QVERIFY(Viewer->GetWindow()->findChild<QPushButton *>("applyButton"));
-        QCOMPARE(Viewer->GetFormular()->GetVTPath(), QString("/OrbelTest"));
-        QCOMPARE(Viewer->GetWindow()->sizeHint(), QSize(500, 800));
-        QVERIFY(Told.isEmpty());
-    }
-
-    void applyTellsTheWholeDocument()
-    {
-        Init({Write("mute.orbel", MuteForm)});
-        auto *box = Viewer->GetWindow()->findChild<QCheckBox *>("mute");
-        QVERIFY(box);
-        box->click();
-        QTest::mouseClick(Viewer->GetWindow()->findChild<QPushButton *>("applyButton"), Qt::LeftButton);
-        QCOMPARE(Told.size(), 1);
-        QVERIFY2(Told[0].startsWith("sl_parametersModified:\n"), qPrintable(Told[0]));
-        QVERIFY2(Told[0].contains("<mute>true</mute>"), qPrintable(Told[0]));
-        QVERIFY(Told[0].endsWith("\n"));
-        QCOMPARE(Viewer->GetFormular()->GetXmlString(true), QString());
-    }
-
-    void unreadableDefinitionIsToldAndNotShown()
-    {
+        QVERIFY2(Init({Write("a.orbel", MuteForm)}, 3) && Told.isEmpty(), "too few arguments");
         const QByteArray path = Write("bad.orbel", "<Form/>");
         QVERIFY(Init({path}));
         QCOMPARE(Told, QStringList("** LoadOrbel: Cannot load " + path + "\n"));
         QVERIFY(!Viewer->GetWindow()->isVisible());
     }
 
+    void definitionStandsInTheWindowWithAnApplyRow()
+    {
+        QVERIFY(Init({Write("mute.orbel", MuteForm), "other"}));
+        const QMainWindow *window = Viewer->GetWindow();
+        QVERIFY(window->isVisible() && Viewer->GetFormular()->GetGUI()->isVisible());
+        QCOMPARE(window->centralWidget(), Viewer->GetFormular()->GetGUI());
+        QCOMPARE(Viewer->GetFormular()->GetVTPath(), QString("/OrbelTest"));
+        QCOMPARE(window->sizeHint(), QSize(500, 800));
+        window->findChild<QCheckBox *>("mute")->click();
+        QVERIFY(Told.isEmpty());
+        QTest::mouseClick(window->findChild<QPushButton *>("applyButton"), Qt::LeftButton);
+        QCOMPARE(Told.size(), 1);
+        QVERIFY2(Told[0].startsWith("sl_parametersModified:\n") && Told[0].endsWith("\n"), qPrintable(Told[0]));
+        QVERIFY2(Told[0].contains("<mute>true</mute>"), qPrintable(Told[0]));
+        QCOMPARE(Viewer->GetFormular()->GetXmlString(true), QString());
+    }
+
     void componentListGetsATabForEachForm_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<QString>("titles");
+        Columns<QString, QString, QString>({"name", "list", "titles"});
 
         const QString form = Definition("ORBEL", MuteForm);
         const QString one = Component("One");
@@ -176,9 +159,7 @@ private Q_SLOTS:
 
     void componentListGetsATabForEachForm()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, list);
-        QFETCH(QString, titles);
+        const auto [name, list, titles] = Fetch<QString, QString, QString>({"name", "list", "titles"});
         QVERIFY(Init({name.isEmpty() ? "missing.xml" : Write(name, "<List>" + list + "</List>")}));
         QVERIFY(Viewer->GetWindow()->isVisible());
         QVERIFY(Tabs());
@@ -223,10 +204,7 @@ private Q_SLOTS:
 
     void failedConstructionIsTracedAndHandedOver_data()
     {
-        QTest::addColumn<bool>("own");
-        QTest::addColumn<unsigned int>("mask");
-        QTest::addColumn<QString>("trace");
-        QTest::addColumn<QString>("exception");
+        Columns<bool, unsigned int, QString, QString>({"own", "mask", "trace", "exception"});
 
         const QString own = "broken file.cpp Class Method 7";
         const QString standard = "broken loadinterface class method ffffffff";
