@@ -46,6 +46,9 @@ struct Row {
 
 template <class Delegate> OrbelDelegate *Make(OrbelWidget *widget)
 {
+    // The script engine looks this type up for each object that it is given, and searches long for an unknown one.
+    static const int known = qRegisterMetaType<Delegate *>();
+    Q_UNUSED(known)
     return new Delegate(widget);
 }
 

@@ -44,9 +44,11 @@ template <class Integer, class Wide> bool Fits(const QVariant &value, Wide wide)
 
 } // namespace
 
-OrbelDelegate::OrbelDelegate(OrbelWidget *widget)
-    : OwnerWidget(widget), DefinedProperties{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip}
+OrbelDelegate::OrbelDelegate(OrbelWidget *widget) : OwnerWidget(widget)
 {
+    // One list for all, until a control adds its own names.
+    static const QStringList common{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip};
+    DefinedProperties = common;
 }
 
 OrbelDelegate::~OrbelDelegate() = default;
@@ -123,10 +125,17 @@ bool OrbelDelegate::ChangeProperty(const PropertyKey &name, const QVariant &valu
 
 void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &value)
 {
-    const QVariant before = property(name.data());
-    const bool qtStaysSilent = value.isValid() && before.userType() == value.userType() && before == value;
+    const bool declared = metaObject()->indexOfProperty(name.data()) >= 0;
+    const QVariant before = declared ? property(name.data()) : value;
+    SetInProgress set{&name, &value, false};
+    InProgress = &set;
     setProperty(name.data(), value);
-    if (qtStaysSilent) {
+    // Whoever was told may have ended this.
+    if (set.Told)
+        return;
+    InProgress = nullptr;
+    const bool equal = before.userType() == value.userType() && before == value;
+    if (value.isValid() && equal) {
         QDynamicPropertyChangeEvent change(name.data());
         QCoreApplication::sendEvent(this, &change);
     }
@@ -189,8 +198,15 @@ bool OrbelDelegate::event(QEvent *e)
 
     const QPointer<OrbelDelegate> self(this);
     const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
-    if (!key.startsWith("_q_"))
-        PropertyChanged(QString::fromLatin1(key), property(key.constData()));
+    // The set that leads here knows name and value; others are looked up.
+    SetInProgress *set = std::exchange(InProgress, nullptr);
+    const bool known = set && key == set->Name->data();
+    if (known)
+        set->Told = true;
+    if (!key.startsWith("_q_")) {
+        const QVariant value = known ? *set->Value : property(key.constData());
+        PropertyChanged(known ? set->Name->toString() : QString::fromLatin1(key), value);
+    }
     return self ? QObject::event(e) : true;
 }
 

@@ -221,7 +221,15 @@ private:
     bool ParseProperty(QXmlStreamReader &reader, bool custom);
     void ReadBackProperties();
 
+    /// A call of SetPropertyAlways() between the set and its event, which needs no look-up then.
+    struct SetInProgress {
+        const PropertyKey *Name;
+        const QVariant *Value;
+        bool Told;
+    };
+
     OrbelWidget *OwnerWidget;
+    SetInProgress *InProgress = nullptr;
     QString XmlPath;
     QString XmlTagName;
     QString VTPath;

@@ -14,6 +14,9 @@ namespace
 
 QStringList PathParts(const QString &path)
 {
+    // Most paths have one part.
+    if (!path.isEmpty() && !path.contains(QLatin1Char('/')))
+        return QStringList(path);
     return path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
 }
 

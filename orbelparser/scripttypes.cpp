@@ -1,6 +1,7 @@
 #include "scripttypes.h"
 
 #include "applymode.h"
+#include "orbeldelegate.h"
 
 #include <QScriptEngine>
 
@@ -26,6 +27,7 @@ void RegisterScriptTypes(QScriptEngine *engine)
 {
     // The meta-objects record the mode's name without its namespace.
     qRegisterMetaType<eApplyMode>("eApplyMode");
+    qRegisterMetaType<OrbelDelegate *>();
     qScriptRegisterMetaType(engine, ApplyModeToScript, ApplyModeFromScript);
     qScriptRegisterSequenceMetaType<QList<QString>>(engine);
 }

@@ -9,15 +9,21 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 static QString Translated(const QByteArray &context, const QString &name)
 {
     return context.isEmpty() ? name : QCoreApplication::translate(context.constData(), name.toUtf8().constData());
 }
 
-VCComboBoxClassic::VCComboBoxClassic(QWidget *parent, const char *name) : QComboBox(parent)
+VCComboBoxClassic::VCComboBoxClassic(QWidget *parent, const char *name) : QComboBox(parent), WatchedModel(model())
 {
     setObjectName(QString::fromUtf8(name));
+    const auto count = [this] { ++Change; };
+    connect(WatchedModel, &QAbstractItemModel::dataChanged, this, count);
+    connect(WatchedModel, &QAbstractItemModel::rowsInserted, this, count);
+    connect(WatchedModel, &QAbstractItemModel::rowsRemoved, this, count);
+    connect(WatchedModel, &QAbstractItemModel::modelReset, this, count);
     setFocusPolicy(Qt::StrongFocus);
     // The last of the signals that the base class sends after a choice in the open list, where no handler of this class
     // comes later to write the node.
@@ -51,6 +57,49 @@ void VCComboBoxClassic::showPopup()
         popup->move(std::max(room.left(), room.right() + 1 - popup->width()), popup->y());
 }
 
+QSize VCComboBoxClassic::sizeHint() const
+{
+    return Remembered(Hint, [this] { return QComboBox::sizeHint(); });
+}
+
+QSize VCComboBoxClassic::minimumSizeHint() const
+{
+    return Remembered(MinimumHint, [this] { return QComboBox::minimumSizeHint(); });
+}
+
+/// The base class measures the texts of all items three times until a box is shown: for each hint, and again on the first
+/// show. All three come to the same while nothing changed.
+template <class Base> QSize VCComboBoxClassic::Remembered(QSize &hint, const Base &measure) const
+{
+    const bool asMade = sizeAdjustPolicy() == AdjustToContentsOnFirstShow && minimumContentsLength() == 0
+        && !isEditable() && model() == WatchedModel;
+    if (!asMade)
+        return measure();
+    const bool sameIcons = MeasuredIcons == iconSize();
+    if (hint.isValid() && sameIcons)
+        return hint;
+    if (MeasuredChange != Change || !sameIcons)
+        Measured = measure();
+    MeasuredChange = Change;
+    MeasuredIcons = iconSize();
+    hint = Measured;
+    return hint;
+}
+
+void VCComboBoxClassic::ForgetMeasures()
+{
+    ++Change;
+    Hint = QSize();
+    MinimumHint = QSize();
+}
+
+void VCComboBoxClassic::showEvent(QShowEvent *event)
+{
+    if (!std::exchange(ShownOnce, true))
+        Hint = QSize();
+    QComboBox::showEvent(event);
+}
+
 void VCComboBoxClassic::keyPressEvent(QKeyEvent *event)
 {
     const bool searching = LastLetter.isValid() && !LastLetter.hasExpired(QApplication::keyboardInputInterval());
@@ -74,6 +123,8 @@ void VCComboBoxClassic::wheelEvent(QWheelEvent *event)
 void VCComboBoxClassic::changeEvent(QEvent *event)
 {
     QComboBox::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+        ForgetMeasures();
     if (event->type() != QEvent::LanguageChange)
         return;
     // A host may have added rows of its own.

@@ -27,8 +27,11 @@ public:
     void Update(Observable *subject, TChangeCode code) override;
     /// Opens the list wide enough for its longest text, within the screen.
     void showPopup() override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -38,6 +41,8 @@ private:
     void ShowNode();
     void ShowItems();
     int PopupWidth() const;
+    template <class Base> QSize Remembered(QSize &hint, const Base &measure) const;
+    void ForgetMeasures();
 
     NodeBinding<ValueSelection> Node{this};
     LateWrite<VCComboBoxClassic> Writer{this, &VCComboBoxClassic::WriteNode};
@@ -46,4 +51,14 @@ private:
     QByteArray Context;
     int ShownIndex = -1;
     QElapsedTimer LastLetter;
+    // The hints as the base class would remember them, and what it last measured: good while `MeasuredChange` is
+    // `Change`, which counts what happened to the list and to the look.
+    mutable QSize Hint;
+    mutable QSize MinimumHint;
+    mutable QSize Measured;
+    mutable QSize MeasuredIcons;
+    mutable int MeasuredChange = -1;
+    int Change = 0;
+    const QAbstractItemModel *const WatchedModel;
+    bool ShownOnce = false;
 };

@@ -1,0 +1,486 @@
+// Measures forms against other ways to the same, and prints a table of ratios in Markdown.
+//
+//     bench [--repeats R] [--sizes N,N,...] [--only TEXT]     TEXT: a part of the rows' titles
+
+#include "measure.h"
+#include "memory.h"
+#include "orbelform.h"
+#include "peers.h"
+#include "work.h"
+
+#include "floatgrouplayout.h"
+#include "orbeldelegate.h"
+#include "valuenumeric.h"
+#include "vcnumericfloatspin.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QTextStream>
+
+using measure::Cell;
+using measure::Compare;
+using measure::TimeOf;
+
+namespace
+{
+
+int Repeats = 7;
+
+/// How often a piece of work that grows with the form is done in one turn, so that a turn is not too short to measure.
+int Rounds(int controls)
+{
+    return qMax(2, 2000 / controls);
+}
+
+/// Measurement is worth nothing when a side does not do its work.
+void Require(bool done, const char *what)
+{
+    if (!done)
+        qFatal("not comparable: %s", what);
+}
+
+// ---- from text to window
+
+double LoadOurs(const QString &text)
+{
+    OrbelForm form;
+    return TimeOf([&] {
+        form.Build(text);
+        peer::Show(form.Window());
+    });
+}
+
+double LoadUi(const QByteArray &text)
+{
+    std::unique_ptr<QWidget> window;
+    return TimeOf([&] {
+        window = peer::LoadUi(text);
+        peer::Show(window.get());
+    });
+}
+
+double LoadByHand(int controls)
+{
+    std::unique_ptr<peer::HandForm> form;
+    return TimeOf([&] {
+        form = std::make_unique<peer::HandForm>(controls);
+        peer::Show(form->Window());
+    });
+}
+
+Cell AgainstUiLoader(int controls)
+{
+    const QString text = work::Definition(controls);
+    const QByteArray uiText = work::UiText(controls);
+    return Compare([&] { return LoadOurs(text); }, [&] { return LoadUi(uiText); }, Repeats);
+}
+
+Cell AgainstFormLayout(int controls)
+{
+    const QString text = work::Definition(controls);
+    return Compare([&] { return LoadOurs(text); }, [&] { return LoadByHand(controls); }, Repeats);
+}
+
+Cell LoadGrowth(int controls)
+{
+    const QString text = work::Definition(controls);
+    const QString tenth = work::Definition(controls / 10);
+    return Compare([&] { return LoadOurs(text); }, [&] { return LoadOurs(tenth); }, Repeats);
+}
+
+Cell ParseStage(int controls)
+{
+    const QString text = work::Definition(controls);
+    const auto parse = [&] {
+        OrbelForm form;
+        return TimeOf([&] { form.Parse(text); });
+    };
+    return Compare(
+        parse, [&] { return TimeOf([&] { peer::WalkXml(text); }); }, Repeats);
+}
+
+Cell NodesAndScript(int controls)
+{
+    const QString text = work::Definition(controls);
+    const auto ours = [&] {
+        OrbelForm form;
+        form.Parse(text);
+        return TimeOf([&] { form.MakeNodes(); });
+    };
+    const auto bare = [&] {
+        peer::RawScript script(controls);
+        return TimeOf([&] { script.Run(); });
+    };
+    return Compare(ours, bare, Repeats);
+}
+
+Cell ControlsStage(int controls)
+{
+    const QString text = work::Definition(controls);
+    const auto ours = [&] {
+        OrbelForm form;
+        form.Parse(text);
+        form.MakeNodes();
+        return TimeOf([&] { form.MakeControls(); });
+    };
+    const auto raw = [&] {
+        std::unique_ptr<peer::HandForm> form;
+        return TimeOf([&] { form = std::make_unique<peer::HandForm>(controls, false); });
+    };
+    return Compare(ours, raw, Repeats);
+}
+
+Cell ShowStage(int controls)
+{
+    const QString text = work::Definition(controls);
+    const auto ours = [&] {
+        OrbelForm form;
+        form.Build(text);
+        return TimeOf([&] { peer::Show(form.Window()); });
+    };
+    const auto byHand = [&] {
+        const peer::HandForm form(controls);
+        return TimeOf([&] { peer::Show(form.Window()); });
+    };
+    return Compare(ours, byHand, Repeats);
+}
+
+// ---- layout
+
+FloatGroupLayout *LayoutOf(const OrbelForm &form)
+{
+    auto *layout = form.Window()->findChild<FloatGroupLayout *>();
+    Require(layout, "the form has no layout");
+    return layout;
+}
+
+double ResizeSteps(QWidget *window)
+{
+    constexpr int steps = 20;
+    window->setUpdatesEnabled(false);
+    const double taken = TimeOf([&] {
+        for (int step = 0; step < steps; ++step) {
+            window->resize(500 + 20 * step, 800);
+            peer::RunToIdle();
+        }
+    });
+    window->resize(500, 800);
+    peer::RunToIdle();
+    return taken / steps;
+}
+
+Cell Resize(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    const peer::HandForm byHand(controls);
+    peer::Show(byHand.Window());
+    return Compare([&] { return ResizeSteps(form.Window()); }, [&] { return ResizeSteps(byHand.Window()); }, Repeats);
+}
+
+QVector<peer::ItemSize> SizesOf(const FloatGroupLayout *layout)
+{
+    QVector<peer::ItemSize> sizes;
+    for (int i = 0; i < layout->count(); ++i) {
+        QLayoutItem *item = layout->itemAt(i);
+        const QWidget *widget = item->widget();
+        const auto what = qobject_cast<const QGroupBox *>(widget) ? peer::ItemSize::Title
+            : qobject_cast<const QLabel *>(widget)                ? peer::ItemSize::Label
+                                                                  : peer::ItemSize::Control;
+        sizes.append({what, item->sizeHint(), widget->contentsMargins().top()});
+    }
+    return sizes;
+}
+
+Cell Rearrange(int controls)
+{
+    constexpr int oneColumn = 300;
+    const int rounds = 20 * Rounds(controls);
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    FloatGroupLayout *layout = LayoutOf(form);
+    const QVector<peer::ItemSize> sizes = SizesOf(layout);
+    QVector<QRect> rectangles(sizes.size());
+    int height = 0;
+    const auto ours = [&] {
+        return TimeOf([&] {
+            for (int i = 0; i < rounds; ++i) {
+                layout->invalidate();
+                height = layout->heightForWidth(oneColumn);
+            }
+        });
+    };
+    int plainHeight = 0;
+    const auto plain = [&] {
+        return TimeOf([&] {
+            for (int i = 0; i < rounds; ++i)
+                plainHeight = peer::Arrange(sizes, 4, rectangles);
+        });
+    };
+    const Cell cell = Compare(ours, plain, Repeats);
+    Require(height == plainHeight, "the arithmetic gives another height");
+    return cell;
+}
+
+Cell Expand(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    form.Window()->setUpdatesEnabled(false);
+    FloatGroupLayout *layout = LayoutOf(form);
+    const auto group = form->GetSheet().GetWidget(QStringLiteral("group1"));
+    Require(group, "the form has no second group");
+    const auto collapse = [&](bool expanded) {
+        form->GetSheet().setGroupVisible(group.data(), expanded);
+        peer::RunToIdle();
+    };
+    const auto expand = [&] {
+        collapse(false);
+        return TimeOf([&] { collapse(true); });
+    };
+    const auto relayout = [&] {
+        return TimeOf([&] {
+            layout->invalidate();
+            layout->activate();
+            peer::RunToIdle();
+        });
+    };
+    return Compare(expand, relayout, Repeats);
+}
+
+// ---- parameters and values
+
+Cell WriteDocument(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    const peer::RawWriter writer(controls, 1);
+    Require(form->GetXmlString(false).trimmed() == writer.Write().trimmed(), "the parameter documents differ");
+    const int rounds = Rounds(controls);
+    const auto times = [&](const auto &write) {
+        return TimeOf([&] {
+            for (int i = 0; i < rounds; ++i)
+                write();
+        });
+    };
+    return Compare([&] { return times([&] { form->GetXmlString(false); }); },
+        [&] { return times([&] { writer.Write(); }); }, Repeats);
+}
+
+Cell ReadDocument(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    const peer::HandForm byHand(controls);
+    const QString documents[] = {peer::RawWriter(controls, 2).Write(), peer::RawWriter(controls, 3).Write()};
+    const int rounds = Rounds(controls);
+    const auto inTurns = [&](const auto &read) {
+        return TimeOf([&] {
+            for (int i = 0; i < rounds; ++i)
+                read(documents[i % 2]);
+        });
+    };
+    return Compare([&] { return inTurns([&](const QString &text) { form->SetXmlString(text); }); },
+        [&] { return inTurns([&](const QString &text) { byHand.Read(text); }); }, Repeats);
+}
+
+/// The application's values for the spin boxes of a form.
+class Locals
+{
+public:
+    explicit Locals(int controls)
+    {
+        for (int control = 0; control < controls; ++control) {
+            if (work::KindOf(control) != work::Kind::Spin)
+                continue;
+            numbers.append(control);
+            values.push_back(std::make_unique<ValueDouble>(work::NameOf(control)));
+        }
+    }
+    /// Nanoseconds a value.
+    double Exchange(const OrbelForm &form)
+    {
+        ++version;
+        for (int i = 0; i < numbers.size(); ++i)
+            values[size_t(i)]->SetValue(work::SpinValue(numbers.at(i), version), nullptr);
+        int changed = 0;
+        const double taken = TimeOf([&] {
+            for (const auto &value : values)
+                changed += form->SetVTValue(value.get(), nullptr, false);
+        });
+        Require(changed == numbers.size(), "values did not change");
+        return taken / numbers.size();
+    }
+    double Set(const peer::HandForm &form)
+    {
+        ++version;
+        return TimeOf([&] {
+            for (int i = 0; i < numbers.size(); ++i)
+                form.Spin(values[size_t(i)]->GetName())->setValue(work::SpinValue(numbers.at(i), version));
+        }) / numbers.size();
+    }
+
+private:
+    QVector<int> numbers;
+    std::vector<std::unique_ptr<ValueDouble>> values;
+    int version = 1;
+};
+
+Cell ExchangeValues(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    const peer::HandForm byHand(controls);
+    Locals ours(controls);
+    Locals raw(controls);
+    return Compare([&] { return ours.Exchange(form); }, [&] { return raw.Set(byHand); }, Repeats);
+}
+
+Cell ExchangeGrowth(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    OrbelForm tenth;
+    tenth.Build(work::Definition(controls / 10));
+    Locals many(controls);
+    Locals few(controls / 10);
+    return Compare([&] { return many.Exchange(form); }, [&] { return few.Exchange(tenth); }, Repeats);
+}
+
+Cell Edit(int controls)
+{
+    constexpr int edits = 500;
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    const QString name = work::NameOf(0);
+    auto *ourSpin = form.Window()->findChild<VCNumericFloatSpin *>(name);
+    Require(ourSpin, "the form has no spin box");
+    const peer::HandForm byHand(controls);
+    peer::Show(byHand.Window());
+    QDoubleSpinBox *spin = byHand.Spin(name);
+    double last = 0;
+    QObject::connect(
+        spin, QOverload<double>::of(&QDoubleSpinBox::valueChanged), spin, [&](double value) { last = value; });
+
+    const auto edit = [&](auto *control) {
+        return TimeOf([&] {
+            for (int i = 0; i < edits; ++i)
+                control->setValue(i + 0.5);
+        }) / edits;
+    };
+    const auto ours = [&] {
+        form->GetXmlString(false);
+        peer::RunToIdle();
+        const double taken = edit(ourSpin);
+        Require(form->GetSheet().GetWidget(name)->isModified(), "an edit marks nothing as modified");
+        return taken;
+    };
+    const auto raw = [&] {
+        peer::RunToIdle();
+        return edit(spin);
+    };
+    const Cell cell = Compare(ours, raw, Repeats);
+    Require(form->GetScriptValues().value(QStringLiteral("last")).toNumber() == last, "the script saw no edit");
+    return cell;
+}
+
+Cell Memory(int controls)
+{
+    Cell cell = Compare([&] { return memory::InChild(memory::Who::Ours, controls); },
+        [&] { return memory::InChild(memory::Who::UiLoader, controls); }, qMin(Repeats, 5));
+    cell.ours /= controls;
+    cell.peer /= controls;
+    return cell;
+}
+
+struct Plan {
+    const char *title;
+    double must;
+    double aim;
+    Cell (*run)(int controls);
+};
+
+// Rows that compare a form with a tenth of itself are measured at the greatest size alone.
+// clang-format off
+constexpr Plan Plans[] = {
+    {"definition text to visible and idle / QUiLoader load to visible",             1.1,  0.80, AgainstUiLoader},
+    {"the same / hand-written QFormLayout",                                          1.6,  1.25, AgainstFormLayout},
+    {"growth: time at 10 000 / time at 1000",                                        11.5, 10.5, LoadGrowth},
+    {"resize step, updates off / QFormLayout's",                                     1.0,  0.5,  Resize},
+    {"re-arrangement / layout arithmetic on the same sizes",                         5,    2,    Rearrange},
+    {"`GetXmlString(false)` / raw writer of the same text",                          2.0,  1.4,  WriteDocument},
+    {"`SetXmlString` on a hidden form / raw reader plus the controls' own setters",  2.0,  1.3,  ReadDocument},
+    {"`SetVTValue` per value, form hidden / hash look-up plus `setValue`",           2.0,  1.4,  ExchangeValues},
+    {"growth: the same per value at 10 000 / at 1000",                               1.3,  1.1,  ExchangeGrowth},
+    {"operator's edit, control to modified mark / `setValue` with one slot",         2.0,  1.2,  Edit},
+    {"expand a group of 20 rows in a visible form / one re-layout of it",            2,    1,    Expand},
+    {"memory a control, form built / QUiLoader's",                                   1.5,  1.0,  Memory},
+    {"parse stage / XML walk of the same text",                                      2.0,  1.4,  ParseStage},
+    {"nodes and script / bare script engine",                                        0,    0,    NodesAndScript},
+    {"controls, not shown / raw widgets without a layout",                           0,    0,    ControlsStage},
+    {"show to idle / QFormLayout's",                                                 0,    0,    ShowStage},
+};
+// clang-format on
+
+measure::Row Run(const Plan &plan, const QVector<int> &sizes)
+{
+    measure::Row row{QString::fromUtf8(plan.title), plan.must, plan.aim, 1000, plan.run == Memory, {}};
+    const bool growth = plan.run == LoadGrowth || plan.run == ExchangeGrowth;
+    if (growth)
+        row.goalSize = 10000;
+    for (int size : sizes) {
+        if (!growth || size == row.goalSize)
+            row.cells.append({size, plan.run(size)});
+    }
+    return row;
+}
+
+QVector<int> Sizes(const QString &list)
+{
+    QVector<int> sizes;
+    for (const QString &size : list.split(QLatin1Char(','))) {
+        // The expanded group is the second one.
+        if (size.toInt() >= 2 * work::RowsOfGroup)
+            sizes.append(size.toInt());
+    }
+    return sizes;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    if (memory::RunAsChild(application.arguments()))
+        return 0;
+
+    QCommandLineParser options;
+    const QCommandLineOption repeats("repeats", "How often each side is measured, at least 5.", "count", "7");
+    const QCommandLineOption sizeList("sizes", "Counts of controls.", "list", "100,1000,5000,10000");
+    const QCommandLineOption only("only", "Only rows with this text in their title.", "text");
+    options.addOptions({repeats, sizeList, only});
+    options.addHelpOption();
+    options.process(application);
+    Repeats = qMax(5, options.value(repeats).toInt());
+    const QVector<int> sizes = Sizes(options.value(sizeList));
+
+    QTextStream out(stdout);
+    out << measure::Heading(sizes);
+    for (const Plan &plan : Plans) {
+        if (!QString::fromUtf8(plan.title).contains(options.value(only)))
+            continue;
+        out << measure::Line(Run(plan, sizes), sizes);
+        out.flush();
+    }
+    return 0;
+}

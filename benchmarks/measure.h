@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <QString>
+#include <QVector>
+
+/// How two pieces of work are measured side by side, and how the result is printed.
+namespace measure
+{
+
+/// A count of something; what matters is that both sides count the same: nanoseconds, or bytes.
+using Measured = std::function<double()>;
+
+/// Nanoseconds of processor time that this process takes for a piece of work. Other programs of the machine do not
+/// count.
+double TimeOf(const std::function<void()> &work);
+
+/// Both sides at one size of the form: medians, the median of the turns' ratios, and the greater of the two quotients
+/// of worst and best repeat.
+struct Cell {
+    double ours = 0;
+    double peer = 0;
+    double ratio = 0;
+    double spread = 0;
+};
+
+/// Measures in turns, after one turn that does not count.
+Cell Compare(const Measured &ours, const Measured &peer, int repeats);
+
+/// One line of the table. A goal of 0 is none; goals count for `goalSize`.
+struct Row {
+    QString title;
+    double must = 0;
+    double aim = 0;
+    int goalSize = 1000;
+    bool bytes = false;
+    QVector<QPair<int, Cell>> cells;
+};
+
+/// The heading of a table in Markdown for these sizes.
+QString Heading(const QVector<int> &sizes);
+/// The line of a row. A ratio over its must is marked "(!)", one whose repeats spread too far "(~)".
+QString Line(const Row &row, const QVector<int> &sizes);
+
+} // namespace measure
