@@ -10,6 +10,7 @@ set(public_headers
     floatgrouplayout.h
     floatscrollarea.h
     formconfiguration.h
+    latin1.h
     loadinterface.h
     orbeldelegate.h
     orbelenum.h
@@ -21,13 +22,19 @@ set(public_headers
     orbelscript.h
     orbelsheet.h
     orbelwidget.h
+    propertykey.h
     propertynames.h
     widgetindex.h
-    widgets/orbelcombobox.h)
+    widgets/orbelcombobox.h
+    widgets/orbelfrequencyrangeedit.h)
 list(TRANSFORM public_headers PREPEND "${PROJECT_SOURCE_DIR}/orbelparser/")
 install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
 
-set(installed_targets orbelparser)
+install(FILES "${PROJECT_SOURCE_DIR}/check/checkexport.h" "${PROJECT_SOURCE_DIR}/check/orbelcheck.h"
+    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
+install(FILES "${PROJECT_SOURCE_DIR}/check/orbel.xsd" DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser")
+
+set(installed_targets orbelparser orbelcheck)
 if(NOT ORBEL_HOST_TARGET)
     list(APPEND installed_targets orbelhost)
     install(DIRECTORY host/valuetree/ host/controls/ host/services/

@@ -26,6 +26,13 @@ if(ORBEL_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Fuzzing needs the coverage of all code; only the programs themselves link the fuzzer.
+if(ORBEL_FUZZ)
+    set(fuzz_sanitizers address,undefined,float-cast-overflow)
+    add_compile_options(-fsanitize=fuzzer-no-link,${fuzz_sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${fuzz_sanitizers})
+endif()
+
 # orbel_settings(TARGET): warnings and hidden symbols.
 function(orbel_settings target)
     set_target_properties(${target} PROPERTIES

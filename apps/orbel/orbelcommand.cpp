@@ -1,9 +1,13 @@
 #include "orbelcommand.h"
 
+#include "checkcommand.h"
+#include "classescommand.h"
 #include "messages.h"
 #include "nearestnames.h"
 #include "paramscommand.h"
+#include "referencecommand.h"
 #include "rendercommand.h"
+#include "schemacommand.h"
 #include "viewcommand.h"
 
 #include <QApplication>
@@ -35,6 +39,10 @@ constexpr Row Table[] = {
     {"view",   "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
     {"render", "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params", "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
+    {"check",  "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
+    {"classes", "lists the control classes",                          WithoutDisplay, Make<ClassesCommand>},
+    {"schema", "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},
+    {"reference", "writes a page for each control class",             WithoutDisplay, Make<ReferenceCommand>},
 };
 // clang-format on
 
@@ -44,7 +52,7 @@ QString Overview()
                                   "Turns XML form definitions into live parameter forms.\n\n"
                                   "Subcommands:\n");
     for (const Row &row : Table)
-        text += QStringLiteral("  %1  %2\n").arg(QLatin1String(row.name), -8).arg(QLatin1String(row.summary));
+        text += QStringLiteral("  %1  %2\n").arg(QLatin1String(row.name), -9).arg(QLatin1String(row.summary));
     return text
         + QStringLiteral("\nOptions:\n"
                          "  -h, --help     tells this\n"

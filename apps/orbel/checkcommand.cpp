@@ -1,0 +1,133 @@
+#include "checkcommand.h"
+
+#include "checkjson.h"
+#include "checkrun.h"
+#include "commandoptions.h"
+#include "inputfile.h"
+#include "messages.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace
+{
+
+const QLatin1String Json("json");
+const QLatin1String RunOption("run");
+const QLatin1String RunHere("run-here");
+const QLatin1String Params("params");
+const QLatin1String Changed("changed");
+const QLatin1String Codes("codes");
+
+void PrintText(const QString &text)
+{
+    std::fputs(text.toUtf8().constData(), stdout);
+}
+
+bool IsBefore(const Orbel::Finding &a, const Orbel::Finding &b)
+{
+    return a.Line < b.Line || (a.Line == b.Line && a.Column < b.Column);
+}
+
+} // namespace
+
+void CheckCommand::Define(QCommandLineParser &parser) const
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Tells the mistakes in form definitions and component lists, one a line, in the order of the file:\n"
+        "FILE:LINE:COLUMN: error|warning|note: text [code]. Ends with 1 when there are errors or warnings."));
+    parser.addPositionalArgument(QStringLiteral("FILE..."),
+        QStringLiteral("Form definitions, whose names end in \".orbel\", and component lists."),
+        QStringLiteral("FILE..."));
+    QCommandLineOption runHere(RunHere);
+    runHere.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({
+        {Json, QStringLiteral("Prints an array of objects instead.")},
+        {RunOption, QStringLiteral("Also builds the form and runs its script, for at most two seconds.")},
+        {Params, QStringLiteral("A parameter document to check against the form; wants one FILE."),
+            QStringLiteral("DOC.xml")},
+        {Changed, QStringLiteral("A changed definition to check against the form; wants one FILE."),
+            QStringLiteral("FILE")},
+        {Codes, QStringLiteral("Explains all codes instead of checking.")},
+        runHere,
+    });
+}
+
+int CheckCommand::Run(const QCommandLineParser &parser)
+{
+    Parser = &parser;
+    if (parser.isSet(Codes)) {
+        PrintText(Orbel::Check::Explanations());
+        return ekFine;
+    }
+    const QStringList paths = Arguments(parser, INT_MAX);
+    if (parser.isSet(RunHere)) {
+        PrintText(FindingsToJson(RunForms(paths.constFirst())));
+        return ekFine;
+    }
+    for (const QString &option : {QString(Params), QString(Changed)}) {
+        if (parser.isSet(option) && (paths.size() > 1 || IsComponentList(paths.constFirst())))
+            throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
+    }
+    for (const QString &path : paths) {
+        try {
+            CheckFile(path);
+        } catch (const Failure &failure) {
+            Complain(failure.Message);
+            Status = failure.Status;
+        }
+    }
+    Print();
+    return Status;
+}
+
+void CheckCommand::CheckFile(const QString &path)
+{
+    const QByteArray document = ReadFile(path);
+    Orbel::Findings findings
+        = IsComponentList(path) ? Orbel::Check::ComponentList(document) : Orbel::Check::Definition(document);
+    if (Parser->isSet(RunOption)) {
+        findings += RunInProcess(path);
+        std::stable_sort(findings.begin(), findings.end(), IsBefore);
+    }
+    Take(path, findings);
+    for (const QString &option : {QString(Changed), QString(Params)}) {
+        if (Parser->isSet(option))
+            CheckAgainst(option, path);
+    }
+}
+
+void CheckCommand::CheckAgainst(const QString &option, const QString &form)
+{
+    const QString path = Parser->value(option);
+    const auto check = option == Params ? Orbel::Check::Parameters : Orbel::Check::Changed;
+    Take(path, check(ReadFile(path), ReadFile(form)));
+}
+
+void CheckCommand::Take(const QString &path, const Orbel::Findings &findings)
+{
+    for (const Orbel::Finding &finding : findings)
+        Lines.append({path, finding});
+    if (!Orbel::Check::IsClean(findings))
+        Status = ekInputAtFault;
+}
+
+void CheckCommand::Print() const
+{
+    if (!Parser->isSet(Json)) {
+        for (const Line &line : Lines)
+            PrintText(QStringLiteral("%1:%2:%3: %4: %5 [%6]\n")
+                          .arg(line.Path)
+                          .arg(line.Found.Line)
+                          .arg(line.Found.Column)
+                          .arg(Orbel::NameOf(line.Found.Level), line.Found.Text, line.Found.Code));
+        return;
+    }
+    QJsonArray array;
+    for (const Line &line : Lines)
+        array.append(ToJson(line.Found, line.Path));
+    PrintText(JsonText(array));
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "failure.h"
+#include "orbelcheck.h"
+#include "subcommand.h"
+
+/// `orbel check`: tells what is wrong with definitions, component lists, and documents that go with them.
+class CheckCommand : public Subcommand
+{
+public:
+    void Define(QCommandLineParser &parser) const override;
+    int Run(const QCommandLineParser &parser) override;
+
+private:
+    void CheckFile(const QString &path);
+    void CheckAgainst(const QString &option, const QString &form);
+    void Take(const QString &path, const Orbel::Findings &findings);
+    void Print() const;
+
+    struct Line {
+        QString Path;
+        Orbel::Finding Found;
+    };
+
+    const QCommandLineParser *Parser = nullptr;
+    QVector<Line> Lines;
+    ExitStatus Status = ekFine;
+};

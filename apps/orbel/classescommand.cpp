@@ -1,0 +1,95 @@
+#include "classescommand.h"
+
+#include "classmembers.h"
+#include "failure.h"
+#include "registry.h"
+
+#include <QCommandLineParser>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdio>
+
+namespace
+{
+
+const QLatin1String Json("json");
+
+QString Text(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+QJsonArray ToJson(const QVector<Orbel::PropertyInfo> &properties)
+{
+    QJsonArray array;
+    for (const Orbel::PropertyInfo &property : properties)
+        array.append(QJsonObject{{QStringLiteral("name"), property.name},
+            {QStringLiteral("type"), Orbel::NameOf(property.type)}, {QStringLiteral("absent"), Text(property.absent)},
+            {QStringLiteral("unit"), Text(property.unit)}, {QStringLiteral("storedOnly"), property.storedOnly},
+            {QStringLiteral("choices"), Text(property.choices)}, {QStringLiteral("meaning"), Text(property.meaning)}});
+    return array;
+}
+
+void AddMembers(QJsonObject &object, const QString &className)
+{
+    const Orbel::ClassMembers members
+        = Orbel::MembersOf(Orbel::Registry::MetaObjectOf(className), QObject::staticMetaObject);
+    object.insert(QStringLiteral("signals"), QJsonArray::fromStringList(members.Signals));
+    object.insert(QStringLiteral("slots"), QJsonArray::fromStringList(members.Slots));
+    object.insert(QStringLiteral("invokables"), QJsonArray::fromStringList(members.Invokables));
+}
+
+QJsonObject ToJson(const Orbel::ClassInfo &info)
+{
+    const QString name = Text(info.name);
+    QJsonObject object{{QStringLiteral("class"), name}, {QStringLiteral("delegate"), Text(info.delegate->delegate)},
+        {QStringLiteral("shows"), Text(info.delegate->shows)}, {QStringLiteral("remark"), Text(info.remark)},
+        {QStringLiteral("valueProperty"), QString(info.delegate->valueProperty)},
+        {QStringLiteral("properties"), ToJson(Orbel::Registry::PropertiesOf(info))}};
+    AddMembers(object, name);
+    return object;
+}
+
+QByteArray AllAsJson()
+{
+    QJsonArray classes;
+    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
+        classes.append(ToJson(info));
+    QJsonObject sheet{{QStringLiteral("properties"), ToJson(Orbel::Registry::SheetProperties())}};
+    AddMembers(sheet, QString());
+    const QJsonObject all{{QStringLiteral("classes"), classes}, {QStringLiteral("sheet"), sheet}};
+    return QJsonDocument(all).toJson();
+}
+
+QByteArray AllAsText()
+{
+    QString text;
+    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
+        text += QStringLiteral("%1  %2  %3\n")
+                    .arg(Text(info.name), -21)
+                    .arg(QString(info.delegate->valueProperty), -12)
+                    .arg(Text(info.delegate->shows));
+    return text.toUtf8();
+}
+
+} // namespace
+
+void ClassesCommand::Define(QCommandLineParser &parser) const
+{
+    parser.setApplicationDescription(
+        QStringLiteral("Lists the control classes: class name, value property, and what the operator sees."));
+    parser.addOption({Json,
+        QStringLiteral("Prints an object with all properties, signals, slots and invokables of each class and of the "
+                       "sheet.")});
+}
+
+int ClassesCommand::Run(const QCommandLineParser &parser)
+{
+    if (!parser.positionalArguments().isEmpty())
+        throw UsageFailure(
+            QStringLiteral("there is one argument too many: \"%1\"").arg(parser.positionalArguments().constFirst()));
+    std::fputs((parser.isSet(Json) ? AllAsJson() : AllAsText()).constData(), stdout);
+    return ekFine;
+}

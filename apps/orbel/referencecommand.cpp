@@ -1,0 +1,51 @@
+#include "referencecommand.h"
+
+#include "failure.h"
+#include "referenceexample.h"
+#include "referencepage.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QFile>
+#include <QStyleFactory>
+
+void ReferenceCommand::Define(QCommandLineParser &parser) const
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Writes the reference of the control classes, a page and a picture each, into a folder, which is made."));
+    parser.addPositionalArgument(QStringLiteral("OUTDIR"), QStringLiteral("The folder."));
+}
+
+int ReferenceCommand::Run(const QCommandLineParser &parser)
+{
+    if (parser.positionalArguments().size() != 1)
+        throw UsageFailure(QStringLiteral("one OUTDIR is wanted"));
+    Folder = QDir(parser.positionalArguments().constFirst());
+    if (!Folder.mkpath(QStringLiteral("images")))
+        throw InputFailure(Folder.path(), QStringLiteral("the folder cannot be made"));
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    Write(QStringLiteral("README.md"), IndexPage());
+    Write(QStringLiteral("Sheet.md"), SheetPage());
+    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes()) {
+        const QString name = QLatin1String(info.name);
+        Write(name + QLatin1String(".md"), ClassPage(info));
+        if (info.delegate->traits & Orbel::ekShown)
+            Draw(name);
+    }
+    return ekFine;
+}
+
+void ReferenceCommand::Write(const QString &name, const QString &page) const
+{
+    QFile file(Folder.filePath(name));
+    const QByteArray text = page.toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        throw InputFailure(file.fileName(), file.errorString());
+}
+
+void ReferenceCommand::Draw(const QString &className) const
+{
+    const QString path = Folder.filePath(QStringLiteral("images/%1.png").arg(className));
+    if (!PictureOf(ExampleOf(className)).save(path))
+        throw InputFailure(path, QStringLiteral("the picture cannot be written"));
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "subcommand.h"
+
+#include <QDir>
+
+/// `orbel reference`: writes the reference of all control classes into a folder.
+class ReferenceCommand : public Subcommand
+{
+public:
+    void Define(QCommandLineParser &parser) const override;
+    int Run(const QCommandLineParser &parser) override;
+
+private:
+    void Write(const QString &name, const QString &page) const;
+    void Draw(const QString &className) const;
+
+    QDir Folder;
+};

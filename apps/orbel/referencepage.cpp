@@ -1,0 +1,144 @@
+#include "referencepage.h"
+
+#include "classmembers.h"
+#include "orbeldelegate.h"
+#include "referenceexample.h"
+
+namespace
+{
+
+QString Text(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// A cell of a table, in which a bar would begin the next one.
+QString Cell(const QString &text)
+{
+    return QString(text).replace(QLatin1Char('|'), QLatin1String("\\|"));
+}
+
+QString ReadAs(const Orbel::PropertyInfo &property)
+{
+    const QString type = Orbel::NameOf(property.type);
+    return (type.isEmpty() ? QStringLiteral("no text") : type)
+        + (property.storedOnly ? QStringLiteral(", stored only") : QString());
+}
+
+QString Meaning(const Orbel::PropertyInfo &property)
+{
+    const QString meaning = Text(property.meaning);
+    if (!*property.choices)
+        return meaning;
+    return meaning
+        + QStringLiteral(" One of: `%1`.").arg(Text(property.choices).replace(QLatin1Char(' '), QLatin1String("`, `")));
+}
+
+QString PropertyTable(const QVector<Orbel::PropertyInfo> &properties)
+{
+    QString table = QStringLiteral("| Property | Read as | When absent | Unit | Meaning |\n|---|---|---|---|---|\n");
+    for (const Orbel::PropertyInfo &property : properties)
+        table += QStringLiteral("| `%1` | %2 | %3 | %4 | %5 |\n")
+                     .arg(QString(property.name), ReadAs(property), Cell(Text(property.absent)), Text(property.unit),
+                         Cell(Meaning(property)));
+    return table + QLatin1Char('\n');
+}
+
+QString MemberList(const char *title, const QStringList &members)
+{
+    if (members.isEmpty())
+        return QString();
+    return QStringLiteral("%1:\n\n- `%2`\n\n").arg(Text(title), members.join(QLatin1String("`\n- `")));
+}
+
+QString Members(const QMetaObject *metaObject, const QMetaObject &base)
+{
+    const Orbel::ClassMembers members = Orbel::MembersOf(metaObject, base);
+    return MemberList("Signals", members.Signals) + MemberList("Slots", members.Slots)
+        + MemberList("Invokables", members.Invokables);
+}
+
+QString Block(const QString &xml)
+{
+    return QStringLiteral("```xml\n%1\n```\n\n").arg(xml.trimmed());
+}
+
+/// Those that the class has on top of every control's.
+QVector<Orbel::PropertyInfo> OwnProperties(const Orbel::ClassInfo &info)
+{
+    QVector<Orbel::PropertyInfo> properties;
+    for (const QVector<Orbel::PropertyInfo> *group : info.delegate->groups) {
+        for (const Orbel::PropertyInfo &property : *group)
+            properties.append(*Orbel::Registry::FindProperty(info, property.name));
+    }
+    return properties;
+}
+
+QVector<Orbel::PropertyInfo> CommonProperties()
+{
+    const Orbel::ClassInfo *plain = Orbel::Registry::FindClass(QStringLiteral("SpecialObject_Generic"));
+    return Orbel::Registry::PropertiesOf(*plain);
+}
+
+QString Head(const Orbel::ClassInfo &info)
+{
+    QStringList siblings;
+    for (const Orbel::ClassInfo &other : Orbel::Registry::Classes()) {
+        if (other.delegate == info.delegate)
+            siblings.append(QStringLiteral("`%1`").arg(Text(other.name)));
+    }
+    const QString value = info.delegate->valueProperty;
+    QString head = QStringLiteral("# %1\n\n%2\n\n").arg(Text(info.name), Text(info.delegate->shows));
+    if (*info.remark)
+        head += Text(info.remark) + QLatin1String("\n\n");
+    if (info.delegate->traits & Orbel::ekShown)
+        head += QStringLiteral("![%1](images/%1.png)\n\n").arg(Text(info.name));
+    head += QStringLiteral("- Class names: %1\n").arg(siblings.join(QLatin1String(", ")));
+    head += QStringLiteral("- Delegate: `%1`\n").arg(Text(info.delegate->delegate));
+    return head + (value.isEmpty() ? QStringLiteral("\n") : QStringLiteral("- Value property: `%1`\n\n").arg(value));
+}
+
+QString ParameterPart(const Orbel::ClassInfo &info, const QString &example)
+{
+    if (!(info.delegate->traits & Orbel::ekWrites))
+        return QStringLiteral("## Parameter document\n\nThe control writes no element.\n\n");
+    return QStringLiteral("## Parameter document\n\nOut: %1 The example writes:\n\n%2In: %3\n\n")
+        .arg(Text(info.delegate->writes), Block(DocumentOf(example)), Text(info.delegate->reads));
+}
+
+} // namespace
+
+QString ClassPage(const Orbel::ClassInfo &info)
+{
+    const QString example = ExampleOf(Text(info.name));
+    const QVector<Orbel::PropertyInfo> own = OwnProperties(info);
+    QString page = Head(info) + QStringLiteral("## Properties\n\n");
+    if (!own.isEmpty())
+        page += PropertyTable(own);
+    page += QStringLiteral("And those of [every control](README.md).\n\n## For scripts\n\n");
+    page += Members(Orbel::Registry::MetaObjectOf(Text(info.name)), KV218::OrbelDelegate::staticMetaObject);
+    page += QStringLiteral("And those of [every control](README.md).\n\n");
+    return page + ParameterPart(info, example) + QStringLiteral("## Example\n\n") + Block(example).trimmed()
+        + QLatin1Char('\n');
+}
+
+QString SheetPage()
+{
+    return QStringLiteral("# The sheet\n\nThe form as a whole: its properties stand in the `Properties` of the element "
+                          "`Sheet`.\n\n## Properties\n\n")
+        + PropertyTable(Orbel::Registry::SheetProperties())
+        + QStringLiteral("A custom property `Attribute_X` makes an attribute `X` of the parameter document's root "
+                         "element; its value is the property of the same name in `Properties`.\n\n## For scripts\n\n")
+        + Members(Orbel::Registry::MetaObjectOf(QString()), KV218::OrbelDelegate::staticMetaObject).trimmed()
+        + QLatin1Char('\n');
+}
+
+QString IndexPage()
+{
+    QString page = QStringLiteral("# Reference\n\nWritten by `orbel reference`.\n\n| Class | What the operator sees "
+                                  "|\n|---|---|\n| [Sheet](Sheet.md) | The form as a whole. |\n");
+    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
+        page += QStringLiteral("| [%1](%1.md) | %2 |\n").arg(Text(info.name), Cell(Text(info.delegate->shows)));
+    return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n") + PropertyTable(CommonProperties())
+        + Members(&KV218::OrbelDelegate::staticMetaObject, QObject::staticMetaObject).trimmed() + QLatin1Char('\n');
+}

@@ -1,0 +1,86 @@
+#include "filetext.h"
+
+#include <QTextCodec>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace Orbel
+{
+
+namespace
+{
+
+/// The encoding that the XML declaration names; empty without one.
+QByteArray DeclaredEncoding(const QByteArray &bytes)
+{
+    QXmlStreamReader reader(bytes);
+    reader.readNext();
+    return reader.documentEncoding().toString().toLatin1();
+}
+
+QTextCodec *CodecOf(const QByteArray &bytes)
+{
+    if (QTextCodec *marked = QTextCodec::codecForUtfText(bytes, nullptr))
+        return marked;
+    QTextCodec *declared = QTextCodec::codecForName(DeclaredEncoding(bytes));
+    return declared ? declared : QTextCodec::codecForName("UTF-8");
+}
+
+} // namespace
+
+FileText::FileText(const QByteArray &bytes)
+{
+    Decode(bytes);
+    FindLines();
+}
+
+void FileText::Decode(const QByteArray &bytes)
+{
+    QTextCodec::ConverterState state;
+    Whole = PlacedText(CodecOf(bytes)->toUnicode(bytes.constData(), bytes.size(), &state));
+    if (state.invalidChars == 0 && state.remainingChars == 0)
+        return;
+    QXmlStreamReader reader(bytes);
+    while (!reader.atEnd())
+        reader.readNext();
+    // What the reader takes in its stride, the library takes, too.
+    if (!reader.hasError())
+        return;
+    Error = reader.errorString();
+    const int found = Whole.Text().indexOf(QChar(QChar::ReplacementCharacter));
+    ErrorPlace = found < 0 ? Whole.Text().size() : found;
+}
+
+void FileText::FindLines()
+{
+    const QString &text = Whole.Text();
+    LineStarts.append(0);
+    for (int i = 0; i < text.size(); ++i) {
+        if (text.at(i).isLowSurrogate())
+            Halves.append(i);
+        const bool isReturn = text.at(i) == QLatin1Char('\r');
+        if (isReturn && i + 1 < text.size() && text.at(i + 1) == QLatin1Char('\n'))
+            continue;
+        if (isReturn || text.at(i) == QLatin1Char('\n'))
+            LineStarts.append(i + 1);
+    }
+}
+
+int FileText::LineOf(int offset) const
+{
+    return int(std::upper_bound(LineStarts.cbegin(), LineStarts.cend(), offset) - LineStarts.cbegin());
+}
+
+int FileText::ColumnOf(int offset) const
+{
+    const int start = LineStarts.at(LineOf(offset) - 1);
+    return offset - start - (HalvesBefore(offset) - HalvesBefore(start)) + 1;
+}
+
+int FileText::HalvesBefore(int offset) const
+{
+    return int(std::lower_bound(Halves.cbegin(), Halves.cend(), offset) - Halves.cbegin());
+}
+
+} // namespace Orbel

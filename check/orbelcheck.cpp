@@ -1,0 +1,208 @@
+#include "orbelcheck.h"
+
+#include "changecheck.h"
+#include "documentcheck.h"
+#include "elementnames.h"
+#include "filetext.h"
+#include "formcheck.h"
+#include "scriptrun.h"
+#include "structurecheck.h"
+
+#include <algorithm>
+
+namespace Orbel
+{
+
+namespace
+{
+
+namespace element = KV218::element;
+namespace attribute = KV218::attribute;
+
+void TellMalformed(int place, QString text, FindingSink &sink)
+{
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    sink.Add(Code::XmlMalformed, place, text);
+}
+
+void CheckXml(const FileText &file, const Document &document, FindingSink &sink)
+{
+    if (!file.ErrorText().isEmpty())
+        TellMalformed(file.PlaceOfError(), file.ErrorText(), sink);
+    else if (!document.IsWhole())
+        TellMalformed(document.PlaceOfError(), document.ErrorText(), sink);
+}
+
+/// How a definition is looked at: on paper, or by running it.
+class Examination
+{
+public:
+    /// Without a time, the definition is only read.
+    explicit Examination(int milliseconds) : Milliseconds(milliseconds) { }
+
+    void Definition(const Document &document, FindingSink &sink) const
+    {
+        FindingSink structure;
+        StructureCheck reading(document, Milliseconds ? structure : sink);
+        reading.Run();
+        if (reading.Form() < 0)
+            return;
+        const FormModel form(document, reading.Form());
+        if (!Milliseconds)
+            CheckForm(form, sink);
+        else if (reading.IsCut() || !document.IsWhole())
+            sink.Add(Code::ScriptNotRun, document.PlaceOf(form.Script < 0 ? form.Form : form.Script),
+                QStringLiteral("The script is not run before the definition can be read to its end"));
+        else
+            RunForm(form, Milliseconds, sink);
+    }
+
+    void ComponentList(const Document &list, FindingSink &sink) const
+    {
+        QString component;
+        bool found = false;
+        for (int i = 0; i < list.Elements().size(); ++i) {
+            if (list.At(i).Name == element::Component)
+                component = list.AttributeOf(i, attribute::Name);
+            const bool isForm = list.At(i).Name == element::ValueString
+                && list.AttributeOf(i, attribute::Id) == QLatin1String("ORBEL");
+            if (!isForm)
+                continue;
+            found = true;
+            Component(list, i, component, sink);
+        }
+        if (!found && !Milliseconds)
+            sink.Add(Code::FormMissing, 0, QStringLiteral("There is no ValueString with the id \"ORBEL\" in the list"));
+    }
+
+private:
+    void Component(const Document &list, int element, const QString &component, FindingSink &sink) const
+    {
+        if (component.isEmpty() && !Milliseconds)
+            sink.Add(Code::ComponentUnnamed, list.PlaceOf(element),
+                QStringLiteral("The form stands in no Component with a name"));
+        const Attribute *value = list.FindAttribute(element, attribute::Value);
+        const Document definition(value ? list.ValueOf(*value) : PlacedText::AllAt(QString(), list.PlaceOf(element)));
+        if (!definition.IsWhole() && !Milliseconds)
+            TellMalformed(definition.PlaceOfError(), definition.ErrorText(), sink);
+        if (value)
+            Definition(definition, sink);
+    }
+
+    int Milliseconds;
+};
+
+/// The element of the form that counts; -1 without one.
+int FormOf(const Document &document)
+{
+    FindingSink ignored;
+    StructureCheck reading(document, ignored);
+    reading.Run();
+    return reading.Form();
+}
+
+Findings Examine(const QByteArray &bytes, bool isList, int milliseconds)
+{
+    const FileText file(bytes);
+    const Document document(file.Source());
+    FindingSink sink;
+    if (!milliseconds)
+        CheckXml(file, document, sink);
+    const Examination examination(milliseconds);
+    if (milliseconds && !file.ErrorText().isEmpty())
+        return {};
+    if (isList)
+        examination.ComponentList(document, sink);
+    else
+        examination.Definition(document, sink);
+    return sink.Sorted(file);
+}
+
+template <class CheckFunction>
+Findings ExamineAgainst(const QByteArray &bytes, const QByteArray &form, CheckFunction check)
+{
+    const FileText file(bytes);
+    const Document document(file.Source());
+    FindingSink sink;
+    CheckXml(file, document, sink);
+    const Document definition(FileText(form).Source());
+    const FormModel model(definition, FormOf(definition));
+    if (model.Form >= 0)
+        check(document, model, sink);
+    return sink.Sorted(file);
+}
+
+} // namespace
+
+QString NameOf(Severity severity)
+{
+    switch (severity) {
+    case Severity::Error:
+        return QStringLiteral("error");
+    case Severity::Warning:
+        return QStringLiteral("warning");
+    case Severity::Note:
+        break;
+    }
+    return QStringLiteral("note");
+}
+
+Findings Check::Definition(const QByteArray &document)
+{
+    return Examine(document, false, 0);
+}
+
+Findings Check::ComponentList(const QByteArray &document)
+{
+    return Examine(document, true, 0);
+}
+
+Findings Check::Changed(const QByteArray &changed, const QByteArray &form)
+{
+    return ExamineAgainst(changed, form, CheckChange);
+}
+
+Findings Check::Parameters(const QByteArray &parameters, const QByteArray &form)
+{
+    return ExamineAgainst(parameters, form, CheckParameterDocument);
+}
+
+Findings Check::RunDefinition(const QByteArray &document, int milliseconds)
+{
+    return Examine(document, false, qMax(1, milliseconds));
+}
+
+Findings Check::RunComponentList(const QByteArray &document, int milliseconds)
+{
+    return Examine(document, true, qMax(1, milliseconds));
+}
+
+bool Check::IsClean(const Findings &findings)
+{
+    return std::all_of(
+        findings.cbegin(), findings.cend(), [](const Finding &finding) { return finding.Level == Severity::Note; });
+}
+
+QString Check::Explanations()
+{
+    QString page
+        = QStringLiteral("# What `orbel check` finds\n\n"
+                         "Each finding ends with its code. Errors and warnings give the exit status 1; notes do "
+                         "not.\n\n"
+                         "| Code | Weight | What it means |\n|---|---|---|\n");
+    for (const CodeInfo &info : AllCodes())
+        page += QStringLiteral("| `%1` | %2 | %3 |\n")
+                    .arg(QLatin1String(info.name), NameOf(info.severity), QString::fromUtf8(info.explanation));
+    return page;
+}
+
+void CheckForm(const FormModel &form, FindingSink &sink)
+{
+    constexpr FormCheck checks[] = {CheckProperties, CheckNames, CheckEnums, CheckLimits, CheckRows, CheckParameters,
+        CheckConventions, CheckScript};
+    for (const FormCheck check : checks)
+        check(form, sink);
+}
+
+} // namespace Orbel

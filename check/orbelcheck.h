@@ -1,0 +1,62 @@
+#pragma once
+
+#include "checkexport.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+namespace Orbel
+{
+
+enum class Severity {
+    Error, ///< Something of the form is lost, or does not do what stands there.
+    Warning, ///< Very likely a mistake.
+    Note, ///< Worth knowing; nothing is wrong with the form itself.
+};
+
+/// "error", "warning" or "note".
+ORBEL_CHECK_EXPORT QString NameOf(Severity severity);
+
+/// One thing that a form's author wants to know.
+struct Finding {
+    int Line; ///< In the file, from 1.
+    int Column; ///< In characters, from 1.
+    Severity Level;
+    QString Code; ///< Stable; docs/checks.md explains each.
+    QString Text; ///< One sentence, without a full stop.
+};
+
+using Findings = QVector<Finding>;
+
+/// Finds the mistakes in documents of the form dialect, about which the library itself never says a word. Text in, list
+/// of findings out, in the order of the file; nothing is printed, no file is read and no form of the caller is touched.
+/// Documents are bytes as they stand in a file, in the encoding that they declare. Needs a QCoreApplication, and
+/// belongs to the GUI thread like the forms themselves.
+class ORBEL_CHECK_EXPORT Check
+{
+public:
+    /// A form definition.
+    static Findings Definition(const QByteArray &document);
+    /// A component list: all its definitions. Places inside a `value` attribute are places in the list.
+    static Findings ComponentList(const QByteArray &document);
+    /// A changed definition, against the form that it is to change. Places are those in `changed`.
+    static Findings Changed(const QByteArray &changed, const QByteArray &form);
+    /// A parameter document, against the form that is to read it. Places are those in `parameters`.
+    static Findings Parameters(const QByteArray &parameters, const QByteArray &form);
+
+    /// Builds the form of a definition, or each of a component list, in this process, as a host does: runs its script
+    /// and makes its controls, without showing them. Tells uncaught exceptions and names that the script does not know.
+    /// What still runs after `milliseconds` is ended; pending events are processed meanwhile. Needs a QApplication. A
+    /// loop inside one call of the script language itself cannot be ended; who must be safe from that calls this in a
+    /// process of its own.
+    static Findings RunDefinition(const QByteArray &document, int milliseconds);
+    static Findings RunComponentList(const QByteArray &document, int milliseconds);
+
+    /// Whether there is neither an error nor a warning.
+    static bool IsClean(const Findings &findings);
+    /// The page docs/checks.md, from the same table as the findings.
+    static QString Explanations();
+};
+
+} // namespace Orbel

@@ -1,0 +1,216 @@
+// Unknown classes and properties, and texts that do not convert to the type that reads them.
+
+#include "propertycheck.h"
+
+#include "elementnames.h"
+#include "formcheck.h"
+#include "propertynames.h"
+
+#include <QSet>
+#include <QVariant>
+
+#include <limits>
+
+namespace Orbel
+{
+
+namespace
+{
+
+namespace prop = KV218::prop;
+namespace attribute = KV218::attribute;
+
+const QStringList &ValueElements()
+{
+    static const QStringList names = {QStringLiteral("Bool"), QStringLiteral("Int"), QStringLiteral("Int64"),
+        QStringLiteral("UInt64"), QStringLiteral("Double"), QStringLiteral("String")};
+    return names;
+}
+
+template <class Integer> bool Converts(const QString &text)
+{
+    bool isNumber = false;
+    const qint64 number = QVariant(text).toLongLong(&isNumber);
+    return isNumber && number >= std::numeric_limits<Integer>::min() && number <= std::numeric_limits<Integer>::max();
+}
+
+bool ConvertsTo(ValueType type, const QString &text)
+{
+    bool isNumber = true;
+    if (type == ValueType::Int)
+        return Converts<int>(text);
+    if (type == ValueType::Int64)
+        return Converts<qint64>(text);
+    if (type == ValueType::UInt64)
+        QVariant(text).toULongLong(&isNumber);
+    else if (type == ValueType::Double)
+        QVariant(text).toDouble(&isNumber);
+    return isNumber && !(type == ValueType::UInt64 && text.trimmed().startsWith(QLatin1Char('-')));
+}
+
+/// The texts that mean what they seem to mean when a Bool is read from them.
+bool IsPlainBool(const PropertyEntry &property)
+{
+    if (property.Text == QLatin1String("true") || property.Text == QLatin1String("false"))
+        return true;
+    return !property.IsBool() && (property.Text == QLatin1String("0") || property.Text == QLatin1String("1"));
+}
+
+class PropertyCheck
+{
+public:
+    PropertyCheck(const FormModel &form, FindingSink &sink) : Form(form), Sink(sink) { }
+
+    /// `known` is null for a property that is not read.
+    void CheckValue(const PropertyEntry &property, const PropertyInfo *known)
+    {
+        if (property.ValueElement < 0)
+            return;
+        CheckElement(property);
+        const int place = Form.Doc.PlaceOfText(property.ValueElement);
+        if ((known && known->type == ValueType::Bool) || property.IsBool())
+            CheckBool(property, place);
+        else if (known && !ConvertsTo(known->type, property.Text))
+            Sink.Add(Code::ValueType, place,
+                QStringLiteral("\"%1\" is no %2, which \"%3\" wants")
+                    .arg(property.Text, NameOf(known->type), property.Name));
+        else if (known && *known->choices)
+            CheckChoice(property, *known, place);
+    }
+
+    void CheckElement(const PropertyEntry &property)
+    {
+        if (ValueElements().contains(property.Type))
+            return;
+        Sink.Add(Code::ValueElement, Form.Doc.PlaceOf(property.ValueElement),
+            QStringLiteral("\"%1\" is no type of value, and its text is taken as it stands%2")
+                .arg(property.Type, Sink.Suggest(property.Type, ValueElements())));
+    }
+
+    void CheckBool(const PropertyEntry &property, int place)
+    {
+        if (IsPlainBool(property))
+            return;
+        Sink.Add(Code::BoolText, place,
+            QStringLiteral("\"%1\" means %2 here; write true or false")
+                .arg(property.Text, QLatin1String(property.IsTrue() ? "true" : "false")));
+    }
+
+    void CheckChoice(const PropertyEntry &property, const PropertyInfo &known, int place)
+    {
+        const QStringList choices = QString::fromLatin1(known.choices).split(QLatin1Char(' '));
+        if (property.Text.isEmpty() || choices.contains(property.Text))
+            return;
+        Sink.Add(Code::ValueChoice, place,
+            QStringLiteral("\"%1\" means nothing for \"%2\", only %3 do")
+                .arg(property.Text, property.Name, choices.join(QLatin1String(", "))));
+    }
+
+    void CheckUnnamed(const PropertyEntry &property)
+    {
+        if (property.Name.isEmpty())
+            Sink.Add(
+                Code::PropertyUnnamed, Form.Doc.PlaceOf(property.Element), QStringLiteral("The property has no name"));
+    }
+
+    void CheckDoubled(const QVector<PropertyEntry> &properties)
+    {
+        QSet<QString> seen[2];
+        for (const PropertyEntry &property : properties) {
+            QSet<QString> &names = seen[property.IsCustom ? 1 : 0];
+            if (!property.Name.isEmpty() && names.contains(property.Name))
+                Sink.Add(Code::PropertyDoubled, PlaceOfName(property),
+                    QStringLiteral("\"%1\" is stated before; this later statement counts").arg(property.Name));
+            names.insert(property.Name);
+        }
+    }
+
+    int PlaceOfName(const PropertyEntry &property) const
+    {
+        return Form.Doc.PlaceOfAttribute(property.Element, attribute::Name);
+    }
+
+    void CheckWidget(const WidgetEntry &widget, const ClassInfo *info)
+    {
+        CheckDoubled(widget.Properties);
+        for (const PropertyEntry &property : widget.Properties) {
+            CheckUnnamed(property);
+            const PropertyInfo *known = info ? Registry::FindProperty(*info, property.Name) : nullptr;
+            if (property.IsCustom)
+                CheckCustom(property, known, widget.Class);
+            else if (info && !known)
+                CheckUnknown(property, widget, *info);
+            CheckValue(property, property.IsCustom ? nullptr : known);
+        }
+    }
+
+    void CheckUnknown(const PropertyEntry &property, const WidgetEntry &widget, const ClassInfo &info)
+    {
+        if (property.Name.isEmpty() || widget.Has(ekFreeProperties) || Form.ScriptSpeaksOf(property.Name))
+            return;
+        Sink.Add(Code::PropertyUnknown, PlaceOfName(property),
+            QStringLiteral("\"%1\" reads no property \"%2\"%3")
+                .arg(QLatin1String(info.name), property.Name,
+                    Sink.Suggest(property.Name, Registry::PropertyNames(info))));
+    }
+
+    void CheckCustom(const PropertyEntry &property, const PropertyInfo *known, const QString &owner)
+    {
+        if (known && property.Name != prop::ToolTip)
+            Sink.Add(Code::PropertyCustom, PlaceOfName(property),
+                QStringLiteral("\"%1\" reads \"%2\", but not among the custom properties").arg(owner, property.Name));
+    }
+
+    void CheckSheet()
+    {
+        CheckDoubled(Form.SheetProperties);
+        for (const PropertyEntry &property : Form.SheetProperties) {
+            CheckUnnamed(property);
+            const PropertyInfo *known = Registry::FindSheetProperty(property.Name);
+            const bool isAttribute = property.Name.startsWith(prop::AttributePrefix);
+            if (property.IsCustom)
+                CheckCustom(property, known, QStringLiteral("Sheet"));
+            else if (!known && !isAttribute && !property.Name.isEmpty() && !Form.ScriptSpeaksOf(property.Name))
+                Sink.Add(Code::PropertyUnknown, PlaceOfName(property),
+                    QStringLiteral("A sheet reads no property \"%1\"%2")
+                        .arg(property.Name, Sink.Suggest(property.Name, Registry::SheetPropertyNames())));
+            CheckValue(property, property.IsCustom ? nullptr : known);
+        }
+    }
+
+    void CheckClass(const WidgetEntry &widget)
+    {
+        if (widget.Info)
+            return;
+        const int place = Form.Doc.PlaceOfAttribute(widget.Element, attribute::Class);
+        if (widget.Class.isEmpty())
+            Sink.Add(Code::ClassUnknown, place, QStringLiteral("The widget \"%1\" has no class").arg(widget.Name));
+        else
+            Sink.Add(Code::ClassUnknown, place,
+                QStringLiteral("There is no class \"%1\"%2")
+                    .arg(widget.Class, Sink.Suggest(widget.Class, Registry::ClassNames())));
+    }
+
+private:
+    const FormModel &Form;
+    FindingSink &Sink;
+};
+
+} // namespace
+
+void CheckProperties(const FormModel &form, FindingSink &sink)
+{
+    PropertyCheck check(form, sink);
+    check.CheckSheet();
+    for (const WidgetEntry &widget : form.Widgets) {
+        check.CheckClass(widget);
+        check.CheckWidget(widget, widget.Info);
+    }
+}
+
+void CheckPropertiesOf(const WidgetEntry &widget, const ClassInfo *info, const FormModel &form, FindingSink &sink)
+{
+    PropertyCheck(form, sink).CheckWidget(widget, info);
+}
+
+} // namespace Orbel

@@ -1,0 +1,78 @@
+// Rows and groups of the form: labels that stay hidden, controls that stay locked, groups without members.
+
+#include "elementnames.h"
+#include "formcheck.h"
+#include "propertynames.h"
+
+namespace Orbel
+{
+
+namespace
+{
+
+namespace prop = KV218::prop;
+
+bool IsHeadline(const WidgetEntry &widget)
+{
+    return widget.Class == KV218::widgetclass::Headline;
+}
+
+/// Whether the widget puts something into the form that its group can hide.
+bool IsMember(const WidgetEntry &widget)
+{
+    return !widget.Info || widget.Has(ekShown) || !widget.TextOf(prop::LabelText).isEmpty();
+}
+
+void CheckLabel(const FormModel &form, FindingSink &sink, const WidgetEntry &widget)
+{
+    const PropertyEntry *label = widget.Find(prop::LabelText);
+    const bool hasRow = !widget.Info || widget.Has(ekRow);
+    if (!hasRow || !label || label->Text.isEmpty() || widget.States(prop::Visible)
+        || form.ScriptMayCall(widget, "setVisible"))
+        return;
+    sink.Add(Code::LabelHidden, form.Doc.PlaceOf(label->Element),
+        QStringLiteral("The label \"%1\" stays hidden, since \"%2\" does not state visible")
+            .arg(label->Text, widget.Name));
+}
+
+void CheckInput(const FormModel &form, FindingSink &sink, const WidgetEntry &widget)
+{
+    if (!widget.Has(ekInput) || widget.States(prop::Enabled) || form.ScriptMayCall(widget, "setEnabled"))
+        return;
+    sink.Add(Code::InputUnstated, form.Doc.PlaceOf(widget.Element),
+        QStringLiteral("\"%1\" stays locked after a lock of input, since it does not state enabled").arg(widget.Name));
+}
+
+void CheckTitle(const FormModel &form, FindingSink &sink, const WidgetEntry &headline)
+{
+    if (headline.TextOf(prop::Text).isEmpty() && !form.ScriptMayCall(headline, "setText"))
+        sink.Add(Code::HeadlineUntitled, form.Doc.PlaceOf(headline.Element),
+            QStringLiteral("The headline \"%1\" has no text, and is not made").arg(headline.Name));
+}
+
+} // namespace
+
+void CheckRows(const FormModel &form, FindingSink &sink)
+{
+    const WidgetEntry *emptyHeadline = nullptr;
+    const auto closeGroup = [&] {
+        if (emptyHeadline)
+            sink.Add(Code::GroupEmpty, form.Doc.PlaceOf(emptyHeadline->Element),
+                QStringLiteral("The group of the headline \"%1\" has no members").arg(emptyHeadline->Name));
+    };
+    for (const WidgetEntry &widget : form.Widgets) {
+        CheckLabel(form, sink, widget);
+        CheckInput(form, sink, widget);
+        if (IsHeadline(widget)) {
+            closeGroup();
+            CheckTitle(form, sink, widget);
+            emptyHeadline = &widget;
+        } else if (IsMember(widget)) {
+            emptyHeadline = nullptr;
+        }
+    }
+    if (form.Doc.IsWhole())
+        closeGroup();
+}
+
+} // namespace Orbel

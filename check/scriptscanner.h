@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+namespace Orbel
+{
+
+struct ScriptToken {
+    enum Kind { Name, Literal, Mark };
+    Kind What;
+    QString Text; ///< Of a literal nothing.
+    int Index; ///< In the code.
+};
+
+/// Names and marks of a script, without comments and white space; texts, numbers and regular expressions count as
+/// literals. Meant for code that the engine takes.
+QVector<ScriptToken> ScanScript(const QString &code);
+
+} // namespace Orbel

@@ -1,0 +1,108 @@
+#include "scriptwords.h"
+
+#include "scriptnames.h"
+
+namespace Orbel
+{
+
+ScriptWords::ScriptWords(const QString &code) : Tokens(ScanScript(code))
+{
+    FindMade();
+}
+
+bool ScriptWords::IsMark(int at, char mark) const
+{
+    return at >= 0 && at < Tokens.size() && Tokens.at(at).What == ScriptToken::Mark
+        && Tokens.at(at).Text == QLatin1Char(mark);
+}
+
+bool ScriptWords::IsName(int at) const
+{
+    return at >= 0 && at < Tokens.size() && Tokens.at(at).What == ScriptToken::Name;
+}
+
+bool ScriptWords::IsWord(int at, const char *word) const
+{
+    return IsName(at) && Tokens.at(at).Text == QLatin1String(word);
+}
+
+bool ScriptWords::IsAssigned(int at) const
+{
+    return IsMark(at + 1, '=') && !IsMark(at + 2, '=');
+}
+
+/// A key of an object literal, or a label.
+bool ScriptWords::IsKey(int at) const
+{
+    return IsMark(at + 1, ':') && !IsMark(at - 1, '?') && !IsWord(at - 1, "case")
+        && (at == 0 || Tokens.at(at - 1).What == ScriptToken::Mark);
+}
+
+void ScriptWords::FindMade()
+{
+    for (int i = 0; i < Tokens.size(); ++i) {
+        if (!IsName(i))
+            continue;
+        const QString &text = Tokens.at(i).Text;
+        if (IsMark(i - 1, '.')) {
+            if (IsAssigned(i) && IsName(i - 2))
+                SetMembers.insert(Tokens.at(i - 2).Text + QLatin1Char('.') + text);
+        } else if (IsWord(i, "var")) {
+            FindVariables(i + 1);
+        } else if (IsWord(i, "function") || IsWord(i, "catch")) {
+            FindParameters(i + 1);
+        } else if (IsWord(i, "eval") || IsWord(i, "with")) {
+            IsOpaque = true;
+        } else if (IsAssigned(i) || IsWord(i - 1, "typeof")) {
+            Made.insert(text);
+        }
+    }
+}
+
+/// The names of a `var` statement, from its first one on.
+void ScriptWords::FindVariables(int at)
+{
+    int depth = 0;
+    bool isExpected = true;
+    for (; at < Tokens.size() && !IsMark(at, ';') && depth >= 0; ++at) {
+        if (isExpected && IsName(at))
+            Made.insert(Tokens.at(at).Text);
+        isExpected = depth == 0 && IsMark(at, ',');
+        if (IsMark(at, '(') || IsMark(at, '[') || IsMark(at, '{'))
+            ++depth;
+        else if (IsMark(at, ')') || IsMark(at, ']') || IsMark(at, '}'))
+            --depth;
+        else if (depth == 0 && IsWord(at, "var"))
+            return;
+    }
+}
+
+/// The name of a function, if it has one, and its parameters.
+void ScriptWords::FindParameters(int at)
+{
+    for (; at < Tokens.size() && !IsMark(at, ')'); ++at) {
+        if (IsName(at))
+            Made.insert(Tokens.at(at).Text);
+    }
+}
+
+QVector<ScriptReference> ScriptWords::References() const
+{
+    QVector<ScriptReference> references;
+    for (int i = 0; i < Tokens.size() && !IsOpaque; ++i) {
+        if (!IsName(i) || IsMark(i - 1, '.') || IsKey(i))
+            continue;
+        const QString &name = Tokens.at(i).Text;
+        if (Made.contains(name) || ReservedWords().contains(name))
+            continue;
+        references.append({QString(), name, Tokens.at(i).Index});
+        if (!IsMark(i + 1, '.') || !IsName(i + 2))
+            continue;
+        const QString &member = Tokens.at(i + 2).Text;
+        if (!SetMembers.contains(name + QLatin1Char('.') + member))
+            references.append({name, member, Tokens.at(i + 2).Index});
+    }
+    return references;
+}
+
+} // namespace Orbel

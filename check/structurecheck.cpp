@@ -1,0 +1,351 @@
+#include "structurecheck.h"
+
+#include "elementnames.h"
+#include "formlimits.h"
+
+#include <algorithm>
+
+namespace Orbel
+{
+
+namespace
+{
+
+namespace element = KV218::element;
+namespace attribute = KV218::attribute;
+namespace limit = KV218::limit;
+
+struct KnownAttributes {
+    QLatin1String element;
+    QVector<QLatin1String> names;
+};
+
+const QVector<KnownAttributes> &AttributeTable()
+{
+    static const QVector<KnownAttributes> table = {
+        {element::Form, {attribute::Version}},
+        {element::Enums, {}},
+        {element::Enum, {attribute::Name}},
+        {element::EnumValue, {}},
+        {element::Sheet, {attribute::Name}},
+        {element::Properties, {}},
+        {element::CustomProperties, {}},
+        {element::Widget, {attribute::Name, attribute::Class}},
+        {element::Property, {attribute::Name}},
+        {element::Script, {attribute::Language}},
+    };
+    return table;
+}
+
+QStringList ElementNames()
+{
+    QStringList names;
+    for (const KnownAttributes &known : AttributeTable())
+        names.append(known.element);
+    return names;
+}
+
+} // namespace
+
+StructureCheck::StructureCheck(const Document &document, FindingSink &sink)
+    : Doc(document), Sink(sink), Cursor(document), WasRead(document.Elements().size(), false)
+{
+}
+
+void StructureCheck::SetChanged(const QSet<QString> &widgets)
+{
+    IsChange = true;
+    KnownWidgets = widgets;
+}
+
+void StructureCheck::Run()
+{
+    int forms = 0;
+    while (!Cursor.AtEnd() && Cursor.NextStart()) {
+        const int found = Cursor.Current();
+        if (Doc.At(found).Name != element::Form)
+            continue;
+        if (++forms > limit::FormsPerDocument)
+            break;
+        if (LastForm >= 0)
+            Sink.Add(Code::FormReplaced, Doc.PlaceOf(LastForm),
+                QStringLiteral("This form is replaced by a later one in the same document"));
+        LastForm = found;
+        Obstacles.clear();
+        ReadForm(found);
+    }
+    if (LastForm < 0) {
+        const int place = Doc.Elements().isEmpty() ? 0 : Doc.PlaceOf(0);
+        Sink.Add(Code::FormMissing, place, QStringLiteral("There is no form in the document"));
+        return;
+    }
+    AssignLost();
+    Report();
+    CheckAttributes();
+}
+
+void StructureCheck::ReadForm(int form)
+{
+    int script = -1;
+    Cursor.ForEachStart([&](int child) {
+        const QString &name = Doc.At(child).Name;
+        if (name == element::Enums) {
+            ReadEnums(child);
+        } else if (name == element::Sheet) {
+            ReadSheet(child);
+        } else if (name == element::Script) {
+            if (script >= 0)
+                Sink.Add(Code::ScriptReplaced, Doc.PlaceOf(script),
+                    QStringLiteral("This script is replaced by a later one"));
+            script = child;
+            ReadText(child);
+        } else {
+            Skip(child, form, QStringLiteral("in a form, where only Enums, Sheet and Script count"));
+        }
+        return true;
+    });
+}
+
+void StructureCheck::ReadEnums(int enums)
+{
+    Cursor.ForEachStart([&](int child) {
+        if (Doc.At(child).Name == element::Enum)
+            ReadEnum(child);
+        else
+            Skip(child, enums, QStringLiteral("in Enums, where only Enum counts"));
+        return true;
+    });
+}
+
+void StructureCheck::ReadEnum(int element)
+{
+    WasRead[element] = true;
+    Cursor.ForEachStart([&](int child) {
+        if (Doc.At(child).Name == element::EnumValue)
+            ReadEnumValue(child);
+        else
+            Skip(child, element, QStringLiteral("in an Enum, where only EnumValue counts"));
+        return true;
+    });
+}
+
+void StructureCheck::ReadEnumValue(int row)
+{
+    Cursor.ForEachStart([&](int child) {
+        const QString &name = Doc.At(child).Name;
+        if (name == element::DisplayName || name == element::EnumIdentifier || name == element::Value)
+            ReadText(child);
+        else
+            Skip(child, row, QStringLiteral("in an EnumValue, where only DisplayName, EnumIdentifier and Value count"));
+        return true;
+    });
+}
+
+void StructureCheck::ReadSheet(int sheet)
+{
+    Cursor.ForEachStart([&](int child) {
+        const QString &name = Doc.At(child).Name;
+        const bool isList = name == element::Properties || name == element::CustomProperties;
+        if (name == element::Widget)
+            ReadWidget(child);
+        else if (isList && !IsChange)
+            ReadList(child, name == element::CustomProperties ? 1 : 0);
+        else if (isList)
+            Cursor.SkipCurrent();
+        else
+            Skip(child, sheet, QStringLiteral("in a Sheet, where only Properties, CustomProperties and Widget count"));
+        return true;
+    });
+}
+
+void StructureCheck::ReadWidget(int widget)
+{
+    const QString name = Doc.AttributeOf(widget, attribute::Name);
+    if (!IsChange || KnownWidgets.contains(name)) {
+        WasRead[widget] = true;
+        ReadList(widget, 0);
+        return;
+    }
+    // Entered: its end tag ends the sheet, and its properties are skipped one by one.
+    Obstacles.append({Code::ChangeWidget, widget, true,
+        QStringLiteral("The form has no widget \"%1\"%2")
+            .arg(name, Sink.Suggest(name, QStringList(KnownWidgets.cbegin(), KnownWidgets.cend()))),
+        {}});
+}
+
+void StructureCheck::ReadList(int list, int depth)
+{
+    if (depth >= limit::PropertyListDepth) {
+        Obstacles.append({Code::ListTooDeep, list, true,
+            QStringLiteral("Property lists nest more than %1 deep").arg(limit::PropertyListDepth), {}});
+        Cursor.Fail();
+        return;
+    }
+    Cursor.ForEachStart([&](int child) {
+        const QString &name = Doc.At(child).Name;
+        if (name == element::CustomProperties) {
+            ReadList(child, depth + 1);
+            return true;
+        }
+        if (name == element::Property)
+            return ReadProperty(child);
+        Enter(child, list);
+        return true;
+    });
+}
+
+bool StructureCheck::ReadProperty(int property)
+{
+    WasRead[property] = true;
+    if (!Cursor.NextStart()) {
+        Obstacles.append({Code::PropertyEmpty, property, true,
+            QStringLiteral("The property \"%1\" has no value element").arg(NameOf(property)), {}});
+        return false;
+    }
+    ReadText(Cursor.Current());
+    Cursor.SkipCurrent();
+    return true;
+}
+
+void StructureCheck::ReadText(int element)
+{
+    WasRead[element] = true;
+    const int child = Cursor.ReadText();
+    if (child >= 0)
+        Obstacles.append({Code::ValueNested, child, true,
+            QStringLiteral("\"%1\" stands inside the text of \"%2\"").arg(Doc.At(child).Name, Doc.At(element).Name),
+            {}});
+}
+
+void StructureCheck::Skip(int element, int parent, const QString &text)
+{
+    // Behind an early end, elements are met at levels where they do not belong; those are lost, not misplaced.
+    if (Doc.At(element).Parent == parent)
+        Obstacles.append({Code::ElementSkipped, element, false,
+            QStringLiteral("\"%1\" is skipped %2%3")
+                .arg(Doc.At(element).Name, text, Sink.Suggest(Doc.At(element).Name, ElementNames())),
+            {}});
+    Cursor.SkipCurrent();
+}
+
+void StructureCheck::Enter(int element, int list)
+{
+    // What stands inside an element that was entered goes with it.
+    if (Doc.At(element).Parent != list)
+        return;
+    const QString &name = Doc.At(element).Name;
+    const bool isWrapper = name == element::Properties && Doc.At(list).Name == element::Widget;
+    const QString place = Doc.At(list).Name == element::Widget
+        ? QStringLiteral("the widget \"%1\"").arg(NameOf(list))
+        : QLatin1Char('"') + Doc.At(list).Name + QLatin1Char('"');
+    const QString hint = isWrapper ? QStringLiteral("; a widget holds its properties directly")
+                                   : Sink.Suggest(name, {element::Property, element::CustomProperties});
+    Obstacles.append({isWrapper ? Code::PropertiesWrapper : Code::ElementEntered, element, true,
+        QStringLiteral("\"%1\" ends the reading of %2%3").arg(name, place, hint), {}});
+}
+
+bool StructureCheck::IsLost(int element) const
+{
+    if (WasRead.at(element))
+        return false;
+    const QString &name = Doc.At(element).Name;
+    if (name == element::Widget || name == element::Enum || name == element::Script)
+        return true;
+    // Of a widget that is lost itself, only the widget is told.
+    const int parent = Doc.At(element).Parent;
+    const bool ofSheet = Doc.At(parent).Name == element::Properties && !IsChange;
+    return name == element::Property && (ofSheet || (Doc.At(parent).Name == element::Widget && WasRead.at(parent)));
+}
+
+/// Gives each lost element to the obstacle that is to blame: the one it stands in, or the last one before it.
+void StructureCheck::AssignLost()
+{
+    QVector<int> open;
+    int next = 0;
+    int last = -1;
+    for (int i = LastForm + 1; i <= Doc.At(LastForm).Last; ++i) {
+        for (; next < Obstacles.size() && Obstacles.at(next).element <= i; ++next) {
+            if (Obstacles.at(next).toTheEnd)
+                last = next;
+            else
+                open.append(next);
+        }
+        while (!open.isEmpty() && Doc.At(Obstacles.at(open.constLast()).element).Last < i)
+            open.removeLast();
+        const int culprit = open.isEmpty() ? last : open.constLast();
+        // A widget that the form does not have is nothing to lose.
+        const bool isUnknown
+            = culprit >= 0 && Obstacles.at(culprit).what == Code::ChangeWidget && Obstacles.at(culprit).element == i;
+        if (culprit >= 0 && !isUnknown && IsLost(i))
+            Obstacles[culprit].lost.append(i);
+    }
+}
+
+QString StructureCheck::NameOf(int element) const
+{
+    return Doc.AttributeOf(element, attribute::Name);
+}
+
+QString StructureCheck::LostText(const Obstacle &obstacle) const
+{
+    struct Kind {
+        QLatin1String element;
+        const char *one;
+        const char *many;
+    };
+    const Kind kinds[] = {{element::Property, "the property", "the properties"},
+        {element::Widget, "the widget", "the widgets"}, {element::Enum, "the enumeration", "the enumerations"}};
+    QStringList parts;
+    for (const Kind &kind : kinds) {
+        QStringList names;
+        for (const int element : obstacle.lost) {
+            if (Doc.At(element).Name == kind.element)
+                names.append(NameOf(element));
+        }
+        if (!names.isEmpty())
+            parts.append(QLatin1String(names.size() == 1 ? kind.one : kind.many) + QLatin1Char(' ') + Quoted(names));
+    }
+    for (const int element : obstacle.lost) {
+        if (Doc.At(element).Name == element::Script) {
+            parts.append(QStringLiteral("the script"));
+            break;
+        }
+    }
+    return parts.isEmpty() ? QString() : QStringLiteral("; lost: ") + parts.join(QLatin1String(", "));
+}
+
+void StructureCheck::Report()
+{
+    for (const Obstacle &obstacle : qAsConst(Obstacles)) {
+        Cut = Cut || !obstacle.lost.isEmpty();
+        Sink.Add(obstacle.what, Doc.PlaceOf(obstacle.element), obstacle.text + LostText(obstacle));
+    }
+}
+
+void StructureCheck::CheckAttributes()
+{
+    for (int i = LastForm; i <= Doc.At(LastForm).Last; ++i) {
+        const Element &holder = Doc.At(i);
+        if (holder.Attributes.isEmpty())
+            continue;
+        for (const KnownAttributes &known : AttributeTable()) {
+            if (known.element == holder.Name)
+                CheckAttributes(holder, known.names);
+        }
+    }
+}
+
+void StructureCheck::CheckAttributes(const Element &holder, const QVector<QLatin1String> &known)
+{
+    for (const Attribute &attribute : holder.Attributes) {
+        const auto isIt = [&](QLatin1String name) { return attribute.Name == name; };
+        if (attribute.IsForeign || std::any_of(known.cbegin(), known.cend(), isIt))
+            continue;
+        const QStringList names(known.cbegin(), known.cend());
+        Sink.Add(Code::AttributeUnknown, Doc.PlaceOf(attribute),
+            QStringLiteral("The attribute \"%1\" means nothing on \"%2\"%3")
+                .arg(attribute.Name, holder.Name, Sink.Suggest(attribute.Name, names)));
+    }
+}
+
+} // namespace Orbel

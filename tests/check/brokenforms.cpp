@@ -1,0 +1,187 @@
+#include "brokenforms.h"
+
+namespace
+{
+
+QString Sheet(const QString &body, const QString &rest = QString())
+{
+    return "<ZkParamGui version='1'><Sheet name='sheet'>" + body + "</Sheet>" + rest + "</ZkParamGui>";
+}
+
+QString P(const QString &name, const QString &type, const QString &text)
+{
+    return QString("<Property name='%1'><%2>%3</%2></Property>").arg(name, type, text);
+}
+
+const QString Shown = P("visible", "Bool", "true") + P("enabled", "Bool", "true");
+const QString Written = P("generateParameterXml", "Bool", "true");
+
+/// A widget that states what every control should.
+QString W(const QString &name, const QString &className, const QString &properties = QString())
+{
+    return QString("<Widget name='%1' class='%2'>").arg(name, className) + Shown + properties + "</Widget>";
+}
+
+QString Number(const QString &properties)
+{
+    return Sheet(W("n", "DoubleSpinBox", properties));
+}
+
+QString Enum(const QString &rows)
+{
+    return "<Enums><Enum name='Mode'>" + rows + "</Enum></Enums>";
+}
+
+QString Row(const QString &name, const QString &identifier, const QString &value)
+{
+    return QString("<EnumValue><DisplayName>%1</DisplayName><EnumIdentifier>%2</EnumIdentifier><Value>%3</Value></EnumValue>")
+        .arg(name, identifier, value);
+}
+
+/// Two widgets, of which the second stands behind the mistake, an enumeration and a script.
+QString Cut(const QString &insideFirst)
+{
+    return Sheet("<Widget name='first' class='Label'>" + Shown + insideFirst + "</Widget>" + W("second", "Label"),
+        Enum(Row("A", "A", "1")) + "<Script>var x = 1;</Script>");
+}
+
+QString Scripted(const QString &code)
+{
+    return Sheet(W("n", "SpinBox") + W("box", "CheckBox"), Enum(Row("A", "A", "1")) + "<Script>" + code + "</Script>");
+}
+
+const QString List = "<Components><Component name='A'><ValueString id='ORBEL' value='%1'/></Component></Components>";
+
+QString Escaped(const QString &text)
+{
+    return QString(text).replace('&', "&amp;").replace('<', "&lt;").replace('\'', "&apos;");
+}
+
+} // namespace
+
+QString PlainForm()
+{
+    return Sheet(W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
+            + W("box", "CheckBox", Written + P("checkedValue", "String", "on"))
+            + W("mode", "ComboBox", Written + P("enumName", "String", "Mode"))
+            + W("list", "SpinBoxList", Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I")),
+        Enum(Row("A", "A", "1") + Row("B", "B", "2")));
+}
+
+const QVector<BrokenForm> &BrokenForms()
+{
+    using K = BrokenForm;
+    // clang-format off
+    static const QVector<BrokenForm> rows = {
+        // documents
+        {"cut off", K::Definition, "<ZkParamGui>\n <Sheet name='s'>\n@", "xml-malformed"},
+        {"end tag of another element", K::Definition, Sheet("<Widget name='a' class='Label'>@</Wodget>"), "xml-malformed"},
+        {"empty file", K::Definition, "@", "xml-malformed+form-missing"},
+        {"another root", K::Definition, "@<Form/>", "form-missing"},
+        {"form behind a closed element", K::Definition, "@<x><y/><ZkParamGui/></x>", "form-missing"},
+        {"two forms", K::Definition, "<x>@<ZkParamGui/><ZkParamGui/></x>", "form-replaced"},
+        {"mark of an unknown attribute", K::Definition, "<ZkParamGui version='1' @verson='2' xmlns:x='u' x:any='3'/>", "attribute-unknown"},
+        // structure
+        {"unknown child of a form", K::Definition, "<ZkParamGui>@<Widgets><Widget name='a' class='Label'/></Widgets></ZkParamGui>", "element-skipped"},
+        {"unknown child of an enumeration", K::Definition, "<ZkParamGui>" + Enum("@<EnumVal/>" + Row("A", "A", "1").replace("</EnumValue>", "@<Name/></EnumValue>")) + "</ZkParamGui>", "element-skipped element-skipped"},
+        {"widget outside the sheet", K::Definition, Sheet("", "@<Widget name='a' class='Label'/>"), "element-skipped"},
+        {"wrapper inside a widget", K::Definition, Cut("@<Properties>" + P("text", "String", "x") + "</Properties>"), "properties-wrapper"},
+        {"wrapper before other properties", K::Definition, Cut("@<Properties/>" + P("text", "String", "x")), "properties-wrapper"},
+        {"empty property", K::Definition, Cut("@<Property name='text'/>"), "property-empty"},
+        {"property with bare text", K::Definition, Cut("@<Property name='text'>hello</Property>"), "property-empty"},
+        {"empty property among custom ones", K::Definition, Cut("<CustomProperties>@<Property name='c'/></CustomProperties>"), "property-empty"},
+        {"unknown element inside a widget", K::Definition, Cut("@<Propertie name='text'><String/></Propertie>"), "element-entered"},
+        {"unknown element in the sheet's list", K::Definition, Sheet("<Properties>@<Other/></Properties>" + W("a", "Label")), "element-entered"},
+        {"element inside a value", K::Definition, Cut("<Property name='text'><String>a@<b/></String></Property>"), "value-nested"},
+        {"element inside a script", K::Definition, Sheet("", "<Script>a@<b/></Script>"), "value-nested"},
+        {"lists nested too deep", K::Definition, Cut(QString("<CustomProperties>").repeated(63) + "@<CustomProperties>" + QString("</CustomProperties>").repeated(64)), "list-too-deep"},
+        {"two scripts", K::Definition, Sheet("", "@<Script>1</Script><Script>2</Script>"), "script-replaced"},
+        // classes and properties
+        {"misspelt class", K::Definition, Sheet("<Widget name='a' class='@Spinbox'/>"), "class-unknown"},
+        {"no class", K::Definition, Sheet("@<Widget name='a'/>"), "class-unknown"},
+        {"misspelt property", K::Definition, Sheet(W("a", "Label", P("@txt", "String", "x"))), "property-unknown"},
+        {"misspelt property of the sheet", K::Definition, Sheet("<Properties>" + P("@autoApply", "Bool", "true") + "</Properties>"), "property-unknown"},
+        {"property without a name", K::Definition, Sheet(W("a", "Label", "@<Property><String>x</String></Property>")), "property-unnamed"},
+        {"property stated twice", K::Definition, Sheet(W("a", "Label", P("text", "String", "x") + P("@text", "String", "y"))), "property-doubled"},
+        {"property among custom ones", K::Definition, Sheet(W("a", "Label", "<CustomProperties>" + P("@text", "String", "x") + P("toolTip", "String", "t") + "</CustomProperties>")), "property-custom"},
+        {"unknown type of value", K::Definition, Sheet(W("a", "Label", "<Property name='text'>@<Sring>x</Sring></Property>")), "value-element"},
+        {"fraction for a whole number", K::Definition, Sheet(W("a", "SpinBox", P("value", "Int", "@1.5"))), "value-type"},
+        {"number beyond 32 bits", K::Definition, Sheet(W("a", "SpinBox", P("value", "Int", "@3000000000"))), "value-type"},
+        {"word for a number", K::Definition, Number(P("singleStep", "Double", "@small") + P("suffix", "String", "small")), "value-type"},
+        {"negative scale", K::Definition, Sheet(W("a", "BandwidthEdit", P("unitScale", "UInt64", "@-1"))), "value-type"},
+        {"unknown apply mode", K::Definition, Sheet(W("a", "CheckBox", P("applyMode", "String", "@instant"))), "value-choice"},
+        {"capital True", K::Definition, Sheet(W("a", "CheckBox", P("checked", "Bool", "@True"))), "bool-text"},
+        {"1 as a Bool", K::Definition, Sheet(W("a", "CheckBox", P("checked", "Bool", "@1") + P("readOnly", "Int", "1"))), "bool-text"},
+        {"word for a Bool", K::Definition, Sheet(W("a", "CheckBox", P("checked", "String", "@no"))), "bool-text"},
+        // names
+        {"control without a name", K::Definition, Sheet("@" + W("", "SpinBox") + W("", "Label").replace("name='' ", "")), "name-missing"},
+        {"enumeration without a name", K::Definition, "<ZkParamGui><Enums>@<Enum/></Enums></ZkParamGui>", "name-missing"},
+        {"two widgets of one name", K::Definition, Sheet(W("a", "Label") + W("@a", "Label")), "name-doubled"},
+        {"widget named like the sheet", K::Definition, Sheet(W("@sheet", "Label")), "name-hidden"},
+        {"enumeration named like a widget", K::Definition, Sheet(W("Mode", "Label"), Enum(Row("A", "A", "1")).replace("'Mode'", "'@Mode'")), "name-hidden"},
+        {"widget named like a built-in", K::Definition, Sheet(W("@Math", "Label")), "name-builtin"},
+        {"name that no script can write", K::Definition, Sheet(W("@my-label", "Label"), "<Script>1;</Script>"), "name-unwritable"},
+        // enumerations
+        {"combo box without an enumeration", K::Definition, Sheet("@" + W("a", "ComboBox")), "enum-unknown"},
+        {"unknown enumeration", K::Definition, Sheet(W("a", "ComboBox", P("enumName", "String", "@Mod")), Enum(Row("A", "A", "1"))), "enum-unknown"},
+        {"value that no row has", K::Definition, Sheet(W("a", "ComboBox", P("enumName", "String", "Mode") + P("currentValue", "String", "@2")), Enum(Row("A", "A", "1"))), "enum-value"},
+        {"equal rows", K::Definition, "<ZkParamGui>" + Enum(Row("A", "A", "1") + Row("A", "A", "1").replace("<Val", "@<Val").replace("<EnumId", "@<EnumId").replace("<EnumValue>", "@<EnumValue>")) + "</ZkParamGui>", "enum-doubled enum-doubled enum-doubled"},
+        {"reserved identifier", K::Definition, "<ZkParamGui>" + Enum(Row("A", "@default", "1") + Row("B", "@2nd", "2")) + "</ZkParamGui>", "enum-identifier enum-identifier"},
+        // limits
+        {"limits reversed", K::Definition, Number(P("minimum", "Double", "@5") + P("maximum", "Double", "1")), "limit-reversed"},
+        {"value above", K::Definition, Number(P("maximum", "Double", "1") + P("value", "Double", "@2")), "limit-outside"},
+        {"value below in display units", K::Definition, Number(P("value", "Double", "@2") + P("minimum", "Double", "1") + P("displayScalingFactor", "Double", "0.1")), "limit-outside"},
+        {"scaled frequency outside", K::Definition, Sheet(W("a", "BandwidthEdit", P("unitScale", "UInt64", "1000") + P("maximum", "Int64", "20") + P("value", "Int64", "@20001"))), "limit-outside"},
+        {"range reversed", K::Definition, Sheet(W("a", "FrequencyRangeEdit", P("startFrequency", "Int64", "@9000") + P("stopFrequency", "Int64", "9000"))), "limit-reversed"},
+        {"step of 0", K::Definition, Number(P("singleStep", "Double", "@0")), "limit-step"},
+        {"factor of 0", K::Definition, Number(P("displayScalingFactor", "Double", "@0")), "limit-factor"},
+        {"too many items", K::Definition, Sheet(W("a", "SpinBoxList", P("itemCount", "Int", "@1001"))), "count-beyond"},
+        {"too many cells", K::Definition, Sheet(W("a", "HiddenTable", P("rowCount", "Int", "@1000") + P("columnCount", "Int", "1000"))), "count-beyond"},
+        {"negative count", K::Definition, Sheet(W("a", "HiddenList", P("itemCount", "Int", "@-1"))), "count-beyond"},
+        {"list without items", K::Definition, Sheet("@" + W("a", "ShiftList", P("itemCount", "Int", "0") + P("shiftCount", "Int", "3"))), "count-missing"},
+        {"table without columns", K::Definition, Sheet("@" + W("a", "TableWidget", P("rowCount", "Int", "3"))), "count-missing"},
+        // rows
+        {"label without visible", K::Definition, Sheet("<Widget name='a' class='Label'>@" + P("labelText", "String", "L") + "</Widget>"), "label-hidden"},
+        {"control without enabled", K::Definition, Sheet("@<Widget name='a' class='CheckBox'/>"), "input-unstated"},
+        {"groups without members", K::Definition, Sheet("@" + W("a", "Headline", P("text", "String", "A")) + W("hidden", "HiddenMap") + "@" + W("b", "Headline", P("text", "String", "B"))), "group-empty group-empty"},
+        {"headline without a text", K::Definition, Sheet("@" + W("a", "Headline") + W("b", "Label")), "headline-untitled"},
+        // parameter document
+        {"tag without generateParameterXml", K::Definition, Sheet(W("a", "CheckBox", P("parameterXmlTag", "String", "@A"))), "parameter-unwritten"},
+        {"button that is to write", K::Definition, Sheet(W("a", "PushButton", "@" + Written)), "parameter-unwritten"},
+        {"two controls at one place", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "x/y")) + W("b", "CheckBox", Written + P("parameterXmlTag", "String", "@x/y"))), "parameter-doubled"},
+        {"control at an enclosing place", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x")) + W("b", "CheckBox", Written + P("parameterXmlTag", "String", "x/y"))), "parameter-doubled"},
+        {"tags that are no names", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x/1 y")) + "@" + W("b c", "CheckBox", Written)), "parameter-tag parameter-tag"},
+        {"root that is no name", K::Definition, Sheet("<Properties>" + P("parametersXmlRootTag", "String", "@<![CDATA[a&b]]>") + "</Properties>"), "parameter-tag"},
+        {"attribute without a value", K::Definition, Sheet("<CustomProperties>@" + P("Attribute_Site", "String", "x") + "</CustomProperties>"), "attribute-empty"},
+        {"attribute without a declaration", K::Definition, Sheet("<Properties>@" + P("Attribute_Site", "String", "x") + "</Properties>"), "attribute-undeclared"},
+        {"range without tags", K::Definition, Sheet("@" + W("a", "FrequencyRangeEdit", Written + P("startFrequencyParameterXmlTag", "String", "S"))), "range-tags"},
+        {"list without an item tag", K::Definition, Sheet("@" + W("a", "HiddenMap", Written)), "item-tag"},
+        // conventions
+        {"scan label under another tag", K::Definition, Sheet("@" + W("dsc", "SpecialObject_DSC") + W("lbScanHF", "Label") + W("lbScanSHF", "Label") + W("lbScanVUHF", "Label", Written + P("parameterXmlTag", "String", "V"))), "scan-labels"},
+        {"no scan label", K::Definition, Sheet("@" + W("dsc", "SpecialObject_DSC")), "scan-unseen"},
+        {"script row", K::Definition, Sheet("@" + W("s", "ScriptControl", P("enabledLoad", "Bool", "true"))), "script-row"},
+        // scripts
+        {"syntax error", K::Definition, Scripted("var x = 1;\n  if (x @{\n}"), "script-syntax"},
+        {"syntax error behind line marks", K::Definition, Scripted("var x = 1;{{CR}}{{LF}}{{LF}}  y = @];"), "script-syntax"},
+        {"syntax error behind entities", K::Definition, Scripted("x &lt; 1 &amp;&amp; <![CDATA[ 1 < 2 ;\n y]]> @y"), "script-syntax"},
+        {"unfinished script", K::Definition, Scripted("function f() {\n  1;@"), "script-syntax"},
+        {"exception", K::Run, Scripted("var x = 1;{{LF}}  @nosuch.y = x;"), "script-exception"},
+        {"exception of a control's member", K::Run, Scripted("var x = 1;\n  @n.setValu(1);").replace("n.setV", "n.@setV"), "script-exception script-unknown"},
+        {"unknown names in handlers", K::Run, Scripted("function f(v) { var w, z = [1, v]; if (/n\\.no/.test(w)) box.@setCheked(v); return @whatever(z, {key: w}); }\nn.valueChanged.connect(f); n.maximum; Mode.@B; own = 1; own.x;"), "script-unknown script-unknown script-unknown"},
+        {"endless script", K::Run, Scripted("var x = 1;\n@while (x) {\nx = 2; }").replace("@while (x) {\nx", "while (x) {\n@x"), "script-endless"},
+        {"cut form is not run", K::Run, Cut("<Property name='text'/>").replace("<Script>", "@<Script>"), "script-not-run"},
+        // other documents
+        {"change of an unknown widget", K::Change, Sheet(W("n", "SpinBox") + "@" + W("m", "SpinBox") + W("box", "CheckBox"), "@<Script>1</Script>"), "change-widget change-script"},
+        {"change that is ignored", K::Change, Sheet("@<Properties/>" + W("n", "SpinBox").replace("'SpinBox'", "'@Label'") + W("box", "", P("@chcked", "Bool", "true"))), "change-ignored change-ignored property-unknown"},
+        {"another document", K::Parameters, "@<Settings/>", "document-root"},
+        {"elements without a control", K::Parameters, "<Parameters>@<N/><Rx>@<M><x/></M></Rx></Parameters>", "document-element document-element"},
+        {"element twice", K::Parameters, "<Parameters><Rx><N>1</N></Rx><Rx>@<N>2</N></Rx></Parameters>", "document-repeated"},
+        {"texts that nothing takes", K::Parameters, "<Parameters><Rx><N>@1.5</N></Rx><box>@yes</box><mode>@3</mode><list><I>1</I><I>@a</I></list></Parameters>", "document-value document-value document-value document-value"},
+        {"list without a form", K::List, "@<Components/>", "form-missing"},
+        {"component without a name", K::List, QString(List).replace("name='A'", "").replace("<ValueString", "@<ValueString").arg("&lt;ZkParamGui/>"), "component-unnamed"},
+        {"mistakes inside an attribute", K::List, List.arg(Escaped(Sheet(W("a", "CheckBox", P("checked", "Bool", "@True")), "<Script>x &amp;&amp;{{LF}}@] x</Script>"))), "bool-text script-syntax"},
+        {"malformed inside an attribute", K::List, List.arg(Escaped("<ZkParamGui><Sheet>@</Shee>")), "xml-malformed"},
+    };
+    // clang-format on
+    return rows;
+}

@@ -1,0 +1,379 @@
+// Each finding at its place, and the truth of what it says.
+
+#include "brokenforms.h"
+#include "codes.h"
+#include "forms.h"
+#include "orbelcheck.h"
+#include "rows.h"
+#include "scriptnames.h"
+#include "testmain.h"
+
+#include <QRegularExpression>
+#include <QScriptEngine>
+#include <QtTest>
+
+using namespace Orbel;
+using namespace forms;
+
+namespace
+{
+
+constexpr int RunTime = 300;
+
+Findings Find(BrokenForm::Kind kind, const QString &text)
+{
+    const QByteArray bytes = text.toUtf8();
+    switch (kind) {
+    case BrokenForm::Definition:
+        return Check::Definition(bytes);
+    case BrokenForm::List:
+        return Check::ComponentList(bytes);
+    case BrokenForm::Change:
+        return Check::Changed(bytes, PlainForm().toUtf8());
+    case BrokenForm::Parameters:
+        return Check::Parameters(bytes, PlainForm().toUtf8());
+    case BrokenForm::Run:
+        return Check::RunDefinition(bytes, RunTime);
+    }
+    return {};
+}
+
+QString Unmarked(const QString &text)
+{
+    return QString(text).remove('@');
+}
+
+/// "LINE:COLUMN code", one a line.
+QStringList Told(const Findings &findings)
+{
+    QStringList lines;
+    for (const Finding &finding : findings)
+        lines << QString("%1:%2 %3").arg(finding.Line).arg(finding.Column).arg(finding.Code);
+    return lines;
+}
+
+/// The same from a text with marks.
+QStringList Expected(const BrokenForm &form)
+{
+    QStringList lines;
+    const QStringList codes = QString(form.codes).split(' ');
+    int line = 1;
+    int column = 1;
+    int mark = 0;
+    for (const QChar character : form.text) {
+        if (character == '@') {
+            for (const QString &code : codes.value(mark++).split('+'))
+                lines << QString("%1:%2 %3").arg(line).arg(column).arg(code);
+        } else if (character == '\n') {
+            ++line;
+            column = 1;
+        } else {
+            ++column;
+        }
+    }
+    return lines;
+}
+
+QStringList NamesOf(const QString &element, const QString &text)
+{
+    const QRegularExpression start(QString("<%1 name='([^']*)'").arg(element));
+    QStringList names;
+    auto match = start.globalMatch(text);
+    while (match.hasNext())
+        names << match.next().captured(1);
+    return names;
+}
+
+/// The names behind "the widget(s)" and the like in what is told as lost.
+QStringList Lost(const Findings &findings, const QString &kind)
+{
+    const QRegularExpression list(QString("lost:.*the %1 ((\"\\w*\"(, )?)+)").arg(kind));
+    QStringList names;
+    for (const Finding &finding : findings) {
+        const QString quoted = list.match(finding.Text).captured(1);
+        for (const QString &name : quoted.split(QRegularExpression("[\", ]+"), Qt::SkipEmptyParts))
+            names << name;
+    }
+    return names;
+}
+
+bool SaysScriptIsLost(const Findings &findings)
+{
+    return std::any_of(findings.cbegin(), findings.cend(),
+        [](const Finding &finding) { return finding.Text.contains(QRegularExpression("lost:.*the script")); });
+}
+
+} // namespace
+
+class TestCheck : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void findingsStandWhereTheMistakesAre_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < BrokenForms().size(); ++i)
+            QTest::newRow(BrokenForms().at(i).name) << i;
+    }
+
+    void findingsStandWhereTheMistakesAre()
+    {
+        QFETCH(int, index);
+        const BrokenForm &form = BrokenForms().at(index);
+        const Findings findings = Find(form.kind, Unmarked(form.text));
+        QCOMPARE(Told(findings).join('\n'), Expected(form).join('\n'));
+        for (const Finding &finding : findings) {
+            QVERIFY2(!finding.Text.isEmpty() && !finding.Text.endsWith('.') && !finding.Text.contains("%"),
+                qPrintable(finding.Text));
+        }
+    }
+
+    void everyCodeIsShown()
+    {
+        QSet<QString> shown;
+        for (const BrokenForm &form : BrokenForms()) {
+            for (const QString &code : QString(form.codes).split(QRegularExpression("[ +]")))
+                shown << code;
+        }
+        QStringList missing;
+        for (int i = 0; i < AllCodes().size(); ++i) {
+            QCOMPARE(int(AllCodes().at(i).code), i);
+            if (!shown.contains(AllCodes().at(i).name))
+                missing << AllCodes().at(i).name;
+        }
+        QCOMPARE(missing.join(' '), QString());
+    }
+
+    void whatIsToldAsLostIsLost_data() { findingsStandWhereTheMistakesAre_data(); }
+
+    /// And what is not told as lost is there.
+    void whatIsToldAsLostIsLost()
+    {
+        QFETCH(int, index);
+        const BrokenForm &broken = BrokenForms().at(index);
+        const QString text = Unmarked(broken.text);
+        const Findings findings = Check::Definition(text.toUtf8());
+        const Form form = broken.kind == BrokenForm::Definition ? Parse(text) : Form();
+        if (!form)
+            return;
+        QStringList names = NamesOf("Widget", text);
+        names.removeAll("");
+        for (const QString &name : Lost(findings, "widgets?"))
+            QVERIFY2(names.removeOne(name), qPrintable(name));
+        QStringList read = Names(form).split(' ', Qt::SkipEmptyParts);
+        for (const QString &name : QStringList(read)) {
+            if (name.contains('_'))
+                read.removeAll(name);
+        }
+        QCOMPARE(read.join(' '), names.join(' ').split(' ', Qt::SkipEmptyParts).join(' '));
+        for (const QString &name : NamesOf("Enum", text))
+            QCOMPARE(form->HasEnum(name), !Lost(findings, "enumerations?").contains(name));
+        for (const QString &name : Lost(findings, "propert(?:y|ies)"))
+            QVERIFY2(!Delegate(form, "first")->property(name.toUtf8()).isValid(), qPrintable(name));
+        const bool hasScript = text.contains("<Script>");
+        QCOMPARE(!form->GetScript().GetCode().isEmpty(), hasScript && !SaysScriptIsLost(findings));
+    }
+
+    void aChangeReachesWhatIsNotToldAsLost()
+    {
+        const Form form = Parse(PlainForm());
+        const QString change
+            = "<ZkParamGui><Sheet><Widget name='n'><Property name='value'><Int>5</Int></Property></Widget>"
+              "<Widget name='m'/><Widget name='box'><Property name='checked'><Bool>true</Bool></Property>"
+              "</Widget></Sheet><Script>1</Script></ZkParamGui>";
+        const Findings findings = Check::Changed(change.toUtf8(), PlainForm().toUtf8());
+        QCOMPARE(Lost(findings, "widgets?").join(' '), QString("box"));
+        QVERIFY(SaysScriptIsLost(findings));
+        form->SetChangedORBEL(change);
+        QCOMPARE(Delegate(form, "n")->property("value").toInt(), 5);
+        QVERIFY(!Delegate(form, "box")->property("checked").isValid());
+        QVERIFY(form->GetScript().GetCode().isEmpty());
+    }
+
+    void findingsAboutControlsAreTrue()
+    {
+        const Form form
+            = Bind("<ZkParamGui><Enums><Enum name='E'><EnumValue><DisplayName>A</DisplayName><Value>1</Value>"
+                   "</EnumValue></Enum></Enums><Sheet>"
+                + Widget("label", "Label", {"labelText=String:L"}) + Widget("box", "CheckBox", {"checked=Bool:True"})
+                + Widget("mode", "ComboBox", {"enumName=String:E", "currentValue=String:2"})
+                + Widget("number", "SpinBox", {"value=Int:1.5"}) + "</Sheet></ZkParamGui>");
+        form->CreateGUI(false);
+        const std::unique_ptr<QWidget> gui(form->GetGUI());
+        form->EnableInput(false);
+        form->EnableInput(true);
+        QVERIFY2(gui->findChild<QLabel *>("labellabel")->isHidden(), "label-hidden");
+        QVERIFY2(!gui->findChild<QWidget *>("box")->isEnabled(), "input-unstated");
+        QVERIFY2(!Delegate(form, "box")->GetBool("checked", true), "bool-text");
+        QCOMPARE(Delegate(form, "mode")->property("currentValue").toString(), QString("1"));
+        QCOMPARE(Delegate(form, "number")->GetInt("value", -1), -1);
+    }
+
+    void rightFormsAreClean_data()
+    {
+        QTest::addColumn<QString>("path");
+        QDirIterator walk(ORBEL_EXAMPLES_DIR "/forms", QDir::Files);
+        while (walk.hasNext())
+            QTest::newRow(qPrintable(QFileInfo(walk.next()).fileName())) << walk.filePath();
+    }
+
+    void rightFormsAreClean()
+    {
+        QFETCH(QString, path);
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        const bool isList = !path.endsWith(".orbel");
+        const Findings findings = isList ? Check::ComponentList(bytes) + Check::RunComponentList(bytes, 10000)
+                                         : Check::Definition(bytes) + Check::RunDefinition(bytes, 10000);
+        QVERIFY2(Check::IsClean(findings), qPrintable(Told(findings).join(", ")));
+    }
+
+    void oddButRightFormsAreSilent_data()
+    {
+        const auto add = Columns<QString>({"text"});
+        const QString stated = "<Property name='enabled'><Bool>true</Bool></Property>";
+        const auto sheet = [](const QString &body, const QString &rest) { return Definition(body, rest); };
+        add("script shows the label later",
+            sheet(Widget("a", "Label", {"labelText=String:L"}), "<Script>a.setVisible(true);</Script>"));
+        add("script states enabled", sheet(Widget("a", "CheckBox"), "<Script>a.setEnabled(true);</Script>"));
+        add("property for the script", sheet(Widget("a", "Label", {"own=Int:1"}), "<Script>print(a.own);</Script>"));
+        add("holder of properties", sheet(Widget("a", "SpecialObject_Generic", {"anything=Int:1"}), ""));
+        add("enumeration that the host fills",
+            sheet(Widget("a", "ComboBox", {"enabled=Bool:true", "enumName=String:E", "currentValue=String:7"}),
+                "<Enums><Enum name='E'/></Enums>"));
+        add("limits that the script moves",
+            sheet(Widget("a", "SpinBox", {"enabled=Bool:true", "value=Int:5", "maximum=Int:1"}),
+                "<Script>a.setMaximum(9);</Script>"));
+        add("value on its scaled limit",
+            sheet(Widget("a", "BandwidthEdit",
+                      {"enabled=Bool:true", "value=Int64:20000", "unitScale=UInt64:1000", "maximum=Int64:20"}),
+                ""));
+        add("types that convert", sheet(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "}), ""));
+        add("marks inside a text of the script",
+            sheet("", "<Script>var a = \"x\"; // don't{{LF}}a = /[/'\"]/.test(a) ? a : 'y';</Script>"));
+        add("namespaces and a schema",
+            QString("<ZkParamGui xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+                    "xsi:noNamespaceSchemaLocation='orbel.xsd'/>"));
+    }
+
+    void oddButRightFormsAreSilent()
+    {
+        QFETCH(QString, text);
+        const Findings findings = Check::Definition(text.toUtf8()) + Check::RunDefinition(text.toUtf8(), 10000);
+        QCOMPARE(Told(findings).join(", "), QString());
+    }
+
+    void placesAreThoseOfTheFile_data()
+    {
+        const auto add = Columns<QByteArray, QString>({"bytes", "told"});
+        const QByteArray wrong = "<Widget name=\"a\" class=\"Labl\"/></Sheet></ZkParamGui>";
+        const QByteArray start = "<ZkParamGui><Sheet>";
+        add("line feeds", "\n\n" + start + "\n " + wrong, "4:26 class-unknown");
+        add("carriage returns", start + "\r\r\n" + wrong, "3:25 class-unknown");
+        add("tabs and letters beyond ASCII", "<!-- \xc3\xa4\xf0\x9f\x93\xbb -->\t" + start + wrong,
+            "1:56 class-unknown");
+        add("byte order mark", "\xef\xbb\xbf" + start + wrong, "1:44 class-unknown");
+        add("declared encoding", "<?xml version='1.0' encoding='ISO-8859-1'?><!--\xe4\xe4-->" + start + wrong,
+            "1:96 class-unknown");
+        add("bytes that do not fit the encoding", start + "\n<Widget name=\"\xe4\"/>", "2:15 xml-malformed");
+        add("entity of the document's own",
+            "<!DOCTYPE x [<!ENTITY w \"<Widget name='a' class='Labl'/>\">]>\n" + start + " &w;</Sheet></ZkParamGui>",
+            "2:24 class-unknown");
+    }
+
+    void placesAreThoseOfTheFile()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, told);
+        const QStringList all = Told(Check::Definition(bytes));
+        QVERIFY2(all.contains(told), qPrintable(all.join(", ")));
+    }
+
+    void suggestionsAreNear_data()
+    {
+        const auto add = Columns<QString, QString>({"className", "suggestion"});
+        add("another case", "Spinbox", "did you mean \"SpinBox\"?");
+        add("a letter too many", "LineEditt", "did you mean \"LineEdit\"?");
+        add("nothing near", "Thermometer", "");
+    }
+
+    void suggestionsAreNear()
+    {
+        QFETCH(QString, className);
+        QFETCH(QString, suggestion);
+        const QString text = Check::Definition(Definition(Widget("a", className)).toUtf8()).value(0).Text;
+        QVERIFY2(suggestion.isEmpty() ? !text.contains("did you") : text.endsWith(suggestion), qPrintable(text));
+    }
+
+    void reservedWordsAreThoseOfTheEngine()
+    {
+        QScriptEngine engine;
+        const auto isRefused = [&](const QString &word) { return engine.evaluate("throw 0; x." + word).isError(); };
+        for (const QString &word : ReservedWords())
+            QVERIFY2(isRefused(word), qPrintable(word));
+        for (const char *word : {"let", "yield", "static", "int", "undefined", "goto", "package", "public"})
+            QVERIFY2(!isRefused(word) && IsScriptName(word), word);
+        QScriptValueIterator global(engine.globalObject());
+        while (global.hasNext()) {
+            global.next();
+            QVERIFY2(ScriptBuiltins().contains(global.name()), qPrintable(global.name()));
+        }
+    }
+
+    void hostileDocumentsEnd_data()
+    {
+        const auto add = Columns<QString>({"text"});
+        add("deep nesting", QString("<ZkParamGui><Sheet>") + QString("<Widget>").repeated(200000));
+        add("deep lists", QString("<ZkParamGui><Sheet><Widget>") + QString("<CustomProperties>").repeated(200000));
+        add("long path",
+            Definition(Widget("a", "CheckBox", {"parameterXmlTag=String:" + QString("a/").repeated(100000)})));
+        add("many marks", Definition("", "<Script>" + QString("{{CR}}{{LF}}(").repeated(50000) + "</Script>"));
+    }
+
+    void hostileDocumentsEnd()
+    {
+        QFETCH(QString, text);
+        QVERIFY(!Check::Definition(text.toUtf8()).isEmpty());
+        Check::Parameters(text.toUtf8(), PlainForm().toUtf8());
+    }
+
+    void truncatedDocumentsEndWithAFinding()
+    {
+        QFile file(ORBEL_EXAMPLES_DIR "/forms/receiver.orbel");
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray whole = file.readAll().trimmed();
+        for (int length = 0; length < whole.size(); length += 37)
+            QVERIFY2(!Check::IsClean(Check::Definition(whole.left(length))), qPrintable(QString::number(length)));
+    }
+
+    void checkingIsAboutAsFastAsParsingTwice()
+    {
+        QString body;
+        for (int i = 0; i < 10000; ++i)
+            body += Widget(QString("w%1").arg(i), "DoubleSpinBox",
+                {"labelText=String:L", "visible=Bool:true", "enabled=Bool:true", "value=Double:1", "minimum=Double:0",
+                    "maximum=Double:9", "generateParameterXml=Bool:true",
+                    "parameterXmlTag=String:" + QString("g/t%1").arg(i)});
+        const QByteArray bytes = Definition(body).toUtf8();
+        qint64 parse = std::numeric_limits<qint64>::max();
+        qint64 check = parse;
+        for (int i = 0; i < 3; ++i) {
+            QElapsedTimer clock;
+            clock.start();
+            const Form form(KV218::OrbelParser().ParseORBEL(bytes));
+            parse = qMin(parse, clock.nsecsElapsed());
+            clock.start();
+            QCOMPARE(Told(Check::Definition(bytes)).join(' '), QString());
+            check = qMin(check, clock.nsecsElapsed());
+        }
+        qInfo("parse %lld ms, check %lld ms", parse / 1000000, check / 1000000);
+        QVERIFY(check < 4 * parse);
+    }
+};
+
+ORBEL_TEST_MAIN(TestCheck)
+#include "tst_check.moc"

@@ -1,0 +1,254 @@
+// What the command tells of forms and classes: findings, the schema, the reference.
+
+#include "orbelcheck.h"
+#include "orbelformular.h"
+#include "orbelparser.h"
+#include "registry.h"
+#include "rows.h"
+#include "testmain.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+#include <QtTest>
+
+namespace
+{
+
+const QString Docs = ORBEL_SOURCE_DIR "/docs/";
+const QString Schema = ORBEL_SOURCE_DIR "/check/orbel.xsd";
+
+struct Result {
+    int Status = -1;
+    QString Out;
+    QString Err;
+};
+
+Result Run(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QByteArray BytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString Sheet(const QString &body)
+{
+    return "<ZkParamGui><Sheet name='sheet'>" + body + "</Sheet></ZkParamGui>";
+}
+
+/// The last block of XML on a page of the reference: its example.
+QString ExampleOf(const QString &page)
+{
+    static const QRegularExpression block(
+        "```xml\n(<ZkParamGui.*)\n```", QRegularExpression::DotMatchesEverythingOption);
+    return block.match(page).captured(1);
+}
+
+} // namespace
+
+class TestReference : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir Folder;
+
+    QString Write(const QString &name, const QString &text)
+    {
+        QFile file(Folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
+            return QString();
+        return file.fileName();
+    }
+
+    Result Xmllint(const QString &path) { return Run("xmllint", {"--noout", "--schema", Schema, path}); }
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void checkEndsAsTold_data()
+    {
+        const auto add = Columns<QStringList, int, QString, QString>({"arguments", "status", "out", "err"});
+        const QString right = Write("right.orbel", Sheet("<Widget name='a' class='Label'/>"));
+        const QString wrong = Write("wrong.orbel", Sheet("\n<Widget name='a' class='Labl'/>"));
+        const QString list = Write("list.xml",
+            "<C><Component name='c'><ValueString id='ORBEL' value='&lt;ZkParamGui>"
+            "&lt;Sheet x=\"1\"/>&lt;/ZkParamGui>'/></Component></C>");
+        const QString change = Write("change.orbel", Sheet("<Widget name='b'/>"));
+        const QString document = Write("params.xml", "<Parameters><b/></Parameters>");
+        const QString throws = Write("throws.orbel", "<ZkParamGui><Script>nosuch();</Script></ZkParamGui>");
+        const QString hangs = Write(
+            "hangs.orbel", "<ZkParamGui><Script>var a = []; a.length = 4294967295; a.indexOf(1);</Script></ZkParamGui>");
+        const QString missing = Folder.filePath("missing.orbel");
+        const QString told
+            = wrong + ":2:25: error: There is no class \"Labl\"; did you mean \"Label\"? [class-unknown]\n";
+        // clang-format off
+        add("nothing to tell", {"check", right}, 0, "", "");
+        add("findings of the wrong file only", {"check", right, wrong}, 1, told, "");
+        add("component list", {"check", list}, 1, list + ":1:80: warning: The attribute \"x\" means nothing on \"Sheet\" [attribute-unknown]\n", "");
+        add("missing file, and another one", {"check", missing, wrong}, 1, told, "orbel: " + missing + ": No such file or directory\n");
+        add("change", {"check", right, "--changed", change}, 1, change + ":1:33: error: The form has no widget \"b\" [change-widget]\n", "");
+        add("parameter document", {"check", right, "--params", document}, 1, document + ":1:13: warning: No control stands at \"b\" [document-element]\n", "");
+        add("exception in a run", {"check", "--run", throws}, 1, throws + ":1:21: error: The script throws ReferenceError: Can't find variable: nosuch [script-exception]\n", "");
+        add("hang in a run", {"check", "--run", hangs}, 1, hangs + ":1:1: error: The script did not end, and could not be stopped [script-endless]\n", "");
+        add("no file", {"check"}, 2, "", "orbel: a FILE is wanted\n");
+        add("change of two forms", {"check", right, wrong, "--changed", change}, 2, "", "orbel: --changed wants exactly one form definition\n");
+        add("document of a list", {"check", list, "--params", document}, 2, "", "orbel: --params wants exactly one form definition\n");
+        add("word behind classes", {"classes", "all"}, 2, "", "orbel: there is one argument too many: \"all\"\n");
+        add("word behind schema", {"schema", "all"}, 2, "", "orbel: there is one argument too many: \"all\"\n");
+        add("reference without a folder", {"reference"}, 2, "", "orbel: one OUTDIR is wanted\n");
+        add("reference in a file", {"reference", right}, 1, "", "orbel: " + right + ": the folder cannot be made\n");
+        // clang-format on
+    }
+
+    void checkEndsAsTold()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(int, status);
+        QFETCH(QString, out);
+        QFETCH(QString, err);
+        const Result result = Run(ORBEL_COMMAND, arguments);
+        QCOMPARE(result.Out, out);
+        QCOMPARE(result.Err, err);
+        QCOMPARE(result.Status, status);
+    }
+
+    void jsonTellsTheSame()
+    {
+        const QString wrong = Write("json.orbel", Sheet("\n<Widget name='a' class='Labl'/>"));
+        const Result result = Run(ORBEL_COMMAND, {"check", "--json", wrong});
+        const QJsonArray array = QJsonDocument::fromJson(result.Out.toUtf8()).array();
+        QCOMPARE(array.size(), 1);
+        const QJsonObject expected{{"file", wrong}, {"line", 2}, {"column", 25}, {"severity", "error"},
+            {"code", "class-unknown"}, {"text", "There is no class \"Labl\"; did you mean \"Label\"?"}};
+        QCOMPARE(array.at(0).toObject(), expected);
+        QCOMPARE(result.Status, 1);
+    }
+
+    void classesTellWhatScriptsCanReach()
+    {
+        const Result result = Run(ORBEL_COMMAND, {"classes", "--json"});
+        const QJsonObject all = QJsonDocument::fromJson(result.Out.toUtf8()).object();
+        const QJsonArray classes = all.value("classes").toArray();
+        QCOMPARE(classes.size(), Orbel::Registry::Classes().size());
+        for (const QJsonValue &value : classes) {
+            const QJsonObject object = value.toObject();
+            QVERIFY2(object.value("slots").toArray().contains("setVisible(bool flag)"),
+                qPrintable(object.value("class").toString()));
+            QVERIFY(object.value("signals").toArray().contains("customPropertyChanged(QString name, QVariant value)"));
+        }
+        QVERIFY(all.value("sheet").toObject().value("slots").toArray().contains("applyNow()"));
+        QVERIFY(Run(ORBEL_COMMAND, {"classes"}).Out.contains(QRegularExpression("\nSpinBox +value +A whole number")));
+    }
+
+    void schemaIsUpToDate() { QCOMPARE(Run(ORBEL_COMMAND, {"schema"}).Out.toUtf8(), BytesOf(Schema)); }
+
+    void schemaTakesExamples_data()
+    {
+        const auto add = Columns<QString>({"path"});
+        QDirIterator walk(ORBEL_EXAMPLES_DIR "/forms", {"*.orbel"}, QDir::Files);
+        while (walk.hasNext()) {
+            const QString path = walk.next();
+            add(qPrintable(walk.fileName()), path);
+        }
+    }
+
+    void schemaTakesExamples()
+    {
+        QFETCH(QString, path);
+        const Result result = Xmllint(path);
+        QVERIFY2(result.Status == 0, qPrintable(result.Err));
+    }
+
+    void schemaRefusesBrokenForms_data()
+    {
+        const auto add = Columns<QString>({"form"});
+        const QString property = "<Property name='text'><String>x</String></Property>";
+        const auto label
+            = [](const QString &body) { return Sheet("<Widget name='a' class='Label'>" + body + "</Widget>"); };
+        add("another root", "<Form/>");
+        add("unknown child", "<ZkParamGui><Widgets/></ZkParamGui>");
+        add("wrapper inside a widget", label("<Properties>" + property + "</Properties>"));
+        add("empty property", label("<Property name='text'/>"));
+        add("two values", label("<Property name='text'><String/><String/></Property>"));
+        add("bare text", label("<Property name='text'>x</Property>"));
+        add("unknown class", Sheet("<Widget name='a' class='Labl'/>"));
+        add("unknown property", label(QString(property).replace("text", "txt")));
+        add("unknown type of value", label(QString(property).replace("String", "Text")));
+        add("capital True", label("<Property name='visible'><Bool>True</Bool></Property>"));
+        add("fraction in an Int", label("<Property name='text'><Int>1.5</Int></Property>"));
+        add("unknown attribute", Sheet("<Widget nme='a' class='Label'/>"));
+        add("two widgets of one name", Sheet("<Widget name='a' class='Label'/><Widget name='a' class='Label'/>"));
+        add("property of a widget on the sheet", Sheet("<Properties>" + property + "</Properties>"));
+        add("enumeration without a name", "<ZkParamGui><Enums><Enum/></Enums></ZkParamGui>");
+        add("two values of a row",
+            "<ZkParamGui><Enums><Enum name='e'><EnumValue><Value/><Value/></EnumValue></Enum></Enums></ZkParamGui>");
+    }
+
+    void schemaRefusesBrokenForms()
+    {
+        QFETCH(QString, form);
+        const Result result = Xmllint(Write("broken.orbel", form));
+        QVERIFY2(result.Status == 3, qPrintable(result.Err));
+    }
+
+    void referenceIsUpToDate()
+    {
+        const QString folder = Folder.filePath("reference");
+        const Result result = Run(ORBEL_COMMAND, {"reference", folder});
+        QCOMPARE(result.Err, QString());
+        const QStringList pages = QDir(folder).entryList({"*.md"});
+        QCOMPARE(pages.size(), Orbel::Registry::Classes().size() + 2);
+        QCOMPARE(pages.join(' '), QDir(Docs + "reference").entryList({"*.md"}).join(' '));
+        static const QRegularExpression picture("!\\[\\w+\\]\\((images/\\w+\\.png)\\)");
+        for (const QString &page : pages) {
+            const QByteArray text = BytesOf(folder + '/' + page);
+            QVERIFY2(text == BytesOf(Docs + "reference/" + page), qPrintable(page + " is out of date"));
+            const QString image = picture.match(text).captured(1);
+            for (const QString &root : {folder, Docs + "reference"})
+                QVERIFY2(image.isEmpty() || !QImage(root + '/' + image).isNull(), qPrintable(image));
+        }
+    }
+
+    void examplesOfTheReferenceLoad_data()
+    {
+        QTest::addColumn<QString>("className");
+        for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
+            QTest::newRow(info.name) << info.name;
+    }
+
+    void examplesOfTheReferenceLoad()
+    {
+        QFETCH(QString, className);
+        const QString example = ExampleOf(BytesOf(Docs + "reference/" + className + ".md"));
+        QVERIFY(!example.isEmpty());
+        const QExplicitlySharedDataPointer<KV218::OrbelFormular> form(KV218::OrbelParser().ParseORBEL(example));
+        QVERIFY(form && form->GetSheet().FindWidget(className));
+        const Orbel::Findings findings = Orbel::Check::Definition(example.toUtf8());
+        QVERIFY2(Orbel::Check::IsClean(findings), qPrintable(findings.value(0).Text));
+        const Result result = Xmllint(Write("example.orbel", example));
+        QVERIFY2(result.Status == 0, qPrintable(result.Err));
+    }
+
+    void theGuideIsRight()
+    {
+        const QString page = BytesOf(Docs + "authoring.md");
+        const QString form = ExampleOf(page);
+        QVERIFY(!form.isEmpty());
+        const QString path = Write("guide.orbel", form);
+        const Result result = Run(ORBEL_COMMAND, {"check", "--run", path});
+        QCOMPARE(result.Out + result.Err, QString());
+        QCOMPARE(Xmllint(path).Status, 0);
+    }
+};
+
+ORBEL_TEST_MAIN(TestReference)
+#include "tst_reference.moc"
