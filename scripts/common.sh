@@ -7,14 +7,18 @@ say() {
     printf '\n== %s\n' "$*"
 }
 
-# Installs the packages of packages.txt that are missing, and does nothing when none is.
+# install_missing [LIST...]: installs the packages of packages.txt, and of the lists named, that are missing, and does
+# nothing when none is.
 install_missing() {
-    local package missing=()
+    local package list lists=("$ROOT/scripts/packages.txt") missing=()
+    for list in "$@"; do
+        lists+=("$ROOT/scripts/$list")
+    done
     while read -r package; do
         case "$package" in ''|'#'*) continue ;; esac
         [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)" = installed ] \
             || missing+=("$package")
-    done < "$ROOT/scripts/packages.txt"
+    done < <(cat "${lists[@]}")
     [ ${#missing[@]} -eq 0 ] && return
 
     local as_root=()
