@@ -7,9 +7,11 @@
 #include "formdoor.h"
 #include "formlimits.h"
 #include "propertynames.h"
+#include "saturate.h"
 #include "trace.h"
 
 #include <QXmlStreamWriter>
+#include <cmath>
 #include <limits>
 
 namespace KV218
@@ -51,9 +53,8 @@ bool OrbelDelegate::ContainsXmlTag(const QString &tag) const
 
 void OrbelDelegate::WriteUnitAttribute(QXmlStreamWriter &writer) const
 {
-    const QString unit = property(prop::Unit.data()).toString();
-    if (!unit.isEmpty())
-        writer.writeAttribute(attribute::Unit, unit);
+    if (!Unit.isEmpty())
+        writer.writeAttribute(attribute::Unit, Unit);
 }
 
 namespace
@@ -112,6 +113,8 @@ bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int
 
 int OrbelDelegate::CountOf(const QVariant &value)
 {
+    if (value.userType() == QMetaType::Double)
+        return std::isnan(value.toDouble()) ? -1 : Saturated<int>(value.toDouble());
     constexpr qint64 least = std::numeric_limits<int>::min();
     constexpr qint64 most = std::numeric_limits<int>::max();
     return int(qBound(least, value.toLongLong(), most));

@@ -72,7 +72,7 @@ private Q_SLOTS:
             "2", "");
         StoreRow("list: absurd indices and counts", list, two,
             "s.setItemValue(2147483647, 'a'); s.setItemValue(-1, 'a'); r = s.itemCount + s.itemValue(-1);"
-            "s.setItemCount(2147483647); s.setItemCount(-1); s.itemCount = 4294967297",
+            "s.setItemCount(2147483647); s.setItemCount(-1); s.itemCount = 4294967297; s.itemCount = 1e300; s.itemCount = 0/0",
             no, "", "2", "m0: m1:");
         StoreRow("list: reading loses the first item and the one behind the last", list, {}, no,
             "<i>a</i><x>b</x><i>c</i>", "s.itemValueChanged(1, b)", "", "m0: m1:b");
