@@ -23,7 +23,6 @@
 #include "orbelpushbutton.h"
 #include "orbelscriptcontrol.h"
 #include "orbelseparator.h"
-#include "orbelsheet.h"
 #include "orbelspinbox.h"
 #include "orbelspinboxlist.h"
 #include "orbeltable.h"
@@ -57,15 +56,6 @@ template <bool isHeadline> OrbelDelegate *MakeSeparator(OrbelWidget *widget)
     return new OrbelSeparator(widget, isHeadline);
 }
 
-/// The object shows texts in other controls of its form; what it knows of the sheet is this one look-up.
-OrbelDelegate *MakeDSCObject(OrbelWidget *widget)
-{
-    return new OrbelDSCObject(widget, [widget](const QString &name) {
-        const auto found = widget->GetSheet()->GetWidget(name);
-        return found ? found->GetDelegate() : nullptr;
-    });
-}
-
 // clang-format off
 constexpr Row Table[] = {
     {"ComboBox",              Make<OrbelComboBox>},
@@ -95,7 +85,7 @@ constexpr Row Table[] = {
     {"SpinBoxList",           Make<OrbelSpinBoxList>},
     {"TableWidget",           Make<OrbelTable>},
     {"SpecialObject_Audio",   Make<OrbelAudioObject>},
-    {"SpecialObject_DSC",     MakeDSCObject},
+    {"SpecialObject_DSC",     Make<OrbelDSCObject>},
     {"SpecialObject_FFT",     Make<OrbelFFTObject>},
     {"SpecialObject_Generic", Make<OrbelDelegate>},
     {"SpecialObject_Tuner",   Make<OrbelTunerObject>},

@@ -19,6 +19,7 @@ CommentedRange ReadRange(QXmlStreamReader &reader, const ExclusionListFormat &fo
 {
     CommentedRange range;
     ForEachStart(reader, [&](const QStringRef &name) {
+        // Meant: a unit is not looked at; the numbers are in Hz.
         if (name == format.start)
             range.SetRangeStart(reader.readElementText().toDouble());
         else if (name == format.stop)

@@ -19,6 +19,13 @@ QExplicitlySharedDataPointer<OrbelEnum> FormDoor::FindEnum(const QString &name) 
     return formular && formular->HasEnum(name) ? formular->GetEnum(name) : QExplicitlySharedDataPointer<OrbelEnum>();
 }
 
+OrbelDelegate *FormDoor::FindControl(const QString &name) const
+{
+    const OrbelSheet *sheet = Sheet();
+    const auto found = sheet ? sheet->GetWidget(name) : OrbelSheet::Widget();
+    return found ? found->GetDelegate() : nullptr;
+}
+
 void FormDoor::setModified(bool autoApply) const
 {
     if (OrbelSheet *sheet = Sheet())

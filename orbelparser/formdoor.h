@@ -8,6 +8,7 @@ class QWidget;
 namespace KV218
 {
 
+class OrbelDelegate;
 class OrbelEnum;
 class OrbelSheet;
 class OrbelWidget;
@@ -21,6 +22,9 @@ public:
 
     /// The enumeration of that name; null when the form knows none.
     QExplicitlySharedDataPointer<OrbelEnum> FindEnum(const QString &name) const;
+
+    /// The control that the sheet finds under a name; null when there is none.
+    OrbelDelegate *FindControl(const QString &name) const;
 
     /// Marks the sheet as modified, unless it is inactive; true lets automatic apply run.
     void setModified(bool autoApply) const;

@@ -18,7 +18,7 @@ void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const 
     if (!ranges)
         return;
     const auto translate = [=](const char *text) {
-        return QCoreApplication::translate(context ? context : FreqRangeTable::staticMetaObject.className(), text);
+        return QCoreApplication::translate(context, text);
     };
     // On the heap: whoever ends the parent ends the dialog, too.
     const QPointer<QDialog> dialog(new QDialog(parent));

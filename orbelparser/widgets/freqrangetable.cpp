@@ -127,7 +127,7 @@ void FreqRangeTable::FillTable(const Ranges &ranges)
     const QScopedValueRollback<int> depth(UpdateDepth, UpdateDepth + 1);
     const QModelIndex before = currentIndex();
     clearContents();
-    // Never empty: the operator has a row to start with, and storing it untouched stores the range from 0 to 0.
+    // Meant: never empty; the operator has a row to start with, and storing it untouched stores the range from 0 to 0.
     const Ranges shown = ranges.empty() ? Ranges(1) : ranges;
     setRowCount(int(shown.size()));
     int row = 0;

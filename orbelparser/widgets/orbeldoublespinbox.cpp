@@ -50,7 +50,7 @@ void OrbelDoubleSpinBox::GetXml(QXmlStreamWriter &writer) const
         return;
     writer.writeStartElement(GetXmlTagName());
     WriteUnitAttribute(writer);
-    writer.writeCharacters(DocumentText(GetDouble(prop::Value, 0.0), DocumentDecimals(*this)));
+    writer.writeCharacters(DocumentText(GetDouble(prop::Value, 0.0), Decimals));
     writer.writeEndElement();
 }
 
@@ -66,6 +66,8 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::Decimals)
+        Decimals = DocumentDecimals(*this);
     const QPointer<OrbelDoubleSpinBox> self(this);
     WriteProperty(name, value);
     if (!self)

@@ -43,6 +43,10 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+
+private:
+    /// Of the parameter document.
+    int Decimals = 0;
 };
 
 } // namespace KV218

@@ -40,8 +40,7 @@ const Band *FindBand(const QStringRef &element)
 
 } // namespace
 
-OrbelDSCObject::OrbelDSCObject(OrbelWidget *widget, Finder finder)
-    : ExclusionListDelegate(widget, ListFormat), Find(std::move(finder)), ExclusionMap(this)
+OrbelDSCObject::OrbelDSCObject(OrbelWidget *widget) : ExclusionListDelegate(widget, ListFormat), ExclusionMap(this)
 {
 }
 
@@ -123,7 +122,7 @@ QString OrbelDSCObject::ReadBand(QXmlStreamReader &reader)
 
 void OrbelDSCObject::ShowScanRange(const QString &label, const QString &text)
 {
-    if (OrbelDelegate *control = Find(label))
+    if (OrbelDelegate *control = Form().FindControl(label))
         control->SetPropertyAlways(prop::Text, text);
 }
 

@@ -4,8 +4,6 @@
 #include "ownednode.h"
 #include "valuecommentedrangemap.h"
 
-#include <functional>
-
 class QXmlStreamReader;
 
 namespace KV218
@@ -18,10 +16,7 @@ class OrbelDSCObject : public ExclusionListDelegate
     Q_OBJECT
 
 public:
-    /// Finds a control of the form by name; null when there is none.
-    using Finder = std::function<OrbelDelegate *(const QString &name)>;
-
-    OrbelDSCObject(OrbelWidget *widget, Finder finder);
+    explicit OrbelDSCObject(OrbelWidget *widget);
 
     void CreateValueTree() override;
     void CreateGUI(FloatGroupLayout *layout) override;
@@ -61,7 +56,6 @@ private:
     static QString ReadBand(QXmlStreamReader &reader);
     void ShowScanRange(const QString &label, const QString &text);
 
-    Finder Find;
     /// Null before CreateValueTree() and once the node is withdrawn.
     OwnedNode<ValueCommentedRangeMap> ExclusionMap;
 };

@@ -27,7 +27,12 @@ OrbelFHPObject::~OrbelFHPObject()
 
 void OrbelFHPObject::CreateValueTree()
 {
-    if (ExclusionRanges.CreateNode(GetVTNodePath() + QLatin1Char('/') + GetXmlTagName()))
+    const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
+    // Nobody would end the list of an earlier path. Whoever is told of its end may end the form.
+    const QPointer<OrbelFHPObject> self(this);
+    if (ExclusionRanges && ExclusionRanges->GetPathName() != path)
+        ExclusionRanges.ReleaseNode();
+    if (!self || ExclusionRanges.CreateNode(path))
         return;
     TraceFailure(QStringLiteral("OrbelFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
         "orbelfhpobject", __LINE__);

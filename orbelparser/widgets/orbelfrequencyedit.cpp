@@ -4,6 +4,7 @@
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "saturate.h"
+#include "sharedicon.h"
 #include "vcbutton.h"
 #include "vcminifrequency.h"
 
@@ -16,7 +17,7 @@ namespace KV218
 
 static QIcon LockIcon(bool locked)
 {
-    return QIcon(locked ? QStringLiteral(":/OrbelParser/Locked.svg") : QStringLiteral(":/OrbelParser/Unlocked.svg"));
+    return SharedIcon(locked ? QStringLiteral("Locked") : QStringLiteral("Unlocked"));
 }
 
 void OrbelFrequencyEdit::CreateValueTree()

@@ -2,6 +2,7 @@
 
 #include "floatgrouplayout.h"
 #include "formdoor.h"
+#include "formlimits.h"
 
 namespace KV218
 {
@@ -64,7 +65,7 @@ void OrbelHeadline::RefreshToolTip()
         return;
     // Meant: the argument is the text as the definition has it, untranslated.
     const QString format = Translate(GroupVisible ? QStringLiteral("Hide %1") : QStringLiteral("Show %1"));
-    GroupBox->setToolTip(format.arg(GetString(prop::Text, QString())));
+    GroupBox->setToolTip(format.arg(GetString(prop::Text, QString()).left(limit::ShownText)));
 }
 
 } // namespace KV218

@@ -2,9 +2,9 @@
 
 #include "floatgrouplayout.h"
 #include "propertynames.h"
+#include "sharedicon.h"
 
 #include <QBoxLayout>
-#include <QIcon>
 #include <QPixmap>
 #include <QPushButton>
 
@@ -88,7 +88,7 @@ QPushButton *OrbelScriptControl::NewButton(const QString &name, const QString &i
 {
     auto *button = new QPushButton(Container);
     button->setObjectName(name);
-    button->setIcon(QIcon(QStringLiteral(":/OrbelParser/%1.svg").arg(icon)));
+    button->setIcon(SharedIcon(icon));
     // Meant: the verb is not translated, its tail is.
     button->setToolTip(verb + GetTranslated(prop::LabelText));
     return button;

@@ -270,6 +270,36 @@ private Q_SLOTS:
         }
     }
 
+    void theDialogSpeaksForItsObject()
+    {
+        LiveObject live(Fhp);
+        const ContextTranslator translator("KV218::OrbelFHPObject");
+        QStringList seen;
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget *dialog = QApplication::activeModalWidget();
+            auto *box = dialog->findChild<QDialogButtonBox *>();
+            seen << dialog->windowTitle();
+            for (QAbstractButton *button : box->buttons()) {
+                if (box->buttonRole(button) == QDialogButtonBox::ActionRole)
+                    seen << button->text() << button->toolTip();
+            }
+            seen << QString::number(bool(dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
+            dialog->close();
+        });
+        live.Edit();
+        QCOMPARE(seen.join('|').remove("KV218::OrbelFHPObject:"),
+            QString("Excluded ranges (kHz)|&Sort|Sort entries by start frequency in ascending order|0"));
+        QCOMPARE(seen.at(0).count(':'), 3);
+    }
+
+    void anObjectMayOutliveItsForm()
+    {
+        forms::Form form = forms::Bind(forms::Definition(forms::Widget("a", Dsc)));
+        const OrbelSheet::Widget widget = form->GetSheet().GetWidgetAt(0);
+        form.reset();
+        static_cast<OrbelDSCObject *>(widget->GetDelegate())->sl_setScanRanges("<Scan/>");
+    }
+
     /// The examples run without a script error, also when all their controls are used.
     void examples_data()
     {

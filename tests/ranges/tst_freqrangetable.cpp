@@ -98,6 +98,8 @@ private Q_SLOTS:
         action->trigger();
         QTEST(bench.Cells(), "left");
         QCOMPARE(action->isEnabled(), bench.Table.rowCount() > 0);
+        bench.Table.StoreToValue();
+        QCOMPARE(int(bench.Node->data().size()), bench.Table.rowCount());
     }
 
     void theNodeAndAnOpenEdit()
@@ -117,6 +119,11 @@ private Q_SLOTS:
         bench.Node->SetAt(2, CommentedRange(), nullptr);
         QVERIFY2(bench.Cells() == "3 4 9 2 0 0", "what was typed goes");
         QVERIFY(!bench.Editor() || bench.Editor()->text() == "2 kHz");
+        for (const TChangeCode code : {ekChangeItemSet, ekChangeContent, ekChangeItemErased}) {
+            bench.Table.item(0, 0)->setText("99");
+            bench.Node->HasChanged(code, nullptr);
+            QCOMPARE(bench.Cells(), QString("3 4 9 2 0 0"));
+        }
         bench.Node->Clear(nullptr);
         QVERIFY2(bench.Cells() == "0 0" && !bench.Editor(), "its row is gone");
         bench.Table.StoreToValue();
@@ -136,7 +143,7 @@ private Q_SLOTS:
                 if (form && !dialog->findChild<FreqRangeTable *>()->isEnabled())
                     dialog->accept();
             });
-            EditExclusionRanges(bench.Node, form.get());
+            EditExclusionRanges(bench.Node, form.get(), "test");
             QCOMPARE(!form, formGoes);
         }
     }
