@@ -57,6 +57,7 @@ void CheckChange(const Document &changed, const FormModel &form, FindingSink &si
     if (structure.Form() < 0)
         return;
     const FormModel change(changed, structure.Form());
+    CheckAttributes(change, sink);
     CheckIgnoredLists(change, sink);
     CheckWidgets(change, form, sink);
     CheckEnumRows(change, sink);

@@ -40,7 +40,7 @@ const QVector<CodeInfo> &AllCodes()
         {Code::NameDoubled,       "name-doubled",        Error,   "Two widgets or two enumerations have one name. Of widgets, the script sees the last and look-ups find the first; of enumerations only the last exists."},
         {Code::NameHidden,        "name-hidden",         Warning, "Widgets, enumerations and the sheet share the names of the script, and the one that is read last hides the others."},
         {Code::NameBuiltin,       "name-builtin",        Warning, "The name hides something that the script language brings along."},
-        {Code::NameUnwritable,    "name-unwritable",     Warning, "The form has a script, but a script cannot write this name."},
+        {Code::NameUnwritable,    "name-unwritable",     Note,    "The form has a script, but a script cannot write this name."},
         {Code::EnumUnknown,       "enum-unknown",        Error,   "A combo box whose enumName is missing or unknown has no rows and no node."},
         {Code::EnumValue,         "enum-value",          Error,   "No row of the enumeration has this value, and the first row is taken instead."},
         {Code::EnumDoubled,       "enum-doubled",        Warning, "Two rows of an enumeration share a value, an identifier or a display name; only one of them can be found."},

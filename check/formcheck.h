@@ -10,6 +10,7 @@ namespace Orbel
 /// nothing is said about what may stand behind the end.
 using FormCheck = void (*)(const FormModel &form, FindingSink &sink);
 
+void CheckAttributes(const FormModel &form, FindingSink &sink);
 void CheckProperties(const FormModel &form, FindingSink &sink);
 void CheckNames(const FormModel &form, FindingSink &sink);
 /// The rows alone, without the combo boxes.

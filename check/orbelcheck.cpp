@@ -39,7 +39,12 @@ class Examination
 {
 public:
     /// Without a time, the definition is only read.
-    explicit Examination(int milliseconds) : Milliseconds(milliseconds) { }
+    explicit Examination(int milliseconds = 0, const Check::RunWatch &watch = Check::RunWatch())
+        : Milliseconds(milliseconds), Watch(watch)
+    {
+    }
+
+    bool IsRun() const { return Milliseconds > 0; }
 
     void Definition(const Document &document, FindingSink &sink) const
     {
@@ -55,7 +60,7 @@ public:
             sink.Add(Code::ScriptNotRun, document.PlaceOf(form.Script < 0 ? form.Form : form.Script),
                 QStringLiteral("The script is not run before the definition can be read to its end"));
         else
-            RunForm(form, Milliseconds, sink);
+            RunForm(form, Milliseconds, Watch, sink);
     }
 
     void ComponentList(const Document &list, FindingSink &sink) const
@@ -91,6 +96,7 @@ private:
     }
 
     int Milliseconds;
+    Check::RunWatch Watch;
 };
 
 /// The element of the form that counts; -1 without one.
@@ -102,16 +108,16 @@ int FormOf(const Document &document)
     return reading.Form();
 }
 
-Findings Examine(const QByteArray &bytes, bool isList, int milliseconds)
+Findings Examine(const QByteArray &bytes, bool isList, const Examination &examination)
 {
     const FileText file(bytes);
+    // Of bytes in another encoding than the declared one the library reads nothing.
+    if (examination.IsRun() && !file.ErrorText().isEmpty())
+        return {};
     const Document document(file.Source());
     FindingSink sink;
-    if (!milliseconds)
+    if (!examination.IsRun())
         CheckXml(file, document, sink);
-    const Examination examination(milliseconds);
-    if (milliseconds && !file.ErrorText().isEmpty())
-        return {};
     if (isList)
         examination.ComponentList(document, sink);
     else
@@ -150,12 +156,12 @@ QString NameOf(Severity severity)
 
 Findings Check::Definition(const QByteArray &document)
 {
-    return Examine(document, false, 0);
+    return Examine(document, false, Examination());
 }
 
 Findings Check::ComponentList(const QByteArray &document)
 {
-    return Examine(document, true, 0);
+    return Examine(document, true, Examination());
 }
 
 Findings Check::Changed(const QByteArray &changed, const QByteArray &form)
@@ -168,14 +174,14 @@ Findings Check::Parameters(const QByteArray &parameters, const QByteArray &form)
     return ExamineAgainst(parameters, form, CheckParameterDocument);
 }
 
-Findings Check::RunDefinition(const QByteArray &document, int milliseconds)
+Findings Check::RunDefinition(const QByteArray &document, int milliseconds, const RunWatch &watch)
 {
-    return Examine(document, false, qMax(1, milliseconds));
+    return Examine(document, false, Examination(qMax(1, milliseconds), watch));
 }
 
-Findings Check::RunComponentList(const QByteArray &document, int milliseconds)
+Findings Check::RunComponentList(const QByteArray &document, int milliseconds, const RunWatch &watch)
 {
-    return Examine(document, true, qMax(1, milliseconds));
+    return Examine(document, true, Examination(qMax(1, milliseconds), watch));
 }
 
 bool Check::IsClean(const Findings &findings)
@@ -199,8 +205,8 @@ QString Check::Explanations()
 
 void CheckForm(const FormModel &form, FindingSink &sink)
 {
-    constexpr FormCheck checks[] = {CheckProperties, CheckNames, CheckEnums, CheckLimits, CheckRows, CheckParameters,
-        CheckConventions, CheckScript};
+    constexpr FormCheck checks[] = {CheckAttributes, CheckProperties, CheckNames, CheckEnums, CheckLimits, CheckRows,
+        CheckParameters, CheckConventions, CheckScript};
     for (const FormCheck check : checks)
         check(form, sink);
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 namespace Orbel
 {
 
@@ -45,13 +47,16 @@ public:
     /// A parameter document, against the form that is to read it. Places are those in `parameters`.
     static Findings Parameters(const QByteArray &parameters, const QByteArray &form);
 
+    /// Told true before a form's script runs, and false behind it.
+    using RunWatch = std::function<void(bool isRunning)>;
+
     /// Builds the form of a definition, or each of a component list, in this process, as a host does: runs its script
     /// and makes its controls, without showing them. Tells uncaught exceptions and names that the script does not know.
-    /// What still runs after `milliseconds` is ended; pending events are processed meanwhile. Needs a QApplication. A
-    /// loop inside one call of the script language itself cannot be ended; who must be safe from that calls this in a
-    /// process of its own.
-    static Findings RunDefinition(const QByteArray &document, int milliseconds);
-    static Findings RunComponentList(const QByteArray &document, int milliseconds);
+    /// A script that still runs after `milliseconds` is ended; pending events are processed meanwhile. Needs a
+    /// QApplication. A loop inside one call of the script language itself cannot be ended; who must be safe from that
+    /// calls this in a process of its own, with a watch. A definition that is not read to its end is not run.
+    static Findings RunDefinition(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
+    static Findings RunComponentList(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
 
     /// Whether there is neither an error nor a warning.
     static bool IsClean(const Findings &findings);

@@ -70,6 +70,9 @@ public:
         const int place = Form.Doc.PlaceOfText(property.ValueElement);
         if ((known && known->type == ValueType::Bool) || property.IsBool())
             CheckBool(property, place);
+        else if (known && known->type == ValueType::Other)
+            Sink.Add(Code::ValueType, place,
+                QStringLiteral("No text becomes what \"%1\" wants; a script can set it").arg(property.Name));
         else if (known && !ConvertsTo(known->type, property.Text))
             Sink.Add(Code::ValueType, place,
                 QStringLiteral("\"%1\" is no %2, which \"%3\" wants")

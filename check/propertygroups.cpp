@@ -52,7 +52,7 @@ const QVector<PropertyInfo> Step = {
 };
 
 const QVector<PropertyInfo> Spin = {
-    {prop::Decimals, T::Int, "0", "digits", Read, "Digits behind the point.", ""},
+    {prop::Decimals, T::Int, "0", "digits", Read, "Digits that show behind the point beyond those of the step; controls of a Double also write that many.", ""},
     {prop::Suffix, T::Text, "none", "", Read, "Shown behind the number.", ""},
     {prop::Wrapping, T::Bool, "false", "", Read, "Whether a step beyond one bound goes on at the other.", ""},
 };

@@ -5,6 +5,7 @@
 #include "scripttext.h"
 #include "scriptwords.h"
 
+#include <QElapsedTimer>
 #include <QMetaMethod>
 #include <QRegularExpression>
 #include <QScriptEngine>
@@ -45,9 +46,22 @@ class PositionAgent : public QScriptEngineAgent
 {
 public:
     using QScriptEngineAgent::QScriptEngineAgent;
-    void positionChange(qint64, int line, int) override { Line = line; }
+
+    void positionChange(qint64, int line, int) override
+    {
+        Line = line;
+        if (!Clock.isValid())
+            Clock.start();
+    }
+
+    /// Milliseconds since the first statement.
+    qint64 Elapsed() const { return Clock.isValid() ? Clock.elapsed() : 0; }
+    void Restart() { Clock.invalidate(); }
 
     int Line = 1;
+
+private:
+    QElapsedTimer Clock;
 };
 
 class ScriptRun
@@ -59,17 +73,22 @@ public:
     {
     }
 
-    void Run(int milliseconds)
+    void Run(int milliseconds, const Check::RunWatch &watch)
     {
-        // What the script prints is the business of nobody here.
-        Engine->globalObject().setProperty(QStringLiteral("print"), Engine->newFunction(Nothing));
+        Time = milliseconds;
+        Silence();
         Engine->setAgent(Position);
         Engine->setProcessEventsInterval(EventInterval);
         QObject::connect(Engine, &QScriptEngine::signalHandlerException, &Clock,
             [this](const QScriptValue &exception) { TellException(exception, LineOf(exception)); });
         QObject::connect(&Clock, &QTimer::timeout, &Clock, [this] { Stop(); });
         Clock.start(milliseconds);
+        if (watch)
+            watch(true);
         Live->CreateValueTree(QStringLiteral("/OrbelCheck"));
+        if (watch)
+            watch(false);
+        Position->Restart();
         if (!IsStopped && Engine->hasUncaughtException())
             TellException(Engine->uncaughtException(), Engine->uncaughtExceptionLineNumber());
         Live->CreateGUI(true);
@@ -79,6 +98,14 @@ public:
     }
 
 private:
+    /// What the script prints is the business of nobody here.
+    void Silence()
+    {
+        const QString print = QStringLiteral("print");
+        if (Engine->globalObject().property(print).isFunction())
+            Engine->globalObject().setProperty(print, Engine->newFunction(Nothing));
+    }
+
     static int LineOf(const QScriptValue &exception)
     {
         return exception.property(QStringLiteral("lineNumber")).toInt32();
@@ -87,8 +114,10 @@ private:
     /// Ends what runs now, and soon whatever a handler begins after it.
     void Stop()
     {
-        Clock.setInterval(EventInterval);
-        if (!Engine->isEvaluating())
+        // The time counts from the first statement, not from the making of the form around it.
+        const qint64 left = Time - Position->Elapsed();
+        Clock.setInterval(IsStopped || left <= 0 ? EventInterval : int(left));
+        if (!Engine->isEvaluating() || (!IsStopped && left > 0))
             return;
         if (!IsStopped)
             Sink.Add(Code::ScriptEndless, Script.PlaceOfLine(Position->Line),
@@ -102,40 +131,54 @@ private:
         // A syntax error has been told with its place by the check on paper.
         if (exception.property(QStringLiteral("name")).toString() == QLatin1String("SyntaxError"))
             return;
-        static const QRegularExpression variable(QStringLiteral("variable: ([\\w$]+)"));
         QString text = exception.toString();
         if (text.endsWith(QLatin1Char('.')))
             text.chop(1);
-        const QString name = variable.match(text).captured(1);
-        int index = Script.IndexOf(line);
-        const int found = name.isEmpty() ? -1 : Script.Code().indexOf(name, index);
-        if (found >= 0 && Script.LineOf(found) == line)
-            index = found;
+        // The engine tells the line alone; the name it misses tells the rest.
+        static const QRegularExpression missed(
+            QStringLiteral("variable: ([\\w$]+)|expression '(?:([\\w$]+)\\.)?([\\w$]+)' \\[undefined\\]"));
+        const QRegularExpressionMatch match = missed.match(text);
+        const QString owner = match.captured(2);
+        const QString name = match.captured(1) + match.captured(3);
+        const int index = PlaceInLine(line, owner, name);
         Told.insert(index);
-        Sink.Add(Code::ScriptException, Script.PlaceOf(index), QStringLiteral("The script throws %1").arg(text));
+        Sink.Add(Code::ScriptException, Script.PlaceOf(index),
+            QStringLiteral("The script throws %1%2").arg(text, name.isEmpty() ? QString() : Suggest(owner, name)));
+    }
+
+    /// Where a name stands in a line, behind its owner's; the line's beginning when it does not stand there.
+    int PlaceInLine(int line, const QString &owner, const QString &name) const
+    {
+        const int start = Script.IndexOf(line);
+        const QString text = owner.isEmpty() ? name : owner + QLatin1Char('.') + name;
+        const int found = text.isEmpty() ? -1 : Script.Code().indexOf(text, start);
+        return found >= 0 && Script.LineOf(found) == line ? found + text.size() - name.size() : start;
+    }
+
+    QString Suggest(const QString &owner, const QString &name)
+    {
+        const QStringList names = owner.isEmpty() ? QStringList(Live->GetScriptValues().keys())
+                                                  : MembersOf(Engine->globalObject().property(owner));
+        return Sink.Suggest(name, names);
     }
 
     void TellUnknown()
     {
         const QScriptValue globals = Engine->globalObject();
-        const QStringList names = Live->GetScriptValues().keys();
         for (const ScriptReference &reference : ScriptWords(Script.Code()).References()) {
             if (Told.contains(reference.Index))
                 continue;
             const QScriptValue owner = reference.Owner.isEmpty() ? globals : globals.property(reference.Owner);
             if (!owner.isObject() || owner.property(reference.Name).isValid())
                 continue;
-            if (reference.Owner.isEmpty())
-                Tell(reference, QStringLiteral("There is no \"%1\"").arg(reference.Name), names);
-            else if (!IsProperty(reference))
-                Tell(reference, QStringLiteral("\"%1\" has no \"%2\"").arg(reference.Owner, reference.Name),
-                    MembersOf(owner));
+            if (!reference.Owner.isEmpty() && IsProperty(reference))
+                continue;
+            const QString text = reference.Owner.isEmpty()
+                ? QStringLiteral("There is no \"%1\"").arg(reference.Name)
+                : QStringLiteral("\"%1\" has no \"%2\"").arg(reference.Owner, reference.Name);
+            Sink.Add(
+                Code::ScriptUnknown, Script.PlaceOf(reference.Index), text + Suggest(reference.Owner, reference.Name));
         }
-    }
-
-    void Tell(const ScriptReference &reference, const QString &text, const QStringList &names)
-    {
-        Sink.Add(Code::ScriptUnknown, Script.PlaceOf(reference.Index), text + Sink.Suggest(reference.Name, names));
     }
 
     /// Whether the control may come to have the property, even if it is not stated.
@@ -165,14 +208,15 @@ private:
     PositionAgent *Position; ///< The engine's.
     QTimer Clock;
     QSet<int> Told;
+    int Time = 0;
     bool IsStopped = false;
 };
 
 } // namespace
 
-void RunForm(const FormModel &form, int milliseconds, FindingSink &sink)
+void RunForm(const FormModel &form, int milliseconds, const Check::RunWatch &watch, FindingSink &sink)
 {
-    ScriptRun(form, sink).Run(milliseconds);
+    ScriptRun(form, sink).Run(milliseconds, watch);
 }
 
 } // namespace Orbel

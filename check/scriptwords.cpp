@@ -93,9 +93,11 @@ QVector<ScriptReference> ScriptWords::References() const
         if (!IsName(i) || IsMark(i - 1, '.') || IsKey(i))
             continue;
         const QString &name = Tokens.at(i).Text;
-        if (Made.contains(name) || ReservedWords().contains(name))
+        const bool isLabel = IsWord(i - 1, "break") || IsWord(i - 1, "continue");
+        if (isLabel || Made.contains(name) || ReservedWords().contains(name))
             continue;
-        references.append({QString(), name, Tokens.at(i).Index});
+        if (!ScriptBuiltins().contains(name))
+            references.append({QString(), name, Tokens.at(i).Index});
         if (!IsMark(i + 1, '.') || !IsName(i + 2))
             continue;
         const QString &member = Tokens.at(i + 2).Text;

@@ -3,8 +3,6 @@
 #include "elementnames.h"
 #include "formlimits.h"
 
-#include <algorithm>
-
 namespace Orbel
 {
 
@@ -15,34 +13,11 @@ namespace element = KV218::element;
 namespace attribute = KV218::attribute;
 namespace limit = KV218::limit;
 
-struct KnownAttributes {
-    QLatin1String element;
-    QVector<QLatin1String> names;
-};
-
-const QVector<KnownAttributes> &AttributeTable()
-{
-    static const QVector<KnownAttributes> table = {
-        {element::Form, {attribute::Version}},
-        {element::Enums, {}},
-        {element::Enum, {attribute::Name}},
-        {element::EnumValue, {}},
-        {element::Sheet, {attribute::Name}},
-        {element::Properties, {}},
-        {element::CustomProperties, {}},
-        {element::Widget, {attribute::Name, attribute::Class}},
-        {element::Property, {attribute::Name}},
-        {element::Script, {attribute::Language}},
-    };
-    return table;
-}
-
+/// The elements that mean something somewhere in a form.
 QStringList ElementNames()
 {
-    QStringList names;
-    for (const KnownAttributes &known : AttributeTable())
-        names.append(known.element);
-    return names;
+    return {element::Enums, element::Enum, element::EnumValue, element::Sheet, element::Properties,
+        element::CustomProperties, element::Widget, element::Property, element::Script};
 }
 
 } // namespace
@@ -81,7 +56,6 @@ void StructureCheck::Run()
     }
     AssignLost();
     Report();
-    CheckAttributes();
 }
 
 void StructureCheck::ReadForm(int form)
@@ -319,32 +293,6 @@ void StructureCheck::Report()
     for (const Obstacle &obstacle : qAsConst(Obstacles)) {
         Cut = Cut || !obstacle.lost.isEmpty();
         Sink.Add(obstacle.what, Doc.PlaceOf(obstacle.element), obstacle.text + LostText(obstacle));
-    }
-}
-
-void StructureCheck::CheckAttributes()
-{
-    for (int i = LastForm; i <= Doc.At(LastForm).Last; ++i) {
-        const Element &holder = Doc.At(i);
-        if (holder.Attributes.isEmpty())
-            continue;
-        for (const KnownAttributes &known : AttributeTable()) {
-            if (known.element == holder.Name)
-                CheckAttributes(holder, known.names);
-        }
-    }
-}
-
-void StructureCheck::CheckAttributes(const Element &holder, const QVector<QLatin1String> &known)
-{
-    for (const Attribute &attribute : holder.Attributes) {
-        const auto isIt = [&](QLatin1String name) { return attribute.Name == name; };
-        if (attribute.IsForeign || std::any_of(known.cbegin(), known.cend(), isIt))
-            continue;
-        const QStringList names(known.cbegin(), known.cend());
-        Sink.Add(Code::AttributeUnknown, Doc.PlaceOf(attribute),
-            QStringLiteral("The attribute \"%1\" means nothing on \"%2\"%3")
-                .arg(attribute.Name, holder.Name, Sink.Suggest(attribute.Name, names)));
     }
 }
 

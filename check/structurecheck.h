@@ -45,8 +45,6 @@ private:
     void ReadText(int element);
     void Skip(int element, int parent, const QString &text);
     void Enter(int element, int list);
-    void CheckAttributes();
-    void CheckAttributes(const Element &holder, const QVector<QLatin1String> &known);
     void AssignLost();
     bool IsLost(int element) const;
     QString LostText(const Obstacle &obstacle) const;

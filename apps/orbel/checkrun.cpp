@@ -14,38 +14,45 @@ namespace
 
 /// Milliseconds that a script has.
 constexpr int RunTime = 2000;
-/// Milliseconds beyond that which the process has to build forms and to tell its findings; what a machine under load
-/// needs, and no form.
-constexpr int StartTime = 20000;
-constexpr int EndTime = 1000;
+/// Milliseconds beyond that, in which the process stops a script by itself.
+constexpr int StopTime = 2000;
+/// Milliseconds for all else: what the largest form on a machine under load needs, and no hang.
+constexpr int BuildTime = 120000;
 
-/// Printed before each form, so that its time counts from there.
-const char Mark[] = "run\n";
+/// Lines in front of the findings: a script begins, and has ended.
+const char Begins[] = "+\n";
+const char Ends[] = "-\n";
 
 Orbel::Finding Fault(const char *code, const char *text)
 {
     return {1, 1, Orbel::Severity::Error, QLatin1String(code), QLatin1String(text)};
 }
 
-/// Whether the process ended by itself in time.
+/// Whether the process ended by itself in time. Gives what it printed behind the lines about scripts.
 bool WaitFor(QProcess &process, QByteArray &output)
 {
     QElapsedTimer clock;
     clock.start();
     bool isRunning = false;
     while (process.state() != QProcess::NotRunning) {
-        const qint64 left = (isRunning ? RunTime + EndTime : StartTime) - clock.elapsed();
+        const qint64 left = (isRunning ? RunTime + StopTime : BuildTime) - clock.elapsed();
         if (left <= 0)
             return false;
         process.waitForReadyRead(int(left));
         output += process.readAllStandardOutput();
-        if (!isRunning && output.startsWith(Mark)) {
-            isRunning = true;
+        while (output.startsWith(Begins) || output.startsWith(Ends)) {
+            isRunning = output.startsWith(Begins);
+            output.remove(0, int(qstrlen(Begins)));
             clock.restart();
         }
     }
-    output += process.readAllStandardOutput();
     return true;
+}
+
+void TellWatcher(bool isRunning)
+{
+    std::fputs(isRunning ? Begins : Ends, stdout);
+    std::fflush(stdout);
 }
 
 } // namespace
@@ -58,10 +65,8 @@ bool IsComponentList(const QString &path)
 Orbel::Findings RunForms(const QString &path)
 {
     const QByteArray document = ReadFile(path);
-    std::fputs(Mark, stdout);
-    std::fflush(stdout);
-    return IsComponentList(path) ? Orbel::Check::RunComponentList(document, RunTime)
-                                 : Orbel::Check::RunDefinition(document, RunTime);
+    return IsComponentList(path) ? Orbel::Check::RunComponentList(document, RunTime, TellWatcher)
+                                 : Orbel::Check::RunDefinition(document, RunTime, TellWatcher);
 }
 
 Orbel::Findings RunInProcess(const QString &path)
@@ -77,7 +82,7 @@ Orbel::Findings RunInProcess(const QString &path)
         return {Fault("script-endless", "The script did not end, and could not be stopped")};
     }
     bool isValid = false;
-    const Orbel::Findings findings = FindingsFromJson(output.mid(int(qstrlen(Mark))), &isValid);
+    const Orbel::Findings findings = FindingsFromJson(output, &isValid);
     if (isValid)
         return findings;
     return {Fault("script-exception", "The run ended by a fault before it could tell anything")};

@@ -36,19 +36,19 @@ struct Row {
 
 // clang-format off
 constexpr Row Table[] = {
-    {"view",   "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
-    {"render", "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
-    {"params", "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
-    {"check",  "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
-    {"classes", "lists the control classes",                          WithoutDisplay, Make<ClassesCommand>},
-    {"schema", "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},
-    {"reference", "writes a page for each control class",             WithoutDisplay, Make<ReferenceCommand>},
+    {"view",      "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
+    {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
+    {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
+    {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
+    {"classes",   "lists the control classes",                           WithoutDisplay, Make<ClassesCommand>},
+    {"schema",    "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},
+    {"reference", "writes a page for each control class",                WithoutDisplay, Make<ReferenceCommand>},
 };
 // clang-format on
 
 QString Overview()
 {
-    QString text = QStringLiteral("Usage: orbel SUBCOMMAND [options] FILE\n"
+    QString text = QStringLiteral("Usage: orbel SUBCOMMAND [options] [FILE...]\n"
                                   "Turns XML form definitions into live parameter forms.\n\n"
                                   "Subcommands:\n");
     for (const Row &row : Table)

@@ -18,7 +18,7 @@ using namespace forms;
 namespace
 {
 
-constexpr int RunTime = 300;
+constexpr int RunTime = 1000;
 
 Findings Find(BrokenForm::Kind kind, const QString &text)
 {
@@ -95,6 +95,18 @@ QStringList Lost(const Findings &findings, const QString &kind)
             names << name;
     }
     return names;
+}
+
+/// How many widgets are told as lost, with those that a long list only counts.
+int LostWidgets(const Findings &findings)
+{
+    static const QRegularExpression list("lost:.*the widgets? ((\"\\w*\"(, )?)+)( and (\\d+) more)?");
+    int count = 0;
+    for (const Finding &finding : findings) {
+        const QRegularExpressionMatch match = list.match(finding.Text);
+        count += match.captured(1).count('"') / 2 + match.captured(5).toInt();
+    }
+    return count;
 }
 
 bool SaysScriptIsLost(const Findings &findings)
@@ -177,6 +189,41 @@ private Q_SLOTS:
         QCOMPARE(!form->GetScript().GetCode().isEmpty(), hasScript && !SaysScriptIsLost(findings));
     }
 
+    void lossesOfRandomMistakesAreTrue()
+    {
+        const QStringList mistakes{"<Other/>", "<Properties/>", "<Property name=\"q\"/>", "<CustomProperties/>",
+            "<Sheet/>", "<Properties><Property name=\"z\"><Int>1</Int></Property></Properties>",
+            "<Other><Property/></Other>", "<Enums><Enum/></Enums>", "<CustomProperties><Other/></CustomProperties>",
+            "text", "<!-- > -->"};
+        QFile file(ORBEL_EXAMPLES_DIR "/forms/scan.orbel");
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QString right = QString::fromUtf8(file.readAll());
+        const QStringList names = NamesOf("Widget", QString(right).replace('"', '\''));
+        QVERIFY(names.size() > 10);
+        int cut = 0;
+        QRandomGenerator random(1);
+        for (int round = 0; round < 300; ++round) {
+            QString text = right;
+            for (int i = random.bounded(1, 4); i > 0; --i) {
+                const int place = text.indexOf(">\n", random.bounded(text.indexOf("<![CDATA[")));
+                text.insert(place + 1, mistakes.at(random.bounded(mistakes.size())));
+            }
+            const Form form = Parse(text);
+            const Findings findings = Check::Definition(text.toUtf8());
+            if (!form || Told(findings).join(' ').contains("xml-"))
+                continue;
+            for (const QString &name : Lost(findings, "widgets?"))
+                QVERIFY2(!Delegate(form, name), qPrintable(name + " in " + text));
+            int missing = 0;
+            for (const QString &name : names)
+                missing += Delegate(form, name) ? 0 : 1;
+            QVERIFY2(missing == LostWidgets(findings), qPrintable(text));
+            cut += missing > 0 ? 1 : 0;
+            QVERIFY2(form->GetScript().GetCode().isEmpty() == SaysScriptIsLost(findings), qPrintable(text));
+        }
+        QVERIFY2(cut > 100, qPrintable(QString::number(cut)));
+    }
+
     void aChangeReachesWhatIsNotToldAsLost()
     {
         const Form form = Parse(PlainForm());
@@ -253,6 +300,10 @@ private Q_SLOTS:
                       {"enabled=Bool:true", "value=Int64:20000", "unitScale=UInt64:1000", "maximum=Int64:20"}),
                 ""));
         add("types that convert", sheet(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "}), ""));
+        add("words of the language",
+            sheet("",
+                "<Script>outer: for (var i = 0; i != 2; ++i) { (function () { return arguments[0] === undefined; "
+                "})(Math.PI, isNaN(i)); if (i) break outer; }</Script>"));
         add("marks inside a text of the script",
             sheet("", "<Script>var a = \"x\"; // don't{{LF}}a = /[/'\"]/.test(a) ? a : 'y';</Script>"));
         add("namespaces and a schema",
