@@ -1,9 +1,6 @@
 #include "suggestion.h"
 
-#include <QVector>
-
-#include <algorithm>
-#include <numeric>
+#include "editdistance.h"
 
 namespace Orbel
 {
@@ -13,24 +10,6 @@ namespace
 
 constexpr int MostNames = 10;
 
-/// The least number of single-letter edits between two texts; any number above `most` when there are more than that.
-int EditDistance(const QString &from, const QString &to, int most)
-{
-    if (qAbs(from.size() - to.size()) > most)
-        return most + 1;
-    QVector<int> distances(to.size() + 1);
-    std::iota(distances.begin(), distances.end(), 0);
-    for (const QChar letter : from) {
-        int diagonal = distances[0]++;
-        for (int j = 0; j < to.size(); ++j) {
-            const int replaced = diagonal + (letter == to[j] ? 0 : 1);
-            diagonal = distances[j + 1];
-            distances[j + 1] = std::min({replaced, diagonal + 1, distances[j] + 1});
-        }
-    }
-    return distances.constLast();
-}
-
 } // namespace
 
 QString NearestName(const QString &name, const QStringList &names)
@@ -38,7 +17,10 @@ QString NearestName(const QString &name, const QStringList &names)
     QString nearest;
     int least = qMax(1, name.size() / 3) + 1;
     for (const QString &candidate : names) {
-        const int distance = EditDistance(name.toLower(), candidate.toLower(), least - 1);
+        // The shortest way to another length is longer already.
+        if (qAbs(name.size() - candidate.size()) >= least)
+            continue;
+        const int distance = EditDistance(name.toLower(), candidate.toLower());
         if (distance < least && distance < candidate.size()) {
             nearest = candidate;
             least = distance;

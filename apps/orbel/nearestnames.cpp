@@ -1,31 +1,6 @@
 #include "nearestnames.h"
 
-#include <QVector>
-
-#include <algorithm>
-#include <numeric>
-
-namespace
-{
-
-/// The least number of single-letter edits between two texts.
-int EditDistance(const QString &from, const QString &to)
-{
-    // Distances from the part of `from` read so far to each beginning of `to`.
-    QVector<int> distances(to.size() + 1);
-    std::iota(distances.begin(), distances.end(), 0);
-    for (const QChar letter : from) {
-        int diagonal = distances[0]++;
-        for (int j = 0; j < to.size(); ++j) {
-            const int replaced = diagonal + (letter == to[j] ? 0 : 1);
-            diagonal = distances[j + 1];
-            distances[j + 1] = std::min({replaced, diagonal + 1, distances[j] + 1});
-        }
-    }
-    return distances.constLast();
-}
-
-} // namespace
+#include "editdistance.h"
 
 QStringList NearestNames(const QString &name, const QStringList &names, int count)
 {
@@ -37,7 +12,7 @@ QStringList NearestNames(const QString &name, const QStringList &names, int coun
     distinct.removeDuplicates();
     QVector<Candidate> candidates;
     for (const QString &candidate : qAsConst(distinct))
-        candidates.append({candidate, EditDistance(name.toLower(), candidate.toLower())});
+        candidates.append({candidate, Orbel::EditDistance(name.toLower(), candidate.toLower())});
     std::stable_sort(candidates.begin(), candidates.end(),
         [](const Candidate &a, const Candidate &b) { return a.Distance < b.Distance; });
     QStringList nearest;
