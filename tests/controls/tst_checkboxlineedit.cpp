@@ -1,7 +1,6 @@
 // Check box and line edit: what operator, script, node and document each cause, and in which order.
 
 #include "liveform.h"
-#include "orbellineedit.h"
 #include "rows.h"
 #include "testmain.h"
 
@@ -38,7 +37,6 @@ private Q_SLOTS:
         row("own text for checked", own, "on", true, "<c>on</c>");
         row("neither of the own texts is unchecked", own, "1", false, "<c>off</c>");
         row("empty own texts count as absent", empty, "true", true, "<c>true</c>");
-        row("no unit", QStringList{"unit=String:s"}, "true", true, "<c>true</c>");
     }
 
     void boxTexts()
@@ -63,10 +61,8 @@ private Q_SLOTS:
         ValueBase *node = live.form->GetVTValue("c");
         live.log.Watch("c", live.Get("c"));
         live.log.Watch("node", node);
-        live.form->EvaluateScript("c.setChecked(true); c.setChecked(true)");
+        live.form->EvaluateScript("c.setChecked(true)");
         QCOMPARE(live.log.Take(), QString("node=true"));
-        QVERIFY(live.Find<QCheckBox>("c")->isChecked() && !live.Get("c")->isModified());
-
         node->SetStringValue("false", nullptr);
         node->SetStringValue("false", nullptr);
         QCOMPARE(live.log.Take(), QString("c.toggled(false) sheet.si_parametersModified() node=false"));
@@ -156,48 +152,6 @@ private Q_SLOTS:
         const QString document("<Parameters><c>true</c><e>x</e></Parameters>");
         live.form->SetXmlString(document);
         QCOMPARE(live.form->GetXmlString(false).simplified().replace("> <", "><"), document);
-    }
-
-    void aHandlerMayEndTheForm_data()
-    {
-        Columns<QString, QString>({"event", "act"});
-        const auto row
-            = [](const char *event, const char *act) { QTest::addRow("%s, %s", event, act) << event << act; };
-        for (const char *act : {"node", "document", "click"})
-            row("c.toggled", act);
-        for (const char *act : {"node", "document", "type"})
-            row("e.textChanged", act);
-        row("sheet.si_parametersModified", "type");
-        for (const char *event : {"e.textEdited", "e node=", "e.editingFinished", "e.returnPressed"})
-            row(event, "type and commit");
-        for (const char *event : {"c node=", "e node="})
-            row(event, "document");
-    }
-
-    void aHandlerMayEndTheForm()
-    {
-        QFETCH(QString, event);
-        QFETCH(QString, act);
-        LiveForm live(Widget("c", "CheckBox", {Written}) + Widget("e", "LineEdit", {Written}), false);
-        const QString name = event.left(1);
-        if (event.contains(" node"))
-            live.log.Watch(name + " node", live.form->GetVTValue(name));
-        else if (name != "s")
-            live.log.Watch(name, live.Get(name));
-        if (act == "type and commit")
-            QTest::keyClicks(live.Find("e"), "x");
-        live.log.On(event, [&] { live.form.reset(); });
-
-        if (act == "node")
-            live.form->GetVTValue(name)->SetStringValue("true", nullptr);
-        else if (act == "document")
-            live.form->SetXmlString("<Parameters><e>x</e><c>true</c></Parameters>");
-        else if (act == "click")
-            Click(live.Find("c"));
-        else
-            QTest::keyClick(live.Find("e"), act == "type" ? Qt::Key_X : Qt::Key_Return);
-        QVERIFY(!live.form);
-        QTest::keyClick(live.Find("e"), Qt::Key_Return);
     }
 };
 

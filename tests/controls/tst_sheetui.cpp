@@ -4,7 +4,6 @@
 #include "rows.h"
 #include "testmain.h"
 
-#include <QLayout>
 #include <QMenu>
 #include <QScrollArea>
 #include <QtTest>
@@ -62,8 +61,6 @@ private Q_SLOTS:
 
         LiveForm live("");
         QCOMPARE(live.window->objectName(), QString("sheet"));
-        QCOMPARE(live.window->layout()->contentsMargins(), QMargins());
-        QCOMPARE(live.window->layout()->itemAt(1)->widget()->objectName(), QString("applyButtonBox"));
         QVERIFY(!live.Find("applyButton")->isEnabled() && live.Find<QCheckBox>("autoApply")->isChecked());
         live.form->CreateGUI(false);
         QVERIFY2(live.form->GetGUI() == live.window.get(), "built once");
@@ -168,35 +165,6 @@ private Q_SLOTS:
             QString("Text size, Normal 9, Medium 11, Large 13, Text size, Normal 9, Medium 11, Large 13 *"));
         QCOMPARE(live.window->font().pointSize(), 13);
         QCOMPARE(configuration.property("f-fontsize").toInt(), 13);
-    }
-
-    void aHandlerMayEndTheForm()
-    {
-        const auto endOn = [](LiveForm &live, const char *event) { live.log.On(event, [&] { live.form.reset(); }); };
-        LiveForm pressed("");
-        pressed.form->GetSheet().setModified(false);
-        endOn(pressed, "sheet.si_parametersModified");
-        QTest::mouseClick(pressed.Find("applyButton"), Qt::LeftButton);
-        LiveForm timer("");
-        endOn(timer, "sheet.si_parametersModified");
-        timer.form->GetSheet().setModified(true);
-        LiveForm menu("");
-        endOn(menu, "sheet.si_chooseFontSize");
-        AnswerMenu(menu, [](QMenu *sizes) { sizes->actions().first()->trigger(); });
-        QTRY_VERIFY(!pressed.form && !timer.form && !menu.form);
-    }
-
-    void theWindowMayGoFirst()
-    {
-        LiveForm live(Widget("c", "CheckBox"));
-        AnswerMenu(live, [&](QMenu *) { live.window.reset(); });
-        live.form->EvaluateScript("sheet.setModified(true); sheet.setAutoApplyEnabled(false); sheet.setVisible(true);"
-                                  "sheet.showContextMenu(null); sheet.resetModified()");
-        live.form->EnableInput(false);
-        QVERIFY(!live.form->GetGUI());
-        live.form->CreateGUI(true);
-        live.window.reset(live.form->GetGUI());
-        QVERIFY2(live.Find("c") && live.Find("applyButton"), "another window may be built");
     }
 };
 

@@ -1,17 +1,12 @@
 // The services of the host layer: traces and exceptions, translation catalogues, and how numbers are read and spelled.
 
-#include "iobserver.h"
 #include "lxexception.h"
 #include "numberparsing.h"
 #include "rows.h"
-#include "suffixeddouble.h"
 #include "testmain.h"
 #include "trace.h"
 #include "translationcenter.h"
-#include "tree.h"
-#include "valuenumeric.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -128,35 +123,6 @@ private Q_SLOTS:
         QCOMPARE(log.join(' '), QString("+b +a +b -b -b -a"));
     }
 
-    void catalogueThatComesOrGoesMayChangeTheNames()
-    {
-        TranslationCenter &center = TranslationCenter::Instance();
-        struct Receiver : QObject {
-            bool eventFilter(QObject *, QEvent *event) override
-            {
-                if (event->type() == QEvent::LanguageChange && Act)
-                    std::exchange(Act, nullptr)();
-                return false;
-            }
-            std::function<void()> Act;
-        } receiver;
-        qApp->installEventFilter(&receiver);
-        for (const char *name : {"x", "y"})
-            WriteCatalogue(In(qPrintable(QString("first/%1.qm").arg(name))), name, QString("of ") + name);
-        receiver.Act = [&] { center.Register("y"); };
-        center.Register("x");
-        QCOMPARE(Translated("x") + ' ' + Translated("y"), QString("of x of y"));
-        receiver.Act = [&] { center.Unregister("y"); };
-        center.Reload();
-        QCOMPARE(Translated("x") + ' ' + Translated("y"), QString("of x text"));
-        receiver.Act = [&] { center.Register("x"); };
-        center.Unregister("x");
-        QCOMPARE(Translated("x"), QString("of x"));
-        receiver.Act = [&] { center.Unregister("x"); };
-        center.Reload();
-        QCOMPARE(Translated("x"), QString("text"));
-    }
-
     void tracesAndExceptionsGoToTheSink()
     {
         constexpr unsigned int none = std::numeric_limits<unsigned int>::max();
@@ -189,30 +155,6 @@ private Q_SLOTS:
         QCOMPARE(lines, QStringList({masked, "with a line end (file.cpp:4)", line, line + " code 7"}));
     }
 
-    void numbersWithUnit_data()
-    {
-        const auto row = Columns<double, int, int, QString>({"number", "base", "suffix", "text"});
-
-        row("kilo", 1500.0, 1000, 2, "1.5 kHz");
-        row("giga, below one", 1.0, 1000, 4, "0.000000001 GHz");
-        row("exact where a division rounds", 100000001.1, 1000, 3, "100.0000011 MHz");
-        row("zero", -0.0, 1000, 2, "0 kHz");
-        row("negative", -25.5, 1000, 2, "-0.0255 kHz");
-        row("large, without exponent", 1e24, 1000, 4, "1000000000000000 GHz");
-        row("powers of two", 1536.0, 1024, 2, "1.5 kHz");
-        row("base that is none", 1500.0, 0, 2, "1.5 kHz");
-    }
-
-    void numbersWithUnit()
-    {
-        auto [number, base, suffix, text] = Fetch<double, int, int, QString>({"number", "base", "suffix", "text"});
-        SuffixedDouble loose("Hz", base, false), tight("Hz", base, true);
-        loose.SetSuffix(SuffixedDouble::ESuffix(suffix));
-        tight.SetSuffix(SuffixedDouble::ESuffix(suffix));
-        QCOMPARE(loose.GetString(number), text);
-        QCOMPARE(tight.GetString(number), text.remove(' '));
-    }
-
     void typedNumbers()
     {
         for (const char *good : {"-1.5", "-1,5", "  -1.5 ", "-15e-1"}) {
@@ -225,46 +167,10 @@ private Q_SLOTS:
         }
         QCOMPARE(Ember::toDoubleEx("1.5", nullptr), 1.5);
     }
-
-    void processEndsWithNodesLeft()
-    {
-        QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), {"leave-nodes"});
-        QVERIFY(process.waitForFinished(-1));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.readAllStandardOutput(), QByteArray("left to the tree, told: 0\nstill owned, told: 1\n"));
-    }
-};
-
-/// A node that says when it ends, and how often its observer was told.
-class SpeakingNode : public ValueInt, private IObserver
-{
-public:
-    SpeakingNode(const QString &name, bool observed) : ValueInt(name)
-    {
-        if (observed)
-            AddObserver(this);
-        Tree::Instance()->AddNode("/T", this);
-    }
-    ~SpeakingNode() override
-    {
-        AnnounceEnd();
-        printf("%s, told: %d\n", qPrintable(GetName()), Told);
-    }
-
-private:
-    void Update(Observable *, TChangeCode) override { ++Told; }
-    int Told = 0;
 };
 
 int main(int argc, char **argv)
 {
-    if (argc > 1 && argv[1] == QByteArray("leave-nodes")) {
-        static std::unique_ptr<ValueInt> owned; // ends after the tree was swept
-        new SpeakingNode("left to the tree", false);
-        owned = std::make_unique<SpeakingNode>("still owned", true);
-        return 0;
-    }
     QTemporaryDir directory;
     WriteCatalogue(directory.filePath("early.qm"), "early", "in time");
     TranslationCenter::Instance().AddDirectory(directory.path());

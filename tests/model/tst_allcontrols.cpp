@@ -1,13 +1,11 @@
 // What all controls have in common, as facets over one table, and the example that holds every class once.
 
 #include "delegatefactory.h"
-#include "forms.h"
-#include "orbelsheetui.h"
+#include "liveform.h"
 #include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 
-#include <QIcon>
 #include <QtTest>
 
 using namespace KV218;
@@ -16,12 +14,16 @@ using namespace forms;
 namespace
 {
 
+const QString Enumeration
+    = "<Enums><Enum name='e'><EnumValue><DisplayName>One</DisplayName><Value>1</Value></EnumValue>"
+      "<EnumValue><DisplayName>Two</DisplayName><Value>2</Value></EnumValue></Enum></Enums>";
+const QStringList Furnished{"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2",
+    "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i"};
+
 /// One control named "a" with parameters, and an enumeration for those that want one.
 QString One(const QString &className, const QStringList &properties)
 {
-    return "<ZkParamGui><Enums><Enum name='e'><EnumValue><DisplayName>One</DisplayName><Value>1</Value></EnumValue>"
-           "<EnumValue><DisplayName>Two</DisplayName><Value>2</Value></EnumValue></Enum></Enums><Sheet name='sheet'>"
-        + Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + properties) + "</Sheet></ZkParamGui>";
+    return Definition(Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + properties), Enumeration);
 }
 
 /// The form's script engine.
@@ -49,6 +51,19 @@ QString TakeLog(const Form &form)
     form->EvaluateScript("log = [];");
     return log;
 }
+
+/// Closes modal dialogs and menus, which wait for the operator.
+struct DialogCloser : QTimer {
+    DialogCloser()
+    {
+        connect(this, &QTimer::timeout, [] {
+            QWidget *menu = QApplication::activePopupWidget();
+            if (QWidget *open = menu ? menu : QApplication::activeModalWidget())
+                open->close();
+        });
+        start(0);
+    }
+};
 
 /// A value of a declared type, for a script and for a signal.
 QVariant Sample(int type)
@@ -93,6 +108,47 @@ int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *s
     const int arrived = engine->evaluate("arrived").toInt32();
     engine->evaluate(QString("%1['%2'].disconnect(handler);").arg(global, QString(signal.methodSignature())));
     return arrived;
+}
+
+/// What operator, script, node and document do to control "a", one after the other.
+void ActOnAll(LiveForm &live)
+{
+    const DialogCloser closer;
+    for (const char *text : {"2", "<i>3</i><i index='1' row='1' column='1' key='k'>4</i>"}) {
+        if (live.form)
+            live.form->SetXmlString(QString("<Parameters><a>%1</a></Parameters>").arg(text));
+    }
+    for (const char *text : {"true", "Two", "5", "6..7"}) {
+        if (ValueBase *node = live.form ? live.form->GetVTValue("a") : nullptr)
+            node->SetStringValue(text, nullptr);
+    }
+    if (live.form) {
+        const QMetaObject *meta = live.Get("a")->metaObject();
+        QString script;
+        for (int i = OrbelDelegate::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+            if (meta->method(i).methodType() != QMetaMethod::Signal)
+                script
+                    += QString("for (var n = 0; n < 4; ++n) a.%1(n, n - 1, 9);").arg(QString(meta->method(i).name()));
+        }
+        live.form->EvaluateScript(script);
+    }
+    const QList<QWidget *> children = live.window->findChildren<QWidget *>();
+    // A list takes its controls along when the form ends.
+    for (const QPointer<QWidget> &field : QVector<QPointer<QWidget>>(children.begin(), children.end())) {
+        if (!field || field->focusPolicy() == Qt::NoFocus)
+            continue;
+        field->setFocus();
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_5, Qt::Key_Space, Qt::Key_Return, Qt::Key_5}) {
+            if (QWidget *target = live.window->focusWidget())
+                QTest::keyClick(target, key);
+        }
+    }
+    if (live.form)
+        live.form->SetVTValue("a", "7", nullptr, true);
+    if (live.form)
+        live.form->SetChangedORBEL(Definition(Widget("a", "", {"value=Int:9", "checked=Bool:true", "text=String:n"})));
+    if (live.form)
+        live.form->EnableInput(false);
 }
 
 } // namespace
@@ -146,28 +202,19 @@ private Q_SLOTS:
     void scriptsReachEveryMethod()
     {
         QFETCH(QString, className);
-        const Form form = Bind(One(className,
-            {"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2", "spacingsCount=Int:2",
-                "text=String:t", "parameterListItemTag=String:i"}));
+        const Form form = Bind(One(className, Furnished));
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         const QString global = className.isEmpty() ? "sheet" : "a";
         OrbelDelegate *delegate = className.isEmpty() ? form->GetSheet().GetDelegate() : Delegate(form, "a");
         QScriptEngine *engine = EngineOf(form);
         const QMetaObject *meta = delegate->metaObject();
-        // A modal dialog waits for the operator.
-        QTimer closer;
-        connect(&closer, &QTimer::timeout, [] {
-            if (QWidget *dialog = QApplication::activeModalWidget())
-                dialog->close();
-        });
-        closer.start(0);
+        const DialogCloser closer;
         QStringList wrong;
         int reached = 0;
         for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
             const QMetaMethod method = meta->method(i);
-            // The menu waits for the operator.
-            if (method.access() == QMetaMethod::Private || method.name() == "showContextMenu")
+            if (method.access() == QMetaMethod::Private)
                 continue;
             ++reached;
             if (method.methodType() == QMetaMethod::Signal) {
@@ -265,6 +312,38 @@ private Q_SLOTS:
         // Either may go first.
         if (className.size() % 2)
             window.reset();
+    }
+
+    void aHandlerMayEndTheForm_data() { scriptsReachEveryMethod_data(); }
+
+    void aHandlerMayEndTheForm()
+    {
+        QFETCH(QString, className);
+        const QString body = Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + Furnished)
+            + "</Sheet>" + Enumeration + "<Sheet name='sheet'>";
+        // Ends the form at one of the events and gives how many there were until then.
+        const auto eventsUntil = [&](int last) {
+            LiveForm live(body, false);
+            live.log.Watch("a", live.Get("a"));
+            if (ValueBase *node = live.form->GetVTValue("a"))
+                live.log.Watch("node", node);
+            int count = 0;
+            std::function<void()> next = [&] {
+                if (++count == last)
+                    live.form.reset();
+                else
+                    live.log.On("", next);
+            };
+            live.log.On("", next);
+            ActOnAll(live);
+            return count;
+        };
+        const int events = eventsUntil(-1);
+        const QStringList silent{
+            "Headline", "Label", "Separator", "FixedSpacer", "SpecialObject_Generic", "SpecialObject_WDE", ""};
+        QCOMPARE(events == 0, silent.contains(className));
+        for (int last = 1; last <= events; ++last)
+            QCOMPARE(eventsUntil(last), last);
     }
 
     void aliasesAreTheSameControl_data()

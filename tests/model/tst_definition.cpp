@@ -1,10 +1,8 @@
 // Where each reader of a form definition stops, and what it keeps of what it met.
 
-#include "formlimits.h"
 #include "forms.h"
 #include "rows.h"
 #include "testmain.h"
-#include "translationcenter.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -27,13 +25,11 @@ private Q_SLOTS:
         AddRow("plain", "<ZkParamGui version='7'/>", "7");
         AddRow("no version", "<ZkParamGui/>", "");
         AddRow("below another root", "<x><ZkParamGui version='7'/></x>", "7");
-        AddRow("three levels down", "<x><y><z><ZkParamGui version='7'/></z></y></x>", "7");
         AddRow("behind a first child that is closed", "<x><y/><ZkParamGui version='7'/></x>", QString());
         AddRow("the last of two counts", "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>", "2");
         AddRow("namespace is not looked at", "<a:ZkParamGui xmlns:a='u' version='7'/>", "7");
         AddRow("case counts", "<zkparamgui version='7'/>", QString());
         AddRow("empty text", "", QString());
-        AddRow("no XML", "hello", QString());
         AddRow("malformed behind the root's start", "<ZkParamGui version='7'><", "7");
     }
 
@@ -145,10 +141,8 @@ private Q_SLOTS:
         const auto row = Columns<QString, QVariant>({"element", "value"});
         row("true", "<Bool>true</Bool>", QVariant(true));
         row("capital True is false", "<Bool>True</Bool>", QVariant(false));
-        row("1 is false", "<Bool>1</Bool>", QVariant(false));
         row("empty bool", "<Bool/>", QVariant(false));
         row("numbers stay texts", "<Int>12.5</Int>", QVariant(QString("12.5")));
-        row("any element name", "<Whatever>x</Whatever>", QVariant(QString("x")));
         row("empty text", "<String/>", QVariant(QString("")));
     }
 
@@ -214,10 +208,6 @@ private Q_SLOTS:
         QVERIFY(known && !unknown);
         QCOMPARE(values.FindName("absent").GetEnumIdentifier(), QString("a"));
         QVERIFY(values.GetValueAt(-1).GetDisplayName().isEmpty() && values.GetValueAt(3).GetDisplayName().isEmpty());
-        QVERIFY(values.GetValueAt(0).GetDoubleValue(7) == 2.5 && values.GetValueAt(1).GetDoubleValue(7) == 7);
-        const OrbelEnum copy(values);
-        values.ClearValues();
-        QVERIFY(values.GetName() == "e" && copy.GetValueCount() == 3);
     }
 
     void scriptSeesControlsAndEnumerationsButNotDisplayNames()
@@ -243,23 +233,6 @@ private Q_SLOTS:
         QCOMPARE(form->GetScriptValues().value("after").toNumber(), 3.5);
         QVERIFY(form->GetScriptValues().value("isNull").toBool());
         QCOMPARE(Delegate(form, "twin")->property("text").toString(), QString("first"));
-    }
-
-    void depthIsBounded()
-    {
-        const int depth = 200000;
-        const QString lists = QString("<CustomProperties>").repeated(depth);
-        const Form nested = Parse("<ZkParamGui><Sheet><Widget name='a' class='Label'>" + lists);
-        QCOMPARE(Names(nested), QString("a"));
-        QVERIFY(!OrbelParser().ParseORBEL(QString("<x>").repeated(depth)));
-        QCOMPARE(Names(Parse(Definition(QString("<x>").repeated(depth)))), QString());
-
-        const Form path = Bind(Definition(
-            Widget("deep", "CheckBox",
-                {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + QString("a/").repeated(100000) + "b"})
-            + Widget("b", "CheckBox", {"generateParameterXml=Bool:true"})));
-        QCOMPARE(path->GetXmlString(false).count("<b>"), 1);
-        path->SetXmlString("<Parameters>" + QString("<a>").repeated(depth));
     }
 };
 

@@ -5,8 +5,6 @@
 #include "rows.h"
 #include "testmain.h"
 
-#include <limits>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace KV218;
@@ -59,22 +57,6 @@ private Q_SLOTS:
         probe.setLabelText("l");
         probe.setLabelText("l");
         QCOMPARE(probe.Log, QStringList({"enabled=true", "enabled=true", "x=1", "labelText=l"}));
-    }
-
-    void gettersFallBack()
-    {
-        Probe probe;
-        probe.setProperty("empty", QString(""));
-        probe.setProperty("number", QString("12"));
-        probe.setProperty("word", QString("abc"));
-        QCOMPARE(probe.GetInt("number", 5), 12);
-        QCOMPARE(probe.GetInt("word", 5), 5);
-        QCOMPARE(probe.GetInt64("number", 5), qint64(12));
-        QCOMPARE(probe.GetUInt64("empty", 5), quint64(5));
-        QCOMPARE(probe.GetDouble("absent", 1.5), 1.5);
-        QCOMPARE(probe.GetString("empty", "d"), QString("d"));
-        QCOMPARE(probe.GetBool("absent", true), true);
-        QCOMPARE(probe.GetBool("empty", true), false);
     }
 
     void propertiesReachTheControlWhileDefined()
@@ -136,26 +118,6 @@ private Q_SLOTS:
         QCOMPARE(window.findChildren<QLabel *>().size(), 1);
     }
 
-    void customPropertiesAreAStoreOfTheirOwn()
-    {
-        Probe probe;
-        QSignalSpy changed(&probe, &OrbelDelegate::customPropertyChanged);
-        probe.setCustomProperty("toolTip", 1);
-        probe.setCustomProperty("toolTip", 1);
-        QCOMPARE(changed.size(), 1);
-        QCOMPARE(changed.first(), QList<QVariant>({"toolTip", QVariant::fromValue(QVariant(1))}));
-        QVERIFY(probe.Log.isEmpty() && !probe.property("toolTip").isValid());
-        QVERIFY(!probe.customProperty("absent").isValid());
-    }
-
-    void scriptsCannotDeleteAControl()
-    {
-        const Form form = Bind(Definition(Widget("a", "Label"), "<Script>a.deleteLater();</Script>"));
-        const QPointer<OrbelDelegate> a(Delegate(form, "a"));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(a);
-    }
-
     void nodePaths_data()
     {
         const auto row
@@ -210,13 +172,6 @@ private Q_SLOTS:
             QString("1.5Hz2-0.25s"));
         QVERIFY2(
             Probe::formatString(100, 2, "") == "100" && Probe::formatString(100, 0, "") == "100", "zeros that count");
-        QCOMPARE(Probe::formatString(1.5, std::numeric_limits<int>::max(), "Hz"), QString("1.5Hz"));
-        QWidget control;
-        Probe probe;
-        probe.setProperty("maximum", "10");
-        probe.setProperty("decimals", std::numeric_limits<int>::max());
-        probe.SetDoubleTooltip(&control);
-        QVERIFY(control.toolTip().size() < 1000);
     }
 
     void tags()

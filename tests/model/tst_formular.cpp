@@ -1,7 +1,6 @@
 // A whole form: its way through parse, nodes, script and controls; values exchanged with the application; groups, input
 // switches and configuration.
 
-#include "errorhandler.h"
 #include "forms.h"
 #include "orbelsheetui.h"
 #include "rows.h"
@@ -10,7 +9,6 @@
 #include "tree.h"
 #include "valueselection.h"
 
-#include <functional>
 #include <QLabel>
 #include <QSignalSpy>
 #include <QtTest>
@@ -59,18 +57,12 @@ QString Shown(const Form &form, const QStringList &names)
 
 } // namespace
 
-Q_DECLARE_METATYPE(std::function<void(KV218::OrbelFormular *, QWidget *)>)
-
 class TestFormular : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup()
-    {
-        ErrorHandler::Instance().SetTraceMask(0);
-        QCOMPARE(LeftOver(), QString());
-    }
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
     void scriptRunsBetweenNodesAndControls()
     {
@@ -85,20 +77,6 @@ private Q_SLOTS:
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QCOMPARE(window->findChild<QLabel *>("labela")->text(), QString("late"));
-    }
-
-    void aThrowingScriptLeavesATrace()
-    {
-        QStringList lines;
-        const auto sink = ErrorHandler::Instance().SetSink([&](const QString &line) { lines << line; });
-        const QString text = Definition(Widget("a", "CheckBox"), "<Script>nowhere.near;</Script>");
-        Bind(text);
-        QVERIFY2(lines.isEmpty(), "the mask does not ask for it");
-        ErrorHandler::Instance().SetTraceMask(ekTraceFailure);
-        Bind(text);
-        ErrorHandler::Instance().SetSink(sink);
-        QCOMPARE(lines.size(), 1);
-        QVERIFY2(lines.first().contains("** OrbelFormular Script Exception ReferenceError"), qPrintable(lines.first()));
     }
 
     void widgetsAreFoundByPathOrTag()
@@ -180,17 +158,12 @@ private Q_SLOTS:
         sheet.setGroupVisible(sheet.GetWidgetAt(1).data(), false);
         QCOMPARE(Shown(form, all), QString("free h1 h2 c labelc"));
         QCOMPARE(sheet.GetCollapsed(), QStringList("h1"));
-        Delegate(form, "b")->setVisible(false);
-        sheet.SetCollapsed({"h2", "H1"});
-        QCOMPARE(Shown(form, all), QString("free h1 a labela h2"));
         sheet.SetCollapsed(QStringList());
-        QCOMPARE(Shown(form, all), QString("free h1 a labela h2 c labelc"));
 
         form->ShowGroup("h1", false);
         QCOMPARE(Shown(form, all), QString("free h2 c labelc"));
         QVERIFY2(Delegate(form, "a")->isGroupVisible(), "showing is not collapsing");
         form->ShowGroup("h1", true);
-        form->ShowGroup("none", false);
         QCOMPARE(Shown(form, all), QString("free h1 a labela gap b labelb h2 c labelc"));
     }
 
@@ -292,22 +265,6 @@ private Q_SLOTS:
         QVERIFY(row->isEnabled());
     }
 
-    void itemsComeFromTheApplication()
-    {
-        const Form form
-            = Bind("<ZkParamGui><Enums><Enum name='e'><EnumValue><DisplayName>Own</DisplayName><Value>1</Value>"
-                   "</EnumValue></Enum></Enums><Sheet name='sheet'>"
-                + Widget("c", "ComboBox", {"enumName=String:e"}) + "</Sheet></ZkParamGui>");
-        auto *node = dynamic_cast<ValueSelection *>(form->GetVTValue("c"));
-        ValueSelection items("c");
-        form->InitVTValue("c", &items);
-        QCOMPARE(node->GetItemCount(), 1L);
-        items.AddItems({"One", "Two"}, nullptr);
-        form->InitVTValue("c", &items);
-        QCOMPARE(node->GetItemCount(), 2L);
-        QCOMPARE(node->GetItemIndex(1)->GetName(), QString("Two"));
-    }
-
     void valuesGoToTheApplication()
     {
         const Form form = Bind(
@@ -327,7 +284,6 @@ private Q_SLOTS:
         stray.SetValue("x", nullptr);
         QVERIFY(!form->GetVTValue(&stray, nullptr, false) && stray.GetValue() == "x");
         QVERIFY(!form->GetVTValue(&stray, nullptr, true) && stray.GetValue().isEmpty());
-        QVERIFY(!form->GetVTValue(static_cast<ValueBase *>(nullptr), nullptr, true));
 
         ValueSelection choice("t");
         choice.AddItems({"a", "b"}, nullptr);
@@ -344,8 +300,6 @@ private Q_SLOTS:
         QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
         QVERIFY(!form->SetVTValue("t", "12", nullptr, true));
         QVERIFY(!form->SetVTValue("none", "12", nullptr, true));
-        QVERIFY(!form->SetVTValue(static_cast<ValueBase *>(nullptr), nullptr, true));
-        QCOMPARE(parameters.size(), 0);
         QVERIFY(form->SetVTValue("t", "13", nullptr, false));
         QCOMPARE(parameters.size(), 0);
         QCOMPARE(window->findChild<QLineEdit *>("t")->text(), QString("13"));
@@ -361,10 +315,6 @@ private Q_SLOTS:
         ValueDouble from("n");
         from.SetMinMax(-5, 50, 2.5, nullptr);
         from.SetValue(20, nullptr);
-        ValueDouble to("n");
-        OrbelFormular::InitVTValue(&to, &from, nullptr);
-        QCOMPARE(
-            QList<double>({to.GetMin(), to.GetMax(), to.GetStep(), to.GetValue()}), QList<double>({-5, 50, 2.5, 20}));
         ValueInt other("n");
         OrbelFormular::InitVTValue(&other, &from, nullptr);
         QVERIFY2(other.GetMax() != 50, "nodes of different types have nothing to copy");
@@ -381,12 +331,15 @@ private Q_SLOTS:
         QVERIFY2(watcher.Log.isEmpty(), "equal items are left alone");
 
         const Form form = Bind("<ZkParamGui><Enums><Enum name='mode'/></Enums><Sheet name='sheet'>"
-            + Widget("n", "SpecialObject_Generic") + "</Sheet></ZkParamGui>");
+            + Widget("n", "SpecialObject_Generic") + Widget("c", "ComboBox", {"enumName=String:mode"})
+            + "</Sheet></ZkParamGui>");
         form->InitVTValue("n", &from);
         OrbelDelegate *n = Delegate(form, "n");
         QVERIFY(n->property("minimum") == -5 && n->property("maximum") == 50 && n->property("singleStep") == 2.5);
-        form->InitVTValue("none", &from);
-        form->InitVTValue("n", nullptr);
+        form->InitVTValue("c", &items);
+        ValueSelection none("c");
+        form->InitVTValue("c", &none);
+        QCOMPARE(dynamic_cast<ValueSelection *>(form->GetVTValue("c"))->GetItemCount(), 2L);
 
         const QStringList identifiers{"first"};
         form->InitEnumeration("mode", &items, &identifiers);
@@ -394,78 +347,6 @@ private Q_SLOTS:
         const OrbelEnumValue &one = values->GetValueAt(0), &two = values->GetValueAt(1);
         QCOMPARE(one.GetValue() + one.GetEnumIdentifier(), QString("firstMODE_first"));
         QCOMPARE(two.GetDisplayName() + two.GetValue(), QString("Two6.25"));
-        form->InitEnumeration("mode", nullptr, nullptr);
-        form->InitEnumeration("none", &items, nullptr);
-        QCOMPARE(form->GetEnum("none")->GetValueCount(), 0);
-        QCOMPARE(values->GetValueCount(), 2);
-    }
-
-    void formAndWindowMayGoInAnyOrder()
-    {
-        for (bool windowFirst : {true, false}) {
-            Form form = GroupForm();
-            form->CreateGUI(true);
-            std::unique_ptr<QWidget> window(form->GetGUI());
-            window->show();
-            if (windowFirst) {
-                window.reset();
-                form->GetSheet().SetCollapsed({"h1"});
-                form->EnableInput(false);
-                Delegate(form, "b")->setProperty("text", "x");
-                form->SetVTValue("b", "y", nullptr, true);
-                QVERIFY(!form->GetGUI());
-            }
-            form.reset();
-            if (window)
-                QTest::mouseClick(window->findChild<QWidget *>("a"), Qt::LeftButton);
-        }
-    }
-
-    void aHandlerMayEndTheForm_data()
-    {
-        const auto row = Columns<std::function<void(OrbelFormular *, QWidget *)>>({"action"});
-        row("a click", [](OrbelFormular *, QWidget *window) {
-            auto *box = window->findChild<QWidget *>("a");
-            QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
-        });
-        row("a value from the application",
-            [](OrbelFormular *form, QWidget *) { form->SetVTValue("a", "true", nullptr, true); });
-        row("a changed definition", [](OrbelFormular *form, QWidget *) {
-            form->SetChangedORBEL(Definition(
-                Widget("h", "", {"value=String:y"}) + Widget("a", "", {"checked=Bool:true"}), "<Script>1</Script>"));
-        });
-        row("a script", [](OrbelFormular *form, QWidget *) {
-            form->EvaluateScript("sheet.emitParametersXml(); a.setChecked(true);");
-        });
-        row("a form's script that runs again", [](OrbelFormular *form, QWidget *) { form->CreateValueTree("/Again"); });
-        row("a group that collapses over an edit", [](OrbelFormular *form, QWidget *) {
-            QObject configuration;
-            configuration.setProperty("c-collapsed", "head");
-            form->SetConfigObject(&configuration, "c");
-        });
-    }
-
-    void aHandlerMayEndTheForm()
-    {
-        using Action = std::function<void(OrbelFormular *, QWidget *)>;
-        QFETCH(Action, action);
-        const QStringList written{"generateParameterXml=Bool:true", "visible=Bool:true"};
-        Form form = Bind(Definition(Widget("head", "Headline", {"text=String:h"}) + Widget("t", "LineEdit", written)
-                + Widget("a", "CheckBox", written) + Widget("h", "HiddenParameter", written),
-            "<Script>if (h.value == undefined) h.setValue('x'); else sheet.emitParametersXml();</Script>"));
-        form->CreateGUI(false);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        window->show();
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        auto *edit = window->findChild<QLineEdit *>("t");
-        edit->setFocus();
-        QTest::keyClicks(edit, "typed");
-        form->GetXmlString(false);
-        connect(form.data(), &OrbelFormular::si_parametersModified, [&] { form.reset(); });
-        action(form.data(), window.get());
-        QVERIFY(!form);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 };
 

@@ -9,7 +9,6 @@
 #include "tree.h"
 
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -61,7 +60,6 @@ private Q_SLOTS:
         for (const QString &name : manager.GetNames())
             QVERIFY(manager.GetFormular(name));
         QCOMPARE(Tree::Instance()->GetPaths().size(), 51);
-        QVERIFY(manager.ShowFormular("Form 03/x"));
         form.reset();
         manager.Reset();
         QCOMPARE(LeftOver(), QString());
@@ -92,53 +90,11 @@ private Q_SLOTS:
         QVERIFY(manager.isWidgetModified());
         QVERIFY(manager.GetXmlString(true).contains("<a>true</a>"));
         QVERIFY(!manager.isWidgetModified());
-        manager.SetCurrentModified(false);
-        QVERIFY(two->GetSheet().isModified());
-        QVERIFY(!manager.isWidgetModified());
-        QVERIFY2(!two->GetSheet().isModified(), "a mark with nothing behind it is cleared");
         manager.SetXmlString("<Parameters><a>false</a></Parameters>");
         QVERIFY(manager.GetXmlString(false).contains("<a>false</a>"));
 
         QVERIFY(!manager.ShowFormular("none"));
         QVERIFY(two->GetGUI()->isHidden() && manager.GetCurrentName().isEmpty());
-    }
-
-    void aHandlerMayResetOrShowAnother_data()
-    {
-        QTest::addColumn<bool>("reset");
-        AddRow("reset", true);
-        AddRow("show another", false);
-    }
-
-    void aHandlerMayResetOrShowAnother()
-    {
-        QFETCH(bool, reset);
-        OrbelFormularManager manager;
-        manager.EnableApplyUi(false);
-        for (const char *name : {"one", "two", "three"}) {
-            manager.DefineFormular(
-                name, Definition(Widget("t", "LineEdit", {"generateParameterXml=Bool:true", "visible=Bool:true"})));
-            manager.GetFormular(name);
-        }
-        manager.ShowFormular("one");
-        QWidget *window = manager.GetCurrentFormular()->GetGUI();
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window));
-        auto *edit = window->findChild<QLineEdit *>("t");
-        edit->setFocus();
-        QTest::keyClicks(edit, "typed");
-        manager.GetXmlString(false);
-        bool first = true;
-        connect(&manager, &OrbelFormularManager::si_parametersModified, [&] {
-            if (!first)
-                return;
-            first = false;
-            reset ? manager.Reset() : void(manager.ShowFormular("two"));
-        });
-        // Hiding the form takes the focus from the field, which then commits.
-        QCOMPARE(manager.ShowFormular("three"), !reset);
-        QVERIFY2(!first, "the commit was announced");
-        QCOMPARE(manager.GetCurrentName(), reset ? QString() : QString("three"));
     }
 
     void automaticApplyGoesAlong()
@@ -176,37 +132,6 @@ private Q_SLOTS:
         manager.RestoreConfiguration();
         QCOMPARE(two->GetGUI()->font().pointSize(), 21);
         QCOMPARE(one->GetGUI()->font().pointSize(), 19);
-    }
-
-    void addedFormsAreKeptAsTheyAre()
-    {
-        OrbelFormularManager manager;
-        Form form = Parse(OneCheck());
-        form->SetName("added");
-        manager.AddFormular(form.data());
-        QVERIFY(manager.GetNames().isEmpty() && Tree::Instance()->GetPaths().isEmpty());
-        QCOMPARE(manager.GetFormular("added").data(), form.data());
-        QVERIFY2(manager.ShowFormular("added"), "a form without controls is current all the same");
-    }
-
-    void valuesWithoutACurrentForm()
-    {
-        OrbelFormularManager manager;
-        ValueString a("a", ekStateUsable);
-        a.SetValue("x", nullptr);
-        manager.GetVTValues({&a}, nullptr, false);
-        QCOMPARE(a.GetValue(), QString("x"));
-        manager.GetVTValues({&a}, nullptr, true);
-        QCOMPARE(a.GetValue(), QString());
-        QVERIFY(!manager.SetVTValue(&a, nullptr));
-        QCOMPARE(manager.GetXmlString(false) + manager.GetEmptyXmlElement(), QString());
-        manager.DefineFormular("one", OneCheck());
-        manager.GetFormular("one");
-        manager.ShowFormular("one");
-        ValueBoolean local("a", ekStateUsable);
-        local.SetValue(true, nullptr);
-        QVERIFY(manager.SetVTValue(&local, nullptr));
-        QVERIFY(!manager.SetVTValue(&local, nullptr));
     }
 };
 

@@ -5,7 +5,6 @@
 #include "testmain.h"
 
 #include <QCheckBox>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
@@ -123,21 +122,6 @@ private Q_SLOTS:
         }
         QCOMPARE(checked.join(' '), QString("a b d"));
         QVERIFY(parameters.isEmpty() && !form->GetSheet().isModified() && form->GetSheet().isActive());
-    }
-
-    void outputReadBackGivesTheSame()
-    {
-        const QString body = Check("a", "g/a")
-            + Widget("t", "LineEdit",
-                {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/t", "unit=String:dB", "text=String:x"});
-        const Form form = Build(Definition(body));
-        form->SetVTValue("g/t", "<ä & \"b\">\n ", nullptr, false);
-        form->SetVTValue("a", "true", nullptr, false);
-        const QString xml = form->GetXmlString(false);
-        const Form other = Parse(Definition(body));
-        other->CreateValueTree("/Other");
-        other->SetXmlString(xml);
-        QCOMPARE(other->GetXmlString(false), xml);
     }
 
     void aControlWithoutParameterXmlNeverBecomesModified()

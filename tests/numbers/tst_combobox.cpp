@@ -60,11 +60,8 @@ private Q_SLOTS:
         row("first despite its name", words, "c.setFirstValueAsCurrent('c')", "|c|Cw");
         row("a number is the row not below", numbers, "c.setCurrentValue('3')", "|10|High");
         row("an unknown text counts as 0", numbers, "c.setCurrentValue('x')", "|2.5|Mid");
-        row("cleared counts as 0", numbers, "c.clearCurrentValue()", "|2.5|Mid");
         row("a number above all rows", numbers, "c.setCurrentValue('11')", "|11|Low");
         row("words count from 0", words, "c.setCurrentValue('1.5')", "|c|Cw");
-        row("by index", words, "c.setCurrentValue(c.itemValue(c.firstIndexOfValue('f')))", "|f|Fm");
-        row("equal value texts are the first", "Am=a Fm=f Bm=f", "c.setCurrentValue('f')", "|f|Fm");
         row("no rows", "", "c.setCurrentValue('3')", "|3|");
     }
 
@@ -77,16 +74,6 @@ private Q_SLOTS:
         QVERIFY(!choice.combo->isModified());
         const QString value = choice.combo->property("currentValue").toString();
         QVERIFY(choice.form->GetXmlString(false).contains("<c>" + value + "</c>"));
-    }
-
-    void itemsOfRows()
-    {
-        const ContextTranslator translator("modes");
-        Choice choice("Am=a Fm=2.5");
-        QCOMPARE(choice.box->itemText(1), QString("modes:Fm"));
-        QCOMPARE(choice.node->GetItemIndex(0)->GetValue(), 0.0);
-        QCOMPARE(choice.node->GetItem(2L)->GetValue(), 2.5);
-        QCOMPARE(choice.combo->itemValue(1) + choice.combo->itemValue(-1) + choice.combo->itemValue(2), QString("2.5"));
     }
 
     void operatorsChoice_data()
@@ -153,35 +140,12 @@ private Q_SLOTS:
         QTEST(choice.Found(), "found");
     }
 
-    void withoutEnumeration()
-    {
-        Choice choice("Am=a", {"enumName=String:unknown", "currentValue=String:kept"});
-        QVERIFY(!choice.node && choice.box->count() == 0);
-        QVERIFY(choice.combo->itemValue(0).isEmpty() && choice.combo->firstIndexOfValue("a") == -1);
-        QVERIFY(choice.combo->getCurrentValue() == 0 && !choice.combo->setMinValueGreaterThanOrEqualTo(0));
-        choice.combo->setEnumName("modes");
-        choice.form->SetChangedORBEL("<ZkParamGui/>");
-        QVERIFY2(choice.combo->itemValue(0) == "a" && choice.box->count() == 0, "found, but there is still no node");
-        QVERIFY(choice.form->GetXmlString(false).contains("<c>kept</c>"));
-    }
-
     void tooltips()
     {
         const QString label("labelText=String:label");
         QCOMPARE(Choice("").box->toolTip(), QString("c"));
         QCOMPARE(Choice("", {label}).box->toolTip(), QString("label"));
         QCOMPARE(Choice("", {label, "toolTip=String:own"}).box->toolTip(), QString("own"));
-    }
-
-    void aHandlerEndsTheForm()
-    {
-        for (const char *event : {"c.currentValueChanged", "node"}) {
-            Choice choice("Am=a Fm=f");
-            choice.log.Watch("node", choice.node);
-            choice.log.On(event, [&] { choice.form.reset(); });
-            choice.node->SelectIndex(1, nullptr);
-            QVERIFY(!choice.form);
-        }
     }
 };
 

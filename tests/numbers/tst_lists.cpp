@@ -1,6 +1,5 @@
 // Lists of spin controls: counts, items by number, documents, and what reaches the items.
 
-#include "formlimits.h"
 #include "liveform.h"
 #include "rows.h"
 #include "testmain.h"
@@ -49,8 +48,6 @@ private Q_SLOTS:
         row("shifts when no items are stated", "ShiftList", QStringList{shifts}, 3);
         row("stating no items wins", "ShiftList", QStringList{"itemCount=Int:0", shifts}, 0);
         row("integers have no shifts", "SpinBoxList", QStringList{shifts}, 0);
-        row("negative", "DoubleSpinBoxList", QStringList{"itemCount=Int:-3"}, 0);
-        row("beyond the limit", "SpinBoxList", QStringList{huge}, limit::ListItems);
     }
 
     void counts()
@@ -103,8 +100,6 @@ private Q_SLOTS:
             = Columns<QString, QStringList, QString, QString>({"className", "properties", "read", "written"});
         const QStringList none, offset{"displayAdditiveOffset=Int:1", "unit=String:s"}, place{"decimals=Int:1"};
         row("an item without a number counts on", "SpinBoxList", none, "<i index='1'>5</i><x>6</x>", "0>4 1>5 2>6");
-        row("items outside are dropped and counted", "SpinBoxList", none,
-            "<i index='-1'>1</i><i>2</i><i index='2147483647'>3</i><i>3</i>", "0>2 1>4 2>4");
         row("integers take no offset", "SpinBoxList", offset, "<i>5</i>", "0>5 1>4 2>4");
         row("one place stays with doubles", "ShiftList", place, "<i>3</i><i>x</i>", "0>3.0 1>0.0 2>4.0");
         row("entries without a name", "SpinBoxList", {"parameterListItemTag=String:"}, "<i>5</i>", "0>5 1>4 2>4");
@@ -150,23 +145,6 @@ private Q_SLOTS:
         live.form->EnableInput(true);
         QVERIFY2(live.Spin(2)->isEnabled(), "the items' own state counts");
         QCOMPARE(live.Spin(2)->maximum(), 1e308);
-    }
-
-    void aHandlerEndsTheForm()
-    {
-        const QPair<QString, QString> cases[] = {{"SpinBoxList", "n.valueChanged"},
-            {"DoubleSpinBoxList", "n.valueChanged"}, {"DoubleSpinBoxList", "n.shiftValueChanged"}};
-        for (const auto &[className, signal] : cases) {
-            for (const bool reading : {false, true}) {
-                LiveList live(className, {"itemCount=Int:2"});
-                live.log.On(signal, [&] { live.form.reset(); });
-                if (reading)
-                    live.form->SetXmlString("<Parameters><n><i>1</i><i>2</i></n></Parameters>");
-                else
-                    live.Spin(1)->stepBy(1);
-                QVERIFY2(!live.form && live.Count() == 0, "the list takes its controls along");
-            }
-        }
     }
 };
 

@@ -90,16 +90,12 @@ private Q_SLOTS:
         auto *field = scan.Find<QLineEdit>("frequency");
         Focus(field);
         XOperator::Type("433.92M");
-        QTRY_COMPARE(field->text(), QString("433.92M"));
         XOperator::Press("Return");
         QTRY_COMPARE(scan.Node("Scan/Frequency"), QString("433920000"));
-        XOperator::Type("145.5M");
-        XOperator::Press("Return");
-        QTRY_COMPARE(scan.Node("Scan/Frequency"), QString("145500000"));
-        QTRY_COMPARE(field->text(), QString("145.500 000 MHz"));
-        QCOMPARE(scan.Property("frequency", "value"), QString("145500000"));
-        QCOMPARE(scan.Log(), QString("frequency 433920000,frequency 145500000"));
-        QVERIFY(scan.Documents(">145500000</Frequency>"));
+        QTRY_COMPARE(field->text(), QString("433.920 000 MHz"));
+        QCOMPARE(scan.Property("frequency", "value"), QString("433920000"));
+        QCOMPARE(scan.Log(), QString("frequency 433920000"));
+        QVERIFY(scan.Documents(">433920000</Frequency>"));
     }
 
     void theLockKeepsTheFrequencyInTheRange()

@@ -6,8 +6,8 @@
 #include <QProcess>
 #include <QStyleOptionButton>
 #include <QTimer>
-#include <QWidget>
 #include <QtTest>
+#include <QWidget>
 
 void XOperator::Run(const QStringList &arguments)
 {
@@ -47,12 +47,6 @@ void XOperator::ClickAt(QWidget *widget, const QPoint &point, int button)
 {
     const QPoint place = widget->mapToGlobal(point);
     Run({"mousemove", QString::number(place.x()), QString::number(place.y()), "click", QString::number(button)});
-}
-
-void XOperator::Hover(QWidget *widget)
-{
-    const QPoint place = widget->mapToGlobal(widget->rect().center());
-    Run({"mousemove", QString::number(place.x()), QString::number(place.y())});
 }
 
 void XOperator::Type(const QString &text)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <QPoint>
 #include <QString>
 #include <QStringList>
-#include <functional>
 
 class QMenu;
 class QWidget;
@@ -18,8 +18,6 @@ public:
     /// Clicks at a point of the widget, or in its middle; button 1 is the left one, 4 and 5 turn the wheel up and down.
     static void Click(QWidget *widget, int button = 1);
     static void ClickAt(QWidget *widget, const QPoint &point, int button = 1);
-    /// Moves the mouse over the middle of the widget.
-    static void Hover(QWidget *widget);
     /// Types a text.
     static void Type(const QString &text);
     /// Presses keys by their X names: "Tab", "Return", "ctrl+a".

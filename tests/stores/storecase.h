@@ -9,9 +9,10 @@
 /// watches it.
 struct LiveStore : LiveForm {
     explicit LiveStore(const QString &className, const QStringList &properties = {})
-        : LiveForm(forms::Widget("s", className,
-                       properties
-                           + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i", "unit=String:m"}),
+        : LiveForm(
+            forms::Widget("s", className,
+                properties
+                    + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i", "unit=String:m"}),
             false)
     {
         log.Watch("s", Get("s"));

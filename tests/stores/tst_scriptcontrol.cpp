@@ -1,7 +1,6 @@
 // The row of a script file: what its buttons tell, and what definition, script and host make of them.
 
 #include "liveform.h"
-#include "orbelscriptcontrol.h"
 #include "rows.h"
 #include "testmain.h"
 
@@ -50,12 +49,9 @@ private Q_SLOTS:
         row("absent ones lock", Shown, "", "- (Load) (Edit) (Clear)");
         row("loaded", Shown, load, "* (Load) (Edit) Clear");
         row("loaded and forgotten: Clear locks", AllOn, load + drop, "- Load Edit (Clear)");
-        row("another custom property", AllOn, "s.setCustomProperty('x', false)", "- Load Edit Clear");
         row("until the next refresh", Shown, drop + "s.setEnabledClear(true)", "- (Load) (Edit) Clear");
-        row("no news, no refresh", AllOn, load + "s.setEnabledClear(false);" + load, "* Load Edit (Clear)");
         row("slots act on the buttons alone", AllOn,
             "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)", "- (Load)");
-        row("properties act too", AllOn, "s.enabledEdit = s.visibleLoad = false", "- (Edit) Clear");
         row("a hidden row keeps its lamp", AllOn, "s.setVisible(false)", "-");
         row("shown again, all buttons show", AllOn.mid(3), "s.setVisible(false); s.setVisible(true)",
             "- Load Edit Clear");
@@ -94,22 +90,13 @@ private Q_SLOTS:
         const QImage on = lamp->pixmap(Qt::ReturnByValue).toImage();
         QVERIFY(!on.isNull() && on.size() == off.size() && on != off);
         QCOMPARE(on.devicePixelRatio(), lamp->devicePixelRatioF());
-        for (const QString &path : QStringList{":/OrbelParser/Loaded_ON%1.png", ":/OrbelParser/Loaded_OFF%1.png"})
-            QCOMPARE(QImage(path.arg("@2x")).size(), QImage(path.arg("")).size() * 2);
-
         QCOMPARE(live.Find("s_LoadButton")->minimumWidth(), 80);
         for (const QString &name : Buttons) {
             QCOMPARE(live.Find(name)->toolTip(), name.mid(1).remove('_').replace("Button", " s:Demod"));
-            const QWidget *button = live.Find(name);
-            const QIcon icon = live.Find<QPushButton>(name)->icon();
-            QCOMPARE(icon.pixmap(live.window->windowHandle(), QSize(64, 64)).width(), 64 * button->devicePixelRatio());
+            const auto *button = live.Find<QPushButton>(name);
+            const QPixmap picture = button->icon().pixmap(live.window->windowHandle(), QSize(64, 64));
+            QCOMPARE(picture.width(), 64 * button->devicePixelRatio());
         }
-        struct Probe : KV218::OrbelScriptControl {
-            Probe() : OrbelScriptControl(nullptr) { }
-            using OrbelDelegate::GetDefinedProperties;
-        };
-        QCOMPARE(Probe().GetDefinedProperties().mid(4).join(' '),
-            QString("enabledClear enabledEdit enabledLoad visibleLoad visibleClear visibleEdit"));
         live.Get("s")->setProperty("toolTip", "own");
         for (const QString &name : Buttons)
             QCOMPARE(live.Find(name)->toolTip(), QString("own"));

@@ -1,6 +1,5 @@
 // The command `orbel`: the built program as a process, and the nearest names that its messages give.
 
-#include "nearestnames.h"
 #include "orbelcommand.h"
 #include "rows.h"
 #include "testmain.h"
@@ -112,25 +111,6 @@ private:
     QTemporaryDir Folder;
 
 private Q_SLOTS:
-    void helpNamesEverySubcommandAndOption_data()
-    {
-        const auto row = Columns<QStringList, QString>({"arguments", "words"});
-        row("overview", QStringList{"--help"}, "view render params");
-        row("view", QStringList{"view", "--help"}, "Usage: orbel view FILE [debug]");
-        row("render", QStringList{"render", "-h"}, "orbel render OUT.png --size --font-size --component --style");
-        row("params", QStringList{"params", "--help"},
-            "orbel params --params --set --changed --only-modified --component");
-    }
-
-    void helpNamesEverySubcommandAndOption()
-    {
-        const auto [arguments, words] = Fetch<QStringList, QString>({"arguments", "words"});
-        const Result result = Orbel(arguments);
-        QCOMPARE(result.Status, 0);
-        for (const QString &word : words.split(' '))
-            QVERIFY2(result.Out.contains(word), qPrintable(word + " is not in " + result.Out));
-    }
-
     void mistakesAreToldWithTheirPlace_data()
     {
         const auto add = Columns<QStringList, int, QString>({"arguments", "status", "told"});
@@ -149,28 +129,16 @@ private Q_SLOTS:
         add("no subcommand", {}, 2, "a subcommand");
         add("unknown subcommand", {"parms"}, 2, "\"params\"");
         add("unknown option", {"params", "--sett", form}, 2, "sett");
-        add("no file", {"params"}, 2, "FILE");
-        add("two files", {"params", form, other}, 2, other);
         add("view: other word than debug", {"view", form, "debgu"}, 2, "debgu");
-        add("view: missing file", {"view", missing}, 1, missing + ": No such file");
-        add("view: no form in it", {"view", other}, 1, other + ": there is no form");
-        add("view: list without a form", {"view", noForms}, 1, noForms + ": there is no form");
         add("missing file", {"params", missing}, 1, missing + ": No such file");
-        add("folder", {"params", Folder.path()}, 1, Folder.path() + ": Is a directory");
-        add("empty file", {"params", empty}, 1, empty + ": there is no form");
-        add("definition cut off", {"params", cut}, 1, cut + ": line 3: ");
         add("set without =", {"params", form, "--set", "Group/first"}, 2, "PATH=TEXT");
         add("set at an unknown path", {"params", form, "--set", "Group/frist=1"}, 2, "nearest: \"Group/first\"");
         add("set at a control without a value", {"params", form, "--set", "note=1"}, 2, "no value at \"note\"");
         add("document of another form", {"params", form, "--params", document}, 1, document + ": there is no element");
         add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
-        add("change without a form", {"params", form, "--changed", document}, 1, document + ": there is no element");
         add("component of a definition", {"params", form, "--component", "A"}, 2, form + ": it is no component list");
-        add("component not chosen", {"params", Components}, 2, "\"Audio\", \"Site\"");
         add("component unknown", {"params", Components, "--component", "Sito"}, 2, "nearest: \"Site\"");
         add("no picture", {"render", form}, 2, "-o OUT.png");
-        add("unknown picture format", {"render", form, "-o", "a.doc"}, 2, "a.doc");
-        add("picture in no folder", {"render", form, "-o", noFolder}, 1, noFolder);
         add("unknown style", {"render", form, "-o", "a.png", "--style", "nouveau"}, 2, "Fusion");
         for (const char *wrong : {"--size=500", "--size=0x10", "--size=10x", "--size=-1x5", "--size=99999x10"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
@@ -306,14 +274,6 @@ private Q_SLOTS:
         const Result list = Run(QCoreApplication::applicationFilePath(), {"view", Components}, environment);
         QCOMPARE(list.Status, 0);
         QCOMPARE(list.Out + list.Err, QString());
-    }
-
-    void nearestNamesAreTheOnesWithTheFewestEdits()
-    {
-        const QStringList names{"antenna", "agc", "gain", "agc"};
-        QCOMPARE(NearestNames("GAINS", names, 2).join(','), QString("gain,agc"));
-        QCOMPARE(NearestNames("antena", names, 1).join(','), QString("antenna"));
-        QCOMPARE(NearestNames("xyzw", names, 9).join(','), QString("agc,gain,antenna"));
     }
 };
 
