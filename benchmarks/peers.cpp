@@ -24,6 +24,10 @@ namespace
 
 constexpr QSize WindowSize(500, 800);
 
+// Of the library's layout.
+constexpr int Spacing = 4;
+constexpr int LabelHeight = 24;
+
 /// Sets a control from the text that a parameter document has for it.
 void SetText(QWidget *widget, const QString &text)
 {
@@ -181,34 +185,68 @@ void RawScript::Run()
     engine.evaluate(script);
 }
 
-int Arrange(const QVector<ItemSize> &items, int spacing, QVector<QRect> &rectangles)
+int Arrange(const QVector<ItemSize> &items, int width, QVector<QRect> &rectangles)
 {
-    int labels = 0;
-    int controls = 0;
-    for (const ItemSize &item : items) {
-        if (item.what == ItemSize::Label)
-            labels = qMax(labels, item.size.width());
-        else if (item.what == ItemSize::Control)
-            controls = qMax(controls, item.size.width());
-    }
-    int y = 0;
+    struct Column {
+        int first, label, control, title, left;
+    };
+    QVector<Column> groups;
     for (int i = 0; i < items.size(); ++i) {
         const ItemSize &item = items.at(i);
-        const int height = item.size.height();
-        if (item.what == ItemSize::Title) {
-            y += i > 0 ? item.topMargin : 0;
-            rectangles[i] = QRect(0, y, labels + controls + spacing, height);
-            y += height + spacing;
-        } else if (item.what == ItemSize::Label) {
-            rectangles[i] = QRect(0, y, labels, height);
-        } else {
-            const int row = qMax(height, items.at(i - 1).size.height()) + spacing;
-            rectangles[i] = QRect(labels + spacing, y, controls, height);
-            rectangles[i - 1].setHeight(qMin(row, 24));
-            y += row;
+        if (item.what == ItemSize::Title)
+            groups.append({i, 0, 0, item.size.width() + Spacing, 0});
+        else if (item.what == ItemSize::Label)
+            groups.last().label = qMax(groups.last().label, item.size.width());
+        else
+            groups.last().control = qMax(groups.last().control, item.size.width());
+    }
+    QVector<Column> columns;
+    int fitting = groups.size();
+    for (int count = 0; count != fitting;) {
+        count = fitting;
+        const int share = (groups.size() + count - 1) / count;
+        columns.clear();
+        int left = 0;
+        for (fitting = 0; fitting < count; ++fitting) {
+            Column column{items.size(), 0, 0, 0, left};
+            for (int group = fitting * share; group < qMin((fitting + 1) * share, groups.size()); ++group) {
+                const Column &other = groups.at(group);
+                column.first = qMin(column.first, other.first);
+                column.label = qMax(column.label, other.label);
+                column.control = qMax(column.control, other.control);
+                column.title = qMax(column.title, other.title);
+            }
+            left += qMax(column.label + column.control + 3 * Spacing, column.title);
+            if (fitting > 0 && left >= width)
+                break;
+            columns.append(column);
         }
     }
-    return y - spacing;
+    int height = 0;
+    for (int i = 0; i < columns.size(); ++i) {
+        const Column &column = columns.at(i);
+        const int end = i + 1 < columns.size() ? columns.at(i + 1).first : items.size();
+        const int line = qMax(column.label + column.control + Spacing, column.title);
+        int y = 0;
+        for (int item = column.first; item < end; ++item) {
+            const ItemSize &placed = items.at(item);
+            const int itemHeight = placed.size.height();
+            if (placed.what == ItemSize::Title) {
+                y += item > 0 ? placed.topMargin : 0;
+                rectangles[item] = QRect(column.left, y, qMin(line, width), itemHeight);
+                y += itemHeight + Spacing;
+            } else if (placed.what == ItemSize::Label) {
+                rectangles[item] = QRect(column.left, y, column.label, itemHeight);
+            } else {
+                const int row = qMax(itemHeight, items.at(item - 1).size.height()) + Spacing;
+                rectangles[item] = QRect(column.left + column.label + Spacing, y, column.control, itemHeight);
+                rectangles[item - 1].setHeight(qMin(row, LabelHeight));
+                y += row;
+            }
+            height = qMax(height, rectangles.at(item).bottom() + 1);
+        }
+    }
+    return height;
 }
 
 } // namespace peer

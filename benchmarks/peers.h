@@ -70,14 +70,13 @@ private:
     QString script;
 };
 
-/// The rectangles of the form in one column: labels as wide as the widest of a column, controls no narrower than the
-/// widest, titles over the whole. Nothing but the arithmetic.
 struct ItemSize {
     enum { Title, Label, Control } what;
     QSize size;
     int topMargin;
 };
-/// Gives the height; `rectangles` must have a place for each item.
-int Arrange(const QVector<ItemSize> &items, int spacing, QVector<QRect> &rectangles);
+/// The arithmetic of the layout alone, for rows of a label and a control under titles: groups are measured, dealt out
+/// to as many columns as fit, and placed. `rectangles` must have a place for each item. Gives the height.
+int Arrange(const QVector<ItemSize> &items, int width, QVector<QRect> &rectangles);
 
 } // namespace peer

@@ -194,9 +194,14 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
 {
     const QSize size = sizeHint(rect.width(), 0);
     const unsigned arranged = changeCount;
+    const unsigned placed = placeCount;
     if (scrollArea && scrollArea->widget())
         scrollArea->widget()->setMinimumSize(size);
     QLayout::setGeometry(rect);
+    // A widget that had to grow has come here already, with this same arrangement.
+    if (placeCount != placed && changeCount == arranged)
+        return;
+    ++placeCount;
     // Placing an item can arrange anew, and can take away items, this one among them.
     for (int i = 0; changeCount == arranged && i < items.size() && i < hints.size(); ++i) {
         QLayoutItem *item = items.at(i);
@@ -239,7 +244,8 @@ bool FloatGroupLayout::scanItems(QVector<FloatGroupItem> &measured) const
 {
     clearHints();
     totalSize = QSize(0, 0);
-    measured.reserve(items.size());
+    measured.resize(items.size());
+    FloatGroupItem *next = measured.data();
     // A widget that is asked for the first time takes on its style and may invalidate this layout: nothing may rely on
     // `hints` here, nor on the items.
     const QList<QLayoutItem *> asked = items;
@@ -247,7 +253,7 @@ bool FloatGroupLayout::scanItems(QVector<FloatGroupItem> &measured) const
         const int itemFlags = flags.at(i);
         const int topMargin = itemFlags & FloatGroupItem::ItemSection ? TopMargin(asked.at(i)) : 0;
         const QSize hint = asked.at(i)->sizeHint();
-        measured.append({itemFlags, hint.width(), hint.height(), topMargin});
+        *next++ = {itemFlags, hint.width(), hint.height(), topMargin};
     }
     return !measured.isEmpty() && items == asked;
 }

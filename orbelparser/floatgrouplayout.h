@@ -114,4 +114,6 @@ private:
     mutable QSize totalSize = QSize(0, 0);
     /// Raised whenever `hints` are dropped, so that setGeometry() notices that somebody arranges anew meanwhile.
     mutable unsigned changeCount = 0;
+    /// Raised whenever setGeometry() places the items.
+    unsigned placeCount = 0;
 };

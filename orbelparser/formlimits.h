@@ -29,7 +29,8 @@ inline constexpr int ListItems = 1000;
 /// How many rows an enumeration may have. Those behind are not read.
 inline constexpr int EnumRows = 10000;
 
-/// How many characters of a text a control shows: label, caption, headline, tooltip. The rest does not show.
+/// How many characters of a text a control shows: label, caption, headline, tooltip, row of a choice. The rest does not
+/// show.
 inline constexpr int ShownText = 50000;
 
 /// How many decimal places a number has in a parameter document. A greater count counts as this one, which is also the

@@ -214,6 +214,8 @@ void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
 {
     if (name == prop::GenerateParameterXml)
         GenerateXml = value.toBool();
+    else if (name == prop::Unit)
+        Unit = value.toString();
     else if (name == prop::LabelText && Label)
         Label->setText(Translate(value.toString()));
     else if (name == prop::Visible && Label && IsDefined(name))

@@ -232,6 +232,8 @@ private:
     SetInProgress *InProgress = nullptr;
     QString XmlPath;
     QString XmlTagName;
+    /// The property `unit`.
+    QString Unit;
     QString VTPath;
     QStringList XmlTags;
     QStringList DefinedProperties;

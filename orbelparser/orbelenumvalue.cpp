@@ -1,5 +1,6 @@
 #include "orbelenumvalue.h"
 
+#include "formlimits.h"
 #include "xmlwalk.h"
 
 namespace KV218
@@ -23,7 +24,7 @@ void OrbelEnumValue::ParseORBEL(QXmlStreamReader &reader)
 {
     ForEachStart(reader, [&](const QStringRef &name) {
         if (name == element::DisplayName)
-            DisplayName = reader.readElementText();
+            DisplayName = reader.readElementText().left(limit::ShownText);
         else if (name == element::EnumIdentifier)
             EnumIdentifier = reader.readElementText();
         else if (name == element::Value)

@@ -8,6 +8,8 @@ SectionLine::SectionLine(const QString &title, int gap, QWidget *parent)
     // Qt keeps margins in 16 bits.
     : QGroupBox(title, parent), Margins(0, qBound<int>(SHRT_MIN, gap, SHRT_MAX), 0, 0)
 {
+    // No screen's safe area reaches into a form, and each measuring would look for its window.
+    setAttribute(Qt::WA_ContentsMarginsRespectsSafeArea, false);
     setContentsMargins(Margins);
 }
 

@@ -57,40 +57,36 @@ void VCComboBoxClassic::showPopup()
         popup->move(std::max(room.left(), room.right() + 1 - popup->width()), popup->y());
 }
 
+// The base class measures the texts of all items three times until a box is shown: for each hint, and again on the first
+// show. All three come to the same while nothing changed. These keep and drop the hints as the base class does.
+
 QSize VCComboBoxClassic::sizeHint() const
 {
-    return Remembered(Hint, [this] { return QComboBox::sizeHint(); });
+    if (sizeAdjustPolicy() != AdjustToContentsOnFirstShow)
+        return QComboBox::sizeHint();
+    if (MeasuredIcons != iconSize())
+        Hint = QSize();
+    if (!Hint.isValid())
+        Hint = Measured([this] { return QComboBox::sizeHint(); });
+    return Hint;
 }
 
 QSize VCComboBoxClassic::minimumSizeHint() const
 {
-    return Remembered(MinimumHint, [this] { return QComboBox::minimumSizeHint(); });
+    if (!MinimumHint.isValid())
+        MinimumHint = Measured([this] { return QComboBox::minimumSizeHint(); });
+    return MinimumHint;
 }
 
-/// The base class measures the texts of all items three times until a box is shown: for each hint, and again on the first
-/// show. All three come to the same while nothing changed.
-template <class Base> QSize VCComboBoxClassic::Remembered(QSize &hint, const Base &measure) const
+template <class Base> QSize VCComboBoxClassic::Measured(const Base &measure) const
 {
     const bool asMade = sizeAdjustPolicy() == AdjustToContentsOnFirstShow && minimumContentsLength() == 0
-        && !isEditable() && model() == WatchedModel;
-    if (!asMade)
-        return measure();
-    const bool sameIcons = MeasuredIcons == iconSize();
-    if (hint.isValid() && sameIcons)
-        return hint;
-    if (MeasuredChange != Change || !sameIcons)
-        Measured = measure();
-    MeasuredChange = Change;
+        && !isEditable() && hasFrame() && model() == WatchedModel;
+    if (!asMade || MeasuredChange != Change || MeasuredIcons != iconSize())
+        Measure = measure();
+    MeasuredChange = asMade ? Change : -1;
     MeasuredIcons = iconSize();
-    hint = Measured;
-    return hint;
-}
-
-void VCComboBoxClassic::ForgetMeasures()
-{
-    ++Change;
-    Hint = QSize();
-    MinimumHint = QSize();
+    return Measure;
 }
 
 void VCComboBoxClassic::showEvent(QShowEvent *event)
@@ -123,8 +119,12 @@ void VCComboBoxClassic::wheelEvent(QWheelEvent *event)
 void VCComboBoxClassic::changeEvent(QEvent *event)
 {
     QComboBox::changeEvent(event);
-    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
-        ForgetMeasures();
+    if (event->type() == QEvent::StyleChange)
+        MinimumHint = QSize();
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
+        Hint = QSize();
+        ++Change;
+    }
     if (event->type() != QEvent::LanguageChange)
         return;
     // A host may have added rows of its own.

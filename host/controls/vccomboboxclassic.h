@@ -41,8 +41,7 @@ private:
     void ShowNode();
     void ShowItems();
     int PopupWidth() const;
-    template <class Base> QSize Remembered(QSize &hint, const Base &measure) const;
-    void ForgetMeasures();
+    template <class Base> QSize Measured(const Base &measure) const;
 
     NodeBinding<ValueSelection> Node{this};
     LateWrite<VCComboBoxClassic> Writer{this, &VCComboBoxClassic::WriteNode};
@@ -55,7 +54,7 @@ private:
     // `Change`, which counts what happened to the list and to the look.
     mutable QSize Hint;
     mutable QSize MinimumHint;
-    mutable QSize Measured;
+    mutable QSize Measure;
     mutable QSize MeasuredIcons;
     mutable int MeasuredChange = -1;
     int Change = 0;

@@ -238,6 +238,8 @@ double VCNumericFloatSpin::ToNode(double shown) const
             return known;
     }
     const double quotient = qBound(-Unlimited, shown / Factor, Unlimited);
+    if (Factor == 1)
+        return quotient;
     // A quotient that has no end, such as 0.7 / 0.3, is kept as it is: with fewer digits it would not show as before.
     const double plain = WithoutNoise(quotient);
     return ToShown(plain) == shown ? plain : quotient;
@@ -258,10 +260,16 @@ std::pair<double, double> VCNumericFloatSpin::BaseRange() const
     return {openBelow ? -qInf() : minimum(), openAbove ? qInf() : maximum()};
 }
 
-int VCNumericFloatSpin::PlacesNeeded() const
+/// Looks at the digits of step and factor only when one is new: every number that is shown asks.
+int VCNumericFloatSpin::PlacesNeeded()
 {
-    const int ofStep = DecimalPlaces(ToShown(Last.Step)) + AdditionalPrecision;
-    return std::min(MostPlaces, std::max(ofStep, PlacesOfFirstDigit(Factor)));
+    const std::pair<double, double> now{Last.Step, Factor};
+    if (now != PlacesOf) {
+        PlacesOf = now;
+        StepPlaces = DecimalPlaces(ToShown(Last.Step));
+        FactorPlaces = PlacesOfFirstDigit(Factor);
+    }
+    return std::min(MostPlaces, std::max(StepPlaces + AdditionalPrecision, FactorPlaces));
 }
 
 bool VCNumericFloatSpin::IsPending() const
@@ -360,17 +368,31 @@ void VCNumericFloatSpin::ReadNode()
         (minimumFirst ? OwnMaximum : OwnMinimum).reset();
 }
 
+/// Whether the base class shows the number as it last did, so that it need not spell it again.
+bool VCNumericFloatSpin::StandsAlready(double shown) const
+{
+    return shown == Given && QDoubleSpinBox::value() == Shown && lineEdit()->text() == ShownText;
+}
+
 void VCNumericFloatSpin::ShowNode()
 {
     const int places = PlacesNeeded();
+    const auto range = BaseRange();
+    const double shown = ToShown(Last.Value);
+    const bool sameForm = places == decimals() && range == AppliedRange;
     if (places != decimals())
         setDecimals(places);
-    const auto range = BaseRange();
     if (range != AppliedRange) {
         AppliedRange = range;
         setRange(range.first, range.second);
     }
-    QDoubleSpinBox::setValue(ToShown(Last.Value));
+    if (!sameForm || !StandsAlready(shown)) {
+        QDoubleSpinBox::setValue(shown);
+        Shown = QDoubleSpinBox::value();
+        ShownText = lineEdit()->text();
+        // Whoever heard of the change may have set another number, which does not stand for this one.
+        const double unitsApart = std::fabs(Shown - shown) * std::pow(10, decimals());
+        Given = unitsApart < 0.6 ? shown : qQNaN();
+    }
     lineEdit()->setModified(false);
-    Shown = QDoubleSpinBox::value();
 }

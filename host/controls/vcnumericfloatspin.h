@@ -83,7 +83,8 @@ private:
     double ToNode(double shown) const;
     double Clamped(double shown) const;
     std::pair<double, double> BaseRange() const;
-    int PlacesNeeded() const;
+    int PlacesNeeded();
+    bool StandsAlready(double shown) const;
 
     bool IsPending() const;
     QString WithoutAffixes(const QString &text) const;
@@ -110,7 +111,14 @@ private:
     // Set from outside, in shown units.
     std::optional<double> OwnMinimum;
     std::optional<double> OwnMaximum;
-    // What the base class was last given: its limits, and the number, which it has rounded to the decimal places.
+    // What the base class was last given: its limits, and the number; and what it made of that: the number rounded to the
+    // decimal places, and its text.
     std::pair<double, double> AppliedRange{qQNaN(), qQNaN()};
+    double Given = qQNaN();
     double Shown = 0;
+    QString ShownText;
+    // What PlacesNeeded() last looked at, and its answer without the additional places.
+    std::pair<double, double> PlacesOf{qQNaN(), qQNaN()};
+    int StepPlaces = 0;
+    int FactorPlaces = 0;
 };

@@ -50,7 +50,7 @@ void OrbelDoubleSpinBox::GetXml(QXmlStreamWriter &writer) const
         return;
     writer.writeStartElement(GetXmlTagName());
     WriteUnitAttribute(writer);
-    writer.writeCharacters(DocumentText(GetDouble(prop::Value, 0.0), Decimals));
+    writer.writeCharacters(DocumentText(Number, Decimals));
     writer.writeEndElement();
 }
 
@@ -66,7 +66,9 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (name == prop::Decimals)
+    if (name == prop::Value)
+        Number = GetDouble(prop::Value, 0.0);
+    else if (name == prop::Decimals)
         Decimals = DocumentDecimals(*this);
     const QPointer<OrbelDoubleSpinBox> self(this);
     WriteProperty(name, value);

@@ -45,7 +45,8 @@ protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private:
-    /// Of the parameter document.
+    /// What a parameter document says; kept since the properties hold texts at first.
+    double Number = 0;
     int Decimals = 0;
 };
 
