@@ -13,7 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     form->SetXmlString(parameters);
     form->GetXmlString(true);
     form->EnableInput(false);
-    form->GetSheet().SetCollapsed({form->GetSheet().GetWidgetCount() > 0 ? form->GetSheet().GetWidgetAt(0)->GetName() : QString()});
+    form->GetSheet().SetCollapsed(
+        {form->GetSheet().GetWidgetCount() > 0 ? form->GetSheet().GetWidgetAt(0)->GetName() : QString()});
     form->GetSheet().SetCollapsed({});
     form->EnableInput(true);
     return 0;

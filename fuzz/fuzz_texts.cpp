@@ -11,8 +11,8 @@
 #include "valuenumeric.h"
 #include "vcnumericfloatspin.h"
 
-#include <QLineEdit>
 #include <cstdlib>
+#include <QLineEdit>
 
 namespace
 {

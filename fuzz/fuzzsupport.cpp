@@ -3,13 +3,13 @@
 #include "orbelparser.h"
 #include "tree.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <QApplication>
 #include <QFile>
 #include <QLocale>
 #include <QStyleFactory>
 #include <QWidget>
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)

@@ -2,10 +2,10 @@
 
 #include "orbelformular.h"
 
-#include <QByteArray>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <QByteArray>
 
 /// What the fuzzing programs share. Its source gives a program its application: without a display, quiet, with the
 /// locale and style of the tests.
