@@ -40,7 +40,7 @@ void CheckWidgets(const FormModel &change, const FormModel &form, FindingSink &s
         const WidgetEntry *changed = form.FindWidget(widget.Name);
         if (!changed)
             continue;
-        CheckPropertiesOf(widget, changed->Info, change, sink);
+        CheckChangedProperties(widget, change, *changed, form, sink);
         if (!widget.Class.isEmpty() && widget.Class != changed->Class)
             sink.Add(Code::ChangeIgnored, change.Doc.PlaceOfAttribute(widget.Element, attribute::Class),
                 QStringLiteral("\"%1\" stays a %2").arg(widget.Name, changed->Class));

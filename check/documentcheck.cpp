@@ -2,6 +2,7 @@
 
 #include "formlimits.h"
 #include "propertynames.h"
+#include "widgetnumbers.h"
 
 #include <QVariant>
 
@@ -13,6 +14,11 @@ namespace
 
 namespace prop = KV218::prop;
 namespace limit = KV218::limit;
+
+// Attributes of items.
+constexpr QLatin1String Index("index");
+constexpr QLatin1String Row("row");
+constexpr QLatin1String Column("column");
 
 /// A place in the parameter document: an enclosing element, or that of a control.
 struct Place {
@@ -106,8 +112,7 @@ private:
                 QStringLiteral("\"%1\" comes again, and replaces what \"%2\" was before")
                     .arg(Doc.At(element).Name, widget.Name));
         if (widget.Has(ekItems)) {
-            for (int item = Doc.At(element).FirstChild; item >= 0; item = Doc.At(item).NextSibling)
-                CheckText(item, widget);
+            ReadItems(element, widget);
         } else if (widget.Has(ekWrites) && !widget.Has(ekAlwaysWrites)) {
             if (Doc.At(element).FirstChild >= 0)
                 Sink.Add(Code::ValueNested, Doc.PlaceOf(Doc.At(element).FirstChild),
@@ -118,13 +123,66 @@ private:
         }
     }
 
+    bool ScriptMayCount(const WidgetEntry &widget, const QString &count) const
+    {
+        const QString setter = QLatin1String("set") + count.at(0).toUpper() + count.mid(1);
+        return Form.ScriptMayCall(widget, count.toLatin1()) || Form.ScriptMayCall(widget, setter.toLatin1());
+    }
+
     void CheckText(int element, const WidgetEntry &widget)
     {
         const QString &text = Doc.At(element).Text;
         if (Takes(widget, text))
+            CheckLimits(element, widget);
+        else
+            Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element),
+                QStringLiteral("\"%1\" is nothing that \"%2\" can take").arg(text, widget.Name));
+    }
+
+    void CheckLimits(int element, const WidgetEntry &widget)
+    {
+        const WidgetNumbers numbers(widget);
+        // Spacings are bounded only while they are typed.
+        if (!widget.Has(ekLimits) || numbers.Reads(prop::SpacingsCount) || Form.ScriptMayCall(widget, "setMinimum")
+            || Form.ScriptMayCall(widget, "setMaximum"))
             return;
-        Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element),
-            QStringLiteral("\"%1\" is nothing that \"%2\" can take").arg(text, widget.Name));
+        const bool isList = widget.Has(ekItems);
+        const double offset = isList ? 0 : numbers.NumberOf(prop::DisplayAdditiveOffset).Value;
+        const QString fault = BeyondLimits(Doc.At(element).Text.toDouble() + offset, numbers.LimitOf(prop::Minimum),
+            numbers.LimitOf(prop::Maximum), numbers.Scale());
+        if (!fault.isEmpty())
+            Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element),
+                QStringLiteral("\"%1\"%2 of \"%3\"").arg(Doc.At(element).Text, fault, widget.Name));
+    }
+
+    void ReadItems(int element, const WidgetEntry &widget)
+    {
+        qint64 next = 0;
+        for (int item = Doc.At(element).FirstChild; item >= 0; item = Doc.At(item).NextSibling) {
+            CheckText(item, widget);
+            if (const Attribute *index = Doc.FindAttribute(item, Index))
+                next = index->Value.toInt();
+            CheckIndex(item, widget, prop::ItemCount, next);
+            if (!widget.States(prop::ItemCount))
+                CheckIndex(item, widget, prop::ShiftCount, next);
+            CheckIndex(item, widget, prop::SpacingsCount, next);
+            ++next;
+            CheckIndex(item, widget, prop::RowCount, Doc.AttributeOf(item, Row).toInt());
+            CheckIndex(item, widget, prop::ColumnCount, Doc.AttributeOf(item, Column).toInt());
+        }
+    }
+
+    /// `count` is the property that says how many there are.
+    void CheckIndex(int item, const WidgetEntry &widget, QLatin1String count, qint64 index)
+    {
+        const Number number = WidgetNumbers(widget).NumberOf(count);
+        // A hidden list makes room for what is read.
+        const bool grows = count == prop::ItemCount && !widget.Has(ekShown);
+        if (!number || grows || (index >= 0 && index < number.Value) || ScriptMayCount(widget, count))
+            return;
+        Sink.Add(Code::DocumentValue, Doc.PlaceOf(item),
+            QStringLiteral("\"%1\" has no place %2: its %3 is %4")
+                .arg(widget.Name, QString::number(index), count, number.Text));
     }
 
     bool Takes(const WidgetEntry &widget, const QString &text) const

@@ -2,6 +2,8 @@
 
 #include "filetext.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 
 namespace Orbel
@@ -11,12 +13,52 @@ namespace
 {
 
 constexpr int MostSuggestions = 100;
+/// Characters of one text of the file that a finding repeats.
+constexpr int MostQuoted = 80;
+
+/// A finding is one line, whatever stands in the file.
+QString Printable(const QString &text)
+{
+    QString line;
+    for (const QChar letter : text) {
+        const QChar::Category kind = letter.category();
+        if (letter == QLatin1Char('\n'))
+            line += QLatin1String("\\n");
+        else if (letter == QLatin1Char('\t'))
+            line += QLatin1String("\\t");
+        else if (kind == QChar::Separator_Line || kind == QChar::Separator_Paragraph)
+            line += QStringLiteral("\\u%1").arg(int(letter.unicode()), 4, 16, QLatin1Char('0'));
+        else if (kind == QChar::Other_Control)
+            line += QStringLiteral("\\x%1").arg(int(letter.unicode()), 2, 16, QLatin1Char('0'));
+        else
+            line += letter;
+    }
+    return line;
+}
+
+/// Cuts what stands in quotation marks. A mark inside a quoted text ends it only where a word could end.
+QString Shortened(const QString &text)
+{
+    static const QRegularExpression quoted(QStringLiteral("(?<![^ (])\"(.*?)\"(?=$|[ ,;.?)])"));
+    QString shorter;
+    int from = 0;
+    for (auto match = quoted.globalMatch(text); match.hasNext();) {
+        const QRegularExpressionMatch found = match.next();
+        if (found.capturedLength(1) <= MostQuoted)
+            continue;
+        const bool splits = text.at(found.capturedStart(1) + MostQuoted - 1).isHighSurrogate();
+        shorter += text.midRef(from, found.capturedStart(1) - from)
+            + found.capturedRef(1).left(MostQuoted - (splits ? 1 : 0)) + QStringLiteral("...");
+        from = found.capturedEnd(1);
+    }
+    return shorter + text.midRef(from);
+}
 
 } // namespace
 
 void FindingSink::Add(Code code, int place, const QString &text)
 {
-    Entries.append({code, place, text});
+    Entries.append({code, place, Shortened(Printable(text))});
 }
 
 QString FindingSink::Suggest(const QString &name, const QStringList &names)

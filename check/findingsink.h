@@ -12,7 +12,8 @@ class FileText;
 class FindingSink
 {
 public:
-    /// `place` is an index into the file's text.
+    /// `place` is an index into the file's text. Control characters of `text` are told as \n, \t and \xNN, and long
+    /// parts in quotation marks are cut.
     void Add(Code code, int place, const QString &text);
     /// `; did you mean "X"?`, or nothing. A document full of unknown names gets no more suggestions after a while, so
     /// that looking for them stays linear.

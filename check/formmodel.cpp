@@ -2,8 +2,8 @@
 
 #include "elementnames.h"
 #include "propertynames.h"
+#include "scripttext.h"
 
-#include <QRegularExpression>
 #include <QVariant>
 
 namespace Orbel
@@ -95,7 +95,8 @@ FormModel::FormModel(const Document &document, int form) : Doc(document), Form(f
         else if (name == element::Script)
             Script = i;
     }
-    CollectWords();
+    if (Script >= 0)
+        Mentions = ScriptMentions(ScriptText(*this).Code());
 }
 
 void FormModel::AddWidget(int element)
@@ -178,16 +179,6 @@ PropertyEntry FormModel::ReadProperty(int element, bool custom) const
     return property;
 }
 
-void FormModel::CollectWords()
-{
-    if (Script < 0)
-        return;
-    static const QRegularExpression word(QStringLiteral("[\\w$]+"), QRegularExpression::UseUnicodePropertiesOption);
-    auto match = word.globalMatch(Doc.At(Script).Text);
-    while (match.hasNext())
-        ScriptWords.insert(match.next().captured());
-}
-
 const PropertyEntry *FormModel::FindSheetProperty(const QString &name, bool custom) const
 {
     for (const PropertyEntry &property : SheetProperties) {
@@ -211,7 +202,7 @@ const WidgetEntry *FormModel::FindWidget(const QString &name) const
 
 bool FormModel::ScriptMayCall(const WidgetEntry &widget, const char *member) const
 {
-    return ScriptSpeaksOf(widget.Name) && ScriptSpeaksOf(QLatin1String(member));
+    return Mentions.MayCall(widget.Name, QLatin1String(member));
 }
 
 QString FormModel::RootTag() const

@@ -2,8 +2,7 @@
 
 #include "document.h"
 #include "registry.h"
-
-#include <QSet>
+#include "scriptmentions.h"
 
 namespace Orbel
 {
@@ -83,8 +82,8 @@ public:
     const WidgetEntry *FindWidget(const QString &name) const;
     QStringList EnumNames() const { return EnumIndex.keys(); }
     QStringList WidgetNames() const { return WidgetIndex.keys(); }
-    /// Whether the word stands anywhere in the script. What the script speaks of may be made there.
-    bool ScriptSpeaksOf(const QString &word) const { return ScriptWords.contains(word); }
+    /// Whether the script uses a property or function of the name. What the script speaks of may be made there.
+    bool ScriptSpeaksOf(const QString &member) const { return Mentions.SpeaksOf(member); }
     /// Whether the script may call `member` on this widget.
     bool ScriptMayCall(const WidgetEntry &widget, const char *member) const;
     /// Name of the parameter document's root element.
@@ -96,11 +95,10 @@ private:
     void AddSheet(int element);
     void CollectProperties(int list, QVector<PropertyEntry> &properties) const;
     PropertyEntry ReadProperty(int element, bool custom) const;
-    void CollectWords();
 
     QHash<QString, int> EnumIndex;
     QHash<QString, int> WidgetIndex;
-    QSet<QString> ScriptWords;
+    ScriptMentions Mentions;
 };
 
 } // namespace Orbel

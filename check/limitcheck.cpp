@@ -3,10 +3,10 @@
 #include "formcheck.h"
 #include "formlimits.h"
 #include "propertynames.h"
+#include "widgetnumbers.h"
 
-#include <QVariant>
-
-#include <cmath>
+#include <algorithm>
+#include <iterator>
 
 namespace Orbel
 {
@@ -17,13 +17,6 @@ namespace
 namespace prop = KV218::prop;
 namespace limit = KV218::limit;
 
-/// A property's number, if it is stated and converts.
-struct Number {
-    const PropertyEntry *Property = nullptr;
-    double Value = 0;
-    explicit operator bool() const { return Property; }
-};
-
 struct CountLimit {
     QLatin1String property;
     int most;
@@ -33,7 +26,7 @@ class LimitCheck
 {
 public:
     LimitCheck(const FormModel &form, FindingSink &sink, const WidgetEntry &widget)
-        : Form(form), Sink(sink), Widget(widget)
+        : Form(form), Sink(sink), Widget(widget), Numbers(widget)
     {
     }
 
@@ -46,20 +39,6 @@ public:
     }
 
 private:
-    bool Reads(QLatin1String name) const
-    {
-        const PropertyInfo *property = Registry::FindProperty(*Widget.Info, name);
-        return property && !property->storedOnly;
-    }
-
-    Number NumberOf(QLatin1String name) const
-    {
-        const PropertyEntry *property = Reads(name) ? Widget.Find(name) : nullptr;
-        bool isNumber = false;
-        const double value = property ? QVariant(property->Text).toDouble(&isNumber) : 0;
-        return isNumber ? Number{property, value} : Number();
-    }
-
     void Tell(Code code, const Number &number, const QString &text)
     {
         Sink.Add(code, Form.Doc.PlaceOfText(number.Property->ValueElement), text);
@@ -67,73 +46,63 @@ private:
 
     void CheckLimits()
     {
-        const Number minimum = NumberOf(prop::Minimum);
-        const Number maximum = NumberOf(prop::Maximum);
+        const Number minimum = Numbers.LimitOf(prop::Minimum);
+        const Number maximum = Numbers.LimitOf(prop::Maximum);
         if (minimum && maximum && minimum.Value > maximum.Value)
-            Tell(Code::LimitReversed, minimum,
-                QStringLiteral("The minimum %1 is above the maximum %2")
-                    .arg(minimum.Property->Text, maximum.Property->Text));
-        const Number step = NumberOf(prop::SingleStep);
+            Tell(Code::LimitReversed, minimum.Property ? minimum : maximum,
+                QStringLiteral("The minimum %1 is above the maximum %2").arg(minimum.Text, maximum.Text));
+        const Number step = Numbers.NumberOf(prop::SingleStep);
         if (step && step.Value <= 0)
-            Tell(Code::LimitStep, step, QStringLiteral("A step of %1 leads nowhere").arg(step.Property->Text));
-        const Number factor = NumberOf(prop::DisplayScalingFactor);
+            Tell(Code::LimitStep, step, QStringLiteral("A step of %1 leads nowhere").arg(step.Text));
+        const Number factor = Numbers.NumberOf(prop::DisplayScalingFactor);
         if (factor && factor.Value <= 0) {
-            Tell(Code::LimitFactor, factor, QStringLiteral("The factor %1 is not above 0").arg(factor.Property->Text));
+            Tell(Code::LimitFactor, factor, QStringLiteral("The factor %1 is not above 0").arg(factor.Text));
             return;
         }
         for (const QLatin1String value : {prop::Value, prop::StartFrequency, prop::StopFrequency})
-            CheckValue(NumberOf(value), minimum, maximum, Scale());
+            CheckValue(Numbers.NumberOf(value), minimum, maximum);
         CheckRange();
     }
 
-    /// Display units per node unit.
-    double Scale() const
-    {
-        if (const Number unit = NumberOf(prop::UnitScale))
-            return unit.Value == 1e3 || unit.Value == 1e6 || unit.Value == 1e9 ? 1 / unit.Value : 1;
-        const Number factor = NumberOf(prop::DisplayScalingFactor);
-        return factor ? factor.Value : 1;
-    }
-
-    void CheckValue(const Number &value, const Number &minimum, const Number &maximum, double scale)
+    void CheckValue(const Number &value, const Number &minimum, const Number &maximum)
     {
         if (!value || Form.ScriptMayCall(Widget, "setMinimum") || Form.ScriptMayCall(Widget, "setMaximum"))
             return;
-        const double shown = value.Value * scale;
-        const double slack = 1e-9 * std::abs(shown);
-        const bool isBelow = minimum && shown < minimum.Value - slack;
-        if (!isBelow && !(maximum && shown > maximum.Value + slack))
-            return;
-        const QString text = scale == 1 ? value.Property->Text
-                                        : QStringLiteral("%1, shown as %2,").arg(value.Property->Text).arg(shown);
-        Tell(Code::LimitOutside, value,
-            isBelow ? QStringLiteral("%1 is below the minimum %2").arg(text, minimum.Property->Text)
-                    : QStringLiteral("%1 is above the maximum %2").arg(text, maximum.Property->Text));
+        const QString fault = BeyondLimits(value.Value, minimum, maximum, Numbers.Scale());
+        if (!fault.isEmpty())
+            Tell(Code::LimitOutside, value, value.Text + fault);
     }
 
     void CheckRange()
     {
-        const Number start = NumberOf(prop::StartFrequency);
-        const Number stop = NumberOf(prop::StopFrequency);
-        if (start && stop && start.Value >= stop.Value)
+        const Number start = Numbers.NumberOf(prop::StartFrequency);
+        const Number stop = Numbers.NumberOf(prop::StopFrequency);
+        if (start && stop && start.Value >= stop.Value && !ScriptMayMoveRange())
             Tell(Code::LimitReversed, start,
-                QStringLiteral("The range begins at %1, not below its end %2")
-                    .arg(start.Property->Text, stop.Property->Text));
+                QStringLiteral("The range begins at %1, not below its end %2").arg(start.Text, stop.Text));
+    }
+
+    bool ScriptMayMoveRange() const
+    {
+        const char *const members[]
+            = {"setRange", "setStartFrequency", "setStopFrequency", "startFrequency", "stopFrequency"};
+        return std::any_of(std::begin(members), std::end(members),
+            [this](const char *member) { return Form.ScriptMayCall(Widget, member); });
     }
 
     void CheckCounts()
     {
-        const bool isSpinList = Reads(prop::ItemCount) && Widget.Has(ekLimits);
+        const bool isSpinList = Numbers.Reads(prop::ItemCount) && Widget.Has(ekLimits);
         const CountLimit counts[] = {{prop::ItemCount, isSpinList ? limit::ListItems : limit::ListCells},
             {prop::ShiftCount, limit::ListItems}, {prop::RowCount, limit::ListCells},
             {prop::ColumnCount, limit::ListCells}, {prop::SpacingsCount, limit::ListCells},
             {prop::Decimals, limit::Decimals}};
         for (const CountLimit &count : counts) {
-            const Number number = NumberOf(count.property);
+            const Number number = Numbers.NumberOf(count.property);
             if (number && (number.Value < 0 || number.Value > count.most))
                 Tell(Code::CountBeyond, number,
                     QStringLiteral("\"%1\" is from 0 to %2, not %3")
-                        .arg(count.property, QString::number(count.most), number.Property->Text));
+                        .arg(count.property, QString::number(count.most), number.Text));
         }
         if (isSpinList && CountOfItems() == 0)
             Sink.Add(Code::CountMissing, Form.Doc.PlaceOf(Widget.Element),
@@ -142,15 +111,16 @@ private:
 
     double CountOfItems() const
     {
-        return Widget.States(prop::ItemCount) ? NumberOf(prop::ItemCount).Value : NumberOf(prop::ShiftCount).Value;
+        return Widget.States(prop::ItemCount) ? Numbers.NumberOf(prop::ItemCount).Value
+                                              : Numbers.NumberOf(prop::ShiftCount).Value;
     }
 
     void CheckShape()
     {
-        if (!Reads(prop::RowCount))
+        if (!Numbers.Reads(prop::RowCount))
             return;
-        const Number rows = NumberOf(prop::RowCount);
-        const Number columns = NumberOf(prop::ColumnCount);
+        const Number rows = Numbers.NumberOf(prop::RowCount);
+        const Number columns = Numbers.NumberOf(prop::ColumnCount);
         const double cells = rows.Value * columns.Value;
         if (cells == 0)
             Sink.Add(Code::CountMissing, Form.Doc.PlaceOf(Widget.Element),
@@ -158,12 +128,13 @@ private:
         else if (cells > limit::ListCells && rows.Value <= limit::ListCells && columns.Value <= limit::ListCells)
             Tell(Code::CountBeyond, rows,
                 QStringLiteral("%1 rows of %2 columns are more than %3 cells")
-                    .arg(rows.Property->Text, columns.Property->Text, QString::number(limit::ListCells)));
+                    .arg(rows.Text, columns.Text, QString::number(limit::ListCells)));
     }
 
     const FormModel &Form;
     FindingSink &Sink;
     const WidgetEntry &Widget;
+    const WidgetNumbers Numbers;
 };
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "formcheck.h"
 #include "scriptnames.h"
 
+#include <algorithm>
+
 namespace Orbel
 {
 
@@ -15,7 +17,7 @@ namespace attribute = KV218::attribute;
 /// A global of the form's script.
 struct Global {
     QString Name;
-    const char *Kind;
+    QLatin1String Kind;
     int Element;
 };
 
@@ -27,17 +29,17 @@ public:
     void Run()
     {
         for (const int sheet : Form.Sheets)
-            Publish({Form.Doc.AttributeOf(sheet, attribute::Name), "sheet", sheet});
+            Publish({Form.Doc.AttributeOf(sheet, attribute::Name), QLatin1String("sheet"), sheet});
         for (const WidgetEntry &widget : Form.Widgets) {
             CheckMissing(widget);
             if (widget.IsNamed)
-                Publish({widget.Name, "widget", widget.Element});
+                Publish({widget.Name, QLatin1String("widget"), widget.Element});
         }
         for (const EnumEntry &entry : Form.Enums) {
             if (entry.Name.isEmpty())
                 Sink.Add(Code::NameMissing, Form.Doc.PlaceOf(entry.Element),
                     QStringLiteral("The enumeration has no name, and nothing can refer to it"));
-            Publish({entry.Name, "enumeration", entry.Element});
+            Publish({entry.Name, QLatin1String("enumeration"), entry.Element});
         }
     }
 
@@ -55,19 +57,21 @@ private:
         if (global.Name.isEmpty())
             return;
         const int place = Form.Doc.PlaceOfAttribute(global.Element, attribute::Name);
-        const QString kind = QLatin1String(global.Kind);
-        const auto found = Globals.constFind(global.Name);
-        if (found == Globals.constEnd())
+        const QString kind = global.Kind;
+        QVector<Global> &others = Globals[global.Name];
+        const bool isDoubled = std::any_of(
+            others.cbegin(), others.cend(), [&](const Global &other) { return other.Kind == global.Kind; });
+        if (others.isEmpty())
             CheckWord(global.Name, kind, place);
-        else if (found->Kind == global.Kind)
+        else if (isDoubled)
             Sink.Add(Code::NameDoubled, place,
                 QStringLiteral("There is another %1 \"%2\" before this one").arg(kind, global.Name));
         else
             Sink.Add(Code::NameHidden, place,
                 QStringLiteral("The %1 and the %2 share the name \"%3\", and the script sees only one of them")
-                    .arg(kind, QLatin1String(found->Kind), global.Name));
-        if (found == Globals.constEnd())
-            Globals.insert(global.Name, global);
+                    .arg(kind, others.constFirst().Kind, global.Name));
+        if (!isDoubled)
+            others.append(global);
     }
 
     void CheckWord(const QString &name, const QString &kind, int place)
@@ -82,7 +86,7 @@ private:
 
     const FormModel &Form;
     FindingSink &Sink;
-    QHash<QString, Global> Globals;
+    QHash<QString, QVector<Global>> Globals; ///< By name, the first of each kind.
 };
 
 } // namespace

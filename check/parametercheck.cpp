@@ -3,6 +3,7 @@
 #include "formcheck.h"
 #include "formlimits.h"
 #include "propertynames.h"
+#include "propertyplace.h"
 #include "xmlname.h"
 
 namespace Orbel
@@ -34,7 +35,7 @@ public:
         Enter(widget, parts);
         if (widget.Has(ekItems))
             CheckItemTag(widget);
-        if (Registry::FindProperty(*widget.Info, prop::StartFrequencyParameterXmlTag))
+        if (IsRange(widget))
             CheckRangeTags(widget);
     }
 
@@ -42,7 +43,7 @@ public:
     {
         for (const PropertyEntry &property : Form.SheetProperties) {
             if (property.Name == prop::ParametersXmlRootTag && !property.IsCustom && !property.Text.isEmpty())
-                CheckName(property.Text, PlaceOf(property));
+                CheckName(property.Text, PlaceOfValue(Form, property));
             else if (property.Name.startsWith(prop::AttributePrefix))
                 CheckAttribute(property);
         }
@@ -60,15 +61,10 @@ public:
     }
 
 private:
-    int PlaceOf(const PropertyEntry &property) const
-    {
-        return Form.Doc.PlaceOfText(property.ValueElement >= 0 ? property.ValueElement : property.Element);
-    }
-
     int PlaceOfPath(const WidgetEntry &widget) const
     {
         const PropertyEntry *tag = widget.Find(prop::ParameterXmlTag);
-        return tag && !tag->Text.isEmpty() ? PlaceOf(*tag) : Form.Doc.PlaceOf(widget.Element);
+        return tag && !tag->Text.isEmpty() ? PlaceOfValue(Form, *tag) : Form.Doc.PlaceOf(widget.Element);
     }
 
     void CheckName(const QString &name, int place)
@@ -88,7 +84,7 @@ private:
                 QStringLiteral("A %1 writes no parameter element").arg(widget.Class));
         else if (widget.Has(ekWrites) && tag && !tag->Text.isEmpty() && !isStated
             && !Form.ScriptMayCall(widget, "setGenerateParameterXml"))
-            Sink.Add(Code::ParameterUnwritten, PlaceOf(*tag),
+            Sink.Add(Code::ParameterUnwritten, PlaceOfValue(Form, *tag),
                 QStringLiteral("\"%1\" is never written, since \"%2\" does not state generateParameterXml")
                     .arg(tag->Text, widget.Name));
     }
@@ -99,6 +95,16 @@ private:
         const int names = widget.Writes() ? parts.size() : parts.size() - 1;
         for (int i = 0; i < names; ++i)
             CheckName(parts.at(i), PlaceOfPath(widget));
+        if (widget.Writes() && !IsRange(widget) && widget.ParameterPath().endsWith(QLatin1Char('/')))
+            Sink.Add(Code::ParameterTag, PlaceOfPath(widget),
+                QStringLiteral("\"%1\" leaves no name for the element of \"%2\"")
+                    .arg(widget.ParameterPath(), widget.Name));
+    }
+
+    /// A range writes under tags of its own.
+    static bool IsRange(const WidgetEntry &widget)
+    {
+        return Registry::FindProperty(*widget.Info, prop::StartFrequencyParameterXmlTag);
     }
 
     void Enter(const WidgetEntry &widget, const QStringList &parts)
@@ -125,7 +131,7 @@ private:
             Sink.Add(Code::ItemTag, Form.Doc.PlaceOf(tag ? tag->Element : widget.Element),
                 QStringLiteral("The items of \"%1\" have no parameterListItemTag").arg(widget.Name));
         else
-            CheckName(tag->Text, PlaceOf(*tag));
+            CheckName(tag->Text, PlaceOfValue(Form, *tag));
     }
 
     void CheckRangeTags(const WidgetEntry &widget)
@@ -137,9 +143,9 @@ private:
                 Sink.Add(Code::RangeTags, Form.Doc.PlaceOf(tag ? tag->Element : widget.Element),
                     QStringLiteral("The range \"%1\" has no %2").arg(widget.Name, name));
             } else {
-                CheckName(tag->Text, PlaceOf(*tag));
+                CheckName(tag->Text, PlaceOfValue(Form, *tag));
                 if (tags.contains(tag->Text))
-                    Sink.Add(Code::RangeTags, PlaceOf(*tag),
+                    Sink.Add(Code::RangeTags, PlaceOfValue(Form, *tag),
                         QStringLiteral("Both ends of the range \"%1\" are written under one tag").arg(widget.Name));
                 tags.append(tag->Text);
             }

@@ -5,6 +5,7 @@
 #include "elementnames.h"
 #include "formcheck.h"
 #include "propertynames.h"
+#include "widgetnumbers.h"
 
 #include <QSet>
 #include <QVariant>
@@ -48,6 +49,26 @@ bool ConvertsTo(ValueType type, const QString &text)
     return isNumber && !(type == ValueType::UInt64 && text.trimmed().startsWith(QLatin1Char('-')));
 }
 
+bool IsNumber(ValueType type)
+{
+    return type == ValueType::Int || type == ValueType::Int64 || type == ValueType::UInt64 || type == ValueType::Double;
+}
+
+/// Whether the control shows another number than its node holds.
+bool IsScaled(const WidgetEntry &widget, const ClassInfo &info)
+{
+    return WidgetNumbers(widget, info).Scale() != 1;
+}
+
+/// What a property's text must become. Bounds and step are in display units, and of a scaled control whole numbers only
+/// in the node.
+ValueType TypeOf(const PropertyInfo &known, bool isScaled)
+{
+    const bool isDisplayed
+        = known.name == prop::Minimum || known.name == prop::Maximum || known.name == prop::SingleStep;
+    return isScaled && isDisplayed && IsNumber(known.type) ? ValueType::Double : known.type;
+}
+
 /// The texts that mean what they seem to mean when a Bool is read from them.
 bool IsPlainBool(const PropertyEntry &property)
 {
@@ -59,24 +80,35 @@ bool IsPlainBool(const PropertyEntry &property)
 class PropertyCheck
 {
 public:
-    PropertyCheck(const FormModel &form, FindingSink &sink) : Form(form), Sink(sink) { }
+    /// `before` is the form that `form` changes, if it does.
+    PropertyCheck(const FormModel &form, FindingSink &sink, const FormModel *before = nullptr)
+        : Form(form), Before(before), Sink(sink)
+    {
+    }
 
     /// `known` is null for a property that is not read.
-    void CheckValue(const PropertyEntry &property, const PropertyInfo *known)
+    void CheckValue(const PropertyEntry &property, const PropertyInfo *known, bool isScaled = false)
     {
         if (property.ValueElement < 0)
             return;
         CheckElement(property);
         const int place = Form.Doc.PlaceOfText(property.ValueElement);
-        if ((known && known->type == ValueType::Bool) || property.IsBool())
+        // What nothing reads is not read as a type either.
+        if (known && known->storedOnly && !property.IsBool() && known->type != ValueType::Bool)
+            return;
+        const ValueType type = known ? TypeOf(*known, isScaled) : ValueType::Text;
+        if (property.IsBool() && known && !known->storedOnly && IsNumber(type))
+            Sink.Add(Code::ValueType, Form.Doc.PlaceOf(property.ValueElement),
+                QStringLiteral("A Bool makes 0 or 1 of \"%1\", and \"%2\" wants %3")
+                    .arg(property.Text, property.Name, NameOf(type)));
+        else if ((known && known->type == ValueType::Bool) || property.IsBool())
             CheckBool(property, place);
         else if (known && known->type == ValueType::Other)
             Sink.Add(Code::ValueType, place,
                 QStringLiteral("No text becomes what \"%1\" wants; a script can set it").arg(property.Name));
-        else if (known && !ConvertsTo(known->type, property.Text))
+        else if (known && !ConvertsTo(type, property.Text))
             Sink.Add(Code::ValueType, place,
-                QStringLiteral("\"%1\" is no %2, which \"%3\" wants")
-                    .arg(property.Text, NameOf(known->type), property.Name));
+                QStringLiteral("\"%1\" is no %2, which \"%3\" wants").arg(property.Text, NameOf(type), property.Name));
         else if (known && *known->choices)
             CheckChoice(property, *known, place);
     }
@@ -133,23 +165,28 @@ public:
         return Form.Doc.PlaceOfAttribute(property.Element, attribute::Name);
     }
 
-    void CheckWidget(const WidgetEntry &widget, const ClassInfo *info)
+    void CheckWidget(const WidgetEntry &widget, const ClassInfo *info, bool isScaled)
     {
         CheckDoubled(widget.Properties);
         for (const PropertyEntry &property : widget.Properties) {
             CheckUnnamed(property);
             const PropertyInfo *known = info ? Registry::FindProperty(*info, property.Name) : nullptr;
             if (property.IsCustom)
-                CheckCustom(property, known, widget.Class);
+                CheckCustom(property, known, QLatin1String(info ? info->name : ""));
             else if (info && !known)
-                CheckUnknown(property, widget, *info);
-            CheckValue(property, property.IsCustom ? nullptr : known);
+                CheckUnknown(property, *info);
+            CheckValue(property, property.IsCustom ? nullptr : known, isScaled);
         }
     }
 
-    void CheckUnknown(const PropertyEntry &property, const WidgetEntry &widget, const ClassInfo &info)
+    bool ScriptSpeaksOf(const QString &name) const
     {
-        if (property.Name.isEmpty() || widget.Has(ekFreeProperties) || Form.ScriptSpeaksOf(property.Name))
+        return Form.ScriptSpeaksOf(name) || (Before && Before->ScriptSpeaksOf(name));
+    }
+
+    void CheckUnknown(const PropertyEntry &property, const ClassInfo &info)
+    {
+        if (property.Name.isEmpty() || (info.delegate->traits & ekFreeProperties) || ScriptSpeaksOf(property.Name))
             return;
         Sink.Add(Code::PropertyUnknown, PlaceOfName(property),
             QStringLiteral("\"%1\" reads no property \"%2\"%3")
@@ -173,7 +210,7 @@ public:
             const bool isAttribute = property.Name.startsWith(prop::AttributePrefix);
             if (property.IsCustom)
                 CheckCustom(property, known, QStringLiteral("Sheet"));
-            else if (!known && !isAttribute && !property.Name.isEmpty() && !Form.ScriptSpeaksOf(property.Name))
+            else if (!known && !isAttribute && !property.Name.isEmpty() && !ScriptSpeaksOf(property.Name))
                 Sink.Add(Code::PropertyUnknown, PlaceOfName(property),
                     QStringLiteral("A sheet reads no property \"%1\"%2")
                         .arg(property.Name, Sink.Suggest(property.Name, Registry::SheetPropertyNames())));
@@ -187,7 +224,9 @@ public:
             return;
         const int place = Form.Doc.PlaceOfAttribute(widget.Element, attribute::Class);
         if (widget.Class.isEmpty())
-            Sink.Add(Code::ClassUnknown, place, QStringLiteral("The widget \"%1\" has no class").arg(widget.Name));
+            Sink.Add(Code::ClassUnknown, place,
+                widget.IsNamed ? QStringLiteral("The widget \"%1\" has no class").arg(widget.Name)
+                               : QStringLiteral("A widget without a name has no class either"));
         else
             Sink.Add(Code::ClassUnknown, place,
                 QStringLiteral("There is no class \"%1\"%2")
@@ -196,6 +235,7 @@ public:
 
 private:
     const FormModel &Form;
+    const FormModel *Before;
     FindingSink &Sink;
 };
 
@@ -207,13 +247,16 @@ void CheckProperties(const FormModel &form, FindingSink &sink)
     check.CheckSheet();
     for (const WidgetEntry &widget : form.Widgets) {
         check.CheckClass(widget);
-        check.CheckWidget(widget, widget.Info);
+        check.CheckWidget(widget, widget.Info, widget.Info && IsScaled(widget, *widget.Info));
     }
 }
 
-void CheckPropertiesOf(const WidgetEntry &widget, const ClassInfo *info, const FormModel &form, FindingSink &sink)
+void CheckChangedProperties(const WidgetEntry &widget, const FormModel &change, const WidgetEntry &changed,
+    const FormModel &form, FindingSink &sink)
 {
-    PropertyCheck(form, sink).CheckWidget(widget, info);
+    const ClassInfo *info = changed.Info;
+    const bool isScaled = info && (IsScaled(widget, *info) || IsScaled(changed, *info));
+    PropertyCheck(change, sink, &form).CheckWidget(widget, info, isScaled);
 }
 
 } // namespace Orbel

@@ -6,7 +6,8 @@
 namespace Orbel
 {
 
-/// Properties of one widget, whose class is `info`, which may be null.
-void CheckPropertiesOf(const WidgetEntry &widget, const ClassInfo *info, const FormModel &form, FindingSink &sink);
+/// The properties that the widget of a change gives to `changed`, a widget of the form.
+void CheckChangedProperties(const WidgetEntry &widget, const FormModel &change, const WidgetEntry &changed,
+    const FormModel &form, FindingSink &sink);
 
 } // namespace Orbel

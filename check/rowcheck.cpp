@@ -27,6 +27,9 @@ void CheckLabel(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
 {
     const PropertyEntry *label = widget.Find(prop::LabelText);
     const bool hasRow = !widget.Info || widget.Has(ekRow);
+    if (label && !hasRow && widget.Has(ekShown) && !form.ScriptSpeaksOf(prop::LabelText))
+        sink.Add(Code::LabelHidden, form.Doc.PlaceOf(label->Element),
+            QStringLiteral("A %1 has no row label").arg(widget.Class));
     if (!hasRow || !label || label->Text.isEmpty() || widget.States(prop::Visible)
         || form.ScriptMayCall(widget, "setVisible"))
         return;

@@ -36,7 +36,7 @@ const QSet<QString> &ReservedWords()
 
 bool IsScriptName(const QString &text)
 {
-    static const QRegularExpression name(QStringLiteral("^[\\p{L}_$][\\p{L}\\p{N}_$]*$"));
+    static const QRegularExpression name(QStringLiteral("\\A[\\p{L}_$][\\p{L}\\p{N}_$]*\\z"));
     return name.match(text).hasMatch() && !ReservedWords().contains(text);
 }
 

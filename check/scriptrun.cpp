@@ -129,7 +129,7 @@ private:
     void TellException(const QScriptValue &exception, int line)
     {
         // A syntax error has been told with its place by the check on paper.
-        if (exception.property(QStringLiteral("name")).toString() == QLatin1String("SyntaxError"))
+        if (IsStopped || exception.property(QStringLiteral("name")).toString() == QLatin1String("SyntaxError"))
             return;
         QString text = exception.toString();
         if (text.endsWith(QLatin1Char('.')))
@@ -142,6 +142,10 @@ private:
         const QString name = match.captured(1) + match.captured(3);
         const int index = PlaceInLine(line, owner, name);
         Told.insert(index);
+        // A handler that calls itself throws the same once for each call.
+        if (Exceptions.contains({index, text}))
+            return;
+        Exceptions.insert({index, text});
         Sink.Add(Code::ScriptException, Script.PlaceOf(index),
             QStringLiteral("The script throws %1%2").arg(text, name.isEmpty() ? QString() : Suggest(owner, name)));
     }
@@ -208,6 +212,7 @@ private:
     PositionAgent *Position; ///< The engine's.
     QTimer Clock;
     QSet<int> Told;
+    QSet<QPair<int, QString>> Exceptions;
     int Time = 0;
     bool IsStopped = false;
 };

@@ -79,14 +79,15 @@ private:
         const int start = At;
         const QChar quote = Here();
         bool inClass = false;
-        for (++At; At < Code.size() && (Here() != quote || inClass); ++At) {
+        for (++At; At < Code.size() && Here() != QLatin1Char('\n') && (Here() != quote || inClass); ++At) {
             if (Here() == QLatin1Char('\\'))
                 ++At;
             else if (quote == QLatin1Char('/'))
                 inClass = Here() == QLatin1Char('[') || (inClass && Here() != QLatin1Char(']'));
         }
+        const bool isText = quote != QLatin1Char('/');
+        Tokens.append({ScriptToken::Literal, isText ? Code.mid(start + 1, At - start - 1) : QString(), start});
         ++At;
-        Tokens.append({ScriptToken::Literal, QString(), start});
         while (quote == QLatin1Char('/') && Here().isLetter())
             ++At;
     }

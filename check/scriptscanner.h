@@ -9,7 +9,7 @@ namespace Orbel
 struct ScriptToken {
     enum Kind { Name, Literal, Mark };
     Kind What;
-    QString Text; ///< Of a literal nothing.
+    QString Text; ///< Of a text what stands between its quotation marks, of another literal nothing.
     int Index; ///< In the code.
 };
 

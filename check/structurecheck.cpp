@@ -2,6 +2,7 @@
 
 #include "elementnames.h"
 #include "formlimits.h"
+#include "registry.h"
 
 namespace Orbel
 {
@@ -13,11 +14,52 @@ namespace element = KV218::element;
 namespace attribute = KV218::attribute;
 namespace limit = KV218::limit;
 
-/// The elements that mean something somewhere in a form.
+struct Home {
+    QLatin1String element;
+    const char *parents;
+};
+
+/// The elements that mean something somewhere in a form, and where.
+constexpr Home Homes[] = {
+    {element::Enums, "ZkParamGui"},
+    {element::Sheet, "ZkParamGui"},
+    {element::Script, "ZkParamGui"},
+    {element::Enum, "Enums"},
+    {element::EnumValue, "Enum"},
+    {element::DisplayName, "EnumValue"},
+    {element::EnumIdentifier, "EnumValue"},
+    {element::Value, "EnumValue"},
+    {element::Properties, "Sheet"},
+    {element::CustomProperties, "Sheet or Widget"},
+    {element::Widget, "Sheet"},
+    {element::Property, "Widget, Properties or CustomProperties"},
+};
+
+QString HomeOf(const QString &name)
+{
+    for (const Home &home : Homes) {
+        if (name == home.element)
+            return QStringLiteral("; it belongs directly into %1").arg(QLatin1String(home.parents));
+    }
+    for (const ValueType type :
+        {ValueType::Bool, ValueType::Int, ValueType::Int64, ValueType::UInt64, ValueType::Double, ValueType::Text}) {
+        if (name == NameOf(type))
+            return QStringLiteral("; it belongs into a Property");
+    }
+    return QString();
+}
+
+QString WidgetText(const QString &name)
+{
+    return name.isEmpty() ? QStringLiteral("a widget without a name") : QStringLiteral("the widget \"%1\"").arg(name);
+}
+
 QStringList ElementNames()
 {
-    return {element::Enums, element::Enum, element::EnumValue, element::Sheet, element::Properties,
-        element::CustomProperties, element::Widget, element::Property, element::Script};
+    QStringList names;
+    for (const Home &home : Homes)
+        names.append(home.element);
+    return names;
 }
 
 } // namespace
@@ -51,7 +93,9 @@ void StructureCheck::Run()
     }
     if (LastForm < 0) {
         const int place = Doc.Elements().isEmpty() ? 0 : Doc.PlaceOf(0);
-        Sink.Add(Code::FormMissing, place, QStringLiteral("There is no form in the document"));
+        const QString root = Doc.Elements().isEmpty() ? QString() : Doc.At(0).Name;
+        Sink.Add(Code::FormMissing, place,
+            QStringLiteral("There is no form in the document") + Sink.Suggest(root, {element::Form}));
         return;
     }
     AssignLost();
@@ -142,8 +186,9 @@ void StructureCheck::ReadWidget(int widget)
     }
     // Entered: its end tag ends the sheet, and its properties are skipped one by one.
     Obstacles.append({Code::ChangeWidget, widget, true,
-        QStringLiteral("The form has no widget \"%1\"%2")
-            .arg(name, Sink.Suggest(name, QStringList(KnownWidgets.cbegin(), KnownWidgets.cend()))),
+        name.isEmpty() ? QStringLiteral("A widget without a name is none of the form's")
+                       : QStringLiteral("The form has no widget \"%1\"%2")
+                             .arg(name, Sink.Suggest(name, QStringList(KnownWidgets.cbegin(), KnownWidgets.cend()))),
         {}});
 }
 
@@ -176,7 +221,11 @@ bool StructureCheck::ReadProperty(int property)
             QStringLiteral("The property \"%1\" has no value element").arg(NameOf(property)), {}});
         return false;
     }
-    ReadText(Cursor.Current());
+    const int value = Cursor.Current();
+    ReadText(value);
+    for (int more = Doc.At(value).NextSibling; more >= 0 && !Cursor.AtEnd(); more = Doc.At(more).NextSibling)
+        Sink.Add(Code::ElementSkipped, Doc.PlaceOf(more),
+            QStringLiteral("\"%1\" is skipped in a Property, which has one value").arg(Doc.At(more).Name));
     Cursor.SkipCurrent();
     return true;
 }
@@ -194,10 +243,12 @@ void StructureCheck::ReadText(int element)
 void StructureCheck::Skip(int element, int parent, const QString &text)
 {
     // Behind an early end, elements are met at levels where they do not belong; those are lost, not misplaced.
+    const QString &name = Doc.At(element).Name;
+    const QString home = HomeOf(name);
     if (Doc.At(element).Parent == parent)
         Obstacles.append({Code::ElementSkipped, element, false,
             QStringLiteral("\"%1\" is skipped %2%3")
-                .arg(Doc.At(element).Name, text, Sink.Suggest(Doc.At(element).Name, ElementNames())),
+                .arg(name, text, home.isEmpty() ? Sink.Suggest(name, ElementNames()) : home),
             {}});
     Cursor.SkipCurrent();
 }
@@ -210,10 +261,12 @@ void StructureCheck::Enter(int element, int list)
     const QString &name = Doc.At(element).Name;
     const bool isWrapper = name == element::Properties && Doc.At(list).Name == element::Widget;
     const QString place = Doc.At(list).Name == element::Widget
-        ? QStringLiteral("the widget \"%1\"").arg(NameOf(list))
+        ? WidgetText(NameOf(list))
         : QLatin1Char('"') + Doc.At(list).Name + QLatin1Char('"');
+    const QString home = HomeOf(name);
     const QString hint = isWrapper ? QStringLiteral("; a widget holds its properties directly")
-                                   : Sink.Suggest(name, {element::Property, element::CustomProperties});
+        : home.isEmpty()           ? Sink.Suggest(name, {element::Property, element::CustomProperties})
+                                   : home;
     Obstacles.append({isWrapper ? Code::PropertiesWrapper : Code::ElementEntered, element, true,
         QStringLiteral("\"%1\" ends the reading of %2%3").arg(name, place, hint), {}});
 }
@@ -264,11 +317,11 @@ QString StructureCheck::LostText(const Obstacle &obstacle) const
 {
     struct Kind {
         QLatin1String element;
-        const char *one;
-        const char *many;
+        const char *kind;
+        const char *kinds;
     };
-    const Kind kinds[] = {{element::Property, "the property", "the properties"},
-        {element::Widget, "the widget", "the widgets"}, {element::Enum, "the enumeration", "the enumerations"}};
+    const Kind kinds[] = {{element::Property, "property", "properties"}, {element::Widget, "widget", "widgets"},
+        {element::Enum, "enumeration", "enumerations"}};
     QStringList parts;
     for (const Kind &kind : kinds) {
         QStringList names;
@@ -276,8 +329,13 @@ QString StructureCheck::LostText(const Obstacle &obstacle) const
             if (Doc.At(element).Name == kind.element)
                 names.append(NameOf(element));
         }
+        const int unnamed = names.removeAll(QString());
+        if (unnamed > 0)
+            parts.append(QStringLiteral("%1 %2 without a name")
+                             .arg(QString::number(unnamed), QLatin1String(unnamed == 1 ? kind.kind : kind.kinds)));
         if (!names.isEmpty())
-            parts.append(QLatin1String(names.size() == 1 ? kind.one : kind.many) + QLatin1Char(' ') + Quoted(names));
+            parts.append(QStringLiteral("the %1 %2")
+                             .arg(QLatin1String(names.size() == 1 ? kind.kind : kind.kinds), Quoted(names)));
     }
     for (const int element : obstacle.lost) {
         if (Doc.At(element).Name == element::Script) {

@@ -18,7 +18,7 @@ QString NearestName(const QString &name, const QStringList &names)
     int least = qMax(1, name.size() / 3) + 1;
     for (const QString &candidate : names) {
         // The shortest way to another length is longer already.
-        if (qAbs(name.size() - candidate.size()) >= least)
+        if (candidate == name || qAbs(name.size() - candidate.size()) >= least)
             continue;
         const int distance = EditDistance(name.toLower(), candidate.toLower());
         if (distance < least && distance < candidate.size()) {

@@ -6,7 +6,7 @@ namespace Orbel
 {
 
 /// The name nearest to `name`, when it is near enough to be meant: at most one letter in three differs. Upper and lower
-/// case count as equal. Empty when none is near.
+/// case count as equal. Never `name` itself. Empty when none is near.
 QString NearestName(const QString &name, const QStringList &names);
 
 /// `; did you mean "X"?`, or nothing when no name is near.

@@ -27,6 +27,22 @@ void PrintText(const QString &text)
     std::fputs(text.toUtf8().constData(), stdout);
 }
 
+bool IsFormMissing(const Orbel::Finding &finding)
+{
+    return finding.Code == QLatin1String("form-missing");
+}
+
+/// A definition under another name is taken for a component list, in which no form is found.
+void TellName(const QByteArray &document, Orbel::Findings &findings)
+{
+    const auto missing = std::find_if(findings.begin(), findings.end(), IsFormMissing);
+    if (missing == findings.end())
+        return;
+    const Orbel::Findings asForm = Orbel::Check::Definition(document);
+    if (std::none_of(asForm.cbegin(), asForm.cend(), IsFormMissing))
+        missing->Text += QStringLiteral("; it is a definition, whose file name must end in \".orbel\"");
+}
+
 bool IsBefore(const Orbel::Finding &a, const Orbel::Finding &b)
 {
     return a.Line < b.Line || (a.Line == b.Line && a.Column < b.Column);
@@ -42,7 +58,7 @@ void CheckCommand::Define(QCommandLineParser &parser) const
     parser.addPositionalArgument(QStringLiteral("FILE..."),
         QStringLiteral("Form definitions, whose names end in \".orbel\", and component lists."),
         QStringLiteral("FILE..."));
-    QCommandLineOption runHere(RunHere);
+    QCommandLineOption runHere(RunHere, QString(), QStringLiteral("KIND"));
     runHere.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({
         {Json, QStringLiteral("Prints an array of objects instead.")},
@@ -60,14 +76,16 @@ int CheckCommand::Run(const QCommandLineParser &parser)
 {
     Parser = &parser;
     if (parser.isSet(Codes)) {
+        if (parser.isSet(Json))
+            throw UsageFailure(QStringLiteral("--codes prints a page, and does not go with --json"));
         PrintText(Orbel::Check::Explanations());
         return ekFine;
     }
-    const QStringList paths = Arguments(parser, INT_MAX);
     if (parser.isSet(RunHere)) {
-        PrintText(FindingsToJson(RunForms(paths.constFirst())));
+        PrintText(FindingsToJson(RunForms(parser.value(RunHere) == ListKind)));
         return ekFine;
     }
+    const QStringList paths = Arguments(parser, INT_MAX);
     for (const QString &option : {QString(Params), QString(Changed)}) {
         if (parser.isSet(option) && (paths.size() > 1 || IsComponentList(paths.constFirst())))
             throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
@@ -87,24 +105,26 @@ int CheckCommand::Run(const QCommandLineParser &parser)
 void CheckCommand::CheckFile(const QString &path)
 {
     const QByteArray document = ReadFile(path);
-    Orbel::Findings findings
-        = IsComponentList(path) ? Orbel::Check::ComponentList(document) : Orbel::Check::Definition(document);
+    const bool isList = IsComponentList(path);
+    Orbel::Findings findings = isList ? Orbel::Check::ComponentList(document) : Orbel::Check::Definition(document);
+    if (isList)
+        TellName(document, findings);
     if (Parser->isSet(RunOption)) {
-        findings += RunInProcess(path);
+        findings += RunInProcess(document, isList);
         std::stable_sort(findings.begin(), findings.end(), IsBefore);
     }
     Take(path, findings);
     for (const QString &option : {QString(Changed), QString(Params)}) {
         if (Parser->isSet(option))
-            CheckAgainst(option, path);
+            CheckAgainst(option, document);
     }
 }
 
-void CheckCommand::CheckAgainst(const QString &option, const QString &form)
+void CheckCommand::CheckAgainst(const QString &option, const QByteArray &form)
 {
     const QString path = Parser->value(option);
     const auto check = option == Params ? Orbel::Check::Parameters : Orbel::Check::Changed;
-    Take(path, check(ReadFile(path), ReadFile(form)));
+    Take(path, check(ReadFile(path), form));
 }
 
 void CheckCommand::Take(const QString &path, const Orbel::Findings &findings)

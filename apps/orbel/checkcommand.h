@@ -13,7 +13,7 @@ public:
 
 private:
     void CheckFile(const QString &path);
-    void CheckAgainst(const QString &option, const QString &form);
+    void CheckAgainst(const QString &option, const QByteArray &form);
     void Take(const QString &path, const Orbel::Findings &findings);
     void Print() const;
 

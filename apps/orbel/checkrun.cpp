@@ -1,10 +1,10 @@
 #include "checkrun.h"
 
 #include "checkjson.h"
-#include "inputfile.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QProcess>
 
 #include <cstdio>
@@ -62,19 +62,23 @@ bool IsComponentList(const QString &path)
     return !path.endsWith(QLatin1String(".orbel"));
 }
 
-Orbel::Findings RunForms(const QString &path)
+Orbel::Findings RunForms(bool isList)
 {
-    const QByteArray document = ReadFile(path);
-    return IsComponentList(path) ? Orbel::Check::RunComponentList(document, RunTime, TellWatcher)
-                                 : Orbel::Check::RunDefinition(document, RunTime, TellWatcher);
+    QFile input;
+    const QByteArray document = input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+    return isList ? Orbel::Check::RunComponentList(document, RunTime, TellWatcher)
+                  : Orbel::Check::RunDefinition(document, RunTime, TellWatcher);
 }
 
-Orbel::Findings RunInProcess(const QString &path)
+Orbel::Findings RunInProcess(const QByteArray &document, bool isList)
 {
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(QCoreApplication::applicationFilePath(),
-        {QStringLiteral("check"), QStringLiteral("--run-here"), QStringLiteral("--"), path}, QIODevice::ReadOnly);
+        {QStringLiteral("check"), QStringLiteral("--run-here"), isList ? ListKind : DefinitionKind});
+    // What can be read once only has been read already.
+    process.write(document);
+    process.closeWriteChannel();
     QByteArray output;
     if (!process.waitForStarted() || !WaitFor(process, output)) {
         process.kill();

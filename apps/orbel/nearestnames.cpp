@@ -17,7 +17,8 @@ QStringList NearestNames(const QString &name, const QStringList &names, int coun
         [](const Candidate &a, const Candidate &b) { return a.Distance < b.Distance; });
     QStringList nearest;
     for (const Candidate &candidate : qAsConst(candidates)) {
-        if (nearest.size() < count)
+        const bool isNear = candidate.Distance <= qMax(name.size(), candidate.Name.size()) / 2;
+        if (nearest.size() < count && (isNear || nearest.isEmpty()))
             nearest.append(candidate.Name);
     }
     return nearest;

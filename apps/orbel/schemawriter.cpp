@@ -207,8 +207,8 @@ private:
             Orbel::ValueType type;
             const char *schemaType;
         };
-        constexpr Value values[] = {{Orbel::ValueType::Bool, "bool"}, {Orbel::ValueType::Int, "xs:int"},
-            {Orbel::ValueType::Int64, "xs:long"}, {Orbel::ValueType::UInt64, "xs:unsignedLong"},
+        constexpr Value values[] = {{Orbel::ValueType::Bool, "bool"}, {Orbel::ValueType::Int, "int"},
+            {Orbel::ValueType::Int64, "int64"}, {Orbel::ValueType::UInt64, "uint64"},
             {Orbel::ValueType::Double, "xs:double"}, {Orbel::ValueType::Text, "xs:string"}};
         Begin("group");
         Set("name", QStringLiteral("value"));
@@ -220,6 +220,31 @@ private:
         BeginNames("bool");
         Name(QStringLiteral("true"), QString());
         Name(QStringLiteral("false"), QString());
+        EndNames();
+        WriteNumber("int", "xs:int", "paddedNumber");
+        WriteNumber("int64", "xs:long", "paddedNumber");
+        WriteNumber("uint64", "xs:unsignedLong", "paddedCount");
+        WritePattern("paddedNumber", "\\s+[\\-+]?[0-9]+\\s*|[\\-+]?[0-9]+\\s+");
+        WritePattern("paddedCount", "\\+[0-9]+|\\s+\\+?[0-9]+\\s*|\\+?[0-9]+\\s+");
+    }
+
+    /// The form takes numbers with blanks around them. So do these types by themselves, but not every validator knows.
+    void WriteNumber(const char *name, const char *number, const char *padded)
+    {
+        Begin("simpleType");
+        Set("name", QLatin1String(name));
+        Begin("union");
+        Set("memberTypes", QLatin1String(number) + QLatin1Char(' ') + QLatin1String(padded));
+        End();
+        End();
+    }
+
+    void WritePattern(const char *name, const char *pattern)
+    {
+        BeginNames(name);
+        Begin("pattern");
+        Set("value", QLatin1String(pattern));
+        End();
         EndNames();
     }
 

@@ -34,7 +34,8 @@ QString Enum(const QString &rows)
 
 QString Row(const QString &name, const QString &identifier, const QString &value)
 {
-    return QString("<EnumValue><DisplayName>%1</DisplayName><EnumIdentifier>%2</EnumIdentifier><Value>%3</Value></EnumValue>")
+    return QString(
+        "<EnumValue><DisplayName>%1</DisplayName><EnumIdentifier>%2</EnumIdentifier><Value>%3</Value></EnumValue>")
         .arg(name, identifier, value);
 }
 
@@ -48,6 +49,13 @@ QString Cut(const QString &insideFirst)
 QString Scripted(const QString &code)
 {
     return Sheet(W("n", "SpinBox") + W("box", "CheckBox"), Enum(Row("A", "A", "1")) + "<Script>" + code + "</Script>");
+}
+
+/// A handler of a change that the script itself raises.
+QString Handled(const QString &body)
+{
+    return Sheet(W("h", "HiddenParameter"),
+        "<Script>function f(v) {\n" + body + "\n}\nh.valueChanged.connect(f);\nh.setValue(1);</Script>");
 }
 
 const QString List = "<Components><Component name='A'><ValueString id='ORBEL' value='%1'/></Component></Components>";
@@ -64,8 +72,10 @@ QString PlainForm()
     return Sheet(W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
             + W("box", "CheckBox", Written + P("checkedValue", "String", "on"))
             + W("mode", "ComboBox", Written + P("enumName", "String", "Mode"))
-            + W("list", "SpinBoxList", Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I")),
-        Enum(Row("A", "A", "1") + Row("B", "B", "2")));
+            + W("list", "SpinBoxList", Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I") + P("maximum", "Int", "8"))
+            + W("table", "HiddenTable", Written + P("rowCount", "Int", "2") + P("columnCount", "Int", "3") + P("parameterListItemTag", "String", "I"))
+            + W("holder", "SpecialObject_Generic"),
+        Enum(Row("A", "A", "1") + Row("B", "B", "2")) + "<Script>var x = n.own;</Script>");
 }
 
 const QVector<BrokenForm> &BrokenForms()
@@ -94,12 +104,14 @@ const QVector<BrokenForm> &BrokenForms()
         {"unknown element in the sheet's list", K::Definition, Sheet("<Properties>@<Other/></Properties>" + W("a", "Label")), "element-entered"},
         {"element inside a value", K::Definition, Cut("<Property name='text'><String>a@<b/></String></Property>"), "value-nested"},
         {"element inside a script", K::Definition, Sheet("", "<Script>a@<b/></Script>"), "value-nested"},
+        {"two values of one property", K::Definition, Sheet(W("a", "Label", "<Property name='text'><String>x</String>@<String>y</String></Property>")), "element-skipped"},
         {"lists nested too deep", K::Definition, Cut(QString("<CustomProperties>").repeated(63) + "@<CustomProperties>" + QString("</CustomProperties>").repeated(64)), "list-too-deep"},
         {"two scripts", K::Definition, Sheet("", "@<Script>1</Script><Script>2</Script>"), "script-replaced"},
         // classes and properties
         {"misspelt class", K::Definition, Sheet("<Widget name='a' class='@Spinbox'/>"), "class-unknown"},
         {"no class", K::Definition, Sheet("@<Widget name='a'/>"), "class-unknown"},
         {"misspelt property", K::Definition, Sheet(W("a", "Label", P("@txt", "String", "x"))), "property-unknown"},
+        {"misspelt property beside a variable", K::Definition, Sheet(W("a", "Label", P("@txt", "String", "x")), "<Script>var txt = 1; /* a.txt */</Script>"), "property-unknown"},
         {"misspelt property of the sheet", K::Definition, Sheet("<Properties>" + P("@autoApply", "Bool", "true") + "</Properties>"), "property-unknown"},
         {"property without a name", K::Definition, Sheet(W("a", "Label", "@<Property><String>x</String></Property>")), "property-unnamed"},
         {"property stated twice", K::Definition, Sheet(W("a", "Label", P("text", "String", "x") + P("@text", "String", "y"))), "property-doubled"},
@@ -110,6 +122,8 @@ const QVector<BrokenForm> &BrokenForms()
         {"word for a number", K::Definition, Number(P("singleStep", "Double", "@small") + P("suffix", "String", "small")), "value-type"},
         {"text for a picture", K::Definition, Sheet(W("a", "PushButton", P("icon", "String", "@a.png"))), "value-type"},
         {"negative scale", K::Definition, Sheet(W("a", "BandwidthEdit", P("unitScale", "UInt64", "@-1"))), "value-type"},
+        {"fraction for a limit of whole numbers", K::Definition, Sheet(W("a", "SpinBox", P("minimum", "Double", "@0.5") + P("displayScalingFactor", "Double", "1"))), "value-type"},
+        {"Bool for a number", K::Definition, Sheet(W("a", "SpinBox", "<Property name='value'>@<Bool>true</Bool></Property>")), "value-type"},
         {"unknown apply mode", K::Definition, Sheet(W("a", "CheckBox", P("applyMode", "String", "@instant"))), "value-choice"},
         {"capital True", K::Definition, Sheet(W("a", "CheckBox", P("checked", "Bool", "@True"))), "bool-text"},
         {"1 as a Bool", K::Definition, Sheet(W("a", "CheckBox", P("checked", "Bool", "@1") + P("readOnly", "Int", "1"))), "bool-text"},
@@ -120,6 +134,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"two widgets of one name", K::Definition, Sheet(W("a", "Label") + W("@a", "Label")), "name-doubled"},
         {"widget named like the sheet", K::Definition, Sheet(W("@sheet", "Label")), "name-hidden"},
         {"enumeration named like a widget", K::Definition, Sheet(W("Mode", "Label"), Enum(Row("A", "A", "1")).replace("'Mode'", "'@Mode'")), "name-hidden"},
+        {"two enumerations named like a widget", K::Definition, Sheet(W("Mode", "Label"), "<Enums><Enum name='@Mode'/><Enum name='@Mode'/></Enums>"), "name-hidden name-doubled"},
         {"widget named like a built-in", K::Definition, Sheet(W("@Math", "Label")), "name-builtin"},
         {"name that no script can write", K::Definition, Sheet(W("@my-label", "Label"), "<Script>1;</Script>"), "name-unwritable"},
         // enumerations
@@ -128,12 +143,16 @@ const QVector<BrokenForm> &BrokenForms()
         {"value that no row has", K::Definition, Sheet(W("a", "ComboBox", P("enumName", "String", "Mode") + P("currentValue", "String", "@2")), Enum(Row("A", "A", "1"))), "enum-value"},
         {"equal rows", K::Definition, "<ZkParamGui>" + Enum(Row("A", "A", "1") + Row("A", "A", "1").replace("<Val", "@<Val").replace("<EnumId", "@<EnumId").replace("<EnumValue>", "@<EnumValue>")) + "</ZkParamGui>", "enum-doubled enum-doubled enum-doubled"},
         {"reserved identifier", K::Definition, "<ZkParamGui>" + Enum(Row("A", "@default", "1") + Row("B", "@2nd", "2")) + "</ZkParamGui>", "enum-identifier enum-identifier"},
+        {"rows without a value", K::Definition, "<ZkParamGui>" + Enum("<EnumValue/><EnumValue>@<Value/></EnumValue>@<EnumValue/>") + "</ZkParamGui>", "enum-doubled enum-doubled"},
+        {"two values in a row", K::Definition, "<ZkParamGui>" + Enum("<EnumValue><Value>1</Value>@<Value>2</Value></EnumValue>") + "</ZkParamGui>", "enum-doubled"},
         // limits
         {"limits reversed", K::Definition, Number(P("minimum", "Double", "@5") + P("maximum", "Double", "1")), "limit-reversed"},
         {"value above", K::Definition, Number(P("maximum", "Double", "1") + P("value", "Double", "@2")), "limit-outside"},
         {"value below in display units", K::Definition, Number(P("value", "Double", "@2") + P("minimum", "Double", "1") + P("displayScalingFactor", "Double", "0.1")), "limit-outside"},
         {"scaled frequency outside", K::Definition, Sheet(W("a", "BandwidthEdit", P("unitScale", "UInt64", "1000") + P("maximum", "Int64", "20") + P("value", "Int64", "@20001"))), "limit-outside"},
         {"range reversed", K::Definition, Sheet(W("a", "FrequencyRangeEdit", P("startFrequency", "Int64", "@9000") + P("stopFrequency", "Int64", "9000"))), "limit-reversed"},
+        {"range outside the limits of its class", K::Definition, Sheet(W("a", "FrequencyRangeEdit", P("startFrequency", "Int64", "@7999") + P("stopFrequency", "Int64", "@26500000001"))), "limit-outside limit-outside"},
+        {"value between limits reversed", K::Definition, Number(P("minimum", "Double", "@5") + P("maximum", "Double", "1") + P("value", "Double", "3")), "limit-reversed"},
         {"step of 0", K::Definition, Number(P("singleStep", "Double", "@0")), "limit-step"},
         {"factor of 0", K::Definition, Number(P("displayScalingFactor", "Double", "@0")), "limit-factor"},
         {"too many items", K::Definition, Sheet(W("a", "SpinBoxList", P("itemCount", "Int", "@1001"))), "count-beyond"},
@@ -143,7 +162,9 @@ const QVector<BrokenForm> &BrokenForms()
         {"table without columns", K::Definition, Sheet("@" + W("a", "TableWidget", P("rowCount", "Int", "3"))), "count-missing"},
         // rows
         {"label without visible", K::Definition, Sheet("<Widget name='a' class='Label'>@" + P("labelText", "String", "L") + "</Widget>"), "label-hidden"},
+        {"row label of a gap", K::Definition, Sheet(W("a", "FixedSpacer", "@" + P("labelText", "String", "L"))), "label-hidden"},
         {"control without enabled", K::Definition, Sheet("@<Widget name='a' class='CheckBox'/>"), "input-unstated"},
+        {"control that only another one's function and a comment enable", K::Definition, Sheet("@<Widget name='a' class='CheckBox'/>", "<Script>// a.setEnabled(true){{LF}}n.setEnabled(a.checked);</Script>"), "input-unstated"},
         {"groups without members", K::Definition, Sheet("@" + W("a", "Headline", P("text", "String", "A")) + W("hidden", "HiddenMap") + "@" + W("b", "Headline", P("text", "String", "B"))), "group-empty group-empty"},
         {"headline without a text", K::Definition, Sheet("@" + W("a", "Headline") + W("b", "Label")), "headline-untitled"},
         // parameter document
@@ -152,6 +173,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"two controls at one place", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "x/y")) + W("b", "CheckBox", Written + P("parameterXmlTag", "String", "@x/y"))), "parameter-doubled"},
         {"control at an enclosing place", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x")) + W("b", "CheckBox", Written + P("parameterXmlTag", "String", "x/y"))), "parameter-doubled"},
         {"tags that are no names", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x/1 y")) + "@" + W("b c", "CheckBox", Written)), "parameter-tag parameter-tag"},
+        {"tag with nothing behind its last part", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x/")) + W("b", "CheckBox", P("generateParameterXml", "Bool", "false") + P("parameterXmlTag", "String", "y/"))), "parameter-tag"},
         {"root that is no name", K::Definition, Sheet("<Properties>" + P("parametersXmlRootTag", "String", "@<![CDATA[a&b]]>") + "</Properties>"), "parameter-tag"},
         {"attribute without a value", K::Definition, Sheet("<CustomProperties>@" + P("Attribute_Site", "String", "x") + "</CustomProperties>"), "attribute-empty"},
         {"attribute without a declaration", K::Definition, Sheet("<Properties>@" + P("Attribute_Site", "String", "x") + "</Properties>"), "attribute-undeclared"},
@@ -165,19 +187,26 @@ const QVector<BrokenForm> &BrokenForms()
         {"syntax error", K::Definition, Scripted("var x = 1;\n  if (x @{\n}"), "script-syntax"},
         {"syntax error behind line marks", K::Definition, Scripted("var x = 1;{{CR}}{{LF}}{{LF}}  y = @];"), "script-syntax"},
         {"syntax error behind entities", K::Definition, Scripted("x &lt; 1 &amp;&amp; <![CDATA[ 1 < 2 ;\n y]]> @y"), "script-syntax"},
+        {"syntax error behind operators and texts", K::Definition, Scripted("x = !y == 1.5e-3&amp;&amp;'a b'+-.5 ; x.@=y"), "script-syntax"},
+        {"brackets that never close", K::Definition, Scripted("var x = " + QString("[").repeated(2000) + "@"), "script-syntax"},
+        {"syntax error in deep brackets", K::Definition, Scripted("var x = " + QString("[").repeated(64) + "@; x"), "script-syntax"},
         {"unfinished script", K::Definition, Scripted("function f() {\n  1;@"), "script-syntax"},
         {"exception", K::Run, Scripted("var x = 1;{{LF}}  @nosuch.y = x;"), "script-exception"},
         {"exception of a control's member", K::Run, Scripted("var x = 1;\n  @n.setValu(1);").replace("@n.setV", "n.@setV"), "script-exception"},
         {"unknown names in handlers", K::Run, Scripted("function f(v) { var w, z = [1, v]; if (/n\\.no/.test(w)) box.@setCheked(v); return @whatever(z, {key: w}); }\nn.valueChanged.connect(f); n.maximum; Mode.@B; own = 1; own.x;"), "script-unknown script-unknown script-unknown"},
         {"endless script", K::Run, Scripted("var x = 1;\n@while (x) {\nx = 2; }").replace("@while (x) {\nx", "while (x) {\n@x"), "script-endless"},
+        {"endless handler", K::Run, Handled("@while (v) { v = 2; }"), "script-endless"},
+        {"handler that calls itself", K::Run, Handled("if (v &lt; 9) h.setValue(v + 1); @nosuch();"), "script-exception"},
         {"cut form is not run", K::Run, Cut("<Property name='text'/>").replace("<Script>", "@<Script>"), "script-not-run"},
         // other documents
         {"change of an unknown widget", K::Change, Sheet(W("n", "SpinBox") + "@" + W("m", "SpinBox") + W("box", "CheckBox"), "@<Script>1</Script>"), "change-widget change-script"},
         {"change that is ignored", K::Change, Sheet("@<Properties/>" + W("n", "SpinBox").replace("'SpinBox'", "'@Label'") + W("box", "", P("@chcked", "Bool", "true"))), "change-ignored change-ignored property-unknown"},
+        {"change that the form's script and holder take", K::Change, Sheet(W("n", "", P("own", "Int", "1") + P("@others", "Int", "1")) + W("holder", "", P("any", "Int", "1"))), "property-unknown"},
         {"another document", K::Parameters, "@<Settings/>", "document-root"},
         {"elements without a control", K::Parameters, "<Parameters>@<N/><Rx>@<M><x/></M></Rx></Parameters>", "document-element document-element"},
         {"element twice", K::Parameters, "<Parameters><Rx><N>1</N></Rx><Rx>@<N>2</N></Rx></Parameters>", "document-repeated"},
         {"texts that nothing takes", K::Parameters, "<Parameters><Rx><N>@1.5</N></Rx><box>@yes</box><mode>@3</mode><list><I>1</I><I>@a</I></list></Parameters>", "document-value document-value document-value document-value"},
+        {"numbers and items outside", K::Parameters, "<Parameters><list><I>1</I><I index='0'>@9</I><I index='1'>1</I>@<I>1</I></list><table><I row='1' column='2'>x</I>@<I row='2'>x</I></table></Parameters>", "document-value document-value document-value"},
         {"list without a form", K::List, "@<Components/>", "form-missing"},
         {"component without a name", K::List, QString(List).replace("name='A'", "").replace("<ValueString", "@<ValueString").arg("&lt;ZkParamGui/>"), "component-unnamed"},
         {"mistakes inside an attribute", K::List, List.arg(Escaped(Sheet(W("a", "CheckBox", P("checked", "Bool", "@True")), "<Script>x &amp;&amp;{{LF}}@] x</Script>"))), "bool-text script-syntax"},

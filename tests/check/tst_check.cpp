@@ -237,7 +237,7 @@ private Q_SLOTS:
         form->SetChangedORBEL(change);
         QCOMPARE(Delegate(form, "n")->property("value").toInt(), 5);
         QVERIFY(!Delegate(form, "box")->property("checked").isValid());
-        QVERIFY(form->GetScript().GetCode().isEmpty());
+        QCOMPARE(form->GetScript().GetCode(), Parse(PlainForm())->GetScript().GetCode());
     }
 
     void findingsAboutControlsAreTrue()
@@ -287,6 +287,15 @@ private Q_SLOTS:
         add("script shows the label later",
             sheet(Widget("a", "Label", {"labelText=String:L"}), "<Script>a.setVisible(true);</Script>"));
         add("script states enabled", sheet(Widget("a", "CheckBox"), "<Script>a.setEnabled(true);</Script>"));
+        add("script knows a control by another name",
+            sheet(Widget("a", "CheckBox"), "<Script>var b = a; b.setEnabled(true);</Script>"));
+        add("script names control and function in texts",
+            sheet(Widget("a", "CheckBox"), "<Script>this['a'][\"setEnabled\"](true);</Script>"));
+        add("script in a script",
+            sheet(Widget("a", "CheckBox"), "<Script>eval('a.setEnabled(' + true + ')');</Script>"));
+        add("deep brackets",
+            sheet("",
+                "<Script>var x = " + QString("[").repeated(300) + QString("]").repeated(300) + "{{LF}}x;</Script>"));
         add("property for the script", sheet(Widget("a", "Label", {"own=Int:1"}), "<Script>print(a.own);</Script>"));
         add("holder of properties", sheet(Widget("a", "SpecialObject_Generic", {"anything=Int:1"}), ""));
         add("enumeration that the host fills",
@@ -299,6 +308,17 @@ private Q_SLOTS:
             sheet(Widget("a", "BandwidthEdit",
                       {"enabled=Bool:true", "value=Int64:20000", "unitScale=UInt64:1000", "maximum=Int64:20"}),
                 ""));
+        add("fraction of a scaled limit",
+            sheet(Widget("a", "SpinBox", {"enabled=Bool:true", "minimum=Double:0.5", "displayScalingFactor=Double:0.1"})
+                    + Widget(
+                        "b", "BandwidthEdit", {"enabled=Bool:true", "maximum=Double:1.5", "unitScale=UInt64:1000000"}),
+                ""));
+        add("word for what nothing reads",
+            sheet(Widget("a", "FrequencyEdit", {"enabled=Bool:true", "unitScale=String:kHz"}), ""));
+        add("range that the script moves",
+            sheet(Widget("a", "FrequencyRangeEdit",
+                      {"enabled=Bool:true", "startFrequency=Int64:9000", "stopFrequency=Int64:9000"}),
+                "<Script>a.setRange(10000, 20000);</Script>"));
         add("types that convert", sheet(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "}), ""));
         add("words of the language",
             sheet("",
@@ -360,6 +380,41 @@ private Q_SLOTS:
         QVERIFY2(suggestion.isEmpty() ? !text.contains("did you") : text.endsWith(suggestion), qPrintable(text));
     }
 
+    void textsTellWhatToDo_data()
+    {
+        const auto add = Columns<QString, QString>({"form", "text"});
+        const auto label
+            = [](const QString &body) { return Definition("<Widget class='Label'>" + body + "</Widget>"); };
+        add("letters that would break the line", Definition("<Widget name='a' class='q&#10;&#9;&#133;'/>"),
+            "There is no class \"q\\n\\t\\x85\"");
+        add("long name with marks inside",
+            Definition("<Widget name='a' class='" + QString("q&quot;").repeated(60) + "' x='1'/>"),
+            "There is no class \"" + QString("q\"").repeated(40) + "...\"");
+        add("root in the wrong case", "<zkParamGUI/>",
+            "There is no form in the document; did you mean \"ZkParamGui\"?");
+        add("element in another place", "<ZkParamGui><Property/></ZkParamGui>",
+            "\"Property\" is skipped in a form, where only Enums, Sheet and Script count; it belongs directly into "
+            "Widget, Properties or CustomProperties");
+        add("widget in a widget without a name", label("<Widget name='b' class='Label'/>"),
+            "\"Widget\" ends the reading of a widget without a name; it belongs directly into Sheet; lost: the widget "
+            "\"b\"");
+        add("value without a property", label("<Bool>true</Bool>"),
+            "\"Bool\" ends the reading of a widget without a name; it belongs into a Property");
+        add("lost widgets without names",
+            Definition("<Widget name='a' class='Label'><Property name='text'/></Widget><Widget/><Widget/>"),
+            "The property \"text\" has no value element; lost: 2 widgets without a name");
+    }
+
+    void textsTellWhatToDo()
+    {
+        QFETCH(QString, form);
+        QFETCH(QString, text);
+        QStringList texts;
+        for (const Finding &finding : Check::Definition(form.toUtf8()))
+            texts << finding.Text;
+        QVERIFY2(texts.contains(text), qPrintable(texts.join('\n')));
+    }
+
     void reservedWordsAreThoseOfTheEngine()
     {
         QScriptEngine engine;
@@ -368,6 +423,7 @@ private Q_SLOTS:
             QVERIFY2(isRefused(word), qPrintable(word));
         for (const char *word : {"let", "yield", "static", "int", "undefined", "goto", "package", "public"})
             QVERIFY2(!isRefused(word) && IsScriptName(word), word);
+        QVERIFY(!IsScriptName("a\n"));
         QScriptValueIterator global(engine.globalObject());
         while (global.hasNext()) {
             global.next();

@@ -84,6 +84,7 @@ private Q_SLOTS:
             "&lt;Sheet x=\"1\"/>&lt;/ZkParamGui>'/></Component></C>");
         const QString change = Write("change.orbel", Sheet("<Widget name='b'/>"));
         const QString document = Write("params.xml", "<Parameters><b/></Parameters>");
+        const QString other = Write("form.xml", Sheet("<Widget name='a' class='Label'/>"));
         const QString throws = Write("throws.orbel", "<ZkParamGui><Script>nosuch();</Script></ZkParamGui>");
         const QString hangs = Write("hangs.orbel",
             "<ZkParamGui><Script>var a = []; a.length = 4294967295; a.indexOf(1);</Script></ZkParamGui>");
@@ -99,6 +100,8 @@ private Q_SLOTS:
         add("parameter document", {"check", right, "--params", document}, 1, document + ":1:13: warning: No control stands at \"b\" [document-element]\n", "");
         add("exception in a run", {"check", "--run", throws}, 1, throws + ":1:21: error: The script throws ReferenceError: Can't find variable: nosuch [script-exception]\n", "");
         add("hang in a run", {"check", "--run", hangs}, 1, hangs + ":1:1: error: The script did not end, and could not be stopped [script-endless]\n", "");
+        add("definition under another name", {"check", document, other}, 1, document + ":1:1: error: There is no ValueString with the id \"ORBEL\" in the list [form-missing]\n" + other + ":1:1: error: There is no ValueString with the id \"ORBEL\" in the list; it is a definition, whose file name must end in \".orbel\" [form-missing]\n", "");
+        add("codes as JSON", {"check", "--json", "--codes"}, 2, "", "orbel: --codes prints a page, and does not go with --json\n");
         add("no file", {"check"}, 2, "", "orbel: a FILE is wanted\n");
         add("change of two forms", {"check", right, wrong, "--changed", change}, 2, "", "orbel: --changed wants exactly one form definition\n");
         add("document of a list", {"check", list, "--params", document}, 2, "", "orbel: --params wants exactly one form definition\n");
@@ -119,6 +122,17 @@ private Q_SLOTS:
         QCOMPARE(result.Out, out);
         QCOMPARE(result.Err, err);
         QCOMPARE(result.Status, status);
+    }
+
+    void aPipeIsReadOnce()
+    {
+        const QString list = Write("piped.xml",
+            "<C><Component name='c'><ValueString id='ORBEL' value='&lt;ZkParamGui>&lt;Script>nosuch();"
+            "&lt;/Script>&lt;/ZkParamGui>'/></Component></C>");
+        const Result result = Run("sh", {"-c", "cat \"$1\" | \"$0\" check --run /dev/stdin", ORBEL_COMMAND, list});
+        QCOMPARE(result.Err, QString());
+        QVERIFY2(result.Out.startsWith("/dev/stdin:1:") && result.Out.endsWith("nosuch [script-exception]\n"),
+            qPrintable(result.Out));
     }
 
     void jsonTellsTheSame()
@@ -159,6 +173,11 @@ private Q_SLOTS:
             const QString path = walk.next();
             add(qPrintable(walk.fileName()), path);
         }
+        QString numbers;
+        for (const char *type : {"Int", "Int64", "UInt64", "Double"})
+            numbers += QString("<Property name='p'><%1>\n 2\t</%1></Property>").arg(type);
+        add("numbers between blanks",
+            Write("numbers.orbel", Sheet("<CustomProperties>" + numbers + "</CustomProperties>")));
     }
 
     void schemaTakesExamples()
@@ -185,6 +204,7 @@ private Q_SLOTS:
         add("unknown type of value", label(QString(property).replace("String", "Text")));
         add("capital True", label("<Property name='visible'><Bool>True</Bool></Property>"));
         add("fraction in an Int", label("<Property name='text'><Int>1.5</Int></Property>"));
+        add("number between blanks below 0", label("<Property name='text'><UInt64> -1 </UInt64></Property>"));
         add("unknown attribute", Sheet("<Widget nme='a' class='Label'/>"));
         add("two widgets of one name", Sheet("<Widget name='a' class='Label'/><Widget name='a' class='Label'/>"));
         add("property of a widget on the sheet", Sheet("<Properties>" + property + "</Properties>"));
