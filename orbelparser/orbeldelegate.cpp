@@ -7,11 +7,11 @@
 #include "propertynames.h"
 #include "xmlwalk.h"
 
+#include <limits>
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QScopedValueRollback>
 #include <QWidget>
-#include <limits>
 
 namespace KV218
 {
@@ -127,13 +127,23 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
 {
     const bool declared = metaObject()->indexOfProperty(name.data()) >= 0;
     const QVariant before = declared ? property(name.data()) : value;
+    // A host's event filter may set a property before this object sees the event of a set.
+    SetInProgress *const outer = InProgress;
+    const QPointer<OrbelDelegate> self(outer ? this : nullptr);
     SetInProgress set{&name, &value, false};
-    InProgress = &set;
+    // The change of a declared property comes with no event; a handler of its signal may end this.
+    if (!declared)
+        InProgress = &set;
     setProperty(name.data(), value);
     // Whoever was told may have ended this.
+    if (outer)
+        outer->Value = nullptr;
+    if (self)
+        InProgress = outer;
     if (set.Told)
         return;
-    InProgress = nullptr;
+    if (!declared)
+        InProgress = outer;
     const bool equal = before.userType() == value.userType() && before == value;
     if (value.isValid() && equal) {
         QDynamicPropertyChangeEvent change(name.data());
@@ -199,12 +209,13 @@ bool OrbelDelegate::event(QEvent *e)
     const QPointer<OrbelDelegate> self(this);
     const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
     // The set that leads here knows name and value; others are looked up.
-    SetInProgress *set = std::exchange(InProgress, nullptr);
-    const bool known = set && key == set->Name->data();
+    const bool known = InProgress && key == InProgress->Name->data();
+    SetInProgress *const set = known ? std::exchange(InProgress, nullptr) : nullptr;
+    const QVariant *given = known ? set->Value : nullptr;
     if (known)
         set->Told = true;
     if (!key.startsWith("_q_")) {
-        const QVariant value = known ? *set->Value : property(key.constData());
+        const QVariant value = given ? *given : property(key.constData());
         PropertyChanged(known ? set->Name->toString() : QString::fromLatin1(key), value);
     }
     return self ? QObject::event(e) : true;
@@ -215,7 +226,7 @@ void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
     if (name == prop::GenerateParameterXml)
         GenerateXml = value.toBool();
     else if (name == prop::Unit)
-        Unit = value.toString();
+        Unit = property(prop::Unit.data()).toString();
     else if (name == prop::LabelText && Label)
         Label->setText(Translate(value.toString()));
     else if (name == prop::Visible && Label && IsDefined(name))
@@ -351,9 +362,9 @@ void OrbelDelegate::setLabelText(QString text)
     ChangeProperty(prop::LabelText, text);
 }
 
-void OrbelDelegate::setFocus() {}
+void OrbelDelegate::setFocus() { }
 
-void OrbelDelegate::forceFinishEditing() {}
+void OrbelDelegate::forceFinishEditing() { }
 
 FormDoor OrbelDelegate::Form() const
 {

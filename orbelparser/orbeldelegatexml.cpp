@@ -7,7 +7,6 @@
 #include "formdoor.h"
 #include "formlimits.h"
 #include "propertynames.h"
-#include "saturate.h"
 #include "trace.h"
 
 #include <QXmlStreamWriter>
@@ -113,10 +112,12 @@ bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int
 
 int OrbelDelegate::CountOf(const QVariant &value)
 {
-    if (value.userType() == QMetaType::Double)
-        return std::isnan(value.toDouble()) ? -1 : Saturated<int>(value.toDouble());
     constexpr qint64 least = std::numeric_limits<int>::min();
     constexpr qint64 most = std::numeric_limits<int>::max();
+    if (value.userType() == QMetaType::Double) {
+        const double count = value.toDouble();
+        return std::isnan(count) ? -1 : int(qRound64(qBound(double(least), count, double(most))));
+    }
     return int(qBound(least, value.toLongLong(), most));
 }
 

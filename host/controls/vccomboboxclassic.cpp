@@ -57,14 +57,16 @@ void VCComboBoxClassic::showPopup()
         popup->move(std::max(room.left(), room.right() + 1 - popup->width()), popup->y());
 }
 
-// The base class measures the texts of all items three times until a box is shown: for each hint, and again on the first
-// show. All three come to the same while nothing changed. These keep and drop the hints as the base class does.
+// The base class measures the texts of all items three times until a box is shown: for each hint, and again on the
+// first show. All three come to the same while nothing changed. These keep and drop the hints as the base class does.
 
 QSize VCComboBoxClassic::sizeHint() const
 {
-    if (sizeAdjustPolicy() != AdjustToContentsOnFirstShow)
+    if (sizeAdjustPolicy() != AdjustToContentsOnFirstShow) {
+        Hint = QSize();
         return QComboBox::sizeHint();
-    if (MeasuredIcons != iconSize())
+    }
+    if (std::exchange(HintIcons, iconSize()) != iconSize())
         Hint = QSize();
     if (!Hint.isValid())
         Hint = Measured([this] { return QComboBox::sizeHint(); });
@@ -81,7 +83,8 @@ QSize VCComboBoxClassic::minimumSizeHint() const
 template <class Base> QSize VCComboBoxClassic::Measured(const Base &measure) const
 {
     const bool asMade = sizeAdjustPolicy() == AdjustToContentsOnFirstShow && minimumContentsLength() == 0
-        && !isEditable() && hasFrame() && model() == WatchedModel;
+        && !isEditable() && hasFrame() && WatchedModel && model() == WatchedModel && modelColumn() == 0
+        && !rootModelIndex().isValid();
     if (!asMade || MeasuredChange != Change || MeasuredIcons != iconSize())
         Measure = measure();
     MeasuredChange = asMade ? Change : -1;

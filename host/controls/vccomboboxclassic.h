@@ -53,11 +53,12 @@ private:
     // The hints as the base class would remember them, and what it last measured: good while `MeasuredChange` is
     // `Change`, which counts what happened to the list and to the look.
     mutable QSize Hint;
+    mutable QSize HintIcons;
     mutable QSize MinimumHint;
     mutable QSize Measure;
     mutable QSize MeasuredIcons;
     mutable int MeasuredChange = -1;
     int Change = 0;
-    const QAbstractItemModel *const WatchedModel;
+    const QPointer<QAbstractItemModel> WatchedModel;
     bool ShownOnce = false;
 };

@@ -33,7 +33,8 @@ VCFrequency::VCFrequency(QWidget *parent, const char *name, bool belowZero, QWid
 
 VCFrequency::~VCFrequency()
 {
-    SetBandwidth_ValuePath(QString());
+    if (!BandwidthPath.isEmpty())
+        Tree::Instance()->StopObservingPath(BandwidthPath, this);
     // First of all children: it tells this widget when it loses the focus.
     delete Field;
 }

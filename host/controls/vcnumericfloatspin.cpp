@@ -209,7 +209,7 @@ void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
 {
-    if (event->reason() == Qt::PopupFocusReason) {
+    if (event->reason() == Qt::PopupFocusReason && IsPending()) {
         // The edit goes on after a context menu. The base class would take over what was typed so far.
         lineEdit()->event(event);
         QWidget::focusOutEvent(event);
@@ -393,6 +393,9 @@ void VCNumericFloatSpin::ShowNode()
         // Whoever heard of the change may have set another number, which does not stand for this one.
         const double unitsApart = std::fabs(Shown - shown) * std::pow(10, decimals());
         Given = unitsApart < 0.6 ? shown : qQNaN();
+    } else {
+        // The arrows follow the step, which may have changed.
+        update();
     }
     lineEdit()->setModified(false);
 }
