@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <vector>
 
+static constexpr size_t LongList = 9; // from here on a search would cost more than a hash
+
 /// The observers in their order. A running notification shares it, so that it outlives the subject. While one runs,
 /// places are only blanked and appended, never moved.
 class ObserverList
@@ -17,18 +19,21 @@ public:
     void Clear();
     void MoveToFront(IObserver *observer);
     void Notify(Observable *subject, TChangeCode code, IObserver *except);
-    bool IsEmpty() const { return Places.isEmpty(); }
+    bool IsEmpty() const { return Live == 0; }
 
     bool SubjectGone = false;
 
 private:
     class Walk;
 
+    int Find(const IObserver *observer) const;
     void Tidy();
     void Renumber();
 
     std::vector<IObserver *> Slots;
-    QHash<IObserver *, int> Places;
+    size_t Live = 0;
+    // Only for a long list; most have one observer or two, and a form has thousands of lists.
+    QHash<const IObserver *, int> Places;
     std::vector<IObserver *> WaitingForFront;
     int Walks = 0;
 };
@@ -52,20 +57,25 @@ private:
 
 bool ObserverList::Add(IObserver *observer)
 {
-    if (!observer || Places.contains(observer))
+    if (!observer || Find(observer) >= 0)
         return false;
-    Places.insert(observer, int(Slots.size()));
     Slots.push_back(observer);
+    ++Live;
+    if (Slots.size() == LongList)
+        Renumber();
+    else if (Slots.size() > LongList)
+        Places.insert(observer, int(Slots.size()) - 1);
     return true;
 }
 
 void ObserverList::Remove(IObserver *observer)
 {
-    const auto place = Places.find(observer);
-    if (place == Places.end())
+    const int place = observer ? Find(observer) : -1;
+    if (place < 0)
         return;
-    Slots[size_t(*place)] = nullptr;
-    Places.erase(place);
+    Slots[size_t(place)] = nullptr;
+    Places.remove(observer);
+    --Live;
     if (Walks == 0)
         Tidy();
 }
@@ -74,6 +84,7 @@ void ObserverList::Clear()
 {
     std::fill(Slots.begin(), Slots.end(), nullptr);
     Places.clear();
+    Live = 0;
     if (Walks == 0)
         Tidy();
 }
@@ -101,7 +112,7 @@ void ObserverList::Notify(Observable *subject, TChangeCode code, IObserver *exce
 /// Does what had to wait. Blanks may fill half of the list, so that a removal costs constant time on average.
 void ObserverList::Tidy()
 {
-    if (Slots.size() > 2 * size_t(Places.size())) {
+    if (Slots.size() > 2 * Live) {
         Slots.erase(std::remove(Slots.begin(), Slots.end(), nullptr), Slots.end());
         Renumber();
     }
@@ -115,8 +126,19 @@ void ObserverList::Tidy()
     WaitingForFront.clear();
 }
 
+int ObserverList::Find(const IObserver *observer) const
+{
+    if (Slots.size() >= LongList)
+        return Places.value(observer, -1);
+    const auto place = std::find(Slots.begin(), Slots.end(), observer);
+    return place == Slots.end() ? -1 : int(place - Slots.begin());
+}
+
 void ObserverList::Renumber()
 {
+    Places.clear();
+    if (Slots.size() < LongList)
+        return;
     for (size_t i = 0; i < Slots.size(); ++i)
         if (Slots[i])
             Places[Slots[i]] = int(i);

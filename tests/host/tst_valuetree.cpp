@@ -9,6 +9,7 @@
 #include "valueselection.h"
 
 #include <QtTest>
+#include <array>
 
 #include <functional>
 #include <random>
@@ -128,6 +129,33 @@ private Q_SLOTS:
             stage.Node->SetValue(2, nullptr);
         QCOMPARE(stage.A.Told(), second);
         Tree::Instance()->RemoveNode("/T/n");
+    }
+
+    void manyObserversKeepTheirOrder()
+    {
+        struct Numbered : IObserver {
+            void Update(Observable *, TChangeCode) override { Told->append(Number); }
+            QVector<int> *Told;
+            int Number;
+        };
+        QVector<int> told;
+        std::array<Numbered, 40> observers;
+        ValueInt node("n");
+        for (int i = 0; i < 40; ++i) {
+            observers[i].Told = &told;
+            observers[i].Number = i;
+            QVERIFY(node.AddObserver(&observers[i]) && !node.AddObserver(&observers[i]));
+        }
+        // Down to a short list, with blanks in it, and up to a long one again.
+        for (int i = 0; i < 40; ++i) {
+            if (i != 7 && i != 30)
+                node.DeleteObserver(&observers[i]);
+        }
+        for (int i = 9; i >= 0; --i)
+            node.AddObserver(&observers[i]);
+        node.DeleteObserver(&observers[4]);
+        node.SetValue(1, nullptr);
+        QCOMPARE(told, QVector<int>({7, 30, 9, 8, 6, 5, 3, 2, 1, 0}));
     }
 
     void pathsAndRefusals_data()
