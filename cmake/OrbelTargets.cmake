@@ -14,11 +14,13 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
 endif()
 
-# ccache leaves precompiled headers alone unless it is told that their time stamps do not matter.
+# ccache leaves precompiled headers alone unless it is told that their time stamps do not matter; and a clone at another
+# path finds what this one compiled when paths are taken relative to the checkout.
 find_program(ORBEL_CCACHE ccache)
 if(ORBEL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
     set(CMAKE_CXX_COMPILER_LAUNCHER
-        "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${ORBEL_CCACHE}")
+        "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+        "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ORBEL_CCACHE}")
 endif()
 
 if(ORBEL_SANITIZE)
