@@ -9,7 +9,7 @@ set(public_headers
     bounddelegate.h
     floatgrouplayout.h
     floatscrollarea.h
-    formconfiguration.h
+    formlife.h
     latin1.h
     loadinterface.h
     orbeldelegate.h

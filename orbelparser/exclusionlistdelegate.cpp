@@ -89,9 +89,8 @@ void ExclusionListDelegate::ReadXml(QXmlStreamReader &reader)
     ranges->Clear(this);
     ReadRanges(reader, Format, ranges, this);
     // Whoever is told may end the form or withdraw the node.
-    const QPointer<ExclusionListDelegate> self(this);
     ranges->EndTransaction(ekChangeContent, this);
-    if (self && GetRanges())
+    if (GetRanges())
         GetRanges()->NotifyObservers(ekChangeValue, this);
 }
 

@@ -8,6 +8,8 @@
 #include <QLabel>
 #include <QScrollArea>
 
+#include <utility>
+
 namespace
 {
 
@@ -160,7 +162,33 @@ QLayoutItem *FloatGroupLayout::takeAt(int index)
 void FloatGroupLayout::invalidate()
 {
     clearHints();
+    if (pauses == 0) {
+        QLayout::invalidate();
+        return;
+    }
+    // To the base class nothing has happened, and so it has nothing to activate when a child asks for it.
+    if (!std::exchange(owed, true))
+        QMetaObject::invokeMethod(this, &FloatGroupLayout::settle, Qt::QueuedConnection);
+}
+
+void FloatGroupLayout::pause()
+{
+    ++pauses;
+}
+
+void FloatGroupLayout::resume()
+{
+    if (--pauses == 0)
+        settle();
+}
+
+void FloatGroupLayout::settle()
+{
+    if (!std::exchange(owed, false))
+        return;
     QLayout::invalidate();
+    if (parentWidget() && parentWidget()->isVisible())
+        activate();
 }
 
 Qt::Orientations FloatGroupLayout::expandingDirections() const

@@ -80,6 +80,11 @@ public:
     /// Deletes all items and their widgets, and forgets all marks.
     void removeAllWidgets();
 
+    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once, and
+    /// when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything otherwise.
+    void pause();
+    void resume();
+
     void addItem(QLayoutItem *item) override;
     int count() const override;
     QLayoutItem *itemAt(int index) const override;
@@ -99,6 +104,7 @@ private:
     void setListGeometry(QLayoutItem *item);
     void setFlag(int index, int flag);
     void clearHints() const;
+    void settle();
 
     int verticalSpacing = 4;
     int horizontalSpacing = 4;
@@ -116,4 +122,7 @@ private:
     mutable unsigned changeCount = 0;
     /// Raised whenever setGeometry() places the items.
     unsigned placeCount = 0;
+    /// How many pauses run, and whether there is something to arrange for one.
+    int pauses = 0;
+    bool owed = false;
 };

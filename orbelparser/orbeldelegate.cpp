@@ -53,6 +53,31 @@ OrbelDelegate::OrbelDelegate(OrbelWidget *widget) : OwnerWidget(widget)
 
 OrbelDelegate::~OrbelDelegate() = default;
 
+void OrbelDelegate::Close()
+{
+    const Call call(this);
+    blockSignals(true);
+    // A node that goes tells this, which forgets it.
+    int before = std::numeric_limits<int>::max();
+    for (auto nodes = GetNodes(); !nodes.isEmpty() && nodes.size() < before; nodes = GetNodes()) {
+        before = nodes.size();
+        delete nodes.last();
+    }
+    LeaveWindow();
+}
+
+void OrbelDelegate::End(OrbelDelegate *delegate)
+{
+    if (!delegate)
+        return;
+    const std::shared_ptr<FormLife> life = delegate->Life;
+    delegate->Close();
+    if (life)
+        life->End(delegate);
+    else
+        delete delegate;
+}
+
 void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
 {
     const QString text = property(prop::LabelText.data()).toString();
@@ -119,6 +144,8 @@ bool OrbelDelegate::ChangeProperty(const PropertyKey &name, const QVariant &valu
     // The new value stands on the left: a comparison of variants converts the right side to the left side's type.
     if (value == property(name.data()))
         return false;
+    const Call call(this);
+    const QScopedValueRollback<bool> ownSet(OwnSet, true);
     setProperty(name.data(), value);
     return true;
 }
@@ -127,23 +154,20 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
 {
     const bool declared = metaObject()->indexOfProperty(name.data()) >= 0;
     const QVariant before = declared ? property(name.data()) : value;
+    const Call call(this);
+    const QScopedValueRollback<bool> ownSet(OwnSet, true);
     // A host's event filter may set a property before this object sees the event of a set.
     SetInProgress *const outer = InProgress;
-    const QPointer<OrbelDelegate> self(outer ? this : nullptr);
     SetInProgress set{&name, &value, false};
-    // The change of a declared property comes with no event; a handler of its signal may end this.
-    if (!declared)
-        InProgress = &set;
-    setProperty(name.data(), value);
-    // Whoever was told may have ended this.
+    {
+        // The change of a declared property comes with no event.
+        const QScopedValueRollback<SetInProgress *> inProgress(InProgress, declared ? outer : &set);
+        setProperty(name.data(), value);
+    }
     if (outer)
         outer->Value = nullptr;
-    if (self)
-        InProgress = outer;
     if (set.Told)
         return;
-    if (!declared)
-        InProgress = outer;
     const bool equal = before.userType() == value.userType() && before == value;
     if (value.isValid() && equal) {
         QDynamicPropertyChangeEvent change(name.data());
@@ -173,12 +197,9 @@ void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVari
     }
     if (!IsDefined(name))
         return;
-    // A control that is hidden or locked may commit what was being typed, and a handler end the form.
-    const QPointer<OrbelDelegate> self(this);
+    const Call call(this);
     if (disabledValue)
         SetPropertyAlways(name, *disabledValue);
-    if (!self)
-        return;
     UndefineProperty(name);
     SetPropertyAlways(name, own);
 }
@@ -206,7 +227,9 @@ bool OrbelDelegate::event(QEvent *e)
     if (e->type() != QEvent::DynamicPropertyChange)
         return QObject::event(e);
 
-    const QPointer<OrbelDelegate> self(this);
+    const Call call(this);
+    // A set of a script's: nobody in the engine can take an exception.
+    const ScriptEntry entry(!std::exchange(OwnSet, false));
     const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
     // The set that leads here knows name and value; others are looked up.
     const bool known = InProgress && key == InProgress->Name->data();
@@ -218,7 +241,13 @@ bool OrbelDelegate::event(QEvent *e)
         const QVariant value = given ? *given : property(key.constData());
         PropertyChanged(known ? set->Name->toString() : QString::fromLatin1(key), value);
     }
-    return self ? QObject::event(e) : true;
+    return QObject::event(e);
+}
+
+void OrbelDelegate::Update(Observable *subject, TChangeCode code)
+{
+    const Call call(this);
+    NodeChanged(subject, code);
 }
 
 void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
@@ -328,6 +357,7 @@ void OrbelDelegate::setCustomProperty(QString name, QVariant value)
 {
     if (value == customProperty(name))
         return;
+    const Call call(this);
     CustomProperties.insert(name, value);
     Q_EMIT customPropertyChanged(name, value);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "applymode.h"
+#include "formlife.h"
 #include "iobserver.h"
 #include "orbelexport.h"
 #include "propertykey.h"
@@ -14,6 +15,7 @@
 #include <QPointer>
 #include <QStringList>
 #include <QVariant>
+#include <QVector>
 
 class FloatGroupLayout;
 class IValueNumeric;
@@ -35,6 +37,10 @@ class OrbelWidget;
 /// Three stores of named values are kept apart: dynamic properties, the main one; the names among them that are
 /// forwarded to the Qt control (DefineProperty()); and custom properties, which never reach the control and never run
 /// PropertyChanged().
+///
+/// Any handler that is called from in here may end the form. The delegate then lives on until the calls that run inside of
+/// it have returned: its events, its notifications and its sets of properties keep it, and whatever else goes on after it
+/// has called somebody begins with a Call. What it still asks of its form is harmless.
 ///
 /// A plain OrbelDelegate is a valid control that shows at most a label. All of it belongs to the GUI thread.
 class ORBEL_EXPORT OrbelDelegate : public QObject, public IObserver
@@ -64,7 +70,8 @@ public:
     virtual void ParseProperties(QXmlStreamReader &reader, bool custom);
     /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
     virtual void EnableInput(bool enable, bool partial);
-    void Update(Observable *subject, TChangeCode code) override;
+    /// Hands what a node tells to NodeChanged().
+    void Update(Observable *subject, TChangeCode code) final;
 
     /// Sets a property that differs, and tells whether it did.
     bool ChangeProperty(const PropertyKey &name, const QVariant &value);
@@ -138,10 +145,45 @@ public:
 
     bool event(QEvent *e) override;
 
+    /// Keeps a delegate, and all of its form, for the length of a block.
+    class Call : public CallScope
+    {
+    public:
+        explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
+    };
+
+    /// Makes this a part of a form.
+    void SetLife(const std::shared_ptr<FormLife> &life) { Life = life; }
+    /// The form has ended: the nodes leave the tree, the signals fall silent.
+    void Close();
+    /// Closes a delegate that nobody holds any more and destroys it when nothing runs inside its form; null is none.
+    static void End(OrbelDelegate *delegate);
+
 protected:
+    /// A node of this delegate changed or goes away; see IObserver. The base does nothing.
+    virtual void NodeChanged(Observable *subject, TChangeCode code);
+    /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
+    virtual QVector<ValueBase *> GetNodes() const;
+    /// Takes what the delegate owns in the window out of it: the form has ended. The base owns nothing there.
+    virtual void LeaveWindow() { }
+
     /// The one hook for every change of a dynamic property. An override calls the base first, then acts, and ends with
     /// PropagateProperty().
     virtual void PropertyChanged(const QString &name, const QVariant &value);
+
+    /// Emits `own`, a signal of this delegate, whenever `control` emits `its`; arguments that `own` does not take are left
+    /// out.
+    template <class Control, class Base, class... Its, class Self, class... Own>
+    void Relay(const Control *control, void (Base::*its)(Its...), void (Self::*own)(Own...))
+    {
+        connect(control, its, this, [this, own](Its... arguments) {
+            const Call call(this);
+            if constexpr (sizeof...(Own) == sizeof...(Its))
+                (static_cast<Self *>(this)->*own)(arguments...);
+            else
+                (static_cast<Self *>(this)->*own)();
+        });
+    }
 
     /// Puts a name on the list of those that are forwarded to the control.
     void DefineProperty(const QString &name);
@@ -229,7 +271,11 @@ private:
     };
 
     OrbelWidget *OwnerWidget;
+    /// Null for a delegate in no form.
+    std::shared_ptr<FormLife> Life;
     SetInProgress *InProgress = nullptr;
+    /// While this sets a property of its own, until its event comes.
+    bool OwnSet = false;
     QString XmlPath;
     QString XmlTagName;
     /// The property `unit`.

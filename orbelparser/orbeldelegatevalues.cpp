@@ -52,7 +52,13 @@ ValueBase *OrbelDelegate::GetVTValue() const
     return nullptr;
 }
 
-void OrbelDelegate::Update(Observable *, TChangeCode) {}
+void OrbelDelegate::NodeChanged(Observable *, TChangeCode) { }
+
+QVector<ValueBase *> OrbelDelegate::GetNodes() const
+{
+    ValueBase *const node = GetVTValue();
+    return node ? QVector<ValueBase *>{node} : QVector<ValueBase *>();
+}
 
 void OrbelDelegate::SetVTPath(const QString &path)
 {

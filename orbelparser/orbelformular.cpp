@@ -1,359 +1,276 @@
 #include "orbelformular.h"
 
-#include "errorhandler.h"
+#include "formbody.h"
+#include "formlife.h"
 #include "orbelsheetui.h"
-#include "propertynames.h"
-#include "scripttypes.h"
-#include "trace.h"
-#include "translationcenter.h"
-#include "xmlwalk.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QPointer>
-#include <QScriptEngine>
-#include <QScriptEngineDebugger>
-#include <QScriptValueIterator>
 #include <QWidget>
-#include <QXmlStreamWriter>
 
 namespace KV218
 {
 
-namespace
+OrbelFormular::OrbelFormular() : Body(new FormBody(this))
 {
-
-/// A writer for parameter documents, without a document start.
-void SetUp(QXmlStreamWriter &writer)
-{
-    writer.setAutoFormatting(true);
-    writer.setCodec("UTF-8");
-}
-
-} // namespace
-
-OrbelFormular::OrbelFormular() : EmptyEnum(new OrbelEnum), Sheet(this), Engine(new QScriptEngine)
-{
-    RegisterScriptTypes(Engine.get());
-    const OrbelSheetUi *ui = Sheet.GetUi();
+    const OrbelSheetUi *ui = GetSheet().GetUi();
     connect(ui, &OrbelSheetUi::si_parametersModified, this, &OrbelFormular::si_parametersModified);
     connect(ui, &OrbelSheetUi::si_chooseFontSize, this, &OrbelFormular::sl_fontSize);
 }
 
 // A form is never copied: what a copy gets is a new, empty one.
-OrbelFormular::OrbelFormular(const OrbelFormular &) : OrbelFormular() {}
+OrbelFormular::OrbelFormular(const OrbelFormular &) : OrbelFormular() { }
 
 OrbelFormular::~OrbelFormular()
 {
-    Debugger.reset();
-    if (!Name.isEmpty())
-        TranslationCenter::Instance().Unregister(Name);
-    if (Engine->isEvaluating()) {
-        Engine->abortEvaluation();
-        Engine.release()->deleteLater();
-    }
+    FormLife *const life = GetSheet().GetLife();
+    Body->Close();
+    life->End(Body);
+}
+
+Running<FormBody> OrbelFormular::Run() const
+{
+    return Running<FormBody>(GetSheet().GetLife(), Body);
+}
+
+const QString &OrbelFormular::GetName() const
+{
+    return Body->GetName();
 }
 
 void OrbelFormular::SetName(const QString &name)
 {
-    // Meant: an earlier name stays registered.
-    Name = name;
-    if (!Name.isEmpty())
-        TranslationCenter::Instance().Register(Name);
+    Run()->SetName(name);
+}
+
+const QString &OrbelFormular::GetVersion() const
+{
+    return Body->GetVersion();
+}
+
+const QString &OrbelFormular::GetVTPath() const
+{
+    return Body->GetVTPath();
+}
+
+OrbelSheet &OrbelFormular::GetSheet()
+{
+    return Body->GetSheet();
+}
+
+const OrbelSheet &OrbelFormular::GetSheet() const
+{
+    return Body->GetSheet();
+}
+
+OrbelScript &OrbelFormular::GetScript()
+{
+    return Body->GetScript();
+}
+
+const OrbelScript &OrbelFormular::GetScript() const
+{
+    return Body->GetScript();
 }
 
 QWidget *OrbelFormular::GetGUI() const
 {
-    return Sheet.GetGUI();
+    return GetSheet().GetGUI();
 }
 
 void OrbelFormular::ParseORBEL(QXmlStreamReader &reader)
 {
-    Version = reader.attributes().value(attribute::Version).toString();
-    ForEachStart(reader, [&](const QStringRef &name) {
-        if (name == element::Enums)
-            ParseEnums(reader);
-        else if (name == element::Sheet)
-            Sheet.ParseORBEL(reader);
-        else if (name == element::Script)
-            Script.ParseORBEL(reader);
-        else
-            reader.skipCurrentElement();
-    });
+    Run()->ParseORBEL(reader);
 }
 
 void OrbelFormular::SetChangedORBEL(const QString &text)
 {
-    QXmlStreamReader reader(text);
-    const QPointer<OrbelFormular> self(this);
-    ForEachForm(reader, [&] { ProcessChangedORBEL(reader); });
-    if (self)
-        Sheet.ResyncValueTree();
+    Run()->SetChangedORBEL(text);
 }
 
 void OrbelFormular::ProcessChangedORBEL(QXmlStreamReader &reader)
 {
-    ForEachStart(reader, [&](const QStringRef &name) {
-        if (name == element::Enums)
-            ParseChangedEnums(reader);
-        else if (name == element::Sheet)
-            Sheet.ParseChangedORBEL(reader);
-        else if (name == element::Script)
-            Script.ParseORBEL(reader);
-        else
-            reader.skipCurrentElement();
-    });
+    Run()->ProcessChangedORBEL(reader);
 }
 
 QExplicitlySharedDataPointer<OrbelEnum> OrbelFormular::GetEnum(const QString &name) const
 {
-    return Enums.value(name, EmptyEnum);
+    return Body->GetEnum(name);
 }
 
-void OrbelFormular::ParseEnums(QXmlStreamReader &reader)
+bool OrbelFormular::HasEnum(const QString &name) const
 {
-    ForEachStart(reader, [&](const QStringRef &name) {
-        if (name != element::Enum) {
-            reader.skipCurrentElement();
-            return;
-        }
-        const QExplicitlySharedDataPointer<OrbelEnum> values(new OrbelEnum);
-        values->ParseORBEL(reader);
-        PublishEnum(values);
-    });
+    return Body->HasEnum(name);
 }
 
-void OrbelFormular::ParseChangedEnums(QXmlStreamReader &reader)
+void OrbelFormular::InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers)
 {
-    ForEachStart(reader, [&](const QStringRef &name) {
-        if (name != element::Enum) {
-            reader.skipCurrentElement();
-            return;
-        }
-        const QString enumName = reader.attributes().value(attribute::Name).toString();
-        if (const auto known = Enums.value(enumName)) {
-            // Meant: the script goes on seeing the old identifiers and values.
-            known->ClearValues();
-            known->ParseORBEL(reader);
-            return;
-        }
-        const QExplicitlySharedDataPointer<OrbelEnum> values(new OrbelEnum);
-        values->ParseORBEL(reader);
-        PublishEnum(values);
-    });
-}
-
-/// Enters an enumeration into the map, and into the script as an object of its identifiers.
-void OrbelFormular::PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values)
-{
-    Enums.insert(values->GetName(), values);
-    QScriptValue object = Engine->newObject();
-    for (int i = 0; i < values->GetValueCount(); ++i) {
-        const OrbelEnumValue &value = values->GetValueAt(i);
-        object.setProperty(value.GetEnumIdentifier(), QScriptValue(value.GetValue()));
-    }
-    SetGlobal(values->GetName(), object);
+    Run()->InitEnumeration(name, selection, identifiers);
 }
 
 void OrbelFormular::CreateValueTree(const QString &path)
 {
-    VTPath = path;
-    const QPointer<OrbelFormular> self(this);
-    Sheet.setActive(false);
-    Sheet.CreateValueTree(path);
-    InitScript();
-    if (self)
-        Sheet.setActive(true);
+    Run()->CreateValueTree(path);
 }
 
 void OrbelFormular::CreateGUI(bool applyUi)
 {
-    CreateGUI(applyUi, QStringList(), true);
+    Run()->CreateGUI(applyUi, QStringList(), true);
 }
 
 void OrbelFormular::CreateGUI(bool applyUi, const QStringList &names, bool exclude)
 {
-    const QPointer<OrbelFormular> self(this);
-    Sheet.CreateGUI(applyUi, names, exclude);
-    if (self)
-        RestoreConfiguration();
+    Run()->CreateGUI(applyUi, names, exclude);
 }
 
 void OrbelFormular::Show()
 {
-    GetGUI()->show();
+    if (QWidget *top = GetGUI())
+        top->show();
 }
 
 void OrbelFormular::Hide()
 {
-    GetGUI()->hide();
+    if (QWidget *top = GetGUI())
+        top->hide();
 }
 
 void OrbelFormular::applyNow()
 {
-    Sheet.applyNow();
+    GetSheet().applyNow();
 }
 
 void OrbelFormular::SelectWidgets(const QStringList &paths, bool select)
 {
-    Sheet.SelectWidgets(paths, select);
+    GetSheet().SelectWidgets(paths, select);
 }
 
 void OrbelFormular::ShowGroup(const QString &name, bool show)
 {
-    Sheet.ShowGroup(name, show);
+    GetSheet().ShowGroup(name, show);
 }
 
 void OrbelFormular::EnableInput(bool enable)
 {
-    Sheet.EnableInput(enable, OrbelSheet::EnableScopeInput);
+    GetSheet().EnableInput(enable, OrbelSheet::EnableScopeInput);
 }
 
 bool OrbelFormular::IsInputEnabled() const
 {
-    return Sheet.IsInputEnabled(OrbelSheet::EnableScopeInput);
-}
-
-void OrbelFormular::sl_fontSize(int size)
-{
-    const QPointer<OrbelFormular> self(this);
-    Sheet.SetFontSize(size);
-    if (self)
-        ApplyConfiguration();
+    return GetSheet().IsInputEnabled(OrbelSheet::EnableScopeInput);
 }
 
 QString OrbelFormular::GetXmlString(bool onlyModified)
 {
-    if (onlyModified && !Sheet.isWidgetModified()) {
-        Sheet.resetModified();
-        return QString();
-    }
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    SetUp(writer);
-    Sheet.GetXml(writer, true, onlyModified);
-    Sheet.resetModified();
-    return xml;
+    return Run()->GetXmlString(onlyModified);
 }
 
 QString OrbelFormular::GetEmptyXmlElement() const
 {
-    QString xml;
-    QXmlStreamWriter writer(&xml);
-    SetUp(writer);
-    Sheet.GetXml(writer, false, false);
-    return xml;
+    return Run()->GetEmptyXmlElement();
 }
 
 void OrbelFormular::SetXmlString(const QString &xml)
 {
-    const QPointer<OrbelFormular> self(this);
-    const QString root = Sheet.GetUi()->GetString(prop::ParametersXmlRootTag, QStringLiteral("Parameters"));
-    QXmlStreamReader reader(xml);
-    while (self && !reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == root)
-            Sheet.ReadXml(reader);
-    }
+    Run()->SetXmlString(xml);
+}
+
+ValueBase *OrbelFormular::GetVTValue(const QString &name) const
+{
+    return Body->GetVTValue(name);
+}
+
+ValueBase *OrbelFormular::GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source)
+{
+    return Run()->GetVTValue(local, observer, init, source);
+}
+
+void OrbelFormular::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init)
+{
+    Run()->GetVTValues(locals, observer, init);
+}
+
+bool OrbelFormular::SetVTValue(ValueBase *local, IObserver *observer, bool apply)
+{
+    return Run()->SetVTValue(local, observer, apply);
+}
+
+bool OrbelFormular::SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply)
+{
+    return Run()->SetVTValue(name, value, observer, apply);
+}
+
+void OrbelFormular::InitVTValue(const QString &name, ValueBase *value)
+{
+    Run()->InitVTValue(name, value);
+}
+
+void OrbelFormular::InitVTValue(ValueBase *destination, ValueBase *source, IObserver *observer)
+{
+    FormBody::InitVTValue(destination, source, observer);
 }
 
 void OrbelFormular::SetConfigObject(QObject *object, const QString &name)
 {
-    if (Configuration.SetObject(object, name))
-        RestoreConfiguration();
+    Run()->SetConfigObject(object, name);
+}
+
+QObject *OrbelFormular::GetConfigObject() const
+{
+    return Body->GetConfiguration().GetObject();
+}
+
+const QString &OrbelFormular::GetConfigName() const
+{
+    return Body->GetConfiguration().GetName();
 }
 
 void OrbelFormular::ApplyConfiguration()
 {
-    if (!Configuration.Exists())
-        return;
-    const QWidget *top = GetGUI();
-    const int size = top ? top->font().pointSize() : 0;
-    Configuration.SetFontSize(top && size != QApplication::font().pointSize() ? size : 0);
-    Configuration.SetCollapsed(Sheet.GetCollapsed());
+    Run()->ApplyConfiguration();
 }
 
 void OrbelFormular::RestoreConfiguration()
 {
-    if (!Configuration.Exists())
-        return;
-    // Whatever is set here may make a control commit, and a handler end the form.
-    const QPointer<OrbelFormular> self(this);
-    const int ownSize = Configuration.GetFontSize();
-    const int applicationSize = QApplication::font().pointSize();
-    if (ownSize > 0)
-        Sheet.SetFontSize(ownSize);
-    else if (GetGUI() && GetGUI()->font().pointSize() != applicationSize)
-        Sheet.SetFontSize(applicationSize);
-    if (self)
-        Sheet.SetCollapsed(Configuration.GetCollapsed());
-    if (!self)
-        return;
-    const QVariant inputDisabled = Configuration.GetInputDisabled();
-    if (inputDisabled.isValid())
-        EnableInput(!inputDisabled.toBool());
+    Run()->RestoreConfiguration();
 }
 
-void OrbelFormular::InitScript()
+void OrbelFormular::sl_fontSize(int size)
 {
-    const QPointer<OrbelFormular> self(this);
-    Engine->evaluate(Script.GetCode(), QString(), 1);
-    if (!self || !Engine->hasUncaughtException())
-        return;
-    const QScriptValue exception = Engine->uncaughtException();
-    TraceFailure(QStringLiteral("** OrbelFormular Script Exception %1\n").arg(exception.toString()),
-        "orbelformular", __LINE__);
+    Run()->ChooseFontSize(size);
 }
 
 void OrbelFormular::EvaluateScript(const QString &text)
 {
-    Engine->evaluate(text, QString(), 1);
+    Run()->EvaluateScript(text);
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, QObject *object)
 {
-    SetGlobal(name, Engine->newQObject(object));
+    Run()->SetScriptValue(name, object);
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, bool value)
 {
-    SetGlobal(name, QScriptValue(value));
+    Run()->SetScriptValue(name, QScriptValue(value));
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, double value)
 {
-    SetGlobal(name, QScriptValue(value));
+    Run()->SetScriptValue(name, QScriptValue(value));
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, const QString &value)
 {
-    SetGlobal(name, QScriptValue(value));
-}
-
-void OrbelFormular::SetGlobal(const QString &name, const QScriptValue &value)
-{
-    Engine->globalObject().setProperty(name, value);
+    Run()->SetScriptValue(name, QScriptValue(value));
 }
 
 QMap<QString, QScriptValue> OrbelFormular::GetScriptValues() const
 {
-    QMap<QString, QScriptValue> values;
-    QScriptValueIterator global(Engine->globalObject());
-    while (global.hasNext()) {
-        global.next();
-        const QScriptValue value = global.value();
-        if (value.isValid())
-            values.insert(global.name(), value);
-    }
-    return values;
+    return Run()->GetScriptValues();
 }
 
 void OrbelFormular::DebugScript()
 {
-    if (Debugger)
-        return;
-    Debugger = std::make_unique<QScriptEngineDebugger>();
-    Debugger->attachTo(Engine.get());
-    Debugger->action(QScriptEngineDebugger::InterruptAction)->trigger();
+    Run()->DebugScript();
 }
 
 } // namespace KV218

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "formconfiguration.h"
 #include "iobserver.h"
 #include "orbelenum.h"
 #include "orbelexport.h"
@@ -11,10 +10,7 @@
 #include <QMap>
 #include <QObject>
 #include <QScriptValue>
-#include <memory>
 
-class QScriptEngine;
-class QScriptEngineDebugger;
 class QXmlStreamReader;
 class ValueBase;
 class ValueSelection;
@@ -22,11 +18,18 @@ class ValueSelection;
 namespace KV218
 {
 
+class FormBody;
+template <class Body> class Running;
+
 /// One form: enumerations, the sheet with its controls, the script and its engine, and the link to the value tree and
 /// to the host's configuration object. Shared through QExplicitlySharedDataPointer, or deleted by whoever holds it alone.
 ///
 /// Use it in one order: parse, CreateValueTree(), CreateGUI(), show GetGUI(). The widget is not deleted with the form: it
 /// belongs to its parent, or to whoever shows it. Either may go first.
+///
+/// Any handler may end the form: of its signals and its controls' signals, of a node, a script, an event, in an event loop
+/// of its own. At once its nodes leave the tree, its name is withdrawn and its signals fall silent; what a call that still
+/// runs works on lives on until that call has returned.
 ///
 /// All of it belongs to the GUI thread. Bad input is never reported: a lookup that fails gives null, -1 or an empty
 /// object, and a malformed document leaves what was read of it.
@@ -39,16 +42,16 @@ public:
     ~OrbelFormular() override;
 
     /// The form's name and translation catalogue; empty after parsing. An earlier name stays registered.
-    const QString &GetName() const { return Name; }
+    const QString &GetName() const;
     void SetName(const QString &name);
     /// The definition's `version`, as it stands.
-    const QString &GetVersion() const { return Version; }
+    const QString &GetVersion() const;
     /// The path that CreateValueTree() was given.
-    const QString &GetVTPath() const { return VTPath; }
-    OrbelSheet &GetSheet() { return Sheet; }
-    const OrbelSheet &GetSheet() const { return Sheet; }
-    OrbelScript &GetScript() { return Script; }
-    const OrbelScript &GetScript() const { return Script; }
+    const QString &GetVTPath() const;
+    OrbelSheet &GetSheet();
+    const OrbelSheet &GetSheet() const;
+    OrbelScript &GetScript();
+    const OrbelScript &GetScript() const;
     /// The widget to show; null before CreateGUI().
     QWidget *GetGUI() const;
 
@@ -61,7 +64,7 @@ public:
 
     /// The enumeration of that name; for an unknown one the form's one empty enumeration, never null.
     QExplicitlySharedDataPointer<OrbelEnum> GetEnum(const QString &name) const;
-    bool HasEnum(const QString &name) const { return Enums.contains(name); }
+    bool HasEnum(const QString &name) const;
     /// Rewrites an enumeration from a selection's items. The value texts come from `identifiers`, and where that is null
     /// or too short from the items' values with two decimals. Unknown names and a null selection are ignored.
     void InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers);
@@ -73,7 +76,7 @@ public:
     /// Builds the controls whose name or element name stands in `names`, or with `exclude` the others; those left out
     /// also leave the parameter document.
     void CreateGUI(bool applyUi, const QStringList &names, bool exclude);
-    /// These two need CreateGUI() to have been called.
+    /// Show and hide the widget; nothing while there is none.
     void Show();
     void Hide();
 
@@ -113,8 +116,8 @@ public:
 
     /// The configuration object, which may be null, stays the host's; `name` is the prefix of this form's keys.
     void SetConfigObject(QObject *object, const QString &name);
-    QObject *GetConfigObject() const { return Configuration.GetObject(); }
-    const QString &GetConfigName() const { return Configuration.GetName(); }
+    QObject *GetConfigObject() const;
+    const QString &GetConfigName() const;
     /// Saves text size and collapsed groups.
     void ApplyConfiguration();
 
@@ -144,23 +147,11 @@ private Q_SLOTS:
 private:
     OrbelFormular(const OrbelFormular &);
 
-    void ParseEnums(QXmlStreamReader &reader);
-    void ParseChangedEnums(QXmlStreamReader &reader);
-    void PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values);
-    void InitScript();
-    void SetGlobal(const QString &name, const QScriptValue &value);
+    /// What may call handlers goes through this, since one of them may end the form.
+    Running<FormBody> Run() const;
 
-    QString Name;
-    QString Version;
-    QString VTPath;
-    QMap<QString, QExplicitlySharedDataPointer<OrbelEnum>> Enums;
-    QExplicitlySharedDataPointer<OrbelEnum> EmptyEnum;
-    OrbelSheet Sheet;
-    OrbelScript Script;
-    /// Never null. Outlives the form when a script that is running ends it.
-    std::unique_ptr<QScriptEngine> Engine;
-    std::unique_ptr<QScriptEngineDebugger> Debugger;
-    FormConfiguration Configuration;
+    /// Never null.
+    FormBody *const Body;
 };
 
 } // namespace KV218

@@ -6,14 +6,15 @@
 
 #include <QExplicitlySharedDataPointer>
 #include <QList>
-#include <QMap>
 #include <QObject>
-#include <QPointer>
 
 class ValueBase;
 
 namespace KV218
 {
+
+class ManagerBody;
+template <class Body> class Running;
 
 /// Keeps many forms, of which one at a time is shown: their definitions by name, each built when it is first asked for, and
 /// what must be the same for all: the root of their node paths, whether they have an apply row, the configuration object,
@@ -34,20 +35,20 @@ public:
     /// The root of the forms' node paths, kept without one trailing "/". Counts for forms built later.
     void SetVTPath(const QString &path);
     /// Whether forms built later have an apply row.
-    void EnableApplyUi(bool enable) { ApplyUiEnabled = enable; }
+    void EnableApplyUi(bool enable);
 
     /// Keeps a definition under a name; ignored when a form of that name is already built.
     void DefineFormular(const QString &name, const QString &definition);
     /// Takes a share of a form and keeps it under its own name. It is neither bound to nodes nor made current.
     void AddFormular(OrbelFormular *formular);
     /// The names of the definitions, sorted. Forms that were added are not among them.
-    QList<QString> GetNames() const { return Definitions.keys(); }
+    QList<QString> GetNames() const;
     /// The definition of that name; empty without one.
-    QString GetOrbel(const QString &name) const { return Definitions.value(name); }
+    QString GetOrbel(const QString &name) const;
     /// The form of that name, built on the first call: parsed, bound to nodes below the root at the letters and digits of
     /// its name, with its controls, hidden. Null when there is neither a form nor a definition that holds one.
     Formular GetFormular(const QString &name);
-    Formular GetCurrentFormular() const { return Current; }
+    Formular GetCurrentFormular() const;
     QString GetCurrentName() const;
     /// Hides the current form and shows the one of that name, which must have been built or added. False when there is
     /// none; then no form is current.
@@ -78,20 +79,11 @@ Q_SIGNALS:
     void si_parametersModified();
 
 private:
-    Formular BuildFormular(const QString &name);
-    /// There must be a current form.
-    void HideCurrent();
-    void HandOverConfiguration(OrbelFormular *formular) const;
+    /// What may call handlers goes through this, since one of them may delete the manager.
+    Running<ManagerBody> Run() const;
 
-    QString VTPath;
-    bool ApplyUiEnabled = true;
-    /// The operator's choice of automatic apply: +1 on, -1 off, 0 not known yet.
-    int AutoApplyMemory = 0;
-    QMap<QString, QString> Definitions;
-    QMap<QString, Formular> Formulars;
-    Formular Current;
-    QPointer<QObject> ConfigObject;
-    QString ConfigName;
+    /// Never null.
+    ManagerBody *const Body;
 };
 
 } // namespace KV218

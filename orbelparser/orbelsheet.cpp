@@ -1,31 +1,55 @@
 #include "orbelsheet.h"
 
 #include "floatgrouplayout.h"
-#include "layoutpause.h"
+#include "formlife.h"
 #include "formlimits.h"
+#include "layoutpause.h"
 #include "orbelelement.h"
 #include "orbelformular.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
 #include "xmlwalk.h"
 
+#include <QScopedValueRollback>
 #include <QXmlStreamWriter>
 
 namespace KV218
 {
 
-OrbelSheet::OrbelSheet(OrbelFormular *formular) : Root(new OrbelElement), Formular(formular), Ui(new OrbelSheetUi) {}
+static QSharedPointer<OrbelSheetUi> NewUi(const std::shared_ptr<FormLife> &life)
+{
+    auto *ui = new OrbelSheetUi;
+    ui->SetLife(life);
+    return QSharedPointer<OrbelSheetUi>(ui, &OrbelDelegate::End);
+}
+
+OrbelSheet::OrbelSheet(OrbelFormular *formular)
+    : Life(std::make_shared<FormLife>()), Root(new OrbelElement), Formular(formular), Ui(NewUi(Life))
+{
+}
 
 OrbelSheet::OrbelSheet(const OrbelSheet &other) = default;
 
 OrbelSheet &OrbelSheet::operator=(const OrbelSheet &other) = default;
 
-OrbelSheet::~OrbelSheet()
+OrbelSheet::~OrbelSheet() = default;
+
+OrbelFormular *OrbelSheet::GetFormular() const
 {
+    return Formular;
+}
+
+void OrbelSheet::Close()
+{
+    const CallScope call(GetLife());
+    Formular = nullptr;
+    Ui->Close();
     // The host may go on holding a widget.
-    for (const Widget &widget : qAsConst(Widgets)) {
+    for (const Widget &widget : Snapshot()) {
         if (widget->Sheet == this)
             widget->Sheet = nullptr;
+        if (OrbelDelegate *delegate = widget->GetDelegate())
+            delegate->Close();
     }
 }
 
@@ -107,7 +131,7 @@ void OrbelSheet::ParseWidget(QXmlStreamReader &reader)
 
 void OrbelSheet::ParseChangedORBEL(QXmlStreamReader &reader)
 {
-    const QPointer<OrbelSheetUi> self(Ui.data());
+    const CallScope call(GetLife());
     ForEachStart(reader, [&](const QStringRef &name) {
         if (name != element::Widget) {
             reader.skipCurrentElement();
@@ -117,8 +141,8 @@ void OrbelSheet::ParseChangedORBEL(QXmlStreamReader &reader)
         const QString widgetName = reader.attributes().value(attribute::Name).toString();
         if (const Widget widget = Index.FindName(Widgets, widgetName))
             widget->GetDelegate()->ParseProperties(reader, false);
-        // A handler may have ended the form; an error ends all walks over the document.
-        if (!self)
+        // An error ends all walks over the document.
+        if (!Formular)
             reader.raiseError(QStringLiteral("The form is gone"));
     });
 }
@@ -130,13 +154,13 @@ void OrbelSheet::CreateGUI(bool applyUi)
 
 void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
 {
-    const QSharedPointer<OrbelSheetUi> ui = Ui;
-    ui->CreateFrame(applyUi);
+    const CallScope call(GetLife());
+    Ui->CreateFrame(applyUi);
     const QSet<QString> names(list.cbegin(), list.cend());
     for (const Widget &widget : Snapshot()) {
         const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
         if (listed != exclude)
-            widget->CreateGUI(ui->GetLayout());
+            widget->CreateGUI(Ui->GetLayout());
         else
             widget->SetSelected(false);
     }
@@ -155,13 +179,18 @@ OrbelDelegate *OrbelSheet::GetDelegate() const
 
 void OrbelSheet::CreateValueTree(const QString &path)
 {
+    const CallScope call(GetLife());
     VTPath = path;
-    for (const Widget &widget : Snapshot())
-        widget->CreateValueTree(path);
+    // Whoever watches a path may end the form; the rest would take the places of the form that comes next.
+    for (const Widget &widget : Snapshot()) {
+        if (Formular)
+            widget->CreateValueTree(path);
+    }
 }
 
 void OrbelSheet::ResyncValueTree()
 {
+    const CallScope call(GetLife());
     for (const Widget &widget : Snapshot())
         widget->ResyncValueTree();
 }
@@ -177,6 +206,7 @@ void OrbelSheet::SelectWidgets(const QStringList &list, bool select)
 
 void OrbelSheet::ShowGroup(const QString &name, bool show)
 {
+    const CallScope call(GetLife());
     const LayoutPause pause(Ui->GetLayout());
     bool inGroup = false;
     for (const Widget &widget : Snapshot()) {
@@ -192,6 +222,7 @@ void OrbelSheet::ShowGroup(const QString &name, bool show)
 
 void OrbelSheet::setGroupVisible(OrbelWidget *headline, bool visible)
 {
+    const CallScope call(GetLife());
     const LayoutPause pause(Ui->GetLayout());
     bool inGroup = false;
     for (const Widget &widget : Snapshot()) {
@@ -216,6 +247,7 @@ QStringList OrbelSheet::GetCollapsed() const
 
 void OrbelSheet::SetCollapsed(const QStringList &names)
 {
+    const CallScope call(GetLife());
     const LayoutPause pause(Ui->GetLayout());
     // One walk for all groups: each headline rules the widgets behind it, up to the next one.
     const QSet<QString> collapsed(names.cbegin(), names.cend());
@@ -233,6 +265,7 @@ void OrbelSheet::SetCollapsed(const QStringList &names)
 
 void OrbelSheet::GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified) const
 {
+    const CallScope call(GetLife());
     const bool effective = onlyModified && Ui->GetBool(prop::EmitOnlyModifiedParameters, true);
     Ui->WriteRootStart(writer);
     if (withParameters)
@@ -242,13 +275,9 @@ void OrbelSheet::GetXml(QXmlStreamWriter &writer, bool withParameters, bool only
 
 void OrbelSheet::ReadXml(QXmlStreamReader &reader)
 {
-    // A handler of a control's signal may end the form; its elements stay until they have been walked.
-    const QSharedPointer<OrbelElement> root = Root;
-    const QPointer<OrbelSheetUi> self(Ui.data());
-    const bool wasActive = std::exchange(Active, false);
-    root->ReadXml(reader);
-    if (self)
-        Active = wasActive;
+    const CallScope call(GetLife());
+    const QScopedValueRollback<bool> inactive(Active, false);
+    Root->ReadXml(reader);
 }
 
 void OrbelSheet::setModified(bool autoApply)
@@ -297,6 +326,7 @@ void OrbelSheet::applyNow()
 
 void OrbelSheet::SetFontSize(int size)
 {
+    const CallScope call(GetLife());
     QWidget *top = GetGUI();
     if (size <= 0 || size > limit::TextSize || !top)
         return;
@@ -313,6 +343,7 @@ void OrbelSheet::SetFontSize(int size)
 
 void OrbelSheet::EnableInput(bool enable, eEnableScope scope)
 {
+    const CallScope call(GetLife());
     if (scope < EnableScopeInput || scope > EnableScopePartial || enable == InputEnabled[scope])
         return;
     InputEnabled[scope] = enable;
@@ -323,9 +354,8 @@ void OrbelSheet::EnableInput(bool enable, eEnableScope scope)
     }
     if (!InputEnabled[scope == EnableScopeInput ? EnableScopeSheet : EnableScopeInput])
         return;
-    const QPointer<OrbelSheetUi> self(Ui.data());
     SetEnableInput(enable, false);
-    if (self && enable && !InputEnabled[EnableScopePartial])
+    if (enable && !InputEnabled[EnableScopePartial])
         SetEnableInput(false, true);
 }
 
@@ -335,10 +365,8 @@ void OrbelSheet::ReapplyInput()
     const bool enabled = InputEnabled[EnableScopeInput] && InputEnabled[EnableScopeSheet];
     if (enabled && InputEnabled[EnableScopePartial])
         return;
-    const QPointer<OrbelSheetUi> self(Ui.data());
     SetEnableInput(true, false);
-    if (self)
-        SetEnableInput(false, enabled);
+    SetEnableInput(false, enabled);
 }
 
 bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
@@ -348,10 +376,9 @@ bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
 
 void OrbelSheet::SetEnableInput(bool enable, bool partial)
 {
-    const QSharedPointer<OrbelSheetUi> ui = Ui;
     for (const Widget &widget : Snapshot())
         widget->GetDelegate()->EnableInput(enable, partial);
-    ui->EnableInput(enable, partial);
+    Ui->EnableInput(enable, partial);
 }
 
 } // namespace KV218

@@ -5,12 +5,14 @@
 
 #include <QExplicitlySharedDataPointer>
 #include <QList>
+#include <QPointer>
 #include <QSharedPointer>
 #include <QStringList>
 
 namespace KV218
 {
 
+class FormLife;
 class OrbelElement;
 class OrbelSheetUi;
 
@@ -32,7 +34,8 @@ public:
 
     const QString &GetName() const { return Name; }
     const QString &GetVTPath() const { return VTPath; }
-    OrbelFormular *GetFormular() const { return Formular; }
+    /// Null once the form has ended.
+    OrbelFormular *GetFormular() const;
 
     int GetWidgetCount() const { return Widgets.size(); }
     /// `index` must be valid.
@@ -108,21 +111,27 @@ public:
     void EnableInput(bool enable, eEnableScope scope);
     bool IsInputEnabled(eEnableScope scope) const;
 
+    /// What keeps the parts of the form while calls run inside of them; never null.
+    FormLife *GetLife() const { return Life.get(); }
+    /// The form ends: all delegates are closed, and widgets that others hold stand in no form any more.
+    void Close();
+
     /// Called by FormDoor when a widget's element name changed.
     void TagChanged() { Index.DropTags(); }
 
 private:
-    /// The list to walk while controls act: a handler may add to the real one, or end the form.
+    /// The list to walk while controls act: a handler may add to the real one.
     const QList<Widget> Snapshot() const { return Widgets; }
     void ParseWidget(QXmlStreamReader &reader);
     void SetEnableInput(bool enable, bool partial);
     void ReapplyInput();
 
+    std::shared_ptr<FormLife> Life;
     QString Name;
     QString VTPath;
     QList<Widget> Widgets;
     QSharedPointer<OrbelElement> Root;
-    OrbelFormular *Formular;
+    QPointer<OrbelFormular> Formular;
     QSharedPointer<OrbelSheetUi> Ui;
     bool InputEnabled[3] = {true, true, true};
     bool Active = true;

@@ -3,6 +3,7 @@
 #include "delegatefactory.h"
 #include "elementnames.h"
 #include "externalwidget.h"
+#include "formlife.h"
 #include "orbelformular.h"
 #include "orbelsheet.h"
 #include "propertynames.h"
@@ -18,7 +19,7 @@ OrbelWidget::OrbelWidget(const OrbelWidget &other) = default;
 
 OrbelWidget::~OrbelWidget()
 {
-    // A copy may go on holding the delegate.
+    // A copy, or a call that runs, may go on holding the delegate.
     if (Delegate && Delegate->OwnerWidget == this)
         Delegate->OwnerWidget = nullptr;
 }
@@ -58,14 +59,21 @@ void OrbelWidget::ParseORBEL(QXmlStreamReader &reader, int index)
 
 void OrbelWidget::createDelegate()
 {
-    Delegate.reset(NewDelegate(Class, this));
+    Hold(NewDelegate(Class, this));
+}
+
+void OrbelWidget::Hold(OrbelDelegate *delegate)
+{
+    if (Sheet)
+        delegate->SetLife(Sheet->GetLife()->shared_from_this());
+    Delegate.reset(delegate, &OrbelDelegate::End);
 }
 
 void OrbelWidget::SetExtWidget(QString name, QString labelText, QWidget *widget)
 {
     Name = name;
     Class = QString::fromLatin1(widget->metaObject()->className());
-    Delegate = std::make_shared<ExternalWidget>(this, widget);
+    Hold(new ExternalWidget(this, widget));
     Delegate->setProperty(prop::LabelText.data(), labelText);
     Delegate->setProperty(prop::Visible.data(), true);
     Delegate->setProperty(prop::Enabled.data(), true);
@@ -75,18 +83,22 @@ void OrbelWidget::CreateValueTree(const QString &path)
 {
     if (!Delegate)
         return;
+    const OrbelDelegate::Call call(Delegate.get());
     Delegate->SetVTPath(path);
     Delegate->CreateValueTree();
 }
 
 void OrbelWidget::ResyncValueTree()
 {
-    if (Delegate)
-        Delegate->ResyncValueTree();
+    if (!Delegate)
+        return;
+    const OrbelDelegate::Call call(Delegate.get());
+    Delegate->ResyncValueTree();
 }
 
 void OrbelWidget::CreateGUI(FloatGroupLayout *layout)
 {
+    const OrbelDelegate::Call call(Delegate.get());
     Delegate->CreateGUI(layout);
 }
 
@@ -94,17 +106,21 @@ void OrbelWidget::GetXml(QXmlStreamWriter &writer, bool onlyModified) const
 {
     if (!Selected)
         return;
-    const bool modified = Delegate->isModified();
+    const OrbelDelegate::Call call(Delegate.get());
+    OrbelDelegate *const delegate = Delegate.get();
+    const bool modified = delegate->isModified();
     if (modified || !onlyModified)
-        Delegate->GetXml(writer);
+        delegate->GetXml(writer);
     if (modified)
-        Delegate->resetModified();
+        delegate->resetModified();
 }
 
 void OrbelWidget::ReadXml(QXmlStreamReader &reader)
 {
-    Delegate->ReadXml(reader);
-    Delegate->resetModified();
+    const OrbelDelegate::Call call(Delegate.get());
+    OrbelDelegate *const delegate = Delegate.get();
+    delegate->ReadXml(reader);
+    delegate->resetModified();
 }
 
 } // namespace KV218

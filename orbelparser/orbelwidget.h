@@ -64,6 +64,7 @@ public:
 private:
     friend class OrbelSheet;
     void createDelegate();
+    void Hold(OrbelDelegate *delegate);
 
     QString Name;
     QString Class;

@@ -1,5 +1,6 @@
 #include "observable.h"
 
+#include "exceptionstop.h"
 #include "iobserver.h"
 
 #include <QHash>
@@ -26,6 +27,7 @@ public:
 private:
     class Walk;
 
+    static void Tell(IObserver *observer, Observable *subject, TChangeCode code);
     int Find(const IObserver *observer) const;
     void Tidy();
     void Renumber();
@@ -105,7 +107,17 @@ void ObserverList::Notify(Observable *subject, TChangeCode code, IObserver *exce
     for (size_t i = 0; i < end; ++i) {
         IObserver *observer = Slots[i];
         if (observer && observer != except)
-            observer->Update(subject, code);
+            Tell(observer, subject, code);
+    }
+}
+
+void ObserverList::Tell(IObserver *observer, Observable *subject, TChangeCode code)
+{
+    try {
+        observer->Update(subject, code);
+    } catch (...) {
+        if (!ExceptionStop::EndsHere())
+            throw;
     }
 }
 

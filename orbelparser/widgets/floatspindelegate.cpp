@@ -10,10 +10,9 @@ FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget
 
 void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
 {
-    const QPointer<FloatSpinDelegate> self(this);
     if (ValueNode)
         WritePropertyToNode(name, value);
-    if (self && Control)
+    if (Control)
         WritePropertyToControl(name, value);
 }
 
@@ -29,12 +28,11 @@ void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant 
 void FloatSpinDelegate::WriteLimitsToNode()
 {
     // Whoever watches the node may end it, or the form, after each of the three.
-    const QPointer<FloatSpinDelegate> self(this);
     const NodeLimits limits = LimitsForNode();
     ValueNode->SetMin(limits.Minimum, this);
-    if (self && ValueNode)
+    if (ValueNode)
         ValueNode->SetMax(limits.Maximum, this);
-    if (self && ValueNode)
+    if (ValueNode)
         ValueNode->SetStep(limits.Step, this);
 }
 

@@ -20,9 +20,21 @@ Q_SIGNALS:
     void si_audioSourceNone();
 
 public:
-    Q_INVOKABLE void setAudioSourceToAnalog() { Q_EMIT si_audioSourceAnalog(); }
-    Q_INVOKABLE void setAudioSourceToDigital() { Q_EMIT si_audioSourceDigital(); }
-    Q_INVOKABLE void setAudioSourceToNone() { Q_EMIT si_audioSourceNone(); }
+    Q_INVOKABLE void setAudioSourceToAnalog()
+    {
+        const Call call(this);
+        Q_EMIT si_audioSourceAnalog();
+    }
+    Q_INVOKABLE void setAudioSourceToDigital()
+    {
+        const Call call(this);
+        Q_EMIT si_audioSourceDigital();
+    }
+    Q_INVOKABLE void setAudioSourceToNone()
+    {
+        const Call call(this);
+        Q_EMIT si_audioSourceNone();
+    }
 };
 
 } // namespace KV218

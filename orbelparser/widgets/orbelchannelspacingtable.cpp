@@ -1,7 +1,6 @@
 #include "orbelchannelspacingtable.h"
 
 #include "channelspacingitemdelegate.h"
-#include "flagscope.h"
 #include "floatgrouplayout.h"
 #include "formlimits.h"
 #include "listelements.h"
@@ -9,6 +8,7 @@
 
 #include <QHeaderView>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QTableWidget>
 
 namespace KV218
@@ -73,17 +73,13 @@ void OrbelChannelSpacingTable::FillTable()
     if (!Control)
         return;
     constexpr int RowHeight = 20;
-    const QPointer<OrbelChannelSpacingTable> self(this);
-    const QPointer<QTableWidget> table(Control);
-    const FlagScope updating(this, Updating);
-    table->verticalHeader()->setUpdatesEnabled(false);
+    const QScopedValueRollback<bool> updating(Updating, true);
+    Control->verticalHeader()->setUpdatesEnabled(false);
     // All rows at once: the header measures itself again at each row that is resized alone.
-    table->verticalHeader()->setDefaultSectionSize(RowHeight);
-    table->setRowCount(Spacings.size());
-    // The table may outlive a form that a handler ended.
-    if (!self && table)
-        table->verticalHeader()->setUpdatesEnabled(true);
-    if (!self || !table)
+    Control->verticalHeader()->setDefaultSectionSize(RowHeight);
+    Control->setRowCount(Spacings.size());
+    // Rows that go may take a cell with them that is being edited, and a handler the window.
+    if (!Control)
         return;
     for (int row = 0; row < Spacings.size(); ++row) {
         Control->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(row + 1)));
@@ -116,7 +112,7 @@ void OrbelChannelSpacingTable::GetXml(QXmlStreamWriter &writer) const
 
 void OrbelChannelSpacingTable::ReadXml(QXmlStreamReader &reader)
 {
-    const FlagScope updating(this, Updating);
+    const QScopedValueRollback<bool> updating(Updating, true);
     ReadIndexedEntries(reader, [this](int index, const QString &text) {
         setSpacingValue(index, text.toDouble());
         return true;
@@ -132,15 +128,13 @@ void OrbelChannelSpacingTable::setFocus()
 void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelChannelSpacingTable> self(this);
     if (name == prop::HeaderLabel) {
         ShowHeaderLabel(Translate(value.toString()));
     } else if (name == prop::SpacingsCount) {
         ResizeSpacings(CountOf(value));
         FillTable();
     }
-    if (self)
-        PropagateProperty(name, Control);
+    PropagateProperty(name, Control);
 }
 
 double OrbelChannelSpacingTable::spacingValue(int index)
@@ -160,8 +154,8 @@ void OrbelChannelSpacingTable::setSpacingValue(int index, double value)
 
 void OrbelChannelSpacingTable::setAllSpacingValues(double value)
 {
-    const QPointer<OrbelChannelSpacingTable> self(this);
-    for (int row = 0; self && row < Spacings.size(); ++row)
+    const Call call(this);
+    for (int row = 0; row < Spacings.size(); ++row)
         setSpacingValue(row, value);
 }
 
@@ -172,46 +166,51 @@ void OrbelChannelSpacingTable::sl_cellChanged(int row, int)
         return;
     const double value = item->data(Qt::DisplayRole).toDouble();
     Spacings[row] = value;
-    const QPointer<OrbelChannelSpacingTable> self(this);
+    const Call call(this);
     setModified(true);
-    if (self)
-        Q_EMIT spacingChanged(row);
-    if (self)
-        Q_EMIT spacingValueChanged(row, value);
+    Q_EMIT spacingChanged(row);
+    Q_EMIT spacingValueChanged(row, value);
 }
 
 void OrbelChannelSpacingTable::sl_currentCellChanged(int currentRow, int, int previousRow, int)
 {
+    const Call call(this);
     Q_EMIT currentSpacingChanged(currentRow, previousRow);
 }
 
 void OrbelChannelSpacingTable::sl_cellActivated(int row, int)
 {
+    const Call call(this);
     Q_EMIT spacingActivated(row);
 }
 
 void OrbelChannelSpacingTable::sl_cellClicked(int row, int)
 {
+    const Call call(this);
     Q_EMIT spacingClicked(row);
 }
 
 void OrbelChannelSpacingTable::sl_cellDoubleClicked(int row, int)
 {
+    const Call call(this);
     Q_EMIT spacingDoubleClicked(row);
 }
 
 void OrbelChannelSpacingTable::sl_cellEntered(int row, int)
 {
+    const Call call(this);
     Q_EMIT spacingEntered(row);
 }
 
 void OrbelChannelSpacingTable::sl_cellPressed(int row, int)
 {
+    const Call call(this);
     Q_EMIT spacingPressed(row);
 }
 
 void OrbelChannelSpacingTable::sl_customContextMenuRequested(QPoint pt)
 {
+    const Call call(this);
     ContextRow = Control->rowAt(pt.y());
     if (ContextRow < 0 || Spacings.size() < 2)
         return;

@@ -47,33 +47,27 @@ void OrbelCheckBox::ReadXml(QXmlStreamReader &reader)
 {
     // Meant: any text but the one for checked means unchecked.
     const bool checked = reader.readElementText() == CheckedText();
-    const QPointer<OrbelCheckBox> self(this);
     SetPropertyAlways(prop::Checked, checked);
-    if (self)
-        Q_EMIT toggled(checked);
+    Q_EMIT toggled(checked);
 }
 
 void OrbelCheckBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelCheckBox> self(this);
     if (name == prop::Checked && ValueNode)
         ValueNode->SetValue(value.toBool(), this);
-    if (self)
-        PropagateProperty(name, Control);
+    PropagateProperty(name, Control);
 }
 
-void OrbelCheckBox::Update(Observable *subject, TChangeCode code)
+void OrbelCheckBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;
-    const QPointer<OrbelCheckBox> self(this);
     const bool checked = ValueNode->GetValue();
     if (!ChangeProperty(prop::Checked, checked))
         return;
     Q_EMIT toggled(checked);
-    if (self)
-        setModified(true);
+    setModified(true);
 }
 
 } // namespace KV218

@@ -45,7 +45,6 @@ void OrbelComboBox::ResyncValueTree()
     if (!ValueNode || !values)
         return;
     Enum = values;
-    const QPointer<OrbelComboBox> self(this);
     const QString current = ValueNode->GetStringValue();
     ValueSelection rows(QString(), ekStateUsable);
     for (int i = 0; i < Enum->GetValueCount(); ++i) {
@@ -54,11 +53,11 @@ void OrbelComboBox::ResyncValueTree()
     }
     // Meant: the choice survives by its display name, and `currentValue` stays even when it does not.
     ValueNode->DeleteItems(this);
-    if (self && ValueNode)
+    if (ValueNode)
         ValueNode->SetTranslationNamespace(ContextOf(*Enum).constData(), this);
-    if (self && ValueNode)
+    if (ValueNode)
         ValueNode->AddItemsFrom(rows, this);
-    if (self && ValueNode)
+    if (ValueNode)
         ValueNode->SetStringValue(current, this);
 }
 
@@ -87,17 +86,14 @@ void OrbelComboBox::GetXml(QXmlStreamWriter &writer) const
 void OrbelComboBox::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = reader.readElementText();
-    const QPointer<OrbelComboBox> self(this);
     SetPropertyAlways(prop::CurrentValue, text);
     // Meant: the text as it was read, even where the property has become a row's value text by now.
-    if (self)
-        Q_EMIT currentValueChanged(text);
+    Q_EMIT currentValueChanged(text);
 }
 
 void OrbelComboBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelComboBox> self(this);
     if (name == prop::CurrentValue && ValueNode) {
         const int index = firstIndexOfValue(value.toString());
         if (index >= 0)
@@ -105,8 +101,7 @@ void OrbelComboBox::PropertyChanged(const QString &name, const QVariant &value)
         else if (value.canConvert<double>())
             SelectNumber(value.toDouble());
     }
-    if (self)
-        PropagateProperty(name, Control);
+    PropagateProperty(name, Control);
 }
 
 void OrbelComboBox::SelectRow(int index)
@@ -117,25 +112,22 @@ void OrbelComboBox::SelectRow(int index)
 /// Chooses what the node finds for a number, and makes the property agree. A miss leaves the property as it was set.
 void OrbelComboBox::SelectNumber(double number)
 {
-    const QPointer<OrbelComboBox> self(this);
-    if (!ValueNode->Select(number, this, false) || !self || !ValueNode)
+    if (!ValueNode->Select(number, this, false) || !ValueNode)
         return;
     // Differs from a value that no row has; where there are no rows, the comparison ends the recursion.
     ChangeProperty(prop::CurrentValue, Enum->FindName(ValueNode->GetStringValue()).GetValue());
 }
 
-void OrbelComboBox::Update(Observable *subject, TChangeCode code)
+void OrbelComboBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;
-    const QPointer<OrbelComboBox> self(this);
     // Meant: of rows with equal display names the first one counts, and then becomes the choice of the node too.
     const QString value = Enum->FindName(ValueNode->GetStringValue()).GetValue();
-    if (!ChangeProperty(prop::CurrentValue, value) || !self)
+    if (!ChangeProperty(prop::CurrentValue, value))
         return;
     Q_EMIT currentValueChanged(value);
-    if (self)
-        setModified(true);
+    setModified(true);
 }
 
 double OrbelComboBox::getCurrentValue() const

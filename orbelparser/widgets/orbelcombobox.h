@@ -23,7 +23,6 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    void Update(Observable *subject, TChangeCode code) override;
 
     /// The number that the chosen row's value text states, or the row's index from 0 where it states none; 0 without an
     /// enumeration.
@@ -57,6 +56,7 @@ public:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
 
 private:
     QExplicitlySharedDataPointer<OrbelEnum> FindEnum() const;

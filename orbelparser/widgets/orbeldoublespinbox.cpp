@@ -57,10 +57,8 @@ void OrbelDoubleSpinBox::GetXml(QXmlStreamWriter &writer) const
 void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 {
     const double number = reader.readElementText().toDouble();
-    const QPointer<OrbelDoubleSpinBox> self(this);
     SetPropertyAlways(prop::Value, number);
-    if (self)
-        Q_EMIT valueChanged(number);
+    Q_EMIT valueChanged(number);
 }
 
 void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
@@ -70,28 +68,22 @@ void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &va
         Number = GetDouble(prop::Value, 0.0);
     else if (name == prop::Decimals)
         Decimals = DocumentDecimals(*this);
-    const QPointer<OrbelDoubleSpinBox> self(this);
     WriteProperty(name, value);
-    if (!self)
-        return;
     if (name == prop::Minimum || name == prop::Maximum)
         SetDoubleTooltip(Control);
     PropagateProperty(name, Control);
 }
 
-void OrbelDoubleSpinBox::Update(Observable *subject, TChangeCode code)
+void OrbelDoubleSpinBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;
-    const QPointer<OrbelDoubleSpinBox> self(this);
     const double number = ValueNode->GetValue();
     if (!ChangeProperty(prop::Value, number))
         return;
     Q_EMIT valueChanged(number);
-    if (self)
-        Q_EMIT editingFinished();
-    if (self)
-        setModified(true);
+    Q_EMIT editingFinished();
+    setModified(true);
 }
 
 } // namespace KV218

@@ -20,7 +20,6 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    void Update(Observable *subject, TChangeCode code) override;
 
 Q_SIGNALS:
     void editingFinished();
@@ -43,6 +42,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
 
 private:
     /// What a parameter document says; kept since the properties hold texts at first.

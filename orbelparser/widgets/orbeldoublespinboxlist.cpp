@@ -47,13 +47,9 @@ void OrbelDoubleSpinBoxList::setFocus()
 void OrbelDoubleSpinBoxList::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    // An item that is hidden may commit what was being typed, and a handler end the form.
-    const QPointer<OrbelDoubleSpinBoxList> self(this);
     const auto items = Items;
-    for (const Item &item : items) {
-        if (self)
-            PropagateProperty(name, item.Control);
-    }
+    for (const Item &item : items)
+        PropagateProperty(name, item.Control);
 }
 
 bool OrbelDoubleSpinBoxList::isEnabled(int index) const
@@ -74,10 +70,8 @@ void OrbelDoubleSpinBoxList::setEnabled(int index, bool flag)
 
 void OrbelDoubleSpinBoxList::EmitNumber(int index, double number)
 {
-    const QPointer<OrbelDoubleSpinBoxList> self(this);
     Q_EMIT valueChanged(index, number);
-    if (self)
-        Q_EMIT shiftValueChanged(index, number);
+    Q_EMIT shiftValueChanged(index, number);
 }
 
 } // namespace KV218

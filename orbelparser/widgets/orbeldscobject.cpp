@@ -59,26 +59,31 @@ void OrbelDSCObject::CreateGUI(FloatGroupLayout *)
         Qt::UniqueConnection);
 }
 
-void OrbelDSCObject::Update(Observable *source, TChangeCode code)
+void OrbelDSCObject::NodeChanged(Observable *source, TChangeCode code)
 {
     if (ExclusionMap.HasNews(source, code))
         setModified(true);
 }
 
+QVector<ValueBase *> OrbelDSCObject::GetNodes() const
+{
+    return ExclusionMap ? QVector<ValueBase *>{ExclusionMap.get()} : QVector<ValueBase *>();
+}
+
 void OrbelDSCObject::sl_editExclusionRanges()
 {
+    const Call call(this);
     EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className());
 }
 
 void OrbelDSCObject::sl_setScanRanges(QString value)
 {
     // A control that shows a text may tell handlers, and one of them end the form.
-    const QPointer<OrbelDSCObject> self(this);
+    const Call call(this);
     for (const Band &band : Bands)
-        if (self)
-            ShowScanRange(band.label, NoRange);
+        ShowScanRange(band.label, NoRange);
     QXmlStreamReader reader(value);
-    while (self && !reader.atEnd()) {
+    while (!reader.atEnd()) {
         if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == Latin1("Scan"))
             ReadScan(reader);
     }
@@ -86,13 +91,12 @@ void OrbelDSCObject::sl_setScanRanges(QString value)
 
 void OrbelDSCObject::ReadScan(QXmlStreamReader &reader)
 {
-    const QPointer<OrbelDSCObject> self(this);
     ForEachStart(reader, [&](const QStringRef &name) {
         if (const Band *band = FindBand(name))
             ShowScanRange(band->label, ReadBand(reader));
         else
             reader.skipCurrentElement();
-        return !self.isNull();
+        return true;
     });
 }
 

@@ -20,7 +20,6 @@ public:
 
     void CreateValueTree() override;
     void CreateGUI(FloatGroupLayout *layout) override;
-    void Update(Observable *source, TChangeCode code) override;
 
 Q_SIGNALS:
     void si_editExclusionRangesBtnClicked();
@@ -39,16 +38,35 @@ public Q_SLOTS:
 
 public:
     /// For the scripts of buttons.
-    Q_INVOKABLE void emitEditExclusionRangesBtnClicked() { Q_EMIT si_editExclusionRangesBtnClicked(); }
-    Q_INVOKABLE void emitEditScriptBtnClicked() { Q_EMIT si_editScriptBtnClicked(); }
-    Q_INVOKABLE void emitLoadProdCriteriaBtnClicked() { Q_EMIT si_loadProdCriteriaBtnClicked(); }
-    Q_INVOKABLE void emitLoadSpectralDetectorDataClicked() { Q_EMIT si_loadSpectralDetectorDataClicked(); }
+    Q_INVOKABLE void emitEditExclusionRangesBtnClicked()
+    {
+        const Call call(this);
+        Q_EMIT si_editExclusionRangesBtnClicked();
+    }
+    Q_INVOKABLE void emitEditScriptBtnClicked()
+    {
+        const Call call(this);
+        Q_EMIT si_editScriptBtnClicked();
+    }
+    Q_INVOKABLE void emitLoadProdCriteriaBtnClicked()
+    {
+        const Call call(this);
+        Q_EMIT si_loadProdCriteriaBtnClicked();
+    }
+    Q_INVOKABLE void emitLoadSpectralDetectorDataClicked()
+    {
+        const Call call(this);
+        Q_EMIT si_loadSpectralDetectorDataClicked();
+    }
     Q_INVOKABLE void emitSpectralDetectorProcStatusToggled(bool status)
     {
+        const Call call(this);
         Q_EMIT si_spectralDetectorProcStatusToggled(status);
     }
 
 protected:
+    void NodeChanged(Observable *source, TChangeCode code) override;
+    QVector<ValueBase *> GetNodes() const override;
     ValueCommentedRangeMap *GetRanges() const override { return ExclusionMap.get(); }
 
 private:

@@ -25,6 +25,7 @@ void OrbelFFTObject::setFFTLength(quint32 value)
     if (value == FFTLength)
         return;
     FFTLength = value;
+    const Call call(this);
     Recompute();
 }
 
@@ -33,10 +34,9 @@ void OrbelFFTObject::setSignalSampleRate(qint64 value)
     if (value == SignalSampleRate)
         return;
     SignalSampleRate = value;
-    const QPointer<OrbelFFTObject> self(this);
+    const Call call(this);
     Recompute();
-    if (self)
-        Q_EMIT si_signalSampleRateChanged(SignalSampleRate);
+    Q_EMIT si_signalSampleRateChanged(SignalSampleRate);
 }
 
 void OrbelFFTObject::Recompute()

@@ -29,10 +29,9 @@ void OrbelFHPObject::CreateValueTree()
 {
     const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
     // Nobody would end the list of an earlier path. Whoever is told of its end may end the form.
-    const QPointer<OrbelFHPObject> self(this);
     if (ExclusionRanges && ExclusionRanges->GetPathName() != path)
         ExclusionRanges.ReleaseNode();
-    if (!self || ExclusionRanges.CreateNode(path))
+    if (ExclusionRanges.CreateNode(path))
         return;
     TraceFailure(QStringLiteral("OrbelFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
         "orbelfhpobject", __LINE__);
@@ -47,15 +46,21 @@ void OrbelFHPObject::CreateGUI(FloatGroupLayout *)
         Qt::UniqueConnection);
 }
 
-void OrbelFHPObject::Update(Observable *source, TChangeCode code)
+void OrbelFHPObject::NodeChanged(Observable *source, TChangeCode code)
 {
     // The code first: a node that goes away cannot be asked for its side.
     if (code == ekChangeValue && ExclusionRanges && source == ExclusionRanges.get())
         setModified(true);
 }
 
+QVector<ValueBase *> OrbelFHPObject::GetNodes() const
+{
+    return ExclusionRanges ? QVector<ValueBase *>{ExclusionRanges.get()} : QVector<ValueBase *>();
+}
+
 void OrbelFHPObject::sl_editExclusionRanges()
 {
+    const Call call(this);
     EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className());
 }
 

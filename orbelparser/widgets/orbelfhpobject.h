@@ -20,7 +20,6 @@ public:
 
     void CreateValueTree() override;
     void CreateGUI(FloatGroupLayout *layout) override;
-    void Update(Observable *source, TChangeCode code) override;
 
 Q_SIGNALS:
     void si_editEditExclusionRangesBtnClicked();
@@ -31,9 +30,15 @@ public Q_SLOTS:
 
 public:
     /// For the script of a button.
-    Q_INVOKABLE void emitEditExclusionRangesBtnClicked() { Q_EMIT si_editEditExclusionRangesBtnClicked(); }
+    Q_INVOKABLE void emitEditExclusionRangesBtnClicked()
+    {
+        const Call call(this);
+        Q_EMIT si_editEditExclusionRangesBtnClicked();
+    }
 
 protected:
+    void NodeChanged(Observable *source, TChangeCode code) override;
+    QVector<ValueBase *> GetNodes() const override;
     ValueCommentedRangeMap *GetRanges() const override { return ExclusionRanges.get(); }
 
 private:

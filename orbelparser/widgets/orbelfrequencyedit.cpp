@@ -1,6 +1,5 @@
 #include "orbelfrequencyedit.h"
 
-#include "flagscope.h"
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "saturate.h"
@@ -9,6 +8,7 @@
 #include "vcminifrequency.h"
 
 #include <QGridLayout>
+#include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -111,18 +111,16 @@ void OrbelFrequencyEdit::GetXml(QXmlStreamWriter &writer) const
 void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = reader.readElementText();
-    const QPointer<OrbelFrequencyEdit> self(this);
     SetPropertyAlways(prop::Value, text);
     // The node's news leave out this object, so that nobody else would tell.
-    if (self)
-        Q_EMIT valueChanged(qint64(text.toULongLong()));
+    Q_EMIT valueChanged(qint64(text.toULongLong()));
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
 {
-    const QPointer<OrbelFrequencyEdit> self(this);
+    const Call call(this);
     OrbelDelegate::EnableInput(enable, partial);
-    if (self && !partial && lockButton)
+    if (!partial && lockButton)
         lockButton->setEnabled(enable);
 }
 
@@ -144,7 +142,6 @@ void OrbelFrequencyEdit::forceFinishEditing()
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelFrequencyEdit> self(this);
     // Meant: limits reach the node as they are, though they are scaled when it is made; and a value that they move is
     // the node's alone, not the property's.
     if (name == prop::Value && valueNode)
@@ -155,17 +152,15 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
         valueNode->SetMax(value.toDouble(), this);
     else if (name == prop::FrequencyLock && lockButton)
         ShowLock(value.toBool());
-    if (self)
-        PropagateProperty(name, frequencyControl);
-    if (self)
-        PropagateProperty(name, lineEdit);
-    if (self && lockVisible && name == prop::Visible)
+    PropagateProperty(name, frequencyControl);
+    PropagateProperty(name, lineEdit);
+    if (lockVisible && name == prop::Visible)
         PropagateProperty(name, lockButton);
 }
 
 void OrbelFrequencyEdit::ShowLock(bool locked)
 {
-    const FlagScope updating(this, lockUpdating);
+    const QScopedValueRollback<bool> updating(lockUpdating, true);
     if (!lockVisible) {
         // Meant: once shown, the button goes with its row only.
         lockVisible = true;
@@ -178,19 +173,16 @@ void OrbelFrequencyEdit::ShowLock(bool locked)
     lockButton->setIcon(LockIcon(locked));
 }
 
-void OrbelFrequencyEdit::Update(Observable *source, TChangeCode code)
+void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
 {
     if (!valueNode.HasNews(source, code))
         return;
-    const QPointer<OrbelFrequencyEdit> self(this);
     const qint64 hertz = Saturated<qint64>(std::trunc(valueNode->GetValue()));
     if (!ChangeProperty(prop::Value, hertz))
         return;
     Q_EMIT valueChanged(hertz);
-    if (self)
-        Q_EMIT editingFinished();
-    if (self)
-        setModified(true);
+    Q_EMIT editingFinished();
+    setModified(true);
 }
 
 void OrbelFrequencyEdit::SlotTextEdited(QString)
@@ -200,15 +192,15 @@ void OrbelFrequencyEdit::SlotTextEdited(QString)
 
 void OrbelFrequencyEdit::SlotReturnPressed()
 {
-    const QPointer<OrbelFrequencyEdit> self(this);
+    const Call call(this);
     Q_EMIT returnPressed();
-    if (self)
-        Form().applyNow();
+    Form().applyNow();
 }
 
 void OrbelFrequencyEdit::SlotLockButtonChecked(bool checked)
 {
     // Meant: icon and tooltip wait for somebody to set the property.
+    const Call call(this);
     if (lockButton && !lockUpdating)
         Q_EMIT si_lockButtonToggled(checked);
 }

@@ -28,7 +28,6 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return valueNode.get(); }
     void EnableInput(bool enable, bool partial) override;
-    void Update(Observable *source, TChangeCode code) override;
 
 Q_SIGNALS:
     /// The operator clicked the lock button; `checked` is the state that is wanted. A handler that ends the form does
@@ -59,6 +58,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text);

@@ -101,10 +101,9 @@ void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
 
 void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFrequency)
 {
-    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    const Call call(this);
     ChangeProperty(prop::StartFrequency, a_startFrequency);
-    if (self)
-        ChangeProperty(prop::StopFrequency, a_stopFrequency);
+    ChangeProperty(prop::StopFrequency, a_stopFrequency);
 }
 
 void OrbelFrequencyRangeEdit::setFocus()
@@ -115,32 +114,28 @@ void OrbelFrequencyRangeEdit::setFocus()
 
 void OrbelFrequencyRangeEdit::forceFinishEditing()
 {
-    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    const Call call(this);
     if (startEdit)
         startEdit->endEdit();
-    if (self && stopEdit)
+    if (stopEdit)
         stopEdit->endEdit();
 }
 
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelFrequencyRangeEdit> self(this);
     if (name == prop::StartFrequencyParameterXmlTag || name == prop::StopFrequencyParameterXmlTag)
         // Meant: the tag before stays on the list.
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);
-    if (self)
-        PropagateProperty(name, startEdit);
-    if (self)
-        PropagateProperty(name, stopEdit);
+    PropagateProperty(name, startEdit);
+    PropagateProperty(name, stopEdit);
 }
 
 /// Meant: no bound pushes the other one here, so a script can set both in any order.
 void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &value)
 {
-    const QPointer<OrbelFrequencyRangeEdit> self(this);
     const double limit = value.toDouble();
     if (name == prop::StartFrequency && startNode)
         startNode->SetStringValue(value.toString(), this);
@@ -149,17 +144,17 @@ void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &va
     else if (name == prop::Minimum) {
         if (startNode)
             startNode->SetMin(limit, this);
-        if (self && stopNode)
+        if (stopNode)
             stopNode->SetMin(limit + LeastDistance, this);
     } else if (name == prop::Maximum) {
         if (startNode)
             startNode->SetMax(limit - LeastDistance, this);
-        if (self && stopNode)
+        if (stopNode)
             stopNode->SetMax(limit, this);
     }
 }
 
-void OrbelFrequencyRangeEdit::Update(Observable *source, TChangeCode code)
+void OrbelFrequencyRangeEdit::NodeChanged(Observable *source, TChangeCode code)
 {
     const bool startMoved = startNode.HasNews(source, code);
     const bool stopMoved = !startMoved && stopNode.HasNews(source, code);
@@ -170,7 +165,6 @@ void OrbelFrequencyRangeEdit::Update(Observable *source, TChangeCode code)
 /// The bound that moved wins; the other one stands next to it.
 void OrbelFrequencyRangeEdit::Repair(bool startMoved)
 {
-    const QPointer<OrbelFrequencyRangeEdit> self(this);
     auto [start, stop] = getCurrentRange();
     const bool collide = start >= stop;
     bool changed = false;
@@ -181,16 +175,22 @@ void OrbelFrequencyRangeEdit::Repair(bool startMoved)
         start = stop > std::numeric_limits<qint64>::min() ? stop - 1 : stop;
         changed = ChangeProperty(prop::StartFrequency, start);
     }
-    if (!self)
-        return;
     changed |= startMoved ? ChangeProperty(prop::StartFrequency, start) : ChangeProperty(prop::StopFrequency, stop);
-    if (!self || !changed)
+    if (!changed)
         return;
     Q_EMIT rangeChanged(start, stop);
-    if (self)
-        Q_EMIT editingFinished();
-    if (self)
-        setModified(true);
+    Q_EMIT editingFinished();
+    setModified(true);
+}
+
+QVector<ValueBase *> OrbelFrequencyRangeEdit::GetNodes() const
+{
+    QVector<ValueBase *> nodes;
+    for (ValueDouble *node : {startNode.get(), stopNode.get()}) {
+        if (node)
+            nodes.append(node);
+    }
+    return nodes;
 }
 
 void OrbelFrequencyRangeEdit::SlotTextEdited(QString)
@@ -200,10 +200,9 @@ void OrbelFrequencyRangeEdit::SlotTextEdited(QString)
 
 void OrbelFrequencyRangeEdit::SlotReturnPressed()
 {
-    const QPointer<OrbelFrequencyRangeEdit> self(this);
+    const Call call(this);
     Q_EMIT returnPressed();
-    if (self)
-        Form().applyNow();
+    Form().applyNow();
 }
 
 } // namespace KV218

@@ -27,7 +27,6 @@ public:
     /// Reads the element only if it is one of the two; leaves any other one to the caller.
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return startNode.get(); }
-    void Update(Observable *source, TChangeCode code) override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
     QPair<qint64, qint64> getCurrentRange() const;
@@ -67,6 +66,8 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
+    QVector<ValueBase *> GetNodes() const override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text = QString());

@@ -51,12 +51,10 @@ void OrbelHeadline::PropertyChanged(const QString &name, const QVariant &value)
 void OrbelHeadline::slotClicked(bool clicked)
 {
     // A field that is hidden commits its text, and the configuration object is the host's: the form may end in either.
-    const QPointer<OrbelHeadline> self(this);
+    const Call call(this);
     Form().setGroupVisible(clicked);
-    if (self)
-        Form().ApplyConfiguration();
-    if (self)
-        RefreshToolTip();
+    Form().ApplyConfiguration();
+    RefreshToolTip();
 }
 
 void OrbelHeadline::RefreshToolTip()

@@ -24,11 +24,9 @@ void OrbelHidden::ReadXml(QXmlStreamReader &reader)
     const QString text = reader.readElementText();
     if (text == GetString(prop::Value, QString()))
         return;
-    const QPointer<OrbelHidden> self(this);
     SetPropertyAlways(prop::Value, text);
     // Meant: the set has signalled already, so a new text is told twice.
-    if (self)
-        Q_EMIT valueChanged(text);
+    Q_EMIT valueChanged(text);
 }
 
 void OrbelHidden::PropertyChanged(const QString &name, const QVariant &value)
@@ -37,15 +35,12 @@ void OrbelHidden::PropertyChanged(const QString &name, const QVariant &value)
     const QString text = value.toString();
     if (name != prop::Value || !ValueNode || ValueNode->GetValue() == text)
         return;
-    const QPointer<OrbelHidden> self(this);
     ValueNode->SetValue(text, this);
-    if (self)
-        setModified(true);
-    if (self)
-        Q_EMIT valueChanged(text);
+    setModified(true);
+    Q_EMIT valueChanged(text);
 }
 
-void OrbelHidden::Update(Observable *subject, TChangeCode code)
+void OrbelHidden::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;

@@ -20,7 +20,6 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return ValueNode.get(); }
-    void Update(Observable *subject, TChangeCode code) override;
 
 Q_SIGNALS:
     void valueChanged(QString);
@@ -30,6 +29,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
 
 private:
     OwnedNode<ValueString> ValueNode;

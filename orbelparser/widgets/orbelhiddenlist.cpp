@@ -31,10 +31,9 @@ void OrbelHiddenList::ReadXml(QXmlStreamReader &reader)
 {
     // Meant: `itemCount` stays, so items that make the list no longer than it says find no room and are lost.
     Items.clear();
-    const QPointer<OrbelHiddenList> self(this);
     ReadIndexedEntries(reader, [&](int index, const QString &text) {
         setItemValue(index, text);
-        return !self.isNull();
+        return true;
     });
 }
 
@@ -57,10 +56,9 @@ void OrbelHiddenList::setItemValue(int index, QString value)
         setItemCount(index + 1);
     if (!SetListValue(Items, value, index, 0, 1))
         return;
-    const QPointer<OrbelHiddenList> self(this);
+    const Call call(this);
     setModified(true);
-    if (self)
-        Q_EMIT itemValueChanged(index, value);
+    Q_EMIT itemValueChanged(index, value);
 }
 
 } // namespace KV218

@@ -37,24 +37,22 @@ void OrbelHiddenMap::remove(QString key)
     const QString value = Entries.value(key);
     if (!Entries.remove(key))
         return;
-    const QPointer<OrbelHiddenMap> self(this);
+    const Call call(this);
     Q_EMIT valueRemoved(key, value);
-    if (self)
-        setModified(true);
+    setModified(true);
 }
 
 void OrbelHiddenMap::setValue(QString key, QString value)
 {
     const bool known = Entries.contains(key);
     Entries.insert(key, value);
-    const QPointer<OrbelHiddenMap> self(this);
+    const Call call(this);
     // Meant: an equal text signals and marks the control modified too.
     if (known)
         Q_EMIT valueChanged(key, value);
     else
         Q_EMIT valueAdded(key, value);
-    if (self)
-        setModified(true);
+    setModified(true);
 }
 
 } // namespace KV218

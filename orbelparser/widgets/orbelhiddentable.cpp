@@ -9,18 +9,16 @@ OrbelHiddenTable::OrbelHiddenTable(OrbelWidget *widget) : CellDelegate(widget) {
 
 void OrbelHiddenTable::ReadXml(QXmlStreamReader &reader)
 {
-    const QPointer<OrbelHiddenTable> self(this);
     clear();
-    if (!self)
-        return;
     ReadCells(reader, [&](int row, int column, const QString &text) {
         setItemValue(row, column, text);
-        return !self.isNull();
+        return true;
     });
 }
 
 void OrbelHiddenTable::clear()
 {
+    const Call call(this);
     std::fill(Cells.begin(), Cells.end(), QVariant());
     Q_EMIT tableCleared();
 }
@@ -29,10 +27,9 @@ void OrbelHiddenTable::setItemValue(int row, int column, QString value)
 {
     if (!SetCell(row, column, value))
         return;
-    const QPointer<OrbelHiddenTable> self(this);
+    const Call call(this);
     setModified(true);
-    if (self)
-        Q_EMIT itemValueChanged(row, column, value);
+    Q_EMIT itemValueChanged(row, column, value);
 }
 
 } // namespace KV218

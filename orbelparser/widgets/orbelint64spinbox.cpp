@@ -72,42 +72,33 @@ void OrbelInt64SpinBox::GetXml(QXmlStreamWriter &writer) const
 void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = reader.readElementText();
-    const QPointer<OrbelInt64SpinBox> self(this);
     SetPropertyAlways(prop::Value, text);
     // Meant: a text with an exponent or a fraction sets the node but is announced as 0.
-    if (self)
-        Q_EMIT valueChanged(text.toLongLong());
+    Q_EMIT valueChanged(text.toLongLong());
 }
 
 void OrbelInt64SpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelInt64SpinBox> self(this);
     WriteProperty(name, value);
-    if (!self)
-        return;
     // Meant: the 32-bit form, so a greater bound is left out of the tooltip once any bound has changed.
     if (name == prop::Minimum || name == prop::Maximum)
         SetIntTooltip(Control);
     else if (name == prop::UnitScale)
         ApplyUnitScale();
-    if (self)
-        PropagateProperty(name, Control);
+    PropagateProperty(name, Control);
 }
 
-void OrbelInt64SpinBox::Update(Observable *subject, TChangeCode code)
+void OrbelInt64SpinBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;
-    const QPointer<OrbelInt64SpinBox> self(this);
     const double number = ValueNode->GetValue();
     if (!ChangeProperty(prop::Value, number))
         return;
     Q_EMIT valueChanged(Saturated<qint64>(std::trunc(number)));
-    if (self)
-        Q_EMIT editingFinished();
-    if (self)
-        setModified(true);
+    Q_EMIT editingFinished();
+    setModified(true);
 }
 
 void OrbelInt64SpinBox::setUnitScale(QString)
@@ -128,12 +119,8 @@ void OrbelInt64SpinBox::ApplyUnitScale()
         {prop::Decimals, row.decimals},
         {prop::SingleStep, 1},
     };
-    const QPointer<OrbelInt64SpinBox> self(this);
-    for (const auto &[name, value] : changes) {
+    for (const auto &[name, value] : changes)
         ChangeProperty(name, value);
-        if (!self)
-            return;
-    }
 }
 
 } // namespace KV218

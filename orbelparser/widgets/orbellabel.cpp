@@ -46,10 +46,15 @@ void OrbelLabel::PropertyChanged(const QString &name, const QVariant &value)
     PropagateProperty(name, Control);
 }
 
-void OrbelLabel::Update(Observable *subject, TChangeCode code)
+void OrbelLabel::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (ValueNode.HasNews(subject, code) && ChangeProperty(prop::Text, ValueNode->GetValue()))
         setModified(true);
+}
+
+QVector<ValueBase *> OrbelLabel::GetNodes() const
+{
+    return ValueNode ? QVector<ValueBase *>{ValueNode.get()} : QVector<ValueBase *>();
 }
 
 } // namespace KV218

@@ -21,13 +21,14 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    void Update(Observable *subject, TChangeCode code) override;
 
 public Q_SLOTS:
     void setText(QString text) { ChangeProperty(prop::Text, text); }
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
+    QVector<ValueBase *> GetNodes() const override;
 
 private:
     OwnedNode<ValueString> ValueNode;

@@ -33,7 +33,7 @@ void OrbelLineEdit::CreateGUI(FloatGroupLayout *layout)
     connect(Control, &VCLineEdit::signalTextFinallyChanged, this, &OrbelLineEdit::SlotTextFinallyChanged);
     connect(Control, &QLineEdit::textEdited, this, &OrbelLineEdit::SlotTextEdited);
     connect(Control, &QLineEdit::returnPressed, this, &OrbelLineEdit::SlotReturnPressed);
-    connect(Control, &QLineEdit::textChanged, this, &OrbelLineEdit::textChanged);
+    Relay(Control.data(), &QLineEdit::textChanged, &OrbelLineEdit::textChanged);
 }
 
 void OrbelLineEdit::GetXml(QXmlStreamWriter &writer) const
@@ -49,10 +49,8 @@ void OrbelLineEdit::GetXml(QXmlStreamWriter &writer) const
 void OrbelLineEdit::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = reader.readElementText();
-    const QPointer<OrbelLineEdit> self(this);
     SetPropertyAlways(prop::Text, text);
-    if (self)
-        Q_EMIT textChanged(text);
+    Q_EMIT textChanged(text);
 }
 
 void OrbelLineEdit::forceFinishEditing()
@@ -64,55 +62,46 @@ void OrbelLineEdit::forceFinishEditing()
 void OrbelLineEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelLineEdit> self(this);
     if (name == prop::Text && ValueNode)
         ValueNode->SetValue(value.toString(), this);
-    if (self)
-        PropagateProperty(name, Control);
+    PropagateProperty(name, Control);
 }
 
-void OrbelLineEdit::Update(Observable *subject, TChangeCode code)
+void OrbelLineEdit::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;
-    const QPointer<OrbelLineEdit> self(this);
     const QString text = ValueNode->GetValue();
     if (!ChangeProperty(prop::Text, text))
         return;
     Q_EMIT textChanged(text);
     // Meant: a text that arrives through the node must not start automatic apply.
-    if (self)
-        setModified(false);
+    setModified(false);
 }
 
 void OrbelLineEdit::SlotTextEdited(QString text)
 {
-    const QPointer<OrbelLineEdit> self(this);
+    const Call call(this);
     setModified(false);
-    if (self)
-        Q_EMIT textEdited(text);
+    Q_EMIT textEdited(text);
 }
 
 void OrbelLineEdit::SlotTextFinallyChanged(QString value)
 {
-    const QPointer<OrbelLineEdit> self(this);
+    const Call call(this);
     ChangeProperty(prop::Text, value);
-    if (self && ValueNode)
+    if (ValueNode)
         ValueNode->SetValue(value, this);
-    if (self)
-        Q_EMIT textEdited(value);
-    if (self)
-        Q_EMIT editingFinished();
-    if (self)
-        setModified(true);
+    Q_EMIT textEdited(value);
+    Q_EMIT editingFinished();
+    setModified(true);
 }
 
 void OrbelLineEdit::SlotReturnPressed()
 {
-    const QPointer<OrbelLineEdit> self(this);
+    const Call call(this);
     Q_EMIT returnPressed();
-    if (self)
-        Form().applyNow();
+    Form().applyNow();
 }
 
 } // namespace KV218

@@ -23,9 +23,9 @@ void OrbelPushButton::CreateGUI(FloatGroupLayout *layout)
     Button->setToolTip(GetTranslated(prop::Text));
     layout->addWidget(Button);
     layout->addGroup();
-    connect(Button, &QPushButton::clicked, this, &OrbelPushButton::clicked);
-    connect(Button, &QPushButton::pressed, this, &OrbelPushButton::pressed);
-    connect(Button, &QPushButton::released, this, &OrbelPushButton::released);
+    Relay(Button.data(), &QPushButton::clicked, &OrbelPushButton::clicked);
+    Relay(Button.data(), &QPushButton::pressed, &OrbelPushButton::pressed);
+    Relay(Button.data(), &QPushButton::released, &OrbelPushButton::released);
 }
 
 void OrbelPushButton::setFocus()

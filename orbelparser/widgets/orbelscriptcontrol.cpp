@@ -77,9 +77,9 @@ void OrbelScriptControl::CreateGUI(FloatGroupLayout *layout)
     layout->addSpecial();
     layout->addWidget(Container);
     layout->addGroup();
-    connect(LoadButton, &QPushButton::clicked, this, &OrbelScriptControl::loadScriptClicked);
-    connect(EditButton, &QPushButton::clicked, this, &OrbelScriptControl::editScriptClicked);
-    connect(ClearButton, &QPushButton::clicked, this, &OrbelScriptControl::clearScriptClicked);
+    Relay(LoadButton.data(), &QPushButton::clicked, &OrbelScriptControl::loadScriptClicked);
+    Relay(EditButton.data(), &QPushButton::clicked, &OrbelScriptControl::editScriptClicked);
+    Relay(ClearButton.data(), &QPushButton::clicked, &OrbelScriptControl::clearScriptClicked);
     ApplyProperties();
 }
 

@@ -120,6 +120,7 @@ void OrbelSheetUi::ParseProperties(QXmlStreamReader &reader, bool custom)
 
 void OrbelSheetUi::EnableInput(bool enable, bool)
 {
+    const Call call(this);
     if (ApplyBox)
         ApplyBox->setEnabled(enable);
 }
@@ -137,12 +138,14 @@ void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
 
 void OrbelSheetUi::applyNow()
 {
+    const Call call(this);
     if (Modified)
         Q_EMIT si_parametersModified();
 }
 
 void OrbelSheetUi::emitParametersXml()
 {
+    const Call call(this);
     Q_EMIT si_parametersModified();
 }
 
@@ -160,6 +163,7 @@ void OrbelSheetUi::killAutoApplyTimer()
 
 void OrbelSheetUi::setVisible(bool visible)
 {
+    const Call call(this);
     SetPropertyAlways(prop::Visible, visible);
     if (Gui)
         Gui->setVisible(visible);
@@ -167,7 +171,7 @@ void OrbelSheetUi::setVisible(bool visible)
 
 void OrbelSheetUi::setModified(bool autoApply)
 {
-    const QPointer<OrbelSheetUi> self(this);
+    const Call call(this);
     if (!Modified) {
         Modified = true;
         if (ApplyButton)
@@ -175,7 +179,7 @@ void OrbelSheetUi::setModified(bool autoApply)
         else
             Q_EMIT si_parametersModified();
     }
-    if (self && autoApply && AutoApplyEnabled && AutoApplyTimer)
+    if (autoApply && AutoApplyEnabled && AutoApplyTimer)
         AutoApplyTimer->start();
 }
 
@@ -184,7 +188,9 @@ void OrbelSheetUi::resetModified()
     // Meant: a timer that runs while nothing is modified goes on.
     if (!Modified)
         return;
+    const Call call(this);
     Modified = false;
+    // Locking it moves the focus.
     if (ApplyButton)
         ApplyButton->setEnabled(false);
     killAutoApplyTimer();
@@ -194,6 +200,7 @@ void OrbelSheetUi::showContextMenu(QPoint pt)
 {
     if (!Gui)
         return;
+    const Call call(this);
     QMenu menu;
     FillTextSizeMenu(menu.addMenu(tr("Text size")));
     menu.exec(Gui->mapToGlobal(pt));
@@ -215,6 +222,7 @@ void OrbelSheetUi::FillTextSizeMenu(QMenu *sizes)
 
 void OrbelSheetUi::chooseFont(QAction *pAction)
 {
+    const Call call(this);
     if (pAction)
         Q_EMIT si_chooseFontSize(pAction->data().toInt());
 }

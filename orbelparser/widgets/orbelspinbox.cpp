@@ -51,20 +51,15 @@ void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
 {
     const qint64 sum = qint64(reader.readElementText().toInt()) + GetInt(prop::DisplayAdditiveOffset, 0);
     const int number = int(qBound<qint64>(std::numeric_limits<int>::min(), sum, std::numeric_limits<int>::max()));
-    const QPointer<OrbelSpinBox> self(this);
     SetPropertyAlways(prop::Value, number);
-    if (self)
-        Q_EMIT valueChanged(number);
+    Q_EMIT valueChanged(number);
 }
 
 void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelSpinBox> self(this);
     if (ValueNode)
         WritePropertyToNode(name);
-    if (!self)
-        return;
     // Meant: `decimals` and `displayScalingFactor` count for the control only while it is built.
     if (name == prop::Minimum || name == prop::Maximum)
         SetIntTooltip(Control);
@@ -88,19 +83,16 @@ void OrbelSpinBox::WritePropertyToNode(const QString &name)
         ValueNode->SetStep(GetInt(name, 0), this);
 }
 
-void OrbelSpinBox::Update(Observable *subject, TChangeCode code)
+void OrbelSpinBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))
         return;
-    const QPointer<OrbelSpinBox> self(this);
     const int number = ValueNode->GetValue();
     if (!ChangeProperty(prop::Value, number))
         return;
     Q_EMIT valueChanged(number);
-    if (self)
-        Q_EMIT editingFinished();
-    if (self)
-        setModified(true);
+    Q_EMIT editingFinished();
+    setModified(true);
 }
 
 } // namespace KV218

@@ -21,7 +21,6 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    void Update(Observable *subject, TChangeCode code) override;
 
 Q_SIGNALS:
     void editingFinished();
@@ -43,6 +42,7 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    void NodeChanged(Observable *subject, TChangeCode code) override;
 
 private:
     void WritePropertyToNode(const QString &name);

@@ -1,10 +1,10 @@
 #include "orbeltable.h"
 
-#include "flagscope.h"
 #include "floatgrouplayout.h"
 #include "tablekeys.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QTableWidget>
 
 namespace KV218
@@ -26,33 +26,29 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     layout->addWidget(Control);
     layout->addGroup();
     connect(Control, &QTableWidget::cellChanged, this, &OrbelTable::sl_cellChanged);
-    connect(Control, &QTableWidget::currentCellChanged, this, &OrbelTable::currentCellChanged);
-    connect(Control, &QTableWidget::cellActivated, this, &OrbelTable::cellActivated);
-    connect(Control, &QTableWidget::cellClicked, this, &OrbelTable::cellClicked);
-    connect(Control, &QTableWidget::cellDoubleClicked, this, &OrbelTable::cellDoubleClicked);
-    connect(Control, &QTableWidget::cellEntered, this, &OrbelTable::cellEntered);
-    connect(Control, &QTableWidget::cellPressed, this, &OrbelTable::cellPressed);
+    Relay(Control.data(), &QTableWidget::currentCellChanged, &OrbelTable::currentCellChanged);
+    Relay(Control.data(), &QTableWidget::cellActivated, &OrbelTable::cellActivated);
+    Relay(Control.data(), &QTableWidget::cellClicked, &OrbelTable::cellClicked);
+    Relay(Control.data(), &QTableWidget::cellDoubleClicked, &OrbelTable::cellDoubleClicked);
+    Relay(Control.data(), &QTableWidget::cellEntered, &OrbelTable::cellEntered);
+    Relay(Control.data(), &QTableWidget::cellPressed, &OrbelTable::cellPressed);
 }
 
 void OrbelTable::FillTable()
 {
     if (!Control)
         return;
-    const QPointer<OrbelTable> self(this);
-    const QPointer<QTableWidget> table(Control);
-    const FlagScope updating(this, Updating);
+    const QScopedValueRollback<bool> updating(Updating, true);
     // A stretching header would measure all its sections again at each new label.
-    table->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table->setColumnCount(ColumnCount);
-    if (self && table)
-        table->setRowCount(RowCount);
-    if (self && table)
-        LabelHeaders();
-    // The table may outlive a form that a handler ended.
-    if (table)
-        table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    if (!self || !table)
+    Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    Control->setColumnCount(ColumnCount);
+    // Cells that go may take one with them that is being edited, and a handler the window.
+    if (Control)
+        Control->setRowCount(RowCount);
+    if (!Control)
         return;
+    LabelHeaders();
+    Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     int next = 0;
     for (int row = 0; row < RowCount; ++row) {
         for (int column = 0; column < ColumnCount; ++column) {
@@ -89,7 +85,7 @@ void OrbelTable::ShowValue(int row, int column, const QVariant &value)
 
 void OrbelTable::ReadXml(QXmlStreamReader &reader)
 {
-    const FlagScope updating(this, Updating);
+    const QScopedValueRollback<bool> updating(Updating, true);
     clear();
     ReadCells(reader, [this](int row, int column, const QString &text) {
         if (SetCell(row, column, text))
@@ -107,28 +103,26 @@ void OrbelTable::setFocus()
 void OrbelTable::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    const QPointer<OrbelTable> self(this);
     if (name == prop::ColumnCount)
         Reshape(RowCount, CountOf(value));
     else if (name == prop::RowCount)
         Reshape(CountOf(value), ColumnCount);
     if (name == prop::ColumnCount || name == prop::RowCount)
         FillTable();
-    if (self)
-        PropagateProperty(name, Control);
+    PropagateProperty(name, Control);
 }
 
 void OrbelTable::clear()
 {
-    const QPointer<OrbelTable> self(this);
-    for (int row = 0; self && row < RowCount; ++row) {
-        for (int column = 0; self && column < ColumnCount; ++column) {
+    const Call call(this);
+    for (int row = 0; row < RowCount; ++row) {
+        for (int column = 0; column < ColumnCount; ++column) {
             SetCell(row, column, QVariant());
             // Meant: a shown cell that empties counts as the operator's change.
             ShowValue(row, column, QVariant());
         }
     }
-    if (self && !Updating)
+    if (!Updating)
         Q_EMIT tableCleared();
 }
 
@@ -136,7 +130,7 @@ void OrbelTable::setItemValue(int row, int column, QVariant value)
 {
     if (!SetCell(row, column, value))
         return;
-    const FlagScope updating(this, Updating);
+    const QScopedValueRollback<bool> updating(Updating, true);
     ShowValue(row, column, value);
 }
 
@@ -148,10 +142,9 @@ void OrbelTable::sl_cellChanged(int row, int column)
     // Meant: the row alone is the place in the flat list, so an edit in several columns lands in the first rows.
     if (row >= 0 && row < Cells.size())
         Cells[row] = item->data(Qt::DisplayRole);
-    const QPointer<OrbelTable> self(this);
+    const Call call(this);
     setModified(true);
-    if (self)
-        Q_EMIT cellChanged(row, column);
+    Q_EMIT cellChanged(row, column);
 }
 
 } // namespace KV218

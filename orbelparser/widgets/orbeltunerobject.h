@@ -21,11 +21,20 @@ Q_SIGNALS:
     void si_segmentChanged(qint64, quint32);
 
 public:
-    Q_INVOKABLE void setIFPanSpectrumEnabled(bool enabled) { Q_EMIT si_IFPanSpectrumEnabled(enabled); }
-    Q_INVOKABLE void setPIFPanSpectrumEnabled(bool enabled) { Q_EMIT si_PIFPanSpectrumEnabled(enabled); }
+    Q_INVOKABLE void setIFPanSpectrumEnabled(bool enabled)
+    {
+        const Call call(this);
+        Q_EMIT si_IFPanSpectrumEnabled(enabled);
+    }
+    Q_INVOKABLE void setPIFPanSpectrumEnabled(bool enabled)
+    {
+        const Call call(this);
+        Q_EMIT si_PIFPanSpectrumEnabled(enabled);
+    }
     /// Both in Hz, passed on as they are.
     Q_INVOKABLE void emitSegment(qint64 centerFreq, quint32 bandwidth)
     {
+        const Call call(this);
         Q_EMIT si_segmentChanged(centerFreq, bandwidth);
     }
 };

@@ -19,9 +19,22 @@ template <class Node> SpinListDelegate<Node>::SpinListDelegate(OrbelWidget *widg
     DefineProperty(prop::SpecialValueText);
 }
 
-template <class Node> SpinListDelegate<Node>::~SpinListDelegate()
+template <class Node> QVector<ValueBase *> SpinListDelegate<Node>::GetNodes() const
 {
-    delete Container;
+    QVector<ValueBase *> nodes;
+    for (const OwnedNode<Node> &node : ValueNodes)
+        nodes.append(node.get());
+    return nodes;
+}
+
+template <class Node> void SpinListDelegate<Node>::LeaveWindow()
+{
+    if (!Container)
+        return;
+    // One of the controls may be about to lose the focus, which is why the form ends.
+    if (QWidget *content = Container->parentWidget(); content && content->layout())
+        content->layout()->removeWidget(Container);
+    Container->deleteLater();
 }
 
 template <class Node> void SpinListDelegate<Node>::CreateNodes(int count)
@@ -82,28 +95,25 @@ template <class Node> void SpinListDelegate<Node>::GetXml(QXmlStreamWriter &writ
 
 template <class Node> void SpinListDelegate<Node>::ReadXml(QXmlStreamReader &reader)
 {
-    const QPointer<OrbelDelegate> self(this);
     ReadIndexedEntries(reader, [&](int index, const QString &text) {
         // Meant: a reading sets an item as the operator does, so that it marks the list modified.
         if constexpr (std::is_same_v<Node, ValueInt>)
             SetNumber(index, text.toInt());
         else
             SetNumber(index, text.toDouble());
-        return !self.isNull();
+        return true;
     });
 }
 
-template <class Node> void SpinListDelegate<Node>::Update(Observable *subject, TChangeCode code)
+template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subject, TChangeCode code)
 {
     const auto node = std::find_if(ValueNodes.begin(), ValueNodes.end(),
         [subject](const OwnedNode<Node> &item) { return item.IsSubject(subject); });
     if (node == ValueNodes.end())
         return;
     if (node->HasNews(subject, code)) {
-        const QPointer<OrbelDelegate> self(this);
         EmitNumber(int(node - ValueNodes.begin()), (*node)->GetValue());
-        if (self)
-            setModified(true);
+        setModified(true);
     } else if (!*node) {
         ValueNodes.erase(node);
     }

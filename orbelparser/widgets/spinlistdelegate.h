@@ -19,11 +19,9 @@ template <class Node> class SpinListDelegate : public OrbelDelegate
 {
 public:
     explicit SpinListDelegate(OrbelWidget *widget);
-    ~SpinListDelegate() override;
 
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    void Update(Observable *subject, TChangeCode code) override;
 
 protected:
     using Number = decltype(std::declval<const Node &>().GetValue());
@@ -32,6 +30,10 @@ protected:
     virtual void EmitNumber(int index, Number number) = 0;
     /// Spells an item for a parameter document.
     virtual QString ItemText(const Node &node) const = 0;
+
+    void NodeChanged(Observable *subject, TChangeCode code) override;
+    QVector<ValueBase *> GetNodes() const override;
+    void LeaveWindow() override;
 
     /// Makes the nodes of `count` items, none for a negative count; limit::ListItems at most.
     void CreateNodes(int count);
@@ -46,7 +48,7 @@ private:
     bool IsItem(int index) const { return index >= 0 && size_t(index) < ValueNodes.size(); }
 
     std::vector<OwnedNode<Node>> ValueNodes;
-    /// Owned together with the window, whichever ends first.
+    /// Ends with the form, or with the window if that goes first.
     QPointer<QWidget> Container;
 };
 

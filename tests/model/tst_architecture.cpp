@@ -8,7 +8,7 @@ namespace
 enum Level { Host, Base, Controls, FormLevel, Viewer };
 
 /// Files of orbelparser/ itself that stand above the controls, without their endings.
-const QStringList FormFiles{"delegatefactory", "formdoor.cpp", "formfactory", "orbelformular", "orbelformularvalues",
+const QStringList FormFiles{"delegatefactory", "formdoor.cpp", "formfactory", "orbelformular", "formbody", "formbodyvalues", "managerbody",
     "orbelformularmanager", "orbelparser", "orbelsheet", "orbelelement", "widgetindex", "orbelwidget.cpp",
     "formconfiguration"};
 const QStringList ViewerFiles{"orbeltest", "orbeltestmain", "loadinterface"};

@@ -1,13 +1,16 @@
 // The bridge between a form's private nodes and the application's own values of the same names.
 
-#include "orbelformular.h"
+#include "formbody.h"
 
 #include "orbeldelegate.h"
 #include "propertynames.h"
 #include "selectionitem.h"
 #include "trace.h"
 #include "valuenumeric.h"
+#include "valueptr.h"
 #include "valueselection.h"
+
+#include <vector>
 
 namespace KV218
 {
@@ -21,11 +24,22 @@ bool IsNumeric(const ValueBase *value)
     return type == ekTypeInt || type == ekTypeInt64 || type == ekTypeDouble;
 }
 
+/// The observers of a destination may end it, or the source: the source is read whole before the first change, and the
+/// destination is watched.
+using Watched = ValuePtr<ValueBase>;
+
 void CopyItems(ValueSelection *destination, const ValueSelection *source, IObserver *observer)
 {
-    destination->DeleteItems(observer);
+    std::vector<SelectionItem> items;
     for (long i = 0; i < source->GetItemCount(); ++i)
-        destination->AddItem(new SelectionItem(*source->GetItemIndex(i)), observer);
+        items.push_back(*source->GetItemIndex(i));
+    Watched alive;
+    alive.AttachNode(destination);
+    destination->DeleteItems(observer);
+    for (const SelectionItem &item : items) {
+        if (alive)
+            destination->AddItem(new SelectionItem(item), observer);
+    }
 }
 
 bool HasSameItems(const ValueSelection *a, const ValueSelection *b)
@@ -43,9 +57,12 @@ template <class Node> void SetLimitProperties(OrbelDelegate *delegate, const Nod
 {
     if (!node)
         return;
-    delegate->SetPropertyAlways(prop::Minimum, QVariant::fromValue(node->GetMin()));
-    delegate->SetPropertyAlways(prop::Maximum, QVariant::fromValue(node->GetMax()));
-    delegate->SetPropertyAlways(prop::SingleStep, QVariant::fromValue(node->GetStep()));
+    const auto minimum = node->GetMin();
+    const auto maximum = node->GetMax();
+    const auto step = node->GetStep();
+    delegate->SetPropertyAlways(prop::Minimum, QVariant::fromValue(minimum));
+    delegate->SetPropertyAlways(prop::Maximum, QVariant::fromValue(maximum));
+    delegate->SetPropertyAlways(prop::SingleStep, QVariant::fromValue(step));
 }
 
 /// Gives a control the limits or the items of the application's value.
@@ -80,28 +97,42 @@ void InitNumeric(ValueBase *destination, ValueBase *source, IObserver *observer)
     const auto *from = dynamic_cast<IValueNumeric *>(source);
     if (!to || !from)
         return;
-    to->SetMin(from->GetMin(), observer);
-    to->SetMax(from->GetMax(), observer);
-    to->SetStep(from->GetStep(), observer);
-    to->SetValue(from->GetValue(), observer);
+    const double minimum = from->GetMin();
+    const double maximum = from->GetMax();
+    const double step = from->GetStep();
+    const double value = from->GetValue();
+    Watched alive;
+    alive.AttachNode(destination);
+    to->SetMin(minimum, observer);
+    if (alive)
+        to->SetMax(maximum, observer);
+    if (alive)
+        to->SetStep(step, observer);
+    if (alive)
+        to->SetValue(value, observer);
 }
 
 void TraceInitFailure(int line)
 {
-    TraceFailure(QStringLiteral("Exception in OrbelFormular::InitVTValue"), "orbelformular", line);
+    TraceFailure(QStringLiteral("Exception in FormBody::InitVTValue"), "orbelformular", line);
 }
 
 /// Makes a text the only item of a selection, and the current one.
 void SelectOnly(ValueSelection *selection, const QString &text, IObserver *observer)
 {
+    Watched alive;
+    alive.AttachNode(selection);
     selection->DeleteItems(observer);
-    selection->AddItem(text, text.toDouble(), 0, observer);
-    selection->Select(text, observer);
+    if (alive)
+        selection->AddItem(text, text.toDouble(), 0, observer);
+    if (alive)
+        selection->Select(text, observer);
 }
 
-void SetText(ValueBase *local, const ValueBase *source, const QString &text, IObserver *observer)
+/// A selection takes any text of a node that is none, if need be as its only item.
+void SetText(ValueBase *local, bool anyText, const QString &text, IObserver *observer)
 {
-    auto *selection = source->GetType() == ekTypeSelection ? nullptr : dynamic_cast<ValueSelection *>(local);
+    auto *selection = anyText ? dynamic_cast<ValueSelection *>(local) : nullptr;
     if (!selection)
         local->SetStringValue(text, observer);
     else if (!selection->Select(text, observer))
@@ -110,13 +141,13 @@ void SetText(ValueBase *local, const ValueBase *source, const QString &text, IOb
 
 } // namespace
 
-ValueBase *OrbelFormular::GetVTValue(const QString &name) const
+ValueBase *FormBody::GetVTValue(const QString &name) const
 {
     const OrbelSheet::Widget widget = Sheet.GetWidget(name);
     return widget ? widget->GetDelegate()->GetVTValue() : nullptr;
 }
 
-ValueBase *OrbelFormular::GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source)
+ValueBase *FormBody::GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source)
 {
     if (!local)
         return nullptr;
@@ -127,44 +158,51 @@ ValueBase *OrbelFormular::GetVTValue(ValueBase *local, IObserver *observer, bool
             local->SetStringValue(QStringLiteral(""), observer);
         return nullptr;
     }
+    // Observers of the application's value may end it, or the form with the source.
+    Watched from;
+    from.AttachNode(source);
     const QString text = source->GetStringValue();
+    const bool anyText = source->GetType() != ekTypeSelection;
     if (init) {
+        Watched to;
+        to.AttachNode(local);
         InitVTValue(local, source, observer);
+        if (!to)
+            return from.get();
         if (local->GetStringValue() == text) {
             // The value stands already, but the limits may be new.
             local->HasChanged(ekChangeValue, observer);
-            return source;
+            return from.get();
         }
     }
-    SetText(local, source, text, observer);
-    return source;
+    SetText(local, anyText, text, observer);
+    return from.get();
 }
 
-void OrbelFormular::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init)
+void FormBody::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init)
 {
     // Meant: from the last to the first.
     for (int i = locals.size() - 1; i >= 0; --i)
-        GetVTValue(locals.at(i), observer, init);
+        GetVTValue(locals.at(i), observer, init, nullptr);
 }
 
-bool OrbelFormular::SetVTValue(ValueBase *local, IObserver *observer, bool apply)
+bool FormBody::SetVTValue(ValueBase *local, IObserver *observer, bool apply)
 {
     return local && SetVTValue(local->GetName(), local->GetStringValue(), observer, apply);
 }
 
-bool OrbelFormular::SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply)
+bool FormBody::SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply)
 {
     ValueBase *node = GetVTValue(name);
     if (!node || node->GetStringValue() == value)
         return false;
-    const QPointer<OrbelFormular> self(this);
     node->SetStringValue(value, observer);
-    if (apply && self)
+    if (apply)
         Sheet.applyNow();
     return true;
 }
 
-void OrbelFormular::InitVTValue(const QString &name, ValueBase *value)
+void FormBody::InitVTValue(const QString &name, ValueBase *value)
 {
     try {
         const OrbelSheet::Widget widget = value ? Sheet.GetWidget(name) : OrbelSheet::Widget();
@@ -175,10 +213,10 @@ void OrbelFormular::InitVTValue(const QString &name, ValueBase *value)
     }
 }
 
-void OrbelFormular::InitVTValue(ValueBase *destination, ValueBase *source, IObserver *observer)
+void FormBody::InitVTValue(ValueBase *destination, ValueBase *source, IObserver *observer)
 {
     try {
-        if (destination->GetType() != source->GetType())
+        if (!destination || !source || destination->GetType() != source->GetType())
             return;
         if (IsNumeric(source)) {
             InitNumeric(destination, source, observer);
@@ -193,7 +231,7 @@ void OrbelFormular::InitVTValue(ValueBase *destination, ValueBase *source, IObse
     }
 }
 
-void OrbelFormular::InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers)
+void FormBody::InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers)
 {
     const auto values = Enums.value(name);
     if (!values || !selection)

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "hostexport.h"
+
+/// Where exceptions of observers end. They travel to whoever made the change, unless somebody on the stack between cannot
+/// be crossed by them, such as a script engine; then they end at the observer, with a trace, and the others are told.
+namespace ExceptionStop
+{
+
+/// Has `question` asked, whenever an observer has thrown, whether there is somebody of that kind. Null asks nobody.
+ORBEL_HOST_EXPORT void Ask(bool (*question)());
+
+/// Called in a catch block: whether the exception ends there. Then it has been traced.
+ORBEL_HOST_EXPORT bool EndsHere();
+
+} // namespace ExceptionStop

@@ -1,0 +1,116 @@
+#include "formlife.h"
+
+#include "exceptionstop.h"
+
+#include <algorithm>
+#include <QCoreApplication>
+#include <QScriptEngine>
+#include <QTimer>
+
+namespace KV218
+{
+
+namespace
+{
+
+// How often to look whether a script that runs in an event loop of a handler's own has come to its end.
+constexpr int MillisecondsOfScript = 50;
+
+int ScriptEntries = 0;
+
+/// The engines of all forms. Never destroyed: a form may be the last thing that goes.
+std::vector<QScriptEngine *> &Engines()
+{
+    static auto *const engines = new std::vector<QScriptEngine *>;
+    return *engines;
+}
+
+/// Those that keep parts. Held here, since every part of them may have ended.
+std::vector<std::shared_ptr<FormLife>> &Keeping()
+{
+    static auto *const keeping = new std::vector<std::shared_ptr<FormLife>>;
+    return *keeping;
+}
+
+} // namespace
+
+FormLife::~FormLife()
+{
+    Watch(nullptr);
+}
+
+void FormLife::Watch(QScriptEngine *engine)
+{
+    std::vector<QScriptEngine *> &engines = Engines();
+    engines.erase(std::remove(engines.begin(), engines.end(), Engine), engines.end());
+    Engine = engine;
+    if (!engine)
+        return;
+    engines.push_back(engine);
+    ExceptionStop::Ask(&FormLife::IsAnyScriptRunning);
+}
+
+bool FormLife::IsAnyScriptRunning()
+{
+    const std::vector<QScriptEngine *> &engines = Engines();
+    return ScriptEntries > 0
+        || std::any_of(engines.begin(), engines.end(), [](const QScriptEngine *engine) { return engine->isEvaluating(); });
+}
+
+ScriptEntry::ScriptEntry(bool entered) : Entered(entered)
+{
+    ScriptEntries += Entered;
+}
+
+ScriptEntry::~ScriptEntry()
+{
+    ScriptEntries -= Entered;
+}
+
+bool FormLife::IsBusy() const
+{
+    return Calls > 0 || (Engine && Engine->isEvaluating());
+}
+
+void FormLife::EndPart(const std::function<void()> &destroy)
+{
+    if (!IsBusy()) {
+        destroy();
+        return;
+    }
+    if (Kept.empty())
+        Keeping().push_back(shared_from_this());
+    Kept.push_back(destroy);
+    SettleLater(0);
+}
+
+/// Not at once: a script's function that handles a signal goes on after the last call into the form has returned, and
+/// the engine does not tell.
+void FormLife::SettleLater(int milliseconds)
+{
+    const auto self = shared_from_this();
+    if (QCoreApplication::instance())
+        QTimer::singleShot(milliseconds, [self] { self->Settle(); });
+    else
+        Settle();
+}
+
+void FormLife::Settle()
+{
+    // The end of the last call comes back here.
+    if (Calls > 0 || Kept.empty())
+        return;
+    if (IsBusy()) {
+        SettleLater(MillisecondsOfScript);
+        return;
+    }
+    const auto self = shared_from_this();
+    std::vector<std::shared_ptr<FormLife>> &keeping = Keeping();
+    keeping.erase(std::remove(keeping.begin(), keeping.end(), self), keeping.end());
+    const std::vector<std::function<void()>> ended = std::move(Kept);
+    Kept.clear();
+    for (const auto &destroy : ended)
+        destroy();
+}
+
+} // namespace KV218

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "orbelexport.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QScriptEngine;
+
+namespace KV218
+{
+
+/// How long the parts of a form live: its inside with the script engine, and the delegates of its widgets. Any handler
+/// may end the form, or drop a widget, from within a call that runs inside of them. Whatever ends then is closed at once
+/// and kept; it is destroyed when the outermost of these calls has returned and the event loop has come round. What ends
+/// while nothing runs is destroyed at once. So code of a form never outlives its own object and needs no guards.
+///
+/// All parts of one form share one of these, and it lives as long as the last of them. GUI thread only.
+class ORBEL_EXPORT FormLife : public std::enable_shared_from_this<FormLife>
+{
+public:
+    FormLife() = default;
+    FormLife(const FormLife &) = delete;
+    FormLife &operator=(const FormLife &) = delete;
+    ~FormLife();
+
+    /// The engine runs scripts inside the form, too, for signals of any object. Not owned; null for none.
+    void Watch(QScriptEngine *engine);
+    /// Destroys `part`, now or when nothing runs in the form any more.
+    template <class Part> void End(Part *part)
+    {
+        EndPart([part] { delete part; });
+    }
+
+    /// Whether a script of any form stands somewhere on the stack, as far as one can tell: then exceptions of observers
+    /// end at the observers, since they cannot cross the engine.
+    static bool IsAnyScriptRunning();
+
+private:
+    friend class CallScope;
+
+    void EndPart(const std::function<void()> &destroy);
+    bool IsBusy() const;
+    void Enter() { ++Calls; }
+    void Leave()
+    {
+        if (--Calls == 0 && !Kept.empty())
+            SettleLater(0);
+    }
+    void SettleLater(int milliseconds);
+    void Settle();
+
+    int Calls = 0;
+    QScriptEngine *Engine = nullptr;
+    std::vector<std::function<void()>> Kept;
+};
+
+/// Keeps the parts of a form for the length of a block. Stands at every door into a form: public operations, events,
+/// notifications, slots that go on after they have called somebody.
+class CallScope
+{
+public:
+    /// Null keeps nothing.
+    explicit CallScope(FormLife *life) : Life(life)
+    {
+        if (Life)
+            Life->Enter();
+    }
+    ~CallScope()
+    {
+        if (Life)
+            Life->Leave();
+    }
+    CallScope(const CallScope &) = delete;
+    CallScope &operator=(const CallScope &) = delete;
+
+private:
+    FormLife *const Life;
+};
+
+/// Reaches the inside of an object and keeps it, to the end of the expression in which it stands.
+template <class Body> class Running
+{
+public:
+    Running(FormLife *life, Body *body) : Scope(life), Inside(body) { }
+    Body *operator->() const { return Inside; }
+
+private:
+    const CallScope Scope;
+    Body *const Inside;
+};
+
+/// Stands where a script may have entered the form in a way that its engine does not tell of.
+class ORBEL_EXPORT ScriptEntry
+{
+public:
+    explicit ScriptEntry(bool entered);
+    ~ScriptEntry();
+    ScriptEntry(const ScriptEntry &) = delete;
+    ScriptEntry &operator=(const ScriptEntry &) = delete;
+
+private:
+    const bool Entered;
+};
+
+} // namespace KV218
