@@ -5,8 +5,10 @@
 #include "formlimits.h"
 #include "orbelwidget.h"
 #include "propertynames.h"
+#include "saturate.h"
 #include "xmlwalk.h"
 
+#include <cmath>
 #include <limits>
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
@@ -29,6 +31,15 @@ QVariant OwnValue(const QObject *target, const char *name)
     if (widget && qstrcmp(name, prop::Enabled.data()) == 0)
         return !widget->testAttribute(Qt::WA_ForceDisabled);
     return target->property(name);
+}
+
+/// Whether a property that holds `before` may keep it for `value`. QVariant takes two doubles for one to 12 digits.
+bool IsSame(const QVariant &value, const QVariant &before)
+{
+    const auto isReal = [](const QVariant &variant) { return variant.userType() == QMetaType::Double; };
+    if (!isReal(value) && !(isReal(before) && value.userType() != QMetaType::QString))
+        return value == before;
+    return value == before && value.toDouble() == before.toDouble();
 }
 
 /// Whether a variant is a number or a text of one that fits the type; QVariant itself cuts off what does not fit.
@@ -142,11 +153,10 @@ void OrbelDelegate::ReadBackProperties()
 bool OrbelDelegate::ChangeProperty(const PropertyKey &name, const QVariant &value)
 {
     // The new value stands on the left: a comparison of variants converts the right side to the left side's type.
-    if (value == property(name.data()))
+    if (IsSame(value, property(name.data())))
         return false;
     const Call call(this);
-    const QScopedValueRollback<bool> ownSet(OwnSet, true);
-    setProperty(name.data(), value);
+    Store(name, value);
     return true;
 }
 
@@ -155,14 +165,13 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
     const bool declared = metaObject()->indexOfProperty(name.data()) >= 0;
     const QVariant before = declared ? property(name.data()) : value;
     const Call call(this);
-    const QScopedValueRollback<bool> ownSet(OwnSet, true);
     // A host's event filter may set a property before this object sees the event of a set.
     SetInProgress *const outer = InProgress;
     SetInProgress set{&name, &value, false};
     {
         // The change of a declared property comes with no event.
         const QScopedValueRollback<SetInProgress *> inProgress(InProgress, declared ? outer : &set);
-        setProperty(name.data(), value);
+        Store(name, value);
     }
     if (outer)
         outer->Value = nullptr;
@@ -171,8 +180,58 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
     const bool equal = before.userType() == value.userType() && before == value;
     if (value.isValid() && equal) {
         QDynamicPropertyChangeEvent change(name.data());
+        const QScopedValueRollback<bool> ownSet(OwnSet, true);
         QCoreApplication::sendEvent(this, &change);
     }
+}
+
+void OrbelDelegate::Store(const PropertyKey &name, const QVariant &value)
+{
+    // Qt keeps the number that it has when the new one is nearly the same.
+    if (value.userType() == QMetaType::Double) {
+        const QVariant before = property(name.data());
+        if (before == value && !IsSame(value, before))
+            SetPropertyQuietly(name, QVariant());
+    }
+    const QScopedValueRollback<bool> ownSet(OwnSet, true);
+    setProperty(name.data(), value);
+}
+
+void OrbelDelegate::SetPropertyQuietly(const PropertyKey &name, const QVariant &value)
+{
+    const QScopedValueRollback<bool> quiet(Quiet, true);
+    setProperty(name.data(), value);
+}
+
+void OrbelDelegate::TakeNumber(const PropertyKey &name, const QVariant &held)
+{
+    bool isNumber = false;
+    const QVariant own = property(name.data());
+    const double stated = own.toDouble(&isNumber);
+    // What the definition leaves out counts as 0.
+    const bool states = isNumber || !own.isValid() || !std::isfinite(stated);
+    if (states && stated != held.toDouble())
+        SetPropertyAlways(name, held);
+}
+
+int OrbelDelegate::GetNearestInt(const PropertyKey &name, int defaultValue) const
+{
+    const double number = GetDouble(name, 0.0);
+    const bool fits = Saturated<int>(number) == std::llround(number);
+    return fits ? GetInt(name, defaultValue) : Saturated<int>(number);
+}
+
+bool OrbelDelegate::RefuseNoNumber(const PropertyKey &name, const QVariant &value, const QVariant &held)
+{
+    if (value.userType() != QMetaType::Double || std::isfinite(value.toDouble()))
+        return false;
+    SetPropertyQuietly(name, held);
+    return true;
+}
+
+QString OrbelDelegate::FiniteText(const QString &text)
+{
+    return std::isfinite(text.toDouble()) ? text : QStringLiteral("0");
 }
 
 void OrbelDelegate::DefineProperty(const QString &name)
@@ -191,15 +250,16 @@ void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVari
     const QVariant own = property(PropertyKey(name).data());
     if (enable) {
         DefineProperty(name);
-        // Meant: where nothing is stored there is nothing to give back; the control stays as it was forced to be.
         SetPropertyAlways(name, own);
         return;
     }
     if (!IsDefined(name))
         return;
     const Call call(this);
-    if (disabledValue)
+    if (disabledValue) {
+        const QScopedValueRollback<const QString *> forced(Forced, own.isValid() ? nullptr : &name);
         SetPropertyAlways(name, *disabledValue);
+    }
     UndefineProperty(name);
     SetPropertyAlways(name, own);
 }
@@ -224,7 +284,7 @@ bool OrbelDelegate::event(QEvent *e)
     // A script may call deleteLater() on what it sees; the form owns its controls, and they stay.
     if (e->type() == QEvent::DeferredDelete)
         return true;
-    if (e->type() != QEvent::DynamicPropertyChange)
+    if (e->type() != QEvent::DynamicPropertyChange || Quiet)
         return QObject::event(e);
 
     const Call call(this);
@@ -268,8 +328,30 @@ void OrbelDelegate::PropagateProperty(const QString &name, QObject *target)
         return;
     const PropertyKey key(name);
     const QVariant value = property(key.data());
-    if (!value.isNull() && value != OwnValue(target, key.data()))
+    if (value.isNull()) {
+        GiveBack(name, target);
+        return;
+    }
+    const QVariant before = OwnValue(target, key.data());
+    if (Forced && name == *Forced)
+        BeforeForced.insert({name, target}, !before.isValid() || before.toBool());
+    if (!IsSame(value, before))
         target->setProperty(key.data(), value);
+}
+
+/// Not through a control's own setter, which might do more: free a field that was locked before, for instance.
+void OrbelDelegate::GiveBack(const QString &name, QObject *target)
+{
+    const auto before = BeforeForced.constFind({name, target});
+    auto *control = qobject_cast<QWidget *>(target);
+    if (before == BeforeForced.constEnd() || !control)
+        return;
+    const bool state = *before;
+    BeforeForced.erase(before);
+    if (name == prop::Visible)
+        control->setVisible(state);
+    else
+        control->setEnabled(state);
 }
 
 void OrbelDelegate::PropagateProperties(QObject *target)
@@ -288,8 +370,11 @@ void OrbelDelegate::PropagateProperties(QObject *target)
 
 void OrbelDelegate::HideIfCollapsed(QObject *target)
 {
-    if (!GroupVisible && !IsDefined(prop::Visible))
-        target->setProperty(prop::Visible.data(), false);
+    if (GroupVisible || IsDefined(prop::Visible))
+        return;
+    if (!property(prop::Visible.data()).isValid())
+        BeforeForced.insert({prop::Visible, target}, true);
+    target->setProperty(prop::Visible.data(), false);
 }
 
 bool OrbelDelegate::GetBool(const PropertyKey &name, bool defaultValue) const
@@ -326,7 +411,7 @@ double OrbelDelegate::GetDouble(const PropertyKey &name, double defaultValue) co
 {
     bool ok = false;
     const double value = property(name.data()).toDouble(&ok);
-    return ok ? value : defaultValue;
+    return ok && std::isfinite(value) ? value : defaultValue;
 }
 
 QString OrbelDelegate::GetString(const PropertyKey &name, const QString &defaultValue) const

@@ -9,9 +9,11 @@
 #include "valuenumeric.h"
 
 #include <QExplicitlySharedDataPointer>
+#include <QHash>
 #include <QLabel>
 #include <QMap>
 #include <QObject>
+#include <QPair>
 #include <QPointer>
 #include <QStringList>
 #include <QVariant>
@@ -73,7 +75,7 @@ public:
     /// Hands what a node tells to NodeChanged().
     void Update(Observable *subject, TChangeCode code) final;
 
-    /// Sets a property that differs, and tells whether it did.
+    /// Sets a property that differs, and tells whether it did. Numbers differ when any digit does.
     bool ChangeProperty(const PropertyKey &name, const QVariant &value);
     /// Sets a property, equal or not, and runs PropertyChanged() in every case. An invalid value removes the property.
     void SetPropertyAlways(const PropertyKey &name, const QVariant &value);
@@ -191,13 +193,27 @@ protected:
     bool IsDefined(const QString &name) const { return DefinedProperties.contains(name); }
     /// In the order in which they were defined.
     const QStringList &GetDefinedProperties() const { return DefinedProperties; }
-    /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none.
+    /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none. A `visible` or
+    /// `enabled` that is not set gives back to `target` what it was before a collapse or a lock.
     void PropagateProperty(const QString &name, QObject *target);
     /// Forwards all defined properties that are set to a control just made, and hides it when its group
     /// is collapsed.
     void PropagateProperties(QObject *target);
     /// Hides a control just made, when its group was collapsed before it existed.
     void HideIfCollapsed(QObject *target);
+
+    /// Keeps `value` under the name and tells nobody.
+    void SetPropertyQuietly(const PropertyKey &name, const QVariant &value);
+    /// The property as int: a number beyond int gives the nearest bound, all else counts as for GetInt().
+    int GetNearestInt(const PropertyKey &name, int defaultValue) const;
+    /// Has the property state `held`, the number that the node holds, where it states another one: no signal, no mark. A
+    /// text that is no number stays.
+    void TakeNumber(const PropertyKey &name, const QVariant &held);
+    /// Whether `value` is infinite or no number at all, as a script may compute it; such a one counts for nothing, and the
+    /// property takes `held` again, or goes when that is invalid.
+    bool RefuseNoNumber(const PropertyKey &name, const QVariant &value, const QVariant &held);
+    /// The number of a text in a parameter document: one that is infinite or none is 0.
+    static QString FiniteText(const QString &text);
 
     /// The text in the operator's language, in the translation context of the object name.
     QString Translate(const QString &text) const;
@@ -258,6 +274,9 @@ protected:
 private:
     friend class OrbelWidget;
 
+    void Store(const PropertyKey &name, const QVariant &value);
+    void GiveBack(const QString &name, QObject *target);
+
     template <class Node> Node *Enter(Node *node);
     template <class Node> Node *NewNumeric(const QString &name, int index);
     bool ParseProperty(QXmlStreamReader &reader, bool custom);
@@ -276,6 +295,12 @@ private:
     SetInProgress *InProgress = nullptr;
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
+    /// While a set is told to nobody.
+    bool Quiet = false;
+    /// The property that EnableProperty() forces while the delegate has no value of its own for it.
+    const QString *Forced = nullptr;
+    /// What controls were before that, by name and control; an entry goes when it is given back.
+    QHash<QPair<QString, const QObject *>, bool> BeforeForced;
     QString XmlPath;
     QString XmlTagName;
     /// The property `unit`.

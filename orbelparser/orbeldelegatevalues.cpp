@@ -95,7 +95,7 @@ template <class Node> Node *OrbelDelegate::NewNumeric(const QString &name, int i
     node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
     ConfigureValueNumeric(node);
     if constexpr (std::is_same_v<Node, ValueInt>)
-        node->SetValue(GetInt(name, 0), nullptr);
+        node->SetValue(GetNearestInt(name, 0), nullptr);
     else
         node->SetValue(GetDouble(name, 0.0), nullptr);
     return Enter(node);

@@ -8,12 +8,15 @@ namespace KV218
 
 FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget) { }
 
-void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
+bool FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
 {
+    if (RefuseNoNumber(name, value, HeldNumber(name)))
+        return false;
     if (ValueNode)
         WritePropertyToNode(name, value);
     if (Control)
         WritePropertyToControl(name, value);
+    return true;
 }
 
 void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant &value)
@@ -23,17 +26,41 @@ void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant 
     else if (name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
         || name == prop::DisplayScalingFactor)
         WriteLimitsToNode();
+    else
+        return;
+    TakeNodeNumber();
 }
 
 void FloatSpinDelegate::WriteLimitsToNode()
 {
-    // Whoever watches the node may end it, or the form, after each of the three.
+    // Whoever watches the node may end it after each of the three.
     const NodeLimits limits = LimitsForNode();
     ValueNode->SetMin(limits.Minimum, this);
     if (ValueNode)
         ValueNode->SetMax(limits.Maximum, this);
     if (ValueNode)
         ValueNode->SetStep(limits.Step, this);
+}
+
+QVariant FloatSpinDelegate::HeldNumber(const QString &name) const
+{
+    constexpr double none = 1e308;
+    const double factor = DisplayFactor(*this);
+    if (!ValueNode)
+        return QVariant();
+    if (name == prop::Minimum && ValueNode->GetMin() > -none)
+        return ValueNode->GetMin() * factor;
+    if (name == prop::Maximum && ValueNode->GetMax() < none)
+        return ValueNode->GetMax() * factor;
+    if (name == prop::SingleStep)
+        return ValueNode->GetStep() * factor;
+    return name == prop::Value ? QVariant(ValueNode->GetValue()) : QVariant();
+}
+
+void FloatSpinDelegate::TakeNodeNumber()
+{
+    if (ValueNode)
+        TakeNumber(prop::Value, ValueNode->GetValue());
 }
 
 void FloatSpinDelegate::WritePropertyToControl(const QString &name, const QVariant &value)

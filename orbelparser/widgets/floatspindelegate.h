@@ -14,13 +14,16 @@ public:
     explicit FloatSpinDelegate(OrbelWidget *widget);
 
 protected:
-    /// Gives a changed property to node and control, as far as they exist. An observer of the node may have ended the
-    /// delegate afterwards.
-    void WriteProperty(const QString &name, const QVariant &value);
+    /// Gives a changed property to node and control, as far as they exist. False, and nothing of that, for a number that is
+    /// none.
+    bool WriteProperty(const QString &name, const QVariant &value);
+    void TakeNodeNumber();
 
 private:
     void WritePropertyToNode(const QString &name, const QVariant &value);
     void WriteLimitsToNode();
+    /// What the node holds of the property of that name, in display units; invalid for nothing.
+    QVariant HeldNumber(const QString &name) const;
     void WritePropertyToControl(const QString &name, const QVariant &value);
 };
 

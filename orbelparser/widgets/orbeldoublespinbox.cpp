@@ -32,6 +32,7 @@ OrbelDoubleSpinBox::OrbelDoubleSpinBox(OrbelWidget *widget) : FloatSpinDelegate(
 void OrbelDoubleSpinBox::CreateValueTree()
 {
     ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
+    TakeNodeNumber();
 }
 
 void OrbelDoubleSpinBox::CreateGUI(FloatGroupLayout *layout)
@@ -56,7 +57,7 @@ void OrbelDoubleSpinBox::GetXml(QXmlStreamWriter &writer) const
 
 void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 {
-    const double number = reader.readElementText().toDouble();
+    const double number = FiniteText(reader.readElementText()).toDouble();
     SetPropertyAlways(prop::Value, number);
     Q_EMIT valueChanged(number);
 }
@@ -64,11 +65,12 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (!WriteProperty(name, value))
+        return;
     if (name == prop::Value)
         Number = GetDouble(prop::Value, 0.0);
     else if (name == prop::Decimals)
         Decimals = DocumentDecimals(*this);
-    WriteProperty(name, value);
     if (name == prop::Minimum || name == prop::Maximum)
         SetDoubleTooltip(Control);
     PropagateProperty(name, Control);

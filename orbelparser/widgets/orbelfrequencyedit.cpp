@@ -6,11 +6,15 @@
 #include "sharedicon.h"
 #include "vcbutton.h"
 #include "vcminifrequency.h"
+#include "wholehertz.h"
 
 #include <QGridLayout>
 #include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
+
+#include <cmath>
+#include <utility>
 
 namespace KV218
 {
@@ -23,6 +27,7 @@ static QIcon LockIcon(bool locked)
 void OrbelFrequencyEdit::CreateValueTree()
 {
     valueNode.Adopt(CreateValueNumericFloat(prop::Value, -1));
+    TakeNodeFrequency();
 }
 
 void OrbelFrequencyEdit::CreateGUI(FloatGroupLayout *layout)
@@ -83,6 +88,7 @@ void OrbelFrequencyEdit::CreateLockButton()
     lockButton->setFlat(true);
     lockButton->setFixedSize(20, 18);
     lockButton->setVisible(lockVisible);
+    KeepLockOpenToAnswers();
     connect(lockButton, &QPushButton::toggled, this, &OrbelFrequencyEdit::SlotLockButtonChecked);
 }
 
@@ -104,16 +110,16 @@ void OrbelFrequencyEdit::GetXml(QXmlStreamWriter &writer) const
         return;
     writer.writeStartElement(GetXmlTagName());
     WriteUnitAttribute(writer);
-    writer.writeCharacters(property(prop::Value.data()).toString());
+    writer.writeCharacters(WholeHertz(property(prop::Value.data())));
     writer.writeEndElement();
 }
 
 void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
 {
-    const QString text = reader.readElementText();
+    const QString text = FiniteText(reader.readElementText());
     SetPropertyAlways(prop::Value, text);
     // The node's news leave out this object, so that nobody else would tell.
-    Q_EMIT valueChanged(qint64(text.toULongLong()));
+    Q_EMIT valueChanged(HertzOf(text));
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
@@ -142,15 +148,11 @@ void OrbelFrequencyEdit::forceFinishEditing()
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    // Meant: limits reach the node as they are, though they are scaled when it is made; and a value that they move is
-    // the node's alone, not the property's.
-    if (name == prop::Value && valueNode)
-        valueNode->SetStringValue(value.toString(), this);
-    else if (name == prop::Minimum && valueNode)
-        valueNode->SetMin(value.toDouble(), this);
-    else if (name == prop::Maximum && valueNode)
-        valueNode->SetMax(value.toDouble(), this);
-    else if (name == prop::FrequencyLock && lockButton)
+    if (RefuseNoNumber(name, value, HeldFrequency(name)))
+        return;
+    if (valueNode)
+        WritePropertyToNode(name, value);
+    if (name == prop::FrequencyLock && lockButton)
         ShowLock(value.toBool());
     PropagateProperty(name, frequencyControl);
     PropagateProperty(name, lineEdit);
@@ -158,14 +160,58 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
         PropagateProperty(name, lockButton);
 }
 
+void OrbelFrequencyEdit::WritePropertyToNode(const QString &name, const QVariant &value)
+{
+    // Meant: limits reach the node as they are, though they are scaled when it is made.
+    if (name == prop::Value)
+        valueNode->SetStringValue(value.toString(), this);
+    else if (name == prop::Minimum)
+        valueNode->SetMin(value.toDouble(), this);
+    else if (name == prop::Maximum)
+        valueNode->SetMax(value.toDouble(), this);
+    else
+        return;
+    TakeNodeFrequency();
+}
+
+QVariant OrbelFrequencyEdit::HeldFrequency(const QString &name) const
+{
+    constexpr double none = 1e308;
+    if (!valueNode)
+        return QVariant();
+    if (name == prop::Minimum && valueNode->GetMin() > -none)
+        return valueNode->GetMin();
+    if (name == prop::Maximum && valueNode->GetMax() < none)
+        return valueNode->GetMax();
+    return name == prop::Value ? QVariant(HeldHertz()) : QVariant();
+}
+
+qint64 OrbelFrequencyEdit::HeldHertz() const
+{
+    return Saturated<qint64>(std::trunc(valueNode->GetValue()));
+}
+
+void OrbelFrequencyEdit::TakeNodeFrequency()
+{
+    // A fraction that the definition states stays.
+    if (valueNode && GetDouble(prop::Value, 0.0) != valueNode->GetValue())
+        TakeNumber(prop::Value, HeldHertz());
+}
+
+/// Qt tells nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another value.
+void OrbelFrequencyEdit::KeepLockOpenToAnswers()
+{
+    const QVariant locked = property(prop::FrequencyLock.data());
+    if (locked.isValid())
+        SetPropertyQuietly(prop::FrequencyLock, int(locked.toBool()));
+}
+
 void OrbelFrequencyEdit::ShowLock(bool locked)
 {
     const QScopedValueRollback<bool> updating(lockUpdating, true);
-    if (!lockVisible) {
-        // Meant: once shown, the button goes with its row only.
-        lockVisible = true;
-        lockButton->setVisible(true);
-    }
+    // Meant: once shown, the button goes with its row only.
+    if (!std::exchange(lockVisible, true))
+        lockButton->setVisible(frequencyControl && !frequencyControl->isHidden());
     lockButton->setChecked(locked);
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
@@ -177,7 +223,7 @@ void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
 {
     if (!valueNode.HasNews(source, code))
         return;
-    const qint64 hertz = Saturated<qint64>(std::trunc(valueNode->GetValue()));
+    const qint64 hertz = HeldHertz();
     if (!ChangeProperty(prop::Value, hertz))
         return;
     Q_EMIT valueChanged(hertz);
@@ -200,9 +246,11 @@ void OrbelFrequencyEdit::SlotReturnPressed()
 void OrbelFrequencyEdit::SlotLockButtonChecked(bool checked)
 {
     // Meant: icon and tooltip wait for somebody to set the property.
+    if (!lockButton || lockUpdating)
+        return;
     const Call call(this);
-    if (lockButton && !lockUpdating)
-        Q_EMIT si_lockButtonToggled(checked);
+    KeepLockOpenToAnswers();
+    Q_EMIT si_lockButtonToggled(checked);
 }
 
 } // namespace KV218

@@ -71,6 +71,12 @@ private:
     void CreatePlainForm(FloatGroupLayout *layout);
     void CreateLockButton();
     void ShowLock(bool locked);
+    void KeepLockOpenToAnswers();
+    void WritePropertyToNode(const QString &name, const QVariant &value);
+    /// What the node holds of the property of that name, in Hz; invalid for nothing.
+    QVariant HeldFrequency(const QString &name) const;
+    qint64 HeldHertz() const;
+    void TakeNodeFrequency();
 
     OwnedNode<ValueDouble> valueNode{this};
     QPointer<VCFrequency> frequencyControl;

@@ -3,6 +3,7 @@
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "saturate.h"
+#include "wholehertz.h"
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -34,6 +35,7 @@ void OrbelFrequencyRangeEdit::CreateValueTree()
     const double highest = GetDouble(prop::Maximum, HighestFrequency);
     EnterNode(startNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
     EnterNode(stopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
+    TakeNodeFrequencies();
 }
 
 /// Meant: the limits count as they are, and replace those that were scaled for display when the node was made.
@@ -41,8 +43,10 @@ void OrbelFrequencyRangeEdit::EnterNode(
     OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest)
 {
     node.Adopt(CreateValueNumericFloat(property, index));
-    if (node)
-        node->SetMinMax(lowest, highest, 1.0, this);
+    if (!node)
+        return;
+    node->SetMinMax(lowest, highest, 1.0, this);
+    node->SetValue(GetDouble(property, 0.0), this);
 }
 
 void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
@@ -77,17 +81,17 @@ void OrbelFrequencyRangeEdit::GetXml(QXmlStreamWriter &writer) const
         return;
     // Meant: no unit, whatever the property says, and without a tag an element without a name.
     writer.writeTextElement(property(prop::StartFrequencyParameterXmlTag.data()).toString(),
-        property(prop::StartFrequency.data()).toString());
+        WholeHertz(property(prop::StartFrequency.data())));
     writer.writeTextElement(property(prop::StopFrequencyParameterXmlTag.data()).toString(),
-        property(prop::StopFrequency.data()).toString());
+        WholeHertz(property(prop::StopFrequency.data())));
 }
 
 void OrbelFrequencyRangeEdit::ReadXml(QXmlStreamReader &reader)
 {
     if (reader.name() == property(prop::StartFrequencyParameterXmlTag.data()).toString())
-        SetPropertyAlways(prop::StartFrequency, reader.readElementText());
+        SetPropertyAlways(prop::StartFrequency, FiniteText(reader.readElementText()));
     else if (reader.name() == property(prop::StopFrequencyParameterXmlTag.data()).toString())
-        SetPropertyAlways(prop::StopFrequency, reader.readElementText());
+        SetPropertyAlways(prop::StopFrequency, FiniteText(reader.readElementText()));
 }
 
 QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
@@ -124,6 +128,8 @@ void OrbelFrequencyRangeEdit::forceFinishEditing()
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (RefuseNoNumber(name, value, HeldFrequency(name)))
+        return;
     if (name == prop::StartFrequencyParameterXmlTag || name == prop::StopFrequencyParameterXmlTag)
         // Meant: the tag before stays on the list.
         AddXmlTag(value.toString());
@@ -136,21 +142,49 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
 /// Meant: no bound pushes the other one here, so a script can set both in any order.
 void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &value)
 {
-    const double limit = value.toDouble();
     if (name == prop::StartFrequency && startNode)
         startNode->SetStringValue(value.toString(), this);
     else if (name == prop::StopFrequency && stopNode)
         stopNode->SetStringValue(value.toString(), this);
-    else if (name == prop::Minimum) {
-        if (startNode)
-            startNode->SetMin(limit, this);
-        if (stopNode)
-            stopNode->SetMin(limit + LeastDistance, this);
-    } else if (name == prop::Maximum) {
-        if (startNode)
-            startNode->SetMax(limit - LeastDistance, this);
-        if (stopNode)
-            stopNode->SetMax(limit, this);
+    else if (name == prop::Minimum)
+        WriteLimits(&ValueDouble::SetMin, value.toDouble(), value.toDouble() + LeastDistance);
+    else if (name == prop::Maximum)
+        WriteLimits(&ValueDouble::SetMax, value.toDouble() - LeastDistance, value.toDouble());
+    else
+        return;
+    TakeNodeFrequencies();
+}
+
+void OrbelFrequencyRangeEdit::WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop)
+{
+    if (startNode)
+        ((*startNode).*set)(ofStart, this);
+    if (stopNode)
+        ((*stopNode).*set)(ofStop, this);
+}
+
+QVariant OrbelFrequencyRangeEdit::HeldFrequency(const QString &name) const
+{
+    if (!startNode || !stopNode)
+        return QVariant();
+    const auto [start, stop] = getCurrentRange();
+    if (name == prop::StartFrequency)
+        return start;
+    if (name == prop::StopFrequency)
+        return stop;
+    if (name == prop::Minimum)
+        return startNode->GetMin();
+    return name == prop::Maximum ? QVariant(stopNode->GetMax()) : QVariant();
+}
+
+void OrbelFrequencyRangeEdit::TakeNodeFrequencies()
+{
+    const QPair<QLatin1String, OwnedNode<ValueDouble> *> bounds[]
+        = {{prop::StartFrequency, &startNode}, {prop::StopFrequency, &stopNode}};
+    for (const auto &[name, node] : bounds) {
+        // A fraction that the definition states stays.
+        if (*node && GetDouble(name, 0.0) != (*node)->GetValue())
+            TakeNumber(name, Saturated<qint64>(std::trunc((*node)->GetValue())));
     }
 }
 

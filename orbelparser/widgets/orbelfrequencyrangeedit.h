@@ -77,6 +77,10 @@ private:
     void EnterNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
     VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip);
     void WriteNodes(const QString &name, const QVariant &value);
+    void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
+    /// What the nodes hold of the property of that name, in Hz; invalid for nothing.
+    QVariant HeldFrequency(const QString &name) const;
+    void TakeNodeFrequencies();
     void Repair(bool startMoved);
 
     OwnedNode<ValueDouble> startNode{this};

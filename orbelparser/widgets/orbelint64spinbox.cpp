@@ -46,6 +46,7 @@ void OrbelInt64SpinBox::CreateValueTree()
 {
     ApplyUnitScale();
     ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
+    TakeNodeNumber();
 }
 
 void OrbelInt64SpinBox::CreateGUI(FloatGroupLayout *layout)
@@ -71,7 +72,7 @@ void OrbelInt64SpinBox::GetXml(QXmlStreamWriter &writer) const
 
 void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
 {
-    const QString text = reader.readElementText();
+    const QString text = FiniteText(reader.readElementText());
     SetPropertyAlways(prop::Value, text);
     // Meant: a text with an exponent or a fraction sets the node but is announced as 0.
     Q_EMIT valueChanged(text.toLongLong());
@@ -80,7 +81,8 @@ void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelInt64SpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    WriteProperty(name, value);
+    if (!WriteProperty(name, value))
+        return;
     // Meant: the 32-bit form, so a greater bound is left out of the tooltip once any bound has changed.
     if (name == prop::Minimum || name == prop::Maximum)
         SetIntTooltip(Control);

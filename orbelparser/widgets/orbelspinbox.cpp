@@ -22,6 +22,7 @@ OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : BoundDelegate(widget)
 void OrbelSpinBox::CreateValueTree()
 {
     ValueNode.Adopt(CreateValueNumericInt(prop::Value));
+    TakeNodeNumber();
 }
 
 void OrbelSpinBox::CreateGUI(FloatGroupLayout *layout)
@@ -58,6 +59,8 @@ void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (RefuseNoNumber(name, value, HeldNumber(name)))
+        return;
     if (ValueNode)
         WritePropertyToNode(name);
     // Meant: `decimals` and `displayScalingFactor` count for the control only while it is built.
@@ -74,13 +77,35 @@ void OrbelSpinBox::WritePropertyToNode(const QString &name)
 {
     // Meant: bounds and step are not scaled here, though they are when the node is made.
     if (name == prop::Value)
-        ValueNode->SetValue(GetInt(name, 0), this);
+        ValueNode->SetValue(GetNearestInt(name, 0), this);
     else if (name == prop::Minimum)
-        ValueNode->SetMin(GetInt(name, 0), this);
+        ValueNode->SetMin(GetNearestInt(name, 0), this);
     else if (name == prop::Maximum)
-        ValueNode->SetMax(GetInt(name, 0), this);
+        ValueNode->SetMax(GetNearestInt(name, 0), this);
     else if (name == prop::SingleStep)
-        ValueNode->SetStep(GetInt(name, 0), this);
+        ValueNode->SetStep(GetNearestInt(name, 0), this);
+    else
+        return;
+    TakeNodeNumber();
+}
+
+QVariant OrbelSpinBox::HeldNumber(const QString &name) const
+{
+    if (!ValueNode)
+        return QVariant();
+    if (name == prop::Minimum && ValueNode->GetMin() > std::numeric_limits<int>::min())
+        return ValueNode->GetMin();
+    if (name == prop::Maximum && ValueNode->GetMax() < std::numeric_limits<int>::max())
+        return ValueNode->GetMax();
+    if (name == prop::SingleStep)
+        return ValueNode->GetStep();
+    return name == prop::Value ? QVariant(ValueNode->GetValue()) : QVariant();
+}
+
+void OrbelSpinBox::TakeNodeNumber()
+{
+    if (ValueNode)
+        TakeNumber(prop::Value, ValueNode->GetValue());
 }
 
 void OrbelSpinBox::NodeChanged(Observable *subject, TChangeCode code)

@@ -46,6 +46,9 @@ protected:
 
 private:
     void WritePropertyToNode(const QString &name);
+    /// The node's limits as properties of that name; invalid for none.
+    QVariant HeldNumber(const QString &name) const;
+    void TakeNodeNumber();
 };
 
 } // namespace KV218

@@ -80,7 +80,7 @@ private Q_SLOTS:
             f->autosetUnitScale();
             QCOMPARE(live.log.Take(), QString());
             QCOMPARE(node->GetValue(), 8000.0);
-            QCOMPARE(f->property("value").toInt(), 7000);
+            QCOMPARE(f->property("value").toInt(), 8000);
             live.form->SetXmlString("<Parameters><" + tag + ">abc</" + tag + "></Parameters>");
             QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
             QCOMPARE(f->property("value").toString(), QString("abc"));

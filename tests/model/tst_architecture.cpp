@@ -85,7 +85,7 @@ private Q_SLOTS:
     {
         // What several controls are made of, and no control itself.
         const QStringList shared{"celldelegate", "channelspacingitemdelegate", "exclusiondialog", "flagscope",
-            "floatspindelegate", "freqrangetable", "listelements", "spinbuilder", "spinlistdelegate", "tablekeys"};
+            "floatspindelegate", "freqrangetable", "listelements", "spinbuilder", "spinlistdelegate", "tablekeys", "wholehertz"};
         QStringList wrong;
         for (const QFileInfo &file : Sources()) {
             if (LevelOf(file) != Controls)

@@ -266,7 +266,7 @@ private Q_SLOTS:
             other.Node()->AddObserver(&witness);
             witness.action = [&] { other.form.reset(); };
             other.Read("[1,2]");
-            QCOMPARE(witness.codes, QString("773372732"));
+            QCOMPARE(witness.codes, QString("77337272"));
         }
     }
 
