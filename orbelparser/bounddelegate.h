@@ -24,6 +24,12 @@ protected:
         if (Control)
             Control->setFocus();
     }
+    /// Commits what is typed into a control that takes typing; nothing before CreateGUI().
+    void FinishControl()
+    {
+        if (Control)
+            Control->endEdit();
+    }
 
     /// Null before CreateValueTree(), when the tree refused the node, and once the node is withdrawn.
     OwnedNode<Node> ValueNode;

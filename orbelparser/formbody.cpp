@@ -163,6 +163,8 @@ void FormBody::CreateValueTree(const QString &path)
 
 void FormBody::CreateGUI(bool applyUi, const QStringList &names, bool exclude)
 {
+    if (GetGUI())
+        return;
     Sheet.CreateGUI(applyUi, names, exclude);
     RestoreConfiguration();
 }
@@ -204,6 +206,9 @@ void FormBody::SetXmlString(const QString &xml)
         if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == root)
             Sheet.ReadXml(reader);
     }
+    // A document read over an edit that was not applied leaves nothing to apply.
+    if (Sheet.isModified() && !Sheet.isWidgetModified())
+        Sheet.resetModified();
 }
 
 void FormBody::SetConfigObject(QObject *object, const QString &name)

@@ -65,6 +65,18 @@ template <class Node> void SetLimitProperties(OrbelDelegate *delegate, const Nod
     delegate->SetPropertyAlways(prop::SingleStep, QVariant::fromValue(step));
 }
 
+/// The choice stays where its text is among the new items.
+void GiveItems(OrbelDelegate *delegate, ValueSelection *node, const ValueSelection *source)
+{
+    const QString chosen = node->GetStringValue();
+    Watched alive;
+    alive.AttachNode(node);
+    CopyItems(node, source, delegate);
+    if (alive)
+        node->Select(chosen, delegate);
+    delegate->TakeNode();
+}
+
 /// Gives a control the limits or the items of the application's value.
 void InitDelegate(OrbelDelegate *delegate, ValueBase *value)
 {
@@ -83,7 +95,7 @@ void InitDelegate(OrbelDelegate *delegate, ValueBase *value)
         auto *node = dynamic_cast<ValueSelection *>(delegate->GetVTValue());
         // Meant: an empty source leaves the items in place.
         if (source && node && node != source && source->GetItemCount() > 0)
-            CopyItems(node, source, delegate);
+            GiveItems(delegate, node, source);
         break;
     }
     default:

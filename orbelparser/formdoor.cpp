@@ -56,6 +56,12 @@ QWidget *FormDoor::GetSheetWidget() const
     return sheet ? sheet->GetGUI() : nullptr;
 }
 
+void FormDoor::TagAdded() const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->TagAdded(Widget);
+}
+
 void FormDoor::TagChanged() const
 {
     if (OrbelSheet *sheet = Sheet())

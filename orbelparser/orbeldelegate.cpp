@@ -368,9 +368,15 @@ void OrbelDelegate::PropagateProperties(QObject *target)
     HideIfCollapsed(target);
 }
 
+void OrbelDelegate::PropagateState(QWidget *target)
+{
+    target->setVisible(GetBool(prop::Visible, true));
+    target->setEnabled(GetBool(prop::Enabled, true));
+}
+
 void OrbelDelegate::HideIfCollapsed(QObject *target)
 {
-    if (GroupVisible || IsDefined(prop::Visible))
+    if (!target || GroupVisible || IsDefined(prop::Visible))
         return;
     if (!property(prop::Visible.data()).isValid())
         BeforeForced.insert({prop::Visible, target}, true);

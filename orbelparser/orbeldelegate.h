@@ -58,6 +58,12 @@ public:
     virtual void CreateValueTree();
     /// Brings the node in line with a changed definition.
     virtual void ResyncValueTree();
+    /// Has the value property state what the node holds, where that is another value than it was given: no signal, no mark.
+    /// The base has no value property.
+    virtual void TakeNode() { }
+    /// Commits what the operator is still typing, in every face of the control. The base does what the slot
+    /// forceFinishEditing() does.
+    virtual void FinishEditing() { forceFinishEditing(); }
     /// Adds the row label, when there is a `labelText`, and the control to `layout`. Controls belong to the layout's
     /// parent widget.
     virtual void CreateGUI(FloatGroupLayout *layout);
@@ -100,6 +106,9 @@ public:
     /// Whether there is a change that no parameter document has carried yet.
     bool isModified() const { return Modified; }
 
+    /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay; another
+    /// path moves them.
+    void EnterValueTree(const QString &path);
     /// Sets the full path of the node: `path`, "/", the parameter path. No "/" is added behind one, nor to an empty path.
     void SetVTPath(const QString &path);
     const QString &GetVTPath() const { return VTPath; }
@@ -166,6 +175,8 @@ protected:
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
+    /// The nodes stand under another path now. The base has nothing else to do.
+    virtual void NodesMoved() { }
     /// Takes what the delegate owns in the window out of it: the form has ended. The base owns nothing there.
     virtual void LeaveWindow() { }
 
@@ -199,6 +210,8 @@ protected:
     /// Forwards all defined properties that are set to a control just made, and hides it when its group
     /// is collapsed.
     void PropagateProperties(QObject *target);
+    /// Gives a control just made the `visible` and `enabled` that the delegate has, whatever is collapsed or locked.
+    void PropagateState(QWidget *target);
     /// Hides a control just made, when its group was collapsed before it existed.
     void HideIfCollapsed(QObject *target);
 
@@ -260,6 +273,9 @@ protected:
     /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
     static int CountOf(const QVariant &value);
 
+    /// Enters a node at its path. False, with a trace, when the tree refuses it.
+    bool EnterNode(ValueBase *node) const;
+
     FormDoor Form() const;
     /// Name of the owning element; empty without one.
     QString WidgetName() const;
@@ -277,6 +293,7 @@ private:
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 
+    void MoveNodes(const QString &formerName);
     template <class Node> Node *Enter(Node *node);
     template <class Node> Node *NewNumeric(const QString &name, int index);
     bool ParseProperty(QXmlStreamReader &reader, bool custom);
@@ -310,6 +327,7 @@ private:
     QStringList DefinedProperties;
     eApplyMode ApplyMode = eApplyMode(0);
     int ListDepth = 0;
+    bool InValueTree = false;
 };
 
 } // namespace KV218

@@ -3,8 +3,10 @@
 #include "orbeldelegate.h"
 
 #include "formlimits.h"
+#include "itreeitem.h"
 #include "orbelenum.h"
 #include "propertynames.h"
+#include "trace.h"
 #include "tree.h"
 #include "valueselection.h"
 
@@ -79,10 +81,50 @@ QString OrbelDelegate::GetVTName() const
     return name < 0 ? QString() : VTPath.mid(name);
 }
 
+void OrbelDelegate::EnterValueTree(const QString &path)
+{
+    const Call call(this);
+    const QString formerPath = VTPath;
+    const QString formerName = GetVTName();
+    SetVTPath(path);
+    const bool moves = InValueTree && VTPath != formerPath;
+    if (!InValueTree || (moves && GetNodes().isEmpty()))
+        CreateValueTree();
+    else if (moves)
+        MoveNodes(formerName);
+    InValueTree = true;
+    TakeNode();
+}
+
+void OrbelDelegate::MoveNodes(const QString &formerName)
+{
+    for (ValueBase *node : GetNodes()) {
+        if (ITreeItem *place = node->GetDeleteObserver())
+            place->SubjectDeleted();
+        // Nodes of a list have their numbers behind the name.
+        const QString name = node->GetName();
+        if (!formerName.isEmpty() && name.startsWith(formerName))
+            node->SetName(GetVTName() + name.mid(formerName.size()), this);
+        EnterNode(node);
+    }
+    NodesMoved();
+}
+
+bool OrbelDelegate::EnterNode(ValueBase *node) const
+{
+    const bool entered = Tree::Instance()->AddNode(GetVTNodePath(), node);
+    if (!entered) {
+        const QString path = GetVTNodePath() + QLatin1Char('/') + node->GetName();
+        TraceFailure(QStringLiteral("No node of a form can stand at %1: a path belongs to one form").arg(path),
+            "orbeldelegate", __LINE__);
+    }
+    return entered;
+}
+
 /// Hands a node to the tree; gives null, and deletes it, when the tree refuses it.
 template <class Node> Node *OrbelDelegate::Enter(Node *node)
 {
-    if (Tree::Instance()->AddNode(GetVTNodePath(), node))
+    if (EnterNode(node))
         return node;
     delete node;
     return nullptr;
@@ -125,7 +167,7 @@ ValueString *OrbelDelegate::CreateValueString(const QString &name)
     node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
     node->SetValue(property(name.toLatin1().constData()).toString(), nullptr);
     // Meant: the one maker that keeps a node which the tree refuses, so a text control always has its node.
-    Tree::Instance()->AddNode(GetVTNodePath(), node);
+    EnterNode(node);
     return node;
 }
 

@@ -41,8 +41,10 @@ void OrbelDelegate::SetXmlPath(const QString &tag)
 
 void OrbelDelegate::AddXmlTag(const QString &tag)
 {
-    if (!ContainsXmlTag(tag))
-        XmlTags.append(tag);
+    if (ContainsXmlTag(tag))
+        return;
+    XmlTags.append(tag);
+    Form().TagAdded();
 }
 
 bool OrbelDelegate::ContainsXmlTag(const QString &tag) const
@@ -71,6 +73,12 @@ int CellIndex(const QList<QVariant> &list, int row, int column, int columns)
 
 } // namespace
 
+/// Whether a cell stays as it is: '007' is another text than 7, and 'on' another value than true.
+static bool IsSameCell(const QVariant &cell, const QVariant &value)
+{
+    return cell.userType() == value.userType() && cell == value && cell.toString() == value.toString();
+}
+
 QVariant OrbelDelegate::GetListValue(const QList<QVariant> &list, int row, int column, int columns)
 {
     const int index = CellIndex(list, row, column, columns);
@@ -80,7 +88,7 @@ QVariant OrbelDelegate::GetListValue(const QList<QVariant> &list, int row, int c
 bool OrbelDelegate::SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns)
 {
     const int index = CellIndex(list, row, column, columns);
-    if (index < 0 || list.at(index) == value)
+    if (index < 0 || IsSameCell(list.at(index), value))
         return false;
     list[index] = value;
     return true;

@@ -39,11 +39,16 @@ OrbelElement::~OrbelElement()
 OrbelElement *OrbelElement::Append(OrbelElement *child)
 {
     Children.append(child);
+    EnterTags(child);
+    return child;
+}
+
+void OrbelElement::EnterTags(OrbelElement *child)
+{
     for (const QString &tag : qAsConst(child->Tags)) {
         if (!ChildByTag.contains(tag))
             ChildByTag.insert(tag, child);
     }
-    return child;
 }
 
 void OrbelElement::AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget)
@@ -58,7 +63,19 @@ void OrbelElement::AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget)
         OrbelElement *child = node->FindChild(part);
         node = child ? child : node->Append(new OrbelElement(part));
     }
-    node->Append(new OrbelElement(widget));
+    OrbelElement *const leaf = node->Append(new OrbelElement(widget));
+    Leaves.insert(widget.data(), {node, leaf});
+}
+
+void OrbelElement::AddTagsOf(const OrbelWidget *widget)
+{
+    const auto place = Leaves.value(widget);
+    if (!place.second)
+        return;
+    QStringList &tags = place.second->Tags;
+    tags += widget->GetDelegate()->GetAllTags();
+    tags.removeDuplicates();
+    place.first->EnterTags(place.second);
 }
 
 OrbelElement *OrbelElement::FindChild(const QString &tag) const

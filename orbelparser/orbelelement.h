@@ -5,6 +5,7 @@
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QList>
+#include <QPair>
 #include <QStringList>
 
 namespace KV218
@@ -25,6 +26,8 @@ public:
     /// Hangs a leaf for `widget` at its path below this node, making the inner nodes that are missing. A path of more than
     /// limit::ParameterPathParts parts is left out.
     void AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget);
+    /// Lets the leaf of a widget answer to the element names that were added since; one that has no leaf is none.
+    void AddTagsOf(const OrbelWidget *widget);
     /// The first child that answers to the tag, in the same case; null without one.
     OrbelElement *FindChild(const QString &tag) const;
     /// The widget of the leaf at that path below this node; null for an inner node or when there is none.
@@ -39,6 +42,7 @@ public:
 
 private:
     OrbelElement *Append(OrbelElement *child);
+    void EnterTags(OrbelElement *child);
 
     QStringList Tags;
     QExplicitlySharedDataPointer<OrbelWidget> LeafWidget;
@@ -46,6 +50,8 @@ private:
     QList<OrbelElement *> Children;
     /// The first child of each tag.
     QHash<QString, OrbelElement *> ChildByTag;
+    /// In the root: the node above the leaf, and the leaf.
+    QHash<const OrbelWidget *, QPair<OrbelElement *, OrbelElement *>> Leaves;
 };
 
 } // namespace KV218

@@ -138,6 +138,11 @@ void OrbelFormular::applyNow()
     GetSheet().applyNow();
 }
 
+void OrbelFormular::FinishEditing()
+{
+    GetSheet().FinishEditing();
+}
+
 void OrbelFormular::SelectWidgets(const QStringList &paths, bool select)
 {
     GetSheet().SelectWidgets(paths, select);

@@ -69,9 +69,12 @@ public:
     /// or too short from the items' values with two decimals. Unknown names and a null selection are ignored.
     void InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers);
 
-    /// Makes the controls' nodes under `path`, then runs the form's script once.
+    /// Makes the controls' nodes under `path`, then runs the form's script. Called again it keeps the nodes and what is bound
+    /// to them, moves them if the path is another one, and runs the script again. A path belongs to one form: where another
+    /// node stands, the control gets none, and a trace tells.
     void CreateValueTree(const QString &path);
-    /// Builds all controls, below them an apply row if wanted, and restores the configuration.
+    /// Builds all controls, below them an apply row if wanted, and restores the configuration. Does nothing while the window
+    /// exists; once that was deleted, builds a new one.
     void CreateGUI(bool applyUi);
     /// Builds the controls whose name or element name stands in `names`, or with `exclude` the others; those left out
     /// also leave the parameter document.
@@ -82,6 +85,9 @@ public:
 
     /// Emits the sheet's si_parametersModified() if there is a pending change.
     void applyNow();
+    /// Commits whatever the operator is typing into a control, as leaving the control does. Neither applyNow() nor
+    /// GetXmlString() does so by itself: a host that fetches a document in its own time calls this before.
+    void FinishEditing();
     void SelectWidgets(const QStringList &paths, bool select);
     void ShowGroup(const QString &name, bool show);
     /// Locks or frees the operator's input as a whole.
@@ -105,7 +111,7 @@ public:
     /// The same for many values, from the last to the first.
     void GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init);
     /// Copies the application's value into the control of the same name; with `apply` then announces the parameters if
-    /// the form is modified. True when the value changed.
+    /// the form is modified. True when the control's text was another one before the call.
     bool SetVTValue(ValueBase *local, IObserver *observer, bool apply);
     bool SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply);
     /// Gives a control the limits and step, or the items, of the application's value, not the value itself. Exceptions of

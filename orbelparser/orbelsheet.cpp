@@ -154,6 +154,8 @@ void OrbelSheet::CreateGUI(bool applyUi)
 
 void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
 {
+    if (GetGUI())
+        return;
     const CallScope call(GetLife());
     Ui->CreateFrame(applyUi);
     const QSet<QString> names(list.cbegin(), list.cend());
@@ -322,6 +324,18 @@ void OrbelSheet::killAutoApplyTimer()
 void OrbelSheet::applyNow()
 {
     Ui->applyNow();
+}
+
+void OrbelSheet::TagAdded(const OrbelWidget *widget)
+{
+    Root->AddTagsOf(widget);
+}
+
+void OrbelSheet::FinishEditing()
+{
+    const CallScope call(GetLife());
+    for (const Widget &widget : Snapshot())
+        widget->GetDelegate()->FinishEditing();
 }
 
 void OrbelSheet::SetFontSize(int size)

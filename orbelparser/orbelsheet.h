@@ -59,7 +59,7 @@ public:
     /// Gives the properties of a changed definition to the widgets of the same names, up to the first name unknown.
     void ParseChangedORBEL(QXmlStreamReader &reader);
 
-    /// Builds the frame, with an apply row or without, and the controls.
+    /// Builds the frame, with an apply row or without, and the controls; nothing while there is a frame.
     void CreateGUI(bool applyUi);
     /// Builds the controls whose name or element name stands in `list`, or with `exclude` the others. The ones left out
     /// are no longer selected.
@@ -103,6 +103,8 @@ public:
     void setAutoApplyEnabled(bool enable);
     void killAutoApplyTimer();
     void applyNow();
+    /// Commits whatever the operator is typing into a control.
+    void FinishEditing();
 
     /// Sets the text size, in points, of the widget in which the form stands. 0 or less is ignored.
     void SetFontSize(int size);
@@ -116,6 +118,8 @@ public:
     /// The form ends: all delegates are closed, and widgets that others hold stand in no form any more.
     void Close();
 
+    /// Called by FormDoor when a widget answers to a further element name.
+    void TagAdded(const OrbelWidget *widget);
     /// Called by FormDoor when a widget's element name changed.
     void TagChanged() { Index.DropTags(); }
 

@@ -81,11 +81,8 @@ void OrbelWidget::SetExtWidget(QString name, QString labelText, QWidget *widget)
 
 void OrbelWidget::CreateValueTree(const QString &path)
 {
-    if (!Delegate)
-        return;
-    const OrbelDelegate::Call call(Delegate.get());
-    Delegate->SetVTPath(path);
-    Delegate->CreateValueTree();
+    if (Delegate)
+        Delegate->EnterValueTree(path);
 }
 
 void OrbelWidget::ResyncValueTree()

@@ -28,7 +28,7 @@ void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant 
         WriteLimitsToNode();
     else
         return;
-    TakeNodeNumber();
+    TakeNode();
 }
 
 void FloatSpinDelegate::WriteLimitsToNode()
@@ -57,7 +57,7 @@ QVariant FloatSpinDelegate::HeldNumber(const QString &name) const
     return name == prop::Value ? QVariant(ValueNode->GetValue()) : QVariant();
 }
 
-void FloatSpinDelegate::TakeNodeNumber()
+void FloatSpinDelegate::TakeNode()
 {
     if (ValueNode)
         TakeNumber(prop::Value, ValueNode->GetValue());

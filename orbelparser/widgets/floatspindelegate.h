@@ -13,11 +13,12 @@ class FloatSpinDelegate : public BoundDelegate<ValueDouble, VCNumericFloatSpin>
 public:
     explicit FloatSpinDelegate(OrbelWidget *widget);
 
+    void TakeNode() override;
+
 protected:
     /// Gives a changed property to node and control, as far as they exist. False, and nothing of that, for a number that is
     /// none.
     bool WriteProperty(const QString &name, const QVariant &value);
-    void TakeNodeNumber();
 
 private:
     void WritePropertyToNode(const QString &name, const QVariant &value);

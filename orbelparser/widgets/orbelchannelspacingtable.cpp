@@ -1,5 +1,6 @@
 #include "orbelchannelspacingtable.h"
 
+#include "celledit.h"
 #include "channelspacingitemdelegate.h"
 #include "floatgrouplayout.h"
 #include "formlimits.h"
@@ -123,6 +124,12 @@ void OrbelChannelSpacingTable::setFocus()
 {
     if (Control)
         Control->setFocus();
+}
+
+void OrbelChannelSpacingTable::forceFinishEditing()
+{
+    const Call call(this);
+    FinishCellEdit(Control);
 }
 
 void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVariant &value)

@@ -52,6 +52,7 @@ public Q_SLOTS:
     void setMinimum(double value) { ChangeProperty(prop::Minimum, value); }
     void setSingleStep(double value) { ChangeProperty(prop::SingleStep, value); }
     void setFocus() override;
+    void forceFinishEditing() override;
 
 public:
     /// 0 for an index out of range.

@@ -91,6 +91,18 @@ void OrbelComboBox::ReadXml(QXmlStreamReader &reader)
     Q_EMIT currentValueChanged(text);
 }
 
+/// Items of the application may have no row: then the property stays as it is.
+void OrbelComboBox::TakeNode()
+{
+    if (!ValueNode || !Enum)
+        return;
+    const QString chosen = ValueNode->GetStringValue();
+    const int own = firstIndexOfValue(GetString(prop::CurrentValue, QString()));
+    const int row = Enum->firstIndexOfName(chosen);
+    if (row >= 0 && (own < 0 || Enum->GetValueAt(own).GetDisplayName() != chosen))
+        SetPropertyAlways(prop::CurrentValue, Enum->GetValueAt(row).GetValue());
+}
+
 void OrbelComboBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);

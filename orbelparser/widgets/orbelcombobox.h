@@ -23,6 +23,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    void TakeNode() override;
 
     /// The number that the chosen row's value text states, or the row's index from 0 where it states none; 0 without an
     /// enumeration.

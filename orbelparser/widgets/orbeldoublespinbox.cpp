@@ -32,13 +32,13 @@ OrbelDoubleSpinBox::OrbelDoubleSpinBox(OrbelWidget *widget) : FloatSpinDelegate(
 void OrbelDoubleSpinBox::CreateValueTree()
 {
     ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
-    TakeNodeNumber();
 }
 
 void OrbelDoubleSpinBox::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
     Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
+    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
     PropagateProperties(Control);
     SetDoubleTooltip(Control);
     layout->addWidget(Control);

@@ -39,6 +39,7 @@ public Q_SLOTS:
     void setValue(double value) { ChangeProperty(prop::Value, value); }
     void setWrapping(bool flag) { ChangeProperty(prop::Wrapping, flag); }
     void setFocus() override { FocusControl(); }
+    void forceFinishEditing() override { FinishControl(); }
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;

@@ -4,7 +4,6 @@
 #include "exclusiondialog.h"
 #include "formdoor.h"
 #include "propertynames.h"
-#include "tree.h"
 #include "xmlwalk.h"
 
 namespace KV218
@@ -48,7 +47,7 @@ void OrbelDSCObject::CreateValueTree()
 {
     auto *node = new ValueCommentedRangeMap(GetXmlTagName(), ekStateUsable);
     // Meant: where the tree refuses it, a second form on the path say, the object works with a node that nobody finds.
-    Tree::Instance()->AddNode(GetVTNodePath(), node);
+    EnterNode(node);
     ExclusionMap.Adopt(node);
 }
 

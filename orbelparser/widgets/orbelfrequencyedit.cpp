@@ -27,7 +27,6 @@ static QIcon LockIcon(bool locked)
 void OrbelFrequencyEdit::CreateValueTree()
 {
     valueNode.Adopt(CreateValueNumericFloat(prop::Value, -1));
-    TakeNodeFrequency();
 }
 
 void OrbelFrequencyEdit::CreateGUI(FloatGroupLayout *layout)
@@ -53,8 +52,9 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
     frequencyControl
         = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
-    frequencyControl->SetBandwidth_ValuePath(GetVTNodePath() + QLatin1String("/Bandwidth"));
+    frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
     frequencyControl->GetTuneButton()->hide();
+    connect(frequencyControl, &VCFrequency::signalTextEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
     PropagateProperties(frequencyControl);
     // Meant: an absent `enabled` locks the main form, as nowhere else.
     const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
@@ -101,7 +101,7 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
     layout->addGroup();
-    connect(lineEdit, &QLineEdit::textEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
+    connect(lineEdit, &VCLineEdit::signalTextEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
 }
 
 void OrbelFrequencyEdit::GetXml(QXmlStreamWriter &writer) const
@@ -145,6 +145,25 @@ void OrbelFrequencyEdit::forceFinishEditing()
         lineEdit->endEdit();
 }
 
+void OrbelFrequencyEdit::FinishEditing()
+{
+    const Call call(this);
+    forceFinishEditing();
+    if (frequencyControl)
+        frequencyControl->endEdit();
+}
+
+void OrbelFrequencyEdit::NodesMoved()
+{
+    if (frequencyControl)
+        frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
+}
+
+QString OrbelFrequencyEdit::BandwidthPath() const
+{
+    return GetVTNodePath() + QLatin1String("/Bandwidth");
+}
+
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
@@ -171,7 +190,7 @@ void OrbelFrequencyEdit::WritePropertyToNode(const QString &name, const QVariant
         valueNode->SetMax(value.toDouble(), this);
     else
         return;
-    TakeNodeFrequency();
+    TakeNode();
 }
 
 QVariant OrbelFrequencyEdit::HeldFrequency(const QString &name) const
@@ -191,7 +210,7 @@ qint64 OrbelFrequencyEdit::HeldHertz() const
     return Saturated<qint64>(std::trunc(valueNode->GetValue()));
 }
 
-void OrbelFrequencyEdit::TakeNodeFrequency()
+void OrbelFrequencyEdit::TakeNode()
 {
     // A fraction that the definition states stays.
     if (valueNode && GetDouble(prop::Value, 0.0) != valueNode->GetValue())

@@ -27,6 +27,8 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return valueNode.get(); }
+    void TakeNode() override;
+    void FinishEditing() override;
     void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:
@@ -59,6 +61,7 @@ public Q_SLOTS:
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
+    void NodesMoved() override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text);
@@ -70,13 +73,13 @@ private:
     void CreateMainForm(FloatGroupLayout *layout);
     void CreatePlainForm(FloatGroupLayout *layout);
     void CreateLockButton();
+    QString BandwidthPath() const;
     void ShowLock(bool locked);
     void KeepLockOpenToAnswers();
     void WritePropertyToNode(const QString &name, const QVariant &value);
     /// What the node holds of the property of that name, in Hz; invalid for nothing.
     QVariant HeldFrequency(const QString &name) const;
     qint64 HeldHertz() const;
-    void TakeNodeFrequency();
 
     OwnedNode<ValueDouble> valueNode{this};
     QPointer<VCFrequency> frequencyControl;

@@ -35,7 +35,6 @@ void OrbelFrequencyRangeEdit::CreateValueTree()
     const double highest = GetDouble(prop::Maximum, HighestFrequency);
     EnterNode(startNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
     EnterNode(stopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
-    TakeNodeFrequencies();
 }
 
 /// Meant: the limits count as they are, and replace those that were scaled for display when the node was made.
@@ -152,7 +151,7 @@ void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &va
         WriteLimits(&ValueDouble::SetMax, value.toDouble() - LeastDistance, value.toDouble());
     else
         return;
-    TakeNodeFrequencies();
+    TakeNode();
 }
 
 void OrbelFrequencyRangeEdit::WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop)
@@ -177,7 +176,7 @@ QVariant OrbelFrequencyRangeEdit::HeldFrequency(const QString &name) const
     return name == prop::Maximum ? QVariant(stopNode->GetMax()) : QVariant();
 }
 
-void OrbelFrequencyRangeEdit::TakeNodeFrequencies()
+void OrbelFrequencyRangeEdit::TakeNode()
 {
     const QPair<QLatin1String, OwnedNode<ValueDouble> *> bounds[]
         = {{prop::StartFrequency, &startNode}, {prop::StopFrequency, &stopNode}};

@@ -27,6 +27,7 @@ public:
     /// Reads the element only if it is one of the two; leaves any other one to the caller.
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return startNode.get(); }
+    void TakeNode() override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
     QPair<qint64, qint64> getCurrentRange() const;
@@ -80,7 +81,6 @@ private:
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
     /// What the nodes hold of the property of that name, in Hz; invalid for nothing.
     QVariant HeldFrequency(const QString &name) const;
-    void TakeNodeFrequencies();
     void Repair(bool startMoved);
 
     OwnedNode<ValueDouble> startNode{this};

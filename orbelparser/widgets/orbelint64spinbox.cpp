@@ -46,13 +46,13 @@ void OrbelInt64SpinBox::CreateValueTree()
 {
     ApplyUnitScale();
     ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
-    TakeNodeNumber();
 }
 
 void OrbelInt64SpinBox::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
     Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
+    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
     PropagateProperties(Control);
     SetInt64Tooltip(Control);
     layout->addWidget(Control);

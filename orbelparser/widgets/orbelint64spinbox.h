@@ -42,6 +42,7 @@ public Q_SLOTS:
     void setSuffix(QString value) { ChangeProperty(prop::Suffix, value); }
     void setWrapping(bool flag) { ChangeProperty(prop::Wrapping, flag); }
     void setFocus() override { FocusControl(); }
+    void forceFinishEditing() override { FinishControl(); }
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;

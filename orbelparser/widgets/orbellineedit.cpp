@@ -31,9 +31,9 @@ void OrbelLineEdit::CreateGUI(FloatGroupLayout *layout)
     layout->addWidget(Control);
     layout->addGroup();
     connect(Control, &VCLineEdit::signalTextFinallyChanged, this, &OrbelLineEdit::SlotTextFinallyChanged);
-    connect(Control, &QLineEdit::textEdited, this, &OrbelLineEdit::SlotTextEdited);
+    connect(Control, &VCLineEdit::signalTextEdited, this, &OrbelLineEdit::SlotTextEdited);
     connect(Control, &QLineEdit::returnPressed, this, &OrbelLineEdit::SlotReturnPressed);
-    Relay(Control.data(), &QLineEdit::textChanged, &OrbelLineEdit::textChanged);
+    Relay(Control.data(), &VCLineEdit::signalTextChanged, &OrbelLineEdit::textChanged);
 }
 
 void OrbelLineEdit::GetXml(QXmlStreamWriter &writer) const
@@ -55,8 +55,7 @@ void OrbelLineEdit::ReadXml(QXmlStreamReader &reader)
 
 void OrbelLineEdit::forceFinishEditing()
 {
-    if (Control)
-        Control->endEdit();
+    FinishControl();
 }
 
 void OrbelLineEdit::PropertyChanged(const QString &name, const QVariant &value)

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QPushButton>
 
+#include <initializer_list>
+
 namespace KV218
 {
 
@@ -29,18 +31,6 @@ constexpr Switch Switches[] = {
     {prop::VisibleEdit, &OrbelScriptControl::setVisibleEdit},
 };
 
-void Enable(QWidget *button, bool flag)
-{
-    if (button)
-        button->setEnabled(flag);
-}
-
-void Show(QWidget *button, bool flag)
-{
-    if (button)
-        button->setVisible(flag);
-}
-
 } // namespace
 
 OrbelScriptControl::OrbelScriptControl(OrbelWidget *widget) : OrbelDelegate(widget)
@@ -61,25 +51,27 @@ void OrbelScriptControl::CreateGUI(FloatGroupLayout *layout)
     // Meant: a state that was told before the row existed is forgotten, though the custom property keeps it.
     ScriptLoaded = false;
     ShowLamp();
-    LoadButton = NewButton(name + QLatin1String("_LoadButton"), QStringLiteral("Open"), QStringLiteral("Load "));
+    QPushButton *load = NewButton(name + QLatin1String("_LoadButton"), QStringLiteral("Open"), QStringLiteral("Load "));
     constexpr int LeastLoadWidth = 80;
-    LoadButton->setMinimumWidth(LeastLoadWidth);
-    EditButton = NewButton(name + QLatin1String("_EditButton"), QStringLiteral("Edit"), QStringLiteral("Edit "));
+    load->setMinimumWidth(LeastLoadWidth);
+    QPushButton *edit = NewButton(name + QLatin1String("_EditButton"), QStringLiteral("Edit"), QStringLiteral("Edit "));
     // Meant: this one name has no underscore.
-    ClearButton = NewButton(name + QLatin1String("ClearButton"), QStringLiteral("Clear"), QStringLiteral("Clear "));
+    QPushButton *clear = NewButton(name + QLatin1String("ClearButton"), QStringLiteral("Clear"), QStringLiteral("Clear "));
+    Buttons[Load] = {load};
+    Buttons[Edit] = {edit};
+    Buttons[Clear] = {clear};
 
     auto *row = new QBoxLayout(QBoxLayout::LeftToRight, Container);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
-    for (QWidget *part : {static_cast<QWidget *>(StatusLabel), static_cast<QWidget *>(LoadButton),
-             static_cast<QWidget *>(EditButton), static_cast<QWidget *>(ClearButton)})
+    for (QWidget *part : std::initializer_list<QWidget *>{StatusLabel, load, edit, clear})
         row->addWidget(part);
     layout->addSpecial();
     layout->addWidget(Container);
     layout->addGroup();
-    Relay(LoadButton.data(), &QPushButton::clicked, &OrbelScriptControl::loadScriptClicked);
-    Relay(EditButton.data(), &QPushButton::clicked, &OrbelScriptControl::editScriptClicked);
-    Relay(ClearButton.data(), &QPushButton::clicked, &OrbelScriptControl::clearScriptClicked);
+    Relay(load, &QPushButton::clicked, &OrbelScriptControl::loadScriptClicked);
+    Relay(edit, &QPushButton::clicked, &OrbelScriptControl::editScriptClicked);
+    Relay(clear, &QPushButton::clicked, &OrbelScriptControl::clearScriptClicked);
     ApplyProperties();
 }
 
@@ -109,8 +101,8 @@ void OrbelScriptControl::ApplyProperties()
     const QStringList names = GetDefinedProperties();
     for (const QString &name : names)
         PropertyChanged(name, property(name.toLatin1().constData()));
-    for (QPushButton *button : {ClearButton.data(), EditButton.data(), LoadButton.data()})
-        HideIfCollapsed(button);
+    for (const Button &button : Buttons)
+        HideIfCollapsed(button.Control);
 }
 
 void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &value)
@@ -121,39 +113,81 @@ void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &va
             (this->*row.apply)(value.toBool());
     }
     // Meant: lamp and container get none of the common properties, so the lamp stays when the row is hidden.
-    PropagateProperty(name, ClearButton);
-    PropagateProperty(name, EditButton);
-    PropagateProperty(name, LoadButton);
+    for (int button : {Clear, Edit, Load})
+        PropagateProperty(name, Buttons[button].Control);
+}
+
+void OrbelScriptControl::EnableInput(bool enable, bool partial)
+{
+    const Call call(this);
+    OrbelDelegate::EnableInput(enable, partial);
+    if (enable)
+        GiveBackStates();
+}
+
+void OrbelScriptControl::setGroupVisible(bool flag)
+{
+    const Call call(this);
+    OrbelDelegate::setGroupVisible(flag);
+    if (flag)
+        GiveBackStates();
+}
+
+/// The end of a lock or a collapse makes all three alike, as far as the row is free and shown.
+void OrbelScriptControl::GiveBackStates()
+{
+    for (int button = 0; button < ButtonCount; ++button) {
+        if (IsDefined(prop::Enabled) && GetBool(prop::Enabled, true))
+            SetEnabled(button, Buttons[button].Enabled);
+        if (IsDefined(prop::Visible) && GetBool(prop::Visible, true))
+            SetVisible(button, Buttons[button].Visible);
+    }
+}
+
+void OrbelScriptControl::SetEnabled(int button, bool flag)
+{
+    if (!Buttons[button].Control)
+        return;
+    Buttons[button].Enabled = flag;
+    Buttons[button].Control->setEnabled(flag);
+}
+
+void OrbelScriptControl::SetVisible(int button, bool flag)
+{
+    if (!Buttons[button].Control)
+        return;
+    Buttons[button].Visible = flag;
+    Buttons[button].Control->setVisible(flag);
 }
 
 void OrbelScriptControl::setEnabledClear(bool flag)
 {
-    Enable(ClearButton, flag);
+    SetEnabled(Clear, flag);
 }
 
 void OrbelScriptControl::setEnabledEdit(bool flag)
 {
-    Enable(EditButton, flag);
+    SetEnabled(Edit, flag);
 }
 
 void OrbelScriptControl::setEnabledLoad(bool flag)
 {
-    Enable(LoadButton, flag);
+    SetEnabled(Load, flag);
 }
 
 void OrbelScriptControl::setVisibleClear(bool flag)
 {
-    Show(ClearButton, flag);
+    SetVisible(Clear, flag);
 }
 
 void OrbelScriptControl::setVisibleEdit(bool flag)
 {
-    Show(EditButton, flag);
+    SetVisible(Edit, flag);
 }
 
 void OrbelScriptControl::setVisibleLoad(bool flag)
 {
-    Show(LoadButton, flag);
+    SetVisible(Load, flag);
 }
 
 void OrbelScriptControl::sl_customPropertyChanged(QString name, QVariant value)
@@ -164,7 +198,7 @@ void OrbelScriptControl::sl_customPropertyChanged(QString name, QVariant value)
     if (StatusLabel)
         ShowLamp();
     // Meant: overrides what `enabledClear` asked for.
-    Enable(ClearButton, ScriptLoaded);
+    SetEnabled(Clear, ScriptLoaded);
 }
 
 } // namespace KV218

@@ -21,6 +21,7 @@ public:
     explicit OrbelScriptControl(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:
     void clearScriptClicked();
@@ -35,6 +36,7 @@ public Q_SLOTS:
     void setVisibleClear(bool flag);
     void setVisibleEdit(bool flag);
     void setVisibleLoad(bool flag);
+    void setGroupVisible(bool flag) override;
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
@@ -45,14 +47,22 @@ private Q_SLOTS:
 private:
     QPushButton *NewButton(const QString &name, const QString &icon, const QString &verb);
     void ShowLamp();
+    void SetEnabled(int button, bool flag);
+    void SetVisible(int button, bool flag);
+    void GiveBackStates();
     void ApplyProperties();
 
     /// All null before CreateGUI() and once the window is gone.
     QPointer<QWidget> Container;
     QPointer<QLabel> StatusLabel;
-    QPointer<QPushButton> LoadButton;
-    QPointer<QPushButton> EditButton;
-    QPointer<QPushButton> ClearButton;
+    enum { Load, Edit, Clear, ButtonCount };
+    struct Button {
+        QPointer<QPushButton> Control;
+        /// What it was told last, by itself; a lock or a collapse takes it from the screen meanwhile.
+        bool Enabled = true;
+        bool Visible = true;
+    };
+    Button Buttons[ButtonCount];
     bool ScriptLoaded = false;
 };
 

@@ -22,7 +22,6 @@ OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : BoundDelegate(widget)
 void OrbelSpinBox::CreateValueTree()
 {
     ValueNode.Adopt(CreateValueNumericInt(prop::Value));
-    TakeNodeNumber();
 }
 
 void OrbelSpinBox::CreateGUI(FloatGroupLayout *layout)
@@ -31,6 +30,7 @@ void OrbelSpinBox::CreateGUI(FloatGroupLayout *layout)
     // Meant: named after the node, which a parameter path names otherwise than the widget.
     const QString name = ValueNode ? ValueNode->GetName() : QString();
     Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), name);
+    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
     PropagateProperties(Control);
     SetIntTooltip(Control);
     layout->addWidget(Control);
@@ -86,7 +86,7 @@ void OrbelSpinBox::WritePropertyToNode(const QString &name)
         ValueNode->SetStep(GetNearestInt(name, 0), this);
     else
         return;
-    TakeNodeNumber();
+    TakeNode();
 }
 
 QVariant OrbelSpinBox::HeldNumber(const QString &name) const
@@ -102,7 +102,7 @@ QVariant OrbelSpinBox::HeldNumber(const QString &name) const
     return name == prop::Value ? QVariant(ValueNode->GetValue()) : QVariant();
 }
 
-void OrbelSpinBox::TakeNodeNumber()
+void OrbelSpinBox::TakeNode()
 {
     if (ValueNode)
         TakeNumber(prop::Value, ValueNode->GetValue());

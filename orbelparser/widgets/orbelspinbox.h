@@ -21,6 +21,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    void TakeNode() override;
 
 Q_SIGNALS:
     void editingFinished();
@@ -39,6 +40,7 @@ public Q_SLOTS:
     void setValue(int value) { ChangeProperty(prop::Value, value); }
     void setWrapping(bool flag) { ChangeProperty(prop::Wrapping, flag); }
     void setFocus() override { FocusControl(); }
+    void forceFinishEditing() override { FinishControl(); }
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
@@ -48,7 +50,6 @@ private:
     void WritePropertyToNode(const QString &name);
     /// The node's limits as properties of that name; invalid for none.
     QVariant HeldNumber(const QString &name) const;
-    void TakeNodeNumber();
 };
 
 } // namespace KV218

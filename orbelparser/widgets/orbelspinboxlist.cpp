@@ -1,5 +1,7 @@
 #include "orbelspinboxlist.h"
 
+#include "vcnumericfloatspin.h"
+
 namespace KV218
 {
 
@@ -12,8 +14,10 @@ void OrbelSpinBoxList::CreateValueTree()
 
 void OrbelSpinBoxList::CreateGUI(FloatGroupLayout *layout)
 {
-    // Meant: the controls are not kept, so nothing reaches them later but their nodes.
-    CreateControls(layout);
+    // Meant: the controls are not kept, so nothing reaches them later but their nodes. A collapse or a lock of this moment
+    // would never end for them.
+    for (VCNumericFloatSpin *spin : CreateControls(layout))
+        PropagateState(spin);
 }
 
 QString OrbelSpinBoxList::ItemText(const ValueInt &node) const

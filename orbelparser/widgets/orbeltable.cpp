@@ -1,5 +1,6 @@
 #include "orbeltable.h"
 
+#include "celledit.h"
 #include "floatgrouplayout.h"
 #include "tablekeys.h"
 
@@ -98,6 +99,12 @@ void OrbelTable::setFocus()
 {
     if (Control)
         Control->setFocus();
+}
+
+void OrbelTable::forceFinishEditing()
+{
+    const Call call(this);
+    FinishCellEdit(Control);
 }
 
 void OrbelTable::PropertyChanged(const QString &name, const QVariant &value)

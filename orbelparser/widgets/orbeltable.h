@@ -43,6 +43,7 @@ public Q_SLOTS:
     void setColumnCount(int columns) { ChangeProperty(prop::ColumnCount, columns); }
     void setRowCount(int rows) { ChangeProperty(prop::RowCount, rows); }
     void setFocus() override;
+    void forceFinishEditing() override;
 
 public:
     Q_INVOKABLE QVariant itemValue(int row, int column) { return Cell(row, column); }

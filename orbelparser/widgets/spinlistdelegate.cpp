@@ -67,6 +67,7 @@ template <class Node> QVector<VCNumericFloatSpin *> SpinListDelegate<Node>::Crea
     for (const OwnedNode<Node> &node : ValueNodes) {
         const QString name = QStringLiteral("%1_%2").arg(WidgetName(), QString::number(spins.size()));
         VCNumericFloatSpin *spin = BuildSpin(*this, node.get(), layout->parentWidget(), name);
+        connect(spin, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
         PropagateProperties(spin);
         if constexpr (std::is_same_v<Node, ValueInt>)
             SetIntTooltip(spin);
@@ -116,6 +117,17 @@ template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subje
         setModified(true);
     } else if (!*node) {
         ValueNodes.erase(node);
+    }
+}
+
+template <class Node> void SpinListDelegate<Node>::forceFinishEditing()
+{
+    const Call call(this);
+    const auto spins = Container ? Container->findChildren<VCNumericFloatSpin *>() : QList<VCNumericFloatSpin *>();
+    const QVector<QPointer<VCNumericFloatSpin>> controls(spins.begin(), spins.end());
+    for (const QPointer<VCNumericFloatSpin> &spin : controls) {
+        if (spin)
+            spin->endEdit();
     }
 }
 

@@ -22,6 +22,7 @@ public:
 
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    void forceFinishEditing() override;
 
 protected:
     using Number = decltype(std::declval<const Node &>().GetValue());

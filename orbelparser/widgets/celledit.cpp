@@ -1,0 +1,26 @@
+#include "celledit.h"
+
+#include <QAbstractItemDelegate>
+#include <QPointer>
+#include <QTableWidget>
+
+namespace KV218
+{
+
+void FinishCellEdit(QTableWidget *table)
+{
+    if (!table)
+        return;
+    // Whoever hears of the change may delete the table with its editors.
+    const QPointer<QAbstractItemDelegate> cells(table->itemDelegate());
+    const auto children = table->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    const QVector<QPointer<QWidget>> editors(children.begin(), children.end());
+    for (const QPointer<QWidget> &editor : editors) {
+        if (cells && editor)
+            Q_EMIT cells->commitData(editor);
+        if (cells && editor)
+            Q_EMIT cells->closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+} // namespace KV218

@@ -1,0 +1,11 @@
+#pragma once
+
+class QTableWidget;
+
+namespace KV218
+{
+
+/// Commits what the operator is typing into a cell, as leaving the cell does. A null table is none.
+void FinishCellEdit(QTableWidget *table);
+
+} // namespace KV218
