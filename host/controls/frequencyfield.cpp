@@ -6,7 +6,6 @@
 #include "ivaluenumeric.h"
 
 #include <QKeyEvent>
-#include <QPointer>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -31,7 +30,8 @@ FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
         [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); });
     // What the field shows anew has no marked digit yet.
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
-    connect(this, &VCLineEdit::signalTextFinallyChanged, this, &FrequencyField::BeginChange);
+    connect(this, &QLineEdit::textEdited, this, [this] { Entry = true; });
+    connect(this, &VCLineEdit::signalTextFinallyChanged, this, &FrequencyField::LeaveFrequency);
 }
 
 void FrequencyField::Step(int steps)
@@ -42,26 +42,19 @@ void FrequencyField::Step(int steps)
     auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
     const double lowest = BelowZero ? node->GetMin() : std::max(0.0, node->GetMin());
     const double target = WithSteps(node->GetValue(), PowerOfTen(Power), steps);
-    BeginChange();
-    const QPointer<FrequencyField> self(this);
-    node->SetValue(std::max(lowest, std::min(target, node->GetMax())), this);
-    if (self)
-        ShowNode();
+    if (Way.isEmpty())
+        LeaveFrequency();
+    WriteNode([&] { node->SetValue(std::max(lowest, std::min(target, node->GetMax())), this); });
 }
 
 void FrequencyField::Enter(double hertz)
 {
     auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
-    if (!node || !std::isfinite(hertz))
+    if (!node || !std::isfinite(hertz) || !ShowNode())
         return;
-    FinishTuning();
-    BeginChange();
-    const QPointer<FrequencyField> self(this);
-    node->SetValue(hertz, this);
-    if (!self)
-        return;
-    ShowNode();
-    Committed();
+    LeaveFrequency();
+    if (WriteNode([&] { node->SetValue(hertz, this); }))
+        FinishTuning();
 }
 
 std::optional<double> FrequencyField::Repeat()
@@ -70,35 +63,42 @@ std::optional<double> FrequencyField::Repeat()
     if (!number)
         return {};
     const double hertz = number->GetValue();
-    BoundNode()->HasChanged(ekChangeValue, this);
-    return hertz;
+    const bool stays = WriteNode([this] { BoundNode()->HasChanged(ekChangeValue, this); });
+    return stays ? std::optional<double>(hertz) : std::nullopt;
 }
 
-void FrequencyField::FinishTuning()
+bool FrequencyField::FinishTuning()
 {
     const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
-    const std::optional<double> before = std::exchange(Departure, std::nullopt);
-    if (before && node)
-        Q_EMIT signalEntered(*before, node->GetValue());
+    QVector<double> way = std::exchange(Way, {});
+    if (way.isEmpty() || !node)
+        return true;
+    way.append(node->GetValue());
+    return Survives(this, [&] { Q_EMIT signalEntered(way); });
 }
 
-void FrequencyField::BeginChange()
+/// Keeps the frequency that the operator is about to change.
+void FrequencyField::LeaveFrequency()
 {
-    const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode());
-    if (!Departure && node)
-        Departure = node->GetValue();
+    if (const auto *node = dynamic_cast<const IValueNumeric *>(BoundNode()))
+        Way.append(node->GetValue());
 }
 
-void FrequencyField::Committed()
+bool FrequencyField::ShowNode()
 {
-    FinishTuning();
+    const bool ends = std::exchange(Entry, false);
+    if (!VCLineEdit::ShowNode())
+        return false;
+    if (ends)
+        MarkDigit();
+    return true;
 }
 
 void FrequencyField::Update(Observable *subject, TChangeCode code)
 {
     const bool bound = BoundNode();
     VCLineEdit::Update(subject, code);
-    if (bound && !BoundNode())
+    if (code == ekChangeState && bound && !BoundNode())
         Q_EMIT signalNodeLost();
 }
 
@@ -120,12 +120,9 @@ void FrequencyField::keyPressEvent(QKeyEvent *event)
         event->ignore();
         return;
     }
-    const QPointer<FrequencyField> self(this);
-    FinishTuning();
-    if (self && (whole || begins))
+    if (whole || begins)
         selectAll();
-    if (self)
-        VCLineEdit::keyPressEvent(event);
+    VCLineEdit::keyPressEvent(event);
 }
 
 bool FrequencyField::BeginsEntry(const QKeyEvent *event) const
@@ -163,7 +160,7 @@ bool FrequencyField::TuneByKey(int key)
         ChooseDigit(0);
         return true;
     case Qt::Key_F2:
-        setModified(true);
+        Entry = true;
         end(false);
         return true;
     default:
@@ -209,13 +206,9 @@ void FrequencyField::ReplaceBy(const std::function<void()> &insertion)
         insertion();
         return;
     }
-    const QPointer<FrequencyField> self(this);
-    FinishTuning();
-    if (!self)
-        return;
     clear();
     insertion();
-    if (self && !isModified())
+    if (text().isEmpty())
         ShowNode();
 }
 
@@ -260,13 +253,11 @@ void FrequencyField::focusInEvent(QFocusEvent *event)
 
 void FrequencyField::focusOutEvent(QFocusEvent *event)
 {
-    const QPointer<FrequencyField> self(this);
-    VCLineEdit::focusOutEvent(event);
-    if (!self || isModified() || event->reason() == Qt::PopupFocusReason)
-        return;
-    deselect();
-    ShowNode();
-    FinishTuning();
+    const bool leaves = event->reason() != Qt::PopupFocusReason;
+    if (leaves)
+        deselect();
+    if (!leaves || ShowNode())
+        VCLineEdit::focusOutEvent(event);
 }
 
 bool FrequencyField::MayTune() const
@@ -286,8 +277,8 @@ void FrequencyField::MarkDigit()
 void FrequencyField::ChooseDigit(int power)
 {
     Power = qBound(0, power, std::max(TopPower(), HighestPower()));
-    ShowNode();
-    MarkDigit();
+    if (ShowNode())
+        MarkDigit();
 }
 
 /// The power of ten of the first digit that the frequency has.

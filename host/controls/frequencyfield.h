@@ -24,21 +24,23 @@ public:
     /// Tells the observers of the node its value again, and gives it, in Hz; nothing without a node.
     std::optional<double> Repeat();
 
-    /// Tells what was tuned up to now as entered.
-    void FinishTuning();
+    /// Tells what was tuned up to now as entered. False when somebody who heard of it has deleted the field.
+    bool FinishTuning();
 
+    bool FinishEdit() override { return VCLineEdit::FinishEdit() && FinishTuning(); }
     QSize minimumSizeHint() const override { return sizeHint(); }
     void Update(Observable *subject, TChangeCode code) override;
 
 Q_SIGNALS:
-    /// The operator is done with setting a frequency: once for each typed one, and once for all tuning up to the next
-    /// typed one or to leaving the field. Both in Hz.
-    void signalEntered(double before, double hertz);
+    /// The operator is done with setting a frequency: after a typed one, after Return and on leaving the field. In Hz,
+    /// what stood there before, then what he set: by tuning, all of which counts as one, and by typing.
+    void signalEntered(const QVector<double> &way);
     /// The node went away.
     void signalNodeLost();
 
 protected:
-    void Committed() override;
+    bool ShowNode() override;
+    bool IsEditing() const override { return Entry || VCLineEdit::IsEditing(); }
 
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
@@ -52,10 +54,10 @@ protected:
 
 private:
     bool MayTune() const;
-    bool IsAtRest() const { return MayTune() && !isModified(); }
+    bool IsAtRest() const { return MayTune() && !IsEditing(); }
     bool BeginsEntry(const QKeyEvent *event) const;
     void ReplaceBy(const std::function<void()> &insertion);
-    void BeginChange();
+    void LeaveFrequency();
     bool TuneByKey(int key);
     void MarkDigit();
     void ChooseDigit(int power);
@@ -67,6 +69,8 @@ private:
     // The marked digit stands for 10^Power Hz.
     int Power = 3;
     int WheelRemainder = 0;
-    // While there is tuning that nobody was told of: what stood before.
-    std::optional<double> Departure;
+    // The operator is at the text, be it the shown one.
+    bool Entry = false;
+    // What stood there before each change that nobody was told of; all tuning is one.
+    QVector<double> Way;
 };

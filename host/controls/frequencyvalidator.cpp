@@ -4,8 +4,6 @@
 
 #include <QWidget>
 
-#include <cmath>
-
 static QLocale LocaleOf(const QObject *field, const QLocale &otherwise)
 {
     const auto *widget = qobject_cast<const QWidget *>(field);
@@ -21,7 +19,7 @@ QString FrequencyValidator::Shown(const QString &nodeText, const QLocale &locale
 {
     bool isNumber = false;
     const double hertz = nodeText.toDouble(&isNumber);
-    return isNumber && std::isfinite(hertz) ? FrequencyText::Write(hertz, leastPower, locale.decimalPoint()) : nodeText;
+    return isNumber ? FrequencyText::Write(hertz, leastPower, locale.decimalPoint()) : nodeText;
 }
 
 QString FrequencyValidator::ForNode(const QString &typed, const QLocale &locale)

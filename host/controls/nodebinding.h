@@ -1,6 +1,7 @@
 #pragma once
 
 #include "iobserver.h"
+#include "survives.h"
 #include "valuebase.h"
 
 #include <utility>
@@ -47,6 +48,13 @@ public:
         if (code == ekChangeState && Base->GetState() == ekStateDeleted)
             Release();
         return code != ekChangeState;
+    }
+
+    /// Runs `set`, which sets the node and leaves `control` out, and has the control show what the node holds then.
+    /// False when somebody who was told has deleted the control, which holds this.
+    template <class Control, class Set> bool Write(Control *control, const Set &set)
+    {
+        return Survives(control, set) && (!Side || Survives(control, [=] { control->Update(Side, ekChangeValue); }));
     }
 
     Node *get() const { return Held; }

@@ -1,11 +1,9 @@
 #include "vccheckbox.h"
 
-#include <QPointer>
-
 VCCheckBox::VCCheckBox(QWidget *parent, const char *name) : QCheckBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
-    connect(this, &QCheckBox::toggled, this, [this] { Writer.Request(); });
+    connect(this, &QCheckBox::toggled, this, [this] { Late.Request(&VCCheckBox::WriteNode); });
 }
 
 bool VCCheckBox::SetBoolean(ValueBoolean *node)
@@ -23,27 +21,21 @@ void VCCheckBox::Update(Observable *subject, TChangeCode code)
 
 void VCCheckBox::nextCheckState()
 {
-    if (!Node)
-        return;
-    const QPointer<VCCheckBox> self(this);
-    Writer.After([this] { QCheckBox::nextCheckState(); });
-    // Within a click the base class does not notice a state that an observer has put back.
-    if (self)
-        checkStateSet();
+    if (Node)
+        Late.After([this] { QCheckBox::nextCheckState(); });
 }
 
 void VCCheckBox::WriteNode()
 {
-    if (!Node || Node->GetValue() == isChecked())
-        return;
-    const QPointer<VCCheckBox> self(this);
-    Node->SetValue(isChecked(), this);
-    if (self)
-        ShowNode();
+    if (Node && Node->GetValue() != isChecked())
+        Node.Write(this, [this] { Node->SetValue(isChecked(), this); });
 }
 
 void VCCheckBox::ShowNode()
 {
-    if (Node)
-        setChecked(Node->GetValue());
+    if (!Node)
+        return;
+    setChecked(Node->GetValue());
+    // Within a click the base class does not notice a state that an observer has put back.
+    checkStateSet();
 }

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "latewrite.h"
+#include "lateacts.h"
 #include "nodebinding.h"
+#include "undorecordingcontrolbase.h"
 #include "value.h"
 
 #include <QCheckBox>
 
 /// A check box that shows and sets a boolean node. Without a node it keeps its last state and cannot be clicked over.
-class ORBEL_HOST_EXPORT VCCheckBox : public QCheckBox, public IObserver
+class ORBEL_HOST_EXPORT VCCheckBox : public QCheckBox, public IObserver, public virtual UndoRecordingControlBase
 {
     Q_OBJECT
 
@@ -28,5 +29,5 @@ private:
     void ShowNode();
 
     NodeBinding<ValueBoolean> Node{this};
-    LateWrite<VCCheckBox> Writer{this, &VCCheckBox::WriteNode};
+    LateActs<VCCheckBox> Late{this};
 };

@@ -3,7 +3,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -29,7 +28,8 @@ VCComboBoxClassic::VCComboBoxClassic(QWidget *parent, const char *name) : QCombo
     // comes later to write the node.
     QT_WARNING_PUSH
     QT_WARNING_DISABLE_DEPRECATED
-    connect(this, QOverload<const QString &>::of(&QComboBox::activated), this, [this] { Writer.Request(); });
+    connect(this, QOverload<const QString &>::of(&QComboBox::activated), this,
+        [this] { Late.Request(&VCComboBoxClassic::WriteNode); });
     QT_WARNING_POP
 }
 
@@ -108,13 +108,13 @@ void VCComboBoxClassic::keyPressEvent(QKeyEvent *event)
     QKeyEvent *handled = searching && blank ? &letter : event;
     if (!event->text().isEmpty() && event->text().at(0).isPrint() && (searching || !blank))
         LastLetter.start();
-    Writer.After([=] { QComboBox::keyPressEvent(handled); });
+    Late.After([=] { QComboBox::keyPressEvent(handled); });
 }
 
 void VCComboBoxClassic::wheelEvent(QWheelEvent *event)
 {
     if (hasFocus())
-        Writer.After([=] { QComboBox::wheelEvent(event); });
+        Late.After([=] { QComboBox::wheelEvent(event); });
     else
         event->ignore();
 }
@@ -137,10 +137,9 @@ void VCComboBoxClassic::changeEvent(QEvent *event)
 
 void VCComboBoxClassic::WriteNode()
 {
-    const QPointer<VCComboBoxClassic> self(this);
     if (Node)
-        Node->SelectIndex(currentIndex(), this);
-    if (self)
+        Node.Write(this, [this] { Node->SelectIndex(currentIndex(), this); });
+    else
         ShowNode();
 }
 

@@ -1,18 +1,20 @@
 #pragma once
 
-#include "latewrite.h"
+#include "lateacts.h"
 #include "nodebinding.h"
+#include "undorecordingcontrolbase.h"
 #include "valueselection.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QStringList>
 
 /// A combo box that shows the items of a selection node, translated in the context of the node, and selects among them.
 /// Typing searches the items, in the closed box and in the open list; a blank within a name belongs to the search. The
 /// wheel turns the box only while it has the focus; otherwise the turn goes on to what lies behind. Without a node the
 /// last choice stays.
-class ORBEL_HOST_EXPORT VCComboBoxClassic : public QComboBox, public IObserver
+class ORBEL_HOST_EXPORT VCComboBoxClassic : public QComboBox, public IObserver, public virtual UndoRecordingControlBase
 {
     Q_OBJECT
 
@@ -44,7 +46,7 @@ private:
     template <class Base> QSize Measured(const Base &measure) const;
 
     NodeBinding<ValueSelection> Node{this};
-    LateWrite<VCComboBoxClassic> Writer{this, &VCComboBoxClassic::WriteNode};
+    LateActs<VCComboBoxClassic> Late{this};
     // What the list was made of; untranslated.
     QStringList Names;
     QByteArray Context;

@@ -23,10 +23,11 @@ VCFrequency::VCFrequency(QWidget *parent, const char *name, bool belowZero, QWid
     Build();
     HistoryButton->setVisible(history);
     ScaleText();
-    connect(Field, &FrequencyField::signalEntered, this, [this](double before, double hertz) {
-        slotAddToHistory(before);
-        slotAddToHistory(hertz);
+    connect(Field, &FrequencyField::signalEntered, this, [this](const QVector<double> &way) {
+        for (double hertz : way)
+            slotAddToHistory(hertz);
     });
+    connect(Field, &VCLineEdit::signalTextEdited, this, &VCFrequency::signalTextEdited);
     connect(Field, &FrequencyField::signalNodeLost, this, &VCFrequency::ApplyInput);
     ApplyInput();
 }
@@ -136,10 +137,7 @@ void VCFrequency::EnableInput(bool enable)
 
 void VCFrequency::setReadOnly(bool readOnly)
 {
-    const QPointer<VCFrequency> self(this);
-    if (readOnly)
-        Field->endEdit();
-    if (!self)
+    if (readOnly && !Field->FinishEdit())
         return;
     ReadOnly = readOnly;
     Locked = Locked && readOnly;
@@ -148,10 +146,7 @@ void VCFrequency::setReadOnly(bool readOnly)
 
 void VCFrequency::setEnabled(bool enable)
 {
-    const QPointer<VCFrequency> self(this);
-    if (!enable)
-        Field->endEdit();
-    if (!self)
+    if (!enable && !Field->FinishEdit())
         return;
     QWidget::setEnabled(enable);
     if (enable)
@@ -212,6 +207,11 @@ void VCFrequency::slotDecrement()
     Step(-1);
 }
 
+void VCFrequency::endEdit()
+{
+    Field->endEdit();
+}
+
 void VCFrequency::Step(int steps)
 {
     // The focus shows which digit it is.
@@ -243,7 +243,8 @@ void VCFrequency::BeginEntry()
 
 void VCFrequency::OpenHistory()
 {
-    Field->FinishTuning();
+    if (!Field->FinishTuning())
+        return;
     auto *menu = new QMenu(PopupParent);
     menu->setObjectName(QStringLiteral("frequencyHistory"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -261,9 +262,7 @@ void VCFrequency::OpenHistory()
 
 void VCFrequency::Tune()
 {
-    const QPointer<VCFrequency> self(this);
-    const std::optional<double> hertz = Field->Repeat();
-    if (self && hertz)
+    if (const std::optional<double> hertz = Field->Repeat())
         Q_EMIT signalTune(*hertz);
 }
 

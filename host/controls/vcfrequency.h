@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control.h"
 #include "frequencyhistory.h"
 #include "nodebinding.h"
 
@@ -15,7 +16,7 @@ class VCMiniFrequency;
 /// The full control for one frequency: the large field (FrequencyField), buttons that step its marked digit, one that
 /// begins a typed entry, the history (F4 or Alt+Down), a tune button, and under the field the bandwidth of a second
 /// node. Its text is half as large again as the font it is given.
-class ORBEL_HOST_EXPORT VCFrequency : public QWidget, public IObserver
+class ORBEL_HOST_EXPORT VCFrequency : public QWidget, public Control, public IObserver
 {
     Q_OBJECT
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
@@ -61,8 +62,12 @@ public Q_SLOTS:
     /// Steps the marked digit of the field.
     virtual void slotIncrement();
     virtual void slotDecrement();
+    /// Commits a text that is being typed now, with or without the focus.
+    void endEdit();
 
 Q_SIGNALS:
+    /// The operator types a frequency and goes on with it; tuning is no typing.
+    void signalTextEdited(const QString &text);
     /// The tune button was clicked; the frequency in Hz. The observers of the node are told its value again before.
     void signalTune(double hertz);
 

@@ -1,16 +1,19 @@
 #include "vclineedit.h"
 
+#include "editend.h"
 #include "frequencytext.h"
 #include "frequencyvalidator.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
-#include <QPointer>
+#include <QScopedValueRollback>
 
 VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : QLineEdit(parent), Type(type)
 {
     setObjectName(QString::fromUtf8(name));
+    connect(this, &QLineEdit::textEdited, this, [this] { Late.RequestLater(&VCLineEdit::TellEdited); });
+    connect(this, &QLineEdit::textChanged, this, [this] { Late.RequestLater(&VCLineEdit::TellChanged); });
     if (Type == ekFrequency)
         TakeFrequencies();
 }
@@ -26,7 +29,7 @@ void VCLineEdit::TakeFrequencies()
 /// A text that cannot be committed turns red, in a shade that the background lets through.
 void VCLineEdit::MarkWrongText()
 {
-    const bool wrong = isModified() && !text().isEmpty() && !hasAcceptableInput();
+    const bool wrong = IsPending() && !text().isEmpty() && !hasAcceptableInput();
     if (wrong == Unmarked.has_value())
         return;
     if (!wrong) {
@@ -57,24 +60,25 @@ void VCLineEdit::SetConversion(const Conversion &nodeToShown, const Conversion &
 
 void VCLineEdit::setEnabled(bool enable)
 {
-    const QPointer<VCLineEdit> self(this);
     // The focus goes when the field is disabled already and commits nothing.
-    if (!enable)
-        endEdit();
-    if (self)
+    if (enable || FinishEdit())
         QLineEdit::setEnabled(enable);
 }
 
 void VCLineEdit::setInputMask(const QString &mask)
 {
-    QLineEdit::setInputMask(mask);
-    ShowNode();
+    Late.After([&] {
+        QLineEdit::setInputMask(mask);
+        ShowNode();
+    });
 }
 
 void VCLineEdit::setMaxLength(int length)
 {
-    QLineEdit::setMaxLength(length);
-    ShowNode();
+    Late.After([&] {
+        QLineEdit::setMaxLength(length);
+        ShowNode();
+    });
 }
 
 void VCLineEdit::Update(Observable *subject, TChangeCode code)
@@ -82,18 +86,32 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
     if (!Node.HasNews(subject, code))
         return;
     NodeSpoke = true;
-    if (!isModified())
+    if (!IsEditing())
         ShowNode();
 }
 
 bool VCLineEdit::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isModified()
-        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
-        event->accept();
+    // The base class would not survive a commit that ends the field.
+    if (EndsEdit(*event) && !FinishEdit())
         return true;
+    bool handled = true;
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        if (!IsEditing() || static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+            return QLineEdit::event(event);
+        event->accept();
+        break;
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonRelease:
+    case QEvent::Drop:
+        Late.After([&] { handled = QLineEdit::event(event); });
+        break;
+    default:
+        return QLineEdit::event(event);
     }
-    return QLineEdit::event(event);
+    return handled;
 }
 
 QSize VCLineEdit::sizeHint() const
@@ -108,43 +126,30 @@ QSize VCLineEdit::sizeHint() const
     return {metrics.horizontalAdvance(widest) + std::max(0, frame), base.height()};
 }
 
-void VCLineEdit::endEdit()
+bool VCLineEdit::FinishEdit()
 {
-    if (hasFocus())
-        QGuiApplication::inputMethod()->commit();
-    if (!isModified())
-        return;
-    const bool differs = text() != Shown;
+    if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->commit(); }))
+        return false;
+    if (!IsEditing())
+        return true;
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
-    if (!differs || !mayCommit)
-        ShowNode();
-    else if (hasAcceptableInput())
-        Commit(text());
+    if (!IsPending() || !mayCommit)
+        return ShowNode();
+    return !hasAcceptableInput() || Commit(text());
 }
 
 void VCLineEdit::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && isModified()) {
+    if (event->key() == Qt::Key_Escape && IsEditing())
         ShowNode();
-        return;
-    }
-    const QPointer<VCLineEdit> self(this);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        endEdit();
-    if (self)
+    else
         QLineEdit::keyPressEvent(event);
 }
 
 void VCLineEdit::focusOutEvent(QFocusEvent *event)
 {
-    const QPointer<VCLineEdit> self(this);
-    // The field's own context menu takes the focus too, and the edit goes on after it.
-    if (event->reason() != Qt::PopupFocusReason) {
-        endEdit();
-        if (self && isModified())
-            ShowNode();
-    }
-    if (self)
+    const bool refused = EndsEdit(*event) && IsEditing();
+    if (!refused || ShowNode())
         QLineEdit::focusOutEvent(event);
 }
 
@@ -155,35 +160,39 @@ void VCLineEdit::dropEvent(QDropEvent *event)
     setFocus(Qt::OtherFocusReason);
 }
 
-void VCLineEdit::Commit(const QString &typed)
+/// Commits before the focus moves: Qt would go on with the field that gets it.
+bool VCLineEdit::focusNextPrevChild(bool next)
 {
-    const QPointer<VCLineEdit> self(this);
-    setModified(false);
-    NodeSpoke = false;
-    Q_EMIT signalTextFinallyChanged(typed);
-    // A node that spoke meanwhile was written by a receiver, perhaps with another text, which counts.
-    if (self && Node && !NodeSpoke)
-        WriteNode(typed);
-    if (!self)
-        return;
-    ShowNode();
-    Committed();
+    return !FinishEdit() || QLineEdit::focusNextPrevChild(next);
 }
 
-void VCLineEdit::WriteNode(const QString &typed)
+bool VCLineEdit::Commit(const QString &typed)
+{
+    Shown = typed;
+    NodeSpoke = false;
+    if (!Survives(this, [&] { Q_EMIT signalTextFinallyChanged(typed); }))
+        return false;
+    // A node that spoke meanwhile was written by a receiver, perhaps with another text, which counts.
+    if (Node && !NodeSpoke && !WriteTyped(typed))
+        return false;
+    return ShowNode();
+}
+
+bool VCLineEdit::WriteTyped(const QString &typed)
 {
     const QString text = TypedToNode ? TypedToNode(typed) : typed;
     const bool standsForNothing = TypedToNode && text.isNull();
-    if (!standsForNothing)
-        Node->SetStringValue(text, this);
+    return standsForNothing || WriteNode([&] { Node->SetStringValue(text, this); });
 }
 
-void VCLineEdit::ShowNode()
+bool VCLineEdit::ShowNode()
 {
     if (Node)
         Content = NodeToShown ? NodeToShown(Node->GetStringValue()) : Node->GetStringValue();
-    if (text() != Content)
-        setText(Content);
-    setModified(false);
-    Shown = text();
+    return Late.After([this] {
+        const QScopedValueRollback<bool> showing(Showing, true);
+        if (text() != Content)
+            setText(Content);
+        Shown = text();
+    });
 }

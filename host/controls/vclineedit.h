@@ -1,5 +1,6 @@
 #pragma once
 
+#include "lateacts.h"
 #include "nodebinding.h"
 
 #include <QLineEdit>
@@ -7,12 +8,15 @@
 #include <functional>
 #include <optional>
 
-/// A text field that shows and sets a node of any type by its text. What is typed is pending until Return or leaving
-/// the field commits it; Escape takes it back. A field without the focus thus always shows what its node holds: a
-/// pending text that the input mask does not accept goes when the focus goes, and so does one in a field that is
-/// read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere leaves a pending
-/// text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. Disabling the field
-/// itself commits a pending text first.
+/// A text field that shows and sets a node of any type by its text. A text that differs from the shown one is pending
+/// until Return or leaving the field commits it; Escape takes it back. A field without the focus thus always shows what
+/// its node holds: a pending text that the input mask does not accept goes when the focus goes, and so does one in a
+/// field that is read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere
+/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit.
+/// Disabling the field itself commits a pending text first.
+///
+/// A receiver of the signals of this class may delete the field, and the window with it; Qt's own textEdited() and
+/// textChanged() come out of the middle of the field's work, which it would not survive.
 class ORBEL_HOST_EXPORT VCLineEdit : public QLineEdit, public IObserver
 {
     Q_OBJECT
@@ -39,6 +43,9 @@ public:
     void setInputMask(const QString &mask);
     void setMaxLength(int length);
 
+    /// As endEdit(). False when somebody who heard of it has deleted the field.
+    virtual bool FinishEdit();
+
     void Update(Observable *subject, TChangeCode code) override;
     bool event(QEvent *event) override;
     /// A field of the frequency kind has room for every frequency below 100 GHz.
@@ -46,9 +53,13 @@ public:
 
 public Q_SLOTS:
     /// Commits a pending text now, with or without the focus.
-    void endEdit();
+    void endEdit() { FinishEdit(); }
 
 Q_SIGNALS:
+    /// The operator has changed the text by a key, by pasting, dropping or taking back, and goes on with the edit.
+    void signalTextEdited(const QString &text);
+    /// The text is another one, by whatever means; comes behind signalTextEdited().
+    void signalTextChanged(const QString &text);
     /// The operator committed a text other than the one shown before. Comes before the node is written, and before
     /// returnPressed() and editingFinished(). A receiver may write the node itself; otherwise the field does.
     void signalTextFinallyChanged(const QString &text);
@@ -56,28 +67,36 @@ Q_SIGNALS:
 protected:
     /// The node; null when the field has none.
     ValueBase *BoundNode() const { return Node.get(); }
-    /// Shows what the node holds and drops a pending text.
-    void ShowNode();
-    /// Called when the operator's text has reached the node.
-    virtual void Committed() { }
+    /// Sets the node by `set`, which leaves the field out, and shows what it holds then. False when the field is gone.
+    template <class Set> bool WriteNode(const Set &set) { return Node.Write(this, set); }
+    /// Shows what the node holds and drops a pending text. False when the field is gone.
+    virtual bool ShowNode();
+    /// Whether the node's changes wait: a text is pending.
+    virtual bool IsEditing() const { return IsPending(); }
 
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
-    void Commit(const QString &typed);
-    void WriteNode(const QString &typed);
+    bool IsPending() const { return !Showing && text() != Shown; }
+    bool Commit(const QString &typed);
+    bool WriteTyped(const QString &typed);
+    void TellEdited() { Q_EMIT signalTextEdited(text()); }
+    void TellChanged() { Q_EMIT signalTextChanged(text()); }
     void TakeFrequencies();
     void MarkWrongText();
 
     NodeBinding<ValueBase> Node{this};
+    LateActs<VCLineEdit> Late{this};
     LineEditType Type;
     Conversion NodeToShown;
     Conversion TypedToNode;
     // The last text of the node, and what the mask and the maximum length left of it in the field.
     QString Content;
     QString Shown;
+    bool Showing = false;
     bool NodeSpoke = false;
     // While a wrong text is marked: the field's own colours.
     std::optional<QPalette> Unmarked;

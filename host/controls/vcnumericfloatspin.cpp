@@ -1,15 +1,18 @@
 #include "vcnumericfloatspin.h"
 
 #include "decimalnumber.h"
+#include "editend.h"
 #include "tree.h"
 #include "typednumber.h"
+#include "valuenumeric.h"
 
-#include <QKeyEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QLineEdit>
-#include <QPointer>
 #include <QWheelEvent>
 
 #include <cmath>
+#include <limits>
 
 static constexpr double Unlimited = 1e308; // a limit that is none, in whatever unit
 static constexpr double RoomWithoutLimit = 9999999999.0; // what a box without a limit is wide enough for
@@ -21,6 +24,10 @@ VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool k
     setObjectName(QString::fromUtf8(name));
     setFocusPolicy(Qt::StrongFocus);
     setKeyboardTracking(keyboardTracking);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this](const QString &text) {
+        Typed = text;
+        Late.RequestLater(&VCNumericFloatSpin::TellTyping);
+    });
 }
 
 bool VCNumericFloatSpin::SetNumericValue(IValueNumeric *node)
@@ -53,7 +60,7 @@ void VCNumericFloatSpin::setAdditionalPrecision(int places)
 {
     AdditionalPrecision = qBound(0, places, MostPlaces);
     if (Node)
-        ShowNode();
+        ShowNodeAfterEdit();
 }
 
 void VCNumericFloatSpin::SetFactor(double factor)
@@ -83,33 +90,30 @@ double VCNumericFloatSpin::maximum() const
 
 void VCNumericFloatSpin::setMinimum(double minimum)
 {
-    if (std::isnan(minimum))
+    if (!(minimum < qInf()))
         return;
     OwnMinimum = minimum;
-    ShowNode();
+    ShowNodeAfterEdit();
 }
 
 void VCNumericFloatSpin::setMaximum(double maximum)
 {
-    if (std::isnan(maximum))
+    if (!(maximum > -qInf()))
         return;
     OwnMaximum = maximum;
-    ShowNode();
+    ShowNodeAfterEdit();
 }
 
 void VCNumericFloatSpin::setValue(double number)
 {
-    if (!std::isnan(number))
+    if (std::isfinite(number))
         Put(number);
 }
 
 void VCNumericFloatSpin::setEnabled(bool enable)
 {
-    const QPointer<VCNumericFloatSpin> self(this);
     // The focus goes when the box is disabled already and commits nothing.
-    if (!enable)
-        CommitTyped();
-    if (self)
+    if (enable || FinishEdit())
         QDoubleSpinBox::setEnabled(enable);
 }
 
@@ -118,8 +122,7 @@ void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
     if (!Node.HasNews(subject, code))
         return;
     ReadNode();
-    if (!IsPending())
-        ShowNode();
+    ShowNodeAfterEdit();
 }
 
 QString VCNumericFloatSpin::textFromValue(double number) const
@@ -148,10 +151,10 @@ void VCNumericFloatSpin::stepBy(int steps)
 {
     if (!HasStep())
         return;
-    const QPointer<VCNumericFloatSpin> self(this);
-    Put(Stepped(steps));
-    if (self)
+    Late.After([=] {
+        Put(Stepped(steps));
         selectAll();
+    });
 }
 
 bool VCNumericFloatSpin::event(QEvent *event)
@@ -161,7 +164,14 @@ bool VCNumericFloatSpin::event(QEvent *event)
         event->accept();
         return true;
     }
-    return QDoubleSpinBox::event(event);
+    // The base class would not survive a commit that ends the box.
+    if (EndsEdit(*event) && !FinishEdit())
+        return true;
+    if (event->type() != QEvent::InputMethod)
+        return QDoubleSpinBox::event(event);
+    bool handled = true;
+    Late.After([&] { handled = QDoubleSpinBox::event(event); });
+    return handled;
 }
 
 QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
@@ -169,29 +179,29 @@ QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
     if (!HasStep() || isReadOnly())
         return StepNone;
     const double number = Clamped(PendingNumber().value_or(ToShown(Last.Value)));
-    const bool wraps = wrapping() && minimum() < maximum();
     StepEnabled enabled = StepNone;
-    enabled.setFlag(StepUpEnabled, wraps || number < maximum());
-    enabled.setFlag(StepDownEnabled, wraps || number > minimum());
+    enabled.setFlag(StepUpEnabled, Wraps() || number < maximum());
+    enabled.setFlag(StepDownEnabled, Wraps() || number > minimum());
     return enabled;
+}
+
+/// Commits before the focus moves: Qt would go on with the control that gets it.
+bool VCNumericFloatSpin::focusNextPrevChild(bool next)
+{
+    return !FinishEdit() || QDoubleSpinBox::focusNextPrevChild(next);
 }
 
 void VCNumericFloatSpin::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && IsPending()) {
+    if (event->key() == Qt::Key_Escape && IsPending())
         ShowNode();
-        return;
-    }
-    const QPointer<VCNumericFloatSpin> self(this);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        CommitTyped();
-    if (self)
-        Writer.After([=] { QDoubleSpinBox::keyPressEvent(event); });
+    else
+        Late.After([=] { QDoubleSpinBox::keyPressEvent(event); });
 }
 
 void VCNumericFloatSpin::mousePressEvent(QMouseEvent *event)
 {
-    Writer.After([=] { QDoubleSpinBox::mousePressEvent(event); });
+    Late.After([=] { QDoubleSpinBox::mousePressEvent(event); });
 }
 
 void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
@@ -199,12 +209,12 @@ void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
     if (!hasFocus() || stepEnabled() == StepNone)
         event->ignore();
     else
-        Writer.After([=] { QDoubleSpinBox::wheelEvent(event); });
+        Late.After([=] { QDoubleSpinBox::wheelEvent(event); });
 }
 
 void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 {
-    Writer.After([=] { QDoubleSpinBox::timerEvent(event); });
+    Late.After([=] { QDoubleSpinBox::timerEvent(event); });
 }
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
@@ -215,10 +225,7 @@ void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
         QWidget::focusOutEvent(event);
         return;
     }
-    const QPointer<VCNumericFloatSpin> self(this);
-    CommitTyped();
-    if (self)
-        QDoubleSpinBox::focusOutEvent(event);
+    QDoubleSpinBox::focusOutEvent(event);
 }
 
 /// What the node's number is on the screen, without what binary arithmetic adds to it.
@@ -274,7 +281,7 @@ int VCNumericFloatSpin::PlacesNeeded()
 
 bool VCNumericFloatSpin::IsPending() const
 {
-    return lineEdit()->isModified();
+    return Typed != ShownText && Typed == lineEdit()->text();
 }
 
 QString VCNumericFloatSpin::WithoutAffixes(const QString &text) const
@@ -313,46 +320,58 @@ bool VCNumericFloatSpin::HasStep() const
     return Node && !StepDisabled && std::isfinite(Last.Step) && Last.Step != 0;
 }
 
+bool VCNumericFloatSpin::Wraps() const
+{
+    const bool integers = dynamic_cast<const ValueInt *>(Node.get());
+    const double widest = integers ? std::fabs(ToShown(std::numeric_limits<int>::max())) : Unlimited;
+    return wrapping() && -widest < minimum() && minimum() < maximum() && maximum() < widest;
+}
+
 double VCNumericFloatSpin::Stepped(int steps) const
 {
     const double from = Clamped(PendingNumber().value_or(ToShown(Last.Value)));
     const double to = WithSteps(from, std::fabs(ToShown(Last.Step)), steps);
-    if (wrapping() && to > maximum())
+    if (Wraps() && to > maximum())
         return minimum();
-    if (wrapping() && to < minimum())
+    if (Wraps() && to < minimum())
         return maximum();
     return Clamped(to);
 }
 
-void VCNumericFloatSpin::CommitTyped()
+/// Commits what is pending, if it may be, and shows the node. False when somebody who heard of it has deleted the box.
+bool VCNumericFloatSpin::FinishEdit()
 {
+    if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->commit(); }))
+        return false;
     const std::optional<double> number = PendingNumber();
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
     if (number && mayCommit)
-        Put(*number);
-    else
-        ShowNode();
+        return Put(*number);
+    ShowNode();
+    return true;
 }
 
-/// Takes a number, shows it, and writes it if it is another one.
-void VCNumericFloatSpin::Put(double shown)
+void VCNumericFloatSpin::TellTyping()
+{
+    // A text dropped into a box without the focus needs an end of its edit, too.
+    const bool stays = hasFocus() || !IsPending() || Survives(this, [this] { setFocus(Qt::OtherFocusReason); });
+    if (stays)
+        Q_EMIT signalTextEdited(lineEdit()->text());
+}
+
+/// Takes a number, shows it, and writes it if it is another one. False when the box is gone.
+bool VCNumericFloatSpin::Put(double shown)
 {
     const double before = std::exchange(Last.Value, ToNode(Clamped(shown)));
     const bool changes = Last.Value != before;
     ShowNode();
-    if (changes)
-        Writer.Request();
+    return !changes || Late.Request(&VCNumericFloatSpin::WriteNode);
 }
 
 void VCNumericFloatSpin::WriteNode()
 {
-    const QPointer<VCNumericFloatSpin> self(this);
     if (Node)
-        Node->SetValue(Last.Value, this);
-    if (!self)
-        return;
-    ReadNode();
-    ShowNode();
+        Node.Write(this, [this] { Node->SetValue(Last.Value, this); });
 }
 
 void VCNumericFloatSpin::ReadNode()
@@ -397,5 +416,11 @@ void VCNumericFloatSpin::ShowNode()
         // The arrows follow the step, which may have changed.
         update();
     }
-    lineEdit()->setModified(false);
+    Typed = ShownText;
+}
+
+void VCNumericFloatSpin::ShowNodeAfterEdit()
+{
+    if (!IsPending())
+        ShowNode();
 }

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "ivaluenumeric.h"
-#include "latewrite.h"
+#include "lateacts.h"
 #include "nodebinding.h"
+#include "undorecordingcontrolbase.h"
 
 #include <QDoubleSpinBox>
 
@@ -13,12 +14,14 @@
 /// that the operator really changed is written, so that showing never rounds it, and steps are exact in decimal numbers
 /// however many there are.
 ///
-/// What is typed is pending until Return, leaving the box or disabling it commits it, clamped to the limits; Escape
-/// takes it back, and the box's own context menu leaves it alone. A change of the node from elsewhere leaves a pending
-/// number alone and is shown when the edit ends. The wheel steps only while the box has the focus; otherwise the turn
-/// goes on to what lies behind. Without a node the box keeps its last number, and edits fall back to it. The size hint
-/// has room for the limits, for 18 characters at most.
-class ORBEL_HOST_EXPORT VCNumericFloatSpin : public QDoubleSpinBox, public IObserver
+/// What is typed is pending while it differs from what was shown, until Return, leaving the box or disabling it commits
+/// it, clamped to the limits; Escape takes it back, and the box's own context menu leaves it alone. A change of the
+/// node or of the limits from elsewhere leaves a pending number alone and counts when the edit ends. The wheel steps
+/// only while the box has the focus; otherwise the turn goes on to what lies behind. Without a node the box keeps its
+/// last number, and edits fall back to it. The size hint has room for the limits, for 18 characters at most.
+class ORBEL_HOST_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
+                                             public IObserver,
+                                             public virtual UndoRecordingControlBase
 {
     Q_OBJECT
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
@@ -42,7 +45,8 @@ public:
     /// Decimal places beyond those that the step needs; negative counts as 0. In any case there are as many as it takes
     /// to tell two neighbouring whole numbers of the node apart: 3 for a factor of 0.001.
     void setAdditionalPrecision(int places);
-    /// A step past one limit goes to the other one.
+    /// A step past one limit goes to the other one. Beside a limit that is none, the full range of an integer node
+    /// among them, it stops: there is no other end to go on from.
     void EnableWrapAround(bool enable) { setWrapping(enable); }
     /// The shown number is the node's value times this. Zero, infinity and NaN count as 1.
     virtual void SetFactor(double factor);
@@ -56,7 +60,7 @@ public:
     void setMinimum(double minimum);
     void setMaximum(double maximum);
     virtual double value() const { return QDoubleSpinBox::value(); }
-    /// Writes the node, clamped to the limits, and ends an edit. NaN does nothing.
+    /// Writes the node, clamped to the limits, and ends an edit. NaN and infinity do nothing.
     virtual void setValue(double number);
     /// Hides that of the base class, which would lose a pending number.
     void setEnabled(bool enable);
@@ -70,8 +74,17 @@ public:
     void stepBy(int steps) override;
     bool event(QEvent *event) override;
 
+public Q_SLOTS:
+    /// Commits a pending number now, with or without the focus.
+    void endEdit() { FinishEdit(); }
+
+Q_SIGNALS:
+    /// The operator has changed the text in the field and goes on with the edit. A receiver may delete the box.
+    void signalTextEdited(const QString &text);
+
 protected:
     StepEnabled stepEnabled() const override;
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -91,16 +104,19 @@ private:
     std::optional<double> ReadNumber(const QString &text) const;
     std::optional<double> PendingNumber() const;
     bool HasStep() const;
+    bool Wraps() const;
     double Stepped(int steps) const;
 
-    void CommitTyped();
-    void Put(double shown);
+    bool FinishEdit();
+    void TellTyping();
+    bool Put(double shown);
     void WriteNode();
     void ReadNode();
     void ShowNode();
+    void ShowNodeAfterEdit();
 
     NodeBinding<IValueNumeric> Node{this};
-    LateWrite<VCNumericFloatSpin> Writer{this, &VCNumericFloatSpin::WriteNode};
+    LateActs<VCNumericFloatSpin> Late{this};
     // What the node held when it last spoke, in its own units.
     struct {
         double Value = 0, Min = -1e308, Max = 1e308, Step = 1;
@@ -111,12 +127,14 @@ private:
     // Set from outside, in shown units.
     std::optional<double> OwnMinimum;
     std::optional<double> OwnMaximum;
-    // What the base class was last given: its limits, and the number; and what it made of that: the number rounded to the
-    // decimal places, and its text.
+    // What the base class was last given: its limits, and the number; and what it made of that: the number rounded to
+    // the decimal places, and its text.
     std::pair<double, double> AppliedRange{qQNaN(), qQNaN()};
     double Given = qQNaN();
     double Shown = 0;
     QString ShownText;
+    // What the operator made of that; what anybody else puts there is no edit.
+    QString Typed;
     // What PlacesNeeded() last looked at, and its answer without the additional places.
     std::pair<double, double> PlacesOf{qQNaN(), qQNaN()};
     int StepPlaces = 0;

@@ -1,5 +1,6 @@
 #include "channelspacingitemdelegate.h"
 
+#include "formlimits.h"
 #include "propertynames.h"
 
 #include <QDoubleSpinBox>
@@ -25,6 +26,25 @@ QWidget *ChannelSpacingItemDelegate::createEditor(
     spin->setSingleStep(Table->GetDouble(prop::SingleStep, 1.0));
     spin->setDecimals(Table->GetInt(prop::Decimals, 0));
     return editor;
+}
+
+void ChannelSpacingItemDelegate::setModelData(
+    QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    const auto *spin = qobject_cast<QDoubleSpinBox *>(editor);
+    const double stood = index.data(Qt::EditRole).toDouble();
+    const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
+    if (!leavesIt)
+        QStyledItemDelegate::setModelData(editor, model, index);
+}
+
+QString ChannelSpacingItemDelegate::displayText(const QVariant &value, const QLocale &locale) const
+{
+    if (!Table || value.userType() != QMetaType::Double)
+        return QStyledItemDelegate::displayText(value, locale);
+    QLocale plain = locale;
+    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    return plain.toString(value.toDouble(), 'f', qMin(Table->GetInt(prop::Decimals, 0), limit::Decimals));
 }
 
 } // namespace KV218

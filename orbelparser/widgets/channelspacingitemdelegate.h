@@ -8,8 +8,9 @@
 namespace KV218
 {
 
-/// Edits the cells of a table of channel spacings in a spin box with the table's bounds, step and decimals, which it
-/// reads anew for every editor. Without the table's delegate it edits like any other.
+/// Shows the cells of a table of channel spacings with the decimals that its document has, and edits them in a spin box
+/// with the table's bounds, step and decimals, all of which it reads anew each time. An edit that leaves what was shown
+/// leaves the number with all its digits. Without the table's delegate it shows and edits like any other.
 class ChannelSpacingItemDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -19,6 +20,8 @@ public:
     explicit ChannelSpacingItemDelegate(OrbelDelegate *table);
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    QString displayText(const QVariant &value, const QLocale &locale) const override;
 
 private:
     QPointer<OrbelDelegate> Table;

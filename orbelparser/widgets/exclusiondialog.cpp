@@ -26,7 +26,8 @@ void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const 
     dialog->setWindowFlags(dialog->windowFlags() & ~Qt::WindowContextHelpButtonHint);
     auto *layout = new QVBoxLayout(dialog);
     auto *table = new FreqRangeTable(dialog);
-    table->AttachToValue(ranges->GetPathName());
+    // Not by its path, which is another node's where the tree has refused this one.
+    table->AttachToNode(ranges);
     layout->addWidget(table);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, Qt::Horizontal, dialog);
     QPushButton *sort = buttons->addButton(translate("&Sort"), QDialogButtonBox::ActionRole);

@@ -3,6 +3,7 @@
 #include "numberparsing.h"
 #include "suffixeddouble.h"
 #include "tablekeys.h"
+#include "tree.h"
 
 #include <algorithm>
 #include <QAction>
@@ -12,6 +13,7 @@
 #include <QRegularExpression>
 #include <QScopedValueRollback>
 
+#include <cmath>
 #include <vector>
 
 namespace KV218
@@ -89,12 +91,17 @@ QAction *FreqRangeTable::AddAction(
 
 bool FreqRangeTable::AttachToValue(const QString &path)
 {
+    return AttachToNode(dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode(path)));
+}
+
+bool FreqRangeTable::AttachToNode(ValueCommentedRangeMap *node)
+{
     StoreOnEdit = false;
-    const bool found = RangeMap.BindNode(path);
-    if (found)
+    RangeMap.AttachNode(node);
+    if (RangeMap)
         ReloadFromValue();
-    setEnabled(found && RangeMap->GetState() == ekStateUsable);
-    return found;
+    setEnabled(RangeMap && RangeMap->GetState() == ekStateUsable);
+    return bool(RangeMap);
 }
 
 void FreqRangeTable::StoreToValue()
@@ -146,7 +153,7 @@ void FreqRangeTable::WriteCell(int row, int column, double value)
 {
     SuffixedDouble format(QStringLiteral("Hz"), 1000, false);
     format.SetSuffix(UnitOfScale(UnitScale).Suffix);
-    setItem(row, column, new QTableWidgetItem(format.GetString(value)));
+    setItem(row, column, new QTableWidgetItem(format.GetString(std::isfinite(value) ? value : 0.0)));
 }
 
 double FreqRangeTable::ReadCell(int row, int column) const
@@ -244,8 +251,8 @@ void FreqRangeTable::SlotNew()
         resizeRowToContents(row);
         UpdateActions();
     }
-    // Typing goes into the new row.
-    setCurrentCell(row, 0);
+    // Typing goes into the new row; with the key of its shortcut held, setCurrentCell() would add to the selection.
+    selectionModel()->setCurrentIndex(model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
     if (StoreOnEdit)
         StoreToValue();
 }

@@ -25,6 +25,8 @@ public:
     /// The table is disabled unless the map is usable, and false tells that there is none. An empty map shows one row
     /// of 0.
     bool AttachToValue(const QString &path);
+    /// The same with the map itself, which need not be in the tree; null is none.
+    bool AttachToNode(ValueCommentedRangeMap *node);
     /// Ends an open edit and stores all rows in the map, sorted, in Hz; nothing without a map, or when it went away.
     /// The map's observers may end the table.
     void StoreToValue();

@@ -8,8 +8,9 @@ namespace KV218
 {
 
 /// What the keyboard does in a table beyond Qt's own keys: copying and pasting cells as tab-separated text, rows as
-/// lines, and Shift+F10 for the context menu. A pasted text takes the way of a typed one: the cell's editor takes it,
-/// keeps its bounds, and refuses what is no value for it.
+/// lines, and Shift+F10 for the context menu. A number is copied with all its digits, whatever the cell shows of it, so
+/// that a copy pasted elsewhere is the same number. A pasted text takes the way of a typed one: the cell's editor takes
+/// it, keeps its bounds, and refuses what is no value for it.
 class TableKeys : public QObject
 {
     Q_OBJECT
