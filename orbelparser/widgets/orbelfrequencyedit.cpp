@@ -54,7 +54,6 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
     frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
     frequencyControl->GetTuneButton()->hide();
-    connect(frequencyControl, &VCFrequency::signalTextEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
     PropagateProperties(frequencyControl);
     // Meant: an absent `enabled` locks the main form, as nowhere else.
     const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
