@@ -1,31 +1,29 @@
 #pragma once
 
-#include "hostexport.h"
+#include "ifrequencymapitem.h"
+#include "ikeyitemtemplate.h"
 
 #include <QString>
 
-/// A range of frequencies in Hz with an id and a comment. Start and stop are kept as they are set, in any
-/// order; a number that is none (NaN) changes nothing.
-class ORBEL_HOST_EXPORT CommentedRange
+/// A range of frequencies in Hz with an id and a comment. Start and stop are kept as they are set, in any order.
+class ORBEL_HOST_EXPORT CommentedRange : public IFrequencyMapItem, public valueitemmap::IKeyItemTemplate<unsigned int>
 {
 public:
     CommentedRange() = default;
     CommentedRange(const CommentedRange &) = default;
     CommentedRange &operator=(const CommentedRange &) = default;
-    virtual ~CommentedRange();
+    ~CommentedRange() override;
 
-    void SetID(unsigned int id) { Id = id; }
-    unsigned int GetID() const { return Id; }
-    void SetRangeStart(const double &start);
-    void SetRangeStop(const double &stop);
-    double GetRangeStart() const { return Start; }
-    double GetRangeStop() const { return Stop; }
-    /// Moves the range so that its middle is here; its width stays.
-    void SetFrequency(double frequency);
-    /// Gives the range this width; its middle stays.
-    void SetBandwidth(double bandwidth);
-    double GetFrequency() const { return Start + (Stop - Start) / 2; }
-    double GetBandwidth() const { return Stop - Start; }
+    void SetID(unsigned int id) override { Id = id; }
+    unsigned int GetID() const override { return Id; }
+    void SetRangeStart(const double &start) override;
+    void SetRangeStop(const double &stop) override;
+    double GetRangeStart() const override { return Start; }
+    double GetRangeStop() const override { return Stop; }
+    void SetFrequency(double frequency) override;
+    void SetBandwidth(double bandwidth) override;
+    double GetFrequency() const override { return Start + (Stop - Start) / 2; }
+    double GetBandwidth() const override { return Stop - Start; }
     void SetComment(const QString &comment) { Comment = comment; }
     QString GetComment() const { return Comment; }
 

@@ -37,13 +37,13 @@ QString ValueBase::GetName() const
 
 QString ValueBase::GetPathName() const
 {
-    return Item ? Item->GetPathName() : Name;
+    return Place ? Place->GetPathName() : Name;
 }
 
 void ValueBase::SetName(const QString &name, IObserver *)
 {
     // The tree finds an entered node by its name.
-    if (!Item)
+    if (!Place)
         Name = name;
 }
 
@@ -62,12 +62,12 @@ QByteArray ValueBase::GetTranslationNamespace() const
 
 void ValueBase::SetDeleteObserver(ITreeItem *item)
 {
-    Item = item;
+    Place = item;
 }
 
 ITreeItem *ValueBase::GetDeleteObserver() const
 {
-    return Item;
+    return Place;
 }
 
 void ValueBase::StartTransaction(IObserver *)
@@ -77,10 +77,8 @@ void ValueBase::StartTransaction(IObserver *)
 
 void ValueBase::EndTransaction(TChangeCode code, IObserver *except)
 {
-    if (OpenTransactions == 0)
-        return;
-    --OpenTransactions;
-    Announce({code}, except);
+    if (LeaveTransaction())
+        Announce({code}, except);
 }
 
 bool ValueBase::IsTransactionActive() const
@@ -107,8 +105,16 @@ bool ValueBase::AnnounceEnd()
     return true;
 }
 
+bool ValueBase::LeaveTransaction()
+{
+    if (OpenTransactions == 0)
+        return false;
+    --OpenTransactions;
+    return true;
+}
+
 void ValueBase::LeaveTree()
 {
-    if (Item)
-        Item->SubjectDeleted();
+    if (Place)
+        Place->SubjectDeleted();
 }

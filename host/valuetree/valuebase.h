@@ -1,6 +1,8 @@
 #pragma once
 
 #include "ideletesubject.h"
+#include "ihastimercallback.h"
+#include "ioptimizetrigger.h"
 #include "isupporttransaction.h"
 #include "ivalue.h"
 #include "observable.h"
@@ -15,6 +17,8 @@
 class ORBEL_HOST_EXPORT ValueBase : public virtual Observable,
                                     public IValue,
                                     public IDeleteSubject,
+                                    public Ember::IHasTimerCallback,
+                                    public IOptimizeTrigger,
                                     public virtual ISupportTransaction
 {
 public:
@@ -54,12 +58,15 @@ protected:
 
 private:
     friend class Tree;
+    friend class ValueTransaction;
 
     void LeaveTree();
+    /// False when none runs.
+    bool LeaveTransaction();
 
     QString Name;
     QByteArray TranslationNamespace;
-    ITreeItem *Item = nullptr;
+    ITreeItem *Place = nullptr;
     TValueState State;
     int OpenTransactions = 0;
     bool Ending = false;

@@ -1,5 +1,6 @@
 // The value tree: who is told what and when, what nodes keep and refuse, and who outlives whom.
 
+#include "idllinstance.h"
 #include "rows.h"
 #include "testmain.h"
 #include "tree.h"
@@ -9,8 +10,8 @@
 #include "valueselection.h"
 
 #include <QtTest>
-#include <array>
 
+#include <deque>
 #include <functional>
 #include <random>
 
@@ -90,12 +91,94 @@ static QString InOrder(const ValueCommentedRangeMap &map)
     return texts.join(' ');
 }
 
+/// Whether an object has these bases, and they lie in it in this order; virtual ones lie behind all others.
+template <class... Bases, class Class> static bool HasInOrder(const Class &object)
+{
+    const std::vector<const void *> places{static_cast<const Bases *>(&object)...};
+    return std::is_sorted(places.begin(), places.end());
+}
+
+/// Whether these are neighbours among the virtual functions of their class, as GCC and Clang count them on this
+/// processor, the first at that place: 2 behind a destructor, 0 for anywhere behind one.
+template <class... Functions> static bool AreInOrder(quintptr first, Functions... functions)
+{
+    const auto placeOf = [](auto function) {
+        quintptr word = 0;
+        memcpy(&word, &function, sizeof word);
+        return word % 2 ? word / sizeof word : 0;
+    };
+    const std::vector<quintptr> places{placeOf(functions)...};
+    for (size_t i = 0; i < places.size(); ++i) {
+        if (places[i] < 2 || places[i] != (first ? first : places[0]) + i)
+            return false;
+    }
+    return true;
+}
+
+/// Minimum, value, maximum, step.
+static QString Numbers(const IValueNumeric &node)
+{
+    QStringList texts;
+    for (const double number : {node.GetMin(), node.GetValue(), node.GetMax(), node.GetStep()})
+        texts << NumberToText(number);
+    return texts.join(' ');
+}
+
 class TestValueTree : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void basesStandInOrder()
+    {
+        using valueitemmap::IHasChangeLogValueTemplate, valueitemmap::IKeyItemTemplate;
+        using ItemMap = ValueItemMapBase<CommentedRange, CommentedRangeItemFormat, CommentedRangeItemAdapter>;
+        using IntValue = Value<int, FormatInt<int>, StreamFormat<int, FormatInt<int>>>;
+        const ValueInt node("n");
+        const ValueCommentedRangeMap map("m");
+        QVERIFY((HasInOrder<IntValue, ValueBase, IValue, IDeleteSubject, Ember::IHasTimerCallback, IOptimizeTrigger,
+            IValueNumeric, Observable, ISupportTransaction>(node)));
+        QVERIFY((HasInOrder<ValueBase, IHasChangeLogValueTemplate<unsigned>, IValueFrequencyItemMap>(map)));
+        QVERIFY((HasInOrder<ItemMap, IHasChangeLogValueTemplate<unsigned>>(map)));
+        QVERIFY(
+            (HasInOrder<IFrequencyMapReadOnlyItem, IFrequencyMapItem, IKeyItemTemplate<unsigned>>(CommentedRange())));
+    }
+
+    void slotsStandInOrder()
+    {
+        using Sel = ValueSelection;
+        QVERIFY(AreInOrder(2, &Observable::AddObserver, &Observable::DeleteObserver, &Observable::DeleteObservers,
+            &Observable::MakeFirstObserver, &Observable::NotifyObservers));
+        QVERIFY(AreInOrder(2, &IObserver::Update));
+        QVERIFY(AreInOrder(2, &IValue::SetStringValue, &IValue::GetStringValue, &IValue::GetState, &IValue::SetState,
+            &IValue::HasChanged, &IValue::GetCommandStringForTransmission,
+            qOverload<const QString &, IObserver *>(&IValue::SetCommandString),
+            qOverload<const Command &, IObserver *>(&IValue::SetCommandString), &IValue::GetType, &IValue::GetTypeName,
+            &IValue::Assign, &IValue::Compare, &IValue::GetCommandStringForRecording, &IValue::SetUpdateTimerTime,
+            &IValue::OverrideTimer, &IValue::KillOverrideTimer, &IValue::CreateCommandListOptimizer));
+        QVERIFY(AreInOrder(2, &IDeleteSubject::SetDeleteObserver, &IDeleteSubject::GetDeleteObserver));
+        QVERIFY(AreInOrder(2, &ISupportTransaction::StartTransaction, &ISupportTransaction::EndTransaction,
+            &ISupportTransaction::IsTransactionActive));
+        QVERIFY(AreInOrder(2, &IValueNumeric::SetValue, &IValueNumeric::SetMin, &IValueNumeric::SetMax,
+            &IValueNumeric::SetStep, &IValueNumeric::GetMin, &IValueNumeric::GetMax, &IValueNumeric::GetStep,
+            &IValueNumeric::GetValue));
+        QVERIFY(AreInOrder(2, &IDllInstance::Init, &IDllInstance::Start, &IDllInstance::Stop));
+        using Pointer = ValuePtr<ValueCommentedRangeMap>;
+        QVERIFY(AreInOrder(2, &Pointer::Update, &Pointer::ReleaseNode, &Pointer::AttachNode));
+        QVERIFY(AreInOrder(0, &ValueInt::SetValue, &ValueInt::GetValue, &ValueInt::SetMinMax, &ValueInt::SetMin,
+            &ValueInt::SetMax, &ValueInt::SetStep, &ValueInt::GetMin, &ValueInt::GetMax, &ValueInt::GetStep,
+            &ValueInt::CreateTransaction));
+        QVERIFY(AreInOrder(0, &Sel::GetCurrentItem, qOverload<long, IObserver *>(&Sel::Select),
+            qOverload<double, IObserver *, bool>(&Sel::Select), qOverload<const wchar_t *, IObserver *>(&Sel::Select),
+            qOverload<const QString &, IObserver *>(&Sel::Select), &Sel::AddItems,
+            qOverload<const QString &, double, long, IObserver *>(&Sel::AddItem),
+            qOverload<SelectionItem *, IObserver *>(&Sel::AddItem), &Sel::AddItemsFrom, &Sel::DeleteItem,
+            &Sel::DeleteItems, &Sel::GetItemCount, &Sel::GetItemIndex, qOverload<const QString &>(&Sel::GetItem),
+            qOverload<double>(&Sel::GetItem), qOverload<long>(&Sel::GetItem), &Sel::GetCurrentValue,
+            &Sel::GetKeyForItemName, &Sel::GetItemNameForKey));
+    }
 
     /// `act` is done by the second of three observers, once. `second` is null where the node is gone by then.
     void observersActDuringANotification_data()
@@ -133,17 +216,11 @@ private Q_SLOTS:
 
     void manyObserversKeepTheirOrder()
     {
-        struct Numbered : IObserver {
-            void Update(Observable *, TChangeCode) override { Told->append(Number); }
-            QVector<int> *Told;
-            int Number;
-        };
-        QVector<int> told;
-        std::array<Numbered, 40> observers;
+        QStringList log;
+        std::deque<Witness> observers;
         ValueInt node("n");
         for (int i = 0; i < 40; ++i) {
-            observers[i].Told = &told;
-            observers[i].Number = i;
+            observers.emplace_back(&log, QString("%1.").arg(i));
             QVERIFY(node.AddObserver(&observers[i]) && !node.AddObserver(&observers[i]));
         }
         // Down to a short list, with blanks in it, and up to a long one again.
@@ -155,23 +232,20 @@ private Q_SLOTS:
             node.AddObserver(&observers[i]);
         node.DeleteObserver(&observers[4]);
         node.SetValue(1, nullptr);
-        QCOMPARE(told, QVector<int>({7, 30, 9, 8, 6, 5, 3, 2, 1, 0}));
+        QCOMPARE(observers[0].Told(), QString("7.3 30.3 9.3 8.3 6.3 5.3 3.3 2.3 1.3 0.3"));
     }
 
+    /// `path` is null where the tree refuses the node.
     void pathsAndRefusals_data()
     {
-        Columns<QString, QString>({"nodePath", "name"});
-        QTest::addColumn<QString>("path"); // null: refused
-
-        // clang-format off
-        QTest::newRow("below a branch") << "/A/b" << "n" << "/A/b/n";
-        QTest::newRow("without a leading slash") << "A" << "n" << "A/n";
-        QTest::newRow("no parent path") << "" << "n" << "n";
-        QTest::newRow("taken") << "" << "other" << QString();
-        QTest::newRow("the same place without the slash is another") << "" << "taken" << "taken";
-        QTest::newRow("empty name") << "/A" << "" << QString();
-        QTest::newRow("slash in the name") << "/A" << "b/n" << QString();
-        // clang-format on
+        const auto row = Columns<QString, QString, QString>({"nodePath", "name", "path"});
+        row("below a branch", "/A/b", "n", "/A/b/n");
+        row("without a leading slash", "A", "n", "A/n");
+        row("no parent path", "", "n", "n");
+        row("taken", "", "other", QString());
+        row("the same place without the slash is another", "", "taken", "taken");
+        row("empty name", "/A", "", QString());
+        row("slash in the name", "/A", "b/n", QString());
     }
 
     void pathsAndRefusals()
@@ -191,21 +265,13 @@ private Q_SLOTS:
         tree->RemoveNode("/A/b"); // nothing there, or a branch
     }
 
-    void endIsToldWhileTheNodeIsWhole_data()
-    {
-        QTest::addColumn<QString>("type");
-        for (const QString &type : Makers.keys())
-            AddRow(qPrintable(type), type);
-    }
-
     void endIsToldWhileTheNodeIsWhole()
     {
-        QFETCH(QString, type);
-        for (const bool byItsMaker : {false, true}) {
+        const auto end = [](const QString &type, bool byItsMaker) {
             ValueBase *node = Makers[type]("n");
             const QString text = node->GetStringValue();
             QVERIFY(Tree::Instance()->AddNode("/T", node));
-            QStringList log;
+            QStringList log{type};
             Witness witness(&log);
             node->AddObserver(&witness);
             node->StartTransaction(nullptr); // does not hide the end
@@ -215,15 +281,18 @@ private Q_SLOTS:
                 Tree::Instance()->RemoveNode("/T/n");
             };
             byItsMaker ? delete node : Tree::Instance()->RemoveNode("/T/n");
-            QCOMPARE(log, QStringList({"2", "/T/n", "1", text}));
+            QCOMPARE(log, QStringList({type, "2", "/T/n", "1", text}));
+        };
+        for (const QString &type : Makers.keys()) {
+            end(type, true);
+            end(type, false);
         }
     }
 
+    /// `value` is null where the node refuses the text.
     void textsOfValues_data()
     {
-        Columns<QString, QString>({"type", "text"});
-        QTest::addColumn<QString>("value"); // null: refused
-
+        Columns<QString, QString, QString>({"type", "text", "value"});
         const auto row = [](const char *type, const QString &text, const QString &value) {
             QTest::addRow("%s from '%s'", type, qPrintable(text)) << type << text << value;
         };
@@ -280,7 +349,6 @@ private Q_SLOTS:
         }
     }
 
-    /// `result`: minimum, value, maximum, step.
     void limitsStayInOrderAndHoldTheValue_data()
     {
         const auto row = Columns<QString, QString, Change>({"result", "told", "change"});
@@ -308,12 +376,23 @@ private Q_SLOTS:
         node.SetValue(5, nullptr);
         node.AddObserver(&witness);
         change(node);
-        const IValueNumeric &numeric = node;
-        QStringList result;
-        for (const double number : {numeric.GetMin(), numeric.GetValue(), numeric.GetMax(), numeric.GetStep()})
-            result << NumberToText(number);
-        QTEST(result.join(' '), "result");
+        QTEST(Numbers(node), "result");
         QTEST(witness.Told(), "told");
+    }
+
+    void doublesReachEveryType()
+    {
+        const auto set = [](IValueNumeric &&node) {
+            node.SetMin(-2.6, nullptr);
+            node.SetMax(1e99, nullptr);
+            node.SetStep(0.6, nullptr);
+            for (const double number : {1e30, qQNaN()})
+                node.SetValue(number, nullptr);
+            return Numbers(node);
+        };
+        QCOMPARE(set(ValueInt("n")), QString("-3 2147483647 2147483647 1"));
+        QCOMPARE(set(ValueInt64("n")), QString("-3 9223372036854776000 9223372036854776000 1"));
+        QCOMPARE(set(ValueDouble("n")), QString("-2.6 1e+30 1e+99 0.6"));
     }
 
     void limitsMaySinkTheNode()
@@ -371,6 +450,25 @@ private Q_SLOTS:
         node.EndTransaction(ekChangeContent, nullptr);
         node.HasChanged(ekChangeValue, nullptr);
         QCOMPARE(witness.Told(), QString("7 3"));
+    }
+
+    void transactionsEndWithTheirScope()
+    {
+        Stage stage;
+        {
+            const auto outer = stage.Node->CreateTransaction({ekChangeLimits, ekChangeValue}, &stage.A);
+            const auto inner = stage.Node->CreateTransaction({ekChangeItems}, nullptr);
+            stage.Node->SetMin(5, nullptr);
+        }
+        QCOMPARE(stage.A.Told(), QString("b4 c4 b3 c3"));
+        stage.B.Reaction = [](Observable *, TChangeCode) { throw 1; };
+        (void)stage.Node->CreateTransaction({ekChangeLimits, ekChangeValue}, nullptr);
+        QCOMPARE(stage.A.Told(), QString("a4 b4"));
+        stage.B.Reaction = [&](Observable *, TChangeCode code) { code == ekChangeLimits ? delete stage.Node : void(); };
+        const auto sunk = stage.Node->CreateTransaction({ekChangeValue}, nullptr);
+        (void)stage.Node->CreateTransaction({}, nullptr);
+        stage.Node->EndTransaction(ekChangeLimits, nullptr);
+        QCOMPARE(stage.A.Told(), QString("a4 b4 a2 b2 c2"));
     }
 
     void rangesByKey()
