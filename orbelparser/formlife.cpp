@@ -16,8 +16,6 @@ namespace
 // How often to look whether a script that runs in an event loop of a handler's own has come to its end.
 constexpr int MillisecondsOfScript = 50;
 
-int ScriptEntries = 0;
-
 /// The engines of all forms. Never destroyed: a form may be the last thing that goes.
 std::vector<QScriptEngine *> &Engines()
 {
@@ -53,18 +51,8 @@ void FormLife::Watch(QScriptEngine *engine)
 bool FormLife::IsAnyScriptRunning()
 {
     const std::vector<QScriptEngine *> &engines = Engines();
-    return ScriptEntries > 0
-        || std::any_of(engines.begin(), engines.end(), [](const QScriptEngine *engine) { return engine->isEvaluating(); });
-}
-
-ScriptEntry::ScriptEntry(bool entered) : Entered(entered)
-{
-    ScriptEntries += Entered;
-}
-
-ScriptEntry::~ScriptEntry()
-{
-    ScriptEntries -= Entered;
+    return std::any_of(
+        engines.begin(), engines.end(), [](const QScriptEngine *engine) { return engine->isEvaluating(); });
 }
 
 bool FormLife::IsBusy() const
@@ -78,6 +66,9 @@ void FormLife::EndPart(const std::function<void()> &destroy)
         destroy();
         return;
     }
+    // What no event loop came round for ends with the application.
+    static const bool atEnd = (qAddPostRoutine(&FormLife::SettleAll), true);
+    Q_UNUSED(atEnd)
     if (Kept.empty())
         Keeping().push_back(shared_from_this());
     Kept.push_back(destroy);
@@ -93,6 +84,13 @@ void FormLife::SettleLater(int milliseconds)
         QTimer::singleShot(milliseconds, [self] { self->Settle(); });
     else
         Settle();
+}
+
+void FormLife::SettleAll()
+{
+    const auto keeping = Keeping();
+    for (const std::shared_ptr<FormLife> &life : keeping)
+        life->Settle();
 }
 
 void FormLife::Settle()

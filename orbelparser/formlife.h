@@ -33,8 +33,7 @@ public:
         EndPart([part] { delete part; });
     }
 
-    /// Whether a script of any form stands somewhere on the stack, as far as one can tell: then exceptions of observers
-    /// end at the observers, since they cannot cross the engine.
+    /// Whether an engine of any form tells that a script runs in it; it does not tell of each.
     static bool IsAnyScriptRunning();
 
 private:
@@ -50,6 +49,7 @@ private:
     }
     void SettleLater(int milliseconds);
     void Settle();
+    static void SettleAll();
 
     int Calls = 0;
     QScriptEngine *Engine = nullptr;
@@ -89,19 +89,6 @@ public:
 private:
     const CallScope Scope;
     Body *const Inside;
-};
-
-/// Stands where a script may have entered the form in a way that its engine does not tell of.
-class ORBEL_EXPORT ScriptEntry
-{
-public:
-    explicit ScriptEntry(bool entered);
-    ~ScriptEntry();
-    ScriptEntry(const ScriptEntry &) = delete;
-    ScriptEntry &operator=(const ScriptEntry &) = delete;
-
-private:
-    const bool Entered;
 };
 
 } // namespace KV218

@@ -1,13 +1,16 @@
 #include "orbeldelegate.h"
 
+#include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "formlimits.h"
+#include "itreeitem.h"
 #include "orbelwidget.h"
 #include "propertynames.h"
 #include "saturate.h"
 #include "xmlwalk.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <QCoreApplication>
@@ -67,14 +70,22 @@ OrbelDelegate::~OrbelDelegate() = default;
 void OrbelDelegate::Close()
 {
     const Call call(this);
+    Closed = true;
     blockSignals(true);
-    // A node that goes tells this, which forgets it.
-    int before = std::numeric_limits<int>::max();
-    for (auto nodes = GetNodes(); !nodes.isEmpty() && nodes.size() < before; nodes = GetNodes()) {
-        before = nodes.size();
-        delete nodes.last();
-    }
+    if (ITreeItem *place = Entering ? Entering->GetDeleteObserver() : nullptr)
+        place->SubjectDeleted();
+    while (ValueBase *node = LastLiveNode())
+        delete node;
     LeaveWindow();
+}
+
+/// A node that goes tells this, which forgets it. One that is going already is deleted by whoever began it.
+ValueBase *OrbelDelegate::LastLiveNode() const
+{
+    const auto nodes = GetNodes();
+    const auto last = std::find_if(
+        nodes.rbegin(), nodes.rend(), [](const ValueBase *node) { return node->GetState() != ekStateDeleted; });
+    return last == nodes.rend() ? nullptr : *last;
 }
 
 void OrbelDelegate::End(OrbelDelegate *delegate)
@@ -288,8 +299,8 @@ bool OrbelDelegate::event(QEvent *e)
         return QObject::event(e);
 
     const Call call(this);
-    // A set of a script's: nobody in the engine can take an exception.
-    const ScriptEntry entry(!std::exchange(OwnSet, false));
+    // A set that is no own one is a script's, of which its engine does not tell.
+    const ExceptionStop::Zone zone(!std::exchange(OwnSet, false));
     const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
     // The set that leads here knows name and value; others are looked up.
     const bool known = InProgress && key == InProgress->Name->data();

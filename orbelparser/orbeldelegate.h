@@ -273,8 +273,10 @@ protected:
     /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
     static int CountOf(const QVariant &value);
 
-    /// Enters a node at its path. False, with a trace, when the tree refuses it.
-    bool EnterNode(ValueBase *node) const;
+    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended.
+    bool EnterNode(ValueBase *node);
+    /// Whether the form has ended.
+    bool IsClosed() const { return Closed; }
 
     FormDoor Form() const;
     /// Name of the owning element; empty without one.
@@ -293,6 +295,7 @@ private:
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 
+    ValueBase *LastLiveNode() const;
     void MoveNodes(const QString &formerName);
     template <class Node> Node *Enter(Node *node);
     template <class Node> Node *NewNumeric(const QString &name, int index);
@@ -328,6 +331,9 @@ private:
     eApplyMode ApplyMode = eApplyMode(0);
     int ListDepth = 0;
     bool InValueTree = false;
+    bool Closed = false;
+    /// The node of which the tree tells that it enters.
+    ValueBase *Entering = nullptr;
 };
 
 } // namespace KV218

@@ -10,6 +10,7 @@
 #include "tree.h"
 #include "valueselection.h"
 
+#include <QScopedValueRollback>
 #include <QWidget>
 #include <limits>
 
@@ -93,7 +94,11 @@ void OrbelDelegate::EnterValueTree(const QString &path)
     else if (moves)
         MoveNodes(formerName);
     InValueTree = true;
-    TakeNode();
+    // Whoever waited for a path may have ended the form before its node was in place.
+    if (Closed)
+        Close();
+    else
+        TakeNode();
 }
 
 void OrbelDelegate::MoveNodes(const QString &formerName)
@@ -110,15 +115,22 @@ void OrbelDelegate::MoveNodes(const QString &formerName)
     NodesMoved();
 }
 
-bool OrbelDelegate::EnterNode(ValueBase *node) const
+bool OrbelDelegate::EnterNode(ValueBase *node)
 {
-    const bool entered = Tree::Instance()->AddNode(GetVTNodePath(), node);
+    if (Closed)
+        return false;
+    bool entered = false;
+    {
+        // Whoever waits for the path may end the form.
+        const QScopedValueRollback<ValueBase *> entering(Entering, node);
+        entered = Tree::Instance()->AddNode(GetVTNodePath(), node);
+    }
     if (!entered) {
         const QString path = GetVTNodePath() + QLatin1Char('/') + node->GetName();
         TraceFailure(QStringLiteral("No node of a form can stand at %1: a path belongs to one form").arg(path),
             "orbeldelegate", __LINE__);
     }
-    return entered;
+    return entered && !Closed;
 }
 
 /// Hands a node to the tree; gives null, and deletes it, when the tree refuses it.
@@ -167,8 +179,10 @@ ValueString *OrbelDelegate::CreateValueString(const QString &name)
     node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
     node->SetValue(property(name.toLatin1().constData()).toString(), nullptr);
     // Meant: the one maker that keeps a node which the tree refuses, so a text control always has its node.
-    EnterNode(node);
-    return node;
+    if (EnterNode(node) || !Closed)
+        return node;
+    delete node;
+    return nullptr;
 }
 
 ValueSelection *OrbelDelegate::CreateValueSelection(

@@ -3,7 +3,8 @@
 #include "hostexport.h"
 
 /// Where exceptions of observers end. They travel to whoever made the change, unless somebody on the stack between cannot
-/// be crossed by them, such as a script engine; then they end at the observer, with a trace, and the others are told.
+/// be crossed by them, such as a script engine or the end of a node; then they end at the observer, with a trace, and the
+/// others are told.
 namespace ExceptionStop
 {
 
@@ -12,5 +13,19 @@ ORBEL_HOST_EXPORT void Ask(bool (*question)());
 
 /// Called in a catch block: whether the exception ends there. Then it has been traced.
 ORBEL_HOST_EXPORT bool EndsHere();
+
+/// Stands where somebody of that kind is known to be.
+class ORBEL_HOST_EXPORT Zone
+{
+public:
+    /// One that is not there stops nothing.
+    explicit Zone(bool there = true);
+    ~Zone();
+    Zone(const Zone &) = delete;
+    Zone &operator=(const Zone &) = delete;
+
+private:
+    const bool There;
+};
 
 } // namespace ExceptionStop

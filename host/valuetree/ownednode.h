@@ -25,14 +25,14 @@ public:
         std::swap(Side, other.Side);
         return *this;
     }
-    ~OwnedNode() { delete Detach(); }
+    ~OwnedNode() { Delete(); }
 
     /// Owns `node`, or nothing when it is null, in place of the node it had, which is deleted.
     void Adopt(Node *node)
     {
         if (node == Held)
             return;
-        delete Detach();
+        Delete();
         Held = node;
         Side = node;
         if (Side)
@@ -66,6 +66,14 @@ public:
     explicit operator bool() const { return Held; }
 
 private:
+    void Delete()
+    {
+        Node *const node = Detach();
+        // One that is going already is deleted by whoever began it.
+        if (node && node->GetState() != ekStateDeleted)
+            delete node;
+    }
+
     IObserver *Observer;
     Node *Held = nullptr;
     // Kept apart: a node that is half destroyed cannot be asked for its virtual base.

@@ -1,5 +1,6 @@
 #include "valuebase.h"
 
+#include "exceptionstop.h"
 #include "itreeitem.h"
 
 ValueBase::ValueBase(const QString &name, TValueState state) : Name(name), State(state) { }
@@ -98,6 +99,8 @@ bool ValueBase::AnnounceEnd()
         return true;
     Ending = true;
     State = ekStateDeleted;
+    // Most nodes end in their destructor, which no exception leaves.
+    const ExceptionStop::Zone zone;
     // The place is left last: in here the observers still find out which path goes.
     if (!NotifyInTurn({ekChangeState}, nullptr))
         return false;

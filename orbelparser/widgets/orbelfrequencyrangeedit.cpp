@@ -33,12 +33,12 @@ void OrbelFrequencyRangeEdit::CreateValueTree()
 {
     const double lowest = GetDouble(prop::Minimum, LowestFrequency);
     const double highest = GetDouble(prop::Maximum, HighestFrequency);
-    EnterNode(startNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
-    EnterNode(stopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
+    MakeNode(startNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
+    MakeNode(stopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
 }
 
 /// Meant: the limits count as they are, and replace those that were scaled for display when the node was made.
-void OrbelFrequencyRangeEdit::EnterNode(
+void OrbelFrequencyRangeEdit::MakeNode(
     OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest)
 {
     node.Adopt(CreateValueNumericFloat(property, index));

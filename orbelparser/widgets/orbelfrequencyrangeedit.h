@@ -75,7 +75,7 @@ private Q_SLOTS:
     void SlotReturnPressed();
 
 private:
-    void EnterNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
+    void MakeNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
     VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip);
     void WriteNodes(const QString &name, const QVariant &value);
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
