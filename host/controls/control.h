@@ -2,8 +2,8 @@
 
 #include "hostexport.h"
 
-/// Marks a widget as a control of its own among the widgets of a window, made of several. There is nothing to call: a
-/// host finds the whole by it when it walks up from one of the parts.
+/// Marks a widget that is made of several as one control. There is nothing to call: a host that walks up from a widget
+/// finds the whole by it.
 class ORBEL_HOST_EXPORT Control
 {
 public:
