@@ -2,6 +2,7 @@
 
 #include "numberparsing.h"
 #include "suffixeddouble.h"
+#include "survives.h"
 #include "tablekeys.h"
 #include "tree.h"
 
@@ -9,7 +10,6 @@
 #include <QAction>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
 
@@ -203,14 +203,13 @@ QWidget *FreqRangeTable::OpenEditor() const
 
 bool FreqRangeTable::FinishEditing()
 {
-    const QPointer<FreqRangeTable> self(this);
     // A mnemonic of the dialog acts without taking the focus, which would end the edit.
     const QPointer<QWidget> editor(OpenEditor());
-    if (editor)
+    return !editor || Survives(this, [&] {
         commitData(editor);
-    if (self && editor)
-        closeEditor(editor, QAbstractItemDelegate::NoHint);
-    return self;
+        if (editor)
+            closeEditor(editor, QAbstractItemDelegate::NoHint);
+    });
 }
 
 void FreqRangeTable::SlotSortByStartFrequencies()

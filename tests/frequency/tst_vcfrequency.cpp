@@ -1,6 +1,7 @@
 // The full frequency control with keys, mouse and wheel on a shown window, and with nodes that come and go.
 
 #include "frequencyfield.h"
+#include "rows.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valuenumeric.h"
@@ -94,34 +95,34 @@ private Q_SLOTS:
 
     void keys_data()
     {
-        QTest::addColumn<QString>("keys");
-        QTest::addColumn<double>("hertz");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("up on the digit of 1 kHz") << "U" << 145.501e6 << "145.501 000 MHz";
-        QTest::newRow("carry") << "LLUUUUUU" << 146.1e6 << "146.100 000 MHz";
-        QTest::newRow("last digit") << "]D" << 145499999.0 << "145.499 999 MHz";
-        QTest::newRow("first digit") << "[U" << 245.5e6 << "245.500 000 MHz";
-        QTest::newRow("down and up beyond the first digit") << "[DDU" << 100009000.0 << "100.009 000 MHz";
-        QTest::newRow("a digit that only zeros lead to") << "[LU" << 1145.5e6 << "1.145 500 000 GHz";
-        QTest::newRow("ten at a time") << "^" << 145.51e6 << "145.510 000 MHz";
-        QTest::newRow("clamped above") << "[LLUUUUU" << 26.5e9 << "26.500 000 000 GHz";
-        QTest::newRow("typed") << "7.05M\n" << 7.05e6 << "7.050 000 MHz";
-        QTest::newRow("typed with comma and unit") << "145,6 mhz\n" << 145.6e6 << "145.600 000 MHz";
-        QTest::newRow("typed beyond the limit") << "90g\n" << 26.5e9 << "26.500 000 000 GHz";
-        QTest::newRow("taken back") << "7.05M!" << 145.5e6 << "145.500 000 MHz";
-        QTest::newRow("wrong text stays and is not taken") << "7.0.5\n" << 145.5e6 << "7.0.5";
-        QTest::newRow("nothing typed") << "7<\n" << 145.5e6 << "";
-        QTest::newRow("edited in place") << "+<<<<<k\n" << 145500.0 << "145.500 kHz";
-        QTest::newRow("letters begin nothing") << "x M" << 145.5e6 << "145.500 000 MHz";
-        QTest::newRow("tuning waits for the typed text") << "7U" << 145.5e6 << "7";
+        const auto row = Columns<QString, double, QString>({"keys", "hertz", "shown"});
+        row("up on the digit of 1 kHz", "U", 145.501e6, "145.501 000 MHz");
+        row("carry", "LLUUUUUU", 146.1e6, "146.100 000 MHz");
+        row("last digit", "]D", 145499999.0, "145.499 999 MHz");
+        row("first digit", "[U", 245.5e6, "245.500 000 MHz");
+        row("down and up beyond the first digit", "[DDU", 100009000.0, "100.009 000 MHz");
+        row("a digit that only zeros lead to", "[LU", 1145.5e6, "1.145 500 000 GHz");
+        row("ten at a time", "^", 145.51e6, "145.510 000 MHz");
+        row("clamped above", "[LLUUUUU", 26.5e9, "26.500 000 000 GHz");
+        row("typed", "7.05M\n", 7.05e6, "7.050 000 MHz");
+        row("typed with comma and unit", "145,6 mhz\n", 145.6e6, "145.600 000 MHz");
+        row("typed beyond the limit", "90g\n", 26.5e9, "26.500 000 000 GHz");
+        row("taken back", "7.05M!", 145.5e6, "145.500 000 MHz");
+        row("wrong text stays and is not taken", "7.0.5\n", 145.5e6, "7.0.5");
+        row("nothing typed", "7<\n", 145.5e6, "");
+        row("edited in place", "+<<<<<k\n", 145500.0, "145.500 kHz");
+        row("still edited in place where the text is the old one", "+<z<<<<<k\n", 145500.0, "145.500 kHz");
+        row("an edit in place taken back", "+!U", 145.501e6, "145.501 000 MHz");
+        row("letters begin nothing", "x M", 145.5e6, "145.500 000 MHz");
+        row("tuning waits for the typed text", "7U", 145.5e6, "7");
     }
     void keys()
     {
-        QFETCH(QString, keys);
+        const auto [keys, hertz, shown] = Fetch<QString, double, QString>({"keys", "hertz", "shown"});
         Window window;
         window.Operate(keys);
-        QTEST(window.node->GetValue(), "hertz");
-        QTEST(window.field->text(), "shown");
+        QCOMPARE(window.node->GetValue(), hertz);
+        QCOMPARE(window.field->text(), shown);
         window.other->setFocus();
         QVERIFY(window.field->selectedText().isEmpty());
     }
@@ -164,6 +165,9 @@ private Q_SLOTS:
         QTest::mouseClick(window.control->findChild<QWidget *>("increment"), Qt::LeftButton);
         QTRY_COMPARE(window.node->GetValue(), 145.5e6);
         QVERIFY(window.field->hasFocus());
+        QSignalSpy tuned(window.control, &VCFrequency::signalTune);
+        QTest::mouseClick(window.control->GetTuneButton(), Qt::LeftButton);
+        QCOMPARE(tuned, QList<QVariantList>({{145.5e6}}));
     }
 
     void theHistoryHasWhatTheOperatorSet()
@@ -206,13 +210,17 @@ private Q_SLOTS:
         QCOMPARE(window.node->GetValue(), 433.92e6);
     }
 
-    void itEndsWhileItIsTunedOrTyped()
+    void typingIsToldAndCommittedOnRequest()
     {
-        for (const char *keys : {"U", "7M", "x"}) {
-            Window window;
-            window.Operate(keys);
-            delete window.control;
-        }
+        Window window;
+        const QSignalSpy typed(window.control, &VCFrequency::signalTextEdited);
+        window.Operate("U7M");
+        window.node->SetValue(50e6, nullptr);
+        QCOMPARE(typed, QList<QVariantList>({{"7"}, {"7M"}}));
+        window.control->endEdit();
+        QCOMPARE(window.node->GetValue(), 7e6);
+        connect(window.control, &VCFrequency::signalTextEdited, [&] { delete window.control; });
+        window.Operate("U8");
     }
 
     void theBandwidthFollowsItsNode()
@@ -236,13 +244,16 @@ private Q_SLOTS:
 
     void lockedInputChangesNothing_data()
     {
-        QTest::addColumn<QString>("lock");
-        for (const char *lock : {"EnableInput", "readOnly", "no node", "node lost"})
-            QTest::newRow(lock) << lock;
+        const auto row = Columns<QString, QByteArray>({"lock", "free"});
+        row("locked, then enabled", "EnableInput", "enabled");
+        row("locked, then no longer read-only", "EnableInput", "readOnly");
+        row("read-only", "readOnly", "readOnly");
+        row("no node", "no node", "");
+        row("node lost", "node lost", "");
     }
     void lockedInputChangesNothing()
     {
-        QFETCH(QString, lock);
+        const auto [lock, free] = Fetch<QString, QByteArray>({"lock", "free"});
         Window window;
         if (lock == "EnableInput")
             window.control->EnableInput(false);
@@ -257,22 +268,13 @@ private Q_SLOTS:
         window.Operate("U7M\n");
         window.Wheel(window.Digit(1), 1);
         window.control->slotIncrement();
-        if (lock.contains("node"))
+        if (free.isEmpty())
             return;
         QCOMPARE(window.node->GetValue(), 145.5e6);
-        window.control->setReadOnly(false);
+        window.control->setProperty(free, free == "enabled");
         window.Operate("U");
         QCOMPARE(window.node->GetValue(), 145.501e6);
         QVERIFY(window.control->GetHistoryButtonCtrl()->isEnabled());
-    }
-
-    void tuneRepeatsTheFrequency()
-    {
-        Window window;
-        QList<double> tuned;
-        connect(window.control, &VCFrequency::signalTune, [&](double hertz) { tuned << hertz; });
-        QTest::mouseClick(window.control->GetTuneButton(), Qt::LeftButton);
-        QCOMPARE(tuned, QList<double>({145.5e6}));
     }
 
     void textFollowsTheFormsSizeAndReadersHearTheValue()
@@ -291,8 +293,9 @@ private Q_SLOTS:
 
     void aPlainFieldTakesFrequenciesToo()
     {
-        VCLineEdit edit(nullptr, "plain", VCLineEdit::ekFrequency);
+        ValueString text("text");
         ValueDouble node("step");
+        VCLineEdit edit(nullptr, "plain", VCLineEdit::ekFrequency);
         node.SetValue(12500, nullptr);
         edit.SetValueBase(&node);
         QCOMPARE(edit.text(), QString("12.500 kHz"));
@@ -301,7 +304,11 @@ private Q_SLOTS:
         QTest::keyClick(&edit, Qt::Key_Return);
         QCOMPARE(node.GetValue(), 6250.0);
         QCOMPARE(edit.text(), QString("6.250 kHz"));
-        edit.SetValueBase(nullptr);
+        edit.SetValueBase(&text);
+        for (const char *none : {"nan", "-inf"}) {
+            text.SetValue(none, nullptr);
+            QCOMPARE(edit.text(), QString());
+        }
     }
 };
 

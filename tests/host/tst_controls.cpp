@@ -84,7 +84,7 @@ static void Click(QWidget *control)
 }
 
 /// Operates a control: types in place of what a field holds, with some characters for keys, > and < for turns of the
-/// wheel, and ! for a click.
+/// wheel, ! for a click, and Ctrl with A, X, V and Z.
 static void Operate(QWidget *control, const QString &acts)
 {
     const QHash<QChar, Qt::Key> keys{{'\r', Qt::Key_Return}, {'\t', Qt::Key_Tab}, {'\x1b', Qt::Key_Escape},
@@ -97,6 +97,8 @@ static void Operate(QWidget *control, const QString &acts)
             Click(control);
         else if (c == '>' || c == '<')
             Turn(control, c == '>' ? 1 : -1);
+        else if (alive && QString("AXVZ").contains(c))
+            QTest::keyClick(control, Qt::Key(c.unicode()), Qt::ControlModifier);
         else if (alive)
             QTest::sendKeyEvent(QTest::Click, control, keys.value(c, Qt::Key_unknown), QString(c), Qt::NoModifier);
     }
@@ -141,19 +143,20 @@ private Q_SLOTS:
         row("combo box in the open list", "combo box", "!");
         row("line edit by Return", "line edit", "typed\r");
         row("line edit by leaving", "line edit", "typed\t");
+        row("spin by leaving", "spin", "7\t");
         row("spin by key", "spin", "^");
         row("spin by wheel", "spin", ">");
         row("spin by button", "spin", "!");
     }
     /// An operator's change reaches the bound node alone, and once. A node may go first, a control that has none stays
-    /// as it is, and an observer may delete the node or the control in the middle of the write.
+    /// as it is, and an observer may delete the node, or the window, in the middle of the write.
     void life()
     {
         const auto [kind, act] = Fetch<QString, QString>({"kind", "act"});
         const auto [made, first] = Make(kind);
         const auto [spare, second] = Make(kind);
         const QPointer<QWidget> control(made);
-        auto *window = new Window(control);
+        const QPointer<Window> window(new Window(control));
         QVERIFY(window->IsReady() && Bind(control, first));
         const auto operate = [&, act = act] {
             control->setFocus();
@@ -180,34 +183,79 @@ private Q_SLOTS:
         const auto [another, third] = Make(kind);
         QVERIFY(Bind(control, third));
         third->SetStringValue(start, nullptr);
-        watcher = std::make_unique<Watcher>(third, [&] { delete control; });
+        watcher = std::make_unique<Watcher>(third, [&] { delete window; });
         operate();
-        QVERIFY(!control);
-        qDeleteAll(QWidgetList{window, spare, another});
+        QVERIFY(!window);
+        qDeleteAll(QWidgetList{spare, another});
         delete third;
+    }
+
+    /// Each change by the operator is told when the field is done with it, so that the window may go; nothing else is.
+    void typing()
+    {
+        for (const QString kind : {"line edit", "spin"}) {
+            const auto [control, made] = Make(kind);
+            const std::unique_ptr<ValueBase> node(made);
+            const QPointer<Window> window(new Window(control));
+            QVERIFY(window->IsReady() && Bind(control, node.get()));
+            QStringList told;
+            const auto typed = [&, window = window](const QString &text) {
+                told << text;
+                if (text.contains('9'))
+                    delete window;
+            };
+            if (auto *field = qobject_cast<VCLineEdit *>(control))
+                connect(field, &VCLineEdit::signalTextEdited, typed);
+            else
+                connect(qobject_cast<VCNumericFloatSpin *>(control), &VCNumericFloatSpin::signalTextEdited, typed);
+            Operate(control, "12\r");
+            node->SetStringValue("3", nullptr);
+            Operate(control, "45");
+            QMetaObject::invokeMethod(control, "endEdit");
+            QCOMPARE(node->GetStringValue(), QString("45"));
+            QCOMPARE(told, QStringList({"1", "12", "4", "45"}));
+
+            QInputMethodEvent input;
+            input.setCommitString("6");
+            QCoreApplication::sendEvent(control, &input);
+            QCOMPARE(told.size(), 5);
+            window->Elsewhere->setFocus();
+            QVERIFY(node->GetStringValue().contains('6'));
+            QMimeData text;
+            text.setText("78");
+            QDropEvent drop({2, 2}, Qt::CopyAction, &text, {}, {});
+            QObject *inner = control->findChild<QLineEdit *>();
+            (inner ? inner : control)->event(&drop);
+            QTRY_COMPARE(told.size(), 6);
+            QVERIFY(control->hasFocus());
+            window->Elsewhere->setFocus();
+            QVERIFY(node->GetStringValue().contains("78"));
+            Operate(control, "9");
+            QVERIFY(!window);
+        }
     }
 
     void lineEdit_data()
     {
         const auto row
-            = Columns<QString, QString, QByteArray, QString, QString>({"mask", "keys", "meddle", "shown", "held"});
-        row("Return commits", "", "new\r", "", "new", "new");
-        row("leaving commits", "", "new\t", "", "new", "new");
-        row("Escape takes back", "", "new\x1b", "", "1234", "1234");
-        row("the text that stood there is no edit", "", "1234\r", "", "1234", "1234");
-        row("typed and not committed", "", "new", "", "new", "1234");
-        row("mask not filled, Return", "99.99", "5\r", "", "5.", "1234");
-        row("mask not filled, leaving", "99.99", "5\t", "", "12.34", "1234");
-        row("a mask taken away", "99.99", "", "inputMask", "1234", "1234");
-        row("read-only in mid-edit", "", "new", "readOnly", "1234", "1234");
+            = Columns<QString, QString, QByteArray, QString, QString>({"mask", "keys", "meddle", "shown", "commits"});
+        row("Escape takes back", "", "new\x1b", "", "1234", "");
+        row("the text that stood there is no edit", "", "1234\r", "", "1234", "");
+        row("taken back with Ctrl+Z", "", "newZ\t", "", "1234", "");
+        row("taken back after a commit, then typed", "", "abc\rZAxyz\t", "", "xyz", "abc xyz");
+        row("cut and pasted", "", "newAXVV\r", "", "newnew", "newnew");
+        row("mask not filled, Return", "99.99", "5\r", "", "5.", "");
+        row("mask not filled, leaving", "99.99", "5\t", "", "12.34", "");
+        row("a mask taken away", "99.99", "", "inputMask", "1234", "");
+        row("read-only in mid-edit", "", "new", "readOnly", "1234", "");
         row("disabled in mid-edit", "", "new", "enabled", "new", "new");
-        row("a context menu in mid-edit", "", "new", "menu", "new", "1234");
-        row("the node changes in mid-edit", "", "new", "node", "other", "other");
+        row("a context menu in mid-edit", "", "new", "menu", "new", "");
+        row("the node changes in mid-edit", "", "new", "node", "other", "");
     }
     void lineEdit()
     {
-        const auto [mask, keys, meddle, shown, held]
-            = Fetch<QString, QString, QByteArray, QString, QString>({"mask", "keys", "meddle", "shown", "held"});
+        const auto [mask, keys, meddle, shown, commits]
+            = Fetch<QString, QString, QByteArray, QString, QString>({"mask", "keys", "meddle", "shown", "commits"});
         ValueString node("n");
         node.SetValue("1234", nullptr);
         auto *field = new VCLineEdit(nullptr, "name", VCLineEdit::ekText);
@@ -215,11 +263,10 @@ private Q_SLOTS:
         QVERIFY(window.IsReady() && field->SetValueBase(&node));
         if (!mask.isEmpty())
             field->setProperty("inputMask", mask);
-        const QSignalSpy commits(field, &VCLineEdit::signalTextFinallyChanged);
+        QStringList seen;
+        connect(field, &VCLineEdit::signalTextFinallyChanged, [&](const QString &text) { seen << text; });
         Operate(field, keys);
-        if (meddle == "endEdit") {
-            field->endEdit();
-        } else if (meddle == "node") {
+        if (meddle == "node") {
             node.SetValue("other", nullptr);
             QCOMPARE(field->text(), QString("new"));
             QTest::keyClick(field, Qt::Key_Escape);
@@ -230,39 +277,33 @@ private Q_SLOTS:
             window.Elsewhere->setFocus();
         }
         QCOMPARE(field->text(), shown);
-        QCOMPARE(node.GetValue(), held);
-        QCOMPARE(commits.size(), meddle != "node" && held != "1234" ? 1 : 0);
+        QCOMPARE(seen.join(' '), commits);
+        QCOMPARE(node.GetValue(), seen.isEmpty() ? QString(meddle == "node" ? "other" : "1234") : seen.last());
         // However the edit ended, the field follows its node again.
         window.Elsewhere->setFocus();
         node.SetValue("5678", nullptr);
         QCOMPARE(field->text().remove('.'), QString("5678"));
     }
 
-    void whatIsNotForTheControlGoesOn_data()
-    {
-        const auto row = Columns<QString, QString>({"kind", "act"});
-        row("line edit", "line edit", "1\x1b");
-        row("combo box", "combo box", "");
-        row("spin", "spin", "1\x1b");
-    }
     void whatIsNotForTheControlGoesOn()
     {
-        const auto [kind, act] = Fetch<QString, QString>({"kind", "act"});
-        const auto [control, made] = Make(kind);
-        const std::unique_ptr<ValueBase> node(made);
-        Window window(control);
-        QVERIFY(window.IsReady() && Bind(control, node.get()));
-        const QString before = node->GetStringValue();
-        const QShortcut cancel(Qt::Key_Escape, &window);
-        const QSignalSpy cancelled(&cancel, &QShortcut::activated);
-        Operate(control, act);
-        QCOMPARE(cancelled.size(), 0);
-        QTest::keyClick(control, Qt::Key_Escape);
-        QCOMPARE(cancelled.size(), 1);
-        window.Elsewhere->setFocus();
-        Turn(control, -1);
-        QVERIFY(window.verticalScrollBar()->value() > 0);
-        QCOMPARE(node->GetStringValue(), before);
+        for (const QString kind : {"line edit", "combo box", "spin"}) {
+            const auto [control, made] = Make(kind);
+            const std::unique_ptr<ValueBase> node(made);
+            Window window(control);
+            QVERIFY(window.IsReady() && Bind(control, node.get()));
+            const QString before = node->GetStringValue();
+            const QShortcut cancel(Qt::Key_Escape, &window);
+            const QSignalSpy cancelled(&cancel, &QShortcut::activated);
+            Operate(control, kind == "combo box" ? "" : "1\x1b");
+            QCOMPARE(cancelled.size(), 0);
+            QTest::keyClick(control, Qt::Key_Escape);
+            QCOMPARE(cancelled.size(), 1);
+            window.Elsewhere->setFocus();
+            Turn(control, -1);
+            QVERIFY(window.verticalScrollBar()->value() > 0);
+            QCOMPARE(node->GetStringValue(), before);
+        }
     }
 
     void comboBoxItems()
@@ -391,27 +432,36 @@ private Q_SLOTS:
         row("a scaled step without an exact quotient", 0, 0.7 / 0.3, 0.3, "", "|^^", 28);
         row("stops at the maximum", 99.5, 1, 1, "", "^^", 100);
         row("wraps past the maximum", 99.5, 1, 1, "wrap", ">", 0);
+        row("nothing to wrap to above", 0.5, 1, 1, "wrap open", "_>_", 0);
+        row("nothing to wrap to above whole numbers", 1, 1, 1, "wrap open whole", "__>_", 0);
         row("up raises what is shown", 5, 1, -1, "", "^^", 3);
         row("from a typed number", 5, 1, 1, "", "40^", 41);
         row("read-only", 5, 1, 1, "read-only", ">^", 5);
+        row("half of 1e-12 up", 1e6, 5e-7, 1, "open", "^", 1000000.0000005);
+        row("half of 1e-12 typed", 2e12, 1, 0.001, "open", "2000000000.001\r", 2000000000001);
+        row("left, taken back, then typed", 3, 1, 1, "", "7\tZA8\t", 8);
     }
     void spinSteps()
     {
         const auto [start, step, factor, mode, acts, end] = Fetch<double, double, double, QString, QString, double>(
             {"start", "step", "factor", "mode", "acts", "end"});
-        ValueDouble node("n");
-        node.SetMinMax(0, 100, step, nullptr);
-        node.SetValue(start, nullptr);
+        ValueDouble doubles("d");
+        ValueInt integers("i");
+        IValueNumeric *node = mode.contains("whole") ? static_cast<IValueNumeric *>(&integers) : &doubles;
+        node->SetMin(0, nullptr);
+        if (!mode.contains("open"))
+            node->SetMax(100, nullptr);
+        node->SetStep(step, nullptr);
+        node->SetValue(start, nullptr);
         auto *spin = new VCNumericFloatSpin;
         spin->SetFactor(factor);
-        spin->EnableWrapAround(mode == "wrap");
-        spin->disableStep(mode == "off");
+        spin->EnableWrapAround(mode.contains("wrap"));
         spin->setReadOnly(mode == "read-only");
         Window window(spin);
-        QVERIFY(window.IsReady() && spin->SetNumericValue(&node));
+        QVERIFY(window.IsReady() && spin->SetNumericValue(node));
         Operate(spin, acts);
         // Not QCOMPARE, which takes neighbouring numbers for equal.
-        QVERIFY2(node.GetValue() == end, qPrintable(QString::number(node.GetValue(), 'g', 17)));
+        QVERIFY2(node->GetValue() == end, qPrintable(QString::number(node->GetValue(), 'g', 17)));
     }
 
     void spinProperties()
@@ -433,10 +483,18 @@ private Q_SLOTS:
         QCOMPARE(watcher.Count, 0);
         QVERIFY(spin.setProperty("value", 12));
         QCOMPARE(node->GetValue(), 3000.0);
-        spin.setValue(qQNaN());
+        for (const double none : {qQNaN(), qInf(), -qInf()})
+            spin.setValue(none);
+        spin.setMinimum(qInf());
         QCOMPARE(node->GetValue(), 3000.0);
+        // A limit that comes in mid-edit takes nothing away, and counts for what was typed.
+        Operate(&spin, "2.5");
+        spin.setMaximum(2);
+        QCOMPARE(spin.cleanText(), QString("2.5"));
+        spin.endEdit();
+        QCOMPARE(node->GetValue(), 2000.0);
         Tree::Instance()->RemoveNode("Form/n");
-        QCOMPARE(spin.text(), QString("3.000"));
+        QCOMPARE(spin.text(), QString("2.000"));
     }
 };
 

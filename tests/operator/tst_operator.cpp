@@ -1,36 +1,25 @@
 // The main job on a real window: an operator edits a form, its script reacts, Apply hands out the parameter document.
 
-#include "forms.h"
+#include "exampleform.h"
 #include "testmain.h"
-#include "xoperator.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QtTest>
 
 using namespace forms;
 
 namespace
 {
 
-/// The receiver form of the examples in a window, with what it hands out.
-struct Receiver {
-    Receiver()
+/// The receiver form with what it hands out.
+struct Receiver : ExampleForm {
+    Receiver() : ExampleForm("receiver.orbel", "/Receiver", {600, 900})
     {
-        form = Form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/receiver.orbel"));
-        form->CreateValueTree("/Receiver");
-        form->CreateGUI(true);
-        window.reset(form->GetGUI());
-        window->resize(600, 900);
         QObject::connect(form.data(), &KV218::OrbelFormular::si_parametersModified,
             [this] { documents << form->GetXmlString(true); });
     }
 
-    template <class Widget> Widget *Find(const QString &name) const { return window->findChild<Widget *>(name); }
-
-    Form form;
-    std::unique_ptr<QWidget> window;
     QStringList documents;
 };
 
@@ -48,10 +37,7 @@ private Q_SLOTS:
         Receiver receiver;
         QVERIFY(XOperator::Show(receiver.window.get()));
         auto *station = receiver.Find<QLineEdit>("stationName");
-        XOperator::Click(station);
-        QTRY_VERIFY(station->hasFocus());
-        XOperator::Press("ctrl+a");
-        XOperator::Type("Summit 7");
+        XOperator::Enter(station, "Summit 7", "End");
         QTRY_COMPARE(station->text(), QString("Summit 7"));
         QVERIFY(Delegate(receiver.form, "stationName")->isModified());
 
@@ -85,11 +71,7 @@ private Q_SLOTS:
         XOperator::Click(record);
         auto *prefix = receiver.Find<QLineEdit>("prefix");
         QTRY_VERIFY(prefix->isVisible());
-        XOperator::Click(prefix);
-        QTRY_VERIFY(prefix->hasFocus());
-        XOperator::Press("ctrl+a");
-        XOperator::Type("north");
-        XOperator::Press("Return");
+        XOperator::Enter(prefix, "north", "Return");
         QTRY_COMPARE(receiver.Find<QLabel>("fileName")->text(), QString("captures/north-Hilltop.wav"));
         // Return pushes the parameters out at once.
         QTRY_COMPARE(receiver.documents.size(), 1);

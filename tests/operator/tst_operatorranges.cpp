@@ -1,15 +1,12 @@
 // An operator edits the list of excluded ranges of an example and finds the ranges in the parameter document.
 
-#include "forms.h"
+#include "exampleform.h"
 #include "testmain.h"
-#include "tree.h"
 #include "valuecommentedrangemap.h"
-#include "xoperator.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QtTest>
 
 class TestOperatorRanges : public QObject
 {
@@ -20,11 +17,9 @@ private Q_SLOTS:
 
     void theListIsEdited()
     {
-        const forms::Form form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/detection.orbel"));
-        form->CreateValueTree("/Form");
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        window->resize(600, 900);
+        const ExampleForm detection("detection.orbel", "/Form", {600, 900});
+        const auto &form = detection.form;
+        const auto &window = detection.window;
         QVERIFY(XOperator::Show(window.get()));
         // Opens the list, edits it, ends with a button of the dialog, and gives the numbers that are to be applied.
         const auto edit = [&](QDialogButtonBox::StandardButton end, const std::function<void(QTableWidget *)> &act) {
@@ -51,6 +46,8 @@ private Q_SLOTS:
             QTRY_COMPARE(table->rowCount(), 1);
         };
         const QString added = edit(QDialogButtonBox::Ok, [](QTableWidget *table) {
+            for (const char *keys : {"ctrl+w", "Delete"})
+                XOperator::Press(keys);
             for (const char *row : {"2 GHz\t2100M\n", "145500\t146000\n"}) {
                 XOperator::Press("ctrl+w");
                 XOperator::Type(row);
@@ -61,7 +58,7 @@ private Q_SLOTS:
         QCOMPARE(added, QString("0 0 145500000 146000000 2000000000 2100000000"));
         auto *node = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/Hopping/ExclusionRanges"));
         QCOMPARE(node->data().at(2).GetRangeStop(), 2100e6);
-        QCOMPARE(forms::Delegate(form, "lastAction")->property("text").toString(), QString("excluded ranges"));
+        QCOMPARE(detection.Property("lastAction", "text"), QString("excluded ranges"));
         QVERIFY2(edit(QDialogButtonBox::Cancel, deleteFirst).isEmpty(), "there is nothing to apply");
         QVERIFY2(edit(QDialogButtonBox::Ok, deleteFirst) == "2000000000 2100000000", "the next row goes along");
     }

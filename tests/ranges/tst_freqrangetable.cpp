@@ -102,9 +102,16 @@ private Q_SLOTS:
         QCOMPARE(int(bench.Node->data().size()), bench.Table.rowCount());
     }
 
-    void theNodeAndAnOpenEdit()
+    void rowsTheNodeAndAnOpenEdit()
     {
         Bench bench("1000..2000; 3000..4000");
+        bench.Table.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&bench.Table));
+        bench.Table.setCurrentCell(1, 1);
+        QTest::keyClick(&bench.Table, Qt::Key_W, Qt::ControlModifier);
+        QCOMPARE(bench.Cells(), QString("1 2 3 4 0 0"));
+        QTest::keyClick(&bench.Table, Qt::Key_Delete);
+        QVERIFY2(bench.Cells() == "1 2 3 4", "the new row alone");
         bench.Type(0, 0, "9", Qt::Key_Tab);
         QVERIFY2(bench.Editor() && bench.Table.currentColumn() == 1, "Tab edits the next cell");
         bench.Table.StoreToValue();
@@ -124,6 +131,11 @@ private Q_SLOTS:
             bench.Node->HasChanged(code, nullptr);
             QCOMPARE(bench.Cells(), QString("3 4 9 2 0 0"));
         }
+        CommentedRange endless;
+        endless.SetRangeStart(qQNaN());
+        endless.SetRangeStop(qInf());
+        bench.Node->SetAt(2, endless, nullptr);
+        QCOMPARE(bench.Cells(), QString("3 4 9 2 0 0"));
         bench.Node->Clear(nullptr);
         QVERIFY2(bench.Cells() == "0 0" && !bench.Editor(), "its row is gone");
         bench.Table.StoreToValue();
@@ -146,6 +158,21 @@ private Q_SLOTS:
             EditExclusionRanges(bench.Node, form.get(), "test");
             QCOMPARE(!form, formGoes);
         }
+    }
+
+    void theDialogEditsTheListItWasGiven()
+    {
+        Bench bench("1000..2000");
+        ValueCommentedRangeMap refused("r");
+        QVERIFY(!Tree::Instance()->AddNode("/T", &refused));
+        refused.SetStringValue("5000..6000", nullptr);
+        QWidget form;
+        QTimer::singleShot(0, [&] {
+            form.findChild<FreqRangeTable *>()->item(0, 1)->setText("7");
+            form.findChild<QDialog *>()->accept();
+        });
+        EditExclusionRanges(&refused, &form, "test");
+        QCOMPARE(refused.GetStringValue() + ' ' + bench.Node->GetStringValue(), QString("5000..7000 1000..2000"));
     }
 };
 
