@@ -16,7 +16,7 @@ const QVector<CodeInfo> &AllCodes()
 {
     // clang-format off
     static const QVector<CodeInfo> table = {
-        {Code::XmlMalformed,      "xml-malformed",       Error,   "The document is not well-formed XML, or not in the encoding that it declares. Everything behind that place is lost."},
+        {Code::XmlMalformed,      "xml-malformed",       Error,   "The document is not well-formed XML, or not in the encoding that it declares. Everything behind that place is lost. A form is loaded without the bytes 0D of its file; of these UTF-16 has one in each line end of CR LF, and some in letters."},
         {Code::FormMissing,       "form-missing",        Error,   "There is no form: no element ZkParamGui on the way down along the first children of the document."},
         {Code::FormReplaced,      "form-replaced",       Warning, "A document holds several forms, and only the last one counts."},
         {Code::ElementSkipped,    "element-skipped",     Warning, "An element that means nothing at its place is skipped, with all that stands in it. Of a Property only the first value element is read."},
@@ -52,9 +52,10 @@ const QVector<CodeInfo> &AllCodes()
         {Code::CountBeyond,       "count-beyond",        Error,   "A count is negative, or beyond the limit that docs/limits.md tells."},
         {Code::CountMissing,      "count-missing",       Warning, "A list without items or a table without cells stays empty: its shape is settled before the script runs."},
         {Code::LabelHidden,       "label-hidden",        Warning, "A row label shows only when visible is stated, even though the control itself shows without. Headlines, separators and gaps have no row label at all."},
-        {Code::InputUnstated,     "input-unstated",      Warning, "A control that never states enabled stays locked after the host has locked the input and freed it again."},
+        {Code::InputUnstated,     "input-unstated",      Warning, "The large field of a FrequencyEdit starts locked unless enabled is stated, until a script calls setEnabled(true) or setReadOnly(false). All other controls start free."},
         {Code::GroupEmpty,        "group-empty",         Warning, "A headline has nothing to collapse: the next headline, or the end of the sheet, follows at once."},
         {Code::HeadlineUntitled,  "headline-untitled",   Warning, "A headline without a text is not made at all."},
+        {Code::HeadlineComma,     "headline-comma",      Warning, "The names of collapsed headlines are kept in one text, with commas between them. A headline with a comma in its name never comes back collapsed."},
         {Code::ParameterUnwritten, "parameter-unwritten", Warning, "A place in the parameter document is stated, but nothing is ever written there: generateParameterXml is not stated, or the class writes no element."},
         {Code::ParameterDoubled,  "parameter-doubled",   Error,   "Two controls stand at one place of the parameter document: both write, but only the first reads."},
         {Code::ParameterTag,      "parameter-tag",       Error,   "An element or attribute name of the parameter document is no XML name, so the document is malformed; or its path has more parts than docs/limits.md tells."},

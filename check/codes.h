@@ -46,6 +46,7 @@ enum class Code {
     InputUnstated,
     GroupEmpty,
     HeadlineUntitled,
+    HeadlineComma,
     ParameterUnwritten,
     ParameterDoubled,
     ParameterTag,

@@ -29,10 +29,12 @@ QTextCodec *CodecOf(const QByteArray &bytes)
 
 } // namespace
 
-FileText::FileText(const QByteArray &bytes)
+FileText::FileText(const QByteArray &bytes, Reading reading)
 {
     Decode(bytes);
     FindLines();
+    if (reading == AsForm && bytes.contains('\r'))
+        DropReturns(bytes);
 }
 
 void FileText::Decode(const QByteArray &bytes)
@@ -50,6 +52,27 @@ void FileText::Decode(const QByteArray &bytes)
     Error = reader.errorString();
     const int found = Whole.Text().indexOf(QChar(QChar::ReplacementCharacter));
     ErrorPlace = found < 0 ? Whole.Text().size() : found;
+}
+
+/// The places stay those of the file.
+void FileText::DropReturns(const QByteArray &bytes)
+{
+    const QString all = Whole.Text();
+    Whole = PlacedText();
+    for (int i = 0; i < all.size(); ++i) {
+        if (all.at(i) != QLatin1Char('\r'))
+            Whole.Append(all.at(i), i);
+    }
+    Whole.Close(all.size());
+    const QByteArray loaded = QByteArray(bytes).replace("\r", "");
+    const QString read = CodecOf(loaded)->toUnicode(loaded);
+    const QString &meant = Whole.Text();
+    if (read == meant || !Error.isEmpty())
+        return;
+    const auto torn = std::mismatch(meant.cbegin(), meant.cend(), read.cbegin(), read.cend()).first;
+    Error = QStringLiteral(
+        "A form is loaded without the bytes 0D of its file, which tears this encoding apart; UTF-8 is safe");
+    ErrorPlace = Whole.OffsetOf(int(torn - meant.cbegin()));
 }
 
 void FileText::FindLines()

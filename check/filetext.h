@@ -11,11 +11,15 @@ namespace Orbel
 class FileText
 {
 public:
-    explicit FileText(const QByteArray &bytes);
+    enum Reading {
+        AsBytes,
+        AsForm, ///< As the library loads a form's file: without its bytes 0D.
+    };
+    explicit FileText(const QByteArray &bytes, Reading reading = AsBytes);
 
     /// With a replacement for what does not fit the encoding.
     const PlacedText &Source() const { return Whole; }
-    /// Empty unless the bytes do not fit the encoding; then the library reads nothing at all.
+    /// Empty unless the bytes that are read do not fit the encoding; then the library reads nothing to rely on.
     const QString &ErrorText() const { return Error; }
     int PlaceOfError() const { return ErrorPlace; }
 
@@ -25,6 +29,7 @@ public:
 
 private:
     void Decode(const QByteArray &bytes);
+    void DropReturns(const QByteArray &bytes);
     void FindLines();
     int HalvesBefore(int offset) const;
 

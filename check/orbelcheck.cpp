@@ -110,7 +110,7 @@ int FormOf(const Document &document)
 
 Findings Examine(const QByteArray &bytes, bool isList, const Examination &examination)
 {
-    const FileText file(bytes);
+    const FileText file(bytes, isList ? FileText::AsBytes : FileText::AsForm);
     // Of bytes in another encoding than the declared one the library reads nothing.
     if (examination.IsRun() && !file.ErrorText().isEmpty())
         return {};
@@ -132,7 +132,7 @@ Findings ExamineAgainst(const QByteArray &bytes, const QByteArray &form, CheckFu
     const Document document(file.Source());
     FindingSink sink;
     CheckXml(file, document, sink);
-    const Document definition(FileText(form).Source());
+    const Document definition(FileText(form, FileText::AsForm).Source());
     const FormModel model(definition, FormOf(definition));
     if (model.Form >= 0)
         check(document, model, sink);

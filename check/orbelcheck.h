@@ -38,7 +38,7 @@ using Findings = QVector<Finding>;
 class ORBEL_CHECK_EXPORT Check
 {
 public:
-    /// A form definition.
+    /// A form definition, as it is loaded from a file of these bytes.
     static Findings Definition(const QByteArray &document);
     /// A component list: all its definitions. Places inside a `value` attribute are places in the list.
     static Findings ComponentList(const QByteArray &document);

@@ -23,7 +23,7 @@ constexpr bool Read = false;
 // clang-format off
 
 const QVector<PropertyInfo> Row = {
-    {prop::Enabled, T::Bool, "the control keeps its own state", "", Read, "Whether the operator can use the control; without it the control stays locked after a lock of input.", ""},
+    {prop::Enabled, T::Bool, "the control keeps its own state", "", Read, "Whether the operator can use the control.", ""},
     {prop::ReadOnly, T::Bool, "the control keeps its own state", "", Read, "Whether the value can be seen but not changed.", ""},
     {prop::Visible, T::Bool, "the control shows, its row label stays hidden", "", Read, "Whether control and row label show.", ""},
     {prop::ToolTip, T::Text, "none from the definition", "", Read, "The tooltip, where the class does not make its own.", ""},
@@ -164,7 +164,7 @@ const QVector<PropertyInfo> Frequency = {
     {prop::SingleStep, T::Double, "1", "Hz", Read, "What one step changes.", ""},
     {prop::DisplayScalingFactor, T::Double, "1", "", Read, "Divides the bounds and the step that the form starts with.", ""},
     {prop::FrequencyLock, T::Bool, "no lock button shows", "", Read, "State of the lock button; the first use shows the button.", ""},
-    {prop::MainFreqEdit, T::Bool, "true when the element is named \"Frequency\"", "", Read, "Whether the full frequency control is built, or a plain line.", ""},
+    {prop::MainFreqEdit, T::Bool, "true when the element is named \"Frequency\"", "", Read, "Whether the full frequency control is built, which starts locked unless enabled is stated, or a plain line.", ""},
     {prop::UnitScale, T::UInt64, "none", "Hz", Stored, "The unit to show.", ""},
     {prop::UnitHidden, T::Bool, "false", "", Stored, "Whether to hide the unit.", ""},
     {prop::History, T::Bool, "false", "", Stored, "Whether to keep former frequencies.", ""},

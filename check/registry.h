@@ -41,13 +41,12 @@ struct PropertyInfo {
 enum Trait : unsigned {
     ekRow = 1, ///< Makes a row label from `labelText`.
     ekShown = 2, ///< Shows something of its own.
-    ekInput = 4, ///< Takes input, which can be locked.
-    ekWrites = 8, ///< Can write a parameter element.
-    ekAlwaysWrites = 16, ///< Writes whatever `generateParameterXml` says.
-    ekItems = 32, ///< Writes items, each named by `parameterListItemTag`.
-    ekLimits = 64, ///< Has limits, a step and perhaps a factor.
-    ekFreeProperties = 128, ///< A holder of properties that hosts and scripts choose.
-    ekScriptOnly = 256, ///< Rarely needs a name: nothing refers to it.
+    ekWrites = 4, ///< Can write a parameter element.
+    ekAlwaysWrites = 8, ///< Writes whatever `generateParameterXml` says.
+    ekItems = 16, ///< Writes items, each named by `parameterListItemTag`.
+    ekLimits = 32, ///< Has limits, a step and perhaps a factor.
+    ekFreeProperties = 64, ///< A holder of properties that hosts and scripts choose.
+    ekScriptOnly = 128, ///< Rarely needs a name: nothing refers to it.
 };
 
 /// All control classes that share a delegate are the same control.

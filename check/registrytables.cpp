@@ -14,7 +14,7 @@ using namespace group;
 using T = ValueType;
 
 constexpr QLatin1String None;
-constexpr unsigned Field = ekRow | ekShown | ekInput | ekWrites;
+constexpr unsigned Field = ekRow | ekShown | ekWrites;
 constexpr unsigned Number = Field | ekLimits;
 
 const char Value[] = "The element's text becomes the value; a text that is no number reads as 0.";
@@ -89,12 +89,12 @@ const DelegateInfo HiddenTable = {"OrbelHiddenTable", T::Text, None, ekRow | ekW
     {&Unit, &Shape, &ListItem}};
 const DelegateInfo Hidden = {"OrbelHidden", T::Text, prop::Value, ekRow | ekWrites,
     "Nothing: a text that a script sets.", "One element with the text.", Text, {&HiddenText}};
-const DelegateInfo ScriptControl = {"OrbelScriptControl", T::Text, None, ekRow | ekShown | ekInput,
+const DelegateInfo ScriptControl = {"OrbelScriptControl", T::Text, None, ekRow | ekShown,
     "A lamp and the buttons Load, Edit and Clear for a script of the host.", "", "", {&group::Script}};
 const DelegateInfo LineEdit = {"OrbelLineEdit", T::Text, prop::Text, Field,
     "A field for text.", "One element with the text, and the attribute \"unit\" where one is stated.",
     Text, {&Unit, &Line}};
-const DelegateInfo PushButton = {"OrbelPushButton", T::Text, None, ekRow | ekShown | ekInput,
+const DelegateInfo PushButton = {"OrbelPushButton", T::Text, None, ekRow | ekShown,
     "A button whose clicks the script hears.", "", "", {&Button}};
 const DelegateInfo Label = {"OrbelLabel", T::Text, prop::Text, ekRow | ekShown | ekWrites | ekScriptOnly,
     "A text to read.", "One element with the text, untranslated.", Text, {&group::LabelText}};

@@ -1,4 +1,4 @@
-// Rows and groups of the form: labels that stay hidden, controls that stay locked, groups without members.
+// Rows and groups of the form: labels that stay hidden, fields that start locked, groups without members or memory.
 
 #include "elementnames.h"
 #include "formcheck.h"
@@ -38,19 +38,32 @@ void CheckLabel(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
             .arg(label->Text, widget.Name));
 }
 
-void CheckInput(const FormModel &form, FindingSink &sink, const WidgetEntry &widget)
+bool IsLargeField(const WidgetEntry &widget)
 {
-    if (!widget.Has(ekInput) || widget.States(prop::Enabled) || form.ScriptMayCall(widget, "setEnabled"))
-        return;
-    sink.Add(Code::InputUnstated, form.Doc.PlaceOf(widget.Element),
-        QStringLiteral("\"%1\" stays locked after a lock of input, since it does not state enabled").arg(widget.Name));
+    if (widget.Class != QLatin1String("FrequencyEdit"))
+        return false;
+    return widget.States(prop::MainFreqEdit) ? widget.IsTrue(prop::MainFreqEdit)
+                                             : widget.ParameterTag() == QLatin1String("Frequency");
 }
 
-void CheckTitle(const FormModel &form, FindingSink &sink, const WidgetEntry &headline)
+void CheckInput(const FormModel &form, FindingSink &sink, const WidgetEntry &widget)
+{
+    const auto mayCall = [&](const char *setter) { return form.ScriptMayCall(widget, setter); };
+    if (!IsLargeField(widget) || widget.States(prop::Enabled) || mayCall("setEnabled") || mayCall("setReadOnly"))
+        return;
+    sink.Add(Code::InputUnstated, form.Doc.PlaceOf(widget.Element),
+        QStringLiteral("The large field \"%1\" starts locked, since it does not state enabled").arg(widget.Name));
+}
+
+void CheckHeadline(const FormModel &form, FindingSink &sink, const WidgetEntry &headline)
 {
     if (headline.TextOf(prop::Text).isEmpty() && !form.ScriptMayCall(headline, "setText"))
         sink.Add(Code::HeadlineUntitled, form.Doc.PlaceOf(headline.Element),
             QStringLiteral("The headline \"%1\" has no text, and is not made").arg(headline.Name));
+    if (headline.Name.contains(QLatin1Char(',')))
+        sink.Add(Code::HeadlineComma, form.Doc.PlaceOfAttribute(headline.Element, KV218::attribute::Name),
+            QStringLiteral("The headline \"%1\" never comes back collapsed, since its name has a comma")
+                .arg(headline.Name));
 }
 
 } // namespace
@@ -68,7 +81,7 @@ void CheckRows(const FormModel &form, FindingSink &sink)
         CheckInput(form, sink, widget);
         if (IsHeadline(widget)) {
             closeGroup();
-            CheckTitle(form, sink, widget);
+            CheckHeadline(form, sink, widget);
             emptyHeadline = &widget;
         } else if (IsMember(widget)) {
             emptyHeadline = nullptr;

@@ -1,6 +1,7 @@
 #include "externalwidget.h"
 
 #include "floatgrouplayout.h"
+#include "propertynames.h"
 
 #include <QWidget>
 
@@ -17,6 +18,9 @@ void ExternalWidget::CreateGUI(FloatGroupLayout *layout)
     if (!ExtWidget)
         return;
     OrbelDelegate::CreateGUI(layout);
+    // Shown without a parent, it would come up as a window.
+    if (ExtWidget->isWindow())
+        ExtWidget->setParent(layout->parentWidget());
     PropagateProperties(ExtWidget);
     layout->addWidget(ExtWidget);
     layout->addGroup();
@@ -31,7 +35,9 @@ void ExternalWidget::setFocus()
 void ExternalWidget::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    PropagateProperty(name, ExtWidget);
+    const bool mustWait = name == prop::Visible && ExtWidget && ExtWidget->isWindow();
+    if (!mustWait)
+        PropagateProperty(name, ExtWidget);
 }
 
 } // namespace KV218

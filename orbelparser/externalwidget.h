@@ -14,7 +14,7 @@ class ExternalWidget : public OrbelDelegate
     Q_OBJECT
 
 public:
-    /// `external` is not owned.
+    /// `external` is not owned. While it has no parent, it is neither shown nor hidden.
     ExternalWidget(OrbelWidget *widget, QWidget *external);
 
     void CreateGUI(FloatGroupLayout *layout) override;

@@ -52,7 +52,8 @@ public:
     const OrbelSheet &GetSheet() const;
     OrbelScript &GetScript();
     const OrbelScript &GetScript() const;
-    /// The widget to show; null before CreateGUI().
+    /// The widget to show; null before CreateGUI(). The text size that the operator picks is set on its parent, and
+    /// takes the place of the parent's whole style sheet: put it into a plain QWidget of its own.
     QWidget *GetGUI() const;
 
     /// Reads the `ZkParamGui` element on which `reader` stands.
@@ -140,7 +141,8 @@ public:
     void DebugScript();
 
 public Q_SLOTS:
-    /// Loads text size, collapsed groups and the lock of input from the configuration object.
+    /// Loads text size, collapsed groups and the lock of input from the configuration object. CreateGUI() does so
+    /// before the form has a parent: a text size that the parent's style sheet states then counts until this is called.
     void RestoreConfiguration();
 
 Q_SIGNALS:

@@ -8,6 +8,7 @@
 #include "orbelformular.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
+#include "textsize.h"
 #include "xmlwalk.h"
 
 #include <QScopedValueRollback>
@@ -341,18 +342,8 @@ void OrbelSheet::FinishEditing()
 void OrbelSheet::SetFontSize(int size)
 {
     const CallScope call(GetLife());
-    QWidget *top = GetGUI();
-    if (size <= 0 || size > limit::TextSize || !top)
-        return;
-    QWidget *target = top->parentWidget() ? top->parentWidget() : top;
-    if (!target->styleSheet().isEmpty()) {
-        // Meant: the whole style sheet is replaced.
-        target->setStyleSheet(QStringLiteral("font-size: %1pt;").arg(size));
-        return;
-    }
-    QFont font = target->font();
-    font.setPointSize(size);
-    target->setFont(font);
+    if (size > 0 && size <= limit::TextSize && GetGUI())
+        SetTextSize(GetGUI(), size);
 }
 
 void OrbelSheet::EnableInput(bool enable, eEnableScope scope)

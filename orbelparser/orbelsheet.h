@@ -106,7 +106,8 @@ public:
     /// Commits whatever the operator is typing into a control.
     void FinishEditing();
 
-    /// Sets the text size, in points, of the widget in which the form stands. 0 or less is ignored.
+    /// Sets the text size, in points, of the widget in which the form stands: its font's or, where it has a style
+    /// sheet, in place of that whole style sheet. Without a parent the form's own. 0 or less is ignored.
     void SetFontSize(int size);
 
     /// Input is free when both EnableScopeInput and EnableScopeSheet are on; EnableScopePartial then takes a part away.

@@ -9,6 +9,7 @@
 #include <QDebug>
 #include <QFile>
 #include <QTabWidget>
+#include <QVBoxLayout>
 
 namespace KV218
 {
@@ -22,6 +23,16 @@ enum Argument { PathArgument = 4, OptionArgument = 5 };
 void WriteDebugOutput(const QString &text)
 {
     QMessageLogger(nullptr, 0, nullptr, "orbel.viewer").debug().noquote().nospace() << text;
+}
+
+/// The text size that an operator picks is set on the form's parent: here it changes nothing else.
+QWidget *NewHolder(QWidget *form)
+{
+    auto *holder = new QWidget;
+    auto *layout = new QVBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(form);
+    return holder;
 }
 
 } // namespace
@@ -53,7 +64,7 @@ void OrbelTest::LoadOrbel(const QString &path, const QString &option)
     CurrentFormular->CreateValueTree(QStringLiteral("/OrbelTest"));
     CurrentFormular->CreateGUI(true);
     connect(CurrentFormular, &OrbelFormular::si_parametersModified, this, &OrbelTest::sl_parametersModified);
-    MainWindow->setCentralWidget(CurrentFormular->GetGUI());
+    MainWindow->setCentralWidget(NewHolder(CurrentFormular->GetGUI()));
     CurrentFormular->Show();
     MainWindow->show();
 }
@@ -81,7 +92,7 @@ void OrbelTest::LoadComponents(const QString &path)
         formular->CreateGUI(false);
         // Meant: the forms of a list are held by nobody, their changes go nowhere, and they live as long as the
         // process.
-        tabs->addTab(formular->GetGUI(), component);
+        tabs->addTab(NewHolder(formular->GetGUI()), component);
         formular->Show();
     });
     MainWindow->show();

@@ -15,10 +15,23 @@ SectionLine::SectionLine(const QString &title, int gap, QWidget *parent)
 
 bool SectionLine::event(QEvent *event)
 {
-    // A group box sets its margins to its frame's with every new title, font, size or style sheet.
-    if (event->type() == QEvent::ContentsRectChange && contentsMargins() != Margins)
-        setContentsMargins(Margins);
+    if (event->type() == QEvent::ContentsRectChange && contentsMargins() != Margins) {
+        if (contentsMargins() == FrameMargins())
+            setContentsMargins(Margins);
+        else
+            Margins = contentsMargins();
+    }
     return QGroupBox::event(event);
+}
+
+/// What a group box makes its margins with every new title, font, size or style sheet.
+QMargins SectionLine::FrameMargins() const
+{
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    const QRect inside = style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxContents, this);
+    return QMargins(inside.left() - option.rect.left(), inside.top() - option.rect.top(),
+        option.rect.right() - inside.right(), option.rect.bottom() - inside.bottom());
 }
 
 // Indicator and title are drawn one by one: as a whole, some styles and every style sheet draw the frame as well.

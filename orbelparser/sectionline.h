@@ -3,7 +3,8 @@
 #include <QGroupBox>
 
 /// The group box over a section: its title and a line, without the frame that some styles draw around the contents even
-/// of a flat group box. There are no contents; the top contents margin is the gap above the line.
+/// of a flat group box. There are no contents; the top contents margin is the gap above the line. Margins that a host
+/// sets stay, unlike those of a plain group box; ones that equal the frame's are taken for the base class's and do not.
 class SectionLine : public QGroupBox
 {
 public:
@@ -15,5 +16,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    const QMargins Margins;
+    QMargins FrameMargins() const;
+
+    QMargins Margins;
 };

@@ -7,9 +7,8 @@
 #include <QApplication>
 #include <QSettings>
 #include <QTextStream>
+#include <QVBoxLayout>
 #include <QWidget>
-
-#include <memory>
 
 namespace
 {
@@ -62,10 +61,14 @@ int main(int argc, char **argv)
         out << form->GetXmlString(true).trimmed() << '\n' << Qt::flush;
     });
 
-    const std::unique_ptr<QWidget> window(form->GetGUI());
-    window->setWindowTitle(path);
-    window->resize(500, 800);
-    window->show();
+    // A text size is set on the widget around the form, which therefore holds nothing else.
+    QWidget window;
+    auto *layout = new QVBoxLayout(&window);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(form->GetGUI());
+    window.setWindowTitle(path);
+    window.resize(500, 800);
+    window.show();
     const int status = QApplication::exec();
     Save(configuration, settings);
     return status;

@@ -18,24 +18,15 @@ using namespace forms;
 namespace
 {
 
-constexpr int RunTime = 1000;
-
 Findings Find(BrokenForm::Kind kind, const QString &text)
 {
     const QByteArray bytes = text.toUtf8();
-    switch (kind) {
-    case BrokenForm::Definition:
-        return Check::Definition(bytes);
-    case BrokenForm::List:
-        return Check::ComponentList(bytes);
-    case BrokenForm::Change:
-        return Check::Changed(bytes, PlainForm().toUtf8());
-    case BrokenForm::Parameters:
-        return Check::Parameters(bytes, PlainForm().toUtf8());
-    case BrokenForm::Run:
-        return Check::RunDefinition(bytes, RunTime);
-    }
-    return {};
+    const QByteArray plain = PlainForm().toUtf8();
+    return kind == BrokenForm::Definition ? Check::Definition(bytes)
+        : kind == BrokenForm::List        ? Check::ComponentList(bytes)
+        : kind == BrokenForm::Change      ? Check::Changed(bytes, plain)
+        : kind == BrokenForm::Parameters  ? Check::Parameters(bytes, plain)
+                                          : Check::RunDefinition(bytes, 1000);
 }
 
 QString Unmarked(const QString &text)
@@ -76,43 +67,55 @@ QStringList Expected(const BrokenForm &form)
 
 QStringList NamesOf(const QString &element, const QString &text)
 {
-    const QRegularExpression start(QString("<%1 name='([^']*)'").arg(element));
+    const QRegularExpression start(QString("<%1 name=['\"]([^'\"]+)").arg(element));
     QStringList names;
-    auto match = start.globalMatch(text);
-    while (match.hasNext())
+    for (auto match = start.globalMatch(text); match.hasNext();)
         names << match.next().captured(1);
     return names;
 }
 
-/// The names behind "the widget(s)" and the like in what is told as lost.
+/// The names behind "the widget(s)" and the like in what is told as lost, and for each that a long list only counts a
+/// blank.
 QStringList Lost(const Findings &findings, const QString &kind)
 {
-    const QRegularExpression list(QString("lost:.*the %1 ((\"\\w*\"(, )?)+)").arg(kind));
+    const QRegularExpression list(QString("lost:.*the %1 ((?:\"\\w*\"(?:, )?)+)(?: and (\\d+) more)?").arg(kind));
     QStringList names;
     for (const Finding &finding : findings) {
-        const QString quoted = list.match(finding.Text).captured(1);
-        for (const QString &name : quoted.split(QRegularExpression("[\", ]+"), Qt::SkipEmptyParts))
-            names << name;
+        const QRegularExpressionMatch match = list.match(finding.Text);
+        names += match.captured(1).split(QRegularExpression("[\", ]+"), Qt::SkipEmptyParts);
+        for (int more = match.captured(2).toInt(); more > 0; --more)
+            names << " ";
     }
     return names;
-}
-
-/// How many widgets are told as lost, with those that a long list only counts.
-int LostWidgets(const Findings &findings)
-{
-    static const QRegularExpression list("lost:.*the widgets? ((\"\\w*\"(, )?)+)( and (\\d+) more)?");
-    int count = 0;
-    for (const Finding &finding : findings) {
-        const QRegularExpressionMatch match = list.match(finding.Text);
-        count += match.captured(1).count('"') / 2 + match.captured(5).toInt();
-    }
-    return count;
 }
 
 bool SaysScriptIsLost(const Findings &findings)
 {
     return std::any_of(findings.cbegin(), findings.cend(),
         [](const Finding &finding) { return finding.Text.contains(QRegularExpression("lost:.*the script")); });
+}
+
+/// What is told as lost and is there, or is not there and not told as lost.
+QStringList Untruths(const QString &text, const Form &form, const Findings &findings)
+{
+    QStringList untrue;
+    const QStringList widgets = NamesOf("Widget", text);
+    const QStringList lost = Lost(findings, "widgets?");
+    const auto isThere = [&](const QString &name) { return Delegate(form, name) != nullptr; };
+    std::copy_if(lost.cbegin(), lost.cend(), std::back_inserter(untrue), isThere);
+    if (widgets.size() - std::count_if(widgets.cbegin(), widgets.cend(), isThere) != lost.size())
+        untrue << "widgets";
+    for (const QString &name : NamesOf("Enum", text)) {
+        if (form->HasEnum(name) == Lost(findings, "enumerations?").contains(name))
+            untrue << name;
+    }
+    for (const QString &name : Lost(findings, "propert(?:y|ies)")) {
+        if (isThere("first") && Delegate(form, "first")->property(name.toUtf8()).isValid())
+            untrue << name;
+    }
+    if (form->GetScript().GetCode().isEmpty() != (SaysScriptIsLost(findings) || !text.contains("<Script")))
+        untrue << "script";
+    return untrue;
 }
 
 } // namespace
@@ -145,48 +148,25 @@ private Q_SLOTS:
 
     void everyCodeIsShown()
     {
-        QSet<QString> shown;
-        for (const BrokenForm &form : BrokenForms()) {
-            for (const QString &code : QString(form.codes).split(QRegularExpression("[ +]")))
-                shown << code;
-        }
-        QStringList missing;
+        QStringList shown;
+        for (const BrokenForm &form : BrokenForms())
+            shown += QString(form.codes).split(QRegularExpression("[ +]"));
         for (int i = 0; i < AllCodes().size(); ++i) {
             QCOMPARE(int(AllCodes().at(i).code), i);
-            if (!shown.contains(AllCodes().at(i).name))
-                missing << AllCodes().at(i).name;
+            QVERIFY2(shown.contains(AllCodes().at(i).name), AllCodes().at(i).name);
         }
-        QCOMPARE(missing.join(' '), QString());
     }
 
     void whatIsToldAsLostIsLost_data() { findingsStandWhereTheMistakesAre_data(); }
 
-    /// And what is not told as lost is there.
     void whatIsToldAsLostIsLost()
     {
         QFETCH(int, index);
         const BrokenForm &broken = BrokenForms().at(index);
         const QString text = Unmarked(broken.text);
-        const Findings findings = Check::Definition(text.toUtf8());
         const Form form = broken.kind == BrokenForm::Definition ? Parse(text) : Form();
-        if (!form)
-            return;
-        QStringList names = NamesOf("Widget", text);
-        names.removeAll("");
-        for (const QString &name : Lost(findings, "widgets?"))
-            QVERIFY2(names.removeOne(name), qPrintable(name));
-        QStringList read = Names(form).split(' ', Qt::SkipEmptyParts);
-        for (const QString &name : QStringList(read)) {
-            if (name.contains('_'))
-                read.removeAll(name);
-        }
-        QCOMPARE(read.join(' '), names.join(' ').split(' ', Qt::SkipEmptyParts).join(' '));
-        for (const QString &name : NamesOf("Enum", text))
-            QCOMPARE(form->HasEnum(name), !Lost(findings, "enumerations?").contains(name));
-        for (const QString &name : Lost(findings, "propert(?:y|ies)"))
-            QVERIFY2(!Delegate(form, "first")->property(name.toUtf8()).isValid(), qPrintable(name));
-        const bool hasScript = text.contains("<Script>");
-        QCOMPARE(!form->GetScript().GetCode().isEmpty(), hasScript && !SaysScriptIsLost(findings));
+        if (form)
+            QCOMPARE(Untruths(text, form, Check::Definition(text.toUtf8())).join(' '), QString());
     }
 
     void lossesOfRandomMistakesAreTrue()
@@ -198,8 +178,6 @@ private Q_SLOTS:
         QFile file(ORBEL_EXAMPLES_DIR "/forms/scan.orbel");
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QString right = QString::fromUtf8(file.readAll());
-        const QStringList names = NamesOf("Widget", QString(right).replace('"', '\''));
-        QVERIFY(names.size() > 10);
         int cut = 0;
         QRandomGenerator random(1);
         for (int round = 0; round < 300; ++round) {
@@ -212,14 +190,9 @@ private Q_SLOTS:
             const Findings findings = Check::Definition(text.toUtf8());
             if (!form || Told(findings).join(' ').contains("xml-"))
                 continue;
-            for (const QString &name : Lost(findings, "widgets?"))
-                QVERIFY2(!Delegate(form, name), qPrintable(name + " in " + text));
-            int missing = 0;
-            for (const QString &name : names)
-                missing += Delegate(form, name) ? 0 : 1;
-            QVERIFY2(missing == LostWidgets(findings), qPrintable(text));
-            cut += missing > 0 ? 1 : 0;
-            QVERIFY2(form->GetScript().GetCode().isEmpty() == SaysScriptIsLost(findings), qPrintable(text));
+            const QStringList untrue = Untruths(text, form, findings);
+            QVERIFY2(untrue.isEmpty(), qPrintable(untrue.join(' ') + " in " + text));
+            cut += Lost(findings, "widgets?").isEmpty() ? 0 : 1;
         }
         QVERIFY2(cut > 100, qPrintable(QString::number(cut)));
     }
@@ -247,16 +220,23 @@ private Q_SLOTS:
                    "</EnumValue></Enum></Enums><Sheet>"
                 + Widget("label", "Label", {"labelText=String:L"}) + Widget("box", "CheckBox", {"checked=Bool:True"})
                 + Widget("mode", "ComboBox", {"enumName=String:E", "currentValue=String:2"})
-                + Widget("number", "SpinBox", {"value=Int:1.5"}) + "</Sheet></ZkParamGui>");
+                + Widget("number", "SpinBox", {"value=Int:1.5"}) + Widget("Frequency", "FrequencyEdit")
+                + Widget("a,b", "Headline", {"text=String:A"}) + "</Sheet></ZkParamGui>");
         form->CreateGUI(false);
         const std::unique_ptr<QWidget> gui(form->GetGUI());
-        form->EnableInput(false);
-        form->EnableInput(true);
         QVERIFY2(gui->findChild<QLabel *>("labellabel")->isHidden(), "label-hidden");
-        QVERIFY2(!gui->findChild<QWidget *>("box")->isEnabled(), "input-unstated");
+        QVERIFY2(!gui->findChild<QToolButton *>()->isEnabled(), "input-unstated");
         QVERIFY2(!Delegate(form, "box")->GetBool("checked", true), "bool-text");
         QCOMPARE(Delegate(form, "mode")->property("currentValue").toString(), QString("1"));
         QCOMPARE(Delegate(form, "number")->GetInt("value", -1), -1);
+        QObject configuration;
+        configuration.setProperty("f-collapsed", "a,b");
+        form->SetConfigObject(&configuration, "f");
+        QVERIFY2(form->GetSheet().GetCollapsed().isEmpty(), "headline-comma");
+        QTemporaryFile file;
+        const QByteArray bytes = QTextCodec::codecForName("UTF-16")->fromUnicode("\r\n<ZkParamGui/>");
+        QVERIFY(file.open() && file.write(bytes) == bytes.size() && file.flush());
+        QVERIFY2(!KV218::OrbelParser().ParseORBELFile(file.fileName()), "UTF-16 with CR LF");
     }
 
     void rightFormsAreClean_data()
@@ -282,50 +262,43 @@ private Q_SLOTS:
     void oddButRightFormsAreSilent_data()
     {
         const auto add = Columns<QString>({"text"});
-        const QString stated = "<Property name='enabled'><Bool>true</Bool></Property>";
-        const auto sheet = [](const QString &body, const QString &rest) { return Definition(body, rest); };
+        const QString large = Widget("a", "FrequencyEdit", {"MainFreqEdit=Bool:true"});
         add("script shows the label later",
-            sheet(Widget("a", "Label", {"labelText=String:L"}), "<Script>a.setVisible(true);</Script>"));
-        add("script states enabled", sheet(Widget("a", "CheckBox"), "<Script>a.setEnabled(true);</Script>"));
+            Definition(Widget("a", "Label", {"labelText=String:L"}), "<Script>a.setVisible(true);</Script>"));
+        add("large field that the script frees", Definition(large, "<Script>a.setReadOnly(false);</Script>"));
         add("script knows a control by another name",
-            sheet(Widget("a", "CheckBox"), "<Script>var b = a; b.setEnabled(true);</Script>"));
+            Definition(large, "<Script>var b = a; b.setEnabled(true);</Script>"));
         add("script names control and function in texts",
-            sheet(Widget("a", "CheckBox"), "<Script>this['a'][\"setEnabled\"](true);</Script>"));
-        add("script in a script",
-            sheet(Widget("a", "CheckBox"), "<Script>eval('a.setEnabled(' + true + ')');</Script>"));
+            Definition(large, "<Script>this['a'][\"setEnabled\"](true);</Script>"));
+        add("script in a script", Definition(large, "<Script>eval('a.setEnabled(' + true + ')');</Script>"));
         add("deep brackets",
-            sheet("",
+            Definition("",
                 "<Script>var x = " + QString("[").repeated(300) + QString("]").repeated(300) + "{{LF}}x;</Script>"));
-        add("property for the script", sheet(Widget("a", "Label", {"own=Int:1"}), "<Script>print(a.own);</Script>"));
-        add("holder of properties", sheet(Widget("a", "SpecialObject_Generic", {"anything=Int:1"}), ""));
+        add("property for the script",
+            Definition(Widget("a", "Label", {"own=Int:1"}), "<Script>print(a.own);</Script>"));
+        add("holder of properties", Definition(Widget("a", "SpecialObject_Generic", {"anything=Int:1"})));
         add("enumeration that the host fills",
-            sheet(Widget("a", "ComboBox", {"enabled=Bool:true", "enumName=String:E", "currentValue=String:7"}),
+            Definition(Widget("a", "ComboBox", {"enumName=String:E", "currentValue=String:7"}),
                 "<Enums><Enum name='E'/></Enums>"));
         add("limits that the script moves",
-            sheet(Widget("a", "SpinBox", {"enabled=Bool:true", "value=Int:5", "maximum=Int:1"}),
-                "<Script>a.setMaximum(9);</Script>"));
+            Definition(Widget("a", "SpinBox", {"value=Int:5", "maximum=Int:1"}), "<Script>a.setMaximum(9);</Script>"));
         add("value on its scaled limit",
-            sheet(Widget("a", "BandwidthEdit",
-                      {"enabled=Bool:true", "value=Int64:20000", "unitScale=UInt64:1000", "maximum=Int64:20"}),
-                ""));
+            Definition(
+                Widget("a", "BandwidthEdit", {"value=Int64:20000", "unitScale=UInt64:1000", "maximum=Int64:20"})));
         add("fraction of a scaled limit",
-            sheet(Widget("a", "SpinBox", {"enabled=Bool:true", "minimum=Double:0.5", "displayScalingFactor=Double:0.1"})
-                    + Widget(
-                        "b", "BandwidthEdit", {"enabled=Bool:true", "maximum=Double:1.5", "unitScale=UInt64:1000000"}),
-                ""));
-        add("word for what nothing reads",
-            sheet(Widget("a", "FrequencyEdit", {"enabled=Bool:true", "unitScale=String:kHz"}), ""));
+            Definition(Widget("a", "SpinBox", {"minimum=Double:0.5", "displayScalingFactor=Double:0.1"})
+                + Widget("b", "BandwidthEdit", {"maximum=Double:1.5", "unitScale=UInt64:1000000"})));
+        add("word for what nothing reads", Definition(Widget("a", "FrequencyEdit", {"unitScale=String:kHz"})));
         add("range that the script moves",
-            sheet(Widget("a", "FrequencyRangeEdit",
-                      {"enabled=Bool:true", "startFrequency=Int64:9000", "stopFrequency=Int64:9000"}),
+            Definition(Widget("a", "FrequencyRangeEdit", {"startFrequency=Int64:9000", "stopFrequency=Int64:9000"}),
                 "<Script>a.setRange(10000, 20000);</Script>"));
-        add("types that convert", sheet(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "}), ""));
+        add("types that convert", Definition(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "})));
         add("words of the language",
-            sheet("",
+            Definition("",
                 "<Script>outer: for (var i = 0; i != 2; ++i) { (function () { return arguments[0] === undefined; "
                 "})(Math.PI, isNaN(i)); if (i) break outer; }</Script>"));
         add("marks inside a text of the script",
-            sheet("", "<Script>var a = \"x\"; // don't{{LF}}a = /[/'\"]/.test(a) ? a : 'y';</Script>"));
+            Definition("", "<Script>var a = \"x\"; // don't{{LF}}a = /[/'\"]/.test(a) ? a : 'y';</Script>"));
         add("namespaces and a schema",
             QString("<ZkParamGui xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
                     "xsi:noNamespaceSchemaLocation='orbel.xsd'/>"));
@@ -343,7 +316,13 @@ private Q_SLOTS:
         const auto add = Columns<QByteArray, QString>({"bytes", "told"});
         const QByteArray wrong = "<Widget name=\"a\" class=\"Labl\"/></Sheet></ZkParamGui>";
         const QByteArray start = "<ZkParamGui><Sheet>";
+        const auto utf16 = [](const QString &text) { return QTextCodec::codecForName("UTF-16")->fromUnicode(text); };
         add("line feeds", "\n\n" + start + "\n " + wrong, "4:26 class-unknown");
+        add("UTF-16 with line feeds", utf16("<ZkParamGui>\n<Sheet x=''/></ZkParamGui>"), "2:8 attribute-unknown");
+        add("UTF-16 with CR LF", utf16("<ZkParamGui>\n<Sheet>\r\n</Sheet></ZkParamGui>"), "2:9 xml-malformed");
+        add("UTF-16 with a letter of a byte 0D", utf16(QString("<ZkParamGui version='a") + QChar(0x10d)),
+            "1:23 xml-malformed");
+        add("words that only a carriage return parts", "<ZkParamGui><Sheet\rname='s'/>", "2:6 xml-malformed");
         add("carriage returns", start + "\r\r\n" + wrong, "3:25 class-unknown");
         add("tabs and letters beyond ASCII", "<!-- \xc3\xa4\xf0\x9f\x93\xbb -->\t" + start + wrong,
             "1:56 class-unknown");
@@ -364,22 +343,6 @@ private Q_SLOTS:
         QVERIFY2(all.contains(told), qPrintable(all.join(", ")));
     }
 
-    void suggestionsAreNear_data()
-    {
-        const auto add = Columns<QString, QString>({"className", "suggestion"});
-        add("another case", "Spinbox", "did you mean \"SpinBox\"?");
-        add("a letter too many", "LineEditt", "did you mean \"LineEdit\"?");
-        add("nothing near", "Thermometer", "");
-    }
-
-    void suggestionsAreNear()
-    {
-        QFETCH(QString, className);
-        QFETCH(QString, suggestion);
-        const QString text = Check::Definition(Definition(Widget("a", className)).toUtf8()).value(0).Text;
-        QVERIFY2(suggestion.isEmpty() ? !text.contains("did you") : text.endsWith(suggestion), qPrintable(text));
-    }
-
     void textsTellWhatToDo_data()
     {
         const auto add = Columns<QString, QString>({"form", "text"});
@@ -390,6 +353,10 @@ private Q_SLOTS:
         add("long name with marks inside",
             Definition("<Widget name='a' class='" + QString("q&quot;").repeated(60) + "' x='1'/>"),
             "There is no class \"" + QString("q\"").repeated(40) + "...\"");
+        add("class in another case", Definition(Widget("a", "Spinbox")),
+            "There is no class \"Spinbox\"; did you mean \"SpinBox\"?");
+        add("class with a letter too many", Definition(Widget("a", "LineEditt")),
+            "There is no class \"LineEditt\"; did you mean \"LineEdit\"?");
         add("root in the wrong case", "<zkParamGUI/>",
             "There is no form in the document; did you mean \"ZkParamGui\"?");
         add("element in another place", "<ZkParamGui><Property/></ZkParamGui>",
@@ -455,30 +422,6 @@ private Q_SLOTS:
         const QByteArray whole = file.readAll().trimmed();
         for (int length = 0; length < whole.size(); length += 37)
             QVERIFY2(!Check::IsClean(Check::Definition(whole.left(length))), qPrintable(QString::number(length)));
-    }
-
-    void checkingIsAboutAsFastAsParsingTwice()
-    {
-        QString body;
-        for (int i = 0; i < 10000; ++i)
-            body += Widget(QString("w%1").arg(i), "DoubleSpinBox",
-                {"labelText=String:L", "visible=Bool:true", "enabled=Bool:true", "value=Double:1", "minimum=Double:0",
-                    "maximum=Double:9", "generateParameterXml=Bool:true",
-                    "parameterXmlTag=String:" + QString("g/t%1").arg(i)});
-        const QByteArray bytes = Definition(body).toUtf8();
-        qint64 parse = std::numeric_limits<qint64>::max();
-        qint64 check = parse;
-        for (int i = 0; i < 3; ++i) {
-            QElapsedTimer clock;
-            clock.start();
-            const Form form(KV218::OrbelParser().ParseORBEL(bytes));
-            parse = qMin(parse, clock.nsecsElapsed());
-            clock.start();
-            QCOMPARE(Told(Check::Definition(bytes)).join(' '), QString());
-            check = qMin(check, clock.nsecsElapsed());
-        }
-        qInfo("parse %lld ms, check %lld ms", parse / 1000000, check / 1000000);
-        QVERIFY(check < 4 * parse);
     }
 };
 

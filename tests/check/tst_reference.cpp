@@ -106,7 +106,6 @@ private Q_SLOTS:
         add("change of two forms", {"check", right, wrong, "--changed", change}, 2, "", "orbel: --changed wants exactly one form definition\n");
         add("document of a list", {"check", list, "--params", document}, 2, "", "orbel: --params wants exactly one form definition\n");
         add("word behind classes", {"classes", "all"}, 2, "", "orbel: there is one argument too many: \"all\"\n");
-        add("word behind schema", {"schema", "all"}, 2, "", "orbel: there is one argument too many: \"all\"\n");
         add("reference without a folder", {"reference"}, 2, "", "orbel: one OUTDIR is wanted\n");
         add("reference in a file", {"reference", right}, 1, "", "orbel: " + right + ": the folder cannot be made\n");
         // clang-format on
@@ -193,7 +192,6 @@ private Q_SLOTS:
         const QString property = "<Property name='text'><String>x</String></Property>";
         const auto label
             = [](const QString &body) { return Sheet("<Widget name='a' class='Label'>" + body + "</Widget>"); };
-        add("another root", "<Form/>");
         add("unknown child", "<ZkParamGui><Widgets/></ZkParamGui>");
         add("wrapper inside a widget", label("<Properties>" + property + "</Properties>"));
         add("empty property", label("<Property name='text'/>"));
@@ -204,11 +202,7 @@ private Q_SLOTS:
         add("unknown type of value", label(QString(property).replace("String", "Text")));
         add("capital True", label("<Property name='visible'><Bool>True</Bool></Property>"));
         add("fraction in an Int", label("<Property name='text'><Int>1.5</Int></Property>"));
-        add("number between blanks below 0", label("<Property name='text'><UInt64> -1 </UInt64></Property>"));
-        add("unknown attribute", Sheet("<Widget nme='a' class='Label'/>"));
         add("two widgets of one name", Sheet("<Widget name='a' class='Label'/><Widget name='a' class='Label'/>"));
-        add("property of a widget on the sheet", Sheet("<Properties>" + property + "</Properties>"));
-        add("enumeration without a name", "<ZkParamGui><Enums><Enum/></Enums></ZkParamGui>");
         add("two values of a row",
             "<ZkParamGui><Enums><Enum name='e'><EnumValue><Value/><Value/></EnumValue></Enum></Enums></ZkParamGui>");
     }

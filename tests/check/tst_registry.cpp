@@ -161,21 +161,6 @@ private Q_SLOTS:
         QCOMPARE(Sorted(read - known), QString("Attribute_ visible"));
     }
 
-    void everyConstantHasAnEntry()
-    {
-        QSet<QString> known{"Attribute_"};
-        for (const ClassInfo &info : Registry::Classes()) {
-            for (const QString &name : Registry::PropertyNames(info))
-                known << name;
-        }
-        for (const QString &name : Registry::SheetPropertyNames())
-            known << name;
-        QString uses;
-        for (const QStringList &constant : Matches("QLatin1String (\\w+) = ", TextOf(Source + "propertynames.h")))
-            uses += "prop::" + constant.at(1) + ' ';
-        QCOMPARE(Sorted(PropertiesIn(uses) - known), QString());
-    }
-
     void traitsAreTrue_data()
     {
         QTest::addColumn<QString>("className");

@@ -10,9 +10,6 @@
 
 #include <functional>
 
-Q_DECLARE_METATYPE(std::function<void(QComboBox &)>)
-Q_DECLARE_METATYPE(std::function<void(VCNumericFloatSpin &)>)
-
 class TestRemembered : public QObject
 {
     Q_OBJECT
@@ -20,92 +17,72 @@ class TestRemembered : public QObject
 private Q_SLOTS:
     void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
-    void hintsAreThoseOfAPlainBox_data()
-    {
-        using Step = std::function<void(QComboBox &)>;
-        const auto row
-            = [](const char *name, const Step &first, const Step &second) { QTest::newRow(name) << first << second; };
-        QTest::addColumn<Step>("first");
-        QTest::addColumn<Step>("second");
-        const Step show = [](QComboBox &box) { box.show(); };
-        const Step longer = [](QComboBox &box) { box.addItem("a much longer item than all the others"); };
-        const Step icon = [](QComboBox &box) { box.setItemIcon(0, QPixmap(9, 9)); };
-        row("shown at once", show, show);
-        row("a longer item, then shown", longer, show);
-        row("shown, then a longer item", show, longer);
-        row(
-            "a changed item, then shown", [](QComboBox &box) { box.setItemText(0, "changed to something longer"); },
-            show);
-        row(
-            "fewer items, then shown", [](QComboBox &box) { box.removeItem(1); }, show);
-        row("another font", show, [](QComboBox &box) { box.setFont(QFont(box.font().family(), 30)); });
-        row("another style", show, [](QComboBox &box) { box.setStyle(QApplication::style()); });
-        row("a style sheet", show, [](QComboBox &box) { box.setStyleSheet("font-size: 30pt;"); });
-        row("an icon, then shown", icon, show);
-        row("icons of another size", icon, [](QComboBox &box) { box.setIconSize({50, 50}); });
-        row(
-            "no frame, then shown", [](QComboBox &box) { box.setFrame(false); }, show);
-        row("a least length", show, [](QComboBox &box) { box.setMinimumContentsLength(60); });
-        row(
-            "adjusting to its contents", [](QComboBox &box) { box.setSizeAdjustPolicy(QComboBox::AdjustToContents); },
-            longer);
-        row("another model", show,
-            [](QComboBox &box) { box.setModel(new QStringListModel({"an item of another model"}, &box)); });
-    }
-
     void hintsAreThoseOfAPlainBox()
     {
-        QFETCH(std::function<void(QComboBox &)>, first);
-        QFETCH(std::function<void(QComboBox &)>, second);
-        QComboBox plain;
-        VCComboBoxClassic ours;
+        const std::vector<std::function<void(QComboBox &)>> steps{
+            [](QComboBox &box) { box.show(); },
+            [](QComboBox &box) { box.addItem("a much longer item than all the others"); },
+            [](QComboBox &box) { box.setItemText(0, "changed to something longer"); },
+            [](QComboBox &box) { box.removeItem(1); },
+            [](QComboBox &box) { box.setFont(QFont(box.font().family(), 30)); },
+            [](QComboBox &box) { box.setStyle(QApplication::style()); },
+            [](QComboBox &box) { box.setStyleSheet("font-size: 30pt;"); },
+            [](QComboBox &box) { box.setItemIcon(0, QPixmap(9, 9)); },
+            [](QComboBox &box) {
+                box.setIconSize({50, 50});
+            },
+            [](QComboBox &box) { box.setFrame(false); },
+            [](QComboBox &box) { box.setMinimumContentsLength(60); },
+            [](QComboBox &box) { box.setSizeAdjustPolicy(QComboBox::AdjustToContents); },
+            [](QComboBox &box) { box.setModel(new QStringListModel({"an item of another model"}, &box)); },
+        };
         const auto hints = [](const QComboBox &box) { return qMakePair(box.sizeHint(), box.minimumSizeHint()); };
-        plain.addItems({"one", "another one"});
-        ours.addItems({"one", "another one"});
-        QCOMPARE(hints(ours), hints(plain));
-        for (const auto &step : {first, second}) {
-            step(plain);
-            step(ours);
+        for (size_t i = 0; i < steps.size() * steps.size(); ++i) {
+            QComboBox plain;
+            VCComboBoxClassic ours;
+            plain.addItems({"one", "another one"});
+            ours.addItems({"one", "another one"});
             QCOMPARE(hints(ours), hints(plain));
+            for (const size_t step : {i / steps.size(), i % steps.size()}) {
+                steps[step](plain);
+                steps[step](ours);
+                QVERIFY2(hints(ours) == hints(plain), qPrintable(QString("step %1 of pair %2").arg(step).arg(i)));
+            }
         }
-    }
-
-    void aNumberThatWasTakenAwayIsShownAgain_data()
-    {
-        using Step = std::function<void(VCNumericFloatSpin &)>;
-        QTest::addColumn<Step>("step");
-        QTest::newRow("another text") << Step(
-            [](VCNumericFloatSpin &spin) { spin.findChild<QLineEdit *>()->setText("9.00"); });
-        QTest::newRow("cleared") << Step([](VCNumericFloatSpin &spin) { spin.clear(); });
-        QTest::newRow("another number of the base class")
-            << Step([](VCNumericFloatSpin &spin) { spin.QDoubleSpinBox::setValue(9); });
-        QTest::newRow("another number from who heard of this one") << Step([](VCNumericFloatSpin &spin) {
-            const auto changed = QOverload<double>::of(&QDoubleSpinBox::valueChanged);
-            const auto link = std::make_shared<QMetaObject::Connection>();
-            *link = connect(&spin, changed, &spin, [&spin, link] {
-                disconnect(*link);
-                spin.QDoubleSpinBox::setValue(9);
-            });
-            spin.setValue(3);
-            spin.setValue(2);
-        });
     }
 
     void aNumberThatWasTakenAwayIsShownAgain()
     {
-        QFETCH(std::function<void(VCNumericFloatSpin &)>, step);
-        ValueDouble node("n");
-        VCNumericFloatSpin spin;
-        spin.setAdditionalPrecision(2);
-        spin.SetNumericValue(&node);
-        node.SetValue(2, nullptr);
-        QCOMPARE(spin.text(), QString("2.00"));
-        step(spin);
-        node.HasChanged(ekChangeValue, nullptr);
-        QCOMPARE(spin.text(), QString("2.00"));
-        QCOMPARE(spin.value(), 2.0);
-        node.SetStep(0.001, nullptr);
-        QCOMPARE(spin.text(), QString("2.00000"));
+        using Spin = VCNumericFloatSpin;
+        const std::pair<const char *, std::function<void(Spin &)>> steps[]{
+            {"another text", [](Spin &spin) { spin.findChild<QLineEdit *>()->setText("9.00"); }},
+            {"cleared", [](Spin &spin) { spin.clear(); }},
+            {"another number of the base class", [](Spin &spin) { spin.QDoubleSpinBox::setValue(9); }},
+            {"another number from who heard of this one",
+                [](Spin &spin) {
+                    const auto changed = QOverload<double>::of(&QDoubleSpinBox::valueChanged);
+                    QObject once;
+                    connect(&spin, changed, &once, [&] {
+                        spin.disconnect(&once);
+                        spin.QDoubleSpinBox::setValue(9);
+                    });
+                    spin.setValue(3);
+                    spin.setValue(2);
+                }},
+        };
+        for (const auto &[name, step] : steps) {
+            ValueDouble node("n");
+            Spin spin;
+            spin.setAdditionalPrecision(2);
+            spin.SetNumericValue(&node);
+            node.SetValue(2, nullptr);
+            QCOMPARE(spin.text(), QString("2.00"));
+            step(spin);
+            node.HasChanged(ekChangeValue, nullptr);
+            QVERIFY2(spin.text() == "2.00" && spin.value() == 2.0, name);
+            node.SetStep(0.001, nullptr);
+            QVERIFY2(spin.text() == "2.00000", name);
+        }
     }
 };
 

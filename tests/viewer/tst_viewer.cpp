@@ -119,7 +119,7 @@ private Q_SLOTS:
         QVERIFY(Init({Write("mute.orbel", MuteForm), "other"}));
         const QMainWindow *window = Viewer->GetWindow();
         QVERIFY(window->isVisible() && Viewer->GetFormular()->GetGUI()->isVisible());
-        QCOMPARE(window->centralWidget(), Viewer->GetFormular()->GetGUI());
+        QVERIFY2(window->centralWidget() == Viewer->GetFormular()->GetGUI()->parentWidget(), "a holder of its own");
         QCOMPARE(Viewer->GetFormular()->GetVTPath(), QString("/OrbelTest"));
         QCOMPARE(window->sizeHint(), QSize(500, 800));
         window->findChild<QCheckBox *>("mute")->click();
@@ -162,6 +162,20 @@ private Q_SLOTS:
         QVERIFY(!Tabs()->findChild<QPushButton *>("applyButton"));
         QVERIFY(!Viewer->GetFormular());
         QVERIFY(Told.isEmpty());
+    }
+
+    void theTabKeyStaysInTheVisibleTab()
+    {
+        const QString form = Definition("ORBEL", MuteForm);
+        Init({Write("list.xml", "<List>" + form + form + "</List>")});
+        QVERIFY(QTest::qWaitForWindowActive(Viewer->GetWindow()));
+        QSet<QWidget *> seen;
+        for (int i = 0; i < 9; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QVERIFY(!Tabs()->widget(1)->isAncestorOf(QApplication::focusWidget()));
+            seen << QApplication::focusWidget();
+        }
+        QVERIFY(seen.contains(Tabs()->widget(0)->findChild<QCheckBox *>("mute")));
     }
 
     void formsOfAListAreNumberedInTheValueTree()
