@@ -140,6 +140,8 @@ void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVaria
     } else if (name == prop::SpacingsCount) {
         ResizeSpacings(CountOf(value));
         FillTable();
+    } else if (name == prop::Decimals && Control) {
+        Control->viewport()->update();
     }
     PropagateProperty(name, Control);
 }

@@ -173,9 +173,21 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
     if (name == prop::FrequencyLock && lockButton)
         ShowLock(value.toBool());
     PropagateProperty(name, frequencyControl);
+    FreeInput(name, value);
     PropagateProperty(name, lineEdit);
     if (lockVisible && name == prop::Visible)
         PropagateProperty(name, lockButton);
+}
+
+/// To the control itself nothing changes when a lock ends that only the absence of `enabled` made.
+void OrbelFrequencyEdit::FreeInput(const QString &name, const QVariant &value)
+{
+    if (!frequencyControl || !IsDefined(name) || value.isNull())
+        return;
+    if (name == prop::Enabled && value.toBool())
+        frequencyControl->setEnabled(true);
+    else if (name == prop::ReadOnly && !value.toBool())
+        frequencyControl->setReadOnly(false);
 }
 
 void OrbelFrequencyEdit::WritePropertyToNode(const QString &name, const QVariant &value)

@@ -76,6 +76,7 @@ private:
     QString BandwidthPath() const;
     void ShowLock(bool locked);
     void KeepLockOpenToAnswers();
+    void FreeInput(const QString &name, const QVariant &value);
     void WritePropertyToNode(const QString &name, const QVariant &value);
     /// What the node holds of the property of that name, in Hz; invalid for nothing.
     QVariant HeldFrequency(const QString &name) const;

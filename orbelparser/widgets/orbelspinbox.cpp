@@ -104,7 +104,9 @@ QVariant OrbelSpinBox::HeldNumber(const QString &name) const
 
 void OrbelSpinBox::TakeNode()
 {
-    if (ValueNode)
+    // A text with a fraction is no number here, and counts as 0.
+    const bool isText = property(prop::Value.data()).userType() == QMetaType::QString;
+    if (ValueNode && !(isText && GetNearestInt(prop::Value, 0) == ValueNode->GetValue()))
         TakeNumber(prop::Value, ValueNode->GetValue());
 }
 
