@@ -232,6 +232,14 @@ int OrbelDelegate::GetNearestInt(const PropertyKey &name, int defaultValue) cons
     return fits ? GetInt(name, defaultValue) : Saturated<int>(number);
 }
 
+double OrbelDelegate::GetStatedNumber(const PropertyKey &name) const
+{
+    bool isNumber = false;
+    const QVariant own = property(name.data());
+    const double stated = own.toDouble(&isNumber);
+    return isNumber || !own.isValid() ? stated : qQNaN();
+}
+
 bool OrbelDelegate::RefuseNoNumber(const PropertyKey &name, const QVariant &value, const QVariant &held)
 {
     if (value.userType() != QMetaType::Double || std::isfinite(value.toDouble()))
@@ -260,8 +268,13 @@ void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVari
 {
     const QVariant own = property(PropertyKey(name).data());
     if (enable) {
+        const Call call(this);
         DefineProperty(name);
-        SetPropertyAlways(name, own);
+        // Qt tells nobody of a property that is not there and stays away.
+        if (own.isValid())
+            SetPropertyAlways(name, own);
+        else
+            PropertyChanged(name, own);
         return;
     }
     if (!IsDefined(name))

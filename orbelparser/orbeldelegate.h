@@ -222,6 +222,8 @@ protected:
     /// Has the property state `held`, the number that the node holds, where it states another one: no signal, no mark. A
     /// text that is no number stays.
     void TakeNumber(const PropertyKey &name, const QVariant &held);
+    /// The number that the property states: 0 where it is absent, no number (NaN) where a text is none.
+    double GetStatedNumber(const PropertyKey &name) const;
     /// Whether `value` is infinite or no number at all, as a script may compute it; such a one counts for nothing, and the
     /// property takes `held` again, or goes when that is invalid.
     bool RefuseNoNumber(const PropertyKey &name, const QVariant &value, const QVariant &held);

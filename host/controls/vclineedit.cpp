@@ -86,6 +86,7 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
     if (!Node.HasNews(subject, code))
         return;
     NodeSpoke = true;
+    NodeWaits = IsPending();
     if (!IsEditing())
         ShowNode();
 }
@@ -170,6 +171,7 @@ bool VCLineEdit::Commit(const QString &typed)
 {
     Shown = typed;
     NodeSpoke = false;
+    NodeWaits = false;
     if (!Survives(this, [&] { Q_EMIT signalTextFinallyChanged(typed); }))
         return false;
     // A node that spoke meanwhile was written by a receiver, perhaps with another text, which counts.
@@ -191,6 +193,7 @@ bool VCLineEdit::ShowNode()
         Content = NodeToShown ? NodeToShown(Node->GetStringValue()) : Node->GetStringValue();
     return Late.After([this] {
         const QScopedValueRollback<bool> showing(Showing, true);
+        NodeWaits = false;
         if (text() != Content)
             setText(Content);
         Shown = text();

@@ -80,7 +80,7 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    bool IsPending() const { return !Showing && text() != Shown; }
+    bool IsPending() const { return !Showing && (text() != Shown || NodeWaits); }
     bool Commit(const QString &typed);
     bool WriteTyped(const QString &typed);
     void TellEdited() { Q_EMIT signalTextEdited(text()); }
@@ -98,6 +98,8 @@ private:
     QString Shown;
     bool Showing = false;
     bool NodeSpoke = false;
+    // The node has another text than the shown one by now, and a pending text keeps it from the screen.
+    bool NodeWaits = false;
     // While a wrong text is marked: the field's own colours.
     std::optional<QPalette> Unmarked;
 };

@@ -281,7 +281,7 @@ int VCNumericFloatSpin::PlacesNeeded()
 
 bool VCNumericFloatSpin::IsPending() const
 {
-    return Typed != ShownText && Typed == lineEdit()->text();
+    return (Typed != ShownText || NodeWaits) && Typed == lineEdit()->text();
 }
 
 QString VCNumericFloatSpin::WithoutAffixes(const QString &text) const
@@ -310,7 +310,7 @@ std::optional<double> VCNumericFloatSpin::PendingNumber() const
     if (!IsPending())
         return {};
     const std::optional<double> typed = ReadNumber(lineEdit()->text());
-    if (!typed || *typed == Shown)
+    if (!typed || (*typed == Shown && !NodeWaits))
         return {};
     return typed;
 }
@@ -416,11 +416,13 @@ void VCNumericFloatSpin::ShowNode()
         // The arrows follow the step, which may have changed.
         update();
     }
+    NodeWaits = false;
     Typed = ShownText;
 }
 
 void VCNumericFloatSpin::ShowNodeAfterEdit()
 {
-    if (!IsPending())
+    NodeWaits = IsPending();
+    if (!NodeWaits)
         ShowNode();
 }

@@ -135,6 +135,8 @@ private:
     QString ShownText;
     // What the operator made of that; what anybody else puts there is no edit.
     QString Typed;
+    // The node has another number than the shown one by now, and a pending text keeps it from the screen.
+    bool NodeWaits = false;
     // What PlacesNeeded() last looked at, and its answer without the additional places.
     std::pair<double, double> PlacesOf{qQNaN(), qQNaN()};
     int StepPlaces = 0;

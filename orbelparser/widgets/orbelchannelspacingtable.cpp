@@ -12,6 +12,8 @@
 #include <QScopedValueRollback>
 #include <QTableWidget>
 
+#include <cmath>
+
 namespace KV218
 {
 
@@ -115,7 +117,7 @@ void OrbelChannelSpacingTable::ReadXml(QXmlStreamReader &reader)
 {
     const QScopedValueRollback<bool> updating(Updating, true);
     ReadIndexedEntries(reader, [this](int index, const QString &text) {
-        setSpacingValue(index, text.toDouble());
+        setSpacingValue(index, FiniteText(text).toDouble());
         return true;
     });
 }
@@ -153,7 +155,7 @@ double OrbelChannelSpacingTable::spacingValue(int index)
 
 void OrbelChannelSpacingTable::setSpacingValue(int index, double value)
 {
-    if (index < 0 || index >= Spacings.size() || Spacings.at(index) == value)
+    if (index < 0 || index >= Spacings.size() || Spacings.at(index) == value || !std::isfinite(value))
         return;
     Spacings[index] = value;
     // Meant: the cell's change comes back as sl_cellChanged(), so that a script's change counts as an edit.

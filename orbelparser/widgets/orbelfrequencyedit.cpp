@@ -224,7 +224,7 @@ qint64 OrbelFrequencyEdit::HeldHertz() const
 void OrbelFrequencyEdit::TakeNode()
 {
     // A fraction that the definition states stays.
-    if (valueNode && GetDouble(prop::Value, 0.0) != valueNode->GetValue())
+    if (valueNode && GetStatedNumber(prop::Value) != valueNode->GetValue())
         TakeNumber(prop::Value, HeldHertz());
 }
 

@@ -182,7 +182,7 @@ void OrbelFrequencyRangeEdit::TakeNode()
         = {{prop::StartFrequency, &startNode}, {prop::StopFrequency, &stopNode}};
     for (const auto &[name, node] : bounds) {
         // A fraction that the definition states stays.
-        if (*node && GetDouble(name, 0.0) != (*node)->GetValue())
+        if (*node && GetStatedNumber(name) != (*node)->GetValue())
             TakeNumber(name, Saturated<qint64>(std::trunc((*node)->GetValue())));
     }
 }
