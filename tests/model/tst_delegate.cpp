@@ -88,18 +88,28 @@ private Q_SLOTS:
         QCOMPARE(probe.Log, QStringList());
     }
 
-    void anInputLockNeedsAStatedEnabled()
+    void aLockOrACollapseTakesNothingAway_data()
     {
+        QTest::addColumn<bool>("state");
+        QTest::newRow("a control that was free and shown") << true;
+        QTest::newRow("one that its host had locked and hidden") << false;
+    }
+
+    void aLockOrACollapseTakesNothingAway()
+    {
+        QFETCH(bool, state);
         QLineEdit edit;
-        Probe probe(&edit);
-        probe.EnableInput(false, false);
-        QVERIFY(!edit.isEnabled());
-        probe.EnableInput(true, false);
-        QVERIFY2(!edit.isEnabled(), "nothing is stored that could be given back");
-        probe.setEnabled(true);
-        probe.EnableInput(false, false);
-        probe.EnableInput(true, false);
-        QVERIFY(edit.isEnabled());
+        edit.setEnabled(state);
+        edit.setVisible(state);
+        Probe probe(&edit); // states neither `enabled` nor `visible`
+        for (int turn = 0; turn < 2; ++turn) {
+            probe.EnableInput(false, false);
+            probe.setGroupVisible(false);
+            QVERIFY(!edit.isEnabled() && edit.isHidden());
+            probe.EnableInput(true, false);
+            probe.setGroupVisible(true);
+            QVERIFY(edit.isEnabled() == state && edit.isHidden() != state);
+        }
     }
 
     void aLabelNeedsAStatedVisible()
