@@ -22,6 +22,7 @@ set(public_headers
     orbelscript.h
     orbelsheet.h
     orbelwidget.h
+    sheetplace.h
     propertykey.h
     propertynames.h
     widgetindex.h

@@ -6,6 +6,8 @@
 
 #include <QXmlStreamWriter>
 
+#include <cmath>
+
 namespace KV218
 {
 
@@ -14,6 +16,12 @@ namespace
 
 constexpr QLatin1String IndexAttribute = Latin1("index");
 
+double FiniteNumber(const QString &text)
+{
+    const double number = text.toDouble();
+    return std::isfinite(number) ? number : 0.0;
+}
+
 /// Reads the range on whose start the reader stands; a text that is no number counts as 0.
 CommentedRange ReadRange(QXmlStreamReader &reader, const ExclusionListFormat &format)
 {
@@ -21,9 +29,9 @@ CommentedRange ReadRange(QXmlStreamReader &reader, const ExclusionListFormat &fo
     ForEachStart(reader, [&](const QStringRef &name) {
         // Meant: a unit is not looked at; the numbers are in Hz.
         if (name == format.start)
-            range.SetRangeStart(reader.readElementText().toDouble());
+            range.SetRangeStart(FiniteNumber(reader.readElementText()));
         else if (name == format.stop)
-            range.SetRangeStop(reader.readElementText().toDouble());
+            range.SetRangeStop(FiniteNumber(reader.readElementText()));
         else
             reader.skipCurrentElement();
     });

@@ -21,7 +21,11 @@ void ExternalWidget::CreateGUI(FloatGroupLayout *layout)
     // Shown without a parent, it would come up as a window.
     if (ExtWidget->isWindow())
         ExtWidget->setParent(layout->parentWidget());
+    // The host's own setters and handlers may delete the control, or the window.
+    const QPointer<FloatGroupLayout> alive(layout);
     PropagateProperties(ExtWidget);
+    if (!alive || !ExtWidget)
+        return;
     layout->addWidget(ExtWidget);
     layout->addGroup();
 }

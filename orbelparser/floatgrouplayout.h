@@ -13,6 +13,11 @@ class QLabel;
 class QScrollArea;
 struct FloatGroupItem;
 
+namespace KV218
+{
+class LayoutPause;
+}
+
 /// Lays a flat list of items out as a form that flows into as many screen columns as fit the width.
 ///
 /// Building. Items stand in the order in which they are added. Marks, and nothing else, tell how the list folds into
@@ -80,11 +85,6 @@ public:
     /// Deletes all items and their widgets, and forgets all marks.
     void removeAllWidgets();
 
-    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once, and
-    /// when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything otherwise.
-    void pause();
-    void resume();
-
     void addItem(QLayoutItem *item) override;
     int count() const override;
     QLayoutItem *itemAt(int index) const override;
@@ -99,6 +99,13 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    friend class KV218::LayoutPause;
+
+    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once, and
+    /// when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything otherwise.
+    void pause();
+    void resume();
+
     QSize sizeHint(int width, int columnCount) const;
     bool scanItems(QVector<FloatGroupItem> &measured) const;
     void setListGeometry(QLayoutItem *item);

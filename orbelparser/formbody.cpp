@@ -166,7 +166,8 @@ void FormBody::CreateGUI(bool applyUi, const QStringList &names, bool exclude)
     if (GetGUI())
         return;
     Sheet.CreateGUI(applyUi, names, exclude);
-    RestoreConfiguration();
+    if (IsOpen())
+        RestoreConfiguration();
 }
 
 void FormBody::ChooseFontSize(int size)

@@ -53,12 +53,21 @@ bool HasSameItems(const ValueSelection *a, const ValueSelection *b)
     return true;
 }
 
+/// A limit that is infinite is as much as none.
+template <class T> T Bounded(T limit)
+{
+    if constexpr (std::is_floating_point_v<T>)
+        return qBound(T(-1e308), limit, T(1e308));
+    else
+        return limit;
+}
+
 template <class Node> void SetLimitProperties(OrbelDelegate *delegate, const Node *node)
 {
     if (!node)
         return;
-    const auto minimum = node->GetMin();
-    const auto maximum = node->GetMax();
+    const auto minimum = Bounded(node->GetMin());
+    const auto maximum = Bounded(node->GetMax());
     const auto step = node->GetStep();
     delegate->SetPropertyAlways(prop::Minimum, QVariant::fromValue(minimum));
     delegate->SetPropertyAlways(prop::Maximum, QVariant::fromValue(maximum));

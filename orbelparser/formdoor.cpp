@@ -56,10 +56,10 @@ QWidget *FormDoor::GetSheetWidget() const
     return sheet ? sheet->GetGUI() : nullptr;
 }
 
-void FormDoor::TagAdded() const
+void FormDoor::TagAdded(const QString &tag) const
 {
     if (OrbelSheet *sheet = Sheet())
-        sheet->TagAdded(Widget);
+        sheet->TagAdded(Widget, tag);
 }
 
 void FormDoor::TagChanged() const

@@ -44,7 +44,7 @@ public:
     /// Must be told when the element name of this widget changed.
     void TagChanged() const;
     /// Must be told when this widget answers to a further element name.
-    void TagAdded() const;
+    void TagAdded(const QString &tag) const;
 
 private:
     OrbelSheet *Sheet() const;

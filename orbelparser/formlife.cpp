@@ -7,6 +7,8 @@
 #include <QScriptEngine>
 #include <QTimer>
 
+#include <utility>
+
 namespace KV218
 {
 
@@ -67,8 +69,8 @@ void FormLife::EndPart(const std::function<void()> &destroy)
         return;
     }
     // What no event loop came round for ends with the application.
-    static const bool atEnd = (qAddPostRoutine(&FormLife::SettleAll), true);
-    Q_UNUSED(atEnd)
+    if (Keeping().empty())
+        qAddPostRoutine(&FormLife::SettleAll);
     if (Kept.empty())
         Keeping().push_back(shared_from_this());
     Kept.push_back(destroy);
@@ -80,10 +82,13 @@ void FormLife::EndPart(const std::function<void()> &destroy)
 void FormLife::SettleLater(int milliseconds)
 {
     const auto self = shared_from_this();
-    if (QCoreApplication::instance())
-        QTimer::singleShot(milliseconds, [self] { self->Settle(); });
-    else
+    if (!QCoreApplication::instance())
         Settle();
+    else if (!std::exchange(IsDue, true))
+        QTimer::singleShot(milliseconds, [self] {
+            self->IsDue = false;
+            self->Settle();
+        });
 }
 
 void FormLife::SettleAll()
@@ -105,6 +110,8 @@ void FormLife::Settle()
     const auto self = shared_from_this();
     std::vector<std::shared_ptr<FormLife>> &keeping = Keeping();
     keeping.erase(std::remove(keeping.begin(), keeping.end(), self), keeping.end());
+    if (keeping.empty())
+        qRemovePostRoutine(&FormLife::SettleAll);
     const std::vector<std::function<void()>> ended = std::move(Kept);
     Kept.clear();
     for (const auto &destroy : ended)

@@ -52,6 +52,8 @@ private:
     static void SettleAll();
 
     int Calls = 0;
+    /// Whether an event is on its way that settles.
+    bool IsDue = false;
     QScriptEngine *Engine = nullptr;
     std::vector<std::function<void()>> Kept;
 };

@@ -240,12 +240,21 @@ double OrbelDelegate::GetStatedNumber(const PropertyKey &name) const
     return isNumber || !own.isValid() ? stated : qQNaN();
 }
 
-bool OrbelDelegate::RefuseNoNumber(const PropertyKey &name, const QVariant &value, const QVariant &held)
+bool OrbelDelegate::IsNumber(const QString &) const
 {
-    if (value.userType() != QMetaType::Double || std::isfinite(value.toDouble()))
-        return false;
-    SetPropertyQuietly(name, held);
-    return true;
+    return false;
+}
+
+QVariant OrbelDelegate::HeldNumber(const QString &) const
+{
+    return QVariant();
+}
+
+bool OrbelDelegate::IsNoNumber(const QString &name, const QVariant &value) const
+{
+    const bool isReal = value.userType() == QMetaType::Double;
+    const bool isText = value.userType() == QMetaType::QString;
+    return (isReal || (isText && IsNumber(name))) && !std::isfinite(value.toDouble());
 }
 
 QString OrbelDelegate::FiniteText(const QString &text)
@@ -323,7 +332,11 @@ bool OrbelDelegate::event(QEvent *e)
         set->Told = true;
     if (!key.startsWith("_q_")) {
         const QVariant value = given ? *given : property(key.constData());
-        PropertyChanged(known ? set->Name->toString() : QString::fromLatin1(key), value);
+        const QString name = known ? set->Name->toString() : QString::fromLatin1(key);
+        if (IsNoNumber(name, value))
+            SetPropertyQuietly(name, HeldNumber(name));
+        else
+            PropertyChanged(name, value);
     }
     return QObject::event(e);
 }

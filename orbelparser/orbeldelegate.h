@@ -224,12 +224,11 @@ protected:
     void TakeNumber(const PropertyKey &name, const QVariant &held);
     /// The number that the property states: 0 where it is absent, no number (NaN) where a text is none.
     double GetStatedNumber(const PropertyKey &name) const;
-    /// Whether `value` is infinite or no number at all, as a script may compute it; such a one counts for nothing, and the
-    /// property takes `held` again, or goes when that is invalid.
-    bool RefuseNoNumber(const PropertyKey &name, const QVariant &value, const QVariant &held);
-    /// The number of a text in a parameter document: one that is infinite or none is 0.
-    static QString FiniteText(const QString &text);
-
+    /// Whether the property of that name is read as a number. An infinite one, or one that is none, then counts for nothing,
+    /// as a text too: the property takes HeldNumber() again. The base reads none.
+    virtual bool IsNumber(const QString &name) const;
+    /// What the nodes hold of the property of that name, in its units; invalid for nothing, as in the base.
+    virtual QVariant HeldNumber(const QString &name) const;
     /// The text in the operator's language, in the translation context of the object name.
     QString Translate(const QString &text) const;
 
@@ -261,6 +260,8 @@ protected:
     /// The number with at most `decimals` digits behind the point, no trailing zeros, and `suffix`.
     static QString formatString(double value, int decimals, const QString &suffix);
 
+    /// The number of a text in a parameter document: one that is infinite or none is 0.
+    static QString FiniteText(const QString &text);
     /// Adds an element name to be read into this control, unless it is there in any case.
     void AddXmlTag(const QString &tag);
     /// Writes the attribute `unit` when the property is not empty.
@@ -294,6 +295,7 @@ protected:
 private:
     friend class OrbelWidget;
 
+    bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 

@@ -106,9 +106,10 @@ void OrbelDelegate::MoveNodes(const QString &formerName)
     for (ValueBase *node : GetNodes()) {
         if (ITreeItem *place = node->GetDeleteObserver())
             place->SubjectDeleted();
-        // Nodes of a list have their numbers behind the name.
+        // Nodes of a list have their numbers behind the name, which a path of one part does not give.
         const QString name = node->GetName();
-        if (!formerName.isEmpty() && name.startsWith(formerName))
+        const bool isNumbered = name.isEmpty() || name.startsWith(QLatin1Char('_'));
+        if (formerName.isEmpty() ? isNumbered : name.startsWith(formerName))
             node->SetName(GetVTName() + name.mid(formerName.size()), this);
         EnterNode(node);
     }

@@ -41,10 +41,10 @@ void OrbelDelegate::SetXmlPath(const QString &tag)
 
 void OrbelDelegate::AddXmlTag(const QString &tag)
 {
-    if (ContainsXmlTag(tag))
-        return;
-    XmlTags.append(tag);
-    Form().TagAdded();
+    if (!ContainsXmlTag(tag))
+        XmlTags.append(tag);
+    // In this very spelling, which is the one that is written.
+    Form().TagAdded(tag);
 }
 
 bool OrbelDelegate::ContainsXmlTag(const QString &tag) const

@@ -67,14 +67,13 @@ void OrbelElement::AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget)
     Leaves.insert(widget.data(), {node, leaf});
 }
 
-void OrbelElement::AddTagsOf(const OrbelWidget *widget)
+void OrbelElement::AddTag(const OrbelWidget *widget, const QString &tag)
 {
     const auto place = Leaves.value(widget);
     if (!place.second)
         return;
-    QStringList &tags = place.second->Tags;
-    tags += widget->GetDelegate()->GetAllTags();
-    tags.removeDuplicates();
+    if (!place.second->Tags.contains(tag))
+        place.second->Tags.append(tag);
     place.first->EnterTags(place.second);
 }
 

@@ -26,8 +26,8 @@ public:
     /// Hangs a leaf for `widget` at its path below this node, making the inner nodes that are missing. A path of more than
     /// limit::ParameterPathParts parts is left out.
     void AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget);
-    /// Lets the leaf of a widget answer to the element names that were added since; one that has no leaf is none.
-    void AddTagsOf(const OrbelWidget *widget);
+    /// Lets the leaf of a widget answer to a further element name; a widget without a leaf is none.
+    void AddTag(const OrbelWidget *widget, const QString &tag);
     /// The first child that answers to the tag, in the same case; null without one.
     OrbelElement *FindChild(const QString &tag) const;
     /// The widget of the leaf at that path below this node; null for an inner node or when there is none.

@@ -1,5 +1,6 @@
 #include "orbelsheet.h"
 
+#include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formlife.h"
 #include "formlimits.h"
@@ -43,12 +44,11 @@ OrbelFormular *OrbelSheet::GetFormular() const
 void OrbelSheet::Close()
 {
     const CallScope call(GetLife());
+    Closed = true;
     Formular = nullptr;
+    Place.Clear();
     Ui->Close();
-    // The host may go on holding a widget.
     for (const Widget &widget : Snapshot()) {
-        if (widget->Sheet == this)
-            widget->Sheet = nullptr;
         if (OrbelDelegate *delegate = widget->GetDelegate())
             delegate->Close();
     }
@@ -108,7 +108,8 @@ OrbelSheet::Widget OrbelSheet::InsertWidget(QString name, QString labelText, QWi
 void OrbelSheet::ParseORBEL(QXmlStreamReader &reader)
 {
     Name = reader.attributes().value(attribute::Name).toString();
-    Formular->SetScriptValue(Name, Ui.data());
+    if (Formular)
+        Formular->SetScriptValue(Name, Ui.data());
     ForEachStart(reader, [&](const QStringRef &name) {
         if (name == element::Properties)
             Ui->ParseProperties(reader, false);
@@ -143,7 +144,7 @@ void OrbelSheet::ParseChangedORBEL(QXmlStreamReader &reader)
         if (const Widget widget = Index.FindName(Widgets, widgetName))
             widget->GetDelegate()->ParseProperties(reader, false);
         // An error ends all walks over the document.
-        if (!Formular)
+        if (Closed)
             reader.raiseError(QStringLiteral("The form is gone"));
     });
 }
@@ -161,6 +162,9 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
     Ui->CreateFrame(applyUi);
     const QSet<QString> names(list.cbegin(), list.cend());
     for (const Widget &widget : Snapshot()) {
+        // A handler may have ended the form, or deleted the window.
+        if (Closed || !Ui->GetLayout())
+            return;
         const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
         if (listed != exclude)
             widget->CreateGUI(Ui->GetLayout());
@@ -186,7 +190,7 @@ void OrbelSheet::CreateValueTree(const QString &path)
     VTPath = path;
     // Whoever watches a path may end the form; the rest would take the places of the form that comes next.
     for (const Widget &widget : Snapshot()) {
-        if (Formular)
+        if (!Closed)
             widget->CreateValueTree(path);
     }
 }
@@ -210,6 +214,7 @@ void OrbelSheet::SelectWidgets(const QStringList &list, bool select)
 void OrbelSheet::ShowGroup(const QString &name, bool show)
 {
     const CallScope call(GetLife());
+    const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
     const LayoutPause pause(Ui->GetLayout());
     bool inGroup = false;
     for (const Widget &widget : Snapshot()) {
@@ -226,6 +231,7 @@ void OrbelSheet::ShowGroup(const QString &name, bool show)
 void OrbelSheet::setGroupVisible(OrbelWidget *headline, bool visible)
 {
     const CallScope call(GetLife());
+    const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
     const LayoutPause pause(Ui->GetLayout());
     bool inGroup = false;
     for (const Widget &widget : Snapshot()) {
@@ -251,6 +257,7 @@ QStringList OrbelSheet::GetCollapsed() const
 void OrbelSheet::SetCollapsed(const QStringList &names)
 {
     const CallScope call(GetLife());
+    const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
     const LayoutPause pause(Ui->GetLayout());
     // One walk for all groups: each headline rules the widgets behind it, up to the next one.
     const QSet<QString> collapsed(names.cbegin(), names.cend());
@@ -327,9 +334,9 @@ void OrbelSheet::applyNow()
     Ui->applyNow();
 }
 
-void OrbelSheet::TagAdded(const OrbelWidget *widget)
+void OrbelSheet::TagAdded(const OrbelWidget *widget, const QString &tag)
 {
-    Root->AddTagsOf(widget);
+    Root->AddTag(widget, tag);
 }
 
 void OrbelSheet::FinishEditing()
@@ -381,6 +388,8 @@ bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
 
 void OrbelSheet::SetEnableInput(bool enable, bool partial)
 {
+    // It would come through the focus events of Qt and leave the sheet half locked.
+    const ExceptionStop::Zone zone;
     for (const Widget &widget : Snapshot())
         widget->GetDelegate()->EnableInput(enable, partial);
     Ui->EnableInput(enable, partial);

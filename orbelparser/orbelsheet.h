@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orbelwidget.h"
+#include "sheetplace.h"
 #include "widgetindex.h"
 
 #include <QExplicitlySharedDataPointer>
@@ -120,7 +121,7 @@ public:
     void Close();
 
     /// Called by FormDoor when a widget answers to a further element name.
-    void TagAdded(const OrbelWidget *widget);
+    void TagAdded(const OrbelWidget *widget, const QString &tag);
     /// Called by FormDoor when a widget's element name changed.
     void TagChanged() { Index.DropTags(); }
 
@@ -131,7 +132,10 @@ private:
     void SetEnableInput(bool enable, bool partial);
     void ReapplyInput();
 
+    friend class OrbelWidget;
+
     std::shared_ptr<FormLife> Life;
+    SheetPlace Place;
     QString Name;
     QString VTPath;
     QList<Widget> Widgets;
@@ -140,6 +144,7 @@ private:
     QSharedPointer<OrbelSheetUi> Ui;
     bool InputEnabled[3] = {true, true, true};
     bool Active = true;
+    bool Closed = false;
     WidgetIndex Index;
 };
 

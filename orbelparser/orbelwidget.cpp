@@ -13,7 +13,7 @@
 namespace KV218
 {
 
-OrbelWidget::OrbelWidget(OrbelSheet *sheet) : Sheet(sheet) {}
+OrbelWidget::OrbelWidget(OrbelSheet *sheet) : Place(sheet ? sheet->Place.Of(sheet) : nullptr) { }
 
 OrbelWidget::OrbelWidget(const OrbelWidget &other) = default;
 
@@ -26,7 +26,8 @@ OrbelWidget::~OrbelWidget()
 
 OrbelFormular *OrbelWidget::GetFormular() const
 {
-    return Sheet ? Sheet->GetFormular() : nullptr;
+    const OrbelSheet *sheet = GetSheet();
+    return sheet ? sheet->GetFormular() : nullptr;
 }
 
 const QString &OrbelWidget::GetXmlTagName() const
@@ -64,8 +65,8 @@ void OrbelWidget::createDelegate()
 
 void OrbelWidget::Hold(OrbelDelegate *delegate)
 {
-    if (Sheet)
-        delegate->SetLife(Sheet->GetLife()->shared_from_this());
+    if (OrbelSheet *sheet = GetSheet())
+        delegate->SetLife(sheet->GetLife()->shared_from_this());
     Delegate.reset(delegate, &OrbelDelegate::End);
 }
 

@@ -29,7 +29,8 @@ public:
     OrbelWidget(const OrbelWidget &other);
     virtual ~OrbelWidget();
 
-    OrbelSheet *GetSheet() const { return Sheet; }
+    /// Null once the sheet is gone or its form has ended.
+    OrbelSheet *GetSheet() const { return Place ? *Place : nullptr; }
     /// The form of the sheet; null without a sheet.
     OrbelFormular *GetFormular() const;
     const QString &GetName() const { return Name; }
@@ -62,13 +63,13 @@ public:
     void ReadXml(QXmlStreamReader &reader);
 
 private:
-    friend class OrbelSheet;
     void createDelegate();
     void Hold(OrbelDelegate *delegate);
 
     QString Name;
     QString Class;
-    OrbelSheet *Sheet;
+    /// Shared with the sheet, which empties it.
+    std::shared_ptr<OrbelSheet *> Place;
     std::shared_ptr<OrbelDelegate> Delegate;
     bool Selected = true;
 };

@@ -8,15 +8,12 @@ namespace KV218
 
 FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget) { }
 
-bool FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
+void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
 {
-    if (RefuseNoNumber(name, value, HeldNumber(name)))
-        return false;
     if (ValueNode)
         WritePropertyToNode(name, value);
     if (Control)
         WritePropertyToControl(name, value);
-    return true;
 }
 
 void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant &value)
@@ -40,6 +37,12 @@ void FloatSpinDelegate::WriteLimitsToNode()
         ValueNode->SetMax(limits.Maximum, this);
     if (ValueNode)
         ValueNode->SetStep(limits.Step, this);
+}
+
+bool FloatSpinDelegate::IsNumber(const QString &name) const
+{
+    return name == prop::Value || name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
+        || name == prop::DisplayScalingFactor;
 }
 
 QVariant FloatSpinDelegate::HeldNumber(const QString &name) const

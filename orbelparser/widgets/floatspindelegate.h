@@ -16,15 +16,15 @@ public:
     void TakeNode() override;
 
 protected:
-    /// Gives a changed property to node and control, as far as they exist. False, and nothing of that, for a number that is
-    /// none.
-    bool WriteProperty(const QString &name, const QVariant &value);
+    bool IsNumber(const QString &name) const override;
+    QVariant HeldNumber(const QString &name) const override;
+
+    /// Gives a changed property to node and control, as far as they exist.
+    void WriteProperty(const QString &name, const QVariant &value);
 
 private:
     void WritePropertyToNode(const QString &name, const QVariant &value);
     void WriteLimitsToNode();
-    /// What the node holds of the property of that name, in display units; invalid for nothing.
-    QVariant HeldNumber(const QString &name) const;
     void WritePropertyToControl(const QString &name, const QVariant &value);
 };
 

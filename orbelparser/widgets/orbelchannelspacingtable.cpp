@@ -159,8 +159,16 @@ void OrbelChannelSpacingTable::setSpacingValue(int index, double value)
         return;
     Spacings[index] = value;
     // Meant: the cell's change comes back as sl_cellChanged(), so that a script's change counts as an edit.
-    if (QTableWidgetItem *item = Control ? Control->item(index, 0) : nullptr)
-        item->setData(Qt::DisplayRole, value);
+    QTableWidgetItem *item = Control ? Control->item(index, 0) : nullptr;
+    if (!item)
+        return;
+    const Call call(this);
+    if (item->data(Qt::DisplayRole) == QVariant(value)) {
+        // An item takes a number that is nearly the same for the same.
+        const QScopedValueRollback<bool> updating(Updating, true);
+        item->setData(Qt::DisplayRole, QVariant());
+    }
+    item->setData(Qt::DisplayRole, value);
 }
 
 void OrbelChannelSpacingTable::setAllSpacingValues(double value)

@@ -65,12 +65,11 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (!WriteProperty(name, value))
-        return;
     if (name == prop::Value)
         Number = GetDouble(prop::Value, 0.0);
     else if (name == prop::Decimals)
         Decimals = DocumentDecimals(*this);
+    WriteProperty(name, value);
     if (name == prop::Minimum || name == prop::Maximum)
         SetDoubleTooltip(Control);
     PropagateProperty(name, Control);

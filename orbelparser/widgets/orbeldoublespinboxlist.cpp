@@ -29,6 +29,7 @@ QString OrbelDoubleSpinBoxList::ItemText(const ValueDouble &node) const
 
 void OrbelDoubleSpinBoxList::EnableInput(bool enable, bool partial)
 {
+    const Call call(this);
     OrbelDelegate::EnableInput(enable, partial);
     InputEnabled = enable;
     if (!enable)

@@ -166,8 +166,6 @@ QString OrbelFrequencyEdit::BandwidthPath() const
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (RefuseNoNumber(name, value, HeldFrequency(name)))
-        return;
     if (valueNode)
         WritePropertyToNode(name, value);
     if (name == prop::FrequencyLock && lockButton)
@@ -204,7 +202,12 @@ void OrbelFrequencyEdit::WritePropertyToNode(const QString &name, const QVariant
     TakeNode();
 }
 
-QVariant OrbelFrequencyEdit::HeldFrequency(const QString &name) const
+bool OrbelFrequencyEdit::IsNumber(const QString &name) const
+{
+    return name == prop::Value || name == prop::Minimum || name == prop::Maximum;
+}
+
+QVariant OrbelFrequencyEdit::HeldNumber(const QString &name) const
 {
     constexpr double none = 1e308;
     if (!valueNode)
@@ -228,6 +231,12 @@ void OrbelFrequencyEdit::TakeNode()
         TakeNumber(prop::Value, HeldHertz());
 }
 
+void OrbelFrequencyEdit::ShowLockWithRow()
+{
+    lockButton->setVisible(frequencyControl && !frequencyControl->isHidden());
+    HideIfCollapsed(lockButton);
+}
+
 /// Qt tells nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another value.
 void OrbelFrequencyEdit::KeepLockOpenToAnswers()
 {
@@ -241,7 +250,7 @@ void OrbelFrequencyEdit::ShowLock(bool locked)
     const QScopedValueRollback<bool> updating(lockUpdating, true);
     // Meant: once shown, the button goes with its row only.
     if (!std::exchange(lockVisible, true))
-        lockButton->setVisible(frequencyControl && !frequencyControl->isHidden());
+        ShowLockWithRow();
     lockButton->setChecked(locked);
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));

@@ -62,6 +62,8 @@ protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     void NodesMoved() override;
+    bool IsNumber(const QString &name) const override;
+    QVariant HeldNumber(const QString &name) const override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text);
@@ -75,11 +77,10 @@ private:
     void CreateLockButton();
     QString BandwidthPath() const;
     void ShowLock(bool locked);
+    void ShowLockWithRow();
     void KeepLockOpenToAnswers();
     void FreeInput(const QString &name, const QVariant &value);
     void WritePropertyToNode(const QString &name, const QVariant &value);
-    /// What the node holds of the property of that name, in Hz; invalid for nothing.
-    QVariant HeldFrequency(const QString &name) const;
     qint64 HeldHertz() const;
 
     OwnedNode<ValueDouble> valueNode{this};

@@ -127,8 +127,6 @@ void OrbelFrequencyRangeEdit::forceFinishEditing()
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (RefuseNoNumber(name, value, HeldFrequency(name)))
-        return;
     if (name == prop::StartFrequencyParameterXmlTag || name == prop::StopFrequencyParameterXmlTag)
         // Meant: the tag before stays on the list.
         AddXmlTag(value.toString());
@@ -162,7 +160,12 @@ void OrbelFrequencyRangeEdit::WriteLimits(void (ValueDouble::*set)(double, IObse
         ((*stopNode).*set)(ofStop, this);
 }
 
-QVariant OrbelFrequencyRangeEdit::HeldFrequency(const QString &name) const
+bool OrbelFrequencyRangeEdit::IsNumber(const QString &name) const
+{
+    return name == prop::StartFrequency || name == prop::StopFrequency || name == prop::Minimum || name == prop::Maximum;
+}
+
+QVariant OrbelFrequencyRangeEdit::HeldNumber(const QString &name) const
 {
     if (!startNode || !stopNode)
         return QVariant();

@@ -69,6 +69,8 @@ protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;
+    bool IsNumber(const QString &name) const override;
+    QVariant HeldNumber(const QString &name) const override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text = QString());
@@ -79,8 +81,6 @@ private:
     VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip);
     void WriteNodes(const QString &name, const QVariant &value);
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
-    /// What the nodes hold of the property of that name, in Hz; invalid for nothing.
-    QVariant HeldFrequency(const QString &name) const;
     void Repair(bool startMoved);
 
     OwnedNode<ValueDouble> startNode{this};

@@ -35,6 +35,7 @@ void OrbelHeadline::setGroupVisible(bool flag)
 {
     if (flag == GroupVisible)
         return;
+    const Call call(this);
     GroupVisible = flag;
     if (GroupBox)
         GroupBox->setChecked(flag);

@@ -81,8 +81,7 @@ void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelInt64SpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (!WriteProperty(name, value))
-        return;
+    WriteProperty(name, value);
     // Meant: the 32-bit form, so a greater bound is left out of the tooltip once any bound has changed.
     if (name == prop::Minimum || name == prop::Maximum)
         SetIntTooltip(Control);

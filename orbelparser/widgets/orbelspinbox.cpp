@@ -59,8 +59,6 @@ void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
 void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (RefuseNoNumber(name, value, HeldNumber(name)))
-        return;
     if (ValueNode)
         WritePropertyToNode(name);
     // Meant: `decimals` and `displayScalingFactor` count for the control only while it is built.
@@ -89,6 +87,11 @@ void OrbelSpinBox::WritePropertyToNode(const QString &name)
     TakeNode();
 }
 
+bool OrbelSpinBox::IsNumber(const QString &name) const
+{
+    return name == prop::Value || name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep;
+}
+
 QVariant OrbelSpinBox::HeldNumber(const QString &name) const
 {
     if (!ValueNode)
@@ -106,7 +109,7 @@ void OrbelSpinBox::TakeNode()
 {
     // A text with a fraction is no number here, and counts as 0.
     const bool isText = property(prop::Value.data()).userType() == QMetaType::QString;
-    if (ValueNode && !(isText && GetNearestInt(prop::Value, 0) == ValueNode->GetValue()))
+    if (ValueNode && !(isText && GetInt(prop::Value, 0) == ValueNode->GetValue()))
         TakeNumber(prop::Value, ValueNode->GetValue());
 }
 

@@ -45,11 +45,11 @@ public Q_SLOTS:
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
+    bool IsNumber(const QString &name) const override;
+    QVariant HeldNumber(const QString &name) const override;
 
 private:
     void WritePropertyToNode(const QString &name);
-    /// The node's limits as properties of that name; invalid for none.
-    QVariant HeldNumber(const QString &name) const;
 };
 
 } // namespace KV218

@@ -8,6 +8,8 @@
 #include <QScopedValueRollback>
 #include <QTableWidget>
 
+#include <cmath>
+
 namespace KV218
 {
 
@@ -135,7 +137,9 @@ void OrbelTable::clear()
 
 void OrbelTable::setItemValue(int row, int column, QVariant value)
 {
-    if (!SetCell(row, column, value))
+    const Call call(this);
+    const bool isNone = value.userType() == QMetaType::Double && !std::isfinite(value.toDouble());
+    if (isNone || !SetCell(row, column, value))
         return;
     const QScopedValueRollback<bool> updating(Updating, true);
     ShowValue(row, column, value);

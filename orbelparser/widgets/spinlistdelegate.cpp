@@ -8,6 +8,7 @@
 #include "vcnumericfloatspin.h"
 
 #include <algorithm>
+#include <cmath>
 #include <QVBoxLayout>
 
 namespace KV218
@@ -64,9 +65,10 @@ template <class Node> QVector<VCNumericFloatSpin *> SpinListDelegate<Node>::Crea
     Container->setLayout(stack);
 
     QVector<VCNumericFloatSpin *> spins;
-    for (const OwnedNode<Node> &node : ValueNodes) {
+    // Whoever hears of a new control may withdraw a node.
+    for (size_t i = 0; i < ValueNodes.size(); ++i) {
         const QString name = QStringLiteral("%1_%2").arg(WidgetName(), QString::number(spins.size()));
-        VCNumericFloatSpin *spin = BuildSpin(*this, node.get(), layout->parentWidget(), name);
+        VCNumericFloatSpin *spin = BuildSpin(*this, ValueNodes[i].get(), layout->parentWidget(), name);
         connect(spin, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
         PropagateProperties(spin);
         if constexpr (std::is_same_v<Node, ValueInt>)
@@ -101,7 +103,7 @@ template <class Node> void SpinListDelegate<Node>::ReadXml(QXmlStreamReader &rea
         if constexpr (std::is_same_v<Node, ValueInt>)
             SetNumber(index, text.toInt());
         else
-            SetNumber(index, text.toDouble());
+            SetNumber(index, FiniteText(text).toDouble());
         return true;
     });
 }
@@ -138,7 +140,7 @@ template <class Node> typename SpinListDelegate<Node>::Number SpinListDelegate<N
 
 template <class Node> void SpinListDelegate<Node>::SetNumber(int index, Number number)
 {
-    if (IsItem(index))
+    if (IsItem(index) && std::isfinite(double(number)))
         ValueNodes[size_t(index)]->SetValue(number, nullptr);
 }
 

@@ -42,7 +42,7 @@ protected:
     QVector<VCNumericFloatSpin *> CreateControls(FloatGroupLayout *layout);
     /// 0 for an index out of range.
     Number GetNumber(int index) const;
-    /// Sets an item as if the operator had; an index out of range is ignored.
+    /// Sets an item as if the operator had; an index out of range and a number that is infinite or none are ignored.
     void SetNumber(int index, Number number);
 
 private:

@@ -156,7 +156,7 @@ private Q_SLOTS:
         row("deep", Dsc, "", scan.arg("<s>DEEP<sh><p>1</p><a>5</a></sh><hf>OPEN"), nullptr, "-,-,5 Hz");
 
         row("two decimals, no index", Fhp, "", "", "[7;200000.126,1e5][0;1,-2]", "<a>[200000.13,100000.00][1.00,-2.00]</a>");
-        row("frequencies that are none", Fhp, "", "", "[x,nan][,1e999]", "<a>[0.00,0.00][0.00,inf]</a>");
+        row("frequencies that are none", Fhp, "", "", "[x,nan][,1e999]", "<a>[0.00,0.00][0.00,0.00]</a>");
         row("no decimals", Dsc, "", "", "[100000.6,2]", "<a>[0;100001,2]</a>");
         row("by key, numbered anew", Dsc, "", "", "[5;1,1][2,2][2;3,3][4,4]", "<a>[0;3,3][1;4,4][2;1,1][3;2,2]</a>");
         row("an absurd index is 0", Dsc, "", "", "[0;2,2][-1;1,1]", "<a>[0;1,1]</a>");

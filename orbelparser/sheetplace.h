@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+
+namespace KV218
+{
+
+class OrbelSheet;
+
+/// Where the widgets of a sheet find it: null once the sheet has been closed or is gone. A copied sheet has a place of its
+/// own.
+class SheetPlace
+{
+public:
+    using Shared = std::shared_ptr<OrbelSheet *>;
+
+    SheetPlace() = default;
+    SheetPlace(const SheetPlace &) { }
+    SheetPlace &operator=(const SheetPlace &) { return *this; }
+    ~SheetPlace() { Clear(); }
+
+    Shared Of(OrbelSheet *sheet)
+    {
+        if (!Sheet)
+            Sheet = std::make_shared<OrbelSheet *>(sheet);
+        return Sheet;
+    }
+    void Clear()
+    {
+        if (Sheet)
+            *Sheet = nullptr;
+    }
+
+private:
+    Shared Sheet;
+};
+
+} // namespace KV218
