@@ -110,47 +110,6 @@ int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *s
     return arrived;
 }
 
-/// What operator, script, node and document do to control "a", one after the other.
-void ActOnAll(LiveForm &live)
-{
-    const DialogCloser closer;
-    for (const char *text : {"2", "<i>3</i><i index='1' row='1' column='1' key='k'>4</i>"}) {
-        if (live.form)
-            live.form->SetXmlString(QString("<Parameters><a>%1</a></Parameters>").arg(text));
-    }
-    for (const char *text : {"true", "Two", "5", "6..7"}) {
-        if (ValueBase *node = live.form ? live.form->GetVTValue("a") : nullptr)
-            node->SetStringValue(text, nullptr);
-    }
-    if (live.form) {
-        const QMetaObject *meta = live.Get("a")->metaObject();
-        QString script;
-        for (int i = OrbelDelegate::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
-            if (meta->method(i).methodType() != QMetaMethod::Signal)
-                script
-                    += QString("for (var n = 0; n < 4; ++n) a.%1(n, n - 1, 9);").arg(QString(meta->method(i).name()));
-        }
-        live.form->EvaluateScript(script);
-    }
-    const QList<QWidget *> children = live.window->findChildren<QWidget *>();
-    // A list takes its controls along when the form ends.
-    for (const QPointer<QWidget> &field : QVector<QPointer<QWidget>>(children.begin(), children.end())) {
-        if (!field || field->focusPolicy() == Qt::NoFocus)
-            continue;
-        field->setFocus();
-        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_5, Qt::Key_Space, Qt::Key_Return, Qt::Key_5}) {
-            if (QWidget *target = live.window->focusWidget())
-                QTest::keyClick(target, key);
-        }
-    }
-    if (live.form)
-        live.form->SetVTValue("a", "7", nullptr, true);
-    if (live.form)
-        live.form->SetChangedORBEL(Definition(Widget("a", "", {"value=Int:9", "checked=Bool:true", "text=String:n"})));
-    if (live.form)
-        live.form->EnableInput(false);
-}
-
 } // namespace
 
 class TestAllControls : public QObject
@@ -312,38 +271,6 @@ private Q_SLOTS:
         // Either may go first.
         if (className.size() % 2)
             window.reset();
-    }
-
-    void aHandlerMayEndTheForm_data() { scriptsReachEveryMethod_data(); }
-
-    void aHandlerMayEndTheForm()
-    {
-        QFETCH(QString, className);
-        const QString body = Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + Furnished)
-            + "</Sheet>" + Enumeration + "<Sheet name='sheet'>";
-        // Ends the form at one of the events and gives how many there were until then.
-        const auto eventsUntil = [&](int last) {
-            LiveForm live(body, false);
-            live.log.Watch("a", live.Get("a"));
-            if (ValueBase *node = live.form->GetVTValue("a"))
-                live.log.Watch("node", node);
-            int count = 0;
-            std::function<void()> next = [&] {
-                if (++count == last)
-                    live.form.reset();
-                else
-                    live.log.On("", next);
-            };
-            live.log.On("", next);
-            ActOnAll(live);
-            return count;
-        };
-        const int events = eventsUntil(-1);
-        const QStringList silent{
-            "Headline", "Label", "Separator", "FixedSpacer", "SpecialObject_Generic", "SpecialObject_WDE", ""};
-        QCOMPARE(events == 0, silent.contains(className));
-        for (int last = 1; last <= events; ++last)
-            QCOMPARE(eventsUntil(last), last);
     }
 
     void aliasesAreTheSameControl_data()

@@ -137,14 +137,6 @@ private Q_SLOTS:
         QCOMPARE(Held(form, window.get()), QString::number(Values));
     }
 
-    void anUpdateMayEndTheNode()
-    {
-        Reaction ending([&] { form.reset(); });
-        node->AddObserver(&ending);
-        node->SetStringValue("x", nullptr);
-        QVERIFY(!form);
-    }
-
 private:
     Form form;
     std::unique_ptr<QWidget> window;
