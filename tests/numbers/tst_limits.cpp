@@ -64,7 +64,7 @@ QString Control(const Face &face, const QStringList &more)
 double OnScreen(const LiveForm &live, const QString &field)
 {
     if (const auto *spin = live.Find<VCNumericFloatSpin>(field))
-        return spin->cleanText().toDouble() / live.Get("n")->GetDouble("displayScalingFactor", 1);
+        return spin->cleanText().toDouble() / Factor(live);
     return FrequencyText::Read(live.Find<QLineEdit>(field)->text(), QLocale::c()).value_or(qQNaN());
 }
 
@@ -83,6 +83,11 @@ QString Held(const LiveForm &live, const Face &face)
         all << held.join('|');
     }
     return all.join(' ');
+}
+
+double Factor(const LiveForm &live)
+{
+    return live.Get("n")->GetDouble("displayScalingFactor", 1);
 }
 
 void Type(const LiveForm &live, const QString &field, const QString &text)

@@ -40,13 +40,14 @@ const QStringList Cells{"TableWidget", "HiddenTable"};
 const QString Range = "FrequencyRangeEdit", Group = "Headline";
 // What a script sets there counts as a change.
 const QStringList MarkedByScripts
-    = Lists + QStringList{"ChannelSpacingTable", "HiddenParameter", "HiddenList", "HiddenMap", "HiddenTable"};
+    = Lists + QStringList{"ChannelSpacingTable", "TableWidget", "HiddenParameter", "HiddenList", "HiddenMap", "HiddenTable"};
 
 const QStringList Choices{"One", "Two", "Three", "Four"};
 const QStringList Numbers{"0", "1", "-1", "7", "0.5", "-2.25", "59", "5001", "1e3", "8000", "500000", "2400000000",
-    "1e15", "'abc'", "'12'", "true", "NaN", "-Infinity"};
-const QStringList Strokes{"5", "-", "123", "0.5", "abc", "300 k", "2.4 G", " ", "\r", "\t", "\x1b", "\b"};
-const Qt::Key Keys[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    "1e15", "'abc'", "'12'", "NaN"};
+const QStringList Entries{"5", "-", "123", "0.5", "abc", "300 k", "2.4 G", "7000", "-3"};
+const QStringList Strokes{"Ctrl+A", "Ctrl+A", "Ctrl+Z", "Up", "Down", "PgUp", "PgDown", "Home", "End", "Space", "Backspace",
+    "Del", "Esc", "Return", "Return", "Tab"};
 
 QString Enumeration(int first)
 {
@@ -87,27 +88,32 @@ QString Body()
 QMap<QString, QString> TextsOf(const QString &document)
 {
     QMap<QString, QString> texts;
+    QString control, at;
+    int depth = 0;
     QXmlStreamReader reader(document);
-    reader.readNextStartElement();
-    while (reader.readNextStartElement()) {
-        QString name = reader.name().toString();
-        texts[name] = "";
-        while (!reader.atEnd() && !reader.isEndElement()) {
-            if (reader.readNext() == QXmlStreamReader::Characters && !reader.isWhitespace())
-                texts[name] += reader.text();
-            if (!reader.isStartElement())
-                continue;
-            QString entry = name;
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        if (token == QXmlStreamReader::StartElement && ++depth > 1) {
+            if (depth == 2)
+                control = reader.name().toString();
+            else
+                texts.remove(control);
+            at = control;
             for (const QXmlStreamAttribute &attribute : reader.attributes())
-                entry += ' ' + attribute.value();
-            texts[entry] = reader.readElementText();
-            reader.readNext();
+                at += depth == 2 ? QString() : ' ' + attribute.value();
+            texts[at] = "";
+        } else if (token == QXmlStreamReader::EndElement) {
+            --depth;
+            at.clear();
+        } else if (token == QXmlStreamReader::Characters && !at.isEmpty()) {
+            texts[at] += reader.text();
         }
     }
     return texts;
 }
 
 } // namespace
+
 /// Who took a step, which decides what it may leave behind.
 enum class Road { Operator, Host, Switch, Script, Document };
 
@@ -117,10 +123,9 @@ public:
     explicit Walk(quint32 seed) : live(Body()), Dice(seed)
     {
         live.window->resize(900, 2500);
-        live.form->GetXmlString(false);
         for (int i = 0; i < live.form->GetSheet().GetWidgetCount(); ++i)
             Controls << live.form->GetSheet().GetWidgetAt(i)->GetName();
-        Written = TextsOf(live.form->GetXmlString(false));
+        Written = Document();
         CollectScripts();
     }
 
@@ -129,7 +134,7 @@ public:
     {
         using Act = Road (Walk::*)();
         static constexpr Act acts[] = {&Walk::Type, &Walk::Type, &Walk::Type, &Walk::Click, &Walk::RunScript, &Walk::RunScript,
-            &Walk::SetNode, &Walk::LimitNode, &Walk::Read, &Walk::Change, &Walk::Init, &Walk::Lock, &Walk::Collapse};
+            &Walk::SetNode, &Walk::LimitNode, &Walk::Read, &Walk::Apply, &Walk::Change, &Walk::Init, &Walk::Switch, &Walk::Lock, &Walk::Collapse};
         ++Steps;
         Faults.clear();
         if (Typed && !Typed->hasFocus())
@@ -137,6 +142,7 @@ public:
         Last = (this->*acts[Roll(int(std::size(acts)))])();
         if (QWidget *popup = QApplication::activePopupWidget())
             popup->close();
+        QApplication::setActiveWindow(live.window.get());
         QCoreApplication::processEvents();
         Check();
         return Faults;
@@ -167,21 +173,21 @@ private:
             if (child->focusPolicy() & Qt::TabFocus && child->isEnabled() && child->isVisible())
                 fields << child;
         fields.isEmpty() ? live.window->setFocus() : Pick(fields)->setFocus();
-        QStringList typed;
-        for (int i = Roll(5); i >= 0; --i) {
+        QStringList typed = Roll(2) ? QStringList{"Ctrl+A", Pick(Entries), Roll(2) ? "Return" : "Tab"} : QStringList();
+        for (int i = Roll(4); i > 0; --i)
+            typed << Pick(Roll(2) ? Entries : Strokes);
+        Note("type " + live.window->focusWidget()->objectName() + ": " + typed.join(", "));
+        for (const QString &stroke : qAsConst(typed)) {
             QWidget *field = QApplication::focusWidget() ? QApplication::focusWidget() : live.window.get();
-            const int kind = Roll(6);
-            typed << field->objectName() + ' ';
-            if (kind == 0)
-                QTest::keyClick(field, Pick(QVector<Qt::Key>{Qt::Key_A, Qt::Key_Z}), Qt::ControlModifier);
-            else if (kind == 1)
-                QTest::keyClick(field, Pick(Keys));
-            else
-                QTest::keyClicks(field, typed.last() = Pick(Strokes));
+            const auto *edit = qobject_cast<QLineEdit *>(field);
+            const bool commits = edit && Texts.contains(edit->objectName()) && !edit->isReadOnly()
+                && (stroke == "Return" || stroke == "Tab");
+            const QString text = commits ? edit->text() : QString();
+            Entries.contains(stroke) ? QTest::keyClicks(field, stroke) : QTest::keySequence(field, QKeySequence(stroke));
+            if (commits)
+                ExpectSame(edit->objectName(), "node", Node(edit->objectName())->GetStringValue(), text);
+            Typed = stroke == "Return" ? nullptr : QApplication::focusWidget();
         }
-        QWidget *last = QApplication::focusWidget();
-        Typed = typed.last() == "\r" ? nullptr : last;
-        Note("type " + QString(QJsonDocument(QJsonArray::fromStringList(typed)).toJson(QJsonDocument::Compact)));
         return Road::Operator;
     }
     Road Click()
@@ -204,8 +210,17 @@ private:
             script.replace(script.indexOf('#'), 1, QString::number(Roll(5)));
         Note(script);
         live.form->EvaluateScript(script);
-        return script.contains("Enabled") || script.contains("Visible") || script.contains("ReadOnly") ? Road::Switch
-                                                                                                   : Road::Script;
+        return Road::Script;
+    }
+    /// Mostly on, so that there is something to type into.
+    bool On() { return Roll(10) > 0; }
+    Road Switch()
+    {
+        const QStringList states{"Enabled(%1)", "Visible(%1)", "ReadOnly(!%1)"};
+        const QString script = Pick(Controls) + ".set" + Pick(states).arg(On());
+        Note(script);
+        live.form->EvaluateScript(script);
+        return Road::Switch;
     }
     Road SetNode()
     {
@@ -221,7 +236,9 @@ private:
         const double limit = Pick(Numbers).toDouble();
         const bool low = Roll(2);
         Note(QString("node %1 limit %2 %3").arg(path).arg(low).arg(limit));
-        if (auto *node = dynamic_cast<IValueNumeric *>(Tree::Instance()->GetNode(path)))
+        auto *node = dynamic_cast<IValueNumeric *>(Tree::Instance()->GetNode(path));
+        // The limits of a range belong together.
+        if (node && !path.contains(Range))
             low ? node->SetMin(limit, nullptr) : node->SetMax(limit, nullptr);
         return Road::Host;
     }
@@ -239,6 +256,15 @@ private:
         Documents << document;
         if (Documents.size() > 5)
             Documents.removeFirst();
+        return Road::Document;
+    }
+    Road Apply()
+    {
+        const bool onlyModified = Roll(2);
+        Note(QString("fetch %1").arg(onlyModified));
+        const auto fetched = TextsOf(live.form->GetXmlString(onlyModified));
+        for (auto text = fetched.cbegin(); text != fetched.cend(); ++text)
+            ExpectSame(text.key(), "fetched", text.value(), Written.value(text.key()));
         return Road::Document;
     }
     Road Change()
@@ -265,7 +291,7 @@ private:
     }
     Road Lock()
     {
-        const bool enable = Roll(2);
+        const bool enable = On();
         const auto scope = OrbelSheet::eEnableScope(Roll(3));
         Note(QString("input %1 scope %2").arg(enable).arg(scope));
         live.form->GetSheet().EnableInput(enable, scope);
@@ -275,7 +301,7 @@ private:
     {
         const auto groups = live.form->GetSheet().FindWidgetsOfClass(Group);
         const auto group = Pick(groups);
-        const bool show = Roll(2), collapse = Roll(2);
+        const bool show = On(), collapse = Roll(2);
         Note(QString("%1 %2 %3").arg(collapse ? "collapse" : "group", group->GetName()).arg(show));
         if (collapse)
             live.form->GetSheet().setGroupVisible(group.data(), show);
@@ -291,7 +317,7 @@ private:
         for (const QString &name : Spins + Frequencies + QStringList{Range})
             Scripts << name + ".setMinimum($)" << name + ".setMaximum($)" << name + ".minimum = $" << name + ".maximum = $";
         for (const QString &name : Spins)
-            Scripts << name + ".setSingleStep($)" << name + ".setDecimals(#)" << name + ".setDisplayScalingFactor($)";
+            Scripts << name + ".setSingleStep($)" << name + ".setDecimals(#)" << name + ".setDisplayScalingFactor(# / 2 + 0.5)";
         for (const QString &name : Lists)
             Scripts << name + ".setItemValue(#, $)" << name + ".setPrefix('p')";
         for (const QString &name : Cells)
@@ -299,8 +325,6 @@ private:
                     << name + ".setColumnCount(#)";
         for (const QString &name : Texts + QStringList{"Label"})
             Scripts << name + ".setText($)" << name + ".text = $";
-        for (const QString &name : qAsConst(Controls))
-            Scripts << name + ".setEnabled(# % 2)" << name + ".setVisible(# % 2)" << name + ".setReadOnly(# == 3)";
         Scripts << "FrequencyRangeEdit.setRange($, $)" << "FrequencyRangeEdit.startFrequency = $"
                 << "FrequencyRangeEdit.stopFrequency = $" << "BandwidthEdit.setUnitScale(Math.pow(10, 3 * (# % 4)))"
                 << "CheckBox.setChecked($)" << "ComboBox.setCurrentValue(#)" << "ComboBox.setCurrentValue($)"
@@ -368,23 +392,35 @@ private:
         return ok;
     }
 
+    /// What the controls write, without taking their marks as a fetched document does.
+    QMap<QString, QString> Document() const
+    {
+        QString text;
+        QXmlStreamWriter writer(&text);
+        writer.writeStartElement("Parameters");
+        for (const QString &name : Controls)
+            Get(name)->GetXml(writer);
+        writer.writeEndElement();
+        return TextsOf(text);
+    }
     void CheckMarks()
     {
-        QStringList marked;
+        QSet<QString> marked;
         for (const QString &name : qAsConst(Controls))
             if (Get(name)->isModified())
                 marked << name;
-        Expect(!live.form->GetSheet().isModified() || !marked.isEmpty(), "sheet", "Apply is lit for nothing");
-        const auto before = std::exchange(Written, TextsOf(live.form->GetXmlString(false)));
+        std::swap(Marked, marked);
+        Expect(!live.form->GetSheet().isModified() || !Marked.isEmpty(), "sheet", "Apply is lit for nothing");
+        const auto before = std::exchange(Written, Document());
         for (auto text = Written.cbegin(); text != Written.cend(); ++text) {
             const QString name = Bounds.contains(text.key()) ? Range : text.key().section(' ', 0, 0);
             // A node's change of a hidden parameter is nobody's edit.
-            const bool mustMark = Last < Road::Script && name != "HiddenParameter";
+            const bool mustMark = Last <= Road::Switch && name != "HiddenParameter";
             if (mustMark && before.value(text.key()) != text.value())
-                Expect(marked.contains(name), name, "changed to '" + text.value() + "' without a mark");
+                Expect(Marked.contains(name), name, "changed to '" + text.value() + "' without a mark");
         }
-        for (const QString &name : qAsConst(marked))
-            Expect(Last < Road::Script || (Last == Road::Script && MarkedByScripts.contains(name)), name, "marked");
+        for (const QString &name : Marked - marked)
+            Expect(Last <= Road::Switch || (Last == Road::Script && MarkedByScripts.contains(name)), name, "marked");
     }
 
     void CheckSpin(const QString &name)
@@ -392,7 +428,8 @@ private:
         if (!IsNumber(name, "value"))
             return;
         const bool isDouble = name == "DoubleSpinBox" || name == "BaudRateSpinBox";
-        const double property = name == "SpinBox" ? Get(name)->GetInt("value", 0) : Get(name)->GetDouble("value", 0);
+        const int whole = Get(name)->GetInt("value", 0);
+        const double property = name == "SpinBox" && whole == Number(name) ? whole : Get(name)->GetDouble("value", 0);
         Expect(property == Number(name), name, QString("property %1, node %2").arg(property, 0, 'g', 17).arg(Number(name), 0, 'g', 17));
         ExpectNear(name, "document", Written[name].toDouble(), Number(name), isDouble ? Get(name)->GetInt("decimals", 0) : 17);
         // The integer's control takes the factor only when it is built.
@@ -520,7 +557,7 @@ private:
     LiveForm live;
     QRandomGenerator Dice;
     QStringList Controls, Scripts, Documents, Notes, Faults;
-    QSet<QString> Standing, StandingBefore;
+    QSet<QString> Standing, StandingBefore, Marked;
     QMap<QString, QString> Written;
     Road Last = Road::Document;
     QPointer<QWidget> Typed;
