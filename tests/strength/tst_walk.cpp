@@ -44,7 +44,7 @@ const QStringList MarkedByScripts
 
 const QStringList Choices{"One", "Two", "Three", "Four"};
 const QStringList Numbers{"0", "1", "-1", "7", "0.5", "-2.25", "59", "5001", "1e3", "8000", "500000", "2400000000",
-    "1e15", "'abc'", "'12'", "NaN"};
+    "1e15", "500000.0000001", "'abc'", "'12'", "NaN"};
 const QStringList Entries{"5", "-", "123", "0.5", "abc", "300 k", "2.4 G", "7000", "-3"};
 const QStringList Strokes{"Ctrl+A", "Ctrl+A", "Ctrl+Z", "Up", "Down", "PgUp", "PgDown", "Home", "End", "Space", "Backspace",
     "Del", "Esc", "Return", "Return", "Tab"};
@@ -115,7 +115,7 @@ QMap<QString, QString> TextsOf(const QString &document)
 } // namespace
 
 /// Who took a step, which decides what it may leave behind.
-enum class Road { Operator, Host, Switch, Script, Document };
+enum class Road { Operator, Host, Switch, Limits, Script, Document };
 
 class Walk
 {
@@ -172,23 +172,52 @@ private:
         for (QWidget *child : live.window->findChildren<QWidget *>())
             if (child->focusPolicy() & Qt::TabFocus && child->isEnabled() && child->isVisible())
                 fields << child;
-        fields.isEmpty() ? live.window->setFocus() : Pick(fields)->setFocus();
+        if (!fields.isEmpty() && (Roll(2) || !live.window->focusWidget()))
+            Pick(fields)->setFocus();
+        if (!live.window->focusWidget())
+            live.window->setFocus();
         QStringList typed = Roll(2) ? QStringList{"Ctrl+A", Pick(Entries), Roll(2) ? "Return" : "Tab"} : QStringList();
         for (int i = Roll(4); i > 0; --i)
             typed << Pick(Roll(2) ? Entries : Strokes);
         Note("type " + live.window->focusWidget()->objectName() + ": " + typed.join(", "));
         for (const QString &stroke : qAsConst(typed)) {
             QWidget *field = QApplication::focusWidget() ? QApplication::focusWidget() : live.window.get();
-            const auto *edit = qobject_cast<QLineEdit *>(field);
-            const bool commits = edit && Texts.contains(edit->objectName()) && !edit->isReadOnly()
-                && (stroke == "Return" || stroke == "Tab");
-            const QString text = commits ? edit->text() : QString();
+            const std::function<void()> check = stroke == "Return" || stroke == "Tab" ? CommitCheck(field) : nullptr;
             Entries.contains(stroke) ? QTest::keyClicks(field, stroke) : QTest::keySequence(field, QKeySequence(stroke));
-            if (commits)
-                ExpectSame(edit->objectName(), "node", Node(edit->objectName())->GetStringValue(), text);
+            if (check)
+                check();
             Typed = stroke == "Return" ? nullptr : QApplication::focusWidget();
         }
         return Road::Operator;
+    }
+    /// Checks later that what stands in a field now has reached the node; null when it need not.
+    std::function<void()> CommitCheck(const QWidget *field)
+    {
+        const auto *edit = qobject_cast<const QLineEdit *>(field);
+        const auto *spin = qobject_cast<const VCNumericFloatSpin *>(field);
+        const QString place = field->objectName() == "frequency" ? "MainFrequency"
+            : QString(field->objectName()).replace("_StartFrequency", "_1").replace("_StopFrequency", "_2");
+        const QString name = place.section('_', 0, 0);
+        auto *node = dynamic_cast<IValueNumeric *>(Node(place));
+        bool isNumber = false;
+        // Integers and frequencies are whole.
+        double wanted = 0, slack = 0.9999;
+        if (spin && !spin->isReadOnly()) {
+            wanted = qBound(spin->minimum(), spin->cleanText().toDouble(&isNumber), spin->maximum()) / Factor(name);
+            if (!name.startsWith("SpinBox"))
+                slack = Rounding(spin->decimals()) / Factor(name);
+        } else if (edit && !edit->isReadOnly() && edit->hasAcceptableInput()) {
+            wanted = FrequencyText::Read(edit->text(), QLocale::c()).value_or(0);
+            isNumber = true;
+        }
+        if (node && isNumber)
+            return [=] {
+                const double number = qBound(node->GetMin(), wanted, node->GetMax());
+                ExpectNear(name, "typed", node->GetValue(), number, slack);
+            };
+        if (edit && Texts.contains(name) && !edit->isReadOnly())
+            return [=, text = edit->text()] { ExpectSame(name, "typed", Node(name)->GetStringValue(), text); };
+        return nullptr;
     }
     Road Click()
     {
@@ -210,14 +239,14 @@ private:
             script.replace(script.indexOf('#'), 1, QString::number(Roll(5)));
         Note(script);
         live.form->EvaluateScript(script);
-        return Road::Script;
+        return script.contains("imum") ? Road::Limits : Road::Script;
     }
     /// Mostly on, so that there is something to type into.
     bool On() { return Roll(10) > 0; }
     Road Switch()
     {
-        const QStringList states{"Enabled(%1)", "Visible(%1)", "ReadOnly(!%1)"};
-        const QString script = Pick(Controls) + ".set" + Pick(states).arg(On());
+        const QStringList states{".setEnabled(%1)", ".setVisible(%1)", ".setReadOnly(!%1)", ".forceFinishEditing()"};
+        const QString script = Pick(Controls) + QString(Pick(states)).replace("%1", QString::number(On()));
         Note(script);
         live.form->EvaluateScript(script);
         return Road::Switch;
@@ -287,7 +316,7 @@ private:
         const QString name = Pick(Spins + Frequencies + QStringList{Range, "ComboBox"});
         Note(QString("init %1: %2...%3, %4").arg(name).arg(number.GetMin()).arg(number.GetMax()).arg(choice.GetItemCount()));
         live.form->InitVTValue(name, name == "ComboBox" ? static_cast<ValueBase *>(&choice) : &number);
-        return Road::Script;
+        return Road::Limits;
     }
     Road Lock()
     {
@@ -373,12 +402,12 @@ private:
     {
         Expect(found == wanted, name, QString("%1 '%2' is not '%3'").arg(what, found, wanted));
     }
-    /// Numbers that agree as far as the decimal places of one of them show it.
-    void ExpectNear(const QString &name, const QString &what, double found, double wanted, int places)
+    void ExpectNear(const QString &name, const QString &what, double found, double wanted, double slack)
     {
-        const double slack = 0.5001 * std::pow(10, -places) + std::fabs(wanted) * 1e-14;
-        Expect(std::fabs(found - wanted) <= slack, name, QString("%1 %2 is not %3").arg(what).arg(found, 0, 'g', 17).arg(wanted, 0, 'g', 17));
+        Expect(std::fabs(found - wanted) <= slack + std::fabs(wanted) * 1e-14, name, QString("%1 %2 is not %3").arg(what).arg(found, 0, 'g', 17).arg(wanted, 0, 'g', 17));
     }
+    /// What is lost at most in a text of so many decimal places.
+    static double Rounding(int places) { return 0.5001 * std::pow(10, -places); }
     bool IsPending(const QWidget *field) const
     {
         const auto *edit = qobject_cast<const QLineEdit *>(field);
@@ -431,16 +460,20 @@ private:
         const int whole = Get(name)->GetInt("value", 0);
         const double property = name == "SpinBox" && whole == Number(name) ? whole : Get(name)->GetDouble("value", 0);
         Expect(property == Number(name), name, QString("property %1, node %2").arg(property, 0, 'g', 17).arg(Number(name), 0, 'g', 17));
-        ExpectNear(name, "document", Written[name].toDouble(), Number(name), isDouble ? Get(name)->GetInt("decimals", 0) : 17);
-        // The integer's control takes the factor only when it is built.
-        const double factor = name == "SpinBox" ? 1 : Get(name)->GetDouble("displayScalingFactor", 1);
-        CheckSpinShows(name, name, Number(name) * (std::isfinite(factor) && factor != 0 ? factor : 1));
+        ExpectNear(name, "document", Written[name].toDouble(), Number(name), isDouble ? Rounding(Get(name)->GetInt("decimals", 0)) : 0);
+        CheckSpinShows(name, name, Number(name) * Factor(name));
+    }
+    /// The integer's control, and those of a list, take it only when they are built.
+    double Factor(const QString &name) const
+    {
+        const bool follows = Spins.contains(name) && name != "SpinBox";
+        return follows ? Get(name)->GetDouble("displayScalingFactor", 1) : 1;
     }
     void CheckSpinShows(const QString &name, const QString &field, double number)
     {
         const auto *spin = live.Find<VCNumericFloatSpin>(field);
         if (!IsPending(spin))
-            ExpectNear(name, "screen", spin->cleanText().toDouble(), number, spin->decimals());
+            ExpectNear(name, "screen", spin->cleanText().toDouble(), number, Rounding(spin->decimals()));
     }
 
     void CheckFrequency(const QString &name, const QString &node, const char *property, const QString &field)
@@ -472,7 +505,7 @@ private:
             for (int i = 0; i < 3; ++i) {
                 const QString item = QString("%1_%2").arg(list).arg(i);
                 const QString written = Written.value(QString("%1 %2").arg(list).arg(i));
-                ExpectNear(list, "document", written.toDouble(), Number(item), Get(list)->GetInt("decimals", 0));
+                ExpectNear(list, "document", written.toDouble(), Number(item), Rounding(Get(list)->GetInt("decimals", 0)));
                 CheckSpinShows(list, item, Number(item));
             }
         }
@@ -525,8 +558,8 @@ private:
         const auto *rows = live.Find<QTableWidget>("ChannelSpacingTable");
         for (int i = 0; i < rows->rowCount(); ++i) {
             const double spacing = spacings->spacingValue(i);
-            ExpectNear("ChannelSpacingTable", "screen", rows->item(i, 0)->text().toDouble(), spacing, 17);
-            ExpectNear("ChannelSpacingTable", "document", Written[QString("ChannelSpacingTable %1").arg(i)].toDouble(), spacing, spacings->GetInt("decimals", 0));
+            ExpectNear("ChannelSpacingTable", "screen", rows->item(i, 0)->text().toDouble(), spacing, 0);
+            ExpectNear("ChannelSpacingTable", "document", Written[QString("ChannelSpacingTable %1").arg(i)].toDouble(), spacing, Rounding(spacings->GetInt("decimals", 0)));
         }
     }
 
