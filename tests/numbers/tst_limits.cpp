@@ -61,6 +61,12 @@ QString Control(const Face &face, const QStringList &more)
     return Widget("n", face.Class, properties);
 }
 
+/// What the control shows of a node's number: frequency fields show hertz.
+double Factor(const LiveForm &live)
+{
+    return live.Get("n")->GetDouble("displayScalingFactor", 1);
+}
+
 double OnScreen(const LiveForm &live, const QString &field)
 {
     if (const auto *spin = live.Find<VCNumericFloatSpin>(field))
@@ -75,7 +81,7 @@ QString Held(const LiveForm &live, const Face &face)
     const QString document = live.form->GetXmlString(false);
     for (const Place &place : face.Places) {
         const auto *node = dynamic_cast<IValueNumeric *>(Tree::Instance()->GetNode("/Form/" + place.Node));
-        const QString written = document.section('<' + place.Element + '>', 1).section('<', 0, 0);
+        const QString written = document.section('<' + place.Element, 1).section('>', 1).section('<', 0, 0);
         QStringList held{FrequencyText::Plain(OnScreen(live, place.Field)), FrequencyText::Plain(node->GetValue()),
             FrequencyText::Plain(live.Get("n")->property(place.Property.toLatin1()).toDouble()),
             IsFrequency(face) ? written : FrequencyText::Plain(written.toDouble())};
@@ -83,11 +89,6 @@ QString Held(const LiveForm &live, const Face &face)
         all << held.join('|');
     }
     return all.join(' ');
-}
-
-double Factor(const LiveForm &live)
-{
-    return live.Get("n")->GetDouble("displayScalingFactor", 1);
 }
 
 void Type(const LiveForm &live, const QString &field, const QString &text)
@@ -164,7 +165,7 @@ private Q_SLOTS:
         const Act nothing = Script("");
         // clang-format off
         row("definition", {"value=String:50000"}, nothing, "50000", "20000", "14000 20000");
-        row("definition with a factor", {"displayScalingFactor=Double:0.5"}, nothing, "15000", "20000", "14000 15000");
+        row("definition with a factor", {"displayScalingFactor=Double:0.5"}, nothing, "50000", "20000", "14000 15000");
         row("script's setter", {}, Script("n.%2(50000)"), "50000", "20000", "14000 20000");
         row("script's number", {}, Script("n.%1 = 50000"), "50000", "20000", "14000 20000");
         row("script's text", {}, Script("n.%1 = '50000'"), "50000", "20000", "14000 20000");
@@ -190,6 +191,12 @@ private Q_SLOTS:
         row("infinity from a document", {}, Document("-inf"), "50000", "10000", "14000 10001");
         row("no number in the definition", {"value=String:nan"}, nothing, "50000", "10000", "14000 10001");
         // clang-format on
+        QTest::newRow("DoubleSpinBox, setDisplayScalingFactor")
+            << 1 << QStringList() << Script("n.setDisplayScalingFactor(0.5)") << "50000"
+            << "20000";
+        QTest::newRow("BandwidthEdit, setUnitScale")
+            << 2 << QStringList() << Script("n.setUnitScale(1000)") << "50000000"
+            << "10000000";
     }
 
     void theNodeDecides()
@@ -200,6 +207,7 @@ private Q_SLOTS:
         LiveForm live(Control(face, Limits + definition));
         OrbelDelegate *n = live.Get("n");
         live.log.Watch("n", n);
+        const QString field = face.Places.last().Field;
         act(live, face.Places.last().Property);
         const bool announced = QString(QTest::currentDataTag()).contains("document") && !face.IsRange();
         QCOMPARE(live.log.Take().count("valueChanged"), int(announced));
@@ -208,7 +216,8 @@ private Q_SLOTS:
 
         live.form->EvaluateScript("n.setMinimum(0); n.setMaximum(1000000)");
         QCOMPARE(Held(live, face), held);
-        Type(live, face.Places.last().Field, told);
+        const double shown = told.toDouble() * (live.Find<QLineEdit>(field) ? 1 : Factor(live));
+        Type(live, field, FrequencyText::Plain(shown));
         QVERIFY2(live.log.Seen().contains(told + ')') && n->isModified(), "a change");
         QVERIFY(Held(live, face).endsWith(told));
     }
