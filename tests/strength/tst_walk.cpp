@@ -102,10 +102,14 @@ public:
     explicit Walk(quint32 seed) : live(Body()), Dice(seed)
     {
         live.window->resize(900, 2500);
-        for (int i = 0; i < live.form->GetSheet().GetWidgetCount(); ++i)
-            Controls << live.form->GetSheet().GetWidgetAt(i)->GetName();
-        for (const QString &name : qAsConst(Controls))
-            Written[name] = WrittenBy(name);
+        for (int i = 0; i < live.form->GetSheet().GetWidgetCount(); ++i) {
+            const auto control = live.form->GetSheet().GetWidgetAt(i);
+            Controls << control->GetName();
+            Delegates[control->GetName()] = control->GetDelegate();
+            Written[control->GetName()] = WrittenBy(control->GetName());
+        }
+        for (QWidget *child : live.window->findChildren<QWidget *>())
+            Fields.insert(child->objectName(), child);
         CollectScripts();
     }
 
@@ -140,7 +144,11 @@ private:
         if (Notes.size() > 20)
             Notes.removeFirst();
     }
-    OrbelDelegate *Get(const QString &name) const { return live.Get(name); }
+    OrbelDelegate *Get(const QString &name) const { return Delegates.value(name); }
+    template <class Field = QWidget> Field *Find(const QString &name) const
+    {
+        return qobject_cast<Field *>(Fields.value(name));
+    }
     static ValueBase *Node(const QString &name) { return Tree::Instance()->GetNode("/Form/" + name); }
     static double Number(const Place &place) { return dynamic_cast<IValueNumeric *>(Node(place.Node))->GetValue(); }
 
@@ -344,7 +352,8 @@ private:
         QXmlStreamWriter writer(&text);
         Get(name)->GetXml(writer);
         QStringList texts;
-        for (auto match = QRegularExpression("<(\\w+)[^>]*>([^<]*)</\\1>").globalMatch(text); match.hasNext();)
+        static const QRegularExpression leaf("<(\\w+)[^>]*>([^<]*)</\\1>");
+        for (auto match = leaf.globalMatch(text); match.hasNext();)
             texts << match.next().captured(2);
         return texts;
     }
@@ -369,9 +378,9 @@ private:
     double Shown(const Place &place) const
     {
         bool isNumber = true;
-        const auto *spin = live.Find<VCNumericFloatSpin>(place.Field);
+        const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         const double shown = spin ? spin->cleanText().toDouble(&isNumber) / Factor(place)
-                                  : FrequencyText::Read(live.Find<QLineEdit>(place.Field)->text(), QLocale::c()).value_or(qQNaN());
+                                  : FrequencyText::Read(Find<QLineEdit>(place.Field)->text(), QLocale::c()).value_or(qQNaN());
         return isNumber ? shown : qQNaN();
     }
     /// The integer's control, and those of a list, take it only when they are built.
@@ -383,7 +392,7 @@ private:
     static double Rounding(int places) { return 0.5001 * std::pow(10, -places); }
     double RoundingOnScreen(const Place &place) const
     {
-        const auto *spin = live.Find<VCNumericFloatSpin>(place.Field);
+        const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         return spin ? Rounding(spin->decimals()) / Factor(place) : 0;
     }
     bool IsPending(const QWidget *field) const
@@ -415,10 +424,10 @@ private:
     void CheckNumber(const Place &place)
     {
         const double node = Number(place);
-        if (!IsPending(live.Find(place.Field)))
+        if (!IsPending(Find(place.Field)))
             ExpectNear(place, "screen", Shown(place), node, RoundingOnScreen(place));
         bool isNumber = true;
-        const bool isSpin = live.Find<VCNumericFloatSpin>(place.Field);
+        const bool isSpin = Find<VCNumericFloatSpin>(place.Field);
         // Of a frequency property and document tell whole hertz.
         const double held = isSpin ? node : std::trunc(node);
         const double property = place.Property ? Get(place.Control)->property(place.Property).toDouble(&isNumber) : held;
@@ -440,22 +449,22 @@ private:
         const auto written = [this](const char *name) { return Written[name].value(0); };
         const auto node = [](const char *name) { return Node(name)->GetStringValue(); };
         for (const char *name : {"LineEdit", "IPEdit"}) {
-            const auto *field = live.Find<QLineEdit>(name);
+            const auto *field = Find<QLineEdit>(name);
             const QString text = property(name, "text");
             ExpectSame(name, {node(name), text, written(name), IsPending(field) ? text : field->text()});
         }
         ExpectSame("HiddenParameter", {node("HiddenParameter"), property("HiddenParameter", "value"), written("HiddenParameter")});
         // A label's node feeds its text, and no text goes into the node.
-        ExpectSame("Label", {property("Label", "text"), written("Label"), live.Find<QLabel>("Label")->text()});
+        ExpectSame("Label", {property("Label", "text"), written("Label"), Find<QLabel>("Label")->text()});
         ExpectSame("CheckBox", {node("CheckBox"), Get("CheckBox")->property("checked").toBool() ? "true" : "false",
-            written("CheckBox"), live.Find<QCheckBox>("CheckBox")->isChecked() ? "true" : "false"});
+            written("CheckBox"), Find<QCheckBox>("CheckBox")->isChecked() ? "true" : "false"});
         const QString value = property("ComboBox", "currentValue"), row = node("ComboBox");
         ExpectSame("ComboBox", {value, written("ComboBox")});
-        ExpectSame("ComboBox", {row, live.Find<QComboBox>("ComboBox")->currentText()});
+        ExpectSame("ComboBox", {row, Find<QComboBox>("ComboBox")->currentText()});
         // A value that no item has leaves the choice alone.
         Expect(Rows.value(value.toInt(), "?") == row, "ComboBox", value + " is not " + row, true);
 
-        const auto *table = live.Find<QTableWidget>("ChannelSpacingTable");
+        const auto *table = Find<QTableWidget>("ChannelSpacingTable");
         const auto *cells = qobject_cast<QStyledItemDelegate *>(table->itemDelegate());
         for (int i = 0; i < table->rowCount(); ++i)
             ExpectSame("ChannelSpacingTable", {Written["ChannelSpacingTable"].value(i),
@@ -468,12 +477,12 @@ private:
         const QVariant visible = Get(name)->property("visible"), enabled = Get(name)->property("enabled");
         const bool isGroup = name.startsWith(Group);
         const bool shown = (isGroup || Get(name)->isGroupVisible()) && (!visible.isValid() || visible.toBool());
-        if (const auto *label = live.Find<QLabel>("label" + name))
+        if (const auto *label = Find<QLabel>("label" + name))
             Expect(label->isHidden() != (shown && visible.toBool()), name, "label");
         QString field = name == "MainFrequency" ? "FrequencyControl" : name;
         if (Lists.contains(name) || name == Range)
             field += name == Range ? "_StopFrequency" : "_1";
-        const QWidget *control = live.Find(field);
+        const QWidget *control = Find(field);
         // The script row's container hears nothing, nor do the controls of an integer list.
         if (!control || name == "ScriptControl" || name == "SpinBoxList")
             return;
@@ -488,6 +497,8 @@ private:
     LiveForm live;
     QRandomGenerator Dice;
     const QVector<Place> Numbers = Places();
+    QHash<QString, OrbelDelegate *> Delegates;
+    QHash<QString, QWidget *> Fields;
     QStringList Controls, Scripts, Documents, Notes, Faults;
     QSet<QString> Marked, Standing, StandingBefore;
     QMap<QString, QStringList> Written;
