@@ -413,7 +413,7 @@ private:
                 continue;
             // Integers and frequencies are whole.
             const bool whole = place.Control.startsWith("SpinBox") || !qobject_cast<const QAbstractSpinBox *>(field);
-            return [=, typed = Shown(place), slack = whole ? 0.9999 : RoundingOnScreen(place)] {
+            return [=, typed = Shown(place), slack = whole ? 1 : RoundingOnScreen(place)] {
                 const auto *node = dynamic_cast<IValueNumeric *>(Node(place.Node));
                 ExpectNear(place, "typed", node->GetValue(), qBound(node->GetMin(), typed, node->GetMax()), slack);
             };
@@ -426,15 +426,18 @@ private:
         const double node = Number(place);
         if (!IsPending(Find(place.Field)))
             ExpectNear(place, "screen", Shown(place), node, RoundingOnScreen(place));
-        bool isNumber = true;
         const bool isSpin = Find<VCNumericFloatSpin>(place.Field);
         // Of a frequency property and document tell whole hertz.
         const double held = isSpin ? node : std::trunc(node);
-        const double property = place.Property ? Get(place.Control)->property(place.Property).toDouble(&isNumber) : held;
+        const QVariant property = place.Property ? Get(place.Control)->property(place.Property) : QVariant(held);
+        bool isNumber = false, isInteger = false;
+        const double stated = property.toDouble(&isNumber);
+        property.toString().toInt(&isInteger);
         // A text that is no number stays in the property as it was told.
         if (!isNumber)
             return;
-        ExpectNear(place, "property", isSpin ? property : std::trunc(property), held, 0);
+        if (isInteger || place.Control != "SpinBox")
+            ExpectNear(place, "property", isSpin ? stated : std::trunc(stated), held, 0);
         const QString text = Written[place.Control].value(place.Index);
         if (isSpin)
             ExpectNear(place, "document", text.toDouble(), node, Rounding(Get(place.Control)->GetInt("decimals", 0)));
