@@ -1,6 +1,6 @@
-// A random walk over a form of all classes. Whatever operator, script, documents and host do to it, after each step node,
-// property, screen and document of every control agree, what was typed has arrived, each change of the operator's and of
-// a node's has its mark, and each control is shown and enabled as it was told.
+// A random walk over a form of all classes. Whatever operator, script, documents and host do to it, after each step
+// node, property, screen and document of every control agree, what was typed has arrived, each change of the operator's
+// and of a node's has its mark, and each control is shown and enabled as it was told.
 //
 // ORBEL_WALK_STEPS says how many steps, ORBEL_WALK_SEED which walk: under the same seed it is the same again.
 
@@ -116,9 +116,9 @@ public:
     /// Takes a step and tells what is wrong after it.
     QStringList Step()
     {
-        static constexpr Road (Walk::*acts[])() = {&Walk::Type, &Walk::Type, &Walk::Type, &Walk::Type, &Walk::Click,
-            &Walk::RunScript, &Walk::RunScript, &Walk::SetNode, &Walk::Exchange, &Walk::Change, &Walk::Init,
-            &Walk::Switch};
+        static constexpr Road (Walk::*acts[])()
+            = {&Walk::Type, &Walk::Type, &Walk::Type, &Walk::Type, &Walk::Click, &Walk::RunScript, &Walk::RunScript,
+                &Walk::SetNode, &Walk::Exchange, &Walk::Change, &Walk::Init, &Walk::Switch};
         ++Steps;
         Faults.clear();
         if (Typed && !Typed->hasFocus())
@@ -246,7 +246,11 @@ private:
         for (int i = Roll(4); i >= 0; --i)
             choice.AddItem(Rows.at(i), i, i + 1, nullptr);
         const QString name = Pick(Spins + Frequencies + QStringList{Range, "ComboBox"});
-        Note(QString("init %1: %2...%3, %4").arg(name).arg(number.GetMin()).arg(number.GetMax()).arg(choice.GetItemCount()));
+        Note(QString("init %1: %2...%3, %4")
+                 .arg(name)
+                 .arg(number.GetMin())
+                 .arg(number.GetMax())
+                 .arg(choice.GetItemCount()));
         live.form->InitVTValue(name, name == "ComboBox" ? static_cast<ValueBase *>(&choice) : &number);
         return Road::Limits;
     }
@@ -296,7 +300,8 @@ private:
                     Scripts << name + '.' + script;
         };
         add(Spins + Frequencies, {"setValue($)", "value = $"});
-        add(Spins + Frequencies + QStringList{Range}, {"setMinimum(-$)", "setMaximum($)", "minimum = -$", "maximum = $"});
+        add(Spins + Frequencies + QStringList{Range},
+            {"setMinimum(-$)", "setMaximum($)", "minimum = -$", "maximum = $"});
         add(Spins, {"setSingleStep($)", "setDecimals(#)", "setDisplayScalingFactor(# / 2 + 0.5)"});
         add({Range}, {"setRange($, $)", "startFrequency = $", "stopFrequency = $"});
         add(Lists, {"setItemValue(#, $)", "setPrefix('p')"});
@@ -306,7 +311,8 @@ private:
         add({"ChannelSpacingTable"}, {"setSpacingValue(#, $)", "setAllSpacingValues($)", "setSpacingsCount(#)"});
         add({"HiddenParameter", "HiddenMap"}, {"setValue($, $)", "setValue($)", "remove($)"});
         add({"HiddenList"}, {"setItemValue(#, $)", "setItemCount(#)"});
-        Scripts << "CheckBox.setChecked($)" << "BandwidthEdit.setUnitScale(Math.pow(10, 3 * (# % 4)))";
+        Scripts << "CheckBox.setChecked($)"
+                << "BandwidthEdit.setUnitScale(Math.pow(10, 3 * (# % 4)))";
     }
 
     // What is true after each step.
@@ -369,7 +375,8 @@ private:
             if (former != Written[name] && Last <= Road::Switch && name != "HiddenParameter")
                 Expect(now, name, "changed to " + Written[name].join(' ') + " without a mark");
             if (now && !before)
-                Expect(Last <= Road::Switch || (Last == Road::Script && MarkedByScripts.contains(name)), name, "marked");
+                Expect(
+                    Last <= Road::Switch || (Last == Road::Script && MarkedByScripts.contains(name)), name, "marked");
         }
         Expect(!live.form->GetSheet().isModified() || marked, "sheet", "Apply is lit for nothing");
     }
@@ -379,14 +386,16 @@ private:
     {
         bool isNumber = true;
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
-        const double shown = spin ? spin->cleanText().toDouble(&isNumber) / Factor(place)
-                                  : FrequencyText::Read(Find<QLineEdit>(place.Field)->text(), QLocale::c()).value_or(qQNaN());
+        const double shown = spin
+            ? spin->cleanText().toDouble(&isNumber) / Factor(place)
+            : FrequencyText::Read(Find<QLineEdit>(place.Field)->text(), QLocale::c()).value_or(qQNaN());
         return isNumber ? shown : qQNaN();
     }
     /// The integer's control, and those of a list, take it only when they are built.
     double Factor(const Place &place) const
     {
-        return place.Property && place.Control != "SpinBox" ? Get(place.Control)->GetDouble("displayScalingFactor", 1) : 1;
+        return place.Property && place.Control != "SpinBox" ? Get(place.Control)->GetDouble("displayScalingFactor", 1)
+                                                            : 1;
     }
     /// What a text of so many decimal places may lose of a number.
     static double Rounding(int places) { return 0.5001 * std::pow(10, -places); }
@@ -407,13 +416,18 @@ private:
         if (field->property("readOnly").toBool())
             return nullptr;
         if (name == "LineEdit" || name == "IPEdit")
-            return [=, text = field->property("text").toString()] { ExpectSame(name, {text, Node(name)->GetStringValue()}); };
+            return [=, text = field->property("text").toString()] {
+                ExpectSame(name, {text, Node(name)->GetStringValue()});
+            };
         for (const Place &place : qAsConst(Numbers)) {
             if (place.Field != name || std::isnan(Shown(place)))
                 continue;
+            const auto *spin = qobject_cast<const VCNumericFloatSpin *>(field);
+            const double factor = Factor(place), shown = Shown(place) * factor;
+            const double typed = (spin ? qBound(spin->minimum(), shown, spin->maximum()) : shown) / factor;
             // Integers and frequencies are whole.
-            const bool whole = place.Control.startsWith("SpinBox") || !qobject_cast<const QAbstractSpinBox *>(field);
-            return [=, typed = Shown(place), slack = whole ? 1 : RoundingOnScreen(place)] {
+            const double slack = spin && !place.Control.startsWith("SpinBox") ? RoundingOnScreen(place) : 1;
+            return [=] {
                 const auto *node = dynamic_cast<IValueNumeric *>(Node(place.Node));
                 ExpectNear(place, "typed", node->GetValue(), qBound(node->GetMin(), typed, node->GetMax()), slack);
             };
@@ -456,11 +470,13 @@ private:
             const QString text = property(name, "text");
             ExpectSame(name, {node(name), text, written(name), IsPending(field) ? text : field->text()});
         }
-        ExpectSame("HiddenParameter", {node("HiddenParameter"), property("HiddenParameter", "value"), written("HiddenParameter")});
+        ExpectSame("HiddenParameter",
+            {node("HiddenParameter"), property("HiddenParameter", "value"), written("HiddenParameter")});
         // A label's node feeds its text, and no text goes into the node.
         ExpectSame("Label", {property("Label", "text"), written("Label"), Find<QLabel>("Label")->text()});
-        ExpectSame("CheckBox", {node("CheckBox"), Get("CheckBox")->property("checked").toBool() ? "true" : "false",
-            written("CheckBox"), Find<QCheckBox>("CheckBox")->isChecked() ? "true" : "false"});
+        ExpectSame("CheckBox",
+            {node("CheckBox"), Get("CheckBox")->property("checked").toBool() ? "true" : "false", written("CheckBox"),
+                Find<QCheckBox>("CheckBox")->isChecked() ? "true" : "false"});
         const QString value = property("ComboBox", "currentValue"), row = node("ComboBox");
         ExpectSame("ComboBox", {value, written("ComboBox")});
         ExpectSame("ComboBox", {row, Find<QComboBox>("ComboBox")->currentText()});
@@ -470,8 +486,9 @@ private:
         const auto *table = Find<QTableWidget>("ChannelSpacingTable");
         const auto *cells = qobject_cast<QStyledItemDelegate *>(table->itemDelegate());
         for (int i = 0; i < table->rowCount(); ++i)
-            ExpectSame("ChannelSpacingTable", {Written["ChannelSpacingTable"].value(i),
-                cells->displayText(table->item(i, 0)->data(Qt::DisplayRole), QLocale::c())});
+            ExpectSame("ChannelSpacingTable",
+                {Written["ChannelSpacingTable"].value(i),
+                    cells->displayText(table->item(i, 0)->data(Qt::DisplayRole), QLocale::c())});
     }
 
     /// A control is shown and enabled as it was told, unless its group is collapsed or the input is locked.
@@ -533,7 +550,8 @@ private Q_SLOTS:
         Walk walk{quint32(seed)};
         for (int step = FromEnvironment("ORBEL_WALK_STEPS", 1500); step > 0; --step) {
             const QString faults = walk.Step().join('\n');
-            QVERIFY2(faults.isEmpty(), qPrintable(QString("seed %1, the last steps:\n").arg(seed) + walk.Tail() + '\n' + faults));
+            QVERIFY2(faults.isEmpty(),
+                qPrintable(QString("seed %1, the last steps:\n").arg(seed) + walk.Tail() + '\n' + faults));
         }
     }
 };
