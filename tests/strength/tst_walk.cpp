@@ -39,7 +39,7 @@ const QStringList Values{"0", "1", "-1", "7", "0.5", "-2.25", "59", "5001", "1e3
     "2400000000", "1e15", "'abc'", "'12'", "NaN"};
 const QStringList Entries{"5", "-", "123", "0.5", "abc", "300 k", "2.4 G", "7000", "-3"};
 const QStringList Strokes{"Ctrl+A", "Ctrl+A", "Ctrl+Z", "Up", "Down", "PgUp", "PgDown", "Home", "End", "Space",
-    "Backspace", "Del", "Esc", "Return", "Return", "Tab"};
+    "Backspace", "Del", "Esc", "Return", "Return", "Tab", "Finish"};
 
 /// The rows in an order of their own, each with its number as value.
 QString Enumeration(int first)
@@ -173,15 +173,17 @@ private:
         for (const QString &stroke : qAsConst(typed)) {
             field = QApplication::focusWidget() ? QApplication::focusWidget() : live.window.get();
             Note("type into " + field->objectName() + ": " + stroke);
-            const bool commits = stroke == "Return" || stroke == "Tab";
+            const bool commits = stroke == "Return" || stroke == "Tab" || stroke == "Finish";
             const std::function<void()> check = commits ? ArrivalOf(field) : nullptr;
-            if (Entries.contains(stroke))
+            if (stroke == "Finish")
+                live.form->FinishEditing();
+            else if (Entries.contains(stroke))
                 QTest::keyClicks(field, stroke);
             else
                 QTest::keySequence(field, QKeySequence(stroke));
             if (check)
                 check();
-            Typed = stroke == "Return" ? nullptr : QApplication::focusWidget();
+            Typed = commits ? nullptr : QApplication::focusWidget();
         }
         return Road::Operator;
     }
@@ -246,50 +248,34 @@ private:
         for (int i = Roll(4); i >= 0; --i)
             choice.AddItem(Rows.at(i), i, i + 1, nullptr);
         const QString name = Pick(Spins + Frequencies + QStringList{Range, "ComboBox"});
-        Note(QString("init %1: %2...%3, %4")
-                 .arg(name)
-                 .arg(number.GetMin())
-                 .arg(number.GetMax())
-                 .arg(choice.GetItemCount()));
+        Note(QString("init %1: %2...%3").arg(name).arg(number.GetMin()).arg(number.GetMax()));
         live.form->InitVTValue(name, name == "ComboBox" ? static_cast<ValueBase *>(&choice) : &number);
         return Road::Limits;
     }
     Road Switch()
     {
         OrbelSheet &sheet = live.form->GetSheet();
-        const bool on = Roll(4) > 0;
-        const QStringList states{".setEnabled(%1)", ".setVisible(%1)", ".setReadOnly(!%1)"};
-        const QString script = Pick(Controls) + Pick(states).arg(on);
-        const auto group = Pick(sheet.FindWidgetsOfClass(Group));
         const int kind = Roll(6), scope = Roll(3);
-        Note(QString("switch %1: %2, %3, scope %4").arg(kind).arg(script, group->GetName()).arg(scope));
-        const std::function<void()> check = kind == 5 && Typed ? ArrivalOf(Typed) : nullptr;
+        const bool on = Roll(4) > 0;
+        const QString name = Pick(Controls);
+        const auto group = Pick(sheet.FindWidgetsOfClass(Group));
+        Note(QString("switch %1 %2: %3, %4, scope %5").arg(kind).arg(on).arg(name, group->GetName()).arg(scope));
         if (kind == 0)
-            live.form->EvaluateScript(script);
+            Get(name)->setEnabled(on);
         else if (kind == 1)
-            sheet.EnableInput(on, OrbelSheet::eEnableScope(scope));
+            Get(name)->setVisible(on);
         else if (kind == 2)
-            sheet.setGroupVisible(group.data(), on);
+            sheet.EnableInput(on, OrbelSheet::eEnableScope(scope));
         else if (kind == 3)
-            live.form->ShowGroup(group->GetName(), on);
+            sheet.setGroupVisible(group.data(), on);
         else if (kind == 4)
-            OpenAll();
-        else
-            live.form->FinishEditing();
-        if (check)
-            check();
+            live.form->ShowGroup(group->GetName(), on);
+        // So that there is something to type into.
+        for (int each = 0; kind == 5 && each < 3; ++each)
+            sheet.EnableInput(true, OrbelSheet::eEnableScope(each));
         if (kind == 5)
-            Typed = nullptr;
+            sheet.SetCollapsed({});
         return Road::Switch;
-    }
-    /// So that there is something to type into.
-    void OpenAll()
-    {
-        live.form->GetSheet().SetCollapsed({});
-        for (int scope = 0; scope < 3; ++scope)
-            live.form->GetSheet().EnableInput(true, OrbelSheet::eEnableScope(scope));
-        for (const QString &name : qAsConst(Controls))
-            Get(name)->setReadOnly(false);
     }
     /// What a script can set; $ stands for a value, # for a small number.
     void CollectScripts()
