@@ -1,0 +1,278 @@
+// One truth for numbers: whatever sets a value or a limit, screen, node, property and document state the same number
+// afterwards, nothing counts as the operator's change, and what the operator types next does.
+
+#include "frequencytext.h"
+#include "liveform.h"
+#include "rows.h"
+#include "testmain.h"
+#include "tree.h"
+#include "valuenumeric.h"
+#include "vcnumericfloatspin.h"
+
+#include <QtTest>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+/// Where a number stands: its field on the screen, its node, its property, its element in the document.
+struct Place {
+    QString Field, Node, Property, Element;
+};
+/// A control "n" in one of its faces. Its value stands in the last place.
+struct Face {
+    const char *Name;
+    QString Class;
+    QStringList Properties;
+    QVector<Place> Places;
+    bool IsRange() const { return Places.size() > 1; }
+    bool IsFrequency() const { return Class.startsWith("Frequency"); }
+};
+
+const QVector<Place> Single{{"n", "n", "value", "n"}};
+const Face Faces[] = {
+    {"SpinBox", "SpinBox", {}, Single},
+    {"DoubleSpinBox", "DoubleSpinBox", {"decimals=Int:1"}, Single},
+    {"BandwidthEdit", "BandwidthEdit", {}, Single},
+    {"plain FrequencyEdit", "FrequencyEdit", {}, Single},
+    {"main FrequencyEdit", "FrequencyEdit", {"MainFreqEdit=Bool:true"}, {{"frequency", "n", "value", "n"}}},
+    {"FrequencyRangeEdit", "FrequencyRangeEdit",
+        {"startFrequency=String:14000", "startFrequencyParameterXmlTag=String:From",
+            "stopFrequencyParameterXmlTag=String:To"},
+        {{"n_StartFrequency", "n_1", "startFrequency", "From"}, {"n_StopFrequency", "n_2", "stopFrequency", "To"}}},
+};
+const QStringList Limits{"value=String:15000", "minimum=String:10000", "maximum=String:20000"};
+
+/// The face with further properties; "value" is what it calls its value.
+QString Control(const Face &face, const QStringList &more)
+{
+    QStringList properties = face.Properties + more
+        + QStringList{"generateParameterXml=Bool:true", "visible=Bool:true", "enabled=Bool:true"};
+    properties.replaceInStrings(QRegularExpression("^value="), face.Places.last().Property + '=');
+    return Widget("n", face.Class, properties);
+}
+
+/// What the control shows of a node's number: frequency fields show hertz.
+double Factor(const LiveForm &live)
+{
+    return live.Get("n")->GetDouble("displayScalingFactor", 1);
+}
+
+double OnScreen(const LiveForm &live, const QString &field)
+{
+    if (const auto *spin = live.Find<VCNumericFloatSpin>(field))
+        return spin->cleanText().toDouble() / Factor(live);
+    return FrequencyText::Read(live.Find<QLineEdit>(field)->text(), QLocale::c()).value_or(qQNaN());
+}
+
+/// The number in each place of the face; where the four that state it differ, all of them.
+QString Held(const LiveForm &live, const Face &face)
+{
+    QStringList all;
+    const QString document = live.form->GetXmlString(false);
+    for (const Place &place : face.Places) {
+        const auto *node = dynamic_cast<IValueNumeric *>(Tree::Instance()->GetNode("/Form/" + place.Node));
+        const QString written = document.section('<' + place.Element, 1).section('>', 1).section('<', 0, 0);
+        QStringList held{FrequencyText::Plain(OnScreen(live, place.Field)), FrequencyText::Plain(node->GetValue()),
+            FrequencyText::Plain(live.Get("n")->property(place.Property.toLatin1()).toDouble()),
+            face.IsFrequency() ? written : FrequencyText::Plain(written.toDouble())};
+        held.removeDuplicates();
+        all << held.join('|');
+    }
+    return all.join(' ');
+}
+
+void Type(const LiveForm &live, const QString &field, const QString &text)
+{
+    live.Find(field)->setFocus();
+    QTest::keyClick(live.window->focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(live.window->focusWidget(), text + '\r');
+}
+
+template <class Node> void Init(const LiveForm &live, const QString &limits)
+{
+    Node node("n");
+    if (!limits.isEmpty())
+        node.SetMinMax(limits.section(' ', 0, 0).toInt(), limits.section(' ', 1).toInt(), 1, nullptr);
+    live.form->InitVTValue("n", &node);
+}
+
+/// Sets something on the road that stands before the colon. %1 is the property of the value, %2 its setter.
+void Do(const LiveForm &live, const Face &face, const QString &act)
+{
+    const Place &place = face.Places.last();
+    const QString setter = "set" + place.Property.left(1).toUpper() + place.Property.mid(1);
+    const QString road = act.section(':', 0, 0);
+    const QString text = act.section(':', 1).replace("%1", place.Property).replace("%2", setter);
+    const QString name = text.section('=', 0, 0), value = text.section('=', 1);
+    if (road == "script")
+        live.form->EvaluateScript(text);
+    else if (road == "document")
+        live.form->SetXmlString(QString("<Parameters><%1>%2</%1></Parameters>").arg(place.Element, text));
+    else if (road == "property")
+        live.Get("n")->setProperty(name.toLatin1(), value.toDouble());
+    else if (road == "definition")
+        live.form->SetChangedORBEL(Definition(Widget("n", "", {name + "=String:" + value})));
+    else if (road == "typed")
+        Type(live, place.Field, text);
+    else if (road == "node")
+        live.form->GetVTValue("n")->SetStringValue(text, nullptr);
+    else if (road == "int")
+        Init<ValueInt>(live, text);
+    else if (road == "int64")
+        Init<ValueInt64>(live, text);
+    else if (road == "double")
+        Init<ValueDouble>(live, text);
+}
+
+} // namespace
+
+class TestLimits : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    /// From 15000 within 10000...20000, and for a range from 14000 to 15000: what is held after the number told has met
+    /// the limits. A document's number is announced as it was told.
+    void theNodeDecides_data()
+    {
+        Columns<int, QStringList, QString, QString, QString>({"face", "definition", "act", "told", "held"});
+        const auto row = [](const QStringList &definition, const char *act, const char *told, const char *single,
+                             const char *range) {
+            for (int face = 0; face < int(std::size(Faces)); ++face)
+                QTest::addRow("%s %s %s", Faces[face].Name, act, qPrintable(definition.value(0)))
+                    << face << definition << QString(act) << QString(told) << (Faces[face].IsRange() ? range : single);
+        };
+        row({"value=String:50000"}, "", "50000", "20000", "14000 20000");
+        row({"value=String:nan"}, "", "50000", "10000", "14000 10001");
+        row({"displayScalingFactor=Double:0.5"}, "", "50000", "20000", "14000 15000");
+        for (const char *act : {"script:n.%2(50000)", "script:n.%1 = 50000", "script:n.%1 = '50000'",
+                 "property:%1=50000", "document:50000", "definition:%1=50000"})
+            row({}, act, "50000", "20000", "14000 20000");
+        row({}, "script:n.setRange ? n.setRange(50000, 60000) : n.%2(60000)", "60000", "20000", "19999 20000");
+        for (const char *act : {"script:n.setMaximum(12000)", "script:n.maximum = 12000", "property:maximum=12000",
+                 "definition:maximum=12000"})
+            row({}, act, "15000", "12000", "11999 12000");
+        for (const char *act :
+            {"script:n.setMinimum(18000)", "int:18000 19000", "int64:18000 19000", "double:18000 19000"})
+            row({}, act, "15000", "18000", "18000 18001");
+        for (const char *act : {"int64:", "double:", "script:n.maximum = NaN; n.minimum = NaN", "script:n.%1 = NaN",
+                 "script:n.%1 = -Infinity", "property:%1=inf"})
+            row({}, act, "50000", "15000", "14000 15000");
+        for (const char *act : {"document:nan", "document:-inf"})
+            row({}, act, "50000", "10000", "14000 10001");
+        QTest::newRow("DoubleSpinBox with a new factor")
+            << 1 << QStringList() << "script:n.setDisplayScalingFactor(0.5)"
+            << "50000"
+            << "20000";
+        QTest::newRow("BandwidthEdit with a new scale") << 2 << QStringList() << "script:n.setUnitScale(1000)"
+                                                        << "50000000"
+                                                        << "10000000";
+    }
+
+    void theNodeDecides()
+    {
+        const auto [index, definition, act, told, held]
+            = Fetch<int, QStringList, QString, QString, QString>({"face", "definition", "act", "told", "held"});
+        const Face &face = Faces[index];
+        LiveForm live(Control(face, Limits + definition));
+        live.log.Watch("n", live.Get("n"));
+        Do(live, face, act);
+        const QString announced = act == "document:50000" ? "n.valueChanged(50000)" : "n.valueChanged(0)";
+        QCOMPARE(live.log.Take(), act.startsWith("document") && !face.IsRange() ? announced : QString());
+        QVERIFY(!live.form->GetSheet().isModified());
+        QCOMPARE(Held(live, face), held);
+
+        live.form->EvaluateScript("n.setMinimum(0); n.setMaximum(1000000)");
+        QCOMPARE(Held(live, face), held);
+        const double shown = told.toDouble() * (face.IsFrequency() ? 1 : Factor(live));
+        Type(live, face.Places.last().Field, FrequencyText::Plain(shown));
+        QVERIFY2(live.log.Seen().contains(told + ')') && live.Get("n")->isModified(), "a change");
+        QVERIFY(Held(live, face).endsWith(told));
+    }
+
+    void aRangeNeverStandsInverted_data()
+    {
+        const auto row = Columns<QString, int, QString, QString>({"script", "field", "typed", "held"});
+        const char *narrowed = "n.setRange(500000, 500001); n.setMaximum(300000); n.setMaximum(1000000)";
+        row("narrowed and widened, then the start", narrowed, 0, "500 k", "500000 500001");
+        row("narrowed and widened, then the stop", narrowed, 1, "500 k", "299999 500000");
+        row("raised and lowered, then the stop",
+            "n.setRange(500000, 500001); n.setMinimum(700000); n.setMaximum(1000000); n.setMinimum(0)", 1, "500 k",
+            "499999 500000");
+        row("no room between the limits", "n.setMinimum(12000); n.setMaximum(12000)", 0, "15 k", "11999 12000");
+        row("limits the wrong way round", "n.setMaximum(5000); n.setMinimum(6000)", 1, "1 k", "6000 6001");
+    }
+
+    void aRangeNeverStandsInverted()
+    {
+        QFETCH(QString, script);
+        QFETCH(int, field);
+        QFETCH(QString, typed);
+        const Face &face = Faces[std::size(Faces) - 1];
+        LiveForm live(Control(face, Limits));
+        live.form->EvaluateScript("n.setMaximum(1000000)");
+        for (const QString &line : script.split(';')) {
+            live.form->EvaluateScript(line);
+            const QStringList held = Held(live, face).split(' ');
+            QVERIFY2(held.at(0).toLongLong() < held.at(1).toLongLong(), qPrintable(line + ": " + held.join(' ')));
+        }
+        Type(live, face.Places.at(field).Field, typed);
+        QTEST(Held(live, face), "held");
+    }
+
+    /// However a frequency is spelled.
+    void documentsHoldWholeHertz_data()
+    {
+        QTest::addColumn<QString>("act");
+        for (const char *act : {"script:n.%1 = 2400000000", "script:n.%1 = 2400000000.9", "script:n.%1 = '2.4e9'",
+                 "property:%1=2.4e9", "document:2.4e9"})
+            AddRow(act, QString(act));
+    }
+
+    void documentsHoldWholeHertz()
+    {
+        QFETCH(QString, act);
+        for (const Face &face : Faces) {
+            if (!face.IsFrequency())
+                continue;
+            LiveForm live(Control(face, {"value=String:15000"}));
+            Do(live, face, act);
+            const QString document = live.form->GetXmlString(false);
+            QVERIFY2(document.contains(">2400000000<"), qPrintable(document));
+            live.log.Watch("n", live.Get("n"));
+            live.form->SetXmlString(document);
+            QCOMPARE(live.log.Take(), face.IsRange() ? "" : "n.valueChanged(2400000000)");
+        }
+    }
+
+    /// Numbers that differ in the thirteenth digit, after an edit has left a double in the property.
+    void neighboursAreTwoNumbers_data()
+    {
+        QTest::addColumn<QString>("act");
+        for (const char *act : {"typed:%3", "script:n.setValue(%3)", "document:%3", "node:%3"})
+            AddRow(act, QString(act));
+    }
+
+    void neighboursAreTwoNumbers()
+    {
+        QFETCH(QString, act);
+        const auto heldAfter
+            = [&](const Face &face, const QStringList &properties, const char *before, const char *number) {
+                  LiveForm live(Control(face, properties));
+                  Do(live, face, QString("typed:") + before);
+                  Do(live, face, QString(act).replace("%3", number));
+                  return Held(live, face);
+              };
+        QCOMPARE(heldAfter(Faces[1], {"singleStep=Double:5e-7", "decimals=Int:7"}, "1000000", "1000000.0000005"),
+            "1000000.0000005");
+        QCOMPARE(heldAfter(Faces[2], {}, "2000000000000", "2000000000001"), "2000000000001");
+    }
+};
+
+ORBEL_TEST_MAIN(TestLimits)
+#include "tst_limits.moc"
