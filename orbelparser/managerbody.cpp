@@ -78,29 +78,34 @@ bool ManagerBody::ShowFormular(const QString &name)
     // A handler of the form that goes may show another one meanwhile.
     while (Current)
         HideCurrent();
-    const Formular shown = Formulars.value(name);
-    Current = shown;
+    Current = Formulars.value(name);
+    // Not held: whoever drops the form in a handler ends it then and there.
+    const QPointer<OrbelFormular> shown(Current.data());
     if (!shown || !Manager)
         return false;
     if (AutoApplyMemory != 0)
         shown->GetSheet().setAutoApplyEnabled(AutoApplyMemory > 0);
-    QObject::connect(shown.data(), &OrbelFormular::si_parametersModified, Manager.data(),
-        &OrbelFormularManager::si_parametersModified, Qt::UniqueConnection);
-    HandOverConfiguration(shown.data());
-    shown->Show();
+    if (shown && Manager)
+        QObject::connect(shown.data(), &OrbelFormular::si_parametersModified, Manager.data(),
+            &OrbelFormularManager::si_parametersModified, Qt::UniqueConnection);
+    if (shown)
+        HandOverConfiguration(shown.data());
+    if (shown)
+        shown->Show();
     return true;
 }
 
 void ManagerBody::HideCurrent()
 {
-    const Formular leaving = Current;
-    OrbelSheet &sheet = leaving->GetSheet();
-    sheet.killAutoApplyTimer();
+    const QPointer<OrbelFormular> leaving(Current.data());
+    leaving->GetSheet().killAutoApplyTimer();
     leaving->Hide();
+    if (!leaving)
+        return;
     if (Manager)
         QObject::disconnect(leaving.data(), nullptr, Manager.data(), nullptr);
-    AutoApplyMemory = sheet.isAutoApplyEnabled() ? 1 : -1;
-    if (Current == leaving)
+    AutoApplyMemory = leaving->GetSheet().isAutoApplyEnabled() ? 1 : -1;
+    if (Current.data() == leaving.data())
         Current.reset();
 }
 
@@ -135,7 +140,7 @@ void ManagerBody::HandOverConfiguration(OrbelFormular *formular) const
 
 bool ManagerBody::isWidgetModified()
 {
-    const Formular current = Current;
+    OrbelFormular *const current = Current.data();
     if (!current)
         return false;
     OrbelSheet &sheet = current->GetSheet();

@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QDynamicPropertyChangeEvent>
 #include <QScopedValueRollback>
+#include <QSet>
 #include <QWidget>
 
 namespace KV218
@@ -240,9 +241,12 @@ double OrbelDelegate::GetStatedNumber(const PropertyKey &name) const
     return isNumber || !own.isValid() ? stated : qQNaN();
 }
 
-bool OrbelDelegate::IsNumber(const QString &) const
+bool OrbelDelegate::IsNumber(const QString &name) const
 {
-    return false;
+    static const QSet<QString> numbers{prop::Minimum, prop::Maximum, prop::SingleStep, prop::Decimals,
+        prop::DisplayScalingFactor, prop::RowCount, prop::ColumnCount, prop::SpacingsCount, prop::ItemCount,
+        prop::ShiftCount};
+    return numbers.contains(name);
 }
 
 QVariant OrbelDelegate::HeldNumber(const QString &) const
@@ -252,9 +256,10 @@ QVariant OrbelDelegate::HeldNumber(const QString &) const
 
 bool OrbelDelegate::IsNoNumber(const QString &name, const QVariant &value) const
 {
-    const bool isReal = value.userType() == QMetaType::Double;
-    const bool isText = value.userType() == QMetaType::QString;
-    return (isReal || (isText && IsNumber(name))) && !std::isfinite(value.toDouble());
+    const int type = value.userType();
+    if ((type != QMetaType::Double && type != QMetaType::QString) || std::isfinite(value.toDouble()))
+        return false;
+    return IsNumber(name) || (type == QMetaType::Double && HeldNumber(name).isValid());
 }
 
 QString OrbelDelegate::FiniteText(const QString &text)

@@ -225,9 +225,10 @@ protected:
     /// The number that the property states: 0 where it is absent, no number (NaN) where a text is none.
     double GetStatedNumber(const PropertyKey &name) const;
     /// Whether the property of that name is read as a number. An infinite one, or one that is none, then counts for nothing,
-    /// as a text too: the property takes HeldNumber() again. The base reads none.
+    /// as a text too: the property takes HeldNumber() again. The base knows those of limits and counts.
     virtual bool IsNumber(const QString &name) const;
-    /// What the nodes hold of the property of that name, in its units; invalid for nothing, as in the base.
+    /// What the nodes hold of the property of that name, in its units, a text where that is one; invalid for nothing, as in
+    /// the base.
     virtual QVariant HeldNumber(const QString &name) const;
     /// The text in the operator's language, in the translation context of the object name.
     QString Translate(const QString &text) const;

@@ -63,7 +63,7 @@ OrbelFormularManager::Formular OrbelFormularManager::GetCurrentFormular() const
 
 QString OrbelFormularManager::GetCurrentName() const
 {
-    const Formular current = Body->GetCurrent();
+    OrbelFormular *const current = Body->GetCurrent().data();
     return current ? current->GetName() : QString();
 }
 
@@ -84,25 +84,25 @@ void OrbelFormularManager::SetConfigObject(QObject *object, const QString &name)
 
 void OrbelFormularManager::RestoreConfiguration()
 {
-    if (const Formular current = Body->GetCurrent())
+    if (OrbelFormular *const current = Body->GetCurrent().data())
         current->RestoreConfiguration();
 }
 
 QString OrbelFormularManager::GetXmlString(bool onlyModified)
 {
-    const Formular current = Body->GetCurrent();
+    OrbelFormular *const current = Body->GetCurrent().data();
     return current ? current->GetXmlString(onlyModified) : QString();
 }
 
 QString OrbelFormularManager::GetEmptyXmlElement() const
 {
-    const Formular current = Body->GetCurrent();
+    OrbelFormular *const current = Body->GetCurrent().data();
     return current ? current->GetEmptyXmlElement() : QString();
 }
 
 void OrbelFormularManager::SetXmlString(const QString &xml)
 {
-    if (const Formular current = Body->GetCurrent())
+    if (OrbelFormular *const current = Body->GetCurrent().data())
         current->SetXmlString(xml);
 }
 
@@ -113,13 +113,13 @@ bool OrbelFormularManager::isWidgetModified()
 
 void OrbelFormularManager::SetCurrentModified(bool autoApply)
 {
-    if (const Formular current = Body->GetCurrent())
+    if (OrbelFormular *const current = Body->GetCurrent().data())
         current->GetSheet().setModified(autoApply);
 }
 
 void OrbelFormularManager::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init)
 {
-    if (const Formular current = Body->GetCurrent()) {
+    if (OrbelFormular *const current = Body->GetCurrent().data()) {
         current->GetVTValues(locals, observer, init);
         return;
     }
@@ -131,7 +131,7 @@ void OrbelFormularManager::GetVTValues(const QList<ValueBase *> &locals, IObserv
 
 bool OrbelFormularManager::SetVTValue(ValueBase *local, IObserver *observer)
 {
-    const Formular current = Body->GetCurrent();
+    OrbelFormular *const current = Body->GetCurrent().data();
     return current && current->SetVTValue(local, observer, true);
 }
 

@@ -41,8 +41,7 @@ void FloatSpinDelegate::WriteLimitsToNode()
 
 bool FloatSpinDelegate::IsNumber(const QString &name) const
 {
-    return name == prop::Value || name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
-        || name == prop::DisplayScalingFactor;
+    return name == prop::Value || OrbelDelegate::IsNumber(name);
 }
 
 QVariant FloatSpinDelegate::HeldNumber(const QString &name) const

@@ -31,10 +31,9 @@ QExplicitlySharedDataPointer<OrbelEnum> OrbelComboBox::FindEnum() const
 void OrbelComboBox::CreateValueTree()
 {
     Enum = FindEnum();
-    ValueSelection *node = CreateValueSelection(prop::CurrentValue, Enum);
-    if (node)
-        node->SetTranslationNamespace(ContextOf(*Enum).constData(), nullptr);
-    ValueNode.Adopt(node);
+    ValueNode.Adopt(CreateValueSelection(prop::CurrentValue, Enum));
+    if (ValueNode)
+        ValueNode->SetTranslationNamespace(ContextOf(*Enum).constData(), this);
 }
 
 void OrbelComboBox::ResyncValueTree()

@@ -204,7 +204,7 @@ void OrbelFrequencyEdit::WritePropertyToNode(const QString &name, const QVariant
 
 bool OrbelFrequencyEdit::IsNumber(const QString &name) const
 {
-    return name == prop::Value || name == prop::Minimum || name == prop::Maximum;
+    return name == prop::Value || OrbelDelegate::IsNumber(name);
 }
 
 QVariant OrbelFrequencyEdit::HeldNumber(const QString &name) const

@@ -42,10 +42,10 @@ void OrbelFrequencyRangeEdit::MakeNode(
     OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest)
 {
     node.Adopt(CreateValueNumericFloat(property, index));
-    if (!node)
-        return;
-    node->SetMinMax(lowest, highest, 1.0, this);
-    node->SetValue(GetDouble(property, 0.0), this);
+    if (node)
+        node->SetMinMax(lowest, highest, 1.0, this);
+    if (node)
+        node->SetValue(GetDouble(property, 0.0), this);
 }
 
 void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
@@ -162,7 +162,7 @@ void OrbelFrequencyRangeEdit::WriteLimits(void (ValueDouble::*set)(double, IObse
 
 bool OrbelFrequencyRangeEdit::IsNumber(const QString &name) const
 {
-    return name == prop::StartFrequency || name == prop::StopFrequency || name == prop::Minimum || name == prop::Maximum;
+    return name == prop::StartFrequency || name == prop::StopFrequency || OrbelDelegate::IsNumber(name);
 }
 
 QVariant OrbelFrequencyRangeEdit::HeldNumber(const QString &name) const

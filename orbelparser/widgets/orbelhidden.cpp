@@ -40,6 +40,11 @@ void OrbelHidden::PropertyChanged(const QString &name, const QVariant &value)
     Q_EMIT valueChanged(text);
 }
 
+QVariant OrbelHidden::HeldNumber(const QString &name) const
+{
+    return name == prop::Value && ValueNode ? QVariant(ValueNode->GetValue()) : QVariant();
+}
+
 void OrbelHidden::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))

@@ -30,6 +30,7 @@ public Q_SLOTS:
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
+    QVariant HeldNumber(const QString &name) const override;
 
 private:
     OwnedNode<ValueString> ValueNode;

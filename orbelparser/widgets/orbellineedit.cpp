@@ -66,6 +66,11 @@ void OrbelLineEdit::PropertyChanged(const QString &name, const QVariant &value)
     PropagateProperty(name, Control);
 }
 
+QVariant OrbelLineEdit::HeldNumber(const QString &name) const
+{
+    return name == prop::Text && ValueNode ? QVariant(ValueNode->GetValue()) : QVariant();
+}
+
 void OrbelLineEdit::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))

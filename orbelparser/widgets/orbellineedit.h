@@ -38,6 +38,7 @@ public Q_SLOTS:
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
+    QVariant HeldNumber(const QString &name) const override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text);

@@ -89,7 +89,7 @@ void OrbelSpinBox::WritePropertyToNode(const QString &name)
 
 bool OrbelSpinBox::IsNumber(const QString &name) const
 {
-    return name == prop::Value || name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep;
+    return name == prop::Value || OrbelDelegate::IsNumber(name);
 }
 
 QVariant OrbelSpinBox::HeldNumber(const QString &name) const

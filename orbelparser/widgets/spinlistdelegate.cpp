@@ -28,6 +28,11 @@ template <class Node> QVector<ValueBase *> SpinListDelegate<Node>::GetNodes() co
     return nodes;
 }
 
+template <class Node> bool SpinListDelegate<Node>::IsNumber(const QString &name) const
+{
+    return name == prop::Value || OrbelDelegate::IsNumber(name);
+}
+
 template <class Node> void SpinListDelegate<Node>::LeaveWindow()
 {
     if (!Container)

@@ -35,6 +35,7 @@ protected:
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;
     void LeaveWindow() override;
+    bool IsNumber(const QString &name) const override;
 
     /// Makes the nodes of `count` items, none for a negative count; limit::ListItems at most.
     void CreateNodes(int count);

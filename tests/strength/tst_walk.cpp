@@ -537,7 +537,7 @@ private Q_SLOTS:
         for (int step = FromEnvironment("ORBEL_WALK_STEPS", 1500); step > 0; --step) {
             const QString faults = walk.Step().join('\n');
             QVERIFY2(faults.isEmpty(),
-                qPrintable(QString("seed %1, the last steps:\n").arg(seed) + walk.Tail() + '\n' + faults));
+                qPrintable(QString("seed %1: ").arg(seed) + faults + "\nthe last steps:\n" + walk.Tail()));
         }
     }
 };
