@@ -32,6 +32,7 @@ void ExternalWidget::CreateGUI(FloatGroupLayout *layout)
 
 void ExternalWidget::setFocus()
 {
+    const Call call(this);
     if (ExtWidget)
         ExtWidget->setFocus();
 }

@@ -124,6 +124,7 @@ void OrbelChannelSpacingTable::ReadXml(QXmlStreamReader &reader)
 
 void OrbelChannelSpacingTable::setFocus()
 {
+    const Call call(this);
     if (Control)
         Control->setFocus();
 }

@@ -41,6 +41,7 @@ void OrbelDoubleSpinBoxList::EnableInput(bool enable, bool partial)
 
 void OrbelDoubleSpinBoxList::setFocus()
 {
+    const Call call(this);
     if (!Items.isEmpty() && Items.first().Control)
         Items.first().Control->setFocus();
 }

@@ -131,6 +131,7 @@ void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
 
 void OrbelFrequencyEdit::setFocus()
 {
+    const Call call(this);
     if (frequencyControl)
         frequencyControl->setFocus();
     if (lineEdit)

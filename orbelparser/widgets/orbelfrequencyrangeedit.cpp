@@ -111,6 +111,7 @@ void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFre
 
 void OrbelFrequencyRangeEdit::setFocus()
 {
+    const Call call(this);
     if (startEdit)
         startEdit->setFocus();
 }

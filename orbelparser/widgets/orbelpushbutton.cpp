@@ -30,6 +30,7 @@ void OrbelPushButton::CreateGUI(FloatGroupLayout *layout)
 
 void OrbelPushButton::setFocus()
 {
+    const Call call(this);
     if (Button)
         Button->setFocus();
 }

@@ -99,6 +99,7 @@ void OrbelTable::ReadXml(QXmlStreamReader &reader)
 
 void OrbelTable::setFocus()
 {
+    const Call call(this);
     if (Control)
         Control->setFocus();
 }

@@ -21,6 +21,8 @@ int RunOrbelTest(QObject *test, int argc, char **argv)
 
 QString LeftOver()
 {
+    // What ended within a call goes when the event loop comes round.
+    QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QStringList left;
     for (QWidget *widget : QApplication::topLevelWidgets())
