@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <QCoreApplication>
+#include <QPointer>
 #include <QScriptEngine>
 #include <QTimer>
+#include <QWidget>
 
 #include <utility>
 
@@ -55,6 +57,14 @@ bool FormLife::IsAnyScriptRunning()
     const std::vector<QScriptEngine *> &engines = Engines();
     return std::any_of(
         engines.begin(), engines.end(), [](const QScriptEngine *engine) { return engine->isEvaluating(); });
+}
+
+void FormLife::EndWidget(QWidget *widget)
+{
+    EndPart([ending = QPointer<QWidget>(widget)] {
+        if (ending)
+            ending->deleteLater();
+    });
 }
 
 bool FormLife::IsBusy() const

@@ -7,6 +7,7 @@
 #include <vector>
 
 class QScriptEngine;
+class QWidget;
 
 namespace KV218
 {
@@ -32,6 +33,10 @@ public:
     {
         EndPart([part] { delete part; });
     }
+
+    /// Deletes `widget` later, and not before nothing runs in the form any more: a call may be about to show it, hide it or
+    /// give it the focus, and the event loop of a handler's own would delete it then and there. It may go before.
+    void EndWidget(QWidget *widget);
 
     /// Whether an engine of any form tells that a script runs in it; it does not tell of each.
     static bool IsAnyScriptRunning();

@@ -24,17 +24,6 @@ QString PathPart(const QString &name)
     return part;
 }
 
-/// Deletes a window later. Not from within an operation of the manager, which may be about to hide it: a handler's own event
-/// loop would delete it then and there.
-struct WindowEnd {
-    QPointer<QWidget> Window;
-    ~WindowEnd()
-    {
-        if (Window)
-            Window->deleteLater();
-    }
-};
-
 } // namespace
 
 ManagerBody::ManagerBody(OrbelFormularManager *manager) : Life(std::make_shared<FormLife>()), Manager(manager) { }
@@ -128,7 +117,7 @@ void ManagerBody::Reset()
     const Formular current = std::exchange(Current, {});
     for (const Formular &formular : formulars) {
         if (QWidget *top = formular->GetGUI())
-            Life->End(new WindowEnd{top});
+            Life->EndWidget(top);
     }
     if (current && Manager)
         QObject::disconnect(current.data(), nullptr, Manager.data(), nullptr);

@@ -101,6 +101,14 @@ void OrbelDelegate::End(OrbelDelegate *delegate)
         delete delegate;
 }
 
+void OrbelDelegate::EndWidget(QWidget *widget)
+{
+    if (Life)
+        Life->EndWidget(widget);
+    else
+        widget->deleteLater();
+}
+
 void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
 {
     const QString text = property(prop::LabelText.data()).toString();

@@ -171,6 +171,8 @@ public:
     static void End(OrbelDelegate *delegate);
 
 protected:
+    /// Deletes a widget of this delegate's when nothing runs inside its form.
+    void EndWidget(QWidget *widget);
     /// A node of this delegate changed or goes away; see IObserver. The base does nothing.
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
