@@ -123,12 +123,14 @@ void OrbelFormular::CreateGUI(bool applyUi, const QStringList &names, bool exclu
 
 void OrbelFormular::Show()
 {
+    const CallScope call(GetSheet().GetLife());
     if (QWidget *top = GetGUI())
         top->show();
 }
 
 void OrbelFormular::Hide()
 {
+    const CallScope call(GetSheet().GetLife());
     if (QWidget *top = GetGUI())
         top->hide();
 }
