@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPointer>
 #include <QScriptEngine>
+#include <QThread>
 #include <QTimer>
 #include <QWidget>
 
@@ -19,6 +20,8 @@ namespace
 
 // How often to look whether a script that runs in an event loop of a handler's own has come to its end.
 constexpr int MillisecondsOfScript = 50;
+// How often to look whether the event loop of a handler has come to its end.
+constexpr int MillisecondsOfLoop = 50;
 
 /// The engines of all forms. Never destroyed: a form may be the last thing that goes.
 std::vector<QScriptEngine *> &Engines()
@@ -35,6 +38,8 @@ std::vector<std::shared_ptr<FormLife>> &Keeping()
 }
 
 } // namespace
+
+FormLife::FormLife() : LoopLevel(qMax(1, QThread::currentThread()->loopLevel())) { }
 
 FormLife::~FormLife()
 {
@@ -59,12 +64,22 @@ bool FormLife::IsAnyScriptRunning()
         engines.begin(), engines.end(), [](const QScriptEngine *engine) { return engine->isEvaluating(); });
 }
 
-void FormLife::EndWidget(QWidget *widget)
+void FormLife::EndWindow(QWidget *window)
 {
-    EndPart([ending = QPointer<QWidget>(widget)] {
+    EndPart([ending = QPointer<QWidget>(window)] {
         if (ending)
             ending->deleteLater();
     });
+}
+
+void FormLife::EndControl(QWidget *control)
+{
+    if (QThread::currentThread()->loopLevel() <= LoopLevel)
+        EndWindow(control);
+    else
+        QTimer::singleShot(MillisecondsOfLoop, control, [self = shared_from_this(), control] {
+            self->EndControl(control);
+        });
 }
 
 bool FormLife::IsBusy() const

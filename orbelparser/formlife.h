@@ -21,7 +21,7 @@ namespace KV218
 class ORBEL_EXPORT FormLife : public std::enable_shared_from_this<FormLife>
 {
 public:
-    FormLife() = default;
+    FormLife();
     FormLife(const FormLife &) = delete;
     FormLife &operator=(const FormLife &) = delete;
     ~FormLife();
@@ -34,9 +34,12 @@ public:
         EndPart([part] { delete part; });
     }
 
-    /// Deletes `widget` later, and not before nothing runs in the form any more: a call may be about to show it, hide it or
-    /// give it the focus, and the event loop of a handler's own would delete it then and there. It may go before.
-    void EndWidget(QWidget *widget);
+    /// Deletes `window` later, and not before nothing runs in the form any more: a call may be about to show or hide it, and
+    /// the event loop of a handler's own would delete it then and there. It may go before.
+    void EndWindow(QWidget *window);
+    /// Deletes `control` when no event loop of a handler's own runs: Qt itself may be about to give it the focus further
+    /// up, which is why the form ends. It may go before.
+    void EndControl(QWidget *control);
 
     /// Whether an engine of any form tells that a script runs in it; it does not tell of each.
     static bool IsAnyScriptRunning();
@@ -57,6 +60,8 @@ private:
     static void SettleAll();
 
     int Calls = 0;
+    /// How deep event loops stand where the form was made; the application's own counts as one.
+    const int LoopLevel;
     /// Whether an event is on its way that settles.
     bool IsDue = false;
     QScriptEngine *Engine = nullptr;

@@ -117,7 +117,7 @@ void ManagerBody::Reset()
     const Formular current = std::exchange(Current, {});
     for (const Formular &formular : formulars) {
         if (QWidget *top = formular->GetGUI())
-            Life->EndWidget(top);
+            Life->EndWindow(top);
     }
     if (current && Manager)
         QObject::disconnect(current.data(), nullptr, Manager.data(), nullptr);

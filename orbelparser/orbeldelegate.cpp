@@ -101,12 +101,12 @@ void OrbelDelegate::End(OrbelDelegate *delegate)
         delete delegate;
 }
 
-void OrbelDelegate::EndWidget(QWidget *widget)
+void OrbelDelegate::EndControl(QWidget *control)
 {
     if (Life)
-        Life->EndWidget(widget);
+        Life->EndControl(control);
     else
-        widget->deleteLater();
+        control->deleteLater();
 }
 
 void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)

@@ -171,8 +171,8 @@ public:
     static void End(OrbelDelegate *delegate);
 
 protected:
-    /// Deletes a widget of this delegate's when nothing runs inside its form.
-    void EndWidget(QWidget *widget);
+    /// Deletes a control of this delegate's when nothing runs inside its form and no handler's event loop.
+    void EndControl(QWidget *control);
     /// A node of this delegate changed or goes away; see IObserver. The base does nothing.
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.

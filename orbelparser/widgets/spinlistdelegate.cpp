@@ -40,7 +40,7 @@ template <class Node> void SpinListDelegate<Node>::LeaveWindow()
     // One of the controls may be about to lose the focus, which is why the form ends.
     if (QWidget *content = Container->parentWidget(); content && content->layout())
         content->layout()->removeWidget(Container);
-    EndWidget(Container);
+    EndControl(Container);
 }
 
 template <class Node> void SpinListDelegate<Node>::CreateNodes(int count)

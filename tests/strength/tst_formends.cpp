@@ -203,16 +203,20 @@ void Replace(Scene &s)
         s.Make(Stage::Built);
 }
 
-/// As a dialog does that a handler opens; what it may delete is gone when it closes.
+/// As a dialog does that a handler opens. The outer loop stands for the
+/// application's own, which a test does not have.
 void DropInALoop(Scene &s)
 {
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, [&] {
+    QEventLoop application, dialog;
+    QTimer::singleShot(0, &dialog, [&] {
         s.Drop();
-        QTimer::singleShot(0, &loop, &QEventLoop::quit);
+        QTimer::singleShot(0, &dialog, &QEventLoop::quit);
     });
-    loop.exec();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QTimer::singleShot(0, &application, [&] {
+        dialog.exec();
+        application.quit();
+    });
+    application.exec();
 }
 
 struct End {
