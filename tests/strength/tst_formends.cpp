@@ -208,11 +208,11 @@ void Replace(Scene &s)
 void DropInALoop(Scene &s)
 {
     QEventLoop application, dialog;
-    QTimer::singleShot(0, &dialog, [&] {
-        s.Drop();
-        QTimer::singleShot(0, &dialog, &QEventLoop::quit);
-    });
     QTimer::singleShot(0, &application, [&] {
+        QTimer::singleShot(0, &dialog, [&] {
+            s.Drop();
+            QTimer::singleShot(0, &dialog, &QEventLoop::quit);
+        });
         dialog.exec();
         application.quit();
     });
