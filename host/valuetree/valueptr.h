@@ -107,19 +107,17 @@ template <class T> bool ValuePtr<T>::CreateNode(const QString &path)
     if (BindNode(path))
         return false;
     const int name = path.lastIndexOf(QLatin1Char('/')) + 1;
-    auto node = std::make_unique<T>();
-    node->SetName(path.mid(name), nullptr);
+    auto *const made = new T;
+    made->SetName(path.mid(name), nullptr);
+    // Before the tree has it: whoever awaits the path may remove the node at once.
+    AttachNode(made);
     bool entered = false;
     try {
-        entered = Tree::Instance()->AddNode(path.left(name), node.get());
+        entered = Tree::Instance()->AddNode(path.left(name), made);
     } catch (const LxException &) {
         // The form works without the tree's help, only nobody else finds the node.
     }
-    T *made = node.get();
-    if (entered)
-        node.release();
-    else
-        Homeless = std::move(node);
-    AttachNode(made);
+    if (!entered)
+        Homeless.reset(Node);
     return true;
 }
