@@ -223,8 +223,8 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     const QSize size = sizeHint(rect.width(), 0);
     const unsigned arranged = changeCount;
     const unsigned placed = placeCount;
-    if (scrollArea && scrollArea->widget())
-        scrollArea->widget()->setMinimumSize(size);
+    if (const auto *area = qobject_cast<QScrollArea *>(scrollArea); area && area->widget())
+        area->widget()->setMinimumSize(size);
     QLayout::setGeometry(rect);
     // A widget that had to grow has come here already, with this same arrangement.
     if (placeCount != placed && changeCount == arranged)

@@ -115,8 +115,9 @@ private:
 
     int verticalSpacing = 4;
     int horizontalSpacing = 4;
-    /// Set by the constructor; null when there is none or it is gone.
-    QPointer<QScrollArea> scrollArea;
+    /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being destroyed
+    /// only a widget is left of it.
+    QPointer<QWidget> scrollArea;
     /// Owned.
     QList<QLayoutItem *> items;
     /// FloatGroupItem::Flag of the item at the same index. Longer than `items` when marks wait for the next item.

@@ -127,9 +127,12 @@ void ManagerBody::SetConfigObject(QObject *object, const QString &name)
 {
     ConfigObject = object;
     ConfigName = name;
-    const auto built = Formulars;
-    for (const Formular &formular : built)
-        HandOverConfiguration(formular.data());
+    // By name: a list of the forms would keep those that end in here.
+    const QStringList builtNames = Formulars.keys();
+    for (const QString &builtName : builtNames) {
+        if (OrbelFormular *const formular = Formulars.value(builtName).data())
+            HandOverConfiguration(formular);
+    }
 }
 
 /// The form restores itself when this is another object or name than it has.
