@@ -147,6 +147,11 @@ const Road Roads[] = {
         BeginEdit(s);
         Click(s, "h");
     }},
+    {"the window goes", Stage::Built, false, [](Scene &s) {
+        BeginEdit(s);
+        if (!s.ears.IsOver())
+            delete s.window;
+    }},
     {"a document is written", Stage::BuiltWithApplyRow, false, [](Scene &s) {
         Delegate(s.form, "subject")->setModified(false);
         if (!s.ears.IsOver())
