@@ -79,6 +79,8 @@ public:
     /// Null while nothing is to be heard.
     std::function<void()> Act;
     QString Wanted, ActedOn;
+    /// On a road on which one thing is heard at several steps: at which it is.
+    int Step = 0;
     /// What was heard until then, each once, and the signals that came afterwards.
     QStringList Heard, Late;
 
@@ -86,10 +88,11 @@ Q_SIGNALS:
     void told();
 
 public Q_SLOTS:
-    bool hear(const QString &what)
+    bool hear(const QString &sound)
     {
         if (IsOver() || !Act)
             return IsOver();
+        const QString what = Step > 0 ? QString("%1: %2").arg(Step).arg(sound) : sound;
         if (!Heard.contains(what))
             Heard << what;
         if (what != Wanted)
@@ -161,7 +164,11 @@ public:
     }
     /// The form; once all is over one that nobody hears of.
     KV218::OrbelFormular *operator->() { return ears.IsOver() ? &SpareForm : form.data(); }
-    KV218::OrbelFormularManager &Manager() { return ears.IsOver() ? SpareManager : *manager; }
+    KV218::OrbelFormularManager *Manager()
+    {
+        ++ears.Step;
+        return ears.IsOver() ? &SpareManager : manager.get();
+    }
 
     void Make(Stage stage)
     {
@@ -223,7 +230,7 @@ public:
         QStringList paths = Tree::Instance()->GetPaths();
         // A node that goes stands in its place until all have been told.
         if (ears.ActedOn.endsWith(" its end"))
-            paths.removeAll(ears.ActedOn.section(' ', 0, 0));
+            paths.removeAll(ears.ActedOn.section(": ", -1).section(' ', 0, 0));
         if (paths != (form ? Fresh : QStringList()))
             return "nodes: " + paths.join(' ');
         if (TranslationCenter::Instance().GetRegistered().contains("Ends") != bool(form))

@@ -147,6 +147,11 @@ const Road Roads[] = {
         BeginEdit(s);
         Click(s, "h");
     }},
+    {"the window goes", Stage::Built, false, [](Scene &s) {
+        BeginEdit(s);
+        if (!s.ears.IsOver())
+            delete s.window;
+    }},
     {"a document is written", Stage::BuiltWithApplyRow, false, [](Scene &s) {
         Delegate(s.form, "subject")->setModified(false);
         if (!s.ears.IsOver())
@@ -170,16 +175,17 @@ const Road Roads[] = {
     {"a manager works", Stage::Managed, false, [](Scene &s) {
         ValueString local("z");
         local.SetStringValue("exchanged", nullptr);
-        s.Manager().SetVTValue(&local, nullptr);
-        s.Manager().SetXmlString("<Parameters><z>read</z></Parameters>");
-        s.Manager().SetCurrentModified(true);
-        s.Manager().GetXmlString(true);
+        s.Manager()->SetVTValue(&local, nullptr);
+        s.Manager()->SetXmlString("<Parameters><z>read</z></Parameters>");
+        s.Manager()->SetCurrentModified(true);
+        s.Manager()->GetXmlString(true);
         s.config.setProperty("k-collapsed", "h");
-        s.Manager().RestoreConfiguration();
-        s.Manager().SetConfigObject(qApp, "k");
-        s.Manager().ShowFormular("");
-        s.Manager().ShowFormular("Ends");
-        s.Manager().Reset();
+        s.Manager()->RestoreConfiguration();
+        s.Manager()->SetConfigObject(qApp, "k");
+        s.Manager()->SetConfigObject(&s.config, "k");
+        s.Manager()->ShowFormular("");
+        s.Manager()->ShowFormular("Ends");
+        s.Manager()->Reset();
     }},
     {"the debugger holds a script", Stage::Built, false, [](Scene &s) {
         s->DebugScript();
