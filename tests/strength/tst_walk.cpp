@@ -287,7 +287,7 @@ private:
         };
         add(Spins + Frequencies, {"setValue($)", "value = $"});
         add(Spins + Frequencies + QStringList{Range},
-            {"setMinimum(-$)", "setMaximum($)", "minimum = -$", "maximum = $"});
+            {"setMinimum(-($))", "setMaximum($)", "minimum = -($)", "maximum = $"});
         add(Spins, {"setSingleStep($)", "setDecimals(#)", "setDisplayScalingFactor(# / 2 + 0.5)"});
         add({Range}, {"setRange($, $)", "startFrequency = $", "stopFrequency = $"});
         add(Lists, {"setItemValue(#, $)", "setPrefix('p')"});
