@@ -2,7 +2,8 @@
 // node, property, screen and document of every control agree, what was typed has arrived, each change of the operator's
 // and of a node's has its mark, and each control is shown and enabled as it was told.
 //
-// ORBEL_WALK_STEPS says how many steps, ORBEL_WALK_SEED which walk: under the same seed it is the same again.
+// ORBEL_WALK_STEPS says how many steps, ORBEL_WALK_SEED which walk: under the same seed it is the same again. A walk of
+// more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "delegatefactory.h"
 #include "frequencytext.h"
