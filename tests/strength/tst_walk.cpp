@@ -141,7 +141,7 @@ private:
     QString PickText() { return Pick(Values + Rows).remove('\''); }
     void Note(const QString &what)
     {
-        Notes << QString::number(Steps) + ": " + what;
+        Notes << QString::number(Steps) + ": " + what.left(200);
         if (Notes.size() > 20)
             Notes.removeFirst();
     }
@@ -536,9 +536,10 @@ private Q_SLOTS:
         const int seed = FromEnvironment("ORBEL_WALK_SEED", 1);
         Walk walk{quint32(seed)};
         for (int step = FromEnvironment("ORBEL_WALK_STEPS", 1500); step > 0; --step) {
-            const QString faults = walk.Step().join('\n');
-            QVERIFY2(faults.isEmpty(),
-                qPrintable(QString("seed %1: ").arg(seed) + faults + "\nthe last steps:\n" + walk.Tail()));
+            const QStringList faults = walk.Step();
+            if (!faults.isEmpty())
+                qWarning().noquote() << "seed" << seed << "after these steps:\n" + walk.Tail();
+            QCOMPARE(faults.join('\n'), QString());
         }
     }
 };
