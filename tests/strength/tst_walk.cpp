@@ -235,7 +235,11 @@ private:
     {
         const QStringList properties{"value", "minimum", "maximum", "text", "checked", "currentValue", "startFrequency",
             "stopFrequency", "decimals", "suffix", "labelText"};
-        const QString changed = Widget(Pick(Controls), "", {Pick(properties) + "=String:" + PickText()});
+        const QString name = Pick(Controls), property = Pick(properties), text = PickText();
+        // A text that is no integer is one limit to an integer's node, and another one to its control.
+        const bool whole = name == "SpinBox" && property.contains("imum");
+        const QString value = whole ? QString::number(text.toInt()) : text;
+        const QString changed = Widget(name, "", {property + "=String:" + value});
         Note("changed " + changed);
         live.form->SetChangedORBEL(Definition(changed, Enumeration(Roll(4))));
         return Road::Script;
