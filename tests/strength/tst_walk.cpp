@@ -2,7 +2,8 @@
 // node, property, screen and document of every control agree, what was typed has arrived, each change of the operator's
 // and of a node's has its mark, and each control is shown and enabled as it was told.
 //
-// ORBEL_WALK_STEPS says how many steps, ORBEL_WALK_SEED which walk: under the same seed it is the same again.
+// ORBEL_WALK_STEPS says how many steps, ORBEL_WALK_SEED which walk: under the same seed it is the same again. A walk of
+// more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "delegatefactory.h"
 #include "frequencytext.h"
@@ -140,7 +141,7 @@ private:
     QString PickText() { return Pick(Values + Rows).remove('\''); }
     void Note(const QString &what)
     {
-        Notes << QString::number(Steps) + ": " + what;
+        Notes << QString::number(Steps) + ": " + what.left(200);
         if (Notes.size() > 20)
             Notes.removeFirst();
     }
@@ -234,7 +235,11 @@ private:
     {
         const QStringList properties{"value", "minimum", "maximum", "text", "checked", "currentValue", "startFrequency",
             "stopFrequency", "decimals", "suffix", "labelText"};
-        const QString changed = Widget(Pick(Controls), "", {Pick(properties) + "=String:" + PickText()});
+        const QString name = Pick(Controls), property = Pick(properties), text = PickText();
+        // A text that is no integer is one limit to an integer's node, and another one to its control.
+        const bool whole = name == "SpinBox" && property.contains("imum");
+        const QString value = whole ? QString::number(text.toInt()) : text;
+        const QString changed = Widget(name, "", {property + "=String:" + value});
         Note("changed " + changed);
         live.form->SetChangedORBEL(Definition(changed, Enumeration(Roll(4))));
         return Road::Script;
@@ -287,7 +292,7 @@ private:
         };
         add(Spins + Frequencies, {"setValue($)", "value = $"});
         add(Spins + Frequencies + QStringList{Range},
-            {"setMinimum(-$)", "setMaximum($)", "minimum = -$", "maximum = $"});
+            {"setMinimum(-($))", "setMaximum($)", "minimum = -($)", "maximum = $"});
         add(Spins, {"setSingleStep($)", "setDecimals(#)", "setDisplayScalingFactor(# / 2 + 0.5)"});
         add({Range}, {"setRange($, $)", "startFrequency = $", "stopFrequency = $"});
         add(Lists, {"setItemValue(#, $)", "setPrefix('p')"});
@@ -535,9 +540,10 @@ private Q_SLOTS:
         const int seed = FromEnvironment("ORBEL_WALK_SEED", 1);
         Walk walk{quint32(seed)};
         for (int step = FromEnvironment("ORBEL_WALK_STEPS", 1500); step > 0; --step) {
-            const QString faults = walk.Step().join('\n');
-            QVERIFY2(faults.isEmpty(),
-                qPrintable(QString("seed %1: ").arg(seed) + faults + "\nthe last steps:\n" + walk.Tail()));
+            const QStringList faults = walk.Step();
+            if (!faults.isEmpty())
+                qWarning().noquote() << "seed" << seed << "after these steps:\n" + walk.Tail();
+            QCOMPARE(faults.join('\n'), QString());
         }
     }
 };
