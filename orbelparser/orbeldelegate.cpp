@@ -344,12 +344,15 @@ bool OrbelDelegate::event(QEvent *e)
     if (known)
         set->Told = true;
     if (!key.startsWith("_q_")) {
-        const QVariant value = given ? *given : property(key.constData());
+        QVariant value = given ? *given : property(key.constData());
         const QString name = known ? set->Name->toString() : QString::fromLatin1(key);
-        if (IsNoNumber(name, value))
-            SetPropertyQuietly(name, HeldNumber(name));
-        else
-            PropertyChanged(name, value);
+        if (IsNoNumber(name, value)) {
+            value = HeldNumber(name);
+            SetPropertyQuietly(name, value);
+            if (!value.isValid())
+                return QObject::event(e);
+        }
+        PropertyChanged(name, value);
     }
     return QObject::event(e);
 }

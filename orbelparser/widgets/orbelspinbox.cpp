@@ -108,9 +108,15 @@ QVariant OrbelSpinBox::HeldNumber(const QString &name) const
 void OrbelSpinBox::TakeNode()
 {
     // A text with a fraction is no number here, and counts as 0.
-    const bool isText = property(prop::Value.data()).userType() == QMetaType::QString;
-    if (ValueNode && !(isText && GetInt(prop::Value, 0) == ValueNode->GetValue()))
+    const QVariant own = property(prop::Value.data());
+    bool isNumber = false;
+    own.toDouble(&isNumber);
+    if (!ValueNode)
+        return;
+    if (own.userType() != QMetaType::QString)
         TakeNumber(prop::Value, ValueNode->GetValue());
+    else if (isNumber && GetInt(prop::Value, 0) != ValueNode->GetValue())
+        SetPropertyAlways(prop::Value, ValueNode->GetValue());
 }
 
 void OrbelSpinBox::NodeChanged(Observable *subject, TChangeCode code)
