@@ -24,6 +24,7 @@ set(public_headers
     orbelwidget.h
     sheetplace.h
     propertykey.h
+    rowlabel.h
     propertynames.h
     widgetindex.h
     widgets/orbelcombobox.h

@@ -5,7 +5,6 @@
 
 #include <QEvent>
 #include <QGroupBox>
-#include <QLabel>
 #include <QScrollArea>
 
 #include <utility>
@@ -90,10 +89,10 @@ QWidget *FloatGroupLayout::addSeparator(int height, const char *name)
     return gap;
 }
 
-QLabel *FloatGroupLayout::addLabel(const QString &text, const char *name)
+RowLabel *FloatGroupLayout::addLabel(const QString &text, const char *name)
 {
     setFlag(count(), FloatGroupItem::ItemGroup | FloatGroupItem::ItemLabel);
-    QLabel *label = Named(new QLabel(text, parentWidget()), name);
+    RowLabel *label = Named(new RowLabel(text, parentWidget()), name);
     addWidget(label);
     return label;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "orbelexport.h"
+#include "rowlabel.h"
 
 #include <QLayout>
 #include <QList>
@@ -9,7 +10,6 @@
 #include <QVector>
 
 class QGroupBox;
-class QLabel;
 class QScrollArea;
 struct FloatGroupItem;
 
@@ -72,7 +72,7 @@ public:
     /// A row without content.
     QWidget *addSeparator(int height, const char *name);
     /// A label at the start of a row.
-    QLabel *addLabel(const QString &text, const char *name);
+    RowLabel *addLabel(const QString &text, const char *name);
 
     /// A row of a label, named "label" and the object name of `widget`, and `widget`, which must not be null. The row
     /// goes on until an item that starts one.

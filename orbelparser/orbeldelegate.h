@@ -5,12 +5,12 @@
 #include "iobserver.h"
 #include "orbelexport.h"
 #include "propertykey.h"
+#include "rowlabel.h"
 #include "value.h"
 #include "valuenumeric.h"
 
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
-#include <QLabel>
 #include <QMap>
 #include <QObject>
 #include <QPair>
@@ -293,7 +293,7 @@ protected:
     bool Modified = false;
     bool GroupVisible = true;
     /// The row label, made by CreateGUI(); belongs to the layout's parent widget.
-    QPointer<QLabel> Label;
+    QPointer<RowLabel> Label;
 
 private:
     friend class OrbelWidget;
