@@ -1,6 +1,7 @@
 #include "frequencyvalidator.h"
 
 #include "frequencytext.h"
+#include "numberreader.h"
 
 #include <QWidget>
 
@@ -12,7 +13,7 @@ static QLocale LocaleOf(const QObject *field, const QLocale &otherwise)
 
 QValidator::State FrequencyValidator::validate(QString &text, int &) const
 {
-    return FrequencyText::Read(text, LocaleOf(parent(), locale())) ? Acceptable : Intermediate;
+    return NumberReader::OfHertz(LocaleOf(parent(), locale())).Read(text).IsNumber() ? Acceptable : Intermediate;
 }
 
 QString FrequencyValidator::Shown(const QString &nodeText, const QLocale &locale, int leastPower)
@@ -24,6 +25,6 @@ QString FrequencyValidator::Shown(const QString &nodeText, const QLocale &locale
 
 QString FrequencyValidator::ForNode(const QString &typed, const QLocale &locale)
 {
-    const std::optional<double> hertz = FrequencyText::Read(typed, locale);
-    return hertz ? FrequencyText::Plain(*hertz) : QString();
+    const TypedNumber hertz = NumberReader::OfHertz(locale).Read(typed);
+    return hertz.IsNumber() ? FrequencyText::Plain(hertz.Number) : QString();
 }

@@ -6,7 +6,7 @@
 // more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "delegatefactory.h"
-#include "frequencytext.h"
+#include "numberreader.h"
 #include "liveform.h"
 #include "testmain.h"
 #include "tree.h"
@@ -379,7 +379,7 @@ private:
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         const double shown = spin
             ? spin->cleanText().toDouble(&isNumber) / Factor(place)
-            : FrequencyText::Read(Find<QLineEdit>(place.Field)->text(), QLocale::c()).value_or(qQNaN());
+            : NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
         return isNumber ? shown : qQNaN();
     }
     /// The integer's control, and those of a list, take it only when they are built.
