@@ -3,6 +3,7 @@
 #include "readablecolor.h"
 
 #include <QAbstractScrollArea>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -16,7 +17,8 @@
 namespace
 {
 
-/// The line itself: a window of its own, so that it may lie over the edge of the form's window, and a child of its field.
+/// The line itself: a window of its own, so that it may lie over the edge of the form's window, and a child of its
+/// field.
 class NoteLabel : public QLabel
 {
 public:
@@ -221,6 +223,13 @@ void FieldNote::Show(QWidget *field, const QString &text, Kind kind)
 void FieldNote::Tell(QWidget *field, const QString &text, int milliseconds, Kind kind, const QRect &part)
 {
     Put(field, text, kind, milliseconds, part);
+}
+
+void FieldNote::TellDropped(QWidget *field, const QString &text, const QRect &part)
+{
+    constexpr int most = 40;
+    const QString told = text.size() > most ? text.left(most) + QChar(0x2026) : text;
+    Tell(field, QCoreApplication::translate("FieldNote", "not taken: %1").arg(told), 2000, Refused, part);
 }
 
 void FieldNote::Hide(const QWidget *field)

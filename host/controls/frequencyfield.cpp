@@ -1,6 +1,7 @@
 #include "frequencyfield.h"
 
 #include "decimalnumber.h"
+#include "editend.h"
 #include "frequencytext.h"
 #include "frequencyvalidator.h"
 #include "ivaluenumeric.h"
@@ -253,10 +254,10 @@ void FrequencyField::focusInEvent(QFocusEvent *event)
 
 void FrequencyField::focusOutEvent(QFocusEvent *event)
 {
-    const bool leaves = event->reason() != Qt::PopupFocusReason;
-    if (leaves)
+    const bool stays = event->reason() == Qt::PopupFocusReason || (!LeavesField(*event) && IsEditing());
+    if (!stays)
         deselect();
-    if (!leaves || ShowNode())
+    if (stays || ShowNode())
         VCLineEdit::focusOutEvent(event);
 }
 

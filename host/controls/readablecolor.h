@@ -4,7 +4,8 @@
 
 #include <QColor>
 
-/// Colours of a text that can be read on their background: by a ratio of 4.5 to 1 in luminance, whatever the palette is.
+/// Colours of a text that can be read on their background: by a ratio of 4.5 to 1 in luminance, whatever the palette
+/// is.
 namespace ReadableColor
 {
 

@@ -3,6 +3,7 @@
 #include "frequencyfield.h"
 #include "frequencytext.h"
 #include "frequencyvalidator.h"
+#include "inputlock.h"
 #include "ivaluenumeric.h"
 #include "tree.h"
 #include "vcbutton.h"
@@ -131,6 +132,9 @@ void VCFrequency::DisableButtons()
 
 void VCFrequency::EnableInput(bool enable)
 {
+    InputLock lock;
+    if (!enable && !Survives(this, [&] { QCoreApplication::sendEvent(Field, &lock); }))
+        return;
     Locked = !enable;
     ApplyInput();
 }

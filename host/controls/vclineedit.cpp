@@ -1,8 +1,10 @@
 #include "vclineedit.h"
 
 #include "editend.h"
+#include "fieldnote.h"
 #include "frequencytext.h"
 #include "frequencyvalidator.h"
+#include "inputlock.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -61,7 +63,7 @@ void VCLineEdit::SetConversion(const Conversion &nodeToShown, const Conversion &
 void VCLineEdit::setEnabled(bool enable)
 {
     // The focus goes when the field is disabled already and commits nothing.
-    if (enable || FinishEdit())
+    if (enable || LeaveEdit())
         QLineEdit::setEnabled(enable);
 }
 
@@ -93,6 +95,13 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
 
 bool VCLineEdit::event(QEvent *event)
 {
+    if (event->type() == InputLock::Kind()) {
+        DropEdit();
+        return true;
+    }
+    // Nobody tells a field in another window than the active one that the focus has gone from it.
+    if (event->type() == QEvent::WindowActivate && IsEditing() && window()->focusWidget() != this)
+        Late.RequestLater(&VCLineEdit::EndStrayEdit);
     // The base class would not survive a commit that ends the field.
     if (EndsEdit(*event) && !FinishEdit())
         return true;
@@ -139,10 +148,21 @@ bool VCLineEdit::FinishEdit()
     return !hasAcceptableInput() || Commit(text());
 }
 
+void VCLineEdit::DropEdit()
+{
+    if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->reset(); }))
+        return;
+    const QString typed = text() == Shown ? QString() : text();
+    if (IsEditing() && ShowNode() && !typed.isEmpty())
+        FieldNote::TellDropped(this, typed);
+}
+
 void VCLineEdit::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsEditing())
         ShowNode();
+    else if (event->key() == Qt::Key_F2)
+        selectAll();
     else
         QLineEdit::keyPressEvent(event);
 }

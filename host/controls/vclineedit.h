@@ -12,8 +12,9 @@
 /// until Return or leaving the field commits it; Escape takes it back. A field without the focus thus always shows what
 /// its node holds: a pending text that the input mask does not accept goes when the focus goes, and so does one in a
 /// field that is read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere
-/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit.
-/// Disabling the field itself commits a pending text first.
+/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. A switch
+/// to another window does not. Disabling the field itself commits a pending text first; a lock of the input (InputLock)
+/// takes it back and tells it.
 ///
 /// A receiver of the signals of this class may delete the field, and the window with it; Qt's own textEdited() and
 /// textChanged() come out of the middle of the field's work, which it would not survive.
@@ -83,6 +84,9 @@ private:
     bool IsPending() const { return !Showing && (text() != Shown || NodeWaits); }
     bool Commit(const QString &typed);
     bool WriteTyped(const QString &typed);
+    void DropEdit();
+    bool LeaveEdit() { return FinishEdit() && (!IsEditing() || ShowNode()); }
+    void EndStrayEdit() { LeaveEdit(); }
     void TellEdited() { Q_EMIT signalTextEdited(text()); }
     void TellChanged() { Q_EMIT signalTextChanged(text()); }
     void TakeFrequencies();

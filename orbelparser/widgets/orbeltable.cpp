@@ -1,6 +1,7 @@
 #include "orbeltable.h"
 
 #include "celledit.h"
+#include "cellitemdelegate.h"
 #include "floatgrouplayout.h"
 #include "tablekeys.h"
 
@@ -22,6 +23,7 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     Control->setObjectName(WidgetName());
     Control->setSortingEnabled(false);
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    Control->setItemDelegate(new CellItemDelegate(Control));
     new TableKeys(Control);
     FillTable();
     // Meant: the definition's `enabled`, `visible` and `toolTip` stay with the delegate until one of them changes.
