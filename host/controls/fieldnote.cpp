@@ -210,7 +210,9 @@ void Put(QWidget *field, const QString &text, FieldNote::Kind kind, int millisec
     if (!Standing)
         Standing = new NoteLabel(field);
     Standing->Present(text, kind, part);
-    Standing->GoAfter(milliseconds);
+    // A window that comes up may let an event through that ends the edit.
+    if (Standing)
+        Standing->GoAfter(milliseconds);
 }
 
 } // namespace

@@ -2,9 +2,7 @@
 
 #include "decimalnumber.h"
 #include "editend.h"
-#include "fieldnote.h"
 #include "frequencytext.h"
-#include "readablecolor.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -140,7 +138,7 @@ bool TypedSpinBox::SaysMoreThan(const QString &text) const
     bare.truncate(EndOfNumber(bare));
     const QChar point = decimals() > 0 ? locale().decimalPoint() : QChar();
     const auto isOther = [&](QChar c) {
-        return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-') && !c.isSpace();
+        return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-');
     };
     bare = bare.trimmed();
     return bare.count(point) > 1 || std::any_of(bare.begin(), bare.end(), isOther);
@@ -170,39 +168,14 @@ void TypedSpinBox::TellReading()
     QString note = NoteFor(number, text);
     if (wrong && note.isEmpty())
         note = tr("no number");
-    MarkWrong(wrong);
-    if (IsNoted && note.isEmpty())
-        FieldNote::Hide(this);
-    IsNoted = !note.isEmpty();
-    if (IsNoted)
-        FieldNote::Show(this, note, wrong ? FieldNote::Refused : FieldNote::Understood);
-}
-
-void TypedSpinBox::ForgetReading()
-{
-    MarkWrong(false);
-    if (std::exchange(IsNoted, false))
-        FieldNote::Hide(this);
-}
-
-void TypedSpinBox::MarkWrong(bool wrong)
-{
-    if (wrong == IsMarked)
-        return;
-    IsMarked = wrong;
-    // All but the one colour is the box's.
-    QPalette marked;
-    if (wrong)
-        marked.setColor(QPalette::Text, ReadableColor::Refused(palette().color(QPalette::Base)));
-    lineEdit()->setPalette(marked);
+    Mark.Show(note, wrong);
 }
 
 void TypedSpinBox::changeEvent(QEvent *event)
 {
     QDoubleSpinBox::changeEvent(event);
-    // The red is one that the new background lets through.
-    if (event->type() == QEvent::PaletteChange && std::exchange(IsMarked, false))
-        MarkWrong(true);
+    if (event->type() == QEvent::PaletteChange)
+        Mark.FollowPalette();
 }
 
 void TypedSpinBox::keyPressEvent(QKeyEvent *event)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "hostexport.h"
-#include "numberreader.h"
+#include "typingmark.h"
 
 #include <QDoubleSpinBox>
 
@@ -48,7 +48,7 @@ protected:
     /// Marks the text that stands there, and tells what it means.
     void TellReading();
     /// The text that stands there is the box's own again.
-    void ForgetReading();
+    void ForgetReading() { Mark.Clear(); }
 
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -64,13 +64,10 @@ private:
     bool SaysMoreThan(const QString &text) const;
     QString NoteFor(const TypedNumber &number, const QString &text) const;
     QString SpellShown(double shown) const;
-    void MarkWrong(bool wrong);
     void KeepCursorInNumber();
 
     QString Unit;
     // An edit should have ended, so that what might become a number by typing on is wrong, too.
     bool IsFinal = false;
-    bool IsMarked = false;
-    // A note that this has let stand.
-    bool IsNoted = false;
+    TypingMark Mark{this};
 };

@@ -40,7 +40,7 @@ QChar PointOf(const QString &number)
 
 TypedNumber Refused(const QString &reason)
 {
-    return {QValidator::Invalid, 0, 0, reason};
+    return {QValidator::Invalid, qQNaN(), qQNaN(), reason};
 }
 
 enum class Grouping { Right, Begun, Wrong };

@@ -15,9 +15,9 @@ struct ORBEL_HOST_EXPORT TypedNumber {
     /// Acceptable for a number that the field may take, Intermediate for what may become one by typing on, Invalid for
     /// all else. A field lets any of them stand while it is typed.
     QValidator::State State = QValidator::Intermediate;
-    /// Valid when acceptable: in the base unit, which is Hz for a frequency, and in the unit that the field shows.
-    double Number = 0;
-    double Shown = 0;
+    /// In the base unit, which is Hz for a frequency, and in the unit that the field shows; NaN unless acceptable.
+    double Number = std::numeric_limits<double>::quiet_NaN();
+    double Shown = std::numeric_limits<double>::quiet_NaN();
     /// When acceptable, the number as it was understood: "145.500 000 MHz". When invalid, why: "above 26.5 GHz".
     QString Text;
 

@@ -223,6 +223,7 @@ private Q_SLOTS:
             QVERIFY2(held.at(0).toLongLong() < held.at(1).toLongLong(), qPrintable(line + ": " + held.join(' ')));
         }
         Type(live, face.Places.at(field).Field, typed);
+        QTest::keyClick(live.window->focusWidget(), Qt::Key_Escape);
         QTEST(Held(live, face), "held");
     }
 
