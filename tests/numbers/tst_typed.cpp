@@ -1,13 +1,19 @@
-// What an operator types or pastes: what each kind of field understands, shows and applies.
+// What an operator types or pastes: what each kind of field understands, shows and applies. Besides a table of texts
+// there are random ones, as many as ORBEL_TYPED_STEPS says, of which fields get each tenth; ORBEL_TYPED_SEED varies
+// them, and a run of more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "fieldnote.h"
 #include "frequencytext.h"
 #include "liveform.h"
 #include "numberreader.h"
 #include "testmain.h"
+#include "vclineedit.h"
 
+#include <cmath>
 #include <QClipboard>
 #include <QtTest>
+
+using namespace KV218;
 
 namespace
 {
@@ -220,6 +226,79 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
 };
 // clang-format on
 
+/// Draws texts that look like numbers, mostly.
+class Dice
+{
+public:
+    int Roll(int count) { return int(Random.bounded(count)); }
+    template <class List> auto Pick(const List &list) { return list[size_t(Roll(int(std::size(list))))]; }
+
+    QString Text()
+    {
+        static constexpr const char *pieces[] = {"0", "00", "000", "1", "9", "145", "500", "26", "8",
+            "12345678901234567890", ".", ",", ".", ",", " ", "'", "_", "\u00a0", "-", "\u2212", "+", "\u0663", "k", "M",
+            "G", "Hz", "kHz", " MHz", "ghz", "dBm", "h", "x", "e6", "\U0001d7d9"};
+        QString text;
+        if (Roll(2))
+            text = FrequencyText::Write(double(Random.generate64() % 100000000000U) / Pick(Scales), Roll(12));
+        for (int i = Roll(4); i > 0; --i)
+            text.insert(Roll(text.size() + 1), QString::fromUtf8(Pick(pieces)));
+        return text;
+    }
+    NumberReader Reader()
+    {
+        NumberReader reader = NumberReader::OfHertz(Roll(2) ? QLocale(QLocale::German) : QLocale::c());
+        reader.ShownPower = 3 * Roll(4);
+        reader.Suffix = Roll(2) ? QString() : ' ' + FrequencyText::Units()[3 - reader.ShownPower / 3];
+        reader.IsWhole = Roll(2);
+        reader.TakesShownUnit = Roll(2);
+        if (Roll(2))
+            reader.Minimum = Pick(Scales) - 1000;
+        if (Roll(2))
+            reader.Maximum = Pick(Scales) * 26.5;
+        if (Roll(3) == 0)
+            reader.Decimals = Roll(10);
+        if (Roll(4) == 0) {
+            reader.IsFrequency = false;
+            reader.ShownPower = 0;
+        }
+        return reader;
+    }
+
+private:
+    static constexpr double Scales[] = {1, 1e3, 1e6, 1e9};
+    QRandomGenerator Random{quint32(qEnvironmentVariableIntValue("ORBEL_TYPED_SEED"))};
+};
+
+/// What is wrong with the reading of a text; empty for nothing.
+QString Faults(const NumberReader &reader, const QString &text)
+{
+    const TypedNumber typed = reader.Read(text);
+    if ((typed.State == QValidator::Intermediate) != typed.Text.isEmpty())
+        return "a text that may become a number gives no reason, any other does";
+    if (!typed.IsNumber())
+        return QString();
+    if (!(typed.Number >= reader.Minimum && typed.Number <= reader.Maximum))
+        return "out of the limits";
+    if (reader.IsWhole && std::trunc(typed.Number) != typed.Number)
+        return "no whole number";
+    if (reader.Read(typed.Text).Number != typed.Number)
+        return "told is " + typed.Text;
+    NumberReader shown = reader;
+    shown.TakesShownUnit = true;
+    const QString plain = FrequencyText::Plain(typed.Shown);
+    // More digits than a number holds are rounded twice.
+    const double apart = std::fabs(shown.Read(plain).Number - typed.Number);
+    return apart <= std::fabs(typed.Number) * 3e-16 ? QString() : "shown is " + plain;
+}
+
+int Steps()
+{
+    bool stated = false;
+    const int steps = qEnvironmentVariableIntValue("ORBEL_TYPED_STEPS", &stated);
+    return stated ? steps : 20000;
+}
+
 } // namespace
 
 class TestTyped : public QObject
@@ -268,7 +347,54 @@ private Q_SLOTS:
         }
     }
 
+    void anyTextIsReadAsItIsTold()
+    {
+        Dice dice;
+        int numbers = 0;
+        for (int step = Steps(); step > 0; --step) {
+            const NumberReader reader = dice.Reader();
+            const QString text = dice.Text();
+            QCOMPARE(Faults(reader, text) + " of " + text, " of " + text);
+            numbers += reader.Read(text).IsNumber();
+        }
+        qInfo("%d of %d texts are numbers", numbers, Steps());
+    }
+
+    void anyTextIsAppliedAsItIsShown()
+    {
+        Dice dice;
+        for (const QString kind : {"MHz", "large", "start", "Hz", "open Hz"}) {
+            const Field &place = Fields[kind];
+            LiveForm live(Form(place));
+            auto *field = live.Find<VCLineEdit>(place.Name);
+            OrbelDelegate *f = live.Get("f");
+            const auto held = [&] { return f->property(place.Property.toLatin1()).toDouble(); };
+            field->setFocus();
+            for (int step = Steps() / 50; step > 0; --step) {
+                const QString text = dice.Text();
+                field->selectAll();
+                field->insert(text);
+                const TypedNumber typed = field->GetReader().Read(field->text());
+                const double expected
+                    = field->text() != FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
+                QTest::keyClick(field, dice.Roll(2) ? Qt::Key_Return : Qt::Key_Tab);
+                QTest::keyClick(field, Qt::Key_Escape);
+                field->setFocus();
+                QVERIFY2(held() == expected, qPrintable(text));
+                QVERIFY2(NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
+                QVERIFY2(
+                    !typed.IsNumber() || (held() >= field->GetReader().Minimum && held() <= field->GetReader().Maximum),
+                    qPrintable(text));
+            }
+        }
+    }
+
 private:
+    static QString Form(const Field &place)
+    {
+        return forms::Widget(
+            "f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"});
+    }
     void Enter(const Field &place, const QString &text, bool paste, const QString &note, const QString &applied)
     {
         LiveForm live(
