@@ -61,7 +61,8 @@ private:
     NumberReader Reader() const;
     QString WithoutPrefix(const QString &text) const;
     int EndOfNumber(const QString &text) const;
-    bool SaysMoreThan(const QString &text) const;
+    QString Bare(const QString &text) const;
+    bool IsUnusual(const QString &text) const;
     QString NoteFor(const TypedNumber &number, const QString &text) const;
     QString SpellShown(double shown) const;
     void KeepCursorInNumber();

@@ -7,6 +7,7 @@
 #include "liveform.h"
 #include "numberreader.h"
 #include "testmain.h"
+#include "tree.h"
 #include "vclineedit.h"
 
 #include <cmath>
@@ -226,6 +227,101 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
 };
 // clang-format on
 
+/// Spin boxes, alone, in a list and in the cells of a table, each with a number in it.
+const QMap<QString, Field> Boxes{
+    {"dB", {"DoubleSpinBox", {"minimum=Double:-10", "maximum=Double:100", "decimals=Int:2", "suffix=String: dB"}}},
+    {"count", {"SpinBox", {"minimum=Int:0", "maximum=Int:1000"}}},
+    {"off", {"SpinBox", {"minimum=Int:0", "maximum=Int:1000", "suffix=String: s", "specialValueText=String:off"}}},
+    {"Hz", {"BandwidthEdit", {"unitScale=UInt64:1", "minimum=Int64:100", "maximum=Int64:10000000", "value=Int64:1000"}}},
+    {"kHz", {"BandwidthEdit", {"unitScale=UInt64:1000", "minimum=Int64:1", "maximum=Int64:5000", "value=Int64:12500"}}},
+    {"MHz", {"DoubleSpinBox", {"suffix=String: MHz", "decimals=Int:6", "minimum=Double:0.009", "maximum=Double:26500"}}},
+    {"3 MHz", {"DoubleSpinBox", {"suffix=String: mhz", "decimals=Int:3", "maximum=Double:26500"}}},
+    {"unit", {"DoubleSpinBox", {"unit=String:kHz", "decimals=Int:3", "maximum=Double:5000"}}},
+    {"scaled", {"DoubleSpinBox", {"unit=String:Hz", "displayScalingFactor=Double:0.001", "decimals=Int:3"}}},
+    {"list", {"DoubleSpinBoxList", {"itemCount=Int:2", "suffix=String:kHz", "decimals=Int:3"}, "f_0"}},
+    {"cell", {"ChannelSpacingTable", {"spacingsCount=Int:2", "decimals=Int:2"}}},
+    {"cell kHz", {"ChannelSpacingTable", {"spacingsCount=Int:2", "decimals=Int:2", "unit=String:kHz"}}},
+};
+
+// What is typed, what is told then, what is shown after Return, and what is applied; null for nothing.
+// clang-format off
+constexpr struct { const char *Kind, *Text, *Note, *Shown, *Applied; } BoxTexts[] = {
+    {"dB",       "7.25",          "",                                  "7.25 dB",          "7.25"},
+    {"dB",       "7,25",          "= 7.25 dB",                         "7.25 dB",          "7.25"},
+    {"dB",       "-7",            "",                                  "-7.00 dB",         "-7"},
+    {"dB",       "\u2212" "7",     "= -7 dB",                           "-7.00 dB",         "-7"},
+    {"dB",       "7 dB",          "= 7 dB",                            "7.00 dB",          "7"},
+    {"dB",       "7DB",           "= 7 dB",                            "7.00 dB",          "7"},
+    {"dB",       "7 d",           "",                                  nullptr,            nullptr},
+    {"dB",       "7.250",         "= 7.25 dB",                                  "7.25 dB",          "7.25"},
+    {"dB",       "7.255",         "at most 2 digits behind the point", nullptr,            nullptr},
+    {"dB",       "0.000.001",     "= 1 dB",                            "1.00 dB",          "1"},
+    {"dB",       "500",           "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
+    {"dB",       "1.000.000",     "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
+    {"dB",       "1.000,5",       "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
+    {"dB",       "-11",           "below -10 dB: -10 dB is taken",     "-10.00 dB",        "-10"},
+    {"dB",       "1 2",           "= 12 dB",                           "12.00 dB",         "12"},
+    {"dB",       "15k",           "unknown unit \"k\"",                nullptr,            nullptr},
+    {"dB",       "7 MHz",         "unknown unit \"MHz\"",              nullptr,            nullptr},
+    {"dB",       "1e1",           "unknown unit \"e1\"",               nullptr,            nullptr},
+    {"dB",       "1.2.3",         "two decimal points",                nullptr,            nullptr},
+    {"dB",       "x",             "no number",                         nullptr,            nullptr},
+    {"dB",       "-",             "",                                  nullptr,            nullptr},
+    {"dB",       "",              "",                                  nullptr,            nullptr},
+    {"count",    "12",            "",                                  "12",               "12"},
+    {"count",    "1'000",         "= 1000",                            "1000",             "1000"},
+    {"count",    "1.000",         "= 1",                               "1",                "1"},
+    {"count",    "1.000.000",     "above 1000: 1000 is taken",         "1000",             "1000"},
+    {"count",    "7.6",           "whole numbers only",                nullptr,            nullptr},
+    {"count",    "-1",            "below 0: 0 is taken",               "0",                "0"},
+    {"count",    "99999999999",   "above 1000: 1000 is taken",         "1000",             "1000"},
+    {"off",      "Off",           "= off",                                  "off",              "0"},
+    {"off",      "7 s",           "= 7 s",                                  "7 s",              "7"},
+    {"off",      "of",            "no number",                         nullptr,            nullptr},
+    {"Hz",       "15000",         "",                                  "15000Hz",          "15000"},
+    {"Hz",       "15k",           "= 15.000 kHz",                      "15000Hz",          "15000"},
+    {"Hz",       "15 kHz",        "= 15.000 kHz",                      "15000Hz",          "15000"},
+    {"Hz",       "15KHZ",         "= 15.000 kHz",                      "15000Hz",          "15000"},
+    {"Hz",       "2.5 M",         "= 2.500 000 MHz",                   "2500000Hz",        "2500000"},
+    {"Hz",       "1 GHz",         "above 10 MHz: 10 MHz is taken",     "10000000Hz",       "10000000"},
+    {"Hz",       "50",            "below 100 Hz: 100 Hz is taken",     "100Hz",            "100"},
+    {"Hz",       "150.6",         "= 151 Hz",                          "151Hz",            "151"},
+    {"Hz",       "15 kB",         "unknown unit \"kB\"",               nullptr,            nullptr},
+    {"kHz",      "12.5",          "",                                  "12.500kHz",        "12500"},
+    {"kHz",      "12500 Hz",      "= 12.500 kHz",                      "12.500kHz",        "12500"},
+    {"kHz",      "0.0254 M",      "= 25.400 kHz",                      "25.400kHz",        "25400"},
+    {"kHz",      "25.4 kHz",      "= 25.400 kHz",                                  "25.400kHz",        "25400"},
+    {"kHz",      "1.000,5",       "= 1.000 500 MHz",                   "1000.500kHz",      "1000500"},
+    {"kHz",      "25.4007",       "= 25.401 kHz",                      "25.401kHz",        "25401"},
+    {"kHz",      "5 M",           "= 5.000 000 MHz",                   "5000.000kHz",      "5000000"},
+    {"kHz",      "5.1 M",         "above 5 MHz: 5 MHz is taken",       "5000.000kHz",      "5000000"},
+    {"MHz",      "145.5",         "",                                  "145.500000 MHz",   "145.5"},
+    {"MHz",      "145500 k",      "= 145.500 000 MHz",                 "145.500000 MHz",   "145.5"},
+    {"MHz",      "145.500 000 MHz", "= 145.500 000 MHz",               "145.500000 MHz",   "145.5"},
+    {"MHz",      "26.6G",         "above 26.5 GHz: 26.5 GHz is taken", "26500.000000 MHz", "26500"},
+    {"MHz",      "0",             "below 9 kHz: 9 kHz is taken",       "0.009000 MHz",     "0.009"},
+    {"3 MHz",    "145500.5 k",    "at most 3 digits behind the point", nullptr,            nullptr},
+    {"3 MHz",    "2 GHz",         "= 2.000 000 000 GHz",               "2000.000 mhz",     "2000"},
+    {"unit",     "15",            "",                                  "15.000",           "15"},
+    {"unit",     "15000 Hz",      "= 15.000 kHz",                      "15.000",           "15"},
+    {"unit",     "6 MHz",         "above 5 MHz: 5 MHz is taken",       "5000.000",         "5000"},
+    {"scaled",   "15",            "",                                  "15.000",           "15000"},
+    {"scaled",   "0.015 MHz",     "= 15.000 kHz",                      "15.000",           "15000"},
+    {"list",     "6.25",          "",                                  "6.250kHz",         "6.25"},
+    {"list",     "6250 Hz",       "= 6.250 kHz",                       "6.250kHz",         "6.25"},
+    {"list",     "6250 Hs",       "unknown unit \"Hs\"",               nullptr,            nullptr},
+    {"cell",     "12.5",          "",                                  "12.50",            "12.5"},
+    {"cell",     "12,5",          "= 12.5",                            "12.50",            "12.5"},
+    {"cell",     "1 000",         "= 1000",                            "1000.00",          "1000"},
+    {"cell",     "1.234.567",     "above 1000: 1000 is taken",         "1000.00",          "1000"},
+    {"cell",     "-1",            "below 0: 0 is taken",               "0.00",             "0"},
+    {"cell",     "12.505",        "at most 2 digits behind the point", nullptr,            nullptr},
+    {"cell",     "12k",           "unknown unit \"k\"",                nullptr,            nullptr},
+    {"cell kHz", "12500 Hz",      "= 12.500 kHz",                      "12.50",            "12.5"},
+    {"cell kHz", "2 MHz",         "above 1 MHz: 1 MHz is taken",       "1000.00",          "1000"},
+};
+// clang-format on
+
 /// Draws texts that look like numbers, mostly.
 class Dice
 {
@@ -347,6 +443,54 @@ private Q_SLOTS:
         }
     }
 
+    void boxes_data()
+    {
+        for (const char *column : {"kind", "text", "note", "shown", "applied"})
+            QTest::addColumn<QString>(column);
+        for (const auto &row : BoxTexts)
+            QTest::addRow("%s: %s", row.Kind, row.Text)
+                << QString(row.Kind) << QString::fromUtf8(row.Text) << QString::fromUtf8(row.Note) << QString(row.Shown)
+                << QString(row.Applied);
+    }
+    void boxes()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, text);
+        QFETCH(QString, note);
+        QFETCH(QString, shown);
+        QFETCH(QString, applied);
+        for (const QLocale &locale : {QLocale::c(), QLocale(QLocale::German)}) {
+            QLocale::setDefault(locale);
+            // The point of the other locale is told.
+            if (locale.language() == QLocale::German) {
+                for (QChar &mark : text)
+                    mark = mark == '.' ? ',' : mark == ',' ? '.' : mark;
+            }
+            note.replace('.', locale.decimalPoint());
+            shown.replace('.', locale.decimalPoint());
+            for (const bool paste : {false, true}) {
+                LiveForm live(Form(Boxes[kind]));
+                const QString before = ShownOf(live, kind), held = AppliedBy(live, kind);
+                const QPointer<QWidget> field = TypeInto(live, kind, text, paste);
+                const QColor own = live.window->palette().color(QPalette::Text);
+                QCOMPARE(FieldNote::TextOf(field), note);
+                QCOMPARE(field->palette().color(QPalette::Text) != own, applied.isNull() && !note.isEmpty());
+                const QString typed = field->findChild<QLineEdit *>()->text();
+                QTest::keyClick(field, Qt::Key_Return);
+                if (applied.isNull()) {
+                    QCOMPARE(field->findChild<QLineEdit *>()->text(), typed);
+                    QVERIFY(!FieldNote::TextOf(field).isEmpty());
+                    QTest::keyClick(field, Qt::Key_Escape);
+                }
+                QCoreApplication::processEvents();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                QCOMPARE(ShownOf(live, kind), applied.isNull() ? before : shown);
+                QCOMPARE(AppliedBy(live, kind), applied.isNull() ? held : applied);
+                QCOMPARE(FieldNote::TextOf(field), QString());
+            }
+        }
+    }
+
     void anyTextIsReadAsItIsTold()
     {
         Dice dice;
@@ -394,6 +538,39 @@ private:
     {
         return forms::Widget(
             "f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"});
+    }
+    /// Writes over what a box or a first cell holds; gives the box.
+    static QWidget *TypeInto(const LiveForm &live, const QString &kind, const QString &text, bool paste)
+    {
+        QWidget *field = live.Find(Boxes[kind].Name);
+        field->setFocus();
+        if (auto *table = qobject_cast<QTableWidget *>(field)) {
+            table->setCurrentCell(0, 0);
+            QTest::keyClick(table, Qt::Key_F2);
+            field = table->findChild<QAbstractSpinBox *>();
+        }
+        QTest::keySequence(field, QKeySequence::SelectAll);
+        QTest::keyClick(field, Qt::Key_Delete);
+        QApplication::clipboard()->setText(text);
+        if (paste)
+            QTest::keySequence(field, QKeySequence::Paste);
+        for (const QChar letter : paste ? QString() : text)
+            QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+        return field;
+    }
+    static QString ShownOf(const LiveForm &live, const QString &kind)
+    {
+        QWidget *field = live.Find(Boxes[kind].Name);
+        if (const auto *table = qobject_cast<QTableWidget *>(field))
+            return qobject_cast<QStyledItemDelegate *>(table->itemDelegate())
+                ->displayText(table->item(0, 0)->data(Qt::DisplayRole), table->locale());
+        return field->property("text").toString();
+    }
+    static QString AppliedBy(const LiveForm &live, const QString &kind)
+    {
+        if (Boxes[kind].Class == "ChannelSpacingTable")
+            return live.Find<QTableWidget>("f")->item(0, 0)->data(Qt::DisplayRole).toString();
+        return Tree::Instance()->GetNode("/Form/" + Boxes[kind].Name)->GetStringValue();
     }
     void Enter(const Field &place, const QString &text, bool paste, const QString &note, const QString &applied)
     {
