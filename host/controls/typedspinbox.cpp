@@ -143,9 +143,8 @@ bool TypedSpinBox::IsUnusual(const QString &text) const
 {
     const QString bare = Bare(text);
     const QChar point = decimals() > 0 ? locale().decimalPoint() : QChar();
-    const auto isOther = [&](QChar c) {
-        return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-');
-    };
+    const auto isOther
+        = [&](QChar c) { return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-'); };
     const int fraction = bare.contains(point) ? bare.size() - bare.indexOf(point) - 1 : 0;
     return bare.count(point) > 1 || fraction > decimals() || std::any_of(bare.begin(), bare.end(), isOther);
 }

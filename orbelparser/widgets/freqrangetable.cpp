@@ -67,7 +67,8 @@ public:
     {
         QWidget *editor = CellItemDelegate::createEditor(parent, option, index);
         if (auto *field = qobject_cast<QLineEdit *>(editor))
-            connect(field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
+            connect(
+                field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
         return editor;
     }
 

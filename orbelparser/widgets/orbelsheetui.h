@@ -40,8 +40,8 @@ public:
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
 
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
-    /// Locks or frees the apply row, and gives the focus back to the control from which ParkFocus() took it, if that can
-    /// take it and nothing else has taken it meanwhile.
+    /// Locks or frees the apply row, and gives the focus back to the control from which ParkFocus() took it, if that
+    /// can take it and nothing else has taken it meanwhile.
     void EnableInput(bool enable, bool partial) override;
     /// Keeps the focus in the frame itself, so that no other control gets what the operator types on; a text that is
     /// being typed is taken back and told.

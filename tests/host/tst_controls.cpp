@@ -373,8 +373,7 @@ private Q_SLOTS:
 
     void spinTyping_data()
     {
-        const auto row
-            = Columns<double, QString, double, QString, bool>({"factor", "typed", "value", "text", "whole"});
+        const auto row = Columns<double, QString, double, QString, bool>({"factor", "typed", "value", "text", "whole"});
         row("beyond the maximum", 1, "500", 100, "100.00dB", false);
         row("no number", 1, "-", 50.125678, "50.13dB", false);
         row("the number that stood there", 1, "50.13", 50.125678, "50.13dB", false);
