@@ -21,6 +21,11 @@ TypedSpinBox::TypedSpinBox(QWidget *parent) : QDoubleSpinBox(parent)
     connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &TypedSpinBox::KeepCursorInNumber);
 }
 
+bool TypedSpinBox::IsReadable() const
+{
+    return ReadText(lineEdit()->text()).IsNumber();
+}
+
 bool TypedSpinBox::Finish()
 {
     IsFinal = !IsReadable();

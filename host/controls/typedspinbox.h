@@ -20,7 +20,7 @@ public:
     explicit TypedSpinBox(QWidget *parent = nullptr);
 
     /// Whether the text that stands there is a number, within the limits or not.
-    bool IsReadable() const { return ReadText(lineEdit()->text()).IsNumber(); }
+    bool IsReadable() const;
     /// The unit that the box's numbers are in, times Scale(). It is not shown; where there is no suffix and it is a
     /// frequency, units may be typed.
     void SetUnit(const QString &unit) { Unit = unit.trimmed(); }
