@@ -71,8 +71,12 @@ void OrbelHeadline::RefreshToolTip()
 {
     if (!GroupBox)
         return;
+    const char *const source = GroupVisible ? QT_TR_NOOP("Hide %1") : QT_TR_NOOP("Show %1");
+    QString format = Translate(QLatin1String(source));
+    // Where the form has no words of its own for it.
+    if (format == QLatin1String(source))
+        format = tr(source);
     // Meant: the argument is the text as the definition has it, untranslated.
-    const QString format = Translate(GroupVisible ? QStringLiteral("Hide %1") : QStringLiteral("Show %1"));
     ToolTip = format.arg(GetString(prop::Text, QString()).left(limit::ShownText));
     GroupBox->setToolTip(ToolTip);
 }

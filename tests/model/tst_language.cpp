@@ -3,6 +3,7 @@
 #include "liveform.h"
 #include "rows.h"
 #include "testmain.h"
+#include "translationcenter.h"
 
 #include <QtTest>
 
@@ -205,6 +206,70 @@ private Q_SLOTS:
         QMetaObject::invokeMethod(live.Get("d"), "sl_editExclusionRanges");
         // All but what Qt says itself.
         QCOMPARE(texts.join(' '), QString("«Excluded ranges (kHz)» : Cancel"));
+    }
+
+    /// Every text of the library's own has its translation, with the same arguments and mnemonics.
+    void theCatalogueIsComplete()
+    {
+#ifdef ORBEL_LUPDATE
+        const QTemporaryDir folder;
+        const QString catalogue = folder.filePath("orbelparser_de.ts");
+        QVERIFY(QFile::copy(ORBEL_SOURCE_DIR "/translations/orbelparser_de.ts", catalogue));
+        const QStringList arguments{"-silent", "-no-obsolete", ORBEL_SOURCE_DIR "/host", ORBEL_SOURCE_DIR "/orbelparser",
+            "-ts", catalogue};
+        QCOMPARE(QProcess::execute(ORBEL_LUPDATE, arguments), 0);
+        QFile file(catalogue);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QXmlStreamReader reader(&file);
+        QStringList wrong;
+        QString source;
+        int count = 0;
+        while (!reader.atEnd()) {
+            if (reader.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (reader.name() == QLatin1String("source"))
+                source = reader.readElementText();
+            if (reader.name() != QLatin1String("translation"))
+                continue;
+            const bool done = !reader.attributes().hasAttribute("type");
+            const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements);
+            const auto marks = [](const QString &of) { return QList<int>{of.count("%1"), of.count("%2"), of.count('&')}; };
+            ++count;
+            if (!done || text.isEmpty() || marks(source) != marks(text))
+                wrong << source + " = " + text;
+        }
+        // After a change of texts: scripts/translate.
+        QCOMPARE(wrong.join('\n'), QString());
+        QVERIFY(count > 30);
+#else
+        QSKIP("built without Qt's linguist tools");
+#endif
+    }
+
+    /// The library brings its catalogue with it, and names a language that needs none, too.
+    void theCatalogueIsFound_data()
+    {
+        const auto row = Columns<QLocale, QString, QString>({"locale", "apply", "headline"});
+        row("German", QLocale("de_AT"), "Übernehmen", "head ausblenden");
+        row("English", QLocale("en_GB"), "Apply", "Hide head");
+    }
+
+    void theCatalogueIsFound()
+    {
+        QFETCH(QLocale, locale);
+        LiveForm live(Widget("h", "Headline", {"text=String:head"}));
+        const auto speak = [](const QLocale &locale) {
+            QLocale::setDefault(locale);
+            TranslationCenter::Instance().Reload();
+            QCoreApplication::processEvents();
+        };
+        speak(locale);
+        const QString apply = live.Find<QPushButton>("applyButton")->text();
+        const QString headline = live.Find("h")->toolTip();
+        speak(QLocale::c());
+        QTEST(apply, "apply");
+        QTEST(headline, "headline");
+        QCOMPARE(live.Find<QPushButton>("applyButton")->text(), QString("Apply"));
     }
 
     void aHandlerMayEndTheForm()
