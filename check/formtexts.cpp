@@ -9,8 +9,8 @@
 #include "scripttext.h"
 #include "structurecheck.h"
 
-#include <QScriptEngine>
 #include <algorithm>
+#include <QScriptEngine>
 
 namespace Orbel
 {

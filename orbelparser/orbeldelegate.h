@@ -107,8 +107,8 @@ public:
     /// Whether there is a change that no parameter document has carried yet.
     bool isModified() const { return Modified; }
 
-    /// Shows the control in the language of now: what the definition, a script or the host gave it to show is translated
-    /// anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
+    /// Shows the control in the language of now: what the definition, a script or the host gave it to show is
+    /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
     void LanguageChanged();
 
     /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay; another
@@ -264,7 +264,8 @@ protected:
     /// Gives `value` these limits. Nobody must watch it yet who could end it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
-    /// What a control has for a tooltip of its own: a text in the operator's language between parts that stay as they are.
+    /// What a control has for a tooltip of its own: a text in the operator's language between parts that stay as they
+    /// are.
     struct ToolTipText {
         QString Source;
         QString Head = QString();

@@ -246,8 +246,8 @@ void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
 void OrbelDelegate::SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest)
 {
     // The opening tag makes Qt show it as rich text.
-    SetOwnToolTip(control,
-        {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsText(lowest, highest)});
+    SetOwnToolTip(
+        control, {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsText(lowest, highest)});
 }
 
 void OrbelDelegate::SetIntTooltip(QWidget *control)

@@ -48,8 +48,9 @@ void DefineComponent(QCommandLineParser &parser)
 void DefineLanguage(QCommandLineParser &parser)
 {
     parser.addOption({Language,
-        QStringLiteral("The language of texts and numbers, as \"de\", in place of the system's. The texts of the form come "
-                       "from FORM_de.qm beside it."),
+        QStringLiteral(
+            "The language of texts and numbers, as \"de\", in place of the system's. The texts of the form come "
+            "from FORM_de.qm beside it."),
         QStringLiteral("LANG")});
 }
 

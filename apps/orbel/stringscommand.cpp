@@ -64,7 +64,6 @@ int StringsCommand::Run(const QCommandLineParser &parser)
             catalogue.Add(text.Context, text.Source, form, text.Line);
     }
     catalogue.Write();
-    std::printf("%s: %d texts, %d of them new, %d vanished\n", qPrintable(path), catalogue.Count(), catalogue.NewCount(),
-        catalogue.VanishedCount());
+    std::printf("%s: %s\n", qPrintable(path), qPrintable(catalogue.Summary()));
     return ekFine;
 }

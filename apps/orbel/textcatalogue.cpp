@@ -90,8 +90,8 @@ TextCatalogue::Message TextCatalogue::ReadMessage(QXmlStreamReader &reader)
 
 TextCatalogue::Context &TextCatalogue::Named(const QString &name)
 {
-    const auto known = std::find_if(
-        Contexts.begin(), Contexts.end(), [&](const Context &context) { return context.Name == name; });
+    const auto known
+        = std::find_if(Contexts.begin(), Contexts.end(), [&](const Context &context) { return context.Name == name; });
     if (known != Contexts.end())
         return *known;
     Contexts.append({name, {}});
@@ -107,8 +107,8 @@ void TextCatalogue::SetLanguage(const QString &language)
 void TextCatalogue::Add(const QString &context, const QString &source, const QString &form, int line)
 {
     QVector<Message> &messages = Named(context).Messages;
-    auto message = std::find_if(
-        messages.begin(), messages.end(), [&](const Message &known) { return known.Source == source; });
+    auto message
+        = std::find_if(messages.begin(), messages.end(), [&](const Message &known) { return known.Source == source; });
     if (message == messages.end()) {
         Message fresh;
         fresh.Source = source;
@@ -160,7 +160,8 @@ void TextCatalogue::WriteMessage(QXmlStreamWriter &writer, const Message &messag
     writer.writeStartElement(MessageElement);
     for (const Place &place : message.Places) {
         writer.writeEmptyElement(Location);
-        writer.writeAttribute(QStringLiteral("filename"), folder.relativeFilePath(QFileInfo(place.Form).absoluteFilePath()));
+        writer.writeAttribute(
+            QStringLiteral("filename"), folder.relativeFilePath(QFileInfo(place.Form).absoluteFilePath()));
         writer.writeAttribute(QStringLiteral("line"), QString::number(place.Line));
     }
     writer.writeTextElement(Source, message.Source);
@@ -173,6 +174,14 @@ void TextCatalogue::WriteMessage(QXmlStreamWriter &writer, const Message &messag
     writer.writeCharacters(message.Translation);
     writer.writeEndElement();
     writer.writeEndElement();
+}
+
+QString TextCatalogue::Summary() const
+{
+    const int all = CountOf([](const Message &message) { return !message.Places.isEmpty(); });
+    const int fresh = CountOf([](const Message &message) { return message.IsNew; });
+    const int gone = CountOf([](const Message &message) { return message.IsVanished(); });
+    return QStringLiteral("%1 texts, %2 of them new, %3 vanished").arg(all).arg(fresh).arg(gone);
 }
 
 int TextCatalogue::CountOf(const std::function<bool(const Message &)> &counts) const

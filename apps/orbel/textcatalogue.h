@@ -25,9 +25,8 @@ public:
     /// Throws a Failure when the file cannot be written.
     void Write();
 
-    int Count() const { return CountOf([](const Message &message) { return !message.Places.isEmpty(); }); }
-    int NewCount() const { return CountOf([](const Message &message) { return message.IsNew; }); }
-    int VanishedCount() const { return CountOf([](const Message &message) { return message.IsVanished(); }); }
+    /// How many texts there are, for a person to read.
+    QString Summary() const;
 
 private:
     struct Place {

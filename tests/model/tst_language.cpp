@@ -81,7 +81,8 @@ QString StateOf(const Form &form)
     for (int i = 0; i < sheet.GetWidgetCount(); ++i) {
         const OrbelDelegate *delegate = sheet.GetWidgetAt(i)->GetDelegate();
         const ValueBase *node = delegate->GetVTValue();
-        out << sheet.GetWidgetAt(i)->GetName() << (delegate->isModified() ? "*" : "") << (node ? node->GetStringValue() : "");
+        out << sheet.GetWidgetAt(i)->GetName() << (delegate->isModified() ? "*" : "")
+            << (node ? node->GetStringValue() : "");
         for (const QByteArray &name : delegate->dynamicPropertyNames())
             out << ' ' << name << '=' << delegate->property(name).toString();
     }
@@ -124,10 +125,11 @@ private Q_SLOTS:
         AddRow("as it is made", QString());
         AddRow("groups are collapsed", QString("texts.setGroupVisible(false); comboBox.setGroupVisible(false)"));
         AddRow("controls are locked", QString("lineEdit.setEnabled(false); frequencyEdit.setReadOnly(true)"));
-        AddRow("texts of a script", QString("lineEdit.setLabelText('new label'); label.setText('new text');"
-                                            "spinBox.setMaximum(7); pushButton.setText('another'); "
-                                            "spacings.setHeaderLabel('another header');"
-                                            "scriptControl.setCustomProperty('scriptloaded', true)"));
+        AddRow("texts of a script",
+            QString("lineEdit.setLabelText('new label'); label.setText('new text');"
+                    "spinBox.setMaximum(7); pushButton.setText('another'); "
+                    "spacings.setHeaderLabel('another header');"
+                    "scriptControl.setCustomProperty('scriptloaded', true)"));
     }
 
     void everyTextFollows()
@@ -215,8 +217,8 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString catalogue = folder.filePath("orbelparser_de.ts");
         QVERIFY(QFile::copy(ORBEL_SOURCE_DIR "/translations/orbelparser_de.ts", catalogue));
-        const QStringList arguments{"-silent", "-no-obsolete", ORBEL_SOURCE_DIR "/host", ORBEL_SOURCE_DIR "/orbelparser",
-            "-ts", catalogue};
+        const QStringList arguments{
+            "-silent", "-no-obsolete", ORBEL_SOURCE_DIR "/host", ORBEL_SOURCE_DIR "/orbelparser", "-ts", catalogue};
         QCOMPARE(QProcess::execute(ORBEL_LUPDATE, arguments), 0);
         QFile file(catalogue);
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -233,7 +235,9 @@ private Q_SLOTS:
                 continue;
             const bool done = !reader.attributes().hasAttribute("type");
             const QString text = reader.readElementText(QXmlStreamReader::IncludeChildElements);
-            const auto marks = [](const QString &of) { return QList<int>{of.count("%1"), of.count("%2"), of.count('&')}; };
+            const auto marks = [](const QString &of) {
+                return QList<int>{of.count("%1"), of.count("%2"), of.count('&')};
+            };
             ++count;
             if (!done || text.isEmpty() || marks(source) != marks(text))
                 wrong << source + " = " + text;
@@ -274,8 +278,8 @@ private Q_SLOTS:
 
     void aHandlerMayEndTheForm()
     {
-        LiveForm live(Widget("a", "LineEdit", {"labelText=String:first"}) + Widget("b", "SpinBoxList", {"itemCount=Int:2"})
-            + Widget("c", "LineEdit", {"labelText=String:last"}));
+        LiveForm live(Widget("a", "LineEdit", {"labelText=String:first"})
+            + Widget("b", "SpinBoxList", {"itemCount=Int:2"}) + Widget("c", "LineEdit", {"labelText=String:last"}));
         AtToolTip handler([&] { live.form.reset(); });
         live.Find("a")->installEventFilter(&handler);
         const Quoting language;
