@@ -55,7 +55,8 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
         area->setObjectName(QStringLiteral("sheetArea"));
         Gui = area;
     }
-    Gui->installEventFilter(this);
+    // It hears what the area hears, and while nothing out of view is drawn.
+    content->installEventFilter(this);
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
     BuildTimer();

@@ -39,7 +39,7 @@ public:
     /// The layout to which controls add themselves; null when there is no frame.
     FloatGroupLayout *GetLayout() const;
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
-    /// Called when the frame hears that the language has changed, before its children do.
+    /// Called when the frame hears that the language has changed, before the controls do.
     void SetLanguageListener(const std::function<void()> &listener) { Listener = listener; }
 
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;

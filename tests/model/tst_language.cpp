@@ -280,12 +280,17 @@ private Q_SLOTS:
     {
         LiveForm live(Widget("a", "LineEdit", {"labelText=String:first"})
             + Widget("b", "SpinBoxList", {"itemCount=Int:2"}) + Widget("c", "LineEdit", {"labelText=String:last"}));
+        // The last row is out of view, and must be drawn again afterwards.
+        live.window->resize(400, 60);
+        QVERIFY(QTest::qWaitForWindowExposed(live.window.get()));
         AtToolTip handler([&] { live.form.reset(); });
         live.Find("a")->installEventFilter(&handler);
         const Quoting language;
         QCoreApplication::processEvents();
         QVERIFY(!live.form);
         QCOMPARE(live.Find<QLabel>("labela")->text() + live.Find<QLabel>("labelc")->text(), QString("«first»last"));
+        for (const QWidget *control : live.window->findChildren<QWidget *>())
+            QVERIFY(control->updatesEnabled());
     }
 };
 
