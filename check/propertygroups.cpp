@@ -16,10 +16,11 @@ namespace
 
 constexpr bool Stored = true;
 constexpr bool Read = false;
+constexpr bool Translated = true;
 
 } // namespace
 
-// Columns: name, read as, when absent, unit, stored only, meaning, choices.
+// Columns: name, read as, when absent, unit, stored only, meaning, choices, and whether it is translated.
 // clang-format off
 
 const QVector<PropertyInfo> Row = {
@@ -27,7 +28,7 @@ const QVector<PropertyInfo> Row = {
     {prop::ReadOnly, T::Bool, "the control keeps its own state", "", Read, "Whether the value can be seen but not changed.", ""},
     {prop::Visible, T::Bool, "the control shows, its row label stays hidden", "", Read, "Whether control and row label show.", ""},
     {prop::ToolTip, T::Text, "none from the definition", "", Read, "The tooltip, where the class does not make its own.", ""},
-    {prop::LabelText, T::Text, "no row label", "", Read, "The label in front of the control, translated.", ""},
+    {prop::LabelText, T::Text, "no row label", "", Read, "The label in front of the control, translated.", "", Translated},
     {prop::GenerateParameterXml, T::Bool, "false", "", Read, "Whether the control writes its parameter element and can become modified.", ""},
     {prop::ParameterXmlTag, T::Text, "the widget's name", "", Read, "Place in the parameter document and in the value tree: element names with \"/\" between them.", ""},
     {prop::ApplyMode, T::Text, "no mode", "", Read, "Kept for the host; the library does not act on it.", "ekInstantApplyMode ekNormalApplyMode"},
@@ -92,7 +93,7 @@ const QVector<PropertyInfo> Shape = {
 
 const QVector<PropertyInfo> Spacings = {
     {prop::SpacingsCount, T::Int, "0", "rows", Read, "Number of spacings.", ""},
-    {prop::HeaderLabel, T::Text, "empty", "", Read, "Title of the column, translated.", ""},
+    {prop::HeaderLabel, T::Text, "empty", "", Read, "Title of the column, translated.", "", Translated},
     {prop::Minimum, T::Double, "0 in the editor", "", Read, "The least spacing that can be typed.", ""},
     {prop::Maximum, T::Double, "1000 in the editor", "", Read, "The greatest spacing that can be typed.", ""},
     {prop::SingleStep, T::Double, "1", "", Read, "What one step up or down changes.", ""},
@@ -119,11 +120,11 @@ const QVector<PropertyInfo> Line = {
 };
 
 const QVector<PropertyInfo> LabelText = {
-    {prop::Text, T::Text, "empty", "", Read, "The text, translated for display.", ""},
+    {prop::Text, T::Text, "empty", "", Read, "The text, translated for display.", "", Translated},
 };
 
 const QVector<PropertyInfo> Headline = {
-    {prop::Text, T::Text, "no headline is made", "", Read, "The title of the group, translated.", ""},
+    {prop::Text, T::Text, "no headline is made", "", Read, "The title of the group, translated.", "", Translated},
 };
 
 const QVector<PropertyInfo> Margin = {
@@ -135,7 +136,7 @@ const QVector<PropertyInfo> Height = {
 };
 
 const QVector<PropertyInfo> Button = {
-    {prop::Text, T::Text, "an empty button", "", Read, "Text and tooltip of the button, translated.", ""},
+    {prop::Text, T::Text, "an empty button", "", Read, "Text and tooltip of the button, translated.", "", Translated},
     {prop::Icon, T::Other, "none", "", Read, "The picture; a script sets it with setIcon(path).", ""},
     {prop::IconSize, T::Other, "Qt's own", "pixels", Read, "Size of the picture; a script sets it with setIconSize(width, height).", ""},
 };

@@ -160,6 +160,10 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
         return;
     const CallScope call(GetLife());
     Ui->CreateFrame(applyUi);
+    Ui->SetLanguageListener([place = Place.Of(this)] {
+        if (*place)
+            (*place)->Retranslate();
+    });
     const QSet<QString> names(list.cbegin(), list.cend());
     for (const Widget &widget : Snapshot()) {
         // A handler may have ended the form, or deleted the window.
@@ -356,6 +360,15 @@ void OrbelSheet::SetFontSize(int size)
     const CallScope call(GetLife());
     if (size > 0 && size <= limit::TextSize && GetGUI())
         SetTextSize(GetGUI(), size);
+}
+
+void OrbelSheet::Retranslate()
+{
+    const CallScope call(GetLife());
+    const LayoutPause pause(Ui->GetLayout());
+    Ui->LanguageChanged();
+    for (const Widget &widget : Snapshot())
+        widget->GetDelegate()->LanguageChanged();
 }
 
 void OrbelSheet::EnableInput(bool enable, eEnableScope scope)

@@ -77,6 +77,7 @@ protected:
 
 private:
     void Build();
+    void ShowTexts();
     QToolButton *StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)());
     VCMiniFrequency *MiniButton(const QString &name, void (VCFrequency::*action)());
     void Step(int steps);

@@ -135,6 +135,12 @@ void OrbelChannelSpacingTable::forceFinishEditing()
     FinishCellEdit(Control);
 }
 
+void OrbelChannelSpacingTable::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    ShowHeaderLabel(GetTranslated(prop::HeaderLabel));
+}
+
 void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);

@@ -61,6 +61,7 @@ public:
     Q_INVOKABLE void setSpacingValue(int index, double value);
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private Q_SLOTS:

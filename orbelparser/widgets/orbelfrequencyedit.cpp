@@ -95,7 +95,7 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
 {
     lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
     lineEdit->SetValueBase(valueNode.get());
-    lineEdit->setToolTip(GetTranslated(prop::LabelText));
+    SetOwnToolTip(lineEdit, {GetString(prop::LabelText, QString())});
     lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
@@ -162,6 +162,15 @@ void OrbelFrequencyEdit::NodesMoved()
 QString OrbelFrequencyEdit::BandwidthPath() const
 {
     return GetVTNodePath() + QLatin1String("/Bandwidth");
+}
+
+void OrbelFrequencyEdit::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (lineEdit)
+        lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
+    if (lockButton && lockVisible)
+        ShowLockToolTip(property(prop::FrequencyLock.data()).toBool());
 }
 
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
@@ -253,10 +262,15 @@ void OrbelFrequencyEdit::ShowLock(bool locked)
     if (!std::exchange(lockVisible, true))
         ShowLockWithRow();
     lockButton->setChecked(locked);
+    ShowLockToolTip(locked);
+    lockButton->setIcon(LockIcon(locked));
+}
+
+void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
+{
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
     lockButton->setAccessibleName(lockButton->toolTip());
-    lockButton->setIcon(LockIcon(locked));
 }
 
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)

@@ -59,6 +59,7 @@ public Q_SLOTS:
     void forceFinishEditing() override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     void NodesMoved() override;
@@ -77,6 +78,7 @@ private:
     void CreateLockButton();
     QString BandwidthPath() const;
     void ShowLock(bool locked);
+    void ShowLockToolTip(bool locked);
     void ShowLockWithRow();
     void KeepLockOpenToAnswers();
     void FreeInput(const QString &name, const QVariant &value);

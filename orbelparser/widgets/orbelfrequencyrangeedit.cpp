@@ -51,8 +51,8 @@ void OrbelFrequencyRangeEdit::MakeNode(
 void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
-    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), tr("Start Frequency"));
-    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), tr("Stop Frequency"));
+    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), QT_TR_NOOP("Start Frequency"));
+    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), QT_TR_NOOP("Stop Frequency"));
     layout->addGroup();
     // Meant: passing through a field marks the form as modified, even when nothing was typed.
     for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
@@ -62,13 +62,13 @@ void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 }
 
 VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
-    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip)
+    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const char *toolTip)
 {
     const QByteArray name = (WidgetName() + suffix).toUtf8();
     auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
     edit->SetValueBase(node);
-    edit->setToolTip(toolTip);
-    edit->setAccessibleName(toolTip);
+    SetOwnToolTip(edit, {QLatin1String(toolTip), QString(), QString(), staticMetaObject.className()});
+    edit->setAccessibleName(tr(toolTip));
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -123,6 +123,15 @@ void OrbelFrequencyRangeEdit::forceFinishEditing()
         startEdit->endEdit();
     if (stopEdit)
         stopEdit->endEdit();
+}
+
+void OrbelFrequencyRangeEdit::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (startEdit)
+        startEdit->setAccessibleName(tr("Start Frequency"));
+    if (stopEdit)
+        stopEdit->setAccessibleName(tr("Stop Frequency"));
 }
 
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)

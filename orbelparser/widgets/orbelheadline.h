@@ -27,6 +27,7 @@ public Q_SLOTS:
     void setGroupVisible(bool flag) override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private Q_SLOTS:
@@ -36,6 +37,9 @@ private:
     void RefreshToolTip();
 
     QPointer<QGroupBox> GroupBox;
+    // What the box shows, as the definition has it, and the tooltip that it was given here.
+    QString Title;
+    QString ToolTip;
 };
 
 } // namespace KV218

@@ -26,6 +26,7 @@ public Q_SLOTS:
     void setText(QString text) { ChangeProperty(prop::Text, text); }
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;

@@ -38,6 +38,7 @@ public Q_SLOTS:
     void setFocus() override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private:

@@ -82,7 +82,7 @@ QPushButton *OrbelScriptControl::NewButton(const QString &name, const QString &i
     button->setObjectName(name);
     button->setIcon(SharedIcon(icon));
     // Meant: the verb is not translated, its tail is.
-    button->setToolTip(verb + GetTranslated(prop::LabelText));
+    SetOwnToolTip(button, {GetString(prop::LabelText, QString()), verb});
     return button;
 }
 
@@ -92,6 +92,11 @@ void OrbelScriptControl::ShowLamp()
     // A pixmap, unlike an icon, does not look for the sharper picture by itself.
     const QString sharp = StatusLabel->devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
     StatusLabel->setPixmap(QPixmap(QStringLiteral(":/OrbelParser/Loaded_%1%2.png").arg(state, sharp)));
+    ShowLampToolTip();
+}
+
+void OrbelScriptControl::ShowLampToolTip()
+{
     StatusLabel->setToolTip(ScriptLoaded ? tr("Script loaded") : tr("NO Script loaded"));
 }
 
@@ -103,6 +108,13 @@ void OrbelScriptControl::ApplyProperties()
         PropertyChanged(name, property(name.toLatin1().constData()));
     for (const Button &button : Buttons)
         HideIfCollapsed(button.Control);
+}
+
+void OrbelScriptControl::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (StatusLabel)
+        ShowLampToolTip();
 }
 
 void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &value)

@@ -55,6 +55,8 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
         area->setObjectName(QStringLiteral("sheetArea"));
         Gui = area;
     }
+    // It hears what the area hears, and while nothing out of view is drawn.
+    content->installEventFilter(this);
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
     BuildTimer();
@@ -67,7 +69,7 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
 
-    ApplyButton = new QPushButton(tr("Apply"), box);
+    ApplyButton = new QPushButton(box);
     ApplyButton->setObjectName(QStringLiteral("applyButton"));
     ApplyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     ApplyButton->setEnabled(Modified);
@@ -75,12 +77,22 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     // Meant: the button acts when it goes down.
     connect(ApplyButton, &QPushButton::pressed, this, &OrbelSheetUi::applyNow);
 
-    AutoApplyBox = new QCheckBox(tr("Auto Apply"), box);
+    AutoApplyBox = new QCheckBox(box);
     AutoApplyBox->setObjectName(QStringLiteral("autoApply"));
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
+    Retranslate();
     return box;
+}
+
+void OrbelSheetUi::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (ApplyButton)
+        ApplyButton->setText(tr("Apply"));
+    if (AutoApplyBox)
+        AutoApplyBox->setText(tr("Auto Apply"));
 }
 
 void OrbelSheetUi::BuildTimer()
@@ -123,6 +135,14 @@ void OrbelSheetUi::EnableInput(bool enable, bool)
     const Call call(this);
     if (ApplyBox)
         ApplyBox->setEnabled(enable);
+}
+
+bool OrbelSheetUi::eventFilter(QObject *watched, QEvent *event)
+{
+    const Call call(this);
+    if (event->type() == QEvent::LanguageChange && Listener)
+        Listener();
+    return OrbelDelegate::eventFilter(watched, event);
 }
 
 void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)

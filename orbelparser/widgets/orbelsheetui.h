@@ -3,6 +3,7 @@
 #include "orbeldelegate.h"
 #include "propertynames.h"
 
+#include <functional>
 #include <memory>
 #include <QCheckBox>
 #include <QPoint>
@@ -38,9 +39,12 @@ public:
     /// The layout to which controls add themselves; null when there is no frame.
     FloatGroupLayout *GetLayout() const;
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
+    /// Called when the frame hears that the language has changed, before the controls do.
+    void SetLanguageListener(const std::function<void()> &listener) { Listener = listener; }
 
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
     void EnableInput(bool enable, bool partial) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     /// There are parameters for the host to fetch.
@@ -86,6 +90,7 @@ public:
     Q_INVOKABLE void resetModifiedParameter(QObject *sheetObject);
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private:
@@ -99,6 +104,7 @@ private:
     QPointer<QWidget> ApplyBox;
     QPointer<QPushButton> ApplyButton;
     QPointer<QCheckBox> AutoApplyBox;
+    std::function<void()> Listener;
     // Null when nothing can ever apply by itself.
     std::unique_ptr<QTimer> AutoApplyTimer;
     bool AutoApplyEnabled = false;
