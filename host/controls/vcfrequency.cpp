@@ -2,7 +2,6 @@
 
 #include "frequencyfield.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
 #include "ivaluenumeric.h"
 #include "tree.h"
 #include "vcbutton.h"
@@ -159,6 +158,11 @@ void VCFrequency::setEnabled(bool enable)
         EnableInput(true);
 }
 
+void VCFrequency::SetWholeHertz(bool whole)
+{
+    Field->SetWholeHertz(whole);
+}
+
 void VCFrequency::ApplyInput()
 {
     const bool free = !Locked && !ReadOnly && Field->HasNode();
@@ -189,7 +193,7 @@ void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
         BandwidthLabel->setText(
-            tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
+            tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 
