@@ -62,8 +62,6 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     setColumnCount(2);
     setHorizontalHeaderLabels({tr("min"), tr("max")});
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    // Tab leads out of the table; inside an editor it goes on to the next cell.
-    setTabKeyNavigation(false);
     new TableKeys(this);
     NewAction = AddAction(tr("&New row"), QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W),
         tr("Create a new row in the list box"));

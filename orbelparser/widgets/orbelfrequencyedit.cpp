@@ -121,6 +121,15 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
     Q_EMIT valueChanged(HertzOf(text));
 }
 
+QVector<Face> OrbelFrequencyEdit::GetFaces() const
+{
+    const QString bounds = valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString();
+    if (!frequencyControl)
+        return {{lineEdit.data(), {}, bounds}};
+    return {{frequencyControl.data(), {}, {}}, {frequencyControl->focusProxy(), {}, bounds},
+        {lockButton.data(), lockButton ? lockButton->toolTip() : QString(), {}}};
+}
+
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
 {
     const Call call(this);

@@ -100,6 +100,14 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
     return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
 }
 
+QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
+{
+    const auto bounds = [](const OwnedNode<ValueDouble> &node) {
+        return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString();
+    };
+    return {{startEdit.data(), tr("start"), bounds(startNode)}, {stopEdit.data(), tr("stop"), bounds(stopNode)}};
+}
+
 void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
 
 void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFrequency)

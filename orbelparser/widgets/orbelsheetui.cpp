@@ -3,6 +3,7 @@
 #include "elementnames.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "openingfocus.h"
 
 #include <QAction>
 #include <QApplication>
@@ -81,6 +82,16 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
     return box;
+}
+
+void OrbelSheetUi::FinishFrame()
+{
+    QWidget *rows = Layout ? Layout->parentWidget() : nullptr;
+    if (!Gui || !rows)
+        return;
+    if (ApplyBox)
+        PutLastInTabOrder(rows, ApplyBox);
+    new OpeningFocus(Gui, rows);
 }
 
 void OrbelSheetUi::BuildTimer()

@@ -22,6 +22,18 @@ VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node
     return spin;
 }
 
+QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin)
+{
+    if (!spin)
+        return QString();
+    const auto limit = [&](const PropertyKey &name, double number) {
+        return delegate.property(name.data()).isValid() ? spin->textFromValue(number) : QString();
+    };
+    const QString bounds
+        = BoundsText(limit(prop::Minimum, spin->minimum()), limit(prop::Maximum, spin->maximum()));
+    return bounds.isEmpty() ? QString() : bounds + spin->suffix();
+}
+
 double DisplayFactor(const OrbelDelegate &delegate)
 {
     return delegate.GetDouble(prop::DisplayScalingFactor, 1.0);

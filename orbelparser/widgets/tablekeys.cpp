@@ -73,6 +73,7 @@ void EnterText(QTableWidget *table, const QModelIndex &cell, const QString &text
 
 TableKeys::TableKeys(QTableWidget *table) : QObject(table), Table(table)
 {
+    table->setTabKeyNavigation(false);
     table->installEventFilter(this);
 }
 
