@@ -11,6 +11,8 @@
 #include <QTableWidget>
 #include <QTextDocumentFragment>
 
+#include <algorithm>
+
 namespace KV218
 {
 
@@ -44,6 +46,14 @@ QString Joined(const QStringList &parts)
             told.append(part);
     }
     return told.join(QStringLiteral(", "));
+}
+
+/// Whether a name says all that a tooltip does.
+bool Says(const QString &name, const QString &toolTip)
+{
+    const QStringList words = toolTip.split(QLatin1Char(' '));
+    return std::all_of(words.begin(), words.end(),
+        [&](const QString &word) { return name.contains(word, Qt::CaseInsensitive); });
 }
 
 bool IsRefused(const QWidget *widget)
@@ -182,21 +192,22 @@ QString Assistive::NameOf(const QWidget *widget, const QString &own)
         return Joined({face, cell});
     if (!widget->accessibleName().isEmpty())
         return Joined({face, widget->accessibleName()});
-    return own.isEmpty() && widget->focusPolicy() != Qt::NoFocus ? face : own;
+    return widget->focusPolicy() != Qt::NoFocus ? Joined({face, own}) : own;
 }
 
 QString Assistive::DescriptionOf(const QWidget *widget, const QString &own)
 {
     const Shown shown = FaceAround(widget);
-    if (shown.Of.Widget != widget)
-        return PlainText(own);
+    if (shown.Of.Widget != widget) {
+        const QString told = PlainText(own);
+        return Says(NameOf(widget, QString()), told) ? QString() : told;
+    }
     // What somebody has set for the moment, the line at a field for instance, counts for the limits.
     const QString set = PlainText(widget->accessibleDescription());
     const QString name = NameOfFace(shown);
     const RowLabel *label = shown.Delegate->GetRowLabel();
     QString toolTip = PlainText(widget->toolTip());
-    const bool tellsNothing = name.contains(toolTip) || !shown.Of.Bounds.isEmpty();
-    if (tellsNothing)
+    if (!shown.Of.Bounds.isEmpty() || Says(name, toolTip))
         toolTip.clear();
     return Joined({IsRefused(widget) ? Translated("not accepted") : QString(), set.isEmpty() ? shown.Of.Bounds : set,
         toolTip, label && label->IsMarked() ? Translated("changed, not applied") : QString()});

@@ -49,6 +49,17 @@ QString AssistiveView::text(QAccessible::Text kind) const
     return form && kind == QAccessible::Description ? form->DescriptionOf(Seen, own) : own;
 }
 
+/// Qt forgets to tell of a table that it takes the focus.
+QAccessible::State AssistiveView::state() const
+{
+    QAccessible::State state = Inner()->state();
+    if (Seen && Seen->focusPolicy() != Qt::NoFocus) {
+        state.focusable = true;
+        state.focused = Seen->hasFocus();
+    }
+    return state;
+}
+
 QVector<QPair<QAccessibleInterface *, QAccessible::Relation>> AssistiveView::relations(
     QAccessible::Relation match) const
 {

@@ -30,7 +30,7 @@ public:
     void setText(QAccessible::Text kind, const QString &text) override { Inner()->setText(kind, text); }
     QRect rect() const override { return Inner()->rect(); }
     QAccessible::Role role() const override { return Inner()->role(); }
-    QAccessible::State state() const override { return Inner()->state(); }
+    QAccessible::State state() const override;
     QColor foregroundColor() const override { return Inner()->foregroundColor(); }
     QColor backgroundColor() const override { return Inner()->backgroundColor(); }
     void *interface_cast(QAccessible::InterfaceType type) override { return Inner()->interface_cast(type); }

@@ -18,7 +18,6 @@ QString Translated(const char *text)
     return QCoreApplication::translate("KV218::Face", text);
 }
 
-/// Without the zeros that fill a text for the eye: a voice would read them all.
 QString SpokenFrequency(double hertz)
 {
     constexpr double none = 1e308;
@@ -27,13 +26,18 @@ QString SpokenFrequency(double hertz)
     const QChar point = QLocale().decimalPoint();
     const QString text = FrequencyText::Write(hertz, 0, point);
     const int unit = text.lastIndexOf(QLatin1Char(' '));
-    QString number = text.left(unit).remove(QLatin1Char(' '));
-    while (number.contains(point) && (number.endsWith(QLatin1Char('0')) || number.endsWith(point)))
-        number.chop(1);
-    return number + text.mid(unit);
+    return SpokenNumber(text.left(unit).remove(QLatin1Char(' '))) + text.mid(unit);
 }
 
 } // namespace
+
+QString SpokenNumber(QString number)
+{
+    const QChar point = QLocale().decimalPoint();
+    while (number.contains(point) && (number.endsWith(QLatin1Char('0')) || number.endsWith(point)))
+        number.chop(1);
+    return number;
+}
 
 QString BoundsText(const QString &lowest, const QString &highest)
 {

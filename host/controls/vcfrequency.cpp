@@ -153,6 +153,11 @@ void VCFrequency::setEnabled(bool enable)
         EnableInput(true);
 }
 
+void VCFrequency::TuneByHovering(bool tune)
+{
+    Field->TuneByHovering(tune);
+}
+
 void VCFrequency::ApplyInput()
 {
     const bool free = !Locked && !ReadOnly && Field->HasNode();

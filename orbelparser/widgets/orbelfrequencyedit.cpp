@@ -54,6 +54,7 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
     frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
     frequencyControl->GetTuneButton()->hide();
+    frequencyControl->TuneByHovering(Form().IsHoverTuning());
     PropagateProperties(frequencyControl);
     // Meant: an absent `enabled` locks the main form, as nowhere else.
     const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
@@ -97,6 +98,7 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
     lineEdit->SetValueBase(valueNode.get());
     lineEdit->setToolTip(GetTranslated(prop::LabelText));
     lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
+    lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
     layout->addGroup();
@@ -127,7 +129,7 @@ QVector<Face> OrbelFrequencyEdit::GetFaces() const
     if (!frequencyControl)
         return {{lineEdit.data(), {}, bounds}};
     return {{frequencyControl.data(), {}, {}}, {frequencyControl->focusProxy(), {}, bounds},
-        {lockButton.data(), lockButton ? lockButton->toolTip() : QString(), {}}};
+        {lockButton.data(), tr("lock"), {}}};
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
@@ -182,6 +184,8 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
         ShowLock(value.toBool());
     PropagateProperty(name, frequencyControl);
     FreeInput(name, value);
+    if (lineEdit && name == prop::SingleStep)
+        lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperty(name, lineEdit);
     if (lockVisible && name == prop::Visible)
         PropagateProperty(name, lockButton);

@@ -69,6 +69,7 @@ VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
     edit->SetValueBase(node);
     edit->setToolTip(toolTip);
     edit->setAccessibleName(toolTip);
+    edit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -141,6 +142,10 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);
+    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+        if (edit && name == prop::SingleStep)
+            edit->SetStepGrid(LimitsForNode().Step);
+    }
     PropagateProperty(name, startEdit);
     PropagateProperty(name, stopEdit);
 }

@@ -4,6 +4,7 @@
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
 #include "openingfocus.h"
+#include "vcfrequency.h"
 
 #include <QAction>
 #include <QApplication>
@@ -139,6 +140,10 @@ void OrbelSheetUi::EnableInput(bool enable, bool)
 void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::HoverTuning && Gui) {
+        for (VCFrequency *control : Gui->findChildren<VCFrequency *>())
+            control->TuneByHovering(value.toBool());
+    }
     if (name != prop::AutoApplyEnabled)
         return;
     // Meant: a timer that runs goes on, and still announces.

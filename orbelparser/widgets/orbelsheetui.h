@@ -71,6 +71,8 @@ public Q_SLOTS:
         ChangeProperty(prop::EmitOnlyModifiedParameters, onlyModified);
     }
     void setErrorHighlightingXmlRootTag(QString rootTag) { ChangeProperty(prop::ErrorHighlightingXmlRootTag, rootTag); }
+    /// Whether the wheel tunes the digit under the mouse in large frequency fields without the focus, too.
+    void setHoverTuning(bool tune) { ChangeProperty(prop::HoverTuning, tune); }
     void setQMBaseName(QString qmBaseName) { ChangeProperty(prop::QMBaseName, qmBaseName); }
     void setTranslationsSubDir(QString subDir) { ChangeProperty(prop::TranslationsSubDir, subDir); }
     /// Shows or hides the frame.
