@@ -38,19 +38,4 @@ void OpeningFocus::GiveFocus()
     }
 }
 
-void PutLastInTabOrder(QWidget *rows, QWidget *row)
-{
-    QWidget *last = rows->window()->previousInFocusChain();
-    while (last != rows && !(rows->isAncestorOf(last) && TakesTab(last)))
-        last = last->previousInFocusChain();
-    if (last == rows)
-        return;
-    for (QWidget *widget : row->findChildren<QWidget *>()) {
-        if (!TakesTab(widget))
-            continue;
-        QWidget::setTabOrder(last, widget);
-        last = widget;
-    }
-}
-
 } // namespace KV218

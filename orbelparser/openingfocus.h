@@ -23,8 +23,4 @@ private:
     QPointer<QWidget> Rows;
 };
 
-/// Puts what takes the focus in `row` behind all of `rows` in the order of the Tab key. Both stand in one window, and
-/// neither is null.
-void PutLastInTabOrder(QWidget *rows, QWidget *row);
-
 } // namespace KV218

@@ -90,8 +90,13 @@ void OrbelSheetUi::FinishFrame()
     QWidget *rows = Layout ? Layout->parentWidget() : nullptr;
     if (!Gui || !rows)
         return;
-    if (ApplyBox)
-        PutLastInTabOrder(rows, ApplyBox);
+    if (ApplyBox && Gui->layout()) {
+        // Tab goes in the order in which widgets come into the window; QWidget::setTabOrder() takes the round for the order
+        // and leaves the row before the first control.
+        Gui->layout()->removeWidget(ApplyBox);
+        ApplyBox->setParent(nullptr);
+        Gui->layout()->addWidget(ApplyBox);
+    }
     new OpeningFocus(Gui, rows);
 }
 
