@@ -6,9 +6,9 @@
 
 #include <QAbstractSpinBox>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSet>
-#include <QTableWidget>
 #include <QTextDocumentFragment>
 
 #include <algorithm>
@@ -52,8 +52,8 @@ QString Joined(const QStringList &parts)
 bool Says(const QString &name, const QString &toolTip)
 {
     const QStringList words = toolTip.split(QLatin1Char(' '));
-    return std::all_of(words.begin(), words.end(),
-        [&](const QString &word) { return name.contains(word, Qt::CaseInsensitive); });
+    return std::all_of(
+        words.begin(), words.end(), [&](const QString &word) { return name.contains(word, Qt::CaseInsensitive); });
 }
 
 bool IsRefused(const QWidget *widget)
@@ -62,20 +62,6 @@ bool IsRefused(const QWidget *widget)
         return !field->isReadOnly() && !field->text().isEmpty() && !field->hasAcceptableInput();
     const auto *spin = qobject_cast<const QAbstractSpinBox *>(widget);
     return spin && !spin->hasAcceptableInput();
-}
-
-/// The cell that an editor stands in; empty for a widget that is none.
-QString CellOf(const QTableWidget *table, const QWidget *editor)
-{
-    if (!table || editor->parentWidget() != table->viewport())
-        return QString();
-    const QModelIndex cell = table->indexAt(editor->geometry().center());
-    if (!cell.isValid())
-        return QString();
-    const auto header = [&](int section, Qt::Orientation direction) {
-        return table->model()->headerData(section, direction).toString();
-    };
-    return Translated("column %1, row %2").arg(header(cell.column(), Qt::Horizontal), header(cell.row(), Qt::Vertical));
 }
 
 } // namespace
@@ -103,8 +89,8 @@ void Assistive::Add(OrbelDelegate *delegate)
 
 void Assistive::PropertyChanged(OrbelDelegate *delegate, const QString &property)
 {
-    static const QSet<QString> told{prop::LabelText, prop::ToolTip, prop::Text, prop::Minimum, prop::Maximum, prop::Suffix,
-        prop::Unit, prop::Decimals, prop::DisplayScalingFactor};
+    static const QSet<QString> told{prop::LabelText, prop::ToolTip, prop::Text, prop::Minimum, prop::Maximum,
+        prop::Suffix, prop::Unit, prop::Decimals, prop::DisplayScalingFactor};
     if (!QAccessible::isActive() || !told.contains(property))
         return;
     // A delegate acts on its new properties after this.
@@ -131,7 +117,8 @@ Assistive *Assistive::Of(const QWidget *widget)
         widget = widget->parentWidget();
         if (Assistive *form = forms.value(widget))
             return form;
-        if (widget && widget->isWindow() && widget->windowType() == Qt::Popup && widget->inherits("QComboBoxPrivateContainer"))
+        if (widget && widget->isWindow() && widget->windowType() == Qt::Popup
+            && widget->inherits("QComboBoxPrivateContainer"))
             widget = widget->parentWidget();
     }
     return nullptr;
@@ -187,9 +174,6 @@ QString Assistive::NameOf(const QWidget *widget, const QString &own)
     const QString face = NameOfFace(shown);
     if (shown.Of.Widget == widget)
         return face;
-    const QString cell = CellOf(qobject_cast<const QTableWidget *>(shown.Of.Widget), widget);
-    if (!cell.isEmpty())
-        return Joined({face, cell});
     if (!widget->accessibleName().isEmpty())
         return Joined({face, widget->accessibleName()});
     return widget->focusPolicy() != Qt::NoFocus ? Joined({face, own}) : own;

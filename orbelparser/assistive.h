@@ -17,8 +17,8 @@ class OrbelDelegate;
 /// label and part, its limits, whether its text would be refused and whether it waits to be applied, and which label
 /// belongs to it. Row labels are no buddies of their controls, so that an `&` in one stays a letter.
 ///
-/// Nothing is made before a tool asks, and every answer is made when it is asked for: a new label, limit or language needs
-/// no care here, and a form that nobody listens to costs nothing.
+/// Nothing is made before a tool asks, and every answer is made when it is asked for: a new label, limit or language
+/// needs no care here, and a form that nobody listens to costs nothing.
 class Assistive : public QObject
 {
 public:

@@ -24,8 +24,8 @@ QAccessibleInterface *AssistiveView::Make(const QString &, QObject *object)
     return view;
 }
 
-/// Qt keeps one view in the place of a widget, and to make the place free it deletes what it finds under a number. So one
-/// comes in without a widget, takes this one on, and goes; Qt's own view stays under its number.
+/// Qt keeps one view in the place of a widget, and to make the place free it deletes what it finds under a number. So
+/// one comes in without a widget, takes this one on, and goes; Qt's own view stays under its number.
 void AssistiveView::ClearPlace(QWidget *widget)
 {
     auto *passing = new AssistiveView(0);

@@ -9,8 +9,8 @@
 namespace KV218
 {
 
-/// A widget by which the operator meets a control, as assistive tools tell of it. Most controls have one, a range two, a
-/// list one for each item.
+/// A widget by which the operator meets a control, as assistive tools tell of it. Most controls have one, a range two,
+/// a list one for each item.
 struct Face {
     QPointer<QWidget> Widget;
     /// What tells it from the control's other ones, in the operator's language; empty for the control itself.

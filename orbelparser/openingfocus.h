@@ -6,8 +6,9 @@
 namespace KV218
 {
 
-/// Gives the first control of a form the focus when the form is shown for the first time, unless a widget of its window has
-/// it already: a host that shows a form in a window in use keeps its own. Headlines are passed over. Ends after that.
+/// Gives the first control of a form the focus when the form is shown for the first time, unless a widget of its window
+/// has it already: a host that shows a form in a window in use keeps its own. Headlines are passed over. Ends after
+/// that.
 class OpeningFocus : public QObject
 {
 public:

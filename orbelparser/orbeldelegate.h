@@ -78,8 +78,8 @@ public:
     /// Reads property elements from just inside the element on which `reader` stands, to the first end tag that no
     /// `Property` consumes. `custom` puts them into the custom store instead.
     virtual void ParseProperties(QXmlStreamReader &reader, bool custom);
-    /// The widgets by which the operator meets the control, for assistive tools; a widget that is gone is null. The base has
-    /// none.
+    /// The widgets by which the operator meets the control, for assistive tools; a widget that is gone is null. The
+    /// base has none.
     virtual QVector<Face> GetFaces() const { return {}; }
     /// The row label; null without `labelText` and before CreateGUI().
     RowLabel *GetRowLabel() const { return Label; }

@@ -5,10 +5,10 @@
 /// The large field of VCFrequency: a frequency that is tuned digit by digit, or typed. One digit is marked while the
 /// field has the focus: Left and Right, Home, End and a click choose it, Up and Down, Page Up and Page Down (ten at a
 /// time) change it with carry, within the limits of the node, and so does the wheel for the digit under the mouse; the
-/// wheel needs the focus, so that scrolling a form tunes nothing, unless TuneByHovering() says otherwise. The digit under
-/// the mouse is lit. Zeros lead the text up to the marked digit, and one
-/// steps back the way one came. A digit, sign, or point begins a typed entry, which replaces the text; F2 begins one
-/// with the text that stands there. Return ends it, Escape takes it back.
+/// wheel needs the focus, so that scrolling a form tunes nothing, unless TuneByHovering() says otherwise. The digit
+/// under the mouse is lit. Zeros lead the text up to the marked digit, and one steps back the way one came. A digit,
+/// sign, or point begins a typed entry, which replaces the text; F2 begins one with the text that stands there. Return
+/// ends it, Escape takes it back.
 class ORBEL_HOST_EXPORT FrequencyField : public VCLineEdit
 {
     Q_OBJECT
@@ -18,7 +18,8 @@ public:
     FrequencyField(QWidget *parent, bool belowZero);
 
     bool HasNode() const { return BoundNode(); }
-    /// Lets the wheel tune the digit under the mouse without the focus, too. The tuning ends when the mouse leaves then.
+    /// Lets the wheel tune the digit under the mouse without the focus, too. The tuning ends when the mouse leaves
+    /// then.
     void TuneByHovering(bool tune) { HoverTunes = tune; }
     /// Changes the marked digit by that many; nothing while the field is locked or a text is being typed.
     void Step(int steps);

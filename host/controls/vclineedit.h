@@ -43,8 +43,8 @@ public:
     void setInputMask(const QString &mask);
     void setMaxLength(int length);
 
-    /// Has Up and Down set the node to the next multiple of `grid` above or below, within its limits; in the node's units.
-    /// 0, as at the start, leaves these keys alone, and so does a field whose node holds no number.
+    /// Has Up and Down set the node to the next multiple of `grid` above or below, within its limits; in the node's
+    /// units. 0, as at the start, leaves these keys alone, and so does a field whose node holds no number.
     void SetStepGrid(double grid) { StepGrid = grid; }
 
     /// As endEdit(). False when somebody who heard of it has deleted the field.

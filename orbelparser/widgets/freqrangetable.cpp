@@ -58,6 +58,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
 {
     constexpr int MinimumSize = 50;
     setObjectName(QStringLiteral("FreqRangeTable"));
+    setAccessibleName(tr("Excluded ranges"));
     setMinimumSize(MinimumSize, MinimumSize);
     setColumnCount(2);
     setHorizontalHeaderLabels({tr("min"), tr("max")});

@@ -91,8 +91,8 @@ void OrbelSheetUi::FinishFrame()
     if (!Gui || !rows)
         return;
     if (ApplyBox && Gui->layout()) {
-        // Tab goes in the order in which widgets come into the window; QWidget::setTabOrder() takes the round for the order
-        // and leaves the row before the first control.
+        // Tab goes in the order in which widgets come into the window; QWidget::setTabOrder() takes the round for the
+        // order and leaves the row before the first control.
         Gui->layout()->removeWidget(ApplyBox);
         ApplyBox->setParent(nullptr);
         Gui->layout()->addWidget(ApplyBox);

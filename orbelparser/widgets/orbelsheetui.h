@@ -31,8 +31,8 @@ public:
 
     /// Builds the frame; nothing when there is one.
     void CreateFrame(bool applyUi);
-    /// The controls stand in the frame: the apply row comes behind them in the order of the Tab key, and the first one has
-    /// the focus when the form is shown.
+    /// The controls stand in the frame: the apply row comes behind them in the order of the Tab key, and the first one
+    /// has the focus when the form is shown.
     void FinishFrame();
     /// Writes the root element's start and its attributes; the caller writes its end.
     void WriteRootStart(QXmlStreamWriter &writer) const;

@@ -51,6 +51,29 @@ QString Description(QWidget *widget)
     return Heard(widget)->text(QAccessible::Description);
 }
 
+/// An assistive tool that asks about every widget to which something happens, at once.
+struct Curious : QObject {
+    Curious() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject *watched, QEvent *) override
+    {
+        auto *widget = qobject_cast<QWidget *>(watched);
+        QAccessibleInterface *heard = widget ? Heard(widget) : nullptr;
+        if (!heard || Asking || !heard->isValid())
+            return false;
+        const QScopedValueRollback<bool> once(Asking, true);
+        ++Questions;
+        heard->text(QAccessible::Name);
+        heard->text(QAccessible::Description);
+        heard->relations();
+        for (int i = 0; i < heard->childCount(); ++i)
+            heard->indexOfChild(heard->child(i));
+        return false;
+    }
+
+    int Questions = 0;
+    bool Asking = false;
+};
+
 /// What is wrong with a tree as a tool walks it. A table's cells are their texts, and an empty one has none.
 void Walk(QAccessibleInterface *parent, QStringList &complaints, int &focusable)
 {
@@ -101,18 +124,39 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("description");
 
-        QTest::newRow("a control") << "lineEdit" << "Line edit" << "";
-        QTest::newRow("a number") << "SpinBox" << "Spin box" << "0 to 60 dB";
-        QTest::newRow("a scaled number") << "bandwidth" << "Bandwidth" << "0 to 20000 kHz";
-        QTest::newRow("an end of a range") << "frequencyRangeEdit_StopFrequency" << "Frequency range, stop"
+        QTest::newRow("a control") << "lineEdit"
+                                   << "Line edit"
+                                   << "";
+        QTest::newRow("a number") << "SpinBox"
+                                  << "Spin box"
+                                  << "0 to 60 dB";
+        QTest::newRow("a scaled number") << "bandwidth"
+                                         << "Bandwidth"
+                                         << "0 to 20000 kHz";
+        QTest::newRow("an end of a range") << "frequencyRangeEdit_StopFrequency"
+                                           << "Frequency range, stop"
                                            << "8.001 kHz to 26.5 GHz";
-        QTest::newRow("the large field") << "frequency" << "Frequency" << "";
-        QTest::newRow("its button") << "entry" << "Frequency, Type a frequency" << "";
-        QTest::newRow("an item") << "shiftList_1" << "Shifts, item 2" << "0 to 1000 Hz";
-        QTest::newRow("a table") << "spacings" << "Channel spacing" << "0 to 100 kHz";
-        QTest::newRow("a button of a row") << "scriptControl_EditButton" << "Script, edit" << "";
-        QTest::newRow("a headline") << "numbers" << "Numbers" << "Hide Numbers";
-        QTest::newRow("a text") << "label" << "a text to read" << "";
+        QTest::newRow("the large field") << "frequency"
+                                         << "Frequency"
+                                         << "";
+        QTest::newRow("its button") << "entry"
+                                    << "Frequency, Type a frequency"
+                                    << "";
+        QTest::newRow("an item") << "shiftList_1"
+                                 << "Shifts, item 2"
+                                 << "0 to 1000 Hz";
+        QTest::newRow("a table") << "spacings"
+                                 << "Channel spacing"
+                                 << "0 to 100 kHz";
+        QTest::newRow("a button of a row") << "scriptControl_EditButton"
+                                           << "Script, edit"
+                                           << "";
+        QTest::newRow("a headline") << "numbers"
+                                    << "Numbers"
+                                    << "Hide Numbers";
+        QTest::newRow("a text") << "label"
+                                << "a text to read"
+                                << "";
     }
     void namesAndLimitsAreTold()
     {
@@ -179,6 +223,20 @@ private Q_SLOTS:
         QVERIFY(Name(spin).isEmpty());
     }
 
+    void aToolMayAskAtAnyTime()
+    {
+        Curious tool;
+        {
+            AllControls all;
+            QCOMPARE(Name(all.window->findChild<QWidget *>("shiftList_1")), QString("Shifts, item 2"));
+            all.form.reset();
+            QCoreApplication::processEvents();
+        }
+        AllControls all;
+        all.window.reset();
+        QVERIFY(tool.Questions > 1000);
+    }
+
     void theFirstControlHasTheFocus_data()
     {
         QTest::addColumn<QString>("definition");
@@ -226,10 +284,11 @@ private Q_SLOTS:
 
     void tabFollowsTheRowsAndLeavesTables()
     {
-        Form form = Bind(Definition(Labelled("h", "Headline", {"text=String:h"})
-            + Labelled("range", "FrequencyRangeEdit") + Labelled("table", "TableWidget", {"rowCount=Int:2", "columnCount=Int:2"})
-            + Labelled("spacings", "ChannelSpacingTable", {"spacingsCount=Int:2"})
-            + Labelled("list", "SpinBoxList", {"itemCount=Int:2"}) + Labelled("last", "LineEdit")));
+        Form form
+            = Bind(Definition(Labelled("h", "Headline", {"text=String:h"}) + Labelled("range", "FrequencyRangeEdit")
+                + Labelled("table", "TableWidget", {"rowCount=Int:2", "columnCount=Int:2"})
+                + Labelled("spacings", "ChannelSpacingTable", {"spacingsCount=Int:2"})
+                + Labelled("list", "SpinBoxList", {"itemCount=Int:2"}) + Labelled("last", "LineEdit")));
         auto *inserted = new QWidget;
         for (const char *name : {"first", "second"})
             (new QLineEdit(inserted))->setObjectName(name);
@@ -250,7 +309,8 @@ private Q_SLOTS:
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
         QCOMPARE(way.join(' '),
-            QString("range_StartFrequency range_StopFrequency first second table spacings list_0 list_1 last autoApply before h range_StartFrequency"));
+            QString("range_StartFrequency range_StopFrequency first second table spacings list_0 list_1 last autoApply "
+                    "before h range_StartFrequency"));
     }
 
     void aTableIsFilledWithTab()
@@ -318,7 +378,8 @@ private Q_SLOTS:
         QFETCH(double, value);
         QCOMPARE(live.Get("a")->property("value").toDouble(), value);
         const QString text = QString::number(qint64(value));
-        QCOMPARE(live.log.Take(), value == before ? QString() : QString("a.valueChanged(%1) a.editingFinished()").arg(text));
+        QCOMPARE(
+            live.log.Take(), value == before ? QString() : QString("a.valueChanged(%1) a.editingFinished()").arg(text));
         QCOMPARE(live.Get("a")->isModified(), value != before);
     }
 
@@ -338,17 +399,19 @@ private Q_SLOTS:
     {
         LiveForm live(Labelled("a", "FrequencyEdit", {"MainFreqEdit=Bool:true", "value=Int64:145500000"})
             + Labelled("b", "LineEdit"));
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
         live.Find("b")->setFocus();
         auto *field = live.Find<QLineEdit>("frequency");
+        field->grab(); // places the text
         const auto turn = [&] {
-            const QPoint digit(field->width() - field->fontMetrics().horizontalAdvance(" MHz") - 8, field->height() / 2);
+            const QPoint digit(
+                field->width() - field->fontMetrics().horizontalAdvance(" MHz") - 8, field->height() / 2);
             QWheelEvent event(digit, field->mapToGlobal(digit), {}, {0, 120}, {}, {}, {}, false);
             QApplication::sendEvent(field, &event);
             return live.Get("a")->property("value").toDouble();
         };
         QCOMPARE(turn(), 145500000.0);
         live.form->EvaluateScript("sheet.setHoverTuning(true);");
-        qDebug() << live.form->GetSheet().GetUi()->property("hoverTuning") << field->text() << field->rect() << field->isReadOnly() << field->isEnabled() << field->fontMetrics().horizontalAdvance(" MHz") << field->cursorPositionAt({field->width()-65,10});
         QVERIFY(turn() > 145500000.0);
         QVERIFY(live.Find("b")->hasFocus());
     }

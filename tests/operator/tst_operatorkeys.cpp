@@ -56,9 +56,8 @@ private Q_SLOTS:
             {"applyButton", {"space"}},
         };
         for (const auto &[name, actions] : way) {
-            const auto focus = [] {
-                return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-            };
+            const auto focus
+                = [] { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); };
             QTRY_COMPARE(focus(), name);
             for (const QString &action : actions)
                 action.startsWith('=') ? XOperator::Type(action.mid(1)) : XOperator::Press(action);
@@ -67,11 +66,12 @@ private Q_SLOTS:
 
         QTRY_COMPARE(documents.size(), 1);
         const QString document = documents.first();
-        for (const char *part : {"<LineEdit>north<", "<IPEdit>10.0.0.7<", "<CheckBox>false<", "<SpinBox unit=\"dB\">21<",
-                 "<DoubleSpinBox>1.5<", "<BaudRateSpinBox>4800<", "<BandwidthEdit unit=\"kHz\">8000<",
-                 "<FrequencyEdit>145610000<", "<StartFrequency>100000000<", "<StopFrequency>200000001<",
-                 "<FrequencyOffsetEdit>250<", "index=\"0\">4<", "index=\"1\">5<", "index=\"2\">6<", "index=\"0\">1.5<",
-                 "index=\"0\">170<", "index=\"1\">425<", ">25.00<", ">50.00<", ">12.50<"})
+        for (const char *part :
+            {"<LineEdit>north<", "<IPEdit>10.0.0.7<", "<CheckBox>false<", "<SpinBox unit=\"dB\">21<",
+                "<DoubleSpinBox>1.5<", "<BaudRateSpinBox>4800<", "<BandwidthEdit unit=\"kHz\">8000<",
+                "<FrequencyEdit>145610000<", "<StartFrequency>100000000<", "<StopFrequency>200000001<",
+                "<FrequencyOffsetEdit>250<", "index=\"0\">4<", "index=\"1\">5<", "index=\"2\">6<", "index=\"0\">1.5<",
+                "index=\"0\">170<", "index=\"1\">425<", ">25.00<", ">50.00<", ">12.50<"})
             QVERIFY2(document.contains(part), qPrintable(part + QString(" in ") + document));
     }
 };
