@@ -163,6 +163,11 @@ void VCFrequency::SetWholeHertz(bool whole)
     Field->SetWholeHertz(whole);
 }
 
+void VCFrequency::TuneByHovering(bool tune)
+{
+    Field->TuneByHovering(tune);
+}
+
 void VCFrequency::ApplyInput()
 {
     const bool free = !Locked && !ReadOnly && Field->HasNode();
