@@ -121,8 +121,8 @@ private Q_SLOTS:
         QTEST(Arranged(items, width), "arranged");
     }
 
-    /// The checksum tells the arrangements of 20000 forms with all kinds of items. It belongs to the rules that the rows
-    /// above show one by one: whoever changes a rule on purpose changes rows and checksum.
+    /// The checksum tells the arrangements of 20000 forms with all kinds of items. It belongs to the rules that the
+    /// rows above show one by one: whoever changes a rule on purpose changes rows and checksum.
     void randomFormsKeepTheirArrangement()
     {
         QRandomGenerator random(218);

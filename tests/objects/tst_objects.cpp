@@ -247,9 +247,6 @@ private Q_SLOTS:
         LiveForm lone(forms::Widget("b", Dsc)); // without the labels
         lone.form->EvaluateScript("b.sl_setScanRanges('<Scan><HFScan></HFScan></Scan>')");
     }
-
-    void aHandlerMayEndTheForm_data() { AddEnds(Ends); }
-    void aHandlerMayEndTheForm() { CheckEnd(Ends, {}); }
     void aNodeTellsAndIsTold()
     {
         for (const QString &className : {Fhp, Dsc}) {
@@ -296,14 +293,6 @@ private Q_SLOTS:
         QCOMPARE(seen.join('|').remove("KV218::OrbelFHPObject:"),
             QString("Excluded ranges (kHz)|&Sort|Sort entries by start frequency in ascending order|0"));
         QCOMPARE(seen.at(0).count(':'), 3);
-    }
-
-    void anObjectMayOutliveItsForm()
-    {
-        forms::Form form = forms::Bind(forms::Definition(forms::Widget("a", Dsc)));
-        const OrbelSheet::Widget widget = form->GetSheet().GetWidgetAt(0);
-        form.reset();
-        static_cast<OrbelDSCObject *>(widget->GetDelegate())->sl_setScanRanges("<Scan/>");
     }
 
     /// The examples run without a script error, also when all their controls are used.

@@ -381,68 +381,6 @@ private Q_SLOTS:
         QVERIFY(form->GetXmlString(false).contains("<z>x</z>"));
     }
 
-    void fiftyReplacements_data()
-    {
-        QTest::addColumn<bool>("nested");
-        AddRow("one after the other", false);
-        AddRow("each inside the one before", true);
-    }
-
-    void fiftyReplacements()
-    {
-        QFETCH(bool, nested);
-        Ears ears;
-        Form form;
-        std::vector<std::unique_ptr<QWidget>> windows;
-        QVector<QPointer<QObject>> delegates;
-        const auto make = [&] {
-            form = Parse(
-                Definition(Widget("b", "PushButton", {"visible=Bool:true", "text=String:b"}) + Widget("z", "LineEdit"),
-                    "<Script>b.clicked.connect(function () { ears.hear('b'); z.setText('late'); for (var i = 0, a = [];"
-                    " i != 1000; ++i) a.push({i: i}); });</Script>"));
-            delegates << form->GetSheet().GetUi() << Delegate(form, "b") << Delegate(form, "z");
-            form->SetScriptValue("ears", &ears);
-            form->CreateValueTree("/Form");
-            form->CreateGUI(false);
-            windows.emplace_back(form->GetGUI())->show();
-        };
-        const auto click = [&] { QTest::mouseClick(windows.back()->findChild<QWidget *>("b"), Qt::LeftButton); };
-        int count = 0;
-        ears.Wanted = "b";
-        ears.Act = [&] {
-            ears.ActedOn.clear();
-            form.reset();
-            make();
-            QTest::qWait(0);
-            if (++count < 50 && nested)
-                click();
-        };
-        make();
-        while (count < 50)
-            click();
-        const auto alive
-            = [&] { return std::count_if(delegates.begin(), delegates.end(), [](const auto &each) { return each; }); };
-        QTRY_COMPARE(alive(), 3);
-        QCOMPARE(form->GetVTValue("z")->GetStringValue(), QString());
-        QVERIFY(form->GetVTValue("z") == Tree::Instance()->GetNode("/Form/z"));
-    }
-
-    void whatComesTooLateIsHarmless()
-    {
-        Form form = Bind(Definition(Widget("z", "LineEdit")));
-        form->Show();
-        form->Hide();
-        form->CreateGUI(true);
-        delete form->GetGUI();
-        form->Show();
-        form->Hide();
-        ValueInt number("z");
-        OrbelFormular::InitVTValue(nullptr, &number, nullptr);
-        OrbelFormular::InitVTValue(&number, nullptr, nullptr);
-        OrbelFormular::InitVTValue(nullptr, nullptr, nullptr);
-        QVERIFY(!form->GetGUI());
-    }
-
     void theApplicationEndsFirst_data()
     {
         QTest::addColumn<QString>("what");
