@@ -52,19 +52,6 @@ QString TakeLog(const Form &form)
     return log;
 }
 
-/// Closes modal dialogs and menus, which wait for the operator.
-struct DialogCloser : QTimer {
-    DialogCloser()
-    {
-        connect(this, &QTimer::timeout, [] {
-            QWidget *menu = QApplication::activePopupWidget();
-            if (QWidget *open = menu ? menu : QApplication::activeModalWidget())
-                open->close();
-        });
-        start(0);
-    }
-};
-
 /// A value of a declared type, for a script and for a signal.
 QVariant Sample(int type)
 {

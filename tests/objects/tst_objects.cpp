@@ -76,13 +76,6 @@ struct LiveObject : LiveForm {
     QString className;
 };
 
-const std::vector<End<LiveObject>> Ends{
-    {Fft, "a.si_spectralResolutionChanged", [](LiveObject &l) { l.Get<OrbelFFTObject>("a")->setSignalSampleRate(8); }},
-    {Dsc, "hf=-", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p></hf></s>"); }},
-    {Dsc, "hf=1 Hz", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p><a>1</a></hf><vu></vu></s>"); }},
-    {Dsc, "sheet", [](LiveObject &l) { l.Node()->SetAt(0, {}, nullptr); }},
-};
-
 /// Answers the next modal dialog: types into the first row of its table and accepts.
 void AnswerDialog(QWidget *parent)
 {

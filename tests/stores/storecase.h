@@ -67,27 +67,3 @@ inline void CheckStore()
     QTEST(store.form->GetScriptValues().value("r").toString(), "result");
     QTEST(store.Written(), "written");
 }
-
-/// Something that makes a store emit, what comes before, and the signal during which the form ends.
-template <class Live> struct End {
-    QString className;
-    const char *event;
-    std::function<void(Live &)> act, prepare = [](Live &) {};
-};
-
-template <class Live> void AddEnds(const std::vector<End<Live>> &ends)
-{
-    QTest::addColumn<int>("end");
-    for (size_t i = 0; i < ends.size(); ++i)
-        QTest::addRow("%d %s: %s", int(i), qPrintable(ends[i].className), ends[i].event) << int(i);
-}
-
-template <class Live> void CheckEnd(const std::vector<End<Live>> &ends, const QStringList &properties)
-{
-    QFETCH(int, end);
-    Live live(ends[size_t(end)].className, properties);
-    ends[size_t(end)].prepare(live);
-    live.log.On(ends[size_t(end)].event, [&] { live.form.reset(); });
-    ends[size_t(end)].act(live);
-    QVERIFY(!live.form);
-}
