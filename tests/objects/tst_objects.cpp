@@ -76,17 +76,6 @@ struct LiveObject : LiveForm {
     QString className;
 };
 
-/// Answers the next modal dialog: types into the first row of its table and accepts.
-void AnswerDialog(QWidget *parent)
-{
-    QTimer::singleShot(0, qApp, [=] {
-        const QWidget *dialog = QApplication::activeModalWidget();
-        QVERIFY(dialog && dialog->parentWidget() == parent);
-        dialog->findChild<QTableWidget *>()->item(0, 0)->setText("5");
-        dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
-    });
-}
-
 void Columns(std::initializer_list<const char *> names)
 {
     for (const char *name : names)
@@ -287,40 +276,6 @@ private Q_SLOTS:
             QString("Excluded ranges (kHz)|&Sort|Sort entries by start frequency in ascending order|0"));
         QCOMPARE(seen.at(0).count(':'), 3);
     }
-
-    /// The examples run without a script error, also when all their controls are used.
-    void examples_data()
-    {
-        Columns({"texts", "document"});
-        QTest::newRow("audio") << "sourceState=from the demodulator,width=3100 Hz" << "<Source>1</Source>";
-        QTest::newRow("spectrum") << "segment=93.5 MHz to 103.5 MHz,frequencyResolution=25 kHz" << "<Length>512</Length>";
-        QTest::newRow("detection") << "lbScanHF=1.5 MHz...30 MHz,lbScanSHF=-,lastAction=excluded ranges"
-                                   << "<Start unit=\"Hz\">5000</Start>.*<StartFreq>5000.00</StartFreq>";
-    }
-    void examples()
-    {
-        QFETCH(QString, texts);
-        QFETCH(QString, document);
-        const forms::Form form(
-            OrbelParser().ParseORBELFile(QString(ORBEL_EXAMPLES_DIR "/forms/%1.orbel").arg(QTest::currentDataTag())));
-        form->CreateValueTree("/Form");
-        form->CreateGUI(false);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        connect(form->GetScriptValues().value("sheet").engine(), &QScriptEngine::signalHandlerException, this,
-            [this](const QScriptValue &exception) { Traces << exception.toString(); });
-        for (auto *combo : window->findChildren<QComboBox *>())
-            QTest::keyClick(combo, Qt::Key_Home);
-        for (auto *button : window->findChildren<QAbstractButton *>()) {
-            if (button->objectName().contains("Exclusion"))
-                AnswerDialog(window.get());
-            button->click();
-        }
-        for (const QString &text : texts.split(','))
-            QCOMPARE(window->findChild<QLabel *>(text.section('=', 0, 0))->text(), text.section('=', 1));
-        QVERIFY(form->GetXmlString(true).contains(
-            QRegularExpression(document, QRegularExpression::DotMatchesEverythingOption)));
-    }
-
 private:
     QStringList Traces;
     int Refused = 0;
