@@ -30,6 +30,16 @@ public:
     QStringList Log;
 };
 
+/// Sets the node again at each of its first values.
+struct Echo : IObserver {
+    void Update(Observable *subject, TChangeCode code) override
+    {
+        if (code == ekChangeValue && ++Told < 5)
+            dynamic_cast<ValueBase *>(subject)->SetStringValue(QString::number(Told), nullptr);
+    }
+    int Told = 0;
+};
+
 const char *const Groups
     = "<Widget name='free' class='CheckBox'/>"
       "<Widget name='h1' class='Headline'><Property name='text'><String>One</String></Property></Widget>"
@@ -70,6 +80,8 @@ private Q_SLOTS:
             Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/a"}),
                 "<Script>a.setChecked(true); a.setModified(true); a.setLabelText('late');</Script>"));
         form->CreateValueTree("/Form");
+        form->Show();
+        form->Hide();
         QCOMPARE(form->GetVTPath(), QString("/Form"));
         QCOMPARE(form->GetVTValue("g/a")->GetStringValue(), QString("true"));
         QVERIFY2(!form->GetSheet().isModified(), "the script's changes are not the operator's");
@@ -112,6 +124,8 @@ private Q_SLOTS:
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QCOMPARE(window->findChild<QLabel *>("labeldial")->text(), QString("Dial"));
         QVERIFY(!window->findChild<QLabel *>("labelbare"));
+        window->show();
+        QVERIFY2(window->findChild<QWidget *>("a")->x() == 0, "what comes next starts a row");
         form->EnableInput(false);
         QVERIFY(!dial->isEnabled());
         form->EnableInput(true);
@@ -310,6 +324,27 @@ private Q_SLOTS:
         QVERIFY(form->GetXmlString(true).contains("<t>14</t>"));
     }
 
+    /// Whether the one who sets it again is told before or after the control.
+    void theLastValueCounts()
+    {
+        for (const bool first : {true, false}) {
+            const Form form = Bind(Definition(Widget("a", "LineEdit", {"generateParameterXml=Bool:true"})));
+            form->CreateGUI(false);
+            const std::unique_ptr<QWidget> window(form->GetGUI());
+            ValueBase *node = form->GetVTValue("a");
+            Echo echo;
+            node->AddObserver(&echo);
+            if (first)
+                node->MakeFirstObserver(&echo);
+            node->SetStringValue("start", nullptr);
+            QCOMPARE(node->GetStringValue() + Delegate(form, "a")->property("text").toString()
+                    + window->findChild<QLineEdit *>("a")->text(),
+                QString("444"));
+            QVERIFY(form->GetXmlString(false).contains("<a>4</a>"));
+            node->DeleteObserver(&echo);
+        }
+    }
+
     void limitsAndItemsAreCopied()
     {
         ValueDouble from("n");
@@ -317,6 +352,8 @@ private Q_SLOTS:
         from.SetValue(20, nullptr);
         ValueInt other("n");
         OrbelFormular::InitVTValue(&other, &from, nullptr);
+        OrbelFormular::InitVTValue(nullptr, &from, nullptr);
+        OrbelFormular::InitVTValue(&other, nullptr, nullptr);
         QVERIFY2(other.GetMax() != 50, "nodes of different types have nothing to copy");
 
         ValueSelection items("s");

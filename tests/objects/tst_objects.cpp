@@ -7,7 +7,6 @@
 #include "testmain.h"
 #include "tree.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QScriptEngine>
 #include <QTableWidget>
@@ -269,9 +268,11 @@ private Q_SLOTS:
                     seen << button->text() << button->toolTip();
             }
             seen << QString::number(bool(dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
-            dialog->close();
+            dialog->findChild<QTableWidget *>()->item(0, 0)->setText("5");
+            box->button(QDialogButtonBox::Ok)->click();
         });
         live.Edit();
+        QCOMPARE(live.Written(), QString("<a>[5000.00,0.00]</a>"));
         QCOMPARE(seen.join('|').remove("KV218::OrbelFHPObject:"),
             QString("Excluded ranges (kHz)|&Sort|Sort entries by start frequency in ascending order|0"));
         QCOMPARE(seen.at(0).count(':'), 3);

@@ -200,24 +200,6 @@ private Q_SLOTS:
         QCOMPARE(result.Status, status);
     }
 
-    void paramsFedWithItsOwnOutputPrintsTheSame_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        AddRow("receiver", QStringList{Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"});
-        AddRow("component", QStringList{Components, "--component", "Audio", "--set", "Audio/Mute=true"});
-    }
-
-    void paramsFedWithItsOwnOutputPrintsTheSame()
-    {
-        QFETCH(QStringList, arguments);
-        const Result first = Orbel(QStringList("params") + arguments);
-        QVERIFY(first.Out.startsWith('<'));
-        const QStringList unset = arguments.mid(0, arguments.indexOf("--set"));
-        const Result second = Orbel(QStringList{"params", "--params", Write("fed.xml", first.Out)} + unset);
-        QCOMPARE(second.Out, first.Out);
-        QCOMPARE(second.Status, 0);
-    }
-
     void renderDrawsWithoutADisplay()
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
