@@ -332,23 +332,6 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale::c());
     }
 
-    void numbersReadBackTheSame()
-    {
-        std::mt19937_64 random(218);
-        for (int i = 0; i < 20000; ++i) {
-            double number = 0;
-            const quint64 bits = random();
-            memcpy(&number, &bits, sizeof number);
-            if (i % 2) // of ordinary magnitude
-                number = std::ldexp(double(bits >> 11), i % 90 - 75);
-            double back = 0;
-            const QString text = NumberToText(number);
-            QCOMPARE(TextToNumber(text, back), bool(std::isfinite(number)));
-            QVERIFY2(!std::isfinite(number) || back == number, qPrintable(text));
-            QVERIFY2(i % 2 == 0 || !text.contains('e'), qPrintable(text));
-        }
-    }
-
     void limitsStayInOrderAndHoldTheValue_data()
     {
         const auto row = Columns<QString, QString, Change>({"result", "told", "change"});
@@ -393,19 +376,6 @@ private Q_SLOTS:
         QCOMPARE(set(ValueInt("n")), QString("-3 2147483647 2147483647 1"));
         QCOMPARE(set(ValueInt64("n")), QString("-3 9223372036854776000 9223372036854776000 1"));
         QCOMPARE(set(ValueDouble("n")), QString("-2.6 1e+30 1e+99 0.6"));
-    }
-
-    void limitsMaySinkTheNode()
-    {
-        Stage stage; // told of the limits, the first observer ends the node before the value is told
-        for (int i = 0; i < 2; ++i)
-            stage.Node->SetState(ekStateDisabled, &stage.A);
-        stage.A.Reaction = [&](Observable *, TChangeCode code) {
-            if (code == ekChangeLimits)
-                delete stage.Node;
-        };
-        stage.Node->SetMin(6, nullptr);
-        QCOMPARE(stage.A.Told(), QString("b2 c2 a4 a2 b2 c2"));
     }
 
     void selectionItems()

@@ -13,29 +13,6 @@ class TestHidden : public QObject
 private Q_SLOTS:
     void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
-    void textFollowsScriptNodeAndDocument()
-    {
-        LiveStore store("HiddenParameter", {"value=String:a"});
-        ValueBase *node = store.form->GetVTValue("s");
-        store.form->EvaluateScript("s.setValue('a'); s.setValue('b'); s.value = 'b'");
-        QCOMPARE(store.log.Take(), QString("sheet.si_parametersModified() s.valueChanged(b)"));
-        QCOMPARE(node->GetStringValue(), QString("b"));
-        QVERIFY2(store.form->GetXmlString(true).contains("<s>b</s>"), "no unit");
-
-        node->SetStringValue("c", nullptr);
-        QCOMPARE(store.log.Take(), QString("s.valueChanged(c)"));
-        QVERIFY2(!store.Get("s")->isModified(), "a change of the node marks nothing modified");
-
-        store.Read("d");
-        QCOMPARE(store.log.Take(), QString("s.valueChanged(d) s.valueChanged(d)"));
-        store.Read("d");
-        QCOMPARE(store.log.Take(), QString());
-        QCOMPARE(node->GetStringValue(), QString("d"));
-        Tree::Instance()->RemoveNode("/Form/s");
-        store.Read("e");
-        QCOMPARE(store.log.Take(), QString("s.valueChanged(e)"));
-    }
-
     void stores_data()
     {
         AddStoreColumns();

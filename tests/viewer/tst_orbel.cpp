@@ -1,5 +1,6 @@
 // The command `orbel`: the built program as a process, and the nearest names that its messages give.
 
+#include "command.h"
 #include "orbelcommand.h"
 #include "rows.h"
 #include "testmain.h"
@@ -43,25 +44,9 @@ void StartOperator()
         new Operator;
 }
 
-struct Result {
-    int Status = -1;
-    QString Out;
-    QString Err;
-};
-
-Result Run(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return {-1, process.readAllStandardOutput(), process.errorString() + process.readAllStandardError()};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
 Result Orbel(const QStringList &arguments)
 {
-    return Run(ORBEL_COMMAND, arguments, QProcessEnvironment::systemEnvironment());
+    return Run(ORBEL_COMMAND, arguments);
 }
 
 } // namespace
@@ -213,6 +198,8 @@ private Q_SLOTS:
         };
         const QImage plain = draw({Receiver});
         QCOMPARE(plain.width(), 500);
+        const QImage lower = draw({Receiver, "--size", QString("500x%1").arg(plain.height() - 1)});
+        QVERIFY2(lower.copy(490, 0, 9, 99) != plain.copy(490, 0, 9, 99), "a pixel less, and there is a scroll bar");
         QCOMPARE(draw({Receiver, "--size", "640x200"}).size(), QSize(640, 200));
         QVERIFY2(draw({Receiver, "--font-size", "24"}).height() > plain.height(),
             "the picture is as high as the form needs");
