@@ -69,7 +69,8 @@ QString Escaped(const QString &text)
 
 QString PlainForm()
 {
-    return Sheet(W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
+    return Sheet("<CustomProperties>" + P("parametersXmlRootTag", "String", "Unread") + "</CustomProperties>"
+            + W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
             + W("box", "CheckBox", Written + P("checkedValue", "String", "on"))
             + W("mode", "ComboBox", Written + P("enumName", "String", "Mode"))
             + W("list", "SpinBoxList", Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I") + P("maximum", "Int", "8"))

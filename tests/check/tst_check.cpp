@@ -197,6 +197,7 @@ private Q_SLOTS:
         add("script names control and function in texts",
             Definition(large, "<Script>this['a'][\"setEnabled\"](true);</Script>"));
         add("script in a script", Definition(large, "<Script>eval('a.setEnabled(' + true + ')');</Script>"));
+        add("script in one section", Definition("", "<Script><![CDATA[if (1 < 2) print(3);]]></Script>"));
         add("deep brackets",
             Definition("",
                 "<Script>var x = " + QString("[").repeated(300) + QString("]").repeated(300) + "{{LF}}x;</Script>"));

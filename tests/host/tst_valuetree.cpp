@@ -394,7 +394,11 @@ private Q_SLOTS:
         QCOMPARE(node.GetCurrentIndex(), 1L);
 
         copy.Assign(node);
-        QVERIFY(copy.Compare(&node) && *copy.GetItemIndex(1) != *copy.GetItemIndex(2));
+        QVERIFY(copy.Compare(&node));
+        const SelectionItem item("a", 1, 2);
+        for (const SelectionItem &other :
+            {SelectionItem("b", 1, 2), SelectionItem("a", 2, 2), SelectionItem("a", 1, 3)})
+            QVERIFY(item != other && item == SelectionItem("a", 1, 2));
         node.DeleteItem(copy.GetItemIndex(0), nullptr);
         QCOMPARE(node.GetItemCount(), 3L);
         node.DeleteItem(node.GetItemIndex(1), nullptr); // the name then stands for the other item that has it

@@ -265,18 +265,21 @@ private Q_SLOTS:
 
     void thePartialSwitchAddsToTheOthers()
     {
-        const Form form = Bind(Definition(Widget("a", "DoubleSpinBoxList", {"itemCount=Int:1", "enabled=Bool:true"})));
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
-        OrbelSheet &sheet = form->GetSheet();
-        sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
-        QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
-        form->EnableInput(false);
-        sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
-        QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
-        form->EnableInput(true);
-        QVERIFY(row->isEnabled());
+        for (const auto scope : {OrbelSheet::EnableScopeInput, OrbelSheet::EnableScopeSheet}) {
+            const Form form = Bind(Definition(Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
+            OrbelSheet &sheet = form->GetSheet();
+            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+            form->CreateGUI(true);
+            const std::unique_ptr<QWidget> window(form->GetGUI());
+            const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
+            QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
+            QVERIFY2(window->findChild<QWidget *>("LockFrequency")->isEnabled(), "the lock is left alone");
+            sheet.EnableInput(false, scope);
+            sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
+            QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
+            sheet.EnableInput(true, scope);
+            QVERIFY(row->isEnabled());
+        }
     }
 
     void valuesGoToTheApplication()

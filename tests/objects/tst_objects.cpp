@@ -1,15 +1,14 @@
 // Objects that stand for a part of the application: what scripts and documents cause, which lists are read and written.
 
 #include "errorhandler.h"
+#include "liveform.h"
 #include "orbeldscobject.h"
-#include "orbelfftobject.h"
-#include "storecase.h"
 #include "testmain.h"
 #include "tree.h"
 
 #include <QDialogButtonBox>
-#include <QScriptEngine>
 #include <QTableWidget>
+#include <QtTest>
 
 using namespace KV218;
 

@@ -1,6 +1,7 @@
 // The command `orbel`: the built program as a process, and the nearest names that its messages give.
 
 #include "command.h"
+#include "nearestnames.h"
 #include "orbelcommand.h"
 #include "rows.h"
 #include "testmain.h"
@@ -124,6 +125,14 @@ private Q_SLOTS:
         QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
         QVERIFY2(result.Err.startsWith("orbel: "), qPrintable(result.Err));
         QCOMPARE(result.Status, status);
+    }
+
+    void nearestNames()
+    {
+        const QStringList names{"far away", "frost", "FIRST", "frist", "frost"};
+        QCOMPARE(NearestNames("first", names, 3).join(' '), QString("FIRST frost frist"));
+        QCOMPARE(NearestNames("first", names, 9).size(), 3);
+        QCOMPARE(NearestNames("zzzz", {"abcdef", "bcdefa"}, 9), QStringList("abcdef"));
     }
 
     void paramsPrintsWhatTheFormHolds_data()
