@@ -215,6 +215,8 @@ private Q_SLOTS:
         add("fraction of a scaled limit",
             Definition(Widget("a", "SpinBox", {"minimum=Double:0.5", "displayScalingFactor=Double:0.1"})
                 + Widget("b", "BandwidthEdit", {"maximum=Double:1.5", "unitScale=UInt64:1000000"})));
+        add("numbers on the limits of their types",
+            Definition(Widget("a", "SpinBox", {"minimum=Int:-2147483648", "maximum=Int:2147483647"})));
         add("word for what nothing reads", Definition(Widget("a", "FrequencyEdit", {"unitScale=String:kHz"})));
         add("range that the script moves",
             Definition(Widget("a", "FrequencyRangeEdit", {"startFrequency=Int64:9000", "stopFrequency=Int64:9000"}),
@@ -335,8 +337,6 @@ private Q_SLOTS:
         const auto add = Columns<QString>({"text"});
         add("deep nesting", QString("<ZkParamGui><Sheet>") + QString("<Widget>").repeated(200000));
         add("deep lists", QString("<ZkParamGui><Sheet><Widget>") + QString("<CustomProperties>").repeated(200000));
-        add("long path",
-            Definition(Widget("a", "CheckBox", {"parameterXmlTag=String:" + QString("a/").repeated(100000)})));
         add("many marks", Definition("", "<Script>" + QString("{{CR}}{{LF}}(").repeated(50000) + "</Script>"));
     }
 

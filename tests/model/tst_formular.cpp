@@ -256,11 +256,6 @@ private Q_SLOTS:
         QVERIFY(a->isEnabled() && applyRow->isEnabled());
         QVERIFY(!sheet.IsInputEnabled(OrbelSheet::eEnableScope(7)));
         sheet.EnableInput(false, OrbelSheet::eEnableScope(7));
-
-        sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
-        form->EnableInput(false);
-        form->EnableInput(true);
-        QVERIFY2(!a->isEnabled(), "the partial restriction is put back");
     }
 
     void thePartialSwitchAddsToTheOthers()
@@ -273,12 +268,18 @@ private Q_SLOTS:
             const std::unique_ptr<QWidget> window(form->GetGUI());
             const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
             QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
-            QVERIFY2(window->findChild<QWidget *>("LockFrequency")->isEnabled(), "the lock is left alone");
+            const QWidget *lock = window->findChild<QWidget *>("LockFrequency");
+            QVERIFY2(lock->isEnabled(), "the lock is left alone");
             sheet.EnableInput(false, scope);
             sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
             QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
             sheet.EnableInput(true, scope);
             QVERIFY(row->isEnabled());
+            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+            QVERIFY(!row->isEnabled() && lock->isEnabled());
+            sheet.EnableInput(false, scope);
+            sheet.EnableInput(true, scope);
+            QVERIFY(!row->isEnabled() && lock->isEnabled());
         }
     }
 

@@ -163,20 +163,6 @@ private Q_SLOTS:
         QVERIFY(Told.isEmpty());
     }
 
-    void theTabKeyStaysInTheVisibleTab()
-    {
-        const QString form = Definition("ORBEL", MuteForm);
-        Init({Write("list.xml", "<List>" + form + form + "</List>")});
-        QVERIFY(QTest::qWaitForWindowActive(Viewer->GetWindow()));
-        QSet<QWidget *> seen;
-        for (int i = 0; i < 9; ++i) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QVERIFY(!Tabs()->widget(1)->isAncestorOf(QApplication::focusWidget()));
-            seen << QApplication::focusWidget();
-        }
-        QVERIFY(seen.contains(Tabs()->widget(0)->findChild<QCheckBox *>("mute")));
-    }
-
     void failedConstructionIsHandedOver()
     {
         HandlerLog handler;
