@@ -253,6 +253,7 @@ private Q_SLOTS:
             "1:23 xml-malformed");
         add("words that only a carriage return parts", "<ZkParamGui><Sheet\rname='s'/>", "2:6 xml-malformed");
         add("carriage returns", start + "\r\r\n" + wrong, "3:25 class-unknown");
+        add("carriage return in a script", "<ZkParamGui><Script>1;\r] x</Script></ZkParamGui>", "2:1 script-syntax");
         add("tabs and letters beyond ASCII", "<!-- \xc3\xa4\xf0\x9f\x93\xbb -->\t" + start + wrong,
             "1:56 class-unknown");
         add("byte order mark", "\xef\xbb\xbf" + start + wrong, "1:44 class-unknown");
