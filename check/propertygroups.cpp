@@ -162,7 +162,7 @@ const QVector<PropertyInfo> Frequency = {
     {prop::Value, T::Int64, "0", "Hz", Read, "The frequency.", ""},
     {prop::Minimum, T::Int64, "no lower bound", "Hz", Read, "The least frequency.", ""},
     {prop::Maximum, T::Int64, "no upper bound", "Hz", Read, "The greatest frequency.", ""},
-    {prop::SingleStep, T::Double, "1", "Hz", Read, "What one step changes.", ""},
+    {prop::SingleStep, T::Double, "1", "Hz", Read, "The grid on which Up and Down step a plain field.", ""},
     {prop::DisplayScalingFactor, T::Double, "1", "", Read, "Divides the bounds and the step that the form starts with.", ""},
     {prop::FrequencyLock, T::Bool, "no lock button shows", "", Read, "State of the lock button; the first use shows the button.", ""},
     {prop::MainFreqEdit, T::Bool, "true when the element is named \"Frequency\"", "", Read, "Whether the full frequency control is built, which starts locked unless enabled is stated, or a plain line.", ""},
@@ -183,10 +183,12 @@ const QVector<PropertyInfo> FrequencyRange = {
     {prop::StopFrequencyUnitScale, T::UInt64, "none", "Hz", Stored, "The unit to show the upper end in.", ""},
     {prop::Minimum, T::Double, "8000", "Hz", Read, "The least frequency.", ""},
     {prop::Maximum, T::Double, "26500000000", "Hz", Read, "The greatest frequency.", ""},
+    {prop::SingleStep, T::Double, "1", "Hz", Read, "The grid on which Up and Down step both ends.", ""},
     {prop::UnitHidden, T::Bool, "false", "", Stored, "Whether to hide the unit.", ""},
 };
 
 const QVector<PropertyInfo> Sheet = {
+    {prop::HoverTuning, T::Bool, "false", "", Read, "Whether the wheel tunes the digit under the mouse in large frequency fields without the focus, too.", ""},
     {prop::AutoApplyEnabled, T::Bool, "true", "", Read, "Whether changes are applied by themselves after a while.", ""},
     {prop::AutoApplyTimeout, T::Int, "1000", "milliseconds", Read, "How long after the last change; at least 100.", ""},
     {prop::EmitOnlyModifiedParameters, T::Bool, "true", "", Read, "When false, all parameters are written even where only the modified ones are asked for.", ""},

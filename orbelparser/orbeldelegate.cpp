@@ -1,5 +1,6 @@
 #include "orbeldelegate.h"
 
+#include "assistive.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formdoor.h"
@@ -419,6 +420,7 @@ void OrbelDelegate::Update(Observable *subject, TChangeCode code)
 
 void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
 {
+    Assistive::PropertyChanged(this, name);
     if (name == prop::GenerateParameterXml)
         GenerateXml = value.toBool();
     else if (name == prop::Unit)

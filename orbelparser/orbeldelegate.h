@@ -1,6 +1,7 @@
 #pragma once
 
 #include "applymode.h"
+#include "face.h"
 #include "formlife.h"
 #include "iobserver.h"
 #include "orbelexport.h"
@@ -77,6 +78,11 @@ public:
     /// Reads property elements from just inside the element on which `reader` stands, to the first end tag that no
     /// `Property` consumes. `custom` puts them into the custom store instead.
     virtual void ParseProperties(QXmlStreamReader &reader, bool custom);
+    /// The widgets by which the operator meets the control, for assistive tools; a widget that is gone is null. The
+    /// base has none.
+    virtual QVector<Face> GetFaces() const { return {}; }
+    /// The row label; null without `labelText` and before CreateGUI().
+    RowLabel *GetRowLabel() const { return Label; }
     /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
     virtual void EnableInput(bool enable, bool partial);
     /// Hands what a node tells to NodeChanged().

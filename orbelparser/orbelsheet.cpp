@@ -1,5 +1,6 @@
 #include "orbelsheet.h"
 
+#include "assistive.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formlife.h"
@@ -164,19 +165,26 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
         if (*place)
             (*place)->Retranslate();
     });
+    // A control's handler may delete the window.
+    const QPointer<Assistive> assistive(new Assistive(GetGUI()));
     const QSet<QString> names(list.cbegin(), list.cend());
     for (const Widget &widget : Snapshot()) {
         // A handler may have ended the form, or deleted the window.
         if (Closed || !Ui->GetLayout())
             break;
         const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
-        if (listed != exclude)
-            widget->CreateGUI(Ui->GetLayout());
-        else
+        if (listed == exclude) {
             widget->SetSelected(false);
+            continue;
+        }
+        widget->CreateGUI(Ui->GetLayout());
+        if (assistive)
+            assistive->Add(widget->GetDelegate());
     }
-    if (!Closed)
+    if (!Closed) {
+        Ui->FinishFrame();
         ReapplyInput();
+    }
     // The form ended in here, so that nobody was given the window; a handler that took it shows it, or has made it a child.
     QWidget *const window = Closed ? GetGUI() : nullptr;
     if (window && !window->parent() && !window->isVisible())

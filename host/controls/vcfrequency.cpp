@@ -2,7 +2,6 @@
 
 #include "frequencyfield.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
 #include "ivaluenumeric.h"
 #include "tree.h"
 #include "vcbutton.h"
@@ -159,6 +158,16 @@ void VCFrequency::setEnabled(bool enable)
         EnableInput(true);
 }
 
+void VCFrequency::SetWholeHertz(bool whole)
+{
+    Field->SetWholeHertz(whole);
+}
+
+void VCFrequency::TuneByHovering(bool tune)
+{
+    Field->TuneByHovering(tune);
+}
+
 void VCFrequency::ApplyInput()
 {
     const bool free = !Locked && !ReadOnly && Field->HasNode();
@@ -189,7 +198,7 @@ void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
         BandwidthLabel->setText(
-            tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
+            tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 

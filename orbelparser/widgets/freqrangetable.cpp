@@ -58,11 +58,10 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
 {
     constexpr int MinimumSize = 50;
     setObjectName(QStringLiteral("FreqRangeTable"));
+    setAccessibleName(tr("Excluded ranges"));
     setMinimumSize(MinimumSize, MinimumSize);
     setColumnCount(2);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    // Tab leads out of the table; inside an editor it goes on to the next cell.
-    setTabKeyNavigation(false);
     new TableKeys(this);
     NewAction = AddAction(QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W));
     connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);

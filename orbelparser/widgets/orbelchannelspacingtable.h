@@ -29,6 +29,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QVector<Face> GetFaces() const override;
 
 Q_SIGNALS:
     /// The current row and the one before; -1 for none.

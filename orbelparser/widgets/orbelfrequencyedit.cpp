@@ -51,9 +51,11 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
 {
     frequencyControl
         = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
+    frequencyControl->SetWholeHertz(true);
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
     frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
     frequencyControl->GetTuneButton()->hide();
+    frequencyControl->TuneByHovering(Form().IsHoverTuning());
     PropagateProperties(frequencyControl);
     // Meant: an absent `enabled` locks the main form, as nowhere else.
     const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
@@ -94,9 +96,11 @@ void OrbelFrequencyEdit::CreateLockButton()
 void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
 {
     lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
+    lineEdit->SetWholeHertz(true);
     lineEdit->SetValueBase(valueNode.get());
     SetOwnToolTip(lineEdit, {GetString(prop::LabelText, QString())});
     lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
+    lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
     layout->addGroup();
@@ -119,6 +123,15 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
     SetPropertyAlways(prop::Value, text);
     // The node's news leave out this object, so that nobody else would tell.
     Q_EMIT valueChanged(HertzOf(text));
+}
+
+QVector<Face> OrbelFrequencyEdit::GetFaces() const
+{
+    const QString bounds = valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString();
+    if (!frequencyControl)
+        return {{lineEdit.data(), {}, bounds}};
+    return {{frequencyControl.data(), {}, {}}, {frequencyControl->focusProxy(), {}, bounds},
+        {lockButton.data(), tr("lock"), {}}};
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
@@ -182,6 +195,8 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
         ShowLock(value.toBool());
     PropagateProperty(name, frequencyControl);
     FreeInput(name, value);
+    if (lineEdit && name == prop::SingleStep)
+        lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperty(name, lineEdit);
     if (lockVisible && name == prop::Visible)
         PropagateProperty(name, lockButton);

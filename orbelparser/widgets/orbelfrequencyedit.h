@@ -29,6 +29,7 @@ public:
     ValueBase *GetVTValue() const override { return valueNode.get(); }
     void TakeNode() override;
     void FinishEditing() override;
+    QVector<Face> GetFaces() const override;
     void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:

@@ -66,9 +66,11 @@ VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
 {
     const QByteArray name = (WidgetName() + suffix).toUtf8();
     auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
+    edit->SetWholeHertz(true);
     edit->SetValueBase(node);
     SetOwnToolTip(edit, {QLatin1String(toolTip), QString(), QString(), staticMetaObject.className()});
     edit->setAccessibleName(tr(toolTip));
+    edit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -98,6 +100,14 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
     if (!startNode || !stopNode)
         return {0, 0};
     return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
+}
+
+QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
+{
+    const auto bounds = [](const OwnedNode<ValueDouble> &node) {
+        return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString();
+    };
+    return {{startEdit.data(), tr("start"), bounds(startNode)}, {stopEdit.data(), tr("stop"), bounds(stopNode)}};
 }
 
 void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
@@ -142,6 +152,10 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);
+    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+        if (edit && name == prop::SingleStep)
+            edit->SetStepGrid(LimitsForNode().Step);
+    }
     PropagateProperty(name, startEdit);
     PropagateProperty(name, stopEdit);
 }

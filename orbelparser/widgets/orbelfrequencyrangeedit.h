@@ -28,6 +28,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return startNode.get(); }
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
     QPair<qint64, qint64> getCurrentRange() const;

@@ -19,6 +19,10 @@ public:
     explicit OrbelHeadline(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    QVector<Face> GetFaces() const override
+    {
+        return {{GroupBox.data(), GroupBox ? GroupBox->title() : QString(), {}}};
+    }
     void EnableInput(bool enable, bool partial) override;
 
 public Q_SLOTS:

@@ -129,6 +129,12 @@ void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &va
         PropagateProperty(name, Buttons[button].Control);
 }
 
+QVector<Face> OrbelScriptControl::GetFaces() const
+{
+    return {{Buttons[Load].Control.data(), tr("load"), {}}, {Buttons[Edit].Control.data(), tr("edit"), {}},
+        {Buttons[Clear].Control.data(), tr("clear"), {}}};
+}
+
 void OrbelScriptControl::EnableInput(bool enable, bool partial)
 {
     const Call call(this);

@@ -21,6 +21,7 @@ public:
     explicit OrbelScriptControl(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    QVector<Face> GetFaces() const override;
     void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:

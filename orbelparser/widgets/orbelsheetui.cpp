@@ -3,6 +3,8 @@
 #include "elementnames.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "openingfocus.h"
+#include "vcfrequency.h"
 
 #include <QAction>
 #include <QApplication>
@@ -95,6 +97,21 @@ void OrbelSheetUi::Retranslate()
         AutoApplyBox->setText(tr("Auto Apply"));
 }
 
+void OrbelSheetUi::FinishFrame()
+{
+    QWidget *rows = Layout ? Layout->parentWidget() : nullptr;
+    if (!Gui || !rows)
+        return;
+    if (ApplyBox && Gui->layout()) {
+        // Tab goes in the order in which widgets come into the window; QWidget::setTabOrder() takes the round for the
+        // order and leaves the row before the first control.
+        Gui->layout()->removeWidget(ApplyBox);
+        ApplyBox->setParent(nullptr);
+        Gui->layout()->addWidget(ApplyBox);
+    }
+    new OpeningFocus(Gui, rows);
+}
+
 void OrbelSheetUi::BuildTimer()
 {
     AutoApplyTimer.reset();
@@ -149,6 +166,10 @@ bool OrbelSheetUi::eventFilter(QObject *watched, QEvent *event)
 void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::HoverTuning && Gui) {
+        for (VCFrequency *control : Gui->findChildren<VCFrequency *>())
+            control->TuneByHovering(value.toBool());
+    }
     if (name != prop::AutoApplyEnabled)
         return;
     // Meant: a timer that runs goes on, and still announces.

@@ -32,6 +32,9 @@ public:
 
     /// Builds the frame; nothing when there is one.
     void CreateFrame(bool applyUi);
+    /// The controls stand in the frame: the apply row comes behind them in the order of the Tab key, and the first one
+    /// has the focus when the form is shown.
+    void FinishFrame();
     /// Writes the root element's start and its attributes; the caller writes its end.
     void WriteRootStart(QXmlStreamWriter &writer) const;
     /// The widget that the host shows; null before CreateFrame() and once it is gone.
@@ -72,6 +75,8 @@ public Q_SLOTS:
         ChangeProperty(prop::EmitOnlyModifiedParameters, onlyModified);
     }
     void setErrorHighlightingXmlRootTag(QString rootTag) { ChangeProperty(prop::ErrorHighlightingXmlRootTag, rootTag); }
+    /// Whether the wheel tunes the digit under the mouse in large frequency fields without the focus, too.
+    void setHoverTuning(bool tune) { ChangeProperty(prop::HoverTuning, tune); }
     void setQMBaseName(QString qmBaseName) { ChangeProperty(prop::QMBaseName, qmBaseName); }
     void setTranslationsSubDir(QString subDir) { ChangeProperty(prop::TranslationsSubDir, subDir); }
     /// Shows or hides the frame.
