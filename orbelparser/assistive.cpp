@@ -26,11 +26,6 @@ QHash<const QWidget *, Assistive *> &Forms()
     return forms;
 }
 
-QString Translated(const char *text)
-{
-    return QCoreApplication::translate("KV218::Assistive", text);
-}
-
 QString PlainText(const QString &text)
 {
     const QString plain = Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
@@ -193,8 +188,10 @@ QString Assistive::DescriptionOf(const QWidget *widget, const QString &own)
     QString toolTip = PlainText(widget->toolTip());
     if (!shown.Of.Bounds.isEmpty() || Says(name, toolTip))
         toolTip.clear();
-    return Joined({IsRefused(widget) ? Translated("not accepted") : QString(), set.isEmpty() ? shown.Of.Bounds : set,
-        toolTip, label && label->IsMarked() ? Translated("changed, not applied") : QString()});
+    return Joined({IsRefused(widget) ? QCoreApplication::translate("KV218::Assistive", "not accepted") : QString(),
+        set.isEmpty() ? shown.Of.Bounds : set, toolTip,
+        label && label->IsMarked() ? QCoreApplication::translate("KV218::Assistive", "changed, not applied")
+                                   : QString()});
 }
 
 RowLabel *Assistive::LabelOf(const QWidget *widget)

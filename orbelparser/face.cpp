@@ -13,11 +13,6 @@ namespace KV218
 namespace
 {
 
-QString Translated(const char *text)
-{
-    return QCoreApplication::translate("KV218::Face", text);
-}
-
 QString SpokenFrequency(double hertz)
 {
     constexpr double none = 1e308;
@@ -42,8 +37,9 @@ QString SpokenNumber(QString number)
 QString BoundsText(const QString &lowest, const QString &highest)
 {
     if (lowest.isEmpty())
-        return highest.isEmpty() ? QString() : Translated("up to %1").arg(highest);
-    return highest.isEmpty() ? Translated("from %1").arg(lowest) : Translated("%1 to %2").arg(lowest, highest);
+        return highest.isEmpty() ? QString() : QCoreApplication::translate("KV218::Face", "up to %1").arg(highest);
+    return highest.isEmpty() ? QCoreApplication::translate("KV218::Face", "from %1").arg(lowest)
+                             : QCoreApplication::translate("KV218::Face", "%1 to %2").arg(lowest, highest);
 }
 
 QString FrequencyBounds(double lowest, double highest)

@@ -310,8 +310,10 @@ private Q_SLOTS:
     void examples_data()
     {
         Columns({"texts", "document"});
-        QTest::newRow("audio") << "sourceState=from the demodulator,width=3100 Hz" << "<Source>1</Source>";
-        QTest::newRow("spectrum") << "segment=93.5 MHz to 103.5 MHz,frequencyResolution=25 kHz" << "<Length>512</Length>";
+        QTest::newRow("audio") << "sourceState=from the demodulator,width=3100 Hz"
+                               << "<Source>1</Source>";
+        QTest::newRow("spectrum") << "segment=93.5 MHz to 103.5 MHz,frequencyResolution=25 kHz"
+                                  << "<Length>512</Length>";
         QTest::newRow("detection") << "lbScanHF=1.5 MHz...30 MHz,lbScanSHF=-,lastAction=excluded ranges"
                                    << "<Start unit=\"Hz\">5000</Start>.*<StartFreq>5000.00</StartFreq>";
     }
