@@ -34,7 +34,7 @@ QString SpokenNumber(QString number)
     return number;
 }
 
-QString BoundsText(const QString &lowest, const QString &highest)
+QString SpokenBounds(const QString &lowest, const QString &highest)
 {
     if (lowest.isEmpty())
         return highest.isEmpty() ? QString() : QCoreApplication::translate("KV218::Face", "up to %1").arg(highest);
@@ -44,7 +44,7 @@ QString BoundsText(const QString &lowest, const QString &highest)
 
 QString FrequencyBounds(double lowest, double highest)
 {
-    return BoundsText(SpokenFrequency(lowest), SpokenFrequency(highest));
+    return SpokenBounds(SpokenFrequency(lowest), SpokenFrequency(highest));
 }
 
 } // namespace KV218
