@@ -26,6 +26,11 @@ QHash<const QWidget *, Assistive *> &Forms()
     return forms;
 }
 
+QString Translated(const char *text)
+{
+    return QCoreApplication::translate("KV218::Assistive", text);
+}
+
 QString PlainText(const QString &text)
 {
     const QString plain = Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
@@ -188,9 +193,9 @@ QString Assistive::DescriptionOf(const QWidget *widget, const QString &own)
     QString toolTip = PlainText(widget->toolTip());
     if (!shown.Of.Bounds.isEmpty() || Says(name, toolTip))
         toolTip.clear();
-    return Joined({IsRefused(widget) ? QCoreApplication::translate("KV218::Assistive", "not accepted") : QString(),
+    return Joined({IsRefused(widget) ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "not accepted")) : QString(),
         set.isEmpty() ? shown.Of.Bounds : set, toolTip,
-        label && label->IsMarked() ? QCoreApplication::translate("KV218::Assistive", "changed, not applied")
+        label && label->IsMarked() ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "changed, not applied"))
                                    : QString()});
 }
 

@@ -13,6 +13,11 @@ namespace KV218
 namespace
 {
 
+QString Translated(const char *text)
+{
+    return QCoreApplication::translate("KV218::Face", text);
+}
+
 QString SpokenFrequency(double hertz)
 {
     constexpr double none = 1e308;
@@ -34,17 +39,17 @@ QString SpokenNumber(QString number)
     return number;
 }
 
-QString SpokenBounds(const QString &lowest, const QString &highest)
+QString BoundsText(const QString &lowest, const QString &highest)
 {
     if (lowest.isEmpty())
-        return highest.isEmpty() ? QString() : QCoreApplication::translate("KV218::Face", "up to %1").arg(highest);
-    return highest.isEmpty() ? QCoreApplication::translate("KV218::Face", "from %1").arg(lowest)
-                             : QCoreApplication::translate("KV218::Face", "%1 to %2").arg(lowest, highest);
+        return highest.isEmpty() ? QString() : Translated(QT_TRANSLATE_NOOP("KV218::Face", "up to %1")).arg(highest);
+    return highest.isEmpty() ? Translated(QT_TRANSLATE_NOOP("KV218::Face", "from %1")).arg(lowest)
+                             : Translated(QT_TRANSLATE_NOOP("KV218::Face", "%1 to %2")).arg(lowest, highest);
 }
 
 QString FrequencyBounds(double lowest, double highest)
 {
-    return SpokenBounds(SpokenFrequency(lowest), SpokenFrequency(highest));
+    return BoundsText(SpokenFrequency(lowest), SpokenFrequency(highest));
 }
 
 } // namespace KV218

@@ -22,7 +22,7 @@ struct Face {
 /// A number for a voice: without the zeros at the end that fill a text for the eye.
 ORBEL_EXPORT QString SpokenNumber(QString number);
 /// "0 to 60 dB". An empty limit is none.
-ORBEL_EXPORT QString SpokenBounds(const QString &lowest, const QString &highest);
+ORBEL_EXPORT QString BoundsText(const QString &lowest, const QString &highest);
 /// "9 kHz to 26.5 GHz", for limits in Hz; from 1e308 on in either direction there is none.
 ORBEL_EXPORT QString FrequencyBounds(double lowest, double highest);
 

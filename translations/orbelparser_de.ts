@@ -369,11 +369,11 @@
     <name>KV218::Assistive</name>
     <message>
         <source>not accepted</source>
-        <translation>nicht übernommen</translation>
+        <translation>nicht angenommen</translation>
     </message>
     <message>
         <source>changed, not applied</source>
-        <translation>geändert, noch nicht angewendet</translation>
+        <translation>geändert, nicht übernommen</translation>
     </message>
 </context>
 <context>

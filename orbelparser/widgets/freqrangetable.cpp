@@ -75,8 +75,8 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
 
 void FreqRangeTable::ShowTexts()
 {
-    setHorizontalHeaderLabels({tr("min"), tr("max")});
     setAccessibleName(tr("Excluded ranges"));
+    setHorizontalHeaderLabels({tr("min"), tr("max")});
     NewAction->setText(tr("&New row"));
     NewAction->setStatusTip(tr("Create a new row in the list box"));
     DeleteAction->setText(tr("&Delete row"));

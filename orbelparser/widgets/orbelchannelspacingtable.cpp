@@ -128,7 +128,7 @@ QVector<Face> OrbelChannelSpacingTable::GetFaces() const
         return property(name.data()).isValid() ? formatString(GetDouble(name, 0.0), GetInt(prop::Decimals, 0), {})
                                                : QString();
     };
-    const QString bounds = SpokenBounds(limit(prop::Minimum), limit(prop::Maximum));
+    const QString bounds = BoundsText(limit(prop::Minimum), limit(prop::Maximum));
     const QString unit = bounds.isEmpty() ? QString() : property(prop::Unit.data()).toString();
     return {{Control.data(), {}, QStringLiteral("%1 %2").arg(bounds, unit).trimmed()}};
 }

@@ -29,7 +29,7 @@ QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin
     const auto limit = [&](const PropertyKey &name, double number) {
         return delegate.property(name.data()).isValid() ? SpokenNumber(spin->textFromValue(number)) : QString();
     };
-    const QString bounds = SpokenBounds(limit(prop::Minimum, spin->minimum()), limit(prop::Maximum, spin->maximum()));
+    const QString bounds = BoundsText(limit(prop::Minimum, spin->minimum()), limit(prop::Maximum, spin->maximum()));
     return bounds.isEmpty() ? QString() : QStringLiteral("%1 %2").arg(bounds, spin->suffix().trimmed()).trimmed();
 }
 
