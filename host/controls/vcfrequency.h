@@ -52,6 +52,8 @@ public:
 
     /// Rounds typed frequencies to whole hertz; off at the start.
     void SetWholeHertz(bool whole);
+    /// Lets the wheel tune the digit under the mouse without the focus, too; off at the start.
+    void TuneByHovering(bool tune);
 
     /// In Hz, most recent first: what the operator set, and what stood there before.
     QVector<double> GetHistory() const { return History.Frequencies(); }
@@ -80,6 +82,7 @@ protected:
 
 private:
     void Build();
+    void ShowTexts();
     QToolButton *StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)());
     VCMiniFrequency *MiniButton(const QString &name, void (VCFrequency::*action)());
     void Step(int steps);

@@ -1,5 +1,6 @@
 #include "vclineedit.h"
 
+#include "decimalnumber.h"
 #include "editend.h"
 #include "frequencytext.h"
 #include "valuenumeric.h"
@@ -8,6 +9,8 @@
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+
+#include <cmath>
 
 namespace
 {
@@ -168,8 +171,39 @@ void VCLineEdit::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsEditing())
         ShowNode();
-    else
+    else if (!ActByKey(event))
         QLineEdit::keyPressEvent(event);
+}
+
+bool VCLineEdit::ActByKey(const QKeyEvent *event)
+{
+    if (event->modifiers() & ~Qt::KeypadModifier)
+        return false;
+    const bool steps = std::isfinite(StepGrid) && StepGrid > 0 && dynamic_cast<IValueNumeric *>(BoundNode());
+    if (event->key() == Qt::Key_F2)
+        selectAll();
+    else if (steps && event->key() == Qt::Key_Up)
+        Late.Request(&VCLineEdit::StepUp);
+    else if (steps && event->key() == Qt::Key_Down)
+        Late.Request(&VCLineEdit::StepDown);
+    else
+        return false;
+    return true;
+}
+
+/// What is being typed counts first.
+void VCLineEdit::StepOnGrid(int direction)
+{
+    if (isReadOnly() || !FinishEdit() || IsPending())
+        return;
+    auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
+    if (!node)
+        return;
+    const double place = WithoutNoise(node->GetValue() / StepGrid);
+    const double next = direction > 0 ? std::floor(place) + 1 : std::ceil(place) - 1;
+    const double target = qBound(node->GetMin(), WithoutNoise(next * StepGrid), node->GetMax());
+    if (target != node->GetValue() && WriteNode([&] { node->SetValue(target, this); }))
+        ShowNode();
 }
 
 void VCLineEdit::focusOutEvent(QFocusEvent *event)

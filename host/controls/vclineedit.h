@@ -13,7 +13,7 @@
 /// its node holds: a pending text that the input mask does not accept goes when the focus goes, and so does one in a
 /// field that is read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere
 /// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit.
-/// Disabling the field itself commits a pending text first.
+/// Disabling the field itself commits a pending text first. F2 selects the whole text.
 ///
 /// A field of the frequency kind lets every text stand while it is typed, and tells by a note what it understands. What
 /// is no frequency, or lies beyond the limits of the node, is red, is not committed, and goes like any pending text.
@@ -51,6 +51,10 @@ public:
     void setEnabled(bool enable);
     void setInputMask(const QString &mask);
     void setMaxLength(int length);
+
+    /// Has Up and Down set the node to the next multiple of `grid` above or below, within its limits; in the node's
+    /// units. 0, as at the start, leaves these keys alone, and so does a field whose node holds no number.
+    void SetStepGrid(double grid) { StepGrid = grid; }
 
     /// As endEdit(). False when somebody who heard of it has deleted the field.
     virtual bool FinishEdit();
@@ -95,6 +99,10 @@ private:
     bool IsPending() const { return !Showing && (text() != Shown || NodeWaits); }
     bool Commit(const QString &typed);
     bool WriteTyped(const QString &typed);
+    bool ActByKey(const QKeyEvent *event);
+    void StepUp() { StepOnGrid(1); }
+    void StepDown() { StepOnGrid(-1); }
+    void StepOnGrid(int direction);
     void TellEdited() { Q_EMIT signalTextEdited(text()); }
     void TellChanged() { Q_EMIT signalTextChanged(text()); }
     void TakeFrequencies();
@@ -105,6 +113,7 @@ private:
     LineEditType Type;
     Conversion NodeToShown;
     Conversion TypedToNode;
+    double StepGrid = 0;
     // The last text of the node, and what the mask and the maximum length left of it in the field.
     QString Content;
     QString Shown;

@@ -141,6 +141,34 @@ private Q_SLOTS:
         QCOMPARE(window.node->GetValue(), 146300001.0);
     }
 
+    void theDigitUnderTheMouseIsLitAndMayBeTunedWithoutTheFocus()
+    {
+        Window window;
+        window.other->setFocus();
+        const QImage before = window.field->grab().toImage();
+        const QPoint digit = window.Digit(2);
+        QTest::mouseMove(window.field, digit);
+        const auto isLit = [&](int x) {
+            const QImage now = window.field->grab().toImage();
+            return now.pixel(x, 4) != before.pixel(x, 4);
+        };
+        QTRY_VERIFY(isLit(digit.x()));
+        QVERIFY(!isLit(window.Digit(1).x()));
+        QVERIFY(!isLit(window.Digit(4).x()));
+        window.control->TuneByHovering(true);
+        window.Wheel({5, 10}, 1);
+        QCOMPARE(window.node->GetValue(), 145.5e6);
+        window.Wheel(digit, 1);
+        window.Wheel(digit, 1);
+        QCOMPARE(window.node->GetValue(), 147.5e6);
+        QVERIFY(window.other->hasFocus());
+        QVERIFY(window.control->GetHistory().isEmpty());
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(window.field, &leave);
+        QCOMPARE(window.control->GetHistory(), QVector<double>({147.5e6, 145.5e6}));
+        QVERIFY(!isLit(digit.x()));
+    }
+
     void aClickMarksItsDigitAndTheButtonsStepIt()
     {
         Window window;
