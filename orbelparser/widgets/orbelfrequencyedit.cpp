@@ -99,7 +99,6 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
     lineEdit->SetWholeHertz(true);
     lineEdit->SetValueBase(valueNode.get());
     SetOwnToolTip(lineEdit, {GetString(prop::LabelText, QString())});
-    lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
     lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
@@ -180,8 +179,6 @@ QString OrbelFrequencyEdit::BandwidthPath() const
 void OrbelFrequencyEdit::Retranslate()
 {
     OrbelDelegate::Retranslate();
-    if (lineEdit)
-        lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
     if (lockButton && lockVisible)
         ShowLockToolTip(property(prop::FrequencyLock.data()).toBool());
 }
@@ -285,7 +282,6 @@ void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
 {
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
-    lockButton->setAccessibleName(lockButton->toolTip());
 }
 
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
