@@ -122,7 +122,7 @@ public:
                 &Walk::SetNode, &Walk::Exchange, &Walk::Change, &Walk::Init, &Walk::Switch};
         ++Steps;
         Faults.clear();
-        if (Typed && !Typed->hasFocus())
+        if (Typed && !HasFocus(Typed))
             Typed = nullptr;
         Last = (this->*acts[Roll(int(std::size(acts)))])();
         if (QWidget *popup = QApplication::activePopupWidget())
@@ -395,10 +395,14 @@ private:
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         return spin ? Rounding(spin->decimals()) / Factor(place) : 0;
     }
+    /// A menu that is open takes the focus from no field.
+    static bool HasFocus(const QWidget *field) { return field->window()->focusWidget() == field; }
     bool IsPending(const QWidget *field) const
     {
         const auto *edit = qobject_cast<const QLineEdit *>(field);
-        return field->hasFocus() && (field == Typed || (edit && !edit->hasAcceptableInput()));
+        const auto *spin = qobject_cast<const VCNumericFloatSpin *>(field);
+        const bool isRefused = (edit && !edit->hasAcceptableInput()) || (spin && !spin->IsReadable());
+        return HasFocus(field) && (field == Typed || isRefused);
     }
     /// Tells later whether what stands in a field now has reached the node; null where it need not.
     std::function<void()> ArrivalOf(const QWidget *field)
