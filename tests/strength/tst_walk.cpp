@@ -422,7 +422,7 @@ private:
             const double factor = Factor(place);
             const double shown = edit ? edit->GetReader().Read(edit->text()).Number : Shown(place) * factor;
             // What is refused arrives nowhere.
-            if (std::isnan(shown))
+            if (std::isnan(shown) || (spin && !spin->IsReadable()))
                 return nullptr;
             const double typed = (spin ? qBound(spin->minimum(), shown, spin->maximum()) : shown) / factor;
             // Integers and frequencies are whole.
