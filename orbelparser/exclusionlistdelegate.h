@@ -30,6 +30,7 @@ public:
     /// Replaces the ranges in one transaction; without a node the element is left unread.
     void ReadXml(QXmlStreamReader &reader) override;
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:
     /// The node with the ranges; null without one, or once it is withdrawn.

@@ -1,5 +1,6 @@
 #include "formdoor.h"
 
+#include "formchanges.h"
 #include "orbelenum.h"
 #include "orbelformular.h"
 #include "orbelsheet.h"
@@ -30,6 +31,24 @@ void FormDoor::setModified(bool autoApply) const
 {
     if (OrbelSheet *sheet = Sheet())
         sheet->setModified(autoApply);
+}
+
+void FormDoor::Record(const QVariantList &before, int session) const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->Record(Widget->GetDelegate(), before, session);
+}
+
+void FormDoor::Note() const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->Note(Widget->GetDelegate());
+}
+
+void FormDoor::Show() const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->ShowWidget(Widget);
 }
 
 void FormDoor::applyNow() const

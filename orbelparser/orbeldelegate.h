@@ -18,6 +18,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
+#include <memory>
 
 class FloatGroupLayout;
 class IValueNumeric;
@@ -105,6 +106,28 @@ public:
     bool isGroupVisible() const { return GroupVisible; }
     /// Whether there is a change that no parameter document has carried yet.
     bool isModified() const { return Modified; }
+    /// Whether the operator sees such a change: a value that was put back to the applied one is none.
+    bool IsChanged() const;
+    /// What was applied last, in the order of GetEdits(); null while that is not known, and for a control that is not
+    /// modified.
+    const QVariantList *GetApplied() const { return Applied.get(); }
+    /// Shows or hides the mark of such a change at the row label.
+    void ShowChanged(bool changed);
+
+    /// The values that the operator changes by this control. The base gives the texts of the nodes.
+    virtual QVariantList GetEdits() const;
+    /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left alone.
+    virtual void PutEdits(const QVariantList &values);
+    /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
+    virtual QString SpellEdit(int index, const QVariant &value) const;
+    virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
+    static bool IsSameEdit(const QVariant &one, const QVariant &other);
+    /// The label without its colon, in the operator's language; the name of the element without one.
+    QString GetCaption() const;
+    /// Whether the operator may change the control now.
+    bool MayEdit() const;
+    /// Brings the control before the operator's eyes, with the focus.
+    void ComeIntoView();
 
     /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay; another
     /// path moves them.
@@ -163,6 +186,22 @@ public:
         explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
     };
 
+    /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the form
+    /// record the change at its end. Within another one, or within the operator's act on a node, it is a part of that.
+    class OperatorChange
+    {
+    public:
+        explicit OperatorChange(OrbelDelegate *delegate);
+        ~OperatorChange();
+        OperatorChange(const OperatorChange &) = delete;
+        OperatorChange &operator=(const OperatorChange &) = delete;
+
+    private:
+        const Call Running;
+        OrbelDelegate *Delegate;
+        QVariantList Before;
+    };
+
     /// Makes this a part of a form.
     void SetLife(const std::shared_ptr<FormLife> &life) { Life = life; }
     /// The form has ended: the nodes leave the tree, the signals fall silent.
@@ -177,6 +216,12 @@ protected:
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
+    /// Must be called by a control that sets its node itself for the operator, before it does: the form then records it.
+    void JoinAct(const Observable *node);
+    /// The operator types and has changed no value yet: setModified(false).
+    void MarkTyping();
+    /// Which one of several values that is, in the operator's words.
+    virtual QString SpellEditPart(int index) const;
     /// The nodes stand under another path now. The base has nothing else to do.
     virtual void NodesMoved() { }
     /// Takes what the delegate owns in the window out of it: the form has ended. The base owns nothing there.
@@ -298,6 +343,8 @@ protected:
 private:
     friend class OrbelWidget;
 
+    static bool IsSame(const QVariant &value, const QVariant &before);
+    void KeepApplied();
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
@@ -336,6 +383,9 @@ private:
     QStringList XmlTags;
     QStringList DefinedProperties;
     eApplyMode ApplyMode = eApplyMode(0);
+    /// The values from which a change of the operator's that is on its way has started; null without one.
+    const QVariantList *EditsBefore = nullptr;
+    std::unique_ptr<QVariantList> Applied;
     int ListDepth = 0;
     bool InValueTree = false;
     bool Closed = false;

@@ -3,6 +3,7 @@
 #include "editend.h"
 #include "frequencytext.h"
 #include "frequencyvalidator.h"
+#include "typingundo.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -93,6 +94,10 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
 
 bool VCLineEdit::event(QEvent *event)
 {
+    if (LeavesUndoToForm(*this, *event)) {
+        event->ignore();
+        return false;
+    }
     // The base class would not survive a commit that ends the field.
     if (EndsEdit(*event) && !FinishEdit())
         return true;
@@ -131,7 +136,7 @@ bool VCLineEdit::FinishEdit()
 {
     if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->commit(); }))
         return false;
-    if (!IsEditing())
+    if (!IsEditing() && !RemembersTyping(*this))
         return true;
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
     if (!IsPending() || !mayCommit)
@@ -169,6 +174,7 @@ bool VCLineEdit::focusNextPrevChild(bool next)
 
 bool VCLineEdit::Commit(const QString &typed)
 {
+    const OperatorAct act(Node.get());
     Shown = typed;
     NodeSpoke = false;
     NodeWaits = false;
@@ -196,6 +202,8 @@ bool VCLineEdit::ShowNode()
         NodeWaits = false;
         if (text() != Content)
             setText(Content);
+        else
+            ForgetTyping(this);
         Shown = text();
     });
 }

@@ -4,6 +4,7 @@
 #include "editend.h"
 #include "tree.h"
 #include "typednumber.h"
+#include "typingundo.h"
 #include "valuenumeric.h"
 
 #include <QGuiApplication>
@@ -159,6 +160,10 @@ void VCNumericFloatSpin::stepBy(int steps)
 
 bool VCNumericFloatSpin::event(QEvent *event)
 {
+    if (LeavesUndoToForm(*lineEdit(), *event)) {
+        event->ignore();
+        return false;
+    }
     if (event->type() == QEvent::ShortcutOverride && IsPending()
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         event->accept();
@@ -418,6 +423,7 @@ void VCNumericFloatSpin::ShowNode()
     }
     NodeWaits = false;
     Typed = ShownText;
+    ForgetTyping(lineEdit());
 }
 
 void VCNumericFloatSpin::ShowNodeAfterEdit()

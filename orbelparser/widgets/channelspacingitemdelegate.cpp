@@ -5,6 +5,8 @@
 
 #include <QDoubleSpinBox>
 
+#include <optional>
+
 namespace KV218
 {
 
@@ -34,6 +36,9 @@ void ChannelSpacingItemDelegate::setModelData(
     const auto *spin = qobject_cast<QDoubleSpinBox *>(editor);
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
+    std::optional<OrbelDelegate::OperatorChange> change;
+    if (Table)
+        change.emplace(Table);
     if (!leavesIt)
         QStyledItemDelegate::setModelData(editor, model, index);
 }

@@ -1,6 +1,7 @@
 #include "exclusiondialog.h"
 
 #include "freqrangetable.h"
+#include "orbeldelegate.h"
 #include "valuecommentedrangemap.h"
 
 #include <QCoreApplication>
@@ -10,10 +11,13 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <optional>
+
 namespace KV218
 {
 
-void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const char *context)
+void EditExclusionRanges(
+    ValueCommentedRangeMap *ranges, QWidget *parent, const char *context, OrbelDelegate *control)
 {
     if (!ranges)
         return;
@@ -36,8 +40,12 @@ void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const 
     QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     QObject::connect(sort, &QPushButton::clicked, table, &FreqRangeTable::SlotSortByStartFrequencies);
-    if (dialog->exec() == QDialog::Accepted && dialog)
+    if (dialog->exec() == QDialog::Accepted && dialog) {
+        std::optional<OrbelDelegate::OperatorChange> change;
+        if (control)
+            change.emplace(control);
         table->StoreToValue();
+    }
     delete dialog;
 }
 

@@ -1,8 +1,11 @@
 #include "orbelsheetui.h"
 
+#include "changesbutton.h"
 #include "elementnames.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "formchanges.h"
+#include "formkeys.h"
 
 #include <QAction>
 #include <QApplication>
@@ -22,7 +25,7 @@ constexpr int LeastTimeout = 100;
 
 } // namespace
 
-OrbelSheetUi::OrbelSheetUi() : OrbelDelegate(nullptr) { }
+OrbelSheetUi::OrbelSheetUi(FormChanges *changes) : OrbelDelegate(nullptr), Changes(changes) { }
 
 OrbelSheetUi::~OrbelSheetUi() = default;
 
@@ -41,6 +44,7 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
     auto *area = new FloatScrollArea(frame);
     auto *content = new QWidget(area);
     area->setWidget(content);
+    Area = area;
     Layout = new FloatGroupLayout(area);
     if (applyUi) {
         frame->setObjectName(QStringLiteral("sheet"));
@@ -57,6 +61,8 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
     }
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
+    if (Changes)
+        new FormKeys(Gui, Changes);
     BuildTimer();
 }
 
@@ -80,7 +86,20 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
+    if (Changes)
+        new ChangesButton(box, Changes);
     return box;
+}
+
+void OrbelSheetUi::ScrollToFocus()
+{
+    if (!Area)
+        return;
+    QTimer::singleShot(0, Area, [area = Area.data()] {
+        QWidget *focus = area->window()->focusWidget();
+        if (focus && area->isAncestorOf(focus))
+            area->ensureWidgetVisible(focus);
+    });
 }
 
 void OrbelSheetUi::BuildTimer()

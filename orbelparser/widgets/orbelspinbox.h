@@ -22,6 +22,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:
     void editingFinished();

@@ -5,6 +5,8 @@
 #include "propertynames.h"
 #include "vcnumericfloatspin.h"
 
+#include <QLocale>
+
 namespace KV218
 {
 
@@ -25,6 +27,19 @@ VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node
 double DisplayFactor(const OrbelDelegate &delegate)
 {
     return delegate.GetDouble(prop::DisplayScalingFactor, 1.0);
+}
+
+QString SpellNumber(const OrbelDelegate &delegate, double number)
+{
+    // Without what binary arithmetic adds to the product.
+    constexpr int digits = 15;
+    const double shown = QString::number(number * DisplayFactor(delegate), 'g', digits).toDouble();
+    const int decimals = qMax(0, DocumentDecimals(delegate));
+    const bool fits = QString::number(shown, 'f', decimals).toDouble() == shown;
+    QLocale plain;
+    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    const QString text = plain.toString(shown, 'f', fits ? decimals : QLocale::FloatingPointShortest);
+    return delegate.property(prop::Prefix.data()).toString() + text + delegate.property(prop::Suffix.data()).toString();
 }
 
 int DocumentDecimals(const OrbelDelegate &delegate)

@@ -18,6 +18,9 @@ VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node
 /// The property `displayScalingFactor`: controls show the node's number times this.
 double DisplayFactor(const OrbelDelegate &delegate);
 
+/// A node's number as the operator reads it: prefix, number in display units, suffix.
+QString SpellNumber(const OrbelDelegate &delegate, double number);
+
 /// How many decimal places a parameter document gives a number: the property `decimals`, within bounds.
 int DocumentDecimals(const OrbelDelegate &delegate);
 

@@ -23,6 +23,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     void forceFinishEditing() override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:
     using Number = decltype(std::declval<const Node &>().GetValue());
