@@ -70,7 +70,7 @@ void ChangeEntry::Move(bool back)
     if (Moving)
         return;
     const QScopedValueRollback<bool> moving(Moving, true);
-    const bool locked = FindLocked(back);
+    const OrbelDelegate *locked = FindLocked(back);
     bool moved = false;
     for (auto first = Parts.begin(); first != Parts.end();) {
         const auto isOther = [&](const Part &part) { return part.Control != first->Control; };
@@ -78,7 +78,7 @@ void ChangeEntry::Move(bool back)
         moved |= MoveControl(first, last, back);
         first = last;
     }
-    if (!moved && !locked)
+    if (!moved && !locked && !Stands(!back))
         setObsolete(true);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "orbelexport.h"
 
 #include <QHash>
 #include <QObject>
@@ -23,7 +22,7 @@ class OrbelDelegate;
 /// Undo goes the operator's road. It puts back a value only where the one stands that its change left; what the host or a
 /// script has set since stays, and an entry of which nothing stands any more is dropped. An entry of a control that is
 /// locked stays and does nothing.
-class ORBEL_EXPORT FormChanges : public QObject
+class FormChanges : public QObject
 {
     Q_OBJECT
 

@@ -39,7 +39,7 @@ QString SpellNumber(const OrbelDelegate &delegate, double number)
     QLocale plain;
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const QString text = plain.toString(shown, 'f', fits ? decimals : QLocale::FloatingPointShortest);
-    return delegate.property(prop::Prefix.data()).toString() + text + delegate.property(prop::Suffix.data()).toString();
+    return text + delegate.property(prop::Suffix.data()).toString();
 }
 
 int DocumentDecimals(const OrbelDelegate &delegate)
