@@ -1,10 +1,12 @@
 #include "formdoor.h"
 
 #include "formchanges.h"
+#include "orbeldelegate.h"
 #include "orbelenum.h"
 #include "orbelformular.h"
 #include "orbelsheet.h"
 #include "orbelwidget.h"
+#include "propertynames.h"
 
 namespace KV218
 {
@@ -67,6 +69,12 @@ void FormDoor::ApplyConfiguration() const
 {
     if (OrbelFormular *formular = Widget ? Widget->GetFormular() : nullptr)
         formular->ApplyConfiguration();
+}
+
+bool FormDoor::IsHoverTuning() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet && sheet->GetDelegate()->GetBool(prop::HoverTuning, false);
 }
 
 QWidget *FormDoor::GetSheetWidget() const

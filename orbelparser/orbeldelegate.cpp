@@ -1,5 +1,6 @@
 #include "orbeldelegate.h"
 
+#include "assistive.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formdoor.h"
@@ -8,6 +9,7 @@
 #include "orbelwidget.h"
 #include "propertynames.h"
 #include "saturate.h"
+#include "valueptr.h"
 #include "xmlwalk.h"
 
 #include <algorithm>
@@ -18,6 +20,7 @@
 #include <QScopedValueRollback>
 #include <QSet>
 #include <QWidget>
+#include <utility>
 
 namespace KV218
 {
@@ -73,7 +76,7 @@ void OrbelDelegate::Close()
     const Call call(this);
     Closed = true;
     blockSignals(true);
-    if (ITreeItem *place = Entering ? Entering->GetDeleteObserver() : nullptr)
+    if (ITreeItem *place = Entering && *Entering ? (*Entering)->GetDeleteObserver() : nullptr)
         place->SubjectDeleted();
     while (ValueBase *node = LastLiveNode())
         delete node;
@@ -118,6 +121,54 @@ void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
     // Meant: an absent `visible` hides the label, though it leaves the control as it is.
     if (!property(prop::Visible.data()).toBool() || !IsDefined(prop::Visible))
         Label->setVisible(false);
+}
+
+void OrbelDelegate::LanguageChanged()
+{
+    const Call call(this);
+    if (!Closed)
+        Retranslate();
+}
+
+void OrbelDelegate::Retranslate()
+{
+    if (Label)
+        Label->setText(GetTranslated(prop::LabelText));
+    // By index: a host that watches a control's tooltip may change its bounds, and so its tooltip.
+    for (int i = 0; i < OwnToolTips.size(); ++i) {
+        const QPointer<QWidget> control = OwnToolTips.at(i).Control;
+        const QString text = InLanguage(OwnToolTips.at(i).Text);
+        const QString former = std::exchange(OwnToolTips[i].Shown, text);
+        if (control && text != former && control->toolTip() == former)
+            control->setToolTip(text);
+    }
+}
+
+void OrbelDelegate::SetOwnToolTip(QWidget *control, const ToolTipText &text)
+{
+    if (!control)
+        return;
+    // Given again, it is the only one or the last; an older entry would stand aside, since its text shows no more.
+    if (OwnToolTips.isEmpty() || OwnToolTips.last().Control != control)
+        OwnToolTips.append({control, {}, {}});
+    const QString shown = InLanguage(text);
+    OwnToolTips.last().Text = text;
+    OwnToolTips.last().Shown = shown;
+    control->setToolTip(shown);
+}
+
+QString OrbelDelegate::InLanguage(const ToolTipText &text) const
+{
+    const QString source = text.Context ? QCoreApplication::translate(text.Context, text.Source.toUtf8().constData())
+                                        : Translate(text.Source);
+    return text.Head + source + text.Tail;
+}
+
+OrbelDelegate::ToolTipText OrbelDelegate::LabelOrTag() const
+{
+    if (Label)
+        return {property(prop::LabelText.data()).toString()};
+    return {QString(), GetXmlTagName()};
 }
 
 void OrbelDelegate::ParseProperties(QXmlStreamReader &reader, bool custom)
@@ -348,9 +399,13 @@ bool OrbelDelegate::event(QEvent *e)
         const QString name = known ? set->Name->toString() : QString::fromLatin1(key);
         if (IsNoNumber(name, value)) {
             value = HeldNumber(name);
+            if (!value.isValid())
+                value = Stated.value(name);
             SetPropertyQuietly(name, value);
             if (!value.isValid())
                 return QObject::event(e);
+        } else if (IsNumber(name) && !HeldNumber(name).isValid()) {
+            Stated.insert(name, value);
         }
         PropertyChanged(name, value);
     }
@@ -368,6 +423,7 @@ void OrbelDelegate::Update(Observable *subject, TChangeCode code)
 
 void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
 {
+    Assistive::PropertyChanged(this, name);
     if (Applied)
         Form().Note();
     if (name == prop::GenerateParameterXml)
@@ -414,16 +470,19 @@ void OrbelDelegate::GiveBack(const QString &name, QObject *target)
 
 void OrbelDelegate::PropagateProperties(QObject *target)
 {
-    // A copy: a setter of a host's control may lead back here.
+    // A copy: a setter of a host's control may lead back here. It may delete the control, too.
     const QStringList names = DefinedProperties;
+    const QPointer<QObject> alive(target);
     for (const QString &name : names) {
+        if (!alive)
+            return;
         const PropertyKey key(name);
         const QVariant value = property(key.data());
         // Qt resets a declared property that is given an invalid value; what is left out keeps the control's state.
         if (value.isValid())
             target->setProperty(key.data(), value);
     }
-    HideIfCollapsed(target);
+    HideIfCollapsed(alive);
 }
 
 void OrbelDelegate::PropagateState(QWidget *target)
@@ -494,7 +553,7 @@ QString OrbelDelegate::Translate(const QString &text) const
     if (text.isEmpty())
         return QString();
     const QByteArray source = text.left(limit::ShownText).toUtf8();
-    return QCoreApplication::translate(objectName().toLatin1().constData(), source.constData());
+    return QCoreApplication::translate(objectName().toUtf8().constData(), source.constData());
 }
 
 QVariant OrbelDelegate::customProperty(QString name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "applymode.h"
+#include "face.h"
 #include "formlife.h"
 #include "iobserver.h"
 #include "orbelexport.h"
@@ -25,6 +26,7 @@ class IValueNumeric;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 class ValueSelection;
+template <class T> class ValuePtr;
 
 namespace KV218
 {
@@ -77,6 +79,11 @@ public:
     /// Reads property elements from just inside the element on which `reader` stands, to the first end tag that no
     /// `Property` consumes. `custom` puts them into the custom store instead.
     virtual void ParseProperties(QXmlStreamReader &reader, bool custom);
+    /// The widgets by which the operator meets the control, for assistive tools; a widget that is gone is null. The
+    /// base has none.
+    virtual QVector<Face> GetFaces() const { return {}; }
+    /// The row label; null without `labelText` and before CreateGUI().
+    RowLabel *GetRowLabel() const { return Label; }
     /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
     virtual void EnableInput(bool enable, bool partial);
     /// Hands what a node tells to NodeChanged().
@@ -128,6 +135,10 @@ public:
     bool MayEdit() const;
     /// Brings the control before the operator's eyes, with the focus.
     void ComeIntoView();
+
+    /// Shows the control in the language of now: what the definition, a script or the host gave it to show is
+    /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
+    void LanguageChanged();
 
     /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay; another
     /// path moves them.
@@ -222,6 +233,9 @@ protected:
     void MarkTyping();
     /// Which one of several values that is, in the operator's words.
     virtual QString SpellEditPart(int index) const;
+    /// Shows anew what the control translated itself. An override calls the base first, which has the row label and the
+    /// tooltips of SetOwnToolTip().
+    virtual void Retranslate();
     /// The nodes stand under another path now. The base has nothing else to do.
     virtual void NodesMoved() { }
     /// Takes what the delegate owns in the window out of it: the form has ended. The base owns nothing there.
@@ -301,6 +315,20 @@ protected:
     /// Gives `value` these limits. Nobody must watch it yet who could end it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
+    /// What a control has for a tooltip of its own: a text in the operator's language between parts that stay as they
+    /// are.
+    struct ToolTipText {
+        QString Source;
+        QString Head = QString();
+        QString Tail = QString();
+        /// The translation context; null for the object name.
+        const char *Context = nullptr;
+    };
+    /// Gives `control` a tooltip in place of any other. It follows the language for as long as nobody gives the control
+    /// another one. A null control is none.
+    void SetOwnToolTip(QWidget *control, const ToolTipText &text);
+    /// The text of the row label where there is one, or else the name of the parameter element.
+    ToolTipText LabelOrTag() const;
     /// Tooltips that tell the label and the bounds, in display units. A null control is none.
     void SetIntTooltip(QWidget *control);
     void SetInt64Tooltip(QWidget *control);
@@ -324,8 +352,9 @@ protected:
     /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
     static int CountOf(const QVariant &value);
 
-    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended.
-    bool EnterNode(ValueBase *node);
+    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended, and
+    /// with `node` null when whoever waited for the path has removed the node.
+    bool EnterNode(ValueBase *&node);
     /// Whether the form has ended.
     bool IsClosed() const { return Closed; }
 
@@ -349,9 +378,17 @@ private:
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 
+    struct OwnToolTip {
+        QPointer<QWidget> Control;
+        ToolTipText Text;
+        QString Shown;
+    };
+    QString InLanguage(const ToolTipText &text) const;
+    void SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest);
+
     ValueBase *LastLiveNode() const;
     void MoveNodes(const QString &formerName);
-    template <class Node> Node *Enter(Node *node);
+    template <class Node> Node *Enter(Node *node, bool keepRefused = false);
     template <class Node> Node *NewNumeric(const QString &name, int index);
     bool ParseProperty(QXmlStreamReader &reader, bool custom);
     void ReadBackProperties();
@@ -369,6 +406,8 @@ private:
     SetInProgress *InProgress = nullptr;
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
+    /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
+    QHash<QString, QVariant> Stated;
     /// While a set is told to nobody.
     bool Quiet = false;
     /// The property that EnableProperty() forces while the delegate has no value of its own for it.
@@ -382,6 +421,7 @@ private:
     QString VTPath;
     QStringList XmlTags;
     QStringList DefinedProperties;
+    QVector<OwnToolTip> OwnToolTips;
     eApplyMode ApplyMode = eApplyMode(0);
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
@@ -390,7 +430,7 @@ private:
     bool InValueTree = false;
     bool Closed = false;
     /// The node of which the tree tells that it enters.
-    ValueBase *Entering = nullptr;
+    const ValuePtr<ValueBase> *Entering = nullptr;
 };
 
 } // namespace KV218

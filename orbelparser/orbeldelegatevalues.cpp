@@ -8,9 +8,13 @@
 #include "propertynames.h"
 #include "trace.h"
 #include "tree.h"
+#include "valueptr.h"
 #include "valueselection.h"
 
+#include <deque>
+#include <memory>
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QWidget>
 #include <limits>
 
@@ -31,13 +35,12 @@ int LastPartIndex(const QString &path)
     return slash < 1 ? -1 : slash + 1;
 }
 
-/// The tooltip's text; an empty bound is not set. The opening tag makes Qt show it as rich text.
-QString BoundsTooltip(const QString &label, const QString &lowest, const QString &highest)
+/// What a tooltip tells of bounds; an empty one is not set.
+QString BoundsText(const QString &lowest, const QString &highest)
 {
-    QString text = QLatin1String("<html>") + label;
-    if (!lowest.isEmpty() || !highest.isEmpty())
-        text += QLatin1String("<br>") + lowest + QLatin1String("...") + highest;
-    return text;
+    if (lowest.isEmpty() && highest.isEmpty())
+        return QString();
+    return QLatin1String("<br>") + lowest + QLatin1String("...") + highest;
 }
 
 /// A bound as text, empty when it is the type's own bound.
@@ -103,7 +106,14 @@ void OrbelDelegate::EnterValueTree(const QString &path)
 
 void OrbelDelegate::MoveNodes(const QString &formerName)
 {
-    for (ValueBase *node : GetNodes()) {
+    // Whoever waits for one of the paths may remove any of the nodes.
+    std::deque<ValuePtr<ValueBase>> nodes;
+    for (ValueBase *node : GetNodes())
+        nodes.emplace_back().AttachNode(node);
+    for (const ValuePtr<ValueBase> &alive : nodes) {
+        ValueBase *node = alive.get();
+        if (!node)
+            continue;
         if (ITreeItem *place = node->GetDeleteObserver())
             place->SubjectDeleted();
         // Nodes of a list have their numbers behind the name, which a path of one part does not give.
@@ -116,31 +126,41 @@ void OrbelDelegate::MoveNodes(const QString &formerName)
     NodesMoved();
 }
 
-bool OrbelDelegate::EnterNode(ValueBase *node)
+bool OrbelDelegate::EnterNode(ValueBase *&node)
 {
     if (Closed)
         return false;
     bool entered = false;
+    // Whoever waits for the path may remove the node, or end the form.
+    ValuePtr<ValueBase> alive;
+    alive.AttachNode(node);
     {
-        // Whoever waits for the path may end the form.
-        const QScopedValueRollback<ValueBase *> entering(Entering, node);
+        const QScopedValueRollback<const ValuePtr<ValueBase> *> entering(Entering, &alive);
         entered = Tree::Instance()->AddNode(GetVTNodePath(), node);
     }
-    if (!entered) {
+    node = alive.get();
+    if (!entered && node) {
         const QString path = GetVTNodePath() + QLatin1Char('/') + node->GetName();
         TraceFailure(QStringLiteral("No node of a form can stand at %1: a path belongs to one form").arg(path),
             "orbeldelegate", __LINE__);
     }
-    return entered && !Closed;
+    return entered && node && !Closed;
 }
 
-/// Hands a node to the tree; gives null, and deletes it, when the tree refuses it.
-template <class Node> Node *OrbelDelegate::Enter(Node *node)
+/// Enters a node that has no owner yet; null, and deleted, where that fails and it is not to be kept.
+template <class Node> Node *OrbelDelegate::Enter(Node *node, bool keepRefused)
 {
-    if (EnterNode(node))
-        return node;
-    delete node;
-    return nullptr;
+    // An exception of whoever waits for the path leaves no node behind.
+    std::unique_ptr<Node> made(node);
+    ValuePtr<ValueBase> alive;
+    alive.AttachNode(node);
+    ValueBase *entering = node;
+    const auto letGo = qScopeGuard([&] {
+        if (!alive)
+            made.release();
+    });
+    const bool entered = EnterNode(entering);
+    return alive && (entered || (keepRefused && !Closed)) ? made.release() : nullptr;
 }
 
 template <class Node> Node *OrbelDelegate::NewNumeric(const QString &name, int index)
@@ -180,10 +200,7 @@ ValueString *OrbelDelegate::CreateValueString(const QString &name)
     node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
     node->SetValue(property(name.toLatin1().constData()).toString(), nullptr);
     // Meant: the one maker that keeps a node which the tree refuses, so a text control always has its node.
-    if (EnterNode(node) || !Closed)
-        return node;
-    delete node;
-    return nullptr;
+    return Enter(node, true);
 }
 
 ValueSelection *OrbelDelegate::CreateValueSelection(
@@ -226,37 +243,36 @@ void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
     value->SetStep(limits.Step, this);
 }
 
+void OrbelDelegate::SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest)
+{
+    // The opening tag makes Qt show it as rich text.
+    SetOwnToolTip(
+        control, {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsText(lowest, highest)});
+}
+
 void OrbelDelegate::SetIntTooltip(QWidget *control)
 {
-    if (!control)
-        return;
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr int highest = std::numeric_limits<int>::max();
-    control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
-        IntegerBound(GetInt(prop::Minimum, lowest), lowest), IntegerBound(GetInt(prop::Maximum, highest), highest)));
+    SetBoundsTooltip(control, IntegerBound(GetInt(prop::Minimum, lowest), lowest),
+        IntegerBound(GetInt(prop::Maximum, highest), highest));
 }
 
 void OrbelDelegate::SetInt64Tooltip(QWidget *control)
 {
-    if (!control)
-        return;
     constexpr qint64 lowest = std::numeric_limits<qint64>::min();
     constexpr qint64 highest = std::numeric_limits<qint64>::max();
-    control->setToolTip(
-        BoundsTooltip(GetTranslated(prop::LabelText), IntegerBound(GetInt64(prop::Minimum, lowest), lowest),
-            IntegerBound(GetInt64(prop::Maximum, highest), highest)));
+    SetBoundsTooltip(control, IntegerBound(GetInt64(prop::Minimum, lowest), lowest),
+        IntegerBound(GetInt64(prop::Maximum, highest), highest));
 }
 
 void OrbelDelegate::SetDoubleTooltip(QWidget *control)
 {
-    if (!control)
-        return;
     const int decimals = qMin(limit::Decimals, property(prop::Decimals.data()).toInt());
     const double lowest = GetDouble(prop::Minimum, LowestDouble);
     const double highest = GetDouble(prop::Maximum, HighestDouble);
-    control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
-        lowest > LowestDouble ? QString::number(lowest, 'f', decimals) : QString(),
-        highest < HighestDouble ? QString::number(highest, 'f', decimals) : QString()));
+    SetBoundsTooltip(control, lowest > LowestDouble ? QString::number(lowest, 'f', decimals) : QString(),
+        highest < HighestDouble ? QString::number(highest, 'f', decimals) : QString());
 }
 
 QString OrbelDelegate::formatString(double value, int decimals, const QString &suffix)

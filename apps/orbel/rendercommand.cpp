@@ -113,6 +113,7 @@ void RenderCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(QStringLiteral("Draws a form into a picture file, without a display."));
     DefineFile(parser);
+    DefineLanguage(parser);
     parser.addOptions({
         {{QStringLiteral("o"), Output}, QStringLiteral("The picture to write; its name tells the format."),
             QStringLiteral("OUT.png")},
@@ -132,6 +133,7 @@ int RenderCommand::Run(const QCommandLineParser &parser)
     const int points = TextSize(parser);
     ChooseStyle(parser);
     const FormFile file(path);
+    SpeakLanguage(parser, path);
     const FormFile::Form form = file.Parse(ComponentName(parser));
     form->CreateValueTree(QStringLiteral("/Form"));
     // As in the viewer, where only a single form has an apply row.

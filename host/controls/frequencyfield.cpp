@@ -1,11 +1,13 @@
 #include "frequencyfield.h"
 
 #include "decimalnumber.h"
+#include "editend.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
 #include "ivaluenumeric.h"
 
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionFrame>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -23,11 +25,6 @@ FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
 {
     setAlignment(Qt::AlignRight);
     setFocusPolicy(Qt::StrongFocus);
-    SetConversion(
-        [this](const QString &node) {
-            return FrequencyValidator::Shown(node, locale(), hasFocus() && MayTune() ? Power : 0);
-        },
-        [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); });
     // What the field shows anew has no marked digit yet.
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
     connect(this, &QLineEdit::textEdited, this, [this] { Entry = true; });
@@ -117,22 +114,16 @@ void FrequencyField::keyPressEvent(QKeyEvent *event)
     // A marked digit is a place, not a selection to copy or to replace.
     const bool whole = event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)
         || event->matches(QKeySequence::Paste) || event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
-    const bool begins = BeginsEntry(event);
-    const bool otherLetter = !begins && !event->text().isEmpty() && event->text().at(0).isPrint();
-    if (otherLetter) {
+    const bool types = !event->text().isEmpty() && event->text().at(0).isPrint();
+    const auto held = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool isCommand = held && held != (Qt::ControlModifier | Qt::AltModifier);
+    if (types && isCommand) {
         event->ignore();
         return;
     }
-    if (whole || begins)
+    if (whole || types)
         selectAll();
     VCLineEdit::keyPressEvent(event);
-}
-
-bool FrequencyField::BeginsEntry(const QKeyEvent *event) const
-{
-    const QChar first = event->text().isEmpty() ? QChar() : event->text().at(0);
-    const QString others = QStringLiteral("+-.,\u2212") + locale().decimalPoint();
-    return first.isDigit() || (!first.isNull() && others.contains(first));
 }
 
 bool FrequencyField::TuneByKey(int key)
@@ -229,12 +220,14 @@ void FrequencyField::changeEvent(QEvent *event)
 
 void FrequencyField::wheelEvent(QWheelEvent *event)
 {
-    if (!hasFocus() || !IsAtRest() || event->angleDelta().y() == 0) {
+    const std::optional<int> power = PowerUnder(event->position().toPoint());
+    const bool mayTurn = hasFocus() || (HoverTunes && power);
+    if (!mayTurn || !IsAtRest() || event->angleDelta().y() == 0) {
         event->ignore();
         return;
     }
     event->accept();
-    if (const std::optional<int> power = PowerUnder(event->position().toPoint()))
+    if (power)
         ChooseDigit(*power);
     WheelRemainder += event->angleDelta().y();
     const int steps = WheelRemainder / WheelNotch;
@@ -256,11 +249,61 @@ void FrequencyField::focusInEvent(QFocusEvent *event)
 
 void FrequencyField::focusOutEvent(QFocusEvent *event)
 {
-    const bool leaves = event->reason() != Qt::PopupFocusReason;
+    const bool leaves = EndsEdit(*event);
     if (leaves)
         deselect();
     if (!leaves || ShowNode())
         VCLineEdit::focusOutEvent(event);
+}
+
+void FrequencyField::mouseMoveEvent(QMouseEvent *event)
+{
+    VCLineEdit::mouseMoveEvent(event);
+    Hover(event->buttons() == Qt::NoButton ? PowerUnder(event->pos()) : std::nullopt);
+}
+
+void FrequencyField::leaveEvent(QEvent *event)
+{
+    VCLineEdit::leaveEvent(event);
+    Hover({});
+    if (!hasFocus())
+        FinishTuning();
+}
+
+void FrequencyField::Hover(std::optional<int> power)
+{
+    if (power == Hovered)
+        return;
+    Hovered = power;
+    update();
+}
+
+void FrequencyField::paintEvent(QPaintEvent *event)
+{
+    VCLineEdit::paintEvent(event);
+    if (!Hovered || !IsAtRest())
+        return;
+    constexpr int faint = 60; // of 255
+    QColor light = palette().color(QPalette::Highlight);
+    light.setAlpha(faint);
+    QPainter(this).fillRect(DigitRect(*Hovered), light);
+}
+
+/// Where the digit is drawn; empty when the frequency does not have it.
+QRect FrequencyField::DigitRect(int power) const
+{
+    const int position = FrequencyText::PositionOf(text(), power);
+    if (position < 0)
+        return QRect();
+    QStyleOptionFrame frame;
+    initStyleOption(&frame);
+    constexpr int margin = 2; // that the base class keeps beside the text
+    const QRect inside
+        = style()->subElementRect(QStyle::SE_LineEditContents, &frame, this).adjusted(margin, 0, -margin, 0);
+    const QFontMetrics metrics(font());
+    const int right = inside.right() - metrics.horizontalAdvance(text().mid(position + 1));
+    const int width = metrics.horizontalAdvance(text().at(position));
+    return QRect(right - width + 1, inside.top(), width, inside.height());
 }
 
 bool FrequencyField::MayTune() const

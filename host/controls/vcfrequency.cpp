@@ -2,7 +2,6 @@
 
 #include "frequencyfield.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
 #include "ivaluenumeric.h"
 #include "tree.h"
 #include "vcbutton.h"
@@ -43,28 +42,20 @@ VCFrequency::~VCFrequency()
 void VCFrequency::Build()
 {
     Field->setObjectName(QStringLiteral("frequency"));
-    Field->setAccessibleName(tr("Frequency"));
     UpButton = StepButton(QStringLiteral("increment"), Qt::UpArrow, &VCFrequency::slotIncrement);
-    UpButton->setToolTip(tr("Step up the marked digit"));
-    UpButton->setAccessibleName(UpButton->toolTip());
     DownButton = StepButton(QStringLiteral("decrement"), Qt::DownArrow, &VCFrequency::slotDecrement);
-    DownButton->setToolTip(tr("Step down the marked digit"));
-    DownButton->setAccessibleName(DownButton->toolTip());
     EntryButton = MiniButton(QStringLiteral("entry"), &VCFrequency::BeginEntry);
     EntryButton->setText(QStringLiteral("\u2026"));
-    EntryButton->setToolTip(tr("Type a frequency"));
-    EntryButton->setAccessibleName(EntryButton->toolTip());
     HistoryButton = MiniButton(QStringLiteral("history"), &VCFrequency::OpenHistory);
     HistoryButton->setText(QStringLiteral("\u21ba"));
-    HistoryButton->setToolTip(tr("Last frequencies (F4)"));
-    HistoryButton->setAccessibleName(tr("Last frequencies"));
-    TuneButton = new VCButton(tr("Tune"), this);
+    TuneButton = new VCButton(QString(), this);
     TuneButton->setObjectName(QStringLiteral("tune"));
     connect(TuneButton, &QPushButton::clicked, this, &VCFrequency::Tune);
     BandwidthLabel = new QLabel(this);
     BandwidthLabel->setObjectName(QStringLiteral("bandwidth"));
     BandwidthLabel->setAlignment(Qt::AlignRight);
     BandwidthLabel->hide();
+    ShowTexts();
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -77,6 +68,20 @@ void VCFrequency::Build()
     grid->addWidget(TuneButton, 0, 3, 2, 1);
     grid->addWidget(BandwidthLabel, 2, 0);
     grid->setColumnStretch(0, 1);
+}
+
+void VCFrequency::ShowTexts()
+{
+    Field->setAccessibleName(tr("Frequency"));
+    UpButton->setToolTip(tr("Step up the marked digit"));
+    UpButton->setAccessibleName(UpButton->toolTip());
+    DownButton->setToolTip(tr("Step down the marked digit"));
+    DownButton->setAccessibleName(DownButton->toolTip());
+    EntryButton->setToolTip(tr("Type a frequency"));
+    EntryButton->setAccessibleName(EntryButton->toolTip());
+    HistoryButton->setToolTip(tr("Last frequencies (F4)"));
+    HistoryButton->setAccessibleName(tr("Last frequencies"));
+    TuneButton->setText(tr("Tune"));
 }
 
 QToolButton *VCFrequency::StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)())
@@ -153,6 +158,16 @@ void VCFrequency::setEnabled(bool enable)
         EnableInput(true);
 }
 
+void VCFrequency::SetWholeHertz(bool whole)
+{
+    Field->SetWholeHertz(whole);
+}
+
+void VCFrequency::TuneByHovering(bool tune)
+{
+    Field->TuneByHovering(tune);
+}
+
 void VCFrequency::ApplyInput()
 {
     const bool free = !Locked && !ReadOnly && Field->HasNode();
@@ -183,7 +198,7 @@ void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
         BandwidthLabel->setText(
-            tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
+            tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 
@@ -222,8 +237,12 @@ void VCFrequency::Step(int steps)
 void VCFrequency::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange) {
         ScaleText();
+    } else if (event->type() == QEvent::LanguageChange) {
+        ShowTexts();
+        ShowBandwidth();
+    }
 }
 
 void VCFrequency::keyPressEvent(QKeyEvent *event)

@@ -50,6 +50,11 @@ public:
     /// Hides that of the base class, to commit a text that is being typed before, and to end the lock.
     void setEnabled(bool enable);
 
+    /// Rounds typed frequencies to whole hertz; off at the start.
+    void SetWholeHertz(bool whole);
+    /// Lets the wheel tune the digit under the mouse without the focus, too; off at the start.
+    void TuneByHovering(bool tune);
+
     /// In Hz, most recent first: what the operator set, and what stood there before.
     QVector<double> GetHistory() const { return History.Frequencies(); }
 
@@ -77,6 +82,7 @@ protected:
 
 private:
     void Build();
+    void ShowTexts();
     QToolButton *StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)());
     VCMiniFrequency *MiniButton(const QString &name, void (VCFrequency::*action)());
     void Step(int steps);

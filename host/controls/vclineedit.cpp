@@ -1,14 +1,36 @@
 #include "vclineedit.h"
 
+#include "decimalnumber.h"
 #include "editend.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
+#include "ivaluenumeric.h"
 #include "typingundo.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+
+#include <cmath>
+
+namespace
+{
+
+/// Tells a field whether it may commit a text; any other may stand there while it is typed.
+class FrequencyValidator : public QValidator
+{
+public:
+    explicit FrequencyValidator(VCLineEdit *field) : QValidator(field), Field(field) { }
+    State validate(QString &text, int &) const override
+    {
+        return Field->GetReader().Read(text).IsNumber() ? Acceptable : Intermediate;
+    }
+
+private:
+    VCLineEdit *Field;
+};
+
+} // namespace
 
 VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : QLineEdit(parent), Type(type)
 {
@@ -22,26 +44,30 @@ VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : Q
 void VCLineEdit::TakeFrequencies()
 {
     setValidator(new FrequencyValidator(this));
-    NodeToShown = [this](const QString &node) { return FrequencyValidator::Shown(node, locale()); };
-    TypedToNode = [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); };
-    connect(this, &QLineEdit::textChanged, this, &VCLineEdit::MarkWrongText);
+    NodeToShown = [this](const QString &node) { return FrequencyText::OfNode(node, locale(), LeastPower()); };
+    TypedToNode = [this](const QString &typed) {
+        const TypedNumber hertz = GetReader().Read(typed);
+        return hertz.IsNumber() ? FrequencyText::Plain(hertz.Number) : QString();
+    };
+    connect(this, &QLineEdit::textChanged, this, [this] { Late.RequestLater(&VCLineEdit::TellTyping); });
 }
 
-/// A text that cannot be committed turns red, in a shade that the background lets through.
-void VCLineEdit::MarkWrongText()
+NumberReader VCLineEdit::GetReader() const
 {
-    const bool wrong = IsPending() && !text().isEmpty() && !hasAcceptableInput();
-    if (wrong == Unmarked.has_value())
-        return;
-    if (!wrong) {
-        setPalette(*std::exchange(Unmarked, std::nullopt));
-        return;
+    NumberReader reader = NumberReader::OfHertz(locale());
+    reader.ShownPower = FrequencyText::ShownPower(Content);
+    reader.IsWhole = WholeHertz;
+    if (const auto *node = dynamic_cast<const IValueNumeric *>(Node.get())) {
+        reader.Minimum = node->GetMin();
+        reader.Maximum = node->GetMax();
     }
-    Unmarked = palette();
-    QPalette marked = *Unmarked;
-    const bool dark = marked.color(QPalette::Base).lightness() < 128;
-    marked.setColor(QPalette::Text, dark ? QColor(255, 110, 110) : QColor(190, 0, 0));
-    setPalette(marked);
+    return reader;
+}
+
+void VCLineEdit::TellTyping()
+{
+    if (Type == ekFrequency)
+        Mark.Show(IsPending() ? GetReader().Read(text()) : TypedNumber());
 }
 
 bool VCLineEdit::SetValueBase(ValueBase *node)
@@ -88,7 +114,9 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
         return;
     NodeSpoke = true;
     NodeWaits = IsPending();
-    if (!IsEditing())
+    if (IsEditing())
+        TellTyping();
+    else
         ShowNode();
 }
 
@@ -148,8 +176,39 @@ void VCLineEdit::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsEditing())
         ShowNode();
-    else
+    else if (!ActByKey(event))
         QLineEdit::keyPressEvent(event);
+}
+
+bool VCLineEdit::ActByKey(const QKeyEvent *event)
+{
+    if (event->modifiers() & ~Qt::KeypadModifier)
+        return false;
+    const bool steps = std::isfinite(StepGrid) && StepGrid > 0 && dynamic_cast<IValueNumeric *>(BoundNode());
+    if (event->key() == Qt::Key_F2)
+        selectAll();
+    else if (steps && event->key() == Qt::Key_Up)
+        Late.Request(&VCLineEdit::StepUp);
+    else if (steps && event->key() == Qt::Key_Down)
+        Late.Request(&VCLineEdit::StepDown);
+    else
+        return false;
+    return true;
+}
+
+/// What is being typed counts first.
+void VCLineEdit::StepOnGrid(int direction)
+{
+    if (isReadOnly() || !FinishEdit() || IsPending())
+        return;
+    auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
+    if (!node)
+        return;
+    const double place = WithoutNoise(node->GetValue() / StepGrid);
+    const double next = direction > 0 ? std::floor(place) + 1 : std::ceil(place) - 1;
+    const double target = qBound(node->GetMin(), WithoutNoise(next * StepGrid), node->GetMax());
+    if (target != node->GetValue() && WriteNode([&] { node->SetValue(target, this); }))
+        ShowNode();
 }
 
 void VCLineEdit::focusOutEvent(QFocusEvent *event)
@@ -164,6 +223,15 @@ void VCLineEdit::dropEvent(QDropEvent *event)
     QLineEdit::dropEvent(event);
     // Otherwise no end of an edit would come after a text dropped into a field that is not being edited.
     setFocus(Qt::OtherFocusReason);
+}
+
+void VCLineEdit::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        Mark.FollowPalette();
+    else if (event->type() == QEvent::LocaleChange && Type == ekFrequency && !IsEditing())
+        ShowNode();
 }
 
 /// Commits before the focus moves: Qt would go on with the field that gets it.
@@ -205,5 +273,6 @@ bool VCLineEdit::ShowNode()
         else
             ForgetTyping(this);
         Shown = text();
+        Mark.Clear();
     });
 }

@@ -200,6 +200,8 @@ void VCNumericFloatSpin::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsPending())
         ShowNode();
+    else if (event->key() == Qt::Key_F2 && event->modifiers() == Qt::NoModifier)
+        selectAll();
     else
         Late.After([=] { QDoubleSpinBox::keyPressEvent(event); });
 }

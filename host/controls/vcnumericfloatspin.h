@@ -18,7 +18,8 @@
 /// it, clamped to the limits; Escape takes it back, and the box's own context menu leaves it alone. A change of the
 /// node or of the limits from elsewhere leaves a pending number alone and counts when the edit ends. The wheel steps
 /// only while the box has the focus; otherwise the turn goes on to what lies behind. Without a node the box keeps its
-/// last number, and edits fall back to it. The size hint has room for the limits, for 18 characters at most.
+/// last number, and edits fall back to it. F2 selects the whole number. The size hint has room for the limits, for 18
+/// characters at most.
 class ORBEL_HOST_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
                                              public IObserver,
                                              public virtual UndoRecordingControlBase

@@ -64,6 +64,13 @@ QString FrequencyText::Short(double hertz, QChar point)
     return text.left(end) + text.mid(unit);
 }
 
+QString FrequencyText::OfNode(const QString &nodeText, const QLocale &locale, int leastPower)
+{
+    bool isNumber = false;
+    const double hertz = nodeText.toDouble(&isNumber);
+    return isNumber ? Write(hertz, leastPower, locale.decimalPoint()) : nodeText;
+}
+
 QStringList FrequencyText::Units()
 {
     QStringList units;

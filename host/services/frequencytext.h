@@ -2,6 +2,7 @@
 
 #include "hostexport.h"
 
+#include <QLocale>
 #include <QStringList>
 
 #include <optional>
@@ -18,6 +19,10 @@ ORBEL_HOST_EXPORT QString Write(double hertz, int leastPower = 0, QChar point = 
 
 /// As Write(), without the zeros at the end: "26.5 GHz", for messages.
 ORBEL_HOST_EXPORT QString Short(double hertz, QChar point = QLatin1Char('.'));
+
+/// What a field shows for the text of a node, which is a number in Hz; any other text is shown as it is, and infinity
+/// and NaN not at all.
+ORBEL_HOST_EXPORT QString OfNode(const QString &nodeText, const QLocale &locale, int leastPower = 0);
 
 /// The units of Write(), the greatest first.
 ORBEL_HOST_EXPORT QStringList Units();

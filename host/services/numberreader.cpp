@@ -14,6 +14,7 @@ constexpr QLatin1Char Comma(',');
 constexpr QLatin1Char Grouper('_');
 constexpr QLatin1Char Zero('0');
 constexpr double Unlimited = 1e308;
+constexpr double LargestWhole = 9.2e18; // what 64 bits hold
 
 bool IsBlank(uint character)
 {
@@ -40,7 +41,7 @@ QChar PointOf(const QString &number)
 
 TypedNumber Refused(const QString &reason)
 {
-    return {QValidator::Invalid, 0, 0, reason};
+    return {QValidator::Invalid, qQNaN(), qQNaN(), reason};
 }
 
 enum class Grouping { Right, Begun, Wrong };
@@ -233,15 +234,20 @@ double NumberReader::Value(const Digits &digits, int power) const
     return IsWhole ? std::round(number) : number;
 }
 
+bool NumberReader::IsInRange(double number) const
+{
+    return std::fabs(number) < (IsWhole ? LargestWhole : Unlimited);
+}
+
 bool NumberReader::IsWithin(double number) const
 {
-    return std::fabs(number) < Unlimited && number >= Minimum && number <= Maximum;
+    return IsInRange(number) && number >= Minimum && number <= Maximum;
 }
 
 TypedNumber NumberReader::Judge(const Digits &digits, int power) const
 {
     const double number = Value(digits, power);
-    if (std::fabs(number) >= Unlimited)
+    if (!IsInRange(number))
         return Refused(tr("too large"));
     if (number > Maximum)
         return Refused(tr("above %1").arg(Spell(Maximum)));

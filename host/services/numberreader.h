@@ -15,9 +15,9 @@ struct ORBEL_HOST_EXPORT TypedNumber {
     /// Acceptable for a number that the field may take, Intermediate for what may become one by typing on, Invalid for
     /// all else. A field lets any of them stand while it is typed.
     QValidator::State State = QValidator::Intermediate;
-    /// Valid when acceptable: in the base unit, which is Hz for a frequency, and in the unit that the field shows.
-    double Number = 0;
-    double Shown = 0;
+    /// In the base unit, which is Hz for a frequency, and in the unit that the field shows; NaN unless acceptable.
+    double Number = std::numeric_limits<double>::quiet_NaN();
+    double Shown = std::numeric_limits<double>::quiet_NaN();
     /// When acceptable, the number as it was understood: "145.500 000 MHz". When invalid, why: "above 26.5 GHz".
     QString Text;
 
@@ -47,7 +47,7 @@ public:
     /// In base units. Beyond them a number is invalid; 1e308 and infinity are no limit.
     double Minimum = -std::numeric_limits<double>::infinity();
     double Maximum = std::numeric_limits<double>::infinity();
-    /// Rounds to whole base units, a half away from zero.
+    /// Rounds to whole base units, a half away from zero, of which 64 bits hold the number.
     bool IsWhole = false;
     /// How many digits a number may have behind the point in the shown unit, zeros at its end not counted.
     int Decimals = std::numeric_limits<int>::max();
@@ -69,6 +69,7 @@ private:
     bool MayBecomeUnit(const QString &unit) const;
     int PowerWithoutUnit(const Digits &digits) const;
     double Value(const Digits &digits, int power) const;
+    bool IsInRange(double number) const;
     bool IsWithin(double number) const;
     TypedNumber Judge(const Digits &digits, int power) const;
 };

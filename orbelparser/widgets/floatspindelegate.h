@@ -14,6 +14,7 @@ public:
     explicit FloatSpinDelegate(OrbelWidget *widget);
 
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
     QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:

@@ -29,6 +29,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QVector<Face> GetFaces() const override;
     QVariantList GetEdits() const override;
     void PutEdits(const QVariantList &values) override;
     QString SpellEdit(int index, const QVariant &value) const override;
@@ -64,6 +65,7 @@ public:
     Q_INVOKABLE void setSpacingValue(int index, double value);
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private Q_SLOTS:

@@ -30,6 +30,7 @@ public:
     void TakeNode() override;
     QString SpellEdit(int index, const QVariant &value) const override;
     void FinishEditing() override;
+    QVector<Face> GetFaces() const override;
     void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:
@@ -60,6 +61,7 @@ public Q_SLOTS:
     void forceFinishEditing() override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     void NodesMoved() override;
@@ -78,6 +80,7 @@ private:
     void CreateLockButton();
     QString BandwidthPath() const;
     void ShowLock(bool locked);
+    void ShowLockToolTip(bool locked);
     void ShowLockWithRow();
     void KeepLockOpenToAnswers();
     void FreeInput(const QString &name, const QVariant &value);

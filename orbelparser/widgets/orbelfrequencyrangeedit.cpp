@@ -53,8 +53,8 @@ void OrbelFrequencyRangeEdit::MakeNode(
 void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
-    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), tr("Start Frequency"));
-    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), tr("Stop Frequency"));
+    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), QT_TR_NOOP("Start Frequency"));
+    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), QT_TR_NOOP("Stop Frequency"));
     layout->addGroup();
     // Meant: passing through a field marks the form as modified, even when nothing was typed.
     for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
@@ -64,13 +64,15 @@ void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 }
 
 VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
-    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip)
+    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const char *toolTip)
 {
     const QByteArray name = (WidgetName() + suffix).toUtf8();
     auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
+    edit->SetWholeHertz(true);
     edit->SetValueBase(node);
-    edit->setToolTip(toolTip);
-    edit->setAccessibleName(toolTip);
+    SetOwnToolTip(edit, {QLatin1String(toolTip), QString(), QString(), staticMetaObject.className()});
+    edit->setAccessibleName(tr(toolTip));
+    edit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -102,6 +104,14 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
     return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
 }
 
+QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
+{
+    const auto bounds = [](const OwnedNode<ValueDouble> &node) {
+        return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString();
+    };
+    return {{startEdit.data(), tr("start"), bounds(startNode)}, {stopEdit.data(), tr("stop"), bounds(stopNode)}};
+}
+
 void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
 
 void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFrequency)
@@ -127,6 +137,15 @@ void OrbelFrequencyRangeEdit::forceFinishEditing()
         stopEdit->endEdit();
 }
 
+void OrbelFrequencyRangeEdit::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (startEdit)
+        startEdit->setAccessibleName(tr("Start Frequency"));
+    if (stopEdit)
+        stopEdit->setAccessibleName(tr("Stop Frequency"));
+}
+
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
@@ -135,6 +154,10 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);
+    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+        if (edit && name == prop::SingleStep)
+            edit->SetStepGrid(LimitsForNode().Step);
+    }
     PropagateProperty(name, startEdit);
     PropagateProperty(name, stopEdit);
 }

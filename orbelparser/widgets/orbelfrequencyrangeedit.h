@@ -28,6 +28,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return startNode.get(); }
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
     QString SpellEdit(int index, const QVariant &value) const override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
@@ -67,6 +68,7 @@ public Q_SLOTS:
     void forceFinishEditing() override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;
@@ -80,7 +82,7 @@ private Q_SLOTS:
 
 private:
     void MakeNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
-    VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip);
+    VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const char *toolTip);
     void WriteNodes(const QString &name, const QVariant &value);
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
     void Repair(bool startMoved);

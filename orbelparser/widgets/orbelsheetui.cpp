@@ -6,6 +6,8 @@
 #include "floatscrollarea.h"
 #include "formchanges.h"
 #include "formkeys.h"
+#include "openingfocus.h"
+#include "vcfrequency.h"
 
 #include <QAction>
 #include <QApplication>
@@ -59,6 +61,8 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
         area->setObjectName(QStringLiteral("sheetArea"));
         Gui = area;
     }
+    // It hears what the area hears, and while nothing out of view is drawn.
+    content->installEventFilter(this);
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
     if (Changes)
@@ -73,7 +77,7 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
 
-    ApplyButton = new QPushButton(tr("Apply"), box);
+    ApplyButton = new QPushButton(box);
     ApplyButton->setObjectName(QStringLiteral("applyButton"));
     ApplyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     ApplyButton->setEnabled(Modified);
@@ -81,14 +85,39 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     // Meant: the button acts when it goes down.
     connect(ApplyButton, &QPushButton::pressed, this, &OrbelSheetUi::applyNow);
 
-    AutoApplyBox = new QCheckBox(tr("Auto Apply"), box);
+    AutoApplyBox = new QCheckBox(box);
     AutoApplyBox->setObjectName(QStringLiteral("autoApply"));
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
     if (Changes)
         new ChangesButton(box, Changes);
+    Retranslate();
     return box;
+}
+
+void OrbelSheetUi::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (ApplyButton)
+        ApplyButton->setText(tr("Apply"));
+    if (AutoApplyBox)
+        AutoApplyBox->setText(tr("Auto Apply"));
+}
+
+void OrbelSheetUi::FinishFrame()
+{
+    QWidget *rows = Layout ? Layout->parentWidget() : nullptr;
+    if (!Gui || !rows)
+        return;
+    if (ApplyBox && Gui->layout()) {
+        // Tab goes in the order in which widgets come into the window; QWidget::setTabOrder() takes the round for the
+        // order and leaves the row before the first control.
+        Gui->layout()->removeWidget(ApplyBox);
+        ApplyBox->setParent(nullptr);
+        Gui->layout()->addWidget(ApplyBox);
+    }
+    new OpeningFocus(Gui, rows);
 }
 
 void OrbelSheetUi::ScrollToFocus()
@@ -144,9 +173,21 @@ void OrbelSheetUi::EnableInput(bool enable, bool)
         ApplyBox->setEnabled(enable);
 }
 
+bool OrbelSheetUi::eventFilter(QObject *watched, QEvent *event)
+{
+    const Call call(this);
+    if (event->type() == QEvent::LanguageChange && Listener)
+        Listener();
+    return OrbelDelegate::eventFilter(watched, event);
+}
+
 void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::HoverTuning && Gui) {
+        for (VCFrequency *control : Gui->findChildren<VCFrequency *>())
+            control->TuneByHovering(value.toBool());
+    }
     if (name != prop::AutoApplyEnabled)
         return;
     // Meant: a timer that runs goes on, and still announces.

@@ -22,6 +22,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
     QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:

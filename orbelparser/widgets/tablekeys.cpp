@@ -78,6 +78,7 @@ void EnterText(QTableWidget *table, const QModelIndex &cell, const QString &text
 
 TableKeys::TableKeys(QTableWidget *table, OrbelDelegate *control) : QObject(table), Table(table), Control(control)
 {
+    table->setTabKeyNavigation(false);
     table->installEventFilter(this);
     table->viewport()->installEventFilter(this);
 }
@@ -85,7 +86,9 @@ TableKeys::TableKeys(QTableWidget *table, OrbelDelegate *control) : QObject(tabl
 /// The editors of cells are children of the viewport.
 bool TableKeys::FilterEditor(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::ChildAdded)
+    if (event->type() == QEvent::ChildPolished && watched == Table->viewport())
+        NameEditor(qobject_cast<QWidget *>(static_cast<QChildEvent *>(event)->child()));
+    if (event->type() == QEvent::ChildAdded && watched == Table->viewport())
         static_cast<QChildEvent *>(event)->child()->installEventFilter(this);
     auto *spin = qobject_cast<QDoubleSpinBox *>(watched);
     const auto *field = spin ? spin->findChild<QLineEdit *>() : qobject_cast<QLineEdit *>(watched);
@@ -116,6 +119,18 @@ bool TableKeys::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyPress)
         (this->*act)();
     return true;
+}
+
+void TableKeys::NameEditor(QWidget *editor)
+{
+    const QModelIndex cell = editor ? Table->indexAt(editor->geometry().center()) : QModelIndex();
+    if (!cell.isValid())
+        return;
+    const auto header = [&](int section, Qt::Orientation direction) {
+        return Table->model()->headerData(section, direction).toString();
+    };
+    editor->setAccessibleName(
+        tr("column %1, row %2").arg(header(cell.column(), Qt::Horizontal), header(cell.row(), Qt::Vertical)));
 }
 
 void TableKeys::Copy()

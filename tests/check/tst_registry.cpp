@@ -2,11 +2,13 @@
 
 #include "delegatefactory.h"
 #include "forms.h"
+#include "formtexts.h"
 #include "orbelcheck.h"
 #include "registry.h"
 #include "testmain.h"
 
 #include <QRegularExpression>
+#include <QTranslator>
 #include <QtTest>
 
 using namespace Orbel;
@@ -47,6 +49,24 @@ QSet<QString> PropertiesIn(const QString &text)
         found << names.value(use.at(1), "no such constant: " + use.at(1));
     return found;
 }
+
+/// While it lives, notes what is asked of it in the contexts that are no classes, but for the library's words at each
+/// headline: "context: text".
+class Asked : public QTranslator
+{
+public:
+    Asked() { QCoreApplication::installTranslator(this); }
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        const bool isForms = !QByteArray(context).contains("::") && *context != 'Q' && *context != 'V';
+        if (isForms && qstrcmp(text, "Hide %1") != 0)
+            Texts << QString("%1: %2").arg(context, text);
+        return QString();
+    }
+
+    mutable QSet<QString> Texts;
+};
 
 /// The sources of a control, and of what it is made of.
 QString SourcesOf(const QString &stem, QSet<QString> &seen)
@@ -94,6 +114,36 @@ class TestRegistry : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    /// The texts that translators are given are those that a form asks for.
+    void textsForTranslators_data()
+    {
+        QTest::addColumn<QString>("path");
+        const QDir folder(ORBEL_EXAMPLES_DIR "/forms");
+        for (const QString &name : folder.entryList({"*.orbel"}))
+            QTest::newRow(qPrintable(name)) << folder.filePath(name);
+    }
+
+    void textsForTranslators()
+    {
+        QFETCH(QString, path);
+        QSet<QString> told;
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray definition = file.readAll();
+        for (const FormText &text : TextsOf(definition, false))
+            told << text.Context + ": " + text.Source;
+        Asked asked;
+        const Form form(KV218::OrbelParser().ParseORBELFile(path));
+        form->CreateValueTree("/Form");
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        for (const QString &missing : asked.Texts - told) // a script computes others
+            QVERIFY2(!definition.contains(missing.section(": ", 1).toUtf8()), qPrintable(missing));
+        // Other scripts set texts before anybody sees those of the definition, or only later.
+        if (path.endsWith("all_controls.orbel"))
+            QCOMPARE((told - asked.Texts).values().join('\n'), QString());
+    }
+
     void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
     void classesAreThoseOfTheFactory()

@@ -1,179 +1,303 @@
-// What an operator types or pastes: what each kind of field makes of it.
+// What an operator types or pastes: what each kind of field understands, shows and applies. Besides a table of texts
+// there are random ones, as many as ORBEL_TYPED_STEPS says, of which fields get each tenth; ORBEL_TYPED_SEED varies
+// them, and a run of more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
+#include "fieldnote.h"
+#include "frequencytext.h"
+#include "liveform.h"
 #include "numberreader.h"
 #include "testmain.h"
+#include "vclineedit.h"
 
+#include <cmath>
+#include <QClipboard>
 #include <QtTest>
+
+using namespace KV218;
 
 namespace
 {
 
+/// A field in a form of its own: the control "f" of that class, its field, and the property of the field's number.
+struct Field {
+    QString Class;
+    QStringList Properties;
+    QString Name = "f", Property = "value";
+};
+const QMap<QString, Field> Fields = [] {
+    const QStringList receiver{"minimum=String:9000", "maximum=String:26500000000", "labelText=String:Frequency"};
+    const auto frequency = [](const QStringList &more, const char *value) {
+        return Field{"FrequencyEdit", more + QStringList{QString("value=String:") + value}};
+    };
+    const Field range{"FrequencyRangeEdit", {"startFrequency=String:100000000", "stopFrequency=String:200000000"}};
+    QMap<QString, Field> fields{{"kHz", frequency(receiver, "50000")}, {"MHz", frequency(receiver, "100000000")},
+        {"GHz", frequency(receiver, "1000000000")}, {"open MHz", frequency({}, "100000000")},
+        {"open Hz", frequency({}, "50")}, {"Hz", frequency({"minimum=String:0", "maximum=String:20000"}, "500")},
+        {"large", frequency(receiver, "100000000")}, {"start", range}, {"stop", range}};
+    fields["large"].Properties << "MainFreqEdit=Bool:true";
+    fields["large"].Name = "frequency";
+    fields["start"].Name = "f_StartFrequency";
+    fields["start"].Property = "startFrequency";
+    fields["stop"].Name = "f_StopFrequency";
+    fields["stop"].Property = "stopFrequency";
+    return fields;
+}();
+
+/// The reader of a kind of field that stands in no form here.
 NumberReader Reader(const QString &kind, const QLocale &locale)
 {
-    NumberReader reader;
-    reader.Locale = locale;
-    reader.IsFrequency = !kind.startsWith("number") && kind != "integer";
-    if (kind.startsWith("receiver")) {
-        reader.Minimum = 9e3;
-        reader.Maximum = 26.5e9;
-        reader.IsWhole = true;
-        reader.ShownPower = kind.endsWith("GHz") ? 9 : kind.endsWith("MHz") ? 6 : kind.endsWith("kHz") ? 3 : 0;
-    } else if (kind.startsWith("box")) {
+    NumberReader reader = NumberReader::OfHertz(locale);
+    reader.IsFrequency = kind != "number dBm" && kind != "integer";
+    if (kind.startsWith("box")) {
         reader.TakesShownUnit = true;
         reader.IsWhole = true;
         reader.Suffix = kind.mid(4);
-        reader.ShownPower = kind.endsWith("MHz") ? 6 : kind.endsWith("kHz") ? 3 : 0;
+        reader.ShownPower = FrequencyText::PowerOfUnit(reader.Suffix).value_or(0);
         reader.Decimals = reader.ShownPower;
     } else if (kind == "number dBm") {
         reader.Suffix = " dBm";
         reader.Decimals = 2;
     } else if (kind == "integer") {
         reader.Decimals = 0;
-    } else if (kind == "open MHz") {
-        reader.ShownPower = 6;
     }
     return reader;
 }
 
+// What is understood, which the field then shows; an empty note is of a text that may become a number. What is applied,
+// in Hz; null for nothing.
 // clang-format off
-constexpr struct { const char *Kind, *Text, *Note; } Texts[] = {
+constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
     // An integer is in hertz where that lies within the limits, else in the shown unit; a number with a point the other way.
-    {"receiver MHz", "145.5",             "= 145.500 000 MHz"},
-    {"receiver MHz", "145,5",             "= 145.500 000 MHz"},
-    {"receiver MHz", "145",               "= 145.000 000 MHz"},
-    {"receiver MHz", "9",                 "= 9.000 000 MHz"},
-    {"receiver MHz", "8999",              "= 8.999 000 000 GHz"},
-    {"receiver MHz", "9000",              "= 9.000 kHz"},
-    {"receiver MHz", "145500000",         "= 145.500 000 MHz"},
-    {"receiver MHz", "145500",            "= 145.500 kHz"},
-    {"receiver MHz", "145500000.0",       "= 145.500 000 MHz"},
-    {"receiver MHz", "27000",             "= 27.000 kHz"},
-    {"receiver MHz", "27000.0",           "= 27.000 kHz"},
-    {"receiver MHz", "26500.0",           "= 26.500 000 000 GHz"},
-    {"receiver MHz", "0",                 "below 9 kHz"},
-    {"receiver MHz", "0.008",             "below 9 kHz"},
-    {"receiver MHz", "0.009",             "= 9.000 kHz"},
-    {"receiver MHz", "26500000001",       "above 26.5 GHz"},
-    {"receiver MHz", "-145.5",            "below 9 kHz"},
-    {"receiver kHz", "12.5",              "= 12.500 kHz"},
-    {"receiver kHz", "12",                "= 12.000 kHz"},
-    {"receiver kHz", "8",                 "below 9 kHz"},
-    {"receiver kHz", "145500.5",          "= 145.500 500 MHz"},
-    {"receiver kHz", "8999",              "= 8.999 000 MHz"},
-    {"receiver GHz", "2.4",               "= 2.400 000 000 GHz"},
-    {"receiver GHz", "26",                "= 26.000 000 000 GHz"},
-    {"receiver GHz", "27",                "above 26.5 GHz"},
-    {"receiver GHz", "145500.0",          "= 145.500 kHz"},
-    {"receiver Hz",  "145.5",             "below 9 kHz"},
-    {"receiver Hz",  "9000",              "= 9.000 kHz"},
-    {"open MHz",     "145",               "= 145 Hz"},
-    {"open MHz",     "145.5",             "= 145.500 000 MHz"},
-    {"open MHz",     "-3",                "= -3 Hz"},
-    {"open",         "145.5",             "= 145.5 Hz"},
-    {"open",         "99999999999",       "= 99.999 999 999 GHz"},
+    {"MHz",        "145.5",                       "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145,5",                       "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145",                         "= 145.000 000 MHz",                  "145000000"},
+    {"MHz",        "9",                           "= 9.000 000 MHz",                    "9000000"},
+    {"MHz",        "8999",                        "= 8.999 000 000 GHz",                "8999000000"},
+    {"MHz",        "9000",                        "= 9.000 kHz",                        "9000"},
+    {"MHz",        "145500000",                   "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145500",                      "= 145.500 kHz",                      "145500"},
+    {"MHz",        "145500000.0",                 "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "27000",                       "= 27.000 kHz",                       "27000"},
+    {"MHz",        "27000.0",                     "= 27.000 kHz",                       "27000"},
+    {"MHz",        "26500.0",                     "= 26.500 000 000 GHz",               "26500000000"},
+    {"MHz",        "0",                           "below 9 kHz",                        nullptr},
+    {"MHz",        "0.008",                       "below 9 kHz",                        nullptr},
+    {"MHz",        "0.009",                       "= 9.000 kHz",                        "9000"},
+    {"MHz",        "26500000001",                 "above 26.5 GHz",                     nullptr},
+    {"MHz",        "-145.5",                      "below 9 kHz",                        nullptr},
+    {"kHz",        "12.5",                        "= 12.500 kHz",                       "12500"},
+    {"kHz",        "12",                          "= 12.000 kHz",                       "12000"},
+    {"kHz",        "8",                           "below 9 kHz",                        nullptr},
+    {"kHz",        "145500.5",                    "= 145.500 500 MHz",                  "145500500"},
+    {"kHz",        "8999",                        "= 8.999 000 MHz",                    "8999000"},
+    {"GHz",        "2.4",                         "= 2.400 000 000 GHz",                "2400000000"},
+    {"GHz",        "26",                          "= 26.000 000 000 GHz",               "26000000000"},
+    {"GHz",        "27",                          "above 26.5 GHz",                     nullptr},
+    {"GHz",        "145500.0",                    "= 145.500 kHz",                      "145500"},
+    {"Hz",         "145.5",                       "= 146 Hz",                           "146"},
+    {"Hz",         "20001",                       "above 20 kHz",                       nullptr},
+    {"Hz",         "-1",                          "below 0 Hz",                         nullptr},
+    {"Hz",         "15 kHz",                      "= 15.000 kHz",                       "15000"},
+    {"Hz",         "12.5k",                       "= 12.500 kHz",                       "12500"},
+    {"Hz",         "9000",                        "= 9.000 kHz",                        "9000"},
+    {"open MHz",   "145",                         "= 145 Hz",                           "145"},
+    {"open MHz",   "145.5",                       "= 145.500 000 MHz",                  "145500000"},
+    {"open MHz",   "-3",                          "= -3 Hz",                            "-3"},
+    {"reader",     "145.5",                       "= 145.5 Hz",                         "145.5"},
+    {"reader",     "99999999999",                 "= 99.999 999 999 GHz",               "99999999999"},
+    {"large",      "145.5",                       "= 145.500 000 MHz",                  "145500000"},
+    {"large",      "145",                         "= 145.000 000 MHz",                  "145000000"},
+    {"large",      "90g",                         "above 26.5 GHz",                     nullptr},
+    {"large",      "8",                           "= 8.000 000 MHz",                    "8000000"},
+    {"large",      "abc",                         "no number",                          nullptr},
+    {"large",      "M145",                        "no number",                          nullptr},
+    {"large",      "145.5 M",                     "= 145.500 000 MHz",                  "145500000"},
+    {"large",      "145500 kHz",                  "= 145.500 000 MHz",                  "145500000"},
+    {"start",      "144.8",                       "= 144.800 000 MHz",                  "144800000"},
+    {"start",      "8",                           "= 8.000 000 MHz",                    "8000000"},
+    {"start",      "8 k",                         "= 8.000 kHz",                        "8000"},
+    {"start",      "26.5 G",                      "above 26.499 999 999 GHz",           nullptr},
+    {"start",      "300",                         "= 300.000 000 MHz",                  "300000000"},
+    {"stop",       "146",                         "= 146.000 000 MHz",                  "146000000"},
+    {"stop",       "26.5 G",                      "= 26.500 000 000 GHz",               "26500000000"},
+    {"stop",       "8 k",                         "below 8.001 kHz",                    nullptr},
+    {"stop",       "50",                          "= 50.000 000 MHz",                   "50000000"},
     // Units.
-    {"receiver Hz",  "145.5M",            "= 145.500 000 MHz"},
-    {"receiver Hz",  "145.5 mhz",         "= 145.500 000 MHz"},
-    {"receiver Hz",  "145500000 hZ",      "= 145.500 000 MHz"},
-    {"receiver MHz", "145500 k",          "= 145.500 000 MHz"},
-    {"receiver MHz", "9000 Hz",           "= 9.000 kHz"},
-    {"receiver MHz", "9 Hz",              "below 9 kHz"},
-    {"receiver MHz", "2.4 GHZ",           "= 2.400 000 000 GHz"},
-    {"receiver MHz", "1g",                "= 1.000 000 000 GHz"},
-    {"receiver MHz", "26.6 G",            "above 26.5 GHz"},
-    {"receiver MHz", "145.5 MH",          ""},
-    {"receiver MHz", "145.5 H",           ""},
-    {"receiver MHz", "145.5 MB",          "unknown unit \"MB\""},
-    {"receiver MHz", "1e6",               "unknown unit \"e6\""},
-    {"receiver MHz", "145.5x",            "unknown unit \"x\""},
-    {"receiver MHz", "100 megahertz ago", "unknown unit \"megahertzago\""},
-    {"receiver MHz", "145.5 M-5",         "unknown unit \"M-5\""},
-    {"receiver MHz", "MHz",               "no number"},
-    {"receiver MHz", "nan",               "no number"},
-    {"receiver MHz", "inf",               "no number"},
-    {"receiver MHz", "0x10",              "unknown unit \"x10\""},
-    {"receiver MHz", "",                  ""},
-    {"receiver MHz", "  ",                ""},
-    {"receiver MHz", "-",                 ""},
-    {"receiver MHz", "+",                 ""},
-    {"receiver MHz", ".",                 ""},
-    {"receiver MHz", "..",                "two decimal points"},
+    {"open Hz",    "145.5M",                      "= 145.500 000 MHz",                  "145500000"},
+    {"open Hz",    "145.5 mhz",                   "= 145.500 000 MHz",                  "145500000"},
+    {"open Hz",    "145500000 hZ",                "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145500 k",                    "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "9000 Hz",                     "= 9.000 kHz",                        "9000"},
+    {"MHz",        "9 Hz",                        "below 9 kHz",                        nullptr},
+    {"MHz",        "2.4 GHZ",                     "= 2.400 000 000 GHz",                "2400000000"},
+    {"MHz",        "1g",                          "= 1.000 000 000 GHz",                "1000000000"},
+    {"MHz",        "26.6 G",                      "above 26.5 GHz",                     nullptr},
+    {"MHz",        "145.5 MH",                    "",                                   nullptr},
+    {"MHz",        "145.5 H",                     "",                                   nullptr},
+    {"MHz",        "145.5 MB",                    "unknown unit \"MB\"",                nullptr},
+    {"MHz",        "1e6",                         "unknown unit \"e6\"",                nullptr},
+    {"MHz",        "145.5x",                      "unknown unit \"x\"",                 nullptr},
+    {"MHz",        "100 megahertz ago",           "unknown unit \"megahertzago\"",      nullptr},
+    {"MHz",        "145.5 M-5",                   "unknown unit \"M-5\"",               nullptr},
+    {"MHz",        "MHz",                         "no number",                          nullptr},
+    {"MHz",        "nan",                         "no number",                          nullptr},
+    {"MHz",        "inf",                         "no number",                          nullptr},
+    {"MHz",        "0x10",                        "unknown unit \"x10\"",               nullptr},
+    {"MHz",        "",                            "",                                   nullptr},
+    {"MHz",        "  ",                          "",                                   nullptr},
+    {"MHz",        "-",                           "",                                   nullptr},
+    {"MHz",        "+",                           "",                                   nullptr},
+    {"MHz",        ".",                           "",                                   nullptr},
+    {"MHz",        "..",                          "two decimal points",                 nullptr},
     // Points and groups.
-    {"receiver MHz", "145.500.000",       "= 145.500 000 MHz"},
-    {"receiver MHz", "145,500,000",       "= 145.500 000 MHz"},
-    {"receiver MHz", "1.234.567,8",       "= 1.234 568 MHz"},
-    {"receiver MHz", "1,234,567.8 Hz",    "= 1.234 568 MHz"},
-    {"receiver MHz", "1,234.5",           "= 1.234 500 000 GHz"},
-    {"receiver MHz", "1.234,5",           "= 1.234 500 000 GHz"},
-    {"receiver MHz", "1.234,567,890 G",   "= 1.234 567 890 GHz"},
-    {"receiver MHz", "1.5,000,000",       "groups have three digits"},
-    {"receiver MHz", "1.2.3",             "two decimal points"},
-    {"receiver MHz", "145.5.",            "two decimal points"},
-    {"receiver MHz", "1.234.5",           ""},
-    {"receiver MHz", "1.234.",            ""},
-    {"receiver MHz", "1.2345.678",        "two decimal points"},
-    {"receiver MHz", "12,34.5",           "two decimal points"},
-    {"receiver MHz", "1,2,3,4",           "groups have three digits"},
-    {"receiver MHz", "1.234.567,890,123", "groups have three digits"},
-    {"receiver MHz", "145'500'000",       "= 145.500 000 MHz"},
-    {"receiver MHz", "145_500_000_",      "= 145.500 000 MHz"},
-    {"receiver MHz", "145\u2019500\u2019000", "= 145.500 000 MHz"},
-    {"receiver MHz", " 145 . 5 M Hz ",    "= 145.500 000 MHz"},
-    {"receiver MHz", "144.800 000 MHz",   "= 144.800 000 MHz"},
-    {"receiver MHz", "144\u00a0" "800\u202f" "000\u2009", "= 144.800 000 MHz"},
-    {"receiver MHz", "\ufeff\u200e" "145.5\u200b", "= 145.500 000 MHz"},
-    {"receiver MHz", "14 5,5",            "= 145.500 000 MHz"},
-    {"receiver MHz", ".5",                "= 500.000 kHz"},
-    {"receiver MHz", "5.",                "= 5.000 000 MHz"},
-    {"receiver MHz", "+5",                "= 5.000 000 MHz"},
-    {"open",         "\u2212" "3",        "= -3 Hz"},
-    {"open",         "-12.5k",            "= -12.500 kHz"},
-    {"open",         "-0",                "= 0 Hz"},
-    {"open",         "\u0661\u0662k",     "= 12.000 kHz"},
-    {"open",         "\U0001d7d9\U0001d7da", "= 12 Hz"},
-    {"open",         "--3",               "no number"},
+    {"MHz",        "145.500.000",                 "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145,500,000",                 "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "1.234.567,8",                 "= 1.234 568 MHz",                    "1234568"},
+    {"MHz",        "1,234,567.8 Hz",              "= 1.234 568 MHz",                    "1234568"},
+    {"MHz",        "1,234.5",                     "= 1.234 500 000 GHz",                "1234500000"},
+    {"MHz",        "1.234,5",                     "= 1.234 500 000 GHz",                "1234500000"},
+    {"MHz",        "1.234,567,890 G",             "= 1.234 567 890 GHz",                "1234567890"},
+    {"MHz",        "1.5,000,000",                 "groups have three digits",           nullptr},
+    {"MHz",        "1.2.3",                       "two decimal points",                 nullptr},
+    {"MHz",        "145.5.",                      "two decimal points",                 nullptr},
+    {"MHz",        "1.234.5",                     "",                                   nullptr},
+    {"MHz",        "1.234.",                      "",                                   nullptr},
+    {"MHz",        "1.2345.678",                  "two decimal points",                 nullptr},
+    {"MHz",        "12,34.5",                     "two decimal points",                 nullptr},
+    {"MHz",        "1,2,3,4",                     "groups have three digits",           nullptr},
+    {"MHz",        "1.234.567,890,123",           "groups have three digits",           nullptr},
+    {"MHz",        "145'500'000",                 "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145_500_000_",                "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145\u2019500\u2019000",       "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        " 145 . 5 M Hz ",              "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "144.800 000 MHz",             "= 144.800 000 MHz",                  "144800000"},
+    {"MHz",        "144\u00a0" "800\u202f" "000\u2009", "= 144.800 000 MHz",                  "144800000"},
+    {"MHz",        "\ufeff\u200e" "145.5\u200b",  "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "14 5,5",                      "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        ".5",                          "= 500.000 kHz",                      "500000"},
+    {"MHz",        "5.",                          "= 5.000 000 MHz",                    "5000000"},
+    {"MHz",        "+5",                          "= 5.000 000 MHz",                    "5000000"},
+    {"reader",     "\u2212" "3",                  "= -3 Hz",                            "-3"},
+    {"reader",     "-12.5k",                      "= -12.500 kHz",                      "-12500"},
+    {"reader",     "-0",                          "= 0 Hz",                             "0"},
+    {"reader",     "\u0661\u0662k",               "= 12.000 kHz",                       "12000"},
+    {"reader",     "\U0001d7d9\U0001d7da",        "= 12 Hz",                            "12"},
+    {"reader",     "--3",                         "no number",                          nullptr},
     // Whole hertz.
-    {"receiver MHz", "145.5000004",       "= 145.500 000 MHz"},
-    {"receiver MHz", "145.5000005",       "= 145.500 001 MHz"},
-    {"receiver MHz", "26500.0000004",     "= 26.500 000 000 GHz"},
-    {"receiver MHz", "8999.5 Hz",         "= 9.000 kHz"},
-    {"open",         "0.000000001 GHz",   "= 1 Hz"},
-    {"open",         "1.0000005M",        "= 1.000 000 5 MHz"},
+    {"MHz",        "145.5000004",                 "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "145.5000005",                 "= 145.500 001 MHz",                  "145500001"},
+    {"MHz",        "26500.0000004",               "= 26.500 000 000 GHz",               "26500000000"},
+    {"MHz",        "8999.5 Hz",                   "= 9.000 kHz",                        "9000"},
+    {"reader",     "0.000000001 GHz",             "= 1 Hz",                             "1"},
+    {"reader",     "1.0000005M",                  "= 1.000 000 5 MHz",                  "1000000.5"},
     // Boxes.
-    {"box Hz",       "15k",               "= 15.000 kHz"},
-    {"box Hz",       "15 kHz",            "= 15.000 kHz"},
-    {"box Hz",       "15kHzHz",           "= 15.000 kHz"},
-    {"box Hz",       "15 Hz",             "= 15 Hz"},
-    {"box Hz",       "15Hz Hz",           "= 15 Hz"},
-    {"box Hz",       "15",                "= 15 Hz"},
-    {"box Hz",       "15.4",              "= 15 Hz"},
-    {"box Hz",       "Hz",                ""},
-    {"box Hz",       "15kH Hz",           ""},
-    {"box Hz",       "x Hz",              "no number"},
-    {"box kHz",      "12.5",              "= 12.500 kHz"},
-    {"box kHz",      "12",                "= 12.000 kHz"},
-    {"box kHz",      "12500 Hz kHz",      "= 12.500 kHz"},
-    {"box kHz",      "2 MkHz",            "= 2.000 000 MHz"},
-    {"box kHz",      "1.0015",            "= 1.002 kHz"},
-    {"box MHz",      "0.0000005",         "= 1 Hz"},
-    {"box MHz",      "1 kHz",             "= 1.000 kHz"},
-    {"number dBm",   "-12.5",             "= -12.5 dBm"},
-    {"number dBm",   "-12,50 dbm",        "= -12.5 dBm"},
-    {"number dBm",   "-12.5 dBm dBm",     "= -12.5 dBm"},
-    {"number dBm",   "1 000.25",          "= 1000.25 dBm"},
-    {"number dBm",   "1.234,5",           "= 1234.5 dBm"},
-    {"number dBm",   "1.255",             "at most 2 digits behind the point"},
-    {"number dBm",   "5 dB",              ""},
-    {"number dBm",   "5k",                "unknown unit \"k\""},
-    {"number dBm",   "5 k dBm",           "unknown unit \"k\""},
-    {"number dBm",   "- dBm",             ""},
-    {"integer",      "1.000",             "= 1"},
-    {"integer",      "1.000.000",         "= 1000000"},
-    {"integer",      "1 000",             "= 1000"},
-    {"integer",      "1.5",               "whole numbers only"},
-    {"integer",      "5k",                "unknown unit \"k\""},
+    {"box Hz",     "15k",                         "= 15.000 kHz",                       "15000"},
+    {"box Hz",     "15 kHz",                      "= 15.000 kHz",                       "15000"},
+    {"box Hz",     "15kHzHz",                     "= 15.000 kHz",                       "15000"},
+    {"box Hz",     "15 Hz",                       "= 15 Hz",                            "15"},
+    {"box Hz",     "15Hz Hz",                     "= 15 Hz",                            "15"},
+    {"box Hz",     "15",                          "= 15 Hz",                            "15"},
+    {"box Hz",     "15.4",                        "= 15 Hz",                            "15"},
+    {"box Hz",     "Hz",                          "",                                   nullptr},
+    {"box Hz",     "15kH Hz",                     "",                                   nullptr},
+    {"box Hz",     "x Hz",                        "no number",                          nullptr},
+    {"box kHz",    "12.5",                        "= 12.500 kHz",                       "12500"},
+    {"box kHz",    "12",                          "= 12.000 kHz",                       "12000"},
+    {"box kHz",    "12500 Hz kHz",                "= 12.500 kHz",                       "12500"},
+    {"box kHz",    "2 MkHz",                      "= 2.000 000 MHz",                    "2000000"},
+    {"box kHz",    "1.0015",                      "= 1.002 kHz",                        "1002"},
+    {"box MHz",    "0.0000005",                   "= 1 Hz",                             "1"},
+    {"box MHz",    "1 kHz",                       "= 1.000 kHz",                        "1000"},
+    {"number dBm", "-12.5",                       "= -12.5 dBm",                        nullptr},
+    {"number dBm", "-12,50 dbm",                  "= -12.5 dBm",                        nullptr},
+    {"number dBm", "-12.5 dBm dBm",               "= -12.5 dBm",                        nullptr},
+    {"number dBm", "1 000.25",                    "= 1000.25 dBm",                      nullptr},
+    {"number dBm", "1.234,5",                     "= 1234.5 dBm",                       nullptr},
+    {"number dBm", "1.255",                       "at most 2 digits behind the point",  nullptr},
+    {"number dBm", "5 dB",                        "",                                   nullptr},
+    {"number dBm", "5k",                          "unknown unit \"k\"",                 nullptr},
+    {"number dBm", "5 k dBm",                     "unknown unit \"k\"",                 nullptr},
+    {"number dBm", "- dBm",                       "",                                   nullptr},
+    {"integer",    "1.000",                       "= 1",                                nullptr},
+    {"integer",    "1.000.000",                   "= 1000000",                          nullptr},
+    {"integer",    "1 000",                       "= 1000",                             nullptr},
+    {"integer",    "1.5",                         "whole numbers only",                 nullptr},
+    {"integer",    "5k",                          "unknown unit \"k\"",                 nullptr},
 };
 // clang-format on
+
+/// Draws texts that look like numbers, mostly.
+class Dice
+{
+public:
+    int Roll(int count) { return int(Random.bounded(count)); }
+    template <class List> auto Pick(const List &list) { return list[size_t(Roll(int(std::size(list))))]; }
+
+    QString Text()
+    {
+        static constexpr const char *pieces[] = {"0", "00", "000", "1", "9", "145", "500", "26", "8",
+            "12345678901234567890", ".", ",", ".", ",", " ", "'", "_", "\u00a0", "-", "\u2212", "+", "\u0663", "k", "M",
+            "G", "Hz", "kHz", " MHz", "ghz", "dBm", "h", "x", "e6", "\U0001d7d9"};
+        QString text;
+        if (Roll(2))
+            text = FrequencyText::Write(double(Random.generate64() % 100000000000U) / Pick(Scales), Roll(12));
+        for (int i = Roll(4); i > 0; --i)
+            text.insert(Roll(text.size() + 1), QString::fromUtf8(Pick(pieces)));
+        return text;
+    }
+    NumberReader Reader()
+    {
+        NumberReader reader = NumberReader::OfHertz(Roll(2) ? QLocale(QLocale::German) : QLocale::c());
+        reader.ShownPower = 3 * Roll(4);
+        reader.Suffix = Roll(2) ? QString() : ' ' + FrequencyText::Units()[3 - reader.ShownPower / 3];
+        reader.IsWhole = Roll(2);
+        reader.TakesShownUnit = Roll(2);
+        if (Roll(2))
+            reader.Minimum = Pick(Scales) - 1000;
+        if (Roll(2))
+            reader.Maximum = Pick(Scales) * 26.5;
+        if (Roll(3) == 0)
+            reader.Decimals = Roll(10);
+        if (Roll(4) == 0) {
+            reader.IsFrequency = false;
+            reader.ShownPower = 0;
+        }
+        return reader;
+    }
+
+private:
+    static constexpr double Scales[] = {1, 1e3, 1e6, 1e9};
+    QRandomGenerator Random{quint32(qEnvironmentVariableIntValue("ORBEL_TYPED_SEED"))};
+};
+
+/// What is wrong with the reading of a text; empty for nothing.
+QString Faults(const NumberReader &reader, const QString &text)
+{
+    const TypedNumber typed = reader.Read(text);
+    if ((typed.State == QValidator::Intermediate) != typed.Text.isEmpty())
+        return "a text that may become a number gives no reason, any other does";
+    if (!typed.IsNumber())
+        return QString();
+    if (!(typed.Number >= reader.Minimum && typed.Number <= reader.Maximum))
+        return "out of the limits";
+    if (reader.IsWhole && std::trunc(typed.Number) != typed.Number)
+        return "no whole number";
+    if (reader.Read(typed.Text).Number != typed.Number)
+        return "told is " + typed.Text;
+    NumberReader shown = reader;
+    shown.TakesShownUnit = true;
+    const QString plain = FrequencyText::Plain(typed.Shown);
+    // More digits than a number holds are rounded twice.
+    const double apart = std::fabs(shown.Read(plain).Number - typed.Number);
+    return apart <= std::fabs(typed.Number) * 3e-16 ? QString() : "shown is " + plain;
+}
+
+int Steps()
+{
+    bool stated = false;
+    const int steps = qEnvironmentVariableIntValue("ORBEL_TYPED_STEPS", &stated);
+    return stated ? steps : 20000;
+}
 
 } // namespace
 
@@ -182,28 +306,125 @@ class TestTyped : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void cleanup()
+    {
+        QLocale::setDefault(QLocale::c());
+        QCOMPARE(LeftOver(), QString());
+    }
+
     void texts_data()
     {
         QTest::addColumn<QString>("kind");
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("note");
+        QTest::addColumn<QString>("applied");
         for (const auto &row : Texts)
-            QTest::addRow("%s: %s", row.Kind, row.Text)
-                << QString(row.Kind) << QString::fromUtf8(row.Text) << QString::fromUtf8(row.Note);
-        QTest::newRow("too long for a number") << "open" << QString(400, '9') << "too large";
-        QTest::newRow("too long within limits") << "receiver MHz" << QString(400, '9') << "too large";
-        QTest::newRow("ten thousand blanks") << "open" << QString(10000, ' ') + "7" << "= 7 Hz";
+            QTest::addRow("%s: %s", row.Kind, row.Text) << QString(row.Kind) << QString::fromUtf8(row.Text)
+                                                        << QString::fromUtf8(row.Note) << QString(row.Applied);
+        for (const char *kind : {"reader", "MHz", "large"})
+            QTest::addRow("%s: too long for a number", kind) << kind << QString(400, '9') << "too large" << QString();
+        QTest::newRow("ten thousand blanks") << "reader" << QString(10000, ' ') + "7"
+                                             << "= 7 Hz"
+                                             << "7";
     }
     void texts()
     {
         QFETCH(QString, kind);
         QFETCH(QString, text);
         QFETCH(QString, note);
-        QCOMPARE(Reader(kind, QLocale::c()).Read(text).Note(), note);
-        // The point is the locale's in what is told, never in what is understood.
-        if (note.startsWith("= ") || note.startsWith("above"))
-            note.replace('.', ',');
-        QCOMPARE(Reader(kind, QLocale(QLocale::German)).Read(text).Note(), note);
+        QFETCH(QString, applied);
+        for (const QLocale &locale : {QLocale::c(), QLocale(QLocale::German)}) {
+            // The point is the locale's in what is told, never in what is understood.
+            if (!note.startsWith("unknown"))
+                note.replace('.', locale.decimalPoint());
+            if (!Fields.contains(kind)) {
+                QCOMPARE(Reader(kind, locale).Read(text).Note(), note);
+                continue;
+            }
+            QLocale::setDefault(locale);
+            for (const bool paste : {false, true})
+                Enter(Fields[kind], text, paste, note, applied);
+        }
+    }
+
+    void anyTextIsReadAsItIsTold()
+    {
+        Dice dice;
+        int numbers = 0;
+        for (int step = Steps(); step > 0; --step) {
+            const NumberReader reader = dice.Reader();
+            const QString text = dice.Text();
+            QCOMPARE(Faults(reader, text) + " of " + text, " of " + text);
+            numbers += reader.Read(text).IsNumber();
+        }
+        qInfo("%d of %d texts are numbers", numbers, Steps());
+    }
+
+    void anyTextIsAppliedAsItIsShown()
+    {
+        Dice dice;
+        for (const QString kind : {"MHz", "large", "start", "Hz", "open Hz"}) {
+            const Field &place = Fields[kind];
+            LiveForm live(Form(place));
+            auto *field = live.Find<VCLineEdit>(place.Name);
+            OrbelDelegate *f = live.Get("f");
+            const auto held = [&] { return f->property(place.Property.toLatin1()).toDouble(); };
+            field->setFocus();
+            for (int step = Steps() / 50; step > 0; --step) {
+                const QString text = dice.Text();
+                field->selectAll();
+                field->insert(text);
+                const TypedNumber typed = field->GetReader().Read(field->text());
+                const double expected
+                    = field->text() != FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
+                QTest::keyClick(field, dice.Roll(2) ? Qt::Key_Return : Qt::Key_Tab);
+                QTest::keyClick(field, Qt::Key_Escape);
+                field->setFocus();
+                QVERIFY2(held() == expected, qPrintable(text));
+                QVERIFY2(NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
+                QVERIFY2(
+                    !typed.IsNumber() || (held() >= field->GetReader().Minimum && held() <= field->GetReader().Maximum),
+                    qPrintable(text));
+            }
+        }
+    }
+
+private:
+    static QString Form(const Field &place)
+    {
+        return forms::Widget(
+            "f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"});
+    }
+    void Enter(const Field &place, const QString &text, bool paste, const QString &note, const QString &applied)
+    {
+        LiveForm live(
+            forms::Widget("f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"}));
+        QWidget *field = live.Find(place.Name);
+        const QString before = field->property("text").toString();
+        const QColor colour = field->palette().color(QPalette::Text);
+        const QVariant held = live.Get("f")->property(place.Property.toLatin1());
+        field->setFocus();
+        QTest::keySequence(field, QKeySequence::SelectAll);
+        QTest::keyClick(field, Qt::Key_Delete);
+        QApplication::clipboard()->setText(text);
+        if (paste)
+            QTest::keySequence(field, QKeySequence::Paste);
+        // QTest knows the keys of Latin letters only.
+        for (const QChar letter : paste ? QString() : text)
+            QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+        QCOMPARE(FieldNote::TextOf(field), note);
+        const bool refused = applied.isNull() && !note.isEmpty();
+        QCOMPARE(field->palette().color(QPalette::Text) != colour, refused);
+        QTest::keyClick(field, Qt::Key_Return);
+        if (applied.isNull()) {
+            QCOMPARE(field->property("text").toString(), text);
+            QCOMPARE(FieldNote::TextOf(field), note);
+            QTest::keyClick(field, Qt::Key_Escape);
+        }
+        QCOMPARE(FieldNote::TextOf(field), QString());
+        QCOMPARE(live.Get("f")->property(place.Property.toLatin1()).toString(),
+            applied.isNull() ? held.toString() : applied);
+        QCOMPARE(field->property("text").toString(), applied.isNull() ? before : note.mid(2));
     }
 };
 

@@ -70,6 +70,12 @@ public:
         return false;
     }
 
+    bool event(QEvent *event) override
+    {
+        const bool isSet = event->type() == QEvent::DynamicPropertyChange;
+        return (isSet && hear("a script sets a property of the host's")) || QObject::event(event);
+    }
+
     /// The last whom a node tells, when added last.
     struct LastEar : IObserver {
         explicit LastEar(Ears *ears) : Owner(ears) { }
@@ -289,7 +295,7 @@ private:
             "function hear(what) { if (!ears.hear('a script ' + what)) return;"
             "subject.setVisible(true); subject.setEnabled(true); subject.setModified(true); subject.setFocus();"
             "subject.setCustomProperty('c', 1); z.setText('late'); sheet.setModified(true); sheet.applyNow();"
-            "throw 'late'; } ears.told.connect(function () { hear('hears the host'); });");
+            "throw 'late'; } ears.told.connect(function () { hear('hears the host'); ears.heard = 1; });");
         Parts = {form->GetScriptValues().value("sheet").engine(), form.data()};
         ears.Listen(form.data());
         for (const char *name : {"sheet", "subject", "z"}) {
