@@ -36,7 +36,7 @@ int LastPartIndex(const QString &path)
 }
 
 /// What a tooltip tells of bounds; an empty one is not set.
-QString BoundsText(const QString &lowest, const QString &highest)
+QString BoundsMarkup(const QString &lowest, const QString &highest)
 {
     if (lowest.isEmpty() && highest.isEmpty())
         return QString();
@@ -247,7 +247,7 @@ void OrbelDelegate::SetBoundsTooltip(QWidget *control, const QString &lowest, co
 {
     // The opening tag makes Qt show it as rich text.
     SetOwnToolTip(
-        control, {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsText(lowest, highest)});
+        control, {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsMarkup(lowest, highest)});
 }
 
 void OrbelDelegate::SetIntTooltip(QWidget *control)

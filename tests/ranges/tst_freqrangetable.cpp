@@ -144,22 +144,6 @@ private Q_SLOTS:
         QVERIFY(bench.Table.AttachToValue("/T/r") && !bench.Table.isEnabled());
     }
 
-    void theDialogOutlivesNodeButNotForm()
-    {
-        for (const bool formGoes : {false, true}) {
-            Bench bench("1000..2000");
-            auto form = std::make_unique<QWidget>();
-            QTimer::singleShot(0, [&] {
-                auto *dialog = form->findChild<QDialog *>();
-                formGoes ? form.reset() : Tree::Instance()->RemoveNode("/T/r");
-                if (form && !dialog->findChild<FreqRangeTable *>()->isEnabled())
-                    dialog->accept();
-            });
-            EditExclusionRanges(bench.Node, form.get(), "test");
-            QCOMPARE(!form, formGoes);
-        }
-    }
-
     void theDialogEditsTheListItWasGiven()
     {
         Bench bench("1000..2000");

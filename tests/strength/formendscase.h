@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms.h"
+#include "liveform.h"
 #include "orbelformularmanager.h"
 #include "orbelsheetui.h"
 #include "translationcenter.h"
@@ -125,22 +125,6 @@ private:
     }
 
     QStringList Awaited;
-};
-
-/// Closes modal dialogs and menus, which wait for the operator.
-struct DialogCloser : QTimer {
-    explicit DialogCloser(Ears *ears)
-    {
-        connect(this, &QTimer::timeout, ears, [ears] {
-            QWidget *menu = QApplication::activePopupWidget();
-            const QPointer<QWidget> open = menu ? menu : QApplication::activeModalWidget();
-            if (open)
-                ears->hear("a dialog of the subject opens");
-            if (open)
-                open->close();
-        });
-        start(0);
-    }
 };
 
 enum class Stage { Parsed, Bound, Built, BuiltWithApplyRow, Managed };
