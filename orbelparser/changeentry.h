@@ -10,9 +10,9 @@ namespace KV218
 
 class OrbelDelegate;
 
-/// One change of the operator on the form's undo stack. Moving it either way leaves alone what others have set since; one
-/// that finds no values to move becomes obsolete, unless a lock is the reason, or they
-/// stand already where they would go.
+/// One change of the operator on the form's undo stack. Moving it either way leaves alone what others have set since;
+/// one that finds no values to move becomes obsolete, unless a lock is the reason, or they stand already where they
+/// would go.
 class ChangeEntry : public QUndoCommand
 {
 public:

@@ -2,6 +2,8 @@
 
 #include "orbeldelegate.h"
 
+#include <QCoreApplication>
+
 class ValueCommentedRangeMap;
 
 namespace KV218
@@ -22,6 +24,8 @@ struct ExclusionListFormat {
 /// The custom property `customXmlTag` names the list's element; without custom properties it is the object name.
 class ExclusionListDelegate : public OrbelDelegate
 {
+    Q_DECLARE_TR_FUNCTIONS(KV218::ExclusionListDelegate)
+
 public:
     /// `format` outlives the object.
     ExclusionListDelegate(OrbelWidget *widget, const ExclusionListFormat &format);

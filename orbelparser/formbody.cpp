@@ -217,8 +217,8 @@ void FormBody::SetXmlString(const QString &xml)
 /// A text that its field refuses stays there; the rest is applied.
 void FormBody::ApplyTyped()
 {
-    const bool free = Sheet.IsInputEnabled(OrbelSheet::EnableScopeInput)
-        && Sheet.IsInputEnabled(OrbelSheet::EnableScopeSheet);
+    const bool free
+        = Sheet.IsInputEnabled(OrbelSheet::EnableScopeInput) && Sheet.IsInputEnabled(OrbelSheet::EnableScopeSheet);
     if (!free)
         return;
     const CallScope call(Sheet.GetLife());

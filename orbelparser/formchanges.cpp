@@ -43,7 +43,9 @@ void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int
 void FormChanges::Push(ChangeEntry *entry)
 {
     if (Busy) {
-        QMetaObject::invokeMethod(this, [this, entry] { Push(entry); }, Qt::QueuedConnection);
+        const auto kept = std::make_shared<std::unique_ptr<ChangeEntry>>(entry);
+        QMetaObject::invokeMethod(
+            this, [this, kept] { Push(kept->release()); }, Qt::QueuedConnection);
         return;
     }
     const CallScope call(Life);

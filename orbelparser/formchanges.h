@@ -1,6 +1,5 @@
 #pragma once
 
-
 #include <QHash>
 #include <QObject>
 #include <QPointer>
@@ -19,9 +18,9 @@ class OrbelDelegate;
 /// What the operator has changed in a form: a stack of his finished changes, which can be undone and redone, and the
 /// controls whose changes wait to be applied. Changes of the host and of scripts are not recorded.
 ///
-/// Undo goes the operator's road. It puts back a value only where the one stands that its change left; what the host or a
-/// script has set since stays, and an entry of which nothing stands any more is dropped. An entry of a control that is
-/// locked stays and does nothing.
+/// Undo goes the operator's road. It puts back a value only where the one stands that its change left; what the host or
+/// a script has set since stays, and an entry of which nothing stands any more is dropped. An entry of a control that
+/// is locked stays and does nothing.
 class FormChanges : public QObject
 {
     Q_OBJECT

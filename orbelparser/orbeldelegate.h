@@ -10,6 +10,7 @@
 #include "value.h"
 #include "valuenumeric.h"
 
+#include <memory>
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QMap>
@@ -19,7 +20,6 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
-#include <memory>
 
 class FloatGroupLayout;
 class IValueNumeric;
@@ -123,7 +123,8 @@ public:
 
     /// The values that the operator changes by this control. The base gives the texts of the nodes.
     virtual QVariantList GetEdits() const;
-    /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left alone.
+    /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left
+    /// alone.
     virtual void PutEdits(const QVariantList &values);
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
@@ -197,8 +198,9 @@ public:
         explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
     };
 
-    /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the form
-    /// record the change at its end. Within another one, or within the operator's act on a node, it is a part of that.
+    /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the
+    /// form record the change at its end. Within another one, or within the operator's act on a node, it is a part of
+    /// that.
     class OperatorChange
     {
     public:
@@ -227,7 +229,8 @@ protected:
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
-    /// Must be called by a control that sets its node itself for the operator, before it does: the form then records it.
+    /// Must be called by a control that sets its node itself for the operator, before it does: the form then records
+    /// it.
     void JoinAct(const Observable *node);
     /// The operator types and has changed no value yet: setModified(false).
     void MarkTyping();

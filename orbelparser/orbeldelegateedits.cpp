@@ -1,9 +1,10 @@
 // What the operator changes by a control: how it is seen, recorded, put back, and told.
 
+#include "orbeldelegate.h"
+
 #include "formdoor.h"
 #include "formlimits.h"
 #include "operatoract.h"
-#include "orbeldelegate.h"
 #include "orbelwidget.h"
 #include "propertynames.h"
 
@@ -48,9 +49,12 @@ QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantLis
     QStringList from;
     QStringList to;
     int last = 0;
-    const auto spelled = [this](int index, const QVariant &value) {
+    const QString none = tr("(empty)");
+    const auto spelled = [&](int index, const QVariant &value) {
         const QString text = SpellEdit(index, value).simplified();
-        return text.isEmpty() ? tr("(empty)") : text.size() > limit::ToldValue ? text.left(limit::ToldValue) + QChar(0x2026) : text;
+        if (text.size() > limit::ToldValue)
+            return text.left(limit::ToldValue) + QChar(0x2026);
+        return text.isEmpty() ? none : text;
     };
     for (int i = 0; i < before.size() && i < after.size(); ++i) {
         if (IsSameEdit(before.at(i), after.at(i)))

@@ -51,8 +51,8 @@ public:
         return code != ekChangeState;
     }
 
-    /// Runs `set`, by which the operator sets the node and which leaves `control` out, and has the control show what the
-    /// node holds then. False when somebody who was told has deleted the control, which holds this.
+    /// Runs `set`, by which the operator sets the node and which leaves `control` out, and has the control show what
+    /// the node holds then. False when somebody who was told has deleted the control, which holds this.
     template <class Control, class Set> bool Write(Control *control, const Set &set)
     {
         const OperatorAct act(Base);

@@ -10,8 +10,8 @@
 class Observable;
 class ValueBase;
 
-/// While one of these lives, the operator sets a node by a control. Observers of the node tell by it an operator's change
-/// from one of a host or a script; what others set meanwhile, other nodes above all, is theirs. GUI thread only.
+/// While one of these lives, the operator sets a node by a control. Observers of the node tell by it an operator's
+/// change from one of a host or a script; what others set meanwhile, other nodes above all, is theirs. GUI thread only.
 class ORBEL_HOST_EXPORT OperatorAct
 {
 public:
@@ -31,7 +31,8 @@ public:
     /// The text of the node before the act.
     const QString &GetBefore() const { return Before; }
     int GetSession() const { return Session; }
-    /// Does `then` when the node is set and everybody was told; for each `who` the first one only. False for a further one.
+    /// Does `then` when the node is set and everybody was told; for each `who` the first one only. False for a further
+    /// one.
     bool AtEnd(const void *who, const std::function<void()> &then);
 
 private:

@@ -10,8 +10,8 @@ inline bool IsRedoKey(const QKeyEvent &key)
     return common || key.matches(QKeySequence::Redo);
 }
 
-/// Whether an event is the key to undo or redo, and nothing was typed into the field that it could mean: then it belongs
-/// to whoever undoes committed changes. Qt's field would keep it.
+/// Whether an event is the key to undo or redo, and nothing was typed into the field that it could mean: then it
+/// belongs to whoever undoes committed changes. Qt's field would keep it.
 inline bool LeavesUndoToForm(const QLineEdit &field, const QEvent &event)
 {
     if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress)

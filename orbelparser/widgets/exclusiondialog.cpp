@@ -72,8 +72,7 @@ private:
 
 } // namespace
 
-void EditExclusionRanges(
-    ValueCommentedRangeMap *ranges, QWidget *parent, const char *context, OrbelDelegate *control)
+void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const char *context, OrbelDelegate *control)
 {
     if (!ranges)
         return;

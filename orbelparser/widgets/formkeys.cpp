@@ -29,8 +29,8 @@ FormKeys::Act FormKeys::ActOf(const QKeyEvent &key)
     return IsRedoKey(key) ? &FormChanges::Redo : nullptr;
 }
 
-/// Qt asks before each key whether somebody claims it, from the widget with the focus upwards, and gives it to that widget
-/// if so. It is caught on its way there, since some widgets keep every key that they get.
+/// Qt asks before each key whether somebody claims it, from the widget with the focus upwards, and gives it to that
+/// widget if so. It is caught on its way there, since some widgets keep every key that they get.
 bool FormKeys::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride && watched == Form && Changes) {

@@ -13,8 +13,8 @@ class FormChanges;
 
 /// The keys that work wherever the focus stands in a form, cells that are being edited included: undo and redo of
 /// committed changes, where the field with the focus has nothing typed of its own to take back, and Ctrl+Return, which
-/// commits what is typed and applies. The form's keys come before equal ones of its window, and other forms there do not
-/// hear of them.
+/// commits what is typed and applies. The form's keys come before equal ones of its window, and other forms there do
+/// not hear of them.
 class FormKeys : public QObject
 {
 public:

@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QTableWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace KV218
@@ -209,10 +210,11 @@ void OrbelTable::PutEdits(const QVariantList &values)
                 edited.append(cell);
         }
     }
-    for (const QPoint &cell : qAsConst(edited)) {
+    // A value may go back alone, where a script has set what its cell shows.
+    if (!edited.isEmpty() || !std::equal(Cells.begin(), Cells.end(), before.begin(), &IsSameEdit))
         setModified(true);
+    for (const QPoint &cell : qAsConst(edited))
         Q_EMIT cellChanged(cell.y(), cell.x());
-    }
 }
 
 QString OrbelTable::SpellChange(const QVariantList &before, const QVariantList &after) const

@@ -21,7 +21,8 @@ class TableKeys : public QObject
     Q_OBJECT
 
 public:
-    /// Belongs to `table`. The form of `control`, which is not owned and may go before, records a paste; null records none.
+    /// Belongs to `table`. The form of `control`, which is not owned and may go before, records a paste; null records
+    /// none.
     explicit TableKeys(QTableWidget *table, OrbelDelegate *control = nullptr);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -18,8 +18,8 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTableWidget>
-#include <QUndoStack>
 #include <QtTest>
+#include <QUndoStack>
 
 using namespace KV218;
 using namespace forms;
@@ -38,15 +38,17 @@ QString Control(const QString &name, const QString &className, const QStringList
 QString Receiver()
 {
     return Control("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "value=String:145500000", "maximum=String:1e9"})
-        + Control("text", "LineEdit", {"text=String:one"}) + Control("gain", "SpinBox", {"value=Int:5", "maximum=Int:60"})
+        + Control("text", "LineEdit", {"text=String:one"})
+        + Control("gain", "SpinBox", {"value=Int:5", "maximum=Int:60"})
         + Control("range", "FrequencyRangeEdit",
-            {"startFrequency=String:1000000", "stopFrequency=String:2000000", "startFrequencyParameterXmlTag=String:Start",
-                "stopFrequencyParameterXmlTag=String:Stop"});
+            {"startFrequency=String:1000000", "stopFrequency=String:2000000",
+                "startFrequencyParameterXmlTag=String:Start", "stopFrequencyParameterXmlTag=String:Stop"});
 }
 
 /// Active, so that a field hears when the focus leaves it.
 struct Live : LiveForm {
-    explicit Live(const QString &body, bool applyUi = true, const QString &path = "/Form") : LiveForm(body, applyUi, path)
+    explicit Live(const QString &body, bool applyUi = true, const QString &path = "/Form")
+        : LiveForm(body, applyUi, path)
     {
         QApplication::setActiveWindow(window.get());
     }
@@ -176,8 +178,9 @@ private Q_SLOTS:
             return [=] { TypeIntoCell(window->findChild<QTableWidget *>(name), row, 0, text); };
         };
         const std::vector<std::function<void()>> edits{typed("lineEdit", "ANT 2"), typed("ipEdit", "10.0.0.2"),
-            [&] { QTest::keyClick(find("checkBox"), Qt::Key_Space); }, [&] { QTest::keyClick(find("comboBox"), Qt::Key_Down); },
-            typed("SpinBox", "13"), typed("doubleSpinBox", "2.5"), typed("baudRate", "4800"), typed("bandwidth", "15"),
+            [&] { QTest::keyClick(find("checkBox"), Qt::Key_Space); },
+            [&] { QTest::keyClick(find("comboBox"), Qt::Key_Down); }, typed("SpinBox", "13"),
+            typed("doubleSpinBox", "2.5"), typed("baudRate", "4800"), typed("bandwidth", "15"),
             typed("frequency", "146 MHz"), typed("frequencyRangeEdit_StartFrequency", "147 MHz"),
             typed("frequencyRangeEdit_StopFrequency", "20 MHz"), typed("offset", "7"), spin("spinBoxList", "4"),
             spin("doubleSpinBoxList", "1.5"), spin("shiftList", "170"), cell("tableWidget", 0, "a"),
@@ -197,8 +200,8 @@ private Q_SLOTS:
             texts << stack->text(i);
         QVERIFY2(stack->count() == int(edits.size()), qPrintable(texts.join('\n')));
         QCOMPARE(texts.mid(0, 5),
-            (QStringList{"Line edit: ANT 1 \u2192 ANT 2", "Address: 10.0.0.1 \u2192 10.0.0.2", "Check box: on \u2192 off",
-                "Combo box: FM \u2192 Upper sideband", "Spin box: 12 dB \u2192 13 dB"}));
+            (QStringList{"Line edit: ANT 1 \u2192 ANT 2", "Address: 10.0.0.1 \u2192 10.0.0.2",
+                "Check box: on \u2192 off", "Combo box: FM \u2192 Upper sideband", "Spin box: 12 dB \u2192 13 dB"}));
         QCOMPARE(texts.at(7), QString("Bandwidth: 2.700kHz \u2192 15.000kHz"));
         QCOMPARE(texts.at(8), QString("Frequency: 145.500 000 MHz \u2192 146.000 000 MHz"));
         QCOMPARE(texts.at(17), QString("Channel spacing 2: 12.50 \u2192 20.00"));
@@ -425,7 +428,8 @@ private Q_SLOTS:
         const auto menu = [&] {
             QTest::mouseClick(button, Qt::LeftButton);
             return QTest::qWaitFor([&] { return live.Find<QMenu>("changesMenu") != nullptr; })
-                ? live.Find<QMenu>("changesMenu") : nullptr;
+                ? live.Find<QMenu>("changesMenu")
+                : nullptr;
         };
         const auto choose = [&](QMenu *open, const QString &text) {
             for (QAction *action : open->actions()) {
@@ -442,7 +446,8 @@ private Q_SLOTS:
         for (QAction *action : open->actions())
             texts << action->text();
         QCOMPARE(texts.join(" / "),
-            QString("Undo TEXT: one \u2192 two\tCtrl+Z / Redo\tCtrl+Shift+Z /  / GAIN: 5 \u2192 7 / TEXT: one \u2192 two /  / "
+            QString("Undo TEXT: one \u2192 two\tCtrl+Z / Redo\tCtrl+Shift+Z /  / GAIN: 5 \u2192 7 / TEXT: one \u2192 "
+                    "two /  / "
                     "Apply\tCtrl+Return / Revert all"));
         choose(open, "GAIN");
         QVERIFY(live.Get("gain")->isGroupVisible());
