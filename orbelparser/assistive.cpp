@@ -193,8 +193,10 @@ QString Assistive::DescriptionOf(const QWidget *widget, const QString &own)
     QString toolTip = PlainText(widget->toolTip());
     if (!shown.Of.Bounds.isEmpty() || Says(name, toolTip))
         toolTip.clear();
-    return Joined({IsRefused(widget) ? Translated("not accepted") : QString(), set.isEmpty() ? shown.Of.Bounds : set,
-        toolTip, label && label->IsMarked() ? Translated("changed, not applied") : QString()});
+    return Joined({IsRefused(widget) ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "not accepted")) : QString(),
+        set.isEmpty() ? shown.Of.Bounds : set, toolTip,
+        label && label->IsMarked() ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "changed, not applied"))
+                                   : QString()});
 }
 
 RowLabel *Assistive::LabelOf(const QWidget *widget)

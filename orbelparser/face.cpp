@@ -42,8 +42,9 @@ QString SpokenNumber(QString number)
 QString BoundsText(const QString &lowest, const QString &highest)
 {
     if (lowest.isEmpty())
-        return highest.isEmpty() ? QString() : Translated("up to %1").arg(highest);
-    return highest.isEmpty() ? Translated("from %1").arg(lowest) : Translated("%1 to %2").arg(lowest, highest);
+        return highest.isEmpty() ? QString() : Translated(QT_TRANSLATE_NOOP("KV218::Face", "up to %1")).arg(highest);
+    return highest.isEmpty() ? Translated(QT_TRANSLATE_NOOP("KV218::Face", "from %1")).arg(lowest)
+                             : Translated(QT_TRANSLATE_NOOP("KV218::Face", "%1 to %2")).arg(lowest, highest);
 }
 
 QString FrequencyBounds(double lowest, double highest)

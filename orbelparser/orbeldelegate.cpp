@@ -126,8 +126,10 @@ void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
 void OrbelDelegate::LanguageChanged()
 {
     const Call call(this);
-    if (!Closed)
-        Retranslate();
+    if (Closed)
+        return;
+    Retranslate();
+    Assistive::PropertyChanged(this, prop::LabelText);
 }
 
 void OrbelDelegate::Retranslate()

@@ -365,4 +365,30 @@
         <translation>Spalte %1, Zeile %2</translation>
     </message>
 </context>
+<context>
+    <name>KV218::Assistive</name>
+    <message>
+        <source>not accepted</source>
+        <translation>nicht angenommen</translation>
+    </message>
+    <message>
+        <source>changed, not applied</source>
+        <translation>geändert, nicht übernommen</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::Face</name>
+    <message>
+        <source>up to %1</source>
+        <translation>bis %1</translation>
+    </message>
+    <message>
+        <source>from %1</source>
+        <translation>ab %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+</context>
 </TS>

@@ -5,6 +5,7 @@
 #include "frequencytext.h"
 #include "ivaluenumeric.h"
 #include "typingundo.h"
+#include "valuenumeric.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -56,8 +57,8 @@ NumberReader VCLineEdit::GetReader() const
 {
     NumberReader reader = NumberReader::OfHertz(locale());
     reader.ShownPower = FrequencyText::ShownPower(Content);
-    reader.IsWhole = WholeHertz;
     if (const auto *node = dynamic_cast<const IValueNumeric *>(Node.get())) {
+        reader.IsWhole = WholeHertz || !dynamic_cast<const ValueDouble *>(node);
         reader.Minimum = node->GetMin();
         reader.Maximum = node->GetMax();
     }

@@ -44,7 +44,7 @@ public:
     /// How a field of the frequency kind reads a text now: NumberReader tells the rules. The shown unit is that of the
     /// node's text that the field last showed, and the limits are those of a numeric node.
     NumberReader GetReader() const;
-    /// Rounds typed frequencies to whole hertz; off at the start.
+    /// Rounds typed frequencies to whole hertz, as is done for a node of integers; off at the start.
     void SetWholeHertz(bool whole) { WholeHertz = whole; }
 
     /// These hide those of the base class, which would lose a pending text, or leave a cut one behind.

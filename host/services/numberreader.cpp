@@ -152,13 +152,14 @@ TypedNumber NumberReader::Read(const QString &text) const
     number.truncate(end);
 
     const Digits digits = Digits::From(number);
-    if (digits.Groups == Grouping::Wrong) {
+    const bool goesOn = digits.Groups == Grouping::Begun && unit.isEmpty();
+    if (digits.Groups != Grouping::Right && !goesOn) {
         const bool two = number.count(Point) + number.count(Comma) == 2;
         return Refused(two ? tr("two decimal points") : tr("groups have three digits"));
     }
     if (digits.IsEmpty())
         return unit.isEmpty() ? TypedNumber() : Refused(tr("no number"));
-    if (digits.Groups == Grouping::Begun)
+    if (goesOn)
         return {};
     if (unit.isEmpty())
         return Judge(digits, hasOwn ? ShownPower : PowerWithoutUnit(digits));
@@ -231,7 +232,8 @@ int NumberReader::PowerWithoutUnit(const Digits &digits) const
 double NumberReader::Value(const Digits &digits, int power) const
 {
     const double number = digits.Moved(power).Value();
-    return IsWhole ? std::round(number) : number;
+    // Zero has no sign.
+    return IsWhole ? std::round(number) + 0.0 : number;
 }
 
 bool NumberReader::IsInRange(double number) const

@@ -58,7 +58,6 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
 {
     constexpr int MinimumSize = 50;
     setObjectName(QStringLiteral("FreqRangeTable"));
-    setAccessibleName(tr("Excluded ranges"));
     setMinimumSize(MinimumSize, MinimumSize);
     setColumnCount(2);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -76,6 +75,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
 
 void FreqRangeTable::ShowTexts()
 {
+    setAccessibleName(tr("Excluded ranges"));
     setHorizontalHeaderLabels({tr("min"), tr("max")});
     NewAction->setText(tr("&New row"));
     NewAction->setStatusTip(tr("Create a new row in the list box"));

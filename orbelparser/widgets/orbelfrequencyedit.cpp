@@ -101,7 +101,6 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
     lineEdit->SetWholeHertz(true);
     lineEdit->SetValueBase(valueNode.get());
     SetOwnToolTip(lineEdit, {GetString(prop::LabelText, QString())});
-    lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
     lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
@@ -182,8 +181,6 @@ QString OrbelFrequencyEdit::BandwidthPath() const
 void OrbelFrequencyEdit::Retranslate()
 {
     OrbelDelegate::Retranslate();
-    if (lineEdit)
-        lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
     if (lockButton && lockVisible)
         ShowLockToolTip(property(prop::FrequencyLock.data()).toBool());
 }
@@ -287,7 +284,6 @@ void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
 {
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
-    lockButton->setAccessibleName(lockButton->toolTip());
 }
 
 QString OrbelFrequencyEdit::SpellEdit(int, const QVariant &value) const

@@ -71,7 +71,6 @@ VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
     edit->SetWholeHertz(true);
     edit->SetValueBase(node);
     SetOwnToolTip(edit, {QLatin1String(toolTip), QString(), QString(), staticMetaObject.className()});
-    edit->setAccessibleName(tr(toolTip));
     edit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(edit);
     layout->addWidget(edit);
@@ -135,15 +134,6 @@ void OrbelFrequencyRangeEdit::forceFinishEditing()
         startEdit->endEdit();
     if (stopEdit)
         stopEdit->endEdit();
-}
-
-void OrbelFrequencyRangeEdit::Retranslate()
-{
-    OrbelDelegate::Retranslate();
-    if (startEdit)
-        startEdit->setAccessibleName(tr("Start Frequency"));
-    if (stopEdit)
-        stopEdit->setAccessibleName(tr("Stop Frequency"));
 }
 
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)

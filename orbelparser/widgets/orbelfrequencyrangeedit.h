@@ -68,7 +68,6 @@ public Q_SLOTS:
     void forceFinishEditing() override;
 
 protected:
-    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;

@@ -175,9 +175,10 @@ void OrbelSheetUi::EnableInput(bool enable, bool)
 
 bool OrbelSheetUi::eventFilter(QObject *watched, QEvent *event)
 {
-    const Call call(this);
-    if (event->type() == QEvent::LanguageChange && Listener)
+    if (event->type() == QEvent::LanguageChange && Listener) {
+        const Call call(this);
         Listener();
+    }
     return OrbelDelegate::eventFilter(watched, event);
 }
 

@@ -220,7 +220,7 @@ private Q_SLOTS:
         live.form.reset();
         QVERIFY(Heard(spin)->isValid());
         QVERIFY(Heard(spin)->valueInterface());
-        QVERIFY(Name(spin).isEmpty());
+        QTRY_VERIFY(Name(spin).isEmpty());
     }
 
     void aToolMayAskAtAnyTime()

@@ -162,6 +162,9 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
     {"MHz",        "145.5.",                      "two decimal points",                 nullptr},
     {"MHz",        "1.234.5",                     "",                                   nullptr},
     {"MHz",        "1.234.",                      "",                                   nullptr},
+    {"MHz",       "1.234.5 k",                   "two decimal points",                 nullptr},
+    {"reader",    "-0.4 Hz",                     "= -0.4 Hz",                          "-0.4"},
+    {"open Hz",   "-0.4 Hz",                     "= 0 Hz",                             "0"},
     {"MHz",        "1.2345.678",                  "two decimal points",                 nullptr},
     {"MHz",        "12,34.5",                     "two decimal points",                 nullptr},
     {"MHz",        "1,2,3,4",                     "groups have three digits",           nullptr},
@@ -415,8 +418,13 @@ private:
         QCOMPARE(FieldNote::TextOf(field), note);
         const bool refused = applied.isNull() && !note.isEmpty();
         QCOMPARE(field->palette().color(QPalette::Text) != colour, refused);
-        QTest::keyClick(field, Qt::Key_Return);
-        if (applied.isNull()) {
+        // What is typed ends with Return or Escape, what is pasted when the field is left.
+        QFocusEvent leave(QEvent::FocusOut, Qt::TabFocusReason);
+        if (paste)
+            QApplication::sendEvent(field, &leave);
+        else
+            QTest::keyClick(field, Qt::Key_Return);
+        if (applied.isNull() && !paste) {
             QCOMPARE(field->property("text").toString(), text);
             QCOMPARE(FieldNote::TextOf(field), note);
             QTest::keyClick(field, Qt::Key_Escape);

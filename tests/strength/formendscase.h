@@ -184,6 +184,8 @@ public:
             manager->AddFormular(form.data());
             manager->ShowFormular("Ends");
         }
+        // A range that had the focus would tell of leaving it when the window goes.
+        window->setFocus();
         window->show();
         window->activateWindow();
         QCoreApplication::processEvents();
