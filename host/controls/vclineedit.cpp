@@ -3,7 +3,6 @@
 #include "decimalnumber.h"
 #include "editend.h"
 #include "frequencytext.h"
-#include "ivaluenumeric.h"
 #include "typingundo.h"
 #include "valuenumeric.h"
 
