@@ -41,6 +41,12 @@ void FormDoor::Record(const QVariantList &before, int session) const
         sheet->GetChanges()->Record(Widget->GetDelegate(), before, session);
 }
 
+bool FormDoor::isActive() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet && sheet->isActive();
+}
+
 void FormDoor::Note() const
 {
     if (const OrbelSheet *sheet = Sheet())

@@ -32,6 +32,8 @@ public:
 
     /// The operator has changed this control, which had these values before; see FormChanges.
     void Record(const QVariantList &before, int session) const;
+    /// Whether changes count as the operator's.
+    bool isActive() const;
     /// Must be told when this control becomes modified or is no more, and of new values of a modified one.
     void Note() const;
     /// Brings this control before the operator's eyes: expands its group, scrolls to it, and gives it the focus.

@@ -429,6 +429,8 @@ private:
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
     std::unique_ptr<QVariantList> Applied;
+    /// The sheet was active at a change: what a form's script sets at its start is none.
+    bool ChangeShows = false;
     int ListDepth = 0;
     bool InValueTree = false;
     bool Closed = false;

@@ -8,6 +8,7 @@
 #include "orbelwidget.h"
 #include "propertynames.h"
 
+#include <QCoreApplication>
 #include <QScopedValueRollback>
 
 #include <memory>
@@ -49,7 +50,7 @@ QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantLis
     QStringList from;
     QStringList to;
     int last = 0;
-    const QString none = tr("(empty)");
+    const QString none = QCoreApplication::translate("KV218::OrbelDelegate", "(empty)");
     const auto spelled = [&](int index, const QVariant &value) {
         const QString text = SpellEdit(index, value).simplified();
         if (text.size() > limit::ToldValue)
@@ -66,7 +67,7 @@ QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantLis
     if (from.isEmpty())
         return GetCaption();
     if (from.size() > mostTold)
-        return tr("%1: %2 values").arg(GetCaption()).arg(from.size());
+        return QCoreApplication::translate("KV218::OrbelDelegate", "%1: %2 values").arg(GetCaption()).arg(from.size());
     const bool isPart = from.size() == 1 && after.size() > 1;
     const QString who = isPart ? GetCaption() + QLatin1Char(' ') + SpellEditPart(last) : GetCaption();
     const QString separator = QStringLiteral(", ");
@@ -102,7 +103,7 @@ void OrbelDelegate::ComeIntoView()
 
 bool OrbelDelegate::IsChanged() const
 {
-    if (!Modified || (OwnerWidget && !OwnerWidget->IsSelected()))
+    if (!Modified || !ChangeShows || (OwnerWidget && !OwnerWidget->IsSelected()))
         return false;
     if (!Applied)
         return true;

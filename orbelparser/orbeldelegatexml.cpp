@@ -134,6 +134,7 @@ void OrbelDelegate::setModified(bool autoApply)
     if (!GenerateXml)
         return;
     KeepApplied();
+    ChangeShows = ChangeShows || Form().isActive();
     Modified = true;
     Form().setModified(autoApply);
 }
@@ -152,6 +153,7 @@ void OrbelDelegate::resetModified()
     if (!Modified)
         return;
     Modified = false;
+    ChangeShows = false;
     Applied.reset();
     Form().Note();
 }
