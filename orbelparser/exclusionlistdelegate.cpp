@@ -102,6 +102,13 @@ void ExclusionListDelegate::ReadXml(QXmlStreamReader &reader)
         GetRanges()->NotifyObservers(ekChangeValue, this);
 }
 
+QString ExclusionListDelegate::SpellEdit(int, const QVariant &value) const
+{
+    const QString ranges = value.toString();
+    const int count = ranges.isEmpty() ? 0 : ranges.count(QLatin1Char(';')) + 1;
+    return count == 1 ? tr("1 range") : tr("%1 ranges").arg(count);
+}
+
 void ExclusionListDelegate::ParseProperties(QXmlStreamReader &reader, bool custom)
 {
     OrbelDelegate::ParseProperties(reader, custom);

@@ -2,6 +2,8 @@
 
 #include "orbeldelegate.h"
 
+#include <QCoreApplication>
+
 class ValueCommentedRangeMap;
 
 namespace KV218
@@ -22,6 +24,8 @@ struct ExclusionListFormat {
 /// The custom property `customXmlTag` names the list's element; without custom properties it is the object name.
 class ExclusionListDelegate : public OrbelDelegate
 {
+    Q_DECLARE_TR_FUNCTIONS(KV218::ExclusionListDelegate)
+
 public:
     /// `format` outlives the object.
     ExclusionListDelegate(OrbelWidget *widget, const ExclusionListFormat &format);
@@ -30,6 +34,7 @@ public:
     /// Replaces the ranges in one transaction; without a node the element is left unread.
     void ReadXml(QXmlStreamReader &reader) override;
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:
     /// The node with the ranges; null without one, or once it is withdrawn.

@@ -1,6 +1,7 @@
 #include "formbody.h"
 
 #include "errorhandler.h"
+#include "formchanges.h"
 #include "formlife.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
@@ -38,6 +39,7 @@ FormBody::FormBody(OrbelFormular *form)
 {
     RegisterScriptTypes(Engine.get());
     Sheet.GetLife()->Watch(Engine.get());
+    QObject::connect(Sheet.GetChanges(), &FormChanges::applyWanted, Sheet.GetUi(), [this] { ApplyTyped(); });
 }
 
 FormBody::~FormBody()
@@ -210,6 +212,19 @@ void FormBody::SetXmlString(const QString &xml)
     // A document read over an edit that was not applied leaves nothing to apply.
     if (Sheet.isModified() && !Sheet.isWidgetModified())
         Sheet.resetModified();
+}
+
+/// A text that its field refuses stays there; the rest is applied.
+void FormBody::ApplyTyped()
+{
+    const bool free
+        = Sheet.IsInputEnabled(OrbelSheet::EnableScopeInput) && Sheet.IsInputEnabled(OrbelSheet::EnableScopeSheet);
+    if (!free)
+        return;
+    const CallScope call(Sheet.GetLife());
+    Sheet.FinishEditing();
+    if (IsOpen())
+        Sheet.applyNow();
 }
 
 void FormBody::SetConfigObject(QObject *object, const QString &name)

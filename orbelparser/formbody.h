@@ -81,6 +81,7 @@ private:
     void ParseChangedEnums(QXmlStreamReader &reader);
     void PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values);
     void RunScript();
+    void ApplyTyped();
 
     /// Null once the form has ended.
     OrbelFormular *Form;

@@ -1,5 +1,6 @@
 #include "formdoor.h"
 
+#include "formchanges.h"
 #include "orbeldelegate.h"
 #include "orbelenum.h"
 #include "orbelformular.h"
@@ -32,6 +33,30 @@ void FormDoor::setModified(bool autoApply) const
 {
     if (OrbelSheet *sheet = Sheet())
         sheet->setModified(autoApply);
+}
+
+void FormDoor::Record(const QVariantList &before, int session) const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->Record(Widget->GetDelegate(), before, session);
+}
+
+bool FormDoor::isActive() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet && sheet->isActive();
+}
+
+void FormDoor::Note() const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->Note(Widget->GetDelegate());
+}
+
+void FormDoor::Show() const
+{
+    if (OrbelSheet *sheet = Sheet())
+        sheet->ShowWidget(Widget);
 }
 
 void FormDoor::applyNow() const

@@ -2,6 +2,7 @@
 
 #include <QExplicitlySharedDataPointer>
 #include <QString>
+#include <QVariant>
 
 class QWidget;
 
@@ -28,6 +29,15 @@ public:
 
     /// Marks the sheet as modified, unless it is inactive; true lets automatic apply run.
     void setModified(bool autoApply) const;
+
+    /// The operator has changed this control, which had these values before; see FormChanges.
+    void Record(const QVariantList &before, int session) const;
+    /// Whether changes count as the operator's.
+    bool isActive() const;
+    /// Must be told when this control becomes modified or is no more, and of new values of a modified one.
+    void Note() const;
+    /// Brings this control before the operator's eyes: expands its group, scrolls to it, and gives it the focus.
+    void Show() const;
 
     /// Announces the parameters of the form, if it is modified.
     void applyNow() const;

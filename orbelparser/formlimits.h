@@ -37,6 +37,12 @@ inline constexpr int ShownText = 50000;
 /// most that a spin control shows.
 inline constexpr int Decimals = 323;
 
+/// How many changes of the operator a form can undo. Earlier ones are forgotten.
+inline constexpr int UndoneChanges = 1000;
+
+/// How many characters of a value the name of a change tells.
+inline constexpr int ToldValue = 40;
+
 } // namespace limit
 
 } // namespace KV218

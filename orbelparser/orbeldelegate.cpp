@@ -40,15 +40,6 @@ QVariant OwnValue(const QObject *target, const char *name)
     return target->property(name);
 }
 
-/// Whether a property that holds `before` may keep it for `value`. QVariant takes two doubles for one to 12 digits.
-bool IsSame(const QVariant &value, const QVariant &before)
-{
-    const auto isReal = [](const QVariant &variant) { return variant.userType() == QMetaType::Double; };
-    if (!isReal(value) && !(isReal(before) && value.userType() != QMetaType::QString))
-        return value == before;
-    return value == before && value.toDouble() == before.toDouble();
-}
-
 /// Whether a variant is a number or a text of one that fits the type; QVariant itself cuts off what does not fit.
 template <class Integer, class Wide> bool Fits(const QVariant &value, Wide wide)
 {
@@ -70,6 +61,15 @@ OrbelDelegate::OrbelDelegate(OrbelWidget *widget) : OwnerWidget(widget)
 }
 
 OrbelDelegate::~OrbelDelegate() = default;
+
+/// Whether a property that holds `before` may keep it for `value`. QVariant takes two doubles for one to 12 digits.
+bool OrbelDelegate::IsSame(const QVariant &value, const QVariant &before)
+{
+    const auto isReal = [](const QVariant &variant) { return variant.userType() == QMetaType::Double; };
+    if (!isReal(value) && !(isReal(before) && value.userType() != QMetaType::QString))
+        return value == before;
+    return value == before && value.toDouble() == before.toDouble();
+}
 
 void OrbelDelegate::Close()
 {
@@ -417,12 +417,17 @@ bool OrbelDelegate::event(QEvent *e)
 void OrbelDelegate::Update(Observable *subject, TChangeCode code)
 {
     const Call call(this);
+    JoinAct(subject);
     NodeChanged(subject, code);
+    if (Applied)
+        Form().Note();
 }
 
 void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
 {
     Assistive::PropertyChanged(this, name);
+    if (Applied)
+        Form().Note();
     if (name == prop::GenerateParameterXml)
         GenerateXml = value.toBool();
     else if (name == prop::Unit)

@@ -10,6 +10,7 @@
 #include "value.h"
 #include "valuenumeric.h"
 
+#include <memory>
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QMap>
@@ -112,6 +113,29 @@ public:
     bool isGroupVisible() const { return GroupVisible; }
     /// Whether there is a change that no parameter document has carried yet.
     bool isModified() const { return Modified; }
+    /// Whether the operator sees such a change: a value that was put back to the applied one is none.
+    bool IsChanged() const;
+    /// What was applied last, in the order of GetEdits(); null while that is not known, and for a control that is not
+    /// modified.
+    const QVariantList *GetApplied() const { return Applied.get(); }
+    /// Shows or hides the mark of such a change at the row label.
+    void ShowChanged(bool changed);
+
+    /// The values that the operator changes by this control. The base gives the texts of the nodes.
+    virtual QVariantList GetEdits() const;
+    /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left
+    /// alone.
+    virtual void PutEdits(const QVariantList &values);
+    /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
+    virtual QString SpellEdit(int index, const QVariant &value) const;
+    virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
+    static bool IsSameEdit(const QVariant &one, const QVariant &other);
+    /// The label without its colon, in the operator's language; the name of the element without one.
+    QString GetCaption() const;
+    /// Whether the operator may change the control now.
+    bool MayEdit() const;
+    /// Brings the control before the operator's eyes, with the focus.
+    void ComeIntoView();
 
     /// Shows the control in the language of now: what the definition, a script or the host gave it to show is
     /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
@@ -174,6 +198,23 @@ public:
         explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
     };
 
+    /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the
+    /// form record the change at its end. Within another one, or within the operator's act on a node, it is a part of
+    /// that.
+    class OperatorChange
+    {
+    public:
+        explicit OperatorChange(OrbelDelegate *delegate);
+        ~OperatorChange();
+        OperatorChange(const OperatorChange &) = delete;
+        OperatorChange &operator=(const OperatorChange &) = delete;
+
+    private:
+        const Call Running;
+        OrbelDelegate *Delegate;
+        QVariantList Before;
+    };
+
     /// Makes this a part of a form.
     void SetLife(const std::shared_ptr<FormLife> &life) { Life = life; }
     /// The form has ended: the nodes leave the tree, the signals fall silent.
@@ -188,6 +229,13 @@ protected:
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
+    /// Must be called by a control that sets its node itself for the operator, before it does: the form then records
+    /// it.
+    void JoinAct(const Observable *node);
+    /// The operator types and has changed no value yet: setModified(false).
+    void MarkTyping();
+    /// Which one of several values that is, in the operator's words.
+    virtual QString SpellEditPart(int index) const;
     /// Shows anew what the control translated itself. An override calls the base first, which has the row label and the
     /// tooltips of SetOwnToolTip().
     virtual void Retranslate();
@@ -327,6 +375,8 @@ protected:
 private:
     friend class OrbelWidget;
 
+    static bool IsSame(const QVariant &value, const QVariant &before);
+    void KeepApplied();
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
@@ -376,6 +426,11 @@ private:
     QStringList DefinedProperties;
     QVector<OwnToolTip> OwnToolTips;
     eApplyMode ApplyMode = eApplyMode(0);
+    /// The values from which a change of the operator's that is on its way has started; null without one.
+    const QVariantList *EditsBefore = nullptr;
+    std::unique_ptr<QVariantList> Applied;
+    /// The sheet was active at a change: what a form's script sets at its start is none.
+    bool ChangeShows = false;
     int ListDepth = 0;
     bool InValueTree = false;
     bool Closed = false;

@@ -133,13 +133,29 @@ void OrbelDelegate::setModified(bool autoApply)
 {
     if (!GenerateXml)
         return;
+    KeepApplied();
+    ChangeShows = ChangeShows || Form().isActive();
     Modified = true;
     Form().setModified(autoApply);
 }
 
+/// A change that the operator did not begin leaves it open what was applied.
+void OrbelDelegate::KeepApplied()
+{
+    if (!Modified && EditsBefore)
+        Applied = std::make_unique<QVariantList>(*EditsBefore);
+    if (!Modified || Applied)
+        Form().Note();
+}
+
 void OrbelDelegate::resetModified()
 {
+    if (!Modified)
+        return;
     Modified = false;
+    ChangeShows = false;
+    Applied.reset();
+    Form().Note();
 }
 
 } // namespace KV218

@@ -1,6 +1,7 @@
 #include "orbelformular.h"
 
 #include "formbody.h"
+#include "formchanges.h"
 #include "formlife.h"
 #include "orbelsheetui.h"
 
@@ -143,6 +144,11 @@ void OrbelFormular::applyNow()
 void OrbelFormular::FinishEditing()
 {
     GetSheet().FinishEditing();
+}
+
+QUndoStack *OrbelFormular::GetUndoStack() const
+{
+    return GetSheet().GetChanges()->GetStack();
 }
 
 void OrbelFormular::SelectWidgets(const QStringList &paths, bool select)

@@ -11,6 +11,7 @@
 #include <QObject>
 #include <QScriptValue>
 
+class QUndoStack;
 class QXmlStreamReader;
 class ValueBase;
 class ValueSelection;
@@ -89,6 +90,13 @@ public:
     /// Commits whatever the operator is typing into a control, as leaving the control does. Neither applyNow() nor
     /// GetXmlString() does so by itself: a host that fetches a document in its own time calls this before.
     void FinishEditing();
+    /// The operator's finished changes, 1000 at most, for a QUndoGroup or actions of the host; never null. It belongs
+    /// to the form and goes some time after it. An entry undone puts back the values that stand as its change left
+    /// them, with signals and mark as if the operator had, and leaves alone what host or script have set since. One
+    /// that finds nothing to put back is dropped, so that such an undo() changes nothing; one whose control is locked
+    /// keeps its place and is passed over. Do not change the stack from within its own signals or from a handler that
+    /// an undo has called.
+    QUndoStack *GetUndoStack() const;
     void SelectWidgets(const QStringList &paths, bool select);
     void ShowGroup(const QString &name, bool show);
     /// Locks or frees the operator's input as a whole.

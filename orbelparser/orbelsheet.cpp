@@ -3,6 +3,7 @@
 #include "assistive.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
+#include "formchanges.h"
 #include "formlife.h"
 #include "formlimits.h"
 #include "layoutpause.h"
@@ -19,15 +20,16 @@
 namespace KV218
 {
 
-static QSharedPointer<OrbelSheetUi> NewUi(const std::shared_ptr<FormLife> &life)
+static QSharedPointer<OrbelSheetUi> NewUi(const std::shared_ptr<FormLife> &life, FormChanges *changes)
 {
-    auto *ui = new OrbelSheetUi;
+    auto *ui = new OrbelSheetUi(changes);
     ui->SetLife(life);
     return QSharedPointer<OrbelSheetUi>(ui, &OrbelDelegate::End);
 }
 
 OrbelSheet::OrbelSheet(OrbelFormular *formular)
-    : Life(std::make_shared<FormLife>()), Root(new OrbelElement), Formular(formular), Ui(NewUi(Life))
+    : Life(std::make_shared<FormLife>()), Changes(new FormChanges(Life.get())), Root(new OrbelElement),
+      Formular(formular), Ui(NewUi(Life, Changes.data()))
 {
 }
 
@@ -259,6 +261,25 @@ void OrbelSheet::setGroupVisible(OrbelWidget *headline, bool visible)
         if (inGroup)
             widget->GetDelegate()->setGroupVisible(visible);
     }
+}
+
+void OrbelSheet::ShowWidget(OrbelWidget *widget)
+{
+    const CallScope call(GetLife());
+    OrbelWidget *headline = nullptr;
+    for (const Widget &each : Snapshot()) {
+        if (each->GetClass() == widgetclass::Headline)
+            headline = each.data();
+        if (each.data() == widget)
+            break;
+    }
+    if (headline && !widget->GetDelegate()->isGroupVisible()) {
+        setGroupVisible(headline, true);
+        if (Formular)
+            Formular->ApplyConfiguration();
+    }
+    widget->GetDelegate()->setFocus();
+    Ui->ScrollToFocus();
 }
 
 QStringList OrbelSheet::GetCollapsed() const

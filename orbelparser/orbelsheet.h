@@ -13,6 +13,7 @@
 namespace KV218
 {
 
+class FormChanges;
 class FormLife;
 class OrbelElement;
 class OrbelSheetUi;
@@ -117,6 +118,10 @@ public:
 
     /// What keeps the parts of the form while calls run inside of them; never null.
     FormLife *GetLife() const { return Life.get(); }
+    /// What the operator has changed; never null.
+    FormChanges *GetChanges() const { return Changes.data(); }
+    /// Expands the group of a widget, scrolls to it, and gives it the focus.
+    void ShowWidget(OrbelWidget *widget);
     /// The form ends: all delegates are closed, and widgets that others hold stand in no form any more.
     void Close();
 
@@ -136,6 +141,7 @@ private:
     friend class OrbelWidget;
 
     std::shared_ptr<FormLife> Life;
+    QSharedPointer<FormChanges> Changes;
     SheetPlace Place;
     QString Name;
     QString VTPath;

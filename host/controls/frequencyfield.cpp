@@ -39,8 +39,11 @@ void FrequencyField::Step(int steps)
     auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
     const double lowest = BelowZero ? node->GetMin() : std::max(0.0, node->GetMin());
     const double target = WithSteps(node->GetValue(), PowerOfTen(Power), steps);
-    if (Way.isEmpty())
+    if (Way.isEmpty()) {
         LeaveFrequency();
+        Session = OperatorAct::NewSession();
+    }
+    const OperatorAct act(BoundNode(), Session);
     WriteNode([&] { node->SetValue(std::max(lowest, std::min(target, node->GetMax())), this); });
 }
 

@@ -85,4 +85,6 @@ private:
     bool Entry = false;
     // What stood there before each change that nobody was told of; all tuning is one.
     QVector<double> Way;
+    // All tuning of one way.
+    int Session = 0;
 };

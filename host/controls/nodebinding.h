@@ -1,6 +1,7 @@
 #pragma once
 
 #include "iobserver.h"
+#include "operatoract.h"
 #include "survives.h"
 #include "valuebase.h"
 
@@ -50,10 +51,11 @@ public:
         return code != ekChangeState;
     }
 
-    /// Runs `set`, which sets the node and leaves `control` out, and has the control show what the node holds then.
-    /// False when somebody who was told has deleted the control, which holds this.
+    /// Runs `set`, by which the operator sets the node and which leaves `control` out, and has the control show what
+    /// the node holds then. False when somebody who was told has deleted the control, which holds this.
     template <class Control, class Set> bool Write(Control *control, const Set &set)
     {
+        const OperatorAct act(Base);
         return Survives(control, set) && (!Side || Survives(control, [=] { control->Update(Side, ekChangeValue); }));
     }
 

@@ -5,6 +5,7 @@
 #include "fieldnote.h"
 #include "frequencytext.h"
 #include "inputlock.h"
+#include "typingundo.h"
 #include "valuenumeric.h"
 
 #include <QGuiApplication>
@@ -130,6 +131,10 @@ bool VCLineEdit::event(QEvent *event)
     // Nobody tells a field in another window than the active one that the focus has gone from it.
     if (event->type() == QEvent::WindowActivate && IsEditing() && window()->focusWidget() != this)
         Late.RequestLater(&VCLineEdit::EndStrayEdit);
+    if (LeavesUndoToForm(*this, *event)) {
+        event->ignore();
+        return false;
+    }
     // The base class would not survive a commit that ends the field.
     if (EndsEdit(*event) && !FinishEdit())
         return true;
@@ -168,7 +173,7 @@ bool VCLineEdit::FinishEdit()
 {
     if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->commit(); }))
         return false;
-    if (!IsEditing())
+    if (!IsEditing() && !RemembersTyping(*this))
         return true;
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
     if (!IsPending() || !mayCommit)
@@ -255,6 +260,7 @@ bool VCLineEdit::focusNextPrevChild(bool next)
 
 bool VCLineEdit::Commit(const QString &typed)
 {
+    const OperatorAct act(Node.get());
     Shown = typed;
     NodeSpoke = false;
     NodeWaits = false;
@@ -282,6 +288,8 @@ bool VCLineEdit::ShowNode()
         NodeWaits = false;
         if (text() != Content)
             setText(Content);
+        else
+            ForgetTyping(this);
         Shown = text();
         Mark.Clear();
     });

@@ -5,6 +5,7 @@
 #include "fieldnote.h"
 #include "inputlock.h"
 #include "tree.h"
+#include "typingundo.h"
 #include "valuenumeric.h"
 
 #include <QGuiApplication>
@@ -136,6 +137,10 @@ void VCNumericFloatSpin::stepBy(int steps)
 
 bool VCNumericFloatSpin::event(QEvent *event)
 {
+    if (LeavesUndoToForm(*lineEdit(), *event)) {
+        event->ignore();
+        return false;
+    }
     if (event->type() == QEvent::ShortcutOverride && IsPending()
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         event->accept();
@@ -398,6 +403,7 @@ void VCNumericFloatSpin::ShowNode()
     NodeWaits = false;
     Typed = ShownText;
     ForgetReading();
+    ForgetTyping(lineEdit());
 }
 
 void VCNumericFloatSpin::ShowNodeAfterEdit()

@@ -1,8 +1,8 @@
 #include "channelspacingitemdelegate.h"
 
 #include "formlimits.h"
+#include "orbeldelegate.h"
 #include "propertynames.h"
-
 #include "typedspinbox.h"
 
 #include <QItemEditorFactory>
@@ -12,7 +12,7 @@
 namespace KV218
 {
 
-ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(OrbelDelegate *table) : CellItemDelegate(table), Table(table)
+ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(OrbelDelegate *table) : RecordingCells(table, table)
 {
     static QItemEditorFactory *const factory = [] {
         auto *made = new QItemEditorFactory;
@@ -25,7 +25,7 @@ ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(OrbelDelegate *table) : C
 QWidget *ChannelSpacingItemDelegate::createEditor(
     QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    QWidget *editor = CellItemDelegate::createEditor(parent, option, index);
+    QWidget *editor = RecordingCells::createEditor(parent, option, index);
     auto *spin = qobject_cast<TypedSpinBox *>(editor);
     if (!spin)
         return editor;
@@ -52,13 +52,13 @@ void ChannelSpacingItemDelegate::setModelData(
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
     if (!leavesIt)
-        CellItemDelegate::setModelData(editor, model, index);
+        RecordingDelegate::setModelData(editor, model, index);
 }
 
 QString ChannelSpacingItemDelegate::displayText(const QVariant &value, const QLocale &locale) const
 {
     if (!Table || value.userType() != QMetaType::Double)
-        return QStyledItemDelegate::displayText(value, locale);
+        return RecordingCells::displayText(value, locale);
     QLocale plain = locale;
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     return plain.toString(value.toDouble(), 'f', qMin(Table->GetInt(prop::Decimals, 0), limit::Decimals));

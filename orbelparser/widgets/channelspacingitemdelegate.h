@@ -1,9 +1,6 @@
 #pragma once
 
-#include "cellitemdelegate.h"
-#include "orbeldelegate.h"
-
-#include <QPointer>
+#include "recordingcells.h"
 
 namespace KV218
 {
@@ -12,7 +9,7 @@ namespace KV218
 /// TypedSpinBox with the table's bounds, step, decimals and unit, all of which it reads anew each time. An edit that
 /// leaves what was shown leaves the number with all its digits. Without the table's delegate it shows and edits like
 /// any other.
-class ChannelSpacingItemDelegate : public CellItemDelegate
+class ChannelSpacingItemDelegate : public RecordingCells
 {
     Q_OBJECT
 
@@ -23,9 +20,6 @@ public:
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
     QString displayText(const QVariant &value, const QLocale &locale) const override;
-
-private:
-    QPointer<OrbelDelegate> Table;
 };
 
 } // namespace KV218

@@ -1,6 +1,7 @@
 #include "exclusiondialog.h"
 
 #include "freqrangetable.h"
+#include "orbeldelegate.h"
 #include "valuecommentedrangemap.h"
 
 #include <QCoreApplication>
@@ -9,6 +10,8 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <optional>
 
 namespace KV218
 {
@@ -69,7 +72,7 @@ private:
 
 } // namespace
 
-void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const char *context)
+void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const char *context, OrbelDelegate *control)
 {
     if (!ranges)
         return;
@@ -77,8 +80,12 @@ void EditExclusionRanges(ValueCommentedRangeMap *ranges, QWidget *parent, const 
     const QPointer<RangesDialog> dialog(new RangesDialog(parent, context));
     // Not by its path, which is another node's where the tree has refused this one.
     dialog->Table->AttachToNode(ranges);
-    if (dialog->exec() == QDialog::Accepted && dialog)
+    if (dialog->exec() == QDialog::Accepted && dialog) {
+        std::optional<OrbelDelegate::OperatorChange> change;
+        if (control)
+            change.emplace(control);
         dialog->Table->StoreToValue();
+    }
     delete dialog;
 }
 

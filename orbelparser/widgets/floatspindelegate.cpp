@@ -70,6 +70,11 @@ void FloatSpinDelegate::TakeNode()
         TakeNumber(prop::Value, ValueNode->GetValue());
 }
 
+QString FloatSpinDelegate::SpellEdit(int, const QVariant &value) const
+{
+    return SpellNumber(*this, value.toDouble());
+}
+
 void FloatSpinDelegate::WritePropertyToControl(const QString &name, const QVariant &value)
 {
     if (name == prop::Suffix)

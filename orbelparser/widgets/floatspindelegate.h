@@ -15,6 +15,7 @@ public:
 
     void TakeNode() override;
     QVector<Face> GetFaces() const override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:
     bool IsNumber(const QString &name) const override;

@@ -52,7 +52,7 @@ void OrbelChannelSpacingTable::CreateGUI(FloatGroupLayout *layout)
     Editors = new ChannelSpacingItemDelegate(this);
     Control->setItemDelegate(Editors);
     Control->setContextMenuPolicy(Qt::CustomContextMenu);
-    new TableKeys(Control);
+    new TableKeys(Control, this);
     FillTable();
     // Meant: the tooltip keeps the bounds of this moment, and the definition's `enabled`, `visible` and `toolTip` stay
     // with the delegate until one of them changes.
@@ -189,6 +189,26 @@ void OrbelChannelSpacingTable::setSpacingValue(int index, double value)
     item->setData(Qt::DisplayRole, value);
 }
 
+QVariantList OrbelChannelSpacingTable::GetEdits() const
+{
+    QVariantList values;
+    for (const double spacing : Spacings)
+        values.append(spacing);
+    return values;
+}
+
+void OrbelChannelSpacingTable::PutEdits(const QVariantList &values)
+{
+    const Call call(this);
+    for (int row = 0; row < values.size(); ++row)
+        setSpacingValue(row, values.at(row).toDouble());
+}
+
+QString OrbelChannelSpacingTable::SpellEdit(int, const QVariant &value) const
+{
+    return Editors ? Editors->displayText(value, QLocale()) : value.toString();
+}
+
 void OrbelChannelSpacingTable::setAllSpacingValues(double value)
 {
     const Call call(this);
@@ -259,6 +279,7 @@ void OrbelChannelSpacingTable::sl_customContextMenuRequested(QPoint pt)
 
 void OrbelChannelSpacingTable::sl_setToAll()
 {
+    const OperatorChange change(this);
     setAllSpacingValues(spacingValue(ContextRow));
 }
 

@@ -30,6 +30,9 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     QVector<Face> GetFaces() const override;
+    QVariantList GetEdits() const override;
+    void PutEdits(const QVariantList &values) override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:
     /// The current row and the one before; -1 for none.

@@ -59,6 +59,11 @@ void OrbelCheckBox::PropertyChanged(const QString &name, const QVariant &value)
     PropagateProperty(name, Control);
 }
 
+QString OrbelCheckBox::SpellEdit(int, const QVariant &value) const
+{
+    return value.toBool() ? tr("on") : tr("off");
+}
+
 void OrbelCheckBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.HasNews(subject, code))

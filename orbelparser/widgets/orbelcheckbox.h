@@ -20,6 +20,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:
     void toggled(bool);

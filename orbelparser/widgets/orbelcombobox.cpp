@@ -4,6 +4,7 @@
 #include "formdoor.h"
 #include "valueselection.h"
 
+#include <QCoreApplication>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -127,6 +128,12 @@ void OrbelComboBox::SelectNumber(double number)
         return;
     // Differs from a value that no row has; where there are no rows, the comparison ends the recursion.
     ChangeProperty(prop::CurrentValue, Enum->FindName(ValueNode->GetStringValue()).GetValue());
+}
+
+QString OrbelComboBox::SpellEdit(int, const QVariant &value) const
+{
+    const QByteArray name = value.toString().toUtf8();
+    return Enum ? QCoreApplication::translate(ContextOf(*Enum).constData(), name.constData()) : value.toString();
 }
 
 void OrbelComboBox::NodeChanged(Observable *subject, TChangeCode code)

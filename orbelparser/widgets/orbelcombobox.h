@@ -24,6 +24,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
     /// The number that the chosen row's value text states, or the row's index from 0 where it states none; 0 without an
     /// enumeration.

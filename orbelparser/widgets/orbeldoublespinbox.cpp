@@ -38,7 +38,7 @@ void OrbelDoubleSpinBox::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
     Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
-    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
+    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
     PropagateProperties(Control);
     SetDoubleTooltip(Control);
     layout->addWidget(Control);

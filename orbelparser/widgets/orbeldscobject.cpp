@@ -73,7 +73,7 @@ QVector<ValueBase *> OrbelDSCObject::GetNodes() const
 void OrbelDSCObject::sl_editExclusionRanges()
 {
     const Call call(this);
-    EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className());
+    EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className(), this);
 }
 
 void OrbelDSCObject::sl_setScanRanges(QString value)

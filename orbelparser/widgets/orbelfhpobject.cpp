@@ -61,7 +61,7 @@ QVector<ValueBase *> OrbelFHPObject::GetNodes() const
 void OrbelFHPObject::sl_editExclusionRanges()
 {
     const Call call(this);
-    EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className());
+    EditExclusionRanges(GetRanges(), Form().GetSheetWidget(), staticMetaObject.className(), this);
 }
 
 } // namespace KV218

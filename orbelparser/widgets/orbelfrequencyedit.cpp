@@ -2,6 +2,7 @@
 
 #include "floatgrouplayout.h"
 #include "formdoor.h"
+#include "frequencytext.h"
 #include "saturate.h"
 #include "sharedicon.h"
 #include "vcbutton.h"
@@ -9,6 +10,7 @@
 #include "wholehertz.h"
 
 #include <QGridLayout>
+#include <QLocale>
 #include <QScopedValueRollback>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -284,6 +286,11 @@ void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
 }
 
+QString OrbelFrequencyEdit::SpellEdit(int, const QVariant &value) const
+{
+    return FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
+}
+
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
 {
     if (!valueNode.HasNews(source, code))
@@ -298,7 +305,7 @@ void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
 
 void OrbelFrequencyEdit::SlotTextEdited(QString)
 {
-    setModified(false);
+    MarkTyping();
 }
 
 void OrbelFrequencyEdit::SlotReturnPressed()

@@ -28,6 +28,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return valueNode.get(); }
     void TakeNode() override;
+    QString SpellEdit(int index, const QVariant &value) const override;
     void FinishEditing() override;
     QVector<Face> GetFaces() const override;
     void EnableInput(bool enable, bool partial) override;

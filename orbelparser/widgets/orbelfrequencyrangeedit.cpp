@@ -2,9 +2,11 @@
 
 #include "floatgrouplayout.h"
 #include "formdoor.h"
+#include "frequencytext.h"
 #include "saturate.h"
 #include "wholehertz.h"
 
+#include <QLocale>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -204,6 +206,16 @@ void OrbelFrequencyRangeEdit::TakeNode()
     }
 }
 
+QString OrbelFrequencyRangeEdit::SpellEdit(int, const QVariant &value) const
+{
+    return FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
+}
+
+QString OrbelFrequencyRangeEdit::SpellEditPart(int index) const
+{
+    return index == 0 ? tr("Start Frequency") : tr("Stop Frequency");
+}
+
 void OrbelFrequencyRangeEdit::NodeChanged(Observable *source, TChangeCode code)
 {
     const bool startMoved = startNode.HasNews(source, code);
@@ -245,7 +257,7 @@ QVector<ValueBase *> OrbelFrequencyRangeEdit::GetNodes() const
 
 void OrbelFrequencyRangeEdit::SlotTextEdited(QString)
 {
-    setModified(false);
+    MarkTyping();
 }
 
 void OrbelFrequencyRangeEdit::SlotReturnPressed()

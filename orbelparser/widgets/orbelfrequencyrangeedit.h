@@ -29,6 +29,7 @@ public:
     ValueBase *GetVTValue() const override { return startNode.get(); }
     void TakeNode() override;
     QVector<Face> GetFaces() const override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
     QPair<qint64, qint64> getCurrentRange() const;
@@ -70,6 +71,7 @@ protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;
+    QString SpellEditPart(int index) const override;
     bool IsNumber(const QString &name) const override;
     QVariant HeldNumber(const QString &name) const override;
 

@@ -52,7 +52,7 @@ void OrbelInt64SpinBox::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
     Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
-    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
+    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
     PropagateProperties(Control);
     SetInt64Tooltip(Control);
     layout->addWidget(Control);

@@ -86,19 +86,26 @@ void OrbelLineEdit::NodeChanged(Observable *subject, TChangeCode code)
 void OrbelLineEdit::SlotTextEdited(QString text)
 {
     const Call call(this);
-    setModified(false);
+    MarkTyping();
     Q_EMIT textEdited(text);
 }
 
 void OrbelLineEdit::SlotTextFinallyChanged(QString value)
 {
     const Call call(this);
+    JoinAct(ValueNode.get());
     ChangeProperty(prop::Text, value);
     if (ValueNode)
         ValueNode->SetValue(value, this);
     Q_EMIT textEdited(value);
     Q_EMIT editingFinished();
     setModified(true);
+}
+
+void OrbelLineEdit::PutEdits(const QVariantList &values)
+{
+    if (values != GetEdits())
+        SlotTextFinallyChanged(values.value(0).toString());
 }
 
 void OrbelLineEdit::SlotReturnPressed()

@@ -21,6 +21,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    void PutEdits(const QVariantList &values) override;
 
 Q_SIGNALS:
     void editingFinished();

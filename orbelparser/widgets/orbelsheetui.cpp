@@ -1,8 +1,11 @@
 #include "orbelsheetui.h"
 
+#include "changesbutton.h"
 #include "elementnames.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "formchanges.h"
+#include "formkeys.h"
 #include "inputlock.h"
 #include "openingfocus.h"
 #include "vcfrequency.h"
@@ -25,7 +28,7 @@ constexpr int LeastTimeout = 100;
 
 } // namespace
 
-OrbelSheetUi::OrbelSheetUi() : OrbelDelegate(nullptr) { }
+OrbelSheetUi::OrbelSheetUi(FormChanges *changes) : OrbelDelegate(nullptr), Changes(changes) { }
 
 OrbelSheetUi::~OrbelSheetUi() = default;
 
@@ -44,6 +47,7 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
     auto *area = new FloatScrollArea(frame);
     auto *content = new QWidget(area);
     area->setWidget(content);
+    Area = area;
     Layout = new FloatGroupLayout(area);
     if (applyUi) {
         frame->setObjectName(QStringLiteral("sheet"));
@@ -62,6 +66,8 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
     content->installEventFilter(this);
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
+    if (Changes)
+        new FormKeys(Gui, Changes);
     BuildTimer();
 }
 
@@ -85,6 +91,8 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
+    if (Changes)
+        new ChangesButton(box, Changes);
     Retranslate();
     return box;
 }
@@ -111,6 +119,17 @@ void OrbelSheetUi::FinishFrame()
         Gui->layout()->addWidget(ApplyBox);
     }
     new OpeningFocus(Gui, rows);
+}
+
+void OrbelSheetUi::ScrollToFocus()
+{
+    if (!Area)
+        return;
+    QTimer::singleShot(0, Area, [area = Area.data()] {
+        QWidget *focus = area->window()->focusWidget();
+        if (focus && area->isAncestorOf(focus))
+            area->ensureWidgetVisible(focus);
+    });
 }
 
 void OrbelSheetUi::BuildTimer()

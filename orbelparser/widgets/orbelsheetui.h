@@ -12,9 +12,12 @@
 
 class QAction;
 class QMenu;
+class QScrollArea;
 
 namespace KV218
 {
+
+class FormChanges;
 
 /// The delegate of the sheet itself, which scripts reach under the sheet's name. It builds the frame in which the
 /// controls live, with or without an apply row, keeps the modified state of the form, and tells the host of parameters
@@ -27,7 +30,8 @@ class OrbelSheetUi : public OrbelDelegate
     Q_OBJECT
 
 public:
-    explicit OrbelSheetUi();
+    /// `changes` is not owned; null for none.
+    explicit OrbelSheetUi(FormChanges *changes = nullptr);
     ~OrbelSheetUi() override;
 
     /// Builds the frame; nothing when there is one.
@@ -41,6 +45,8 @@ public:
     QWidget *GetGUI() const { return Gui; }
     /// The layout to which controls add themselves; null when there is no frame.
     FloatGroupLayout *GetLayout() const;
+    /// Scrolls to the control that has the focus, when the layout has come to rest.
+    void ScrollToFocus();
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
     /// Called when the frame hears that the language has changed, before the controls do.
     void SetLanguageListener(const std::function<void()> &listener) { Listener = listener; }
@@ -108,8 +114,10 @@ private:
     void BuildTimer();
     void FillTextSizeMenu(QMenu *sizes);
 
+    const QPointer<FormChanges> Changes;
     // All null without a frame, and the middle three without an apply row.
     QPointer<QWidget> Gui;
+    QPointer<QScrollArea> Area;
     QPointer<FloatGroupLayout> Layout;
     QPointer<QWidget> ApplyBox;
     QPointer<QPushButton> ApplyButton;

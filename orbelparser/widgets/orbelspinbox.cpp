@@ -30,7 +30,7 @@ void OrbelSpinBox::CreateGUI(FloatGroupLayout *layout)
     // Meant: named after the node, which a parameter path names otherwise than the widget.
     const QString name = ValueNode ? ValueNode->GetName() : QString();
     Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), name);
-    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
+    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
     PropagateProperties(Control);
     SetIntTooltip(Control);
     layout->addWidget(Control);
@@ -124,6 +124,11 @@ void OrbelSpinBox::TakeNode()
         TakeNumber(prop::Value, ValueNode->GetValue());
     else if (isNumber && GetInt(prop::Value, 0) != ValueNode->GetValue())
         SetPropertyAlways(prop::Value, ValueNode->GetValue());
+}
+
+QString OrbelSpinBox::SpellEdit(int, const QVariant &value) const
+{
+    return SpellNumber(*this, value.toDouble());
 }
 
 void OrbelSpinBox::NodeChanged(Observable *subject, TChangeCode code)

@@ -23,6 +23,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
     QVector<Face> GetFaces() const override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:
     void editingFinished();

@@ -1,14 +1,15 @@
 #include "orbeltable.h"
 
 #include "celledit.h"
-#include "cellitemdelegate.h"
 #include "floatgrouplayout.h"
+#include "recordingcells.h"
 #include "tablekeys.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QTableWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace KV218
@@ -23,8 +24,8 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     Control->setObjectName(WidgetName());
     Control->setSortingEnabled(false);
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    Control->setItemDelegate(new CellItemDelegate(Control));
-    new TableKeys(Control);
+    new TableKeys(Control, this);
+    Control->setItemDelegate(new RecordingCells(this, Control));
     FillTable();
     // Meant: the definition's `enabled`, `visible` and `toolTip` stay with the delegate until one of them changes.
     HideIfCollapsed(Control);
@@ -159,6 +160,71 @@ void OrbelTable::sl_cellChanged(int row, int column)
     const Call call(this);
     setModified(true);
     Q_EMIT cellChanged(row, column);
+}
+
+QVariant OrbelTable::ShownValue(int index) const
+{
+    const QTableWidgetItem *item = Control ? Control->item(index / ColumnCount, index % ColumnCount) : nullptr;
+    return item ? item->data(Qt::DisplayRole) : QVariant();
+}
+
+/// In its own cell, unlike ShowValue(). A cell that shows nothing has no item, as at the start.
+void OrbelTable::ShowOwnValue(int index, const QVariant &value)
+{
+    const int row = index / ColumnCount;
+    const int column = index % ColumnCount;
+    if (!value.isValid())
+        delete Control->takeItem(row, column);
+    else if (QTableWidgetItem *item = Control->item(row, column))
+        item->setData(Qt::DisplayRole, value);
+    else
+        Control->setItem(row, column, new QTableWidgetItem(value.toString()));
+}
+
+QVariantList OrbelTable::GetEdits() const
+{
+    QVariantList values = Cells;
+    for (int i = 0; i < Cells.size(); ++i)
+        values.append(ShownValue(i));
+    return values;
+}
+
+void OrbelTable::PutEdits(const QVariantList &values)
+{
+    const int count = Cells.size();
+    if (values.size() != 2 * count || !Control)
+        return;
+    const Call call(this);
+    const QVariantList before = GetEdits();
+    QVector<QPoint> edited; // x counts columns
+    {
+        const QScopedValueRollback<bool> updating(Updating, true);
+        Cells = values.mid(0, count);
+        for (int i = 0; i < count && Control; ++i) {
+            const QPoint cell(i % ColumnCount, i / ColumnCount);
+            if (IsSameEdit(before.at(count + i), values.at(count + i)))
+                continue;
+            const bool told = ItemFor(cell.y(), cell.x());
+            ShowOwnValue(i, values.at(count + i));
+            if (told || ItemFor(cell.y(), cell.x()))
+                edited.append(cell);
+        }
+    }
+    // A value may go back alone, where a script has set what its cell shows.
+    if (!edited.isEmpty() || !std::equal(Cells.begin(), Cells.end(), before.begin(), &IsSameEdit))
+        setModified(true);
+    for (const QPoint &cell : qAsConst(edited))
+        Q_EMIT cellChanged(cell.y(), cell.x());
+}
+
+QString OrbelTable::SpellChange(const QVariantList &before, const QVariantList &after) const
+{
+    return OrbelDelegate::SpellChange(before.mid(before.size() / 2), after.mid(after.size() / 2));
+}
+
+QString OrbelTable::SpellEditPart(int index) const
+{
+    return ColumnCount == 0 ? QString() : QStringLiteral("%1/%2").arg(index / ColumnCount).arg(index % ColumnCount);
 }
 
 } // namespace KV218

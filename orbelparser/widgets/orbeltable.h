@@ -24,6 +24,10 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void ReadXml(QXmlStreamReader &reader) override;
     QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
+    /// The values, then what the cells show, both row by row.
+    QVariantList GetEdits() const override;
+    void PutEdits(const QVariantList &values) override;
+    QString SpellChange(const QVariantList &before, const QVariantList &after) const override;
 
 Q_SIGNALS:
     void cellActivated(int, int);
@@ -53,6 +57,7 @@ public:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    QString SpellEditPart(int index) const override;
 
 private Q_SLOTS:
     void sl_cellChanged(int row, int column);
@@ -62,6 +67,8 @@ private:
     void LabelHeaders();
     QTableWidgetItem *ItemFor(int row, int column) const;
     void ShowValue(int row, int column, const QVariant &value);
+    QVariant ShownValue(int index) const;
+    void ShowOwnValue(int index, const QVariant &value);
 
     /// Null before CreateGUI() and once the window is gone.
     QPointer<QTableWidget> Control;

@@ -5,6 +5,8 @@
 #include "propertynames.h"
 #include "vcnumericfloatspin.h"
 
+#include <QLocale>
+
 namespace KV218
 {
 
@@ -37,6 +39,19 @@ QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin
 double DisplayFactor(const OrbelDelegate &delegate)
 {
     return delegate.GetDouble(prop::DisplayScalingFactor, 1.0);
+}
+
+QString SpellNumber(const OrbelDelegate &delegate, double number)
+{
+    // Without what binary arithmetic adds to the product.
+    constexpr int digits = 15;
+    const double shown = QString::number(number * DisplayFactor(delegate), 'g', digits).toDouble();
+    const int decimals = qMax(0, DocumentDecimals(delegate));
+    const bool fits = QString::number(shown, 'f', decimals).toDouble() == shown;
+    QLocale plain;
+    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    const QString text = plain.toString(shown, 'f', fits ? decimals : QLocale::FloatingPointShortest);
+    return text + delegate.property(prop::Suffix.data()).toString();
 }
 
 int DocumentDecimals(const OrbelDelegate &delegate)

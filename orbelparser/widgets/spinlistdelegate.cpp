@@ -74,7 +74,7 @@ template <class Node> QVector<VCNumericFloatSpin *> SpinListDelegate<Node>::Crea
     for (size_t i = 0; i < ValueNodes.size(); ++i) {
         const QString name = QStringLiteral("%1_%2").arg(WidgetName(), QString::number(spins.size()));
         VCNumericFloatSpin *spin = BuildSpin(*this, ValueNodes[i].get(), layout->parentWidget(), name);
-        connect(spin, &VCNumericFloatSpin::signalTextEdited, this, [this] { setModified(false); });
+        connect(spin, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
         PropagateProperties(spin);
         if constexpr (std::is_same_v<Node, ValueInt>)
             SetIntTooltip(spin);
@@ -125,6 +125,11 @@ template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subje
     } else if (!*node) {
         ValueNodes.erase(node);
     }
+}
+
+template <class Node> QString SpinListDelegate<Node>::SpellEdit(int, const QVariant &value) const
+{
+    return SpellNumber(*this, value.toDouble());
 }
 
 template <class Node> QList<VCNumericFloatSpin *> SpinListDelegate<Node>::Spins() const

@@ -24,6 +24,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     QVector<Face> GetFaces() const override;
     void forceFinishEditing() override;
+    QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:
     using Number = decltype(std::declval<const Node &>().GetValue());

@@ -1,14 +1,19 @@
 #include "tablekeys.h"
 
+#include "orbeldelegate.h"
 #include "typedspinbox.h"
+#include "typingundo.h"
 
 #include <QAbstractItemDelegate>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QMetaProperty>
 #include <QPointer>
 #include <QTableWidget>
+
+#include <optional>
 
 namespace KV218
 {
@@ -65,19 +70,34 @@ void EnterText(QTableWidget *table, const QModelIndex &cell, const QString &text
 
 } // namespace
 
-TableKeys::TableKeys(QTableWidget *table) : QObject(table), Table(table)
+TableKeys::TableKeys(QTableWidget *table, OrbelDelegate *control) : QObject(table), Table(table), Control(control)
 {
     table->setTabKeyNavigation(false);
     table->installEventFilter(this);
     table->viewport()->installEventFilter(this);
 }
 
-bool TableKeys::eventFilter(QObject *watched, QEvent *event)
+/// The editors of cells are children of the viewport.
+bool TableKeys::FilterEditor(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ChildPolished && watched == Table->viewport())
         NameEditor(qobject_cast<QWidget *>(static_cast<QChildEvent *>(event)->child()));
+    if (event->type() == QEvent::ChildAdded && watched == Table->viewport())
+        static_cast<QChildEvent *>(event)->child()->installEventFilter(this);
+    auto *spin = qobject_cast<QDoubleSpinBox *>(watched);
+    const auto *field = spin ? spin->findChild<QLineEdit *>() : qobject_cast<QLineEdit *>(watched);
+    const bool leaves = field && LeavesUndoToForm(*field, *event);
+    if (leaves)
+        event->ignore();
+    return leaves;
+}
+
+bool TableKeys::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != Table)
+        return FilterEditor(watched, event);
     // The override comes first and keeps the keys from shortcuts of the window.
-    if (watched != Table || (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride))
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     void (TableKeys::*act)() = nullptr;
@@ -131,6 +151,9 @@ void TableKeys::Paste()
     if (lines.last().isEmpty())
         lines.removeLast();
     const QPointer<QTableWidget> table(Table);
+    std::optional<OrbelDelegate::OperatorChange> change;
+    if (Control)
+        change.emplace(Control);
     for (int i = 0; i < lines.size(); ++i) {
         const QStringList texts = lines.at(i).split(CellEnd);
         for (int j = 0; j < texts.size() && table; ++j) {

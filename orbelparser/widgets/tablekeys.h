@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class QTableWidget;
 class QWidget;
 
 namespace KV218
 {
+
+class OrbelDelegate;
 
 /// What the keyboard does in a table beyond Qt's own keys. Tab leads out of it, the arrows from cell to cell; in the
 /// editor of a cell Tab commits and goes on to the next one, so that a table can be filled. Then copying and pasting
@@ -18,12 +21,14 @@ class TableKeys : public QObject
     Q_OBJECT
 
 public:
-    /// Belongs to `table`.
-    explicit TableKeys(QTableWidget *table);
+    /// Belongs to `table`. The form of `control`, which is not owned and may go before, records a paste; null records
+    /// none.
+    explicit TableKeys(QTableWidget *table, OrbelDelegate *control = nullptr);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool FilterEditor(QObject *watched, QEvent *event);
     /// Tells assistive tools in which cell it stands.
     void NameEditor(QWidget *editor);
     void Copy();
@@ -32,6 +37,7 @@ private:
     void OpenMenu();
 
     QTableWidget *Table;
+    const QPointer<OrbelDelegate> Control;
 };
 
 } // namespace KV218

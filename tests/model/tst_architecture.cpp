@@ -84,9 +84,9 @@ private Q_SLOTS:
     void aControlIncludesNoOtherControl()
     {
         // What several controls are made of, and no control itself.
-        const QStringList shared{"celldelegate", "celledit", "cellitemdelegate", "channelspacingitemdelegate",
-            "exclusiondialog", "flagscope", "floatspindelegate", "freqrangetable", "listelements", "spinbuilder",
-            "spinlistdelegate", "tablekeys", "wholehertz"};
+        const QStringList shared{"celldelegate", "celledit", "cellitemdelegate", "changesbutton", "channelspacingitemdelegate",
+            "exclusiondialog", "flagscope", "floatspindelegate", "formkeys", "freqrangetable", "listelements", "recordingcells",
+            "spinbuilder", "spinlistdelegate", "tablekeys", "wholehertz"};
         QStringList wrong;
         for (const QFileInfo &file : Sources()) {
             if (LevelOf(file) != Controls)

@@ -143,10 +143,11 @@ private Q_SLOTS:
         const std::unique_ptr<QWidget> window(form->GetGUI());
         form->EvaluateScript(script);
         auto *box = window->findChild<QComboBox *>("comboBox");
-        const QStringList plain = TextsOf(window.get());
         form->GetXmlString(false);
         box->setFocus();
         QTest::keyClick(box, Qt::Key_Down);
+        QCoreApplication::processEvents();
+        const QStringList plain = TextsOf(window.get());
         const QString state = StateOf(form);
         EventLog log;
         log.Watch("sheet", form->GetSheet().GetUi());

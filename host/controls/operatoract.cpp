@@ -1,0 +1,53 @@
+#include "operatoract.h"
+
+#include "exceptionstop.h"
+#include "valuebase.h"
+
+#include <algorithm>
+
+static OperatorAct *Innermost = nullptr;
+
+OperatorAct::OperatorAct(const ValueBase *node, int session)
+{
+    if (!node || On(node))
+        return;
+    Node = node;
+    Before = node->GetStringValue();
+    Session = session;
+    Outer = std::exchange(Innermost, this);
+}
+
+OperatorAct::~OperatorAct()
+{
+    if (!Node)
+        return;
+    Innermost = Outer;
+    for (const End &end : qAsConst(Ends)) {
+        try {
+            end.Then();
+        } catch (...) {
+            const ExceptionStop::Zone zone;
+            ExceptionStop::EndsHere();
+        }
+    }
+}
+
+OperatorAct *OperatorAct::On(const Observable *node)
+{
+    return Innermost && Innermost->Node == node ? Innermost : nullptr;
+}
+
+int OperatorAct::NewSession()
+{
+    static int last = 0;
+    return ++last;
+}
+
+bool OperatorAct::AtEnd(const void *who, const std::function<void()> &then)
+{
+    const auto isIt = [=](const End &end) { return end.Who == who; };
+    if (std::any_of(Ends.cbegin(), Ends.cend(), isIt))
+        return false;
+    Ends.append({who, then});
+    return true;
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QString>
+#include <QVector>
+
+#include <functional>
+
+class Observable;
+class ValueBase;
+
+/// While one of these lives, the operator sets a node by a control. Observers of the node tell by it an operator's
+/// change from one of a host or a script; what others set meanwhile, other nodes above all, is theirs. GUI thread only.
+class ORBEL_HOST_EXPORT OperatorAct
+{
+public:
+    /// `node` may be null, which is no act, and may go meanwhile. Acts of one `session` other than 0 are steps of one
+    /// change. Within an act on the same node this is a part of that.
+    explicit OperatorAct(const ValueBase *node, int session = 0);
+    /// Does what AtEnd() was given; an exception of that ends here, with a trace.
+    ~OperatorAct();
+    OperatorAct(const OperatorAct &) = delete;
+    OperatorAct &operator=(const OperatorAct &) = delete;
+
+    /// The act that sets this node just now; null when the change of which it tells is nobody's or another's.
+    static OperatorAct *On(const Observable *node);
+    /// A number that no session had before.
+    static int NewSession();
+
+    /// The text of the node before the act.
+    const QString &GetBefore() const { return Before; }
+    int GetSession() const { return Session; }
+    /// Does `then` when the node is set and everybody was told; for each `who` the first one only. False for a further
+    /// one.
+    bool AtEnd(const void *who, const std::function<void()> &then);
+
+private:
+    struct End {
+        const void *Who;
+        std::function<void()> Then;
+    };
+
+    const Observable *Node = nullptr;
+    QString Before;
+    int Session = 0;
+    OperatorAct *Outer = nullptr;
+    QVector<End> Ends;
+};

@@ -1,0 +1,111 @@
+#include "changeentry.h"
+
+#include "orbeldelegate.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace KV218
+{
+
+ChangeEntry::ChangeEntry(const QString &text, int session) : QUndoCommand(text), Session(session) { }
+
+void ChangeEntry::Add(OrbelDelegate *control, const QVariantList &before, const QVariantList &after)
+{
+    for (int i = 0; i < before.size() && before.size() == after.size(); ++i) {
+        if (!OrbelDelegate::IsSameEdit(before.at(i), after.at(i)))
+            Parts.append({control, i, before.at(i), after.at(i)});
+    }
+}
+
+bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
+{
+    return Index < values.size() && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
+}
+
+bool ChangeEntry::Stands(bool back) const
+{
+    return std::any_of(Parts.begin(), Parts.end(),
+        [=](const Part &part) { return part.Control && part.Stands(part.Control->GetEdits(), back); });
+}
+
+const OrbelDelegate *ChangeEntry::FindLocked(bool back) const
+{
+    for (const Part &part : Parts) {
+        if (part.Control && !part.Control->MayEdit() && part.Stands(part.Control->GetEdits(), back))
+            return part.Control;
+    }
+    return nullptr;
+}
+
+bool ChangeEntry::mergeWith(const QUndoCommand *next)
+{
+    const auto *other = dynamic_cast<const ChangeEntry *>(next);
+    if (!other || other->Session != Session || other->Parts.size() != 1 || Parts.size() != 1)
+        return false;
+    Part &own = Parts.first();
+    const Part &further = other->Parts.first();
+    // Between the two a host may have set another value.
+    const bool follows = own.Control == further.Control && own.Index == further.Index
+        && OrbelDelegate::IsSameEdit(own.After, further.Before);
+    if (!follows)
+        return false;
+    own.After = further.After;
+    setText(own.Control->SpellChange({own.Before}, {own.After}));
+    setObsolete(OrbelDelegate::IsSameEdit(own.Before, own.After));
+    return true;
+}
+
+void ChangeEntry::redo()
+{
+    if (!std::exchange(Done, false))
+        Move(false);
+}
+
+void ChangeEntry::Move(bool back)
+{
+    // A handler may lead back here.
+    if (Moving)
+        return;
+    const QScopedValueRollback<bool> moving(Moving, true);
+    const OrbelDelegate *locked = FindLocked(back);
+    bool moved = false;
+    for (auto first = Parts.begin(); first != Parts.end();) {
+        const auto isOther = [&](const Part &part) { return part.Control != first->Control; };
+        const auto last = std::find_if(first, Parts.end(), isOther);
+        moved |= MoveControl(first, last, back);
+        first = last;
+    }
+    if (!moved && !locked && !Stands(!back))
+        setObsolete(true);
+}
+
+bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back)
+{
+    OrbelDelegate *const control = first->Control;
+    if (!control || !control->MayEdit())
+        return false;
+    const OrbelDelegate::Call call(control);
+    QVariantList values = control->GetEdits();
+    QVector<Part *> standing;
+    for (auto part = first; part != last; ++part) {
+        if (!part->Stands(values, back))
+            continue;
+        values[part->Index] = part->Side(back);
+        standing.append(&*part);
+    }
+    if (standing.isEmpty())
+        return false;
+    control->PutEdits(values);
+    // Limits and handlers may have made another value of it, which then counts for the way back.
+    const QVariantList now = control->GetEdits();
+    for (Part *part : qAsConst(standing)) {
+        if (part->Index < now.size())
+            part->Side(back) = now.at(part->Index);
+    }
+    return true;
+}
+
+} // namespace KV218

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QPointer>
+#include <QUndoCommand>
+#include <QVariant>
+#include <QVector>
+
+namespace KV218
+{
+
+class OrbelDelegate;
+
+/// One change of the operator on the form's undo stack. Moving it either way leaves alone what others have set since;
+/// one that finds no values to move becomes obsolete, unless a lock is the reason, or they stand already where they
+/// would go.
+class ChangeEntry : public QUndoCommand
+{
+public:
+    /// Entries of one `session` other than 0 that follow one another are one.
+    explicit ChangeEntry(const QString &text, int session = 0);
+
+    /// Takes in the values of a control that differ.
+    void Add(OrbelDelegate *control, const QVariantList &before, const QVariantList &after);
+    bool IsEmpty() const { return Parts.isEmpty(); }
+    /// The values stand already when the entry comes onto the stack.
+    void SkipNextRedo() { Done = true; }
+    /// Whether there is a value to move: `back` by undo.
+    bool Stands(bool back) const;
+    /// The first control with such a value that the operator may not change now; null for none.
+    const OrbelDelegate *FindLocked(bool back) const;
+
+    int id() const override { return Session ? 1 : -1; }
+    bool mergeWith(const QUndoCommand *next) override;
+    void undo() override { Move(true); }
+    void redo() override;
+
+private:
+    struct Part {
+        QPointer<OrbelDelegate> Control;
+        int Index;
+        QVariant Before;
+        QVariant After;
+
+        QVariant &Side(bool before) { return before ? Before : After; }
+        const QVariant &Side(bool before) const { return before ? Before : After; }
+        bool Stands(const QVariantList &values, bool back) const;
+    };
+
+    void Move(bool back);
+    bool MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back);
+
+    const int Session;
+    /// Those of one control follow one another.
+    QVector<Part> Parts;
+    bool Done = false;
+    bool Moving = false;
+};
+
+} // namespace KV218

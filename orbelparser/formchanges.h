@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+#include <QVector>
+
+class QUndoStack;
+
+namespace KV218
+{
+
+class ChangeEntry;
+class FormLife;
+class OrbelDelegate;
+
+/// What the operator has changed in a form: a stack of his finished changes, which can be undone and redone, and the
+/// controls whose changes wait to be applied. Changes of the host and of scripts are not recorded.
+///
+/// Undo goes the operator's road. It puts back a value only where the one stands that its change left; what the host or
+/// a script has set since stays, and an entry of which nothing stands any more is dropped. An entry of a control that
+/// is locked stays and does nothing.
+class FormChanges : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `life` is the form's; not owned; it outlives this.
+    explicit FormChanges(FormLife *life);
+    ~FormChanges() override;
+
+    /// See OrbelFormular::GetUndoStack().
+    QUndoStack *GetStack() const { return Stack; }
+
+    /// Undoes or redoes the last change that is not dropped by it; tells refused() where that is locked.
+    void Undo() { Go(true); }
+    void Redo() { Go(false); }
+    /// Puts back what was applied last, as one change; where that is not known, nothing.
+    void RevertAll();
+    /// Asks for what was typed and changed to be applied.
+    void Apply() { Q_EMIT applyWanted(); }
+
+    /// The operator changed a control, which had these values before. Changes of one `session` other than 0 become one.
+    void Record(OrbelDelegate *control, const QVariantList &before, int session);
+    /// A control's modified state, or the value of a modified one, may be another.
+    void Note(OrbelDelegate *control);
+    /// The controls with changes that wait to be applied, in the order in which they were changed.
+    QVector<OrbelDelegate *> GetChanged();
+
+Q_SIGNALS:
+    /// The stack or the list of changed controls is another one.
+    void changed();
+    /// Nothing was undone, for the reason told.
+    void refused(const QString &reason);
+    void applyWanted();
+
+private:
+    void Go(bool back);
+    void Push(ChangeEntry *entry);
+    void Refresh();
+
+    FormLife *const Life;
+    /// Deleted later: a receiver of its signals may end the form.
+    QUndoStack *const Stack;
+    QHash<OrbelDelegate *, QPointer<OrbelDelegate>> Noted;
+    QVector<QPointer<OrbelDelegate>> Changed;
+    bool Due = false;
+    /// Entries move, or come.
+    bool Busy = false;
+};
+
+} // namespace KV218

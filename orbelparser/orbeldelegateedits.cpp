@@ -1,0 +1,167 @@
+// What the operator changes by a control: how it is seen, recorded, put back, and told.
+
+#include "orbeldelegate.h"
+
+#include "formdoor.h"
+#include "formlimits.h"
+#include "operatoract.h"
+#include "orbelwidget.h"
+#include "propertynames.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+
+#include <memory>
+
+namespace KV218
+{
+
+QVariantList OrbelDelegate::GetEdits() const
+{
+    QVariantList texts;
+    for (const ValueBase *node : GetNodes())
+        texts.append(node->GetStringValue());
+    return texts;
+}
+
+void OrbelDelegate::PutEdits(const QVariantList &values)
+{
+    // Whoever hears of one node may end the others.
+    for (int i = 0; i < values.size(); ++i) {
+        const auto nodes = GetNodes();
+        if (i < nodes.size() && nodes.at(i)->GetStringValue() != values.at(i).toString())
+            nodes.at(i)->SetStringValue(values.at(i).toString(), nullptr);
+    }
+}
+
+QString OrbelDelegate::SpellEdit(int, const QVariant &value) const
+{
+    return value.toString();
+}
+
+QString OrbelDelegate::SpellEditPart(int index) const
+{
+    return QString::number(index + 1);
+}
+
+QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantList &after) const
+{
+    constexpr int mostTold = 3;
+    QStringList from;
+    QStringList to;
+    int last = 0;
+    const QString none = QCoreApplication::translate("KV218::OrbelDelegate", "(empty)");
+    const auto spelled = [&](int index, const QVariant &value) {
+        const QString text = SpellEdit(index, value).simplified();
+        if (text.size() > limit::ToldValue)
+            return text.left(limit::ToldValue) + QChar(0x2026);
+        return text.isEmpty() ? none : text;
+    };
+    for (int i = 0; i < before.size() && i < after.size(); ++i) {
+        if (IsSameEdit(before.at(i), after.at(i)))
+            continue;
+        from.append(spelled(i, before.at(i)));
+        to.append(spelled(i, after.at(i)));
+        last = i;
+    }
+    if (from.isEmpty())
+        return GetCaption();
+    if (from.size() > mostTold)
+        return QCoreApplication::translate("KV218::OrbelDelegate", "%1: %2 values").arg(GetCaption()).arg(from.size());
+    const bool isPart = from.size() == 1 && after.size() > 1;
+    const QString who = isPart ? GetCaption() + QLatin1Char(' ') + SpellEditPart(last) : GetCaption();
+    const QString separator = QStringLiteral(", ");
+    return QStringLiteral("%1: %2 \u2192 %3").arg(who, from.join(separator), to.join(separator));
+}
+
+bool OrbelDelegate::IsSameEdit(const QVariant &one, const QVariant &other)
+{
+    if (!one.isValid() || !other.isValid())
+        return one.toString() == other.toString();
+    const bool sameText = one.userType() == QMetaType::Double || one.toString() == other.toString();
+    return one.userType() == other.userType() && IsSame(one, other) && sameText;
+}
+
+QString OrbelDelegate::GetCaption() const
+{
+    QString caption = GetTranslated(prop::LabelText).simplified();
+    while (caption.endsWith(QLatin1Char(':')))
+        caption.chop(1);
+    return caption.isEmpty() ? WidgetName() : caption;
+}
+
+bool OrbelDelegate::MayEdit() const
+{
+    return !Closed && IsDefined(prop::Enabled) && GetBool(prop::Enabled, true) && !GetBool(prop::ReadOnly, false);
+}
+
+void OrbelDelegate::ComeIntoView()
+{
+    const Call call(this);
+    Form().Show();
+}
+
+bool OrbelDelegate::IsChanged() const
+{
+    if (!Modified || !ChangeShows || (OwnerWidget && !OwnerWidget->IsSelected()))
+        return false;
+    if (!Applied)
+        return true;
+    const QVariantList now = GetEdits();
+    return now.size() != Applied->size() || !std::equal(now.begin(), now.end(), Applied->begin(), &IsSameEdit);
+}
+
+void OrbelDelegate::ShowChanged(bool changed)
+{
+    if (Label)
+        Label->SetMarked(changed);
+}
+
+void OrbelDelegate::JoinAct(const Observable *node)
+{
+    OperatorAct *const act = OperatorAct::On(node);
+    if (!act)
+        return;
+    const auto before = std::make_shared<QVariantList>();
+    const int session = act->GetSession();
+    const auto record = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore] {
+        if (!self)
+            return;
+        const Call call(this);
+        EditsBefore = outer;
+        Form().Record(*before, session);
+    };
+    if (!act->AtEnd(this, record))
+        return;
+    for (const ValueBase *own : GetNodes())
+        before->append(own == node ? act->GetBefore() : own->GetStringValue());
+    EditsBefore = before.get();
+}
+
+void OrbelDelegate::MarkTyping()
+{
+    const Call call(this);
+    const QVariantList stands = Modified ? QVariantList() : GetEdits();
+    const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+    setModified(false);
+}
+
+OrbelDelegate::OperatorChange::OperatorChange(OrbelDelegate *delegate) : Running(delegate), Delegate(delegate)
+{
+    if (Delegate->EditsBefore) {
+        Delegate = nullptr;
+        return;
+    }
+    Before = Delegate->GetEdits();
+    Delegate->EditsBefore = &Before;
+}
+
+OrbelDelegate::OperatorChange::~OperatorChange()
+{
+    if (!Delegate)
+        return;
+    Delegate->EditsBefore = nullptr;
+    Delegate->Form().Record(Before, 0);
+}
+
+} // namespace KV218
