@@ -52,7 +52,7 @@ void ChannelSpacingItemDelegate::setModelData(
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
     if (!leavesIt)
-        RecordingDelegate::setModelData(editor, model, index);
+        RecordingCells::setModelData(editor, model, index);
 }
 
 QString ChannelSpacingItemDelegate::displayText(const QVariant &value, const QLocale &locale) const
