@@ -6,6 +6,7 @@
 #include "ivaluenumeric.h"
 
 #include <QKeyEvent>
+#include <QStyleOptionFrame>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -29,6 +30,7 @@ FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
         },
         [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); });
     // What the field shows anew has no marked digit yet.
+    connect(this, &QLineEdit::textChanged, this, &FrequencyField::FitText);
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
     connect(this, &QLineEdit::textEdited, this, [this] { Entry = true; });
     connect(this, &VCLineEdit::signalTextFinallyChanged, this, &FrequencyField::LeaveFrequency);
@@ -212,16 +214,58 @@ void FrequencyField::ReplaceBy(const std::function<void()> &insertion)
         ShowNode();
 }
 
-/// A field that takes no input has the colour of what surrounds it.
+void FrequencyField::SetTextFont(const QFont &font)
+{
+    TextFont = font;
+    setFont(font);
+    FullHint = VCLineEdit::sizeHint();
+    FitText();
+}
+
+void FrequencyField::FitText()
+{
+    constexpr double least = 6;
+    constexpr int margins = 5; // what the base class keeps beside the text, and its cursor
+    if (!FullHint.isValid())
+        return;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - margins;
+    QFont fitting = TextFont.resolve(font());
+    while (fitting.pointSizeF() > least && QFontMetrics(fitting).horizontalAdvance(text()) > room)
+        fitting.setPointSizeF(fitting.pointSizeF() - 0.5);
+    if (fitting == font())
+        return;
+    QFont own = TextFont;
+    own.setPointSizeF(fitting.pointSizeF());
+    setFont(own);
+}
+
+void FrequencyField::resizeEvent(QResizeEvent *event)
+{
+    VCLineEdit::resizeEvent(event);
+    FitText();
+}
+
 void FrequencyField::changeEvent(QEvent *event)
 {
     VCLineEdit::changeEvent(event);
-    if (event->type() != QEvent::ReadOnlyChange)
-        return;
+    if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::PaletteChange)
+        ShowLock();
+    else if (event->type() == QEvent::StyleChange && FullHint.isValid())
+        SetTextFont(TextFont);
+}
+
+/// A field that takes no input has the colour of what surrounds it.
+void FrequencyField::ShowLock()
+{
+    const QBrush around = parentWidget()->palette().brush(QPalette::Window);
     QPalette own;
     if (isReadOnly())
-        own.setBrush(QPalette::Base, parentWidget()->palette().brush(QPalette::Window));
-    setPalette(own);
+        own.setBrush(QPalette::Base, around);
+    const bool stands = isReadOnly() ? palette().brush(QPalette::Base) == around : !testAttribute(Qt::WA_SetPalette);
+    if (!stands)
+        setPalette(own);
 }
 
 void FrequencyField::wheelEvent(QWheelEvent *event)

@@ -44,18 +44,16 @@ void VCFrequency::Build()
 {
     Field->setObjectName(QStringLiteral("frequency"));
     Field->setAccessibleName(tr("Frequency"));
-    UpButton = StepButton(QStringLiteral("increment"), Qt::UpArrow, &VCFrequency::slotIncrement);
+    UpButton = StepButton(QStringLiteral("increment"), GlyphButton::Up, &VCFrequency::slotIncrement);
     UpButton->setToolTip(tr("Step up the marked digit"));
     UpButton->setAccessibleName(UpButton->toolTip());
-    DownButton = StepButton(QStringLiteral("decrement"), Qt::DownArrow, &VCFrequency::slotDecrement);
+    DownButton = StepButton(QStringLiteral("decrement"), GlyphButton::Down, &VCFrequency::slotDecrement);
     DownButton->setToolTip(tr("Step down the marked digit"));
     DownButton->setAccessibleName(DownButton->toolTip());
-    EntryButton = MiniButton(QStringLiteral("entry"), &VCFrequency::BeginEntry);
-    EntryButton->setText(QStringLiteral("\u2026"));
+    EntryButton = MiniButton(QStringLiteral("entry"), GlyphButton::Pencil, &VCFrequency::BeginEntry);
     EntryButton->setToolTip(tr("Type a frequency"));
     EntryButton->setAccessibleName(EntryButton->toolTip());
-    HistoryButton = MiniButton(QStringLiteral("history"), &VCFrequency::OpenHistory);
-    HistoryButton->setText(QStringLiteral("\u21ba"));
+    HistoryButton = MiniButton(QStringLiteral("history"), GlyphButton::Clock, &VCFrequency::OpenHistory);
     HistoryButton->setToolTip(tr("Last frequencies (F4)"));
     HistoryButton->setAccessibleName(tr("Last frequencies"));
     TuneButton = new VCButton(tr("Tune"), this);
@@ -79,24 +77,21 @@ void VCFrequency::Build()
     grid->setColumnStretch(0, 1);
 }
 
-QToolButton *VCFrequency::StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)())
+QToolButton *VCFrequency::StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)())
 {
-    auto *button = new QToolButton(this);
+    auto *button = new GlyphButton(glyph, this);
     button->setObjectName(name);
-    button->setArrowType(arrow);
-    button->setAutoRaise(true);
     button->setAutoRepeat(true);
     // The marked digit, which the focus shows, is what the button steps.
     button->setFocusPolicy(Qt::NoFocus);
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     // Queued: Qt's button does not survive a handler that ends the form within its click.
     connect(button, &QToolButton::clicked, this, step, Qt::QueuedConnection);
     return button;
 }
 
-VCMiniFrequency *VCFrequency::MiniButton(const QString &name, void (VCFrequency::*action)())
+VCMiniFrequency *VCFrequency::MiniButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*action)())
 {
-    auto *button = new VCMiniFrequency(this);
+    auto *button = new VCMiniFrequency(this, glyph);
     button->setObjectName(name);
     connect(button, &VCMiniFrequency::clicked, this, action);
     return button;
@@ -274,8 +269,5 @@ void VCFrequency::ScaleText()
         large.setPointSizeF(font().pointSizeF() * TextScale);
     else
         large.setPixelSize(qRound(font().pixelSize() * TextScale));
-    Field->setFont(large);
-    const int arrow = QFontMetrics(large).ascent() / 2;
-    for (QToolButton *button : {UpButton, DownButton})
-        button->setIconSize({arrow, arrow});
+    Field->SetTextFont(large);
 }

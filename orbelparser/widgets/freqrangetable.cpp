@@ -1,5 +1,6 @@
 #include "freqrangetable.h"
 
+#include "headerfont.h"
 #include "numberparsing.h"
 #include "suffixeddouble.h"
 #include "survives.h"
@@ -65,6 +66,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     // Tab leads out of the table; inside an editor it goes on to the next cell.
     setTabKeyNavigation(false);
     new TableKeys(this);
+    KeepHeaderFont(this);
     NewAction = AddAction(tr("&New row"), QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W),
         tr("Create a new row in the list box"));
     connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);

@@ -3,6 +3,7 @@
 #include "celledit.h"
 #include "channelspacingitemdelegate.h"
 #include "floatgrouplayout.h"
+#include "headerfont.h"
 #include "formlimits.h"
 #include "listelements.h"
 #include "tablekeys.h"
@@ -53,6 +54,7 @@ void OrbelChannelSpacingTable::CreateGUI(FloatGroupLayout *layout)
     Control->setItemDelegate(Editors);
     Control->setContextMenuPolicy(Qt::CustomContextMenu);
     new TableKeys(Control);
+    KeepHeaderFont(Control);
     FillTable();
     // Meant: the tooltip keeps the bounds of this moment, and the definition's `enabled`, `visible` and `toolTip` stay
     // with the delegate until one of them changes.

@@ -2,6 +2,7 @@
 
 #include "celledit.h"
 #include "floatgrouplayout.h"
+#include "headerfont.h"
 #include "tablekeys.h"
 
 #include <QHeaderView>
@@ -23,6 +24,7 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     Control->setSortingEnabled(false);
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     new TableKeys(Control);
+    KeepHeaderFont(Control);
     FillTable();
     // Meant: the definition's `enabled`, `visible` and `toolTip` stay with the delegate until one of them changes.
     HideIfCollapsed(Control);

@@ -1,0 +1,16 @@
+#include "lookwatch.h"
+
+#include <QEvent>
+#include <QWidget>
+
+LookWatch::LookWatch(QWidget *watched, std::function<void()> follow) : QObject(watched), Follow(std::move(follow))
+{
+    watched->installEventFilter(this);
+}
+
+bool LookWatch::eventFilter(QObject *, QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange)
+        Follow();
+    return false;
+}
