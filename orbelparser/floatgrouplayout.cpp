@@ -41,7 +41,6 @@ FloatGroupLayout::FloatGroupLayout(QScrollArea *area) : FloatGroupLayout(area->w
 
 FloatGroupLayout::~FloatGroupLayout()
 {
-    delete lookWatch;
     qDeleteAll(items);
 }
 
@@ -87,7 +86,7 @@ void FloatGroupLayout::watchLook()
 {
     if (lookWatch || !parentWidget())
         return;
-    lookWatch = new LookWatch(parentWidget(), [this] {
+    lookWatch = new LookWatch(parentWidget(), this, [this] {
         for (QLayoutItem *item : qAsConst(items)) {
             if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
                 line->FollowParent();
@@ -306,7 +305,7 @@ QRect FloatGroupLayout::placeOf(int index) const
     QRect place = hints.at(index);
     if (!(flags.at(index) & FloatGroupItem::ItemLabel) || place.height() <= 0)
         return place;
-    auto *label = dynamic_cast<RowLabel *>(items.at(index)->widget());
+    auto *label = qobject_cast<RowLabel *>(items.at(index)->widget());
     if (!label)
         return place;
     const int next = index + 1;

@@ -101,9 +101,8 @@ public:
 private:
     friend class KV218::LayoutPause;
 
-    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once,
-    /// and when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything
-    /// otherwise.
+    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once, and
+    /// when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything otherwise.
     void pause();
     void resume();
 
@@ -118,11 +117,11 @@ private:
 
     int verticalSpacing = 4;
     int horizontalSpacing = 4;
-    /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being
-    /// destroyed only a widget is left of it.
+    /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being destroyed
+    /// only a widget is left of it.
     QPointer<QWidget> scrollArea;
-    /// Tells the section lines of the parent's font and colours; belongs to the parent.
-    QPointer<QObject> lookWatch;
+    /// Tells the section lines of the parent's font and colours; made with the first of them.
+    QObject *lookWatch = nullptr;
     /// Owned.
     QList<QLayoutItem *> items;
     /// FloatGroupItem::Flag of the item at the same index. Longer than `items` when marks wait for the next item.

@@ -9,6 +9,8 @@
 /// line of the control beside it, whatever the height of either.
 class ORBEL_EXPORT RowLabel : public QLabel
 {
+    Q_OBJECT
+
 public:
     RowLabel(const QString &text, QWidget *parent);
 

@@ -68,6 +68,19 @@ QMargins SectionLine::FrameMargins() const
         option.rect.right() - inside.right(), option.rect.bottom() - inside.bottom());
 }
 
+/// The line behind the indicator, as wide as the title is in its font: bold or scaled fonts of a style sheet may need
+/// more room than the style measures, and some styles leave none when the form is mirrored.
+QRect SectionLine::TitleRect() const
+{
+    int left = 0;
+    if (isCheckable()) {
+        for (QStyle::PixelMetric part : {QStyle::PM_IndicatorWidth, QStyle::PM_CheckBoxLabelSpacing})
+            left += style()->pixelMetric(part, nullptr, this);
+    }
+    const int width = fontMetrics().size(Qt::TextShowMnemonic, title()).width() + 2;
+    return QStyle::visualRect(layoutDirection(), rect(), QRect(left, 0, width, height()));
+}
+
 // Indicator and title are drawn one by one: as a whole, some styles and every style sheet draw the frame as well.
 void SectionLine::paintEvent(QPaintEvent *)
 {
@@ -85,16 +98,19 @@ void SectionLine::paintEvent(QPaintEvent *)
         painter.drawPrimitive(QStyle::PE_IndicatorCheckBox, indicator);
     }
     if (!title().isEmpty()) {
-        const QRect text = placeOf(QStyle::SC_GroupBoxLabel);
-        // Bold or scaled fonts of a style sheet may need more room than the style measured.
-        painter.drawItemText(text.adjusted(0, 0, gap, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
+        const QRect text = TitleRect();
+        painter.drawItemText(text,
+            QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextShowMnemonic,
             palette(), isEnabled(), title(), QPalette::WindowText);
-        line = QRect(text.right() + 2 * gap, text.center().y(), width() - text.right() - 2 * gap, 1);
+        const bool mirrored = layoutDirection() == Qt::RightToLeft;
+        const int from = mirrored ? 0 : text.right() + gap;
+        const int to = mirrored ? text.left() - gap : width();
+        line = QRect(from, text.center().y(), to - from, 1);
     }
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
-        focus.rect = placeOf(QStyle::SC_GroupBoxLabel);
+        focus.rect = TitleRect();
         painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
     }
     if (line.width() > 0)

@@ -23,6 +23,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QRect TitleRect() const;
     QMargins FrameMargins() const;
 
     QMargins Margins;

@@ -260,12 +260,14 @@ void FrequencyField::changeEvent(QEvent *event)
 void FrequencyField::ShowLock()
 {
     const QBrush around = parentWidget()->palette().brush(QPalette::Window);
+    const bool stands = isReadOnly() ? palette().brush(QPalette::Base) == around : !LockShown;
+    if (stands)
+        return;
+    LockShown = isReadOnly();
     QPalette own;
-    if (isReadOnly())
+    if (LockShown)
         own.setBrush(QPalette::Base, around);
-    const bool stands = isReadOnly() ? palette().brush(QPalette::Base) == around : !testAttribute(Qt::WA_SetPalette);
-    if (!stands)
-        setPalette(own);
+    setPalette(own);
 }
 
 void FrequencyField::wheelEvent(QWheelEvent *event)

@@ -74,6 +74,7 @@ private:
 
     QFont TextFont;
     QSize FullHint;
+    bool LockShown = false;
     bool BelowZero;
     // The marked digit stands for 10^Power Hz.
     int Power = 3;

@@ -3,7 +3,8 @@
 #include <QEvent>
 #include <QWidget>
 
-LookWatch::LookWatch(QWidget *watched, std::function<void()> follow) : QObject(watched), Follow(std::move(follow))
+LookWatch::LookWatch(QWidget *watched, QObject *owner, std::function<void()> follow)
+    : QObject(owner), Follow(std::move(follow))
 {
     watched->installEventFilter(this);
 }

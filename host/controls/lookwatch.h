@@ -11,9 +11,11 @@ class QWidget;
 /// Tells whenever the font or the colours of a widget have changed, for what does not follow by itself.
 class ORBEL_HOST_EXPORT LookWatch : public QObject
 {
+    Q_OBJECT
+
 public:
-    /// Belongs to `watched`.
-    LookWatch(QWidget *watched, std::function<void()> follow);
+    /// Belongs to `owner`.
+    LookWatch(QWidget *watched, QObject *owner, std::function<void()> follow);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

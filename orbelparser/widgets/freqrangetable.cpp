@@ -1,9 +1,9 @@
 #include "freqrangetable.h"
 
-#include "headerfont.h"
 #include "numberparsing.h"
 #include "suffixeddouble.h"
 #include "survives.h"
+#include "tablefont.h"
 #include "tablekeys.h"
 #include "tree.h"
 
@@ -66,7 +66,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     // Tab leads out of the table; inside an editor it goes on to the next cell.
     setTabKeyNavigation(false);
     new TableKeys(this);
-    KeepHeaderFont(this);
+    FollowTableFont(this);
     NewAction = AddAction(tr("&New row"), QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W),
         tr("Create a new row in the list box"));
     connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);

@@ -2,7 +2,7 @@
 
 #include "celledit.h"
 #include "floatgrouplayout.h"
-#include "headerfont.h"
+#include "tablefont.h"
 #include "tablekeys.h"
 
 #include <QHeaderView>
@@ -24,7 +24,7 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     Control->setSortingEnabled(false);
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     new TableKeys(Control);
-    KeepHeaderFont(Control);
+    FollowTableFont(Control);
     FillTable();
     // Meant: the definition's `enabled`, `visible` and `toolTip` stay with the delegate until one of them changes.
     HideIfCollapsed(Control);

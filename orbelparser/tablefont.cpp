@@ -1,4 +1,4 @@
-#include "headerfont.h"
+#include "tablefont.h"
 
 #include "lookwatch.h"
 
@@ -8,13 +8,16 @@
 namespace KV218
 {
 
-void KeepHeaderFont(QTableView *table)
+void FollowTableFont(QTableView *table)
 {
-    new LookWatch(table, [table] {
+    new LookWatch(table, table, [table] {
         for (QHeaderView *header : {table->horizontalHeader(), table->verticalHeader()}) {
             if (!header->testAttribute(Qt::WA_SetFont) && header->font() != table->font())
                 header->setFont(QFont());
         }
+        QHeaderView *rows = table->verticalHeader();
+        if (rows->defaultSectionSize() < rows->minimumSectionSize())
+            rows->setDefaultSectionSize(rows->minimumSectionSize());
     });
 }
 
