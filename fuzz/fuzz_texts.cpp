@@ -5,6 +5,7 @@
 #include "freqrangetable.h"
 #include "frequencytext.h"
 #include "numberparsing.h"
+#include "numberreader.h"
 #include "numbertext.h"
 #include "suffixeddouble.h"
 #include "valuecommentedrangemap.h"
@@ -41,7 +42,7 @@ void CheckFrequency(double hertz)
     const QString text = FrequencyText::Write(hertz);
     if (text.isEmpty())
         return;
-    Expect(FrequencyText::Read(text) == hertz);
+    Expect(NumberReader::OfHertz().Read(text).Number == hertz);
     for (int position = 0; position < text.size(); ++position) {
         if (const auto power = FrequencyText::PowerAt(text, position))
             Expect(FrequencyText::PositionOf(text, *power) == position);
@@ -89,8 +90,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     number = Ember::toDoubleEx(text, &ok);
     if (ok)
         CheckNumber(number);
-    if (const auto frequency = FrequencyText::Read(text))
-        CheckFrequency(*frequency);
+    const TypedNumber frequency = NumberReader::OfHertz().Read(text);
+    if (frequency.IsNumber())
+        CheckFrequency(frequency.Number);
     TypeIntoCell(text);
     qint64 integer = 0;
     TextToInteger(text, integer);

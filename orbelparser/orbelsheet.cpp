@@ -390,6 +390,8 @@ void OrbelSheet::SetEnableInput(bool enable, bool partial)
 {
     // It would come through the focus events of Qt and leave the sheet half locked.
     const ExceptionStop::Zone zone;
+    if (!enable)
+        Ui->ParkFocus();
     for (const Widget &widget : Snapshot())
         widget->GetDelegate()->EnableInput(enable, partial);
     Ui->EnableInput(enable, partial);

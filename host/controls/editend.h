@@ -3,12 +3,17 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
-/// Whether an event ends an edit in a field: Return, or that the focus goes. The field's own context menu takes the
-/// focus too, and the edit goes on after it.
+/// Whether the focus goes for good: it comes back from the field's own context menu, and from another window.
+inline bool LeavesField(const QFocusEvent &event)
+{
+    return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
+}
+
+/// Whether an event ends an edit in a field: Return, or that the focus goes for good.
 inline bool EndsEdit(const QEvent &event)
 {
     if (event.type() == QEvent::FocusOut)
-        return static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
+        return LeavesField(static_cast<const QFocusEvent &>(event));
     if (event.type() != QEvent::KeyPress)
         return false;
     const int key = static_cast<const QKeyEvent &>(event).key();

@@ -1,8 +1,8 @@
 #include "frequencyfield.h"
 
 #include "decimalnumber.h"
+#include "editend.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
 #include "ivaluenumeric.h"
 
 #include <QKeyEvent>
@@ -24,11 +24,6 @@ FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
 {
     setAlignment(Qt::AlignRight);
     setFocusPolicy(Qt::StrongFocus);
-    SetConversion(
-        [this](const QString &node) {
-            return FrequencyValidator::Shown(node, locale(), hasFocus() && MayTune() ? Power : 0);
-        },
-        [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); });
     // What the field shows anew has no marked digit yet.
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::FitText);
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
@@ -116,22 +111,16 @@ void FrequencyField::keyPressEvent(QKeyEvent *event)
     // A marked digit is a place, not a selection to copy or to replace.
     const bool whole = event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)
         || event->matches(QKeySequence::Paste) || event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Delete;
-    const bool begins = BeginsEntry(event);
-    const bool otherLetter = !begins && !event->text().isEmpty() && event->text().at(0).isPrint();
-    if (otherLetter) {
+    const bool types = !event->text().isEmpty() && event->text().at(0).isPrint();
+    const auto held = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool isCommand = held && held != (Qt::ControlModifier | Qt::AltModifier);
+    if (types && isCommand) {
         event->ignore();
         return;
     }
-    if (whole || begins)
+    if (whole || types)
         selectAll();
     VCLineEdit::keyPressEvent(event);
-}
-
-bool FrequencyField::BeginsEntry(const QKeyEvent *event) const
-{
-    const QChar first = event->text().isEmpty() ? QChar() : event->text().at(0);
-    const QString others = QStringLiteral("+-.,\u2212") + locale().decimalPoint();
-    return first.isDigit() || (!first.isNull() && others.contains(first));
 }
 
 bool FrequencyField::TuneByKey(int key)
@@ -299,7 +288,7 @@ void FrequencyField::focusInEvent(QFocusEvent *event)
 
 void FrequencyField::focusOutEvent(QFocusEvent *event)
 {
-    const bool leaves = event->reason() != Qt::PopupFocusReason;
+    const bool leaves = EndsEdit(*event);
     if (leaves)
         deselect();
     if (!leaves || ShowNode())

@@ -6,7 +6,7 @@
 /// field has the focus: Left and Right, Home, End and a click choose it, Up and Down, Page Up and Page Down (ten at a
 /// time) change it with carry, within the limits of the node, and so does the wheel for the digit under the mouse; the
 /// wheel needs the focus, so that scrolling a form tunes nothing. Zeros lead the text up to the marked digit, and one
-/// steps back the way one came. A digit, sign, or point begins a typed entry, which replaces the text; F2 begins one
+/// steps back the way one came. A character begins a typed entry, which replaces the text; F2 begins one
 /// with the text that stands there. Return ends it, Escape takes it back.
 class ORBEL_HOST_EXPORT FrequencyField : public VCLineEdit
 {
@@ -44,6 +44,7 @@ Q_SIGNALS:
 
 protected:
     bool ShowNode() override;
+    int LeastPower() const override { return hasFocus() && MayTune() ? Power : 0; }
     bool IsEditing() const override { return Entry || VCLineEdit::IsEditing(); }
 
     void keyPressEvent(QKeyEvent *event) override;
@@ -60,7 +61,6 @@ protected:
 private:
     bool MayTune() const;
     bool IsAtRest() const { return MayTune() && !IsEditing(); }
-    bool BeginsEntry(const QKeyEvent *event) const;
     void ReplaceBy(const std::function<void()> &insertion);
     void LeaveFrequency();
     bool TuneByKey(int key);

@@ -2,7 +2,7 @@
 
 #include "frequencyfield.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
+#include "inputlock.h"
 #include "ivaluenumeric.h"
 #include "tree.h"
 #include "vcbutton.h"
@@ -126,6 +126,9 @@ void VCFrequency::DisableButtons()
 
 void VCFrequency::EnableInput(bool enable)
 {
+    InputLock lock;
+    if (!enable && !Survives(this, [&] { QCoreApplication::sendEvent(Field, &lock); }))
+        return;
     Locked = !enable;
     ApplyInput();
 }
@@ -146,6 +149,11 @@ void VCFrequency::setEnabled(bool enable)
     QWidget::setEnabled(enable);
     if (enable)
         EnableInput(true);
+}
+
+void VCFrequency::SetWholeHertz(bool whole)
+{
+    Field->SetWholeHertz(whole);
 }
 
 void VCFrequency::ApplyInput()
@@ -178,7 +186,7 @@ void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
         BandwidthLabel->setText(
-            tr("Bandwidth %1").arg(FrequencyValidator::Shown(Bandwidth->GetStringValue(), locale())));
+            tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 

@@ -41,7 +41,8 @@ public:
 
     /// Disables the step buttons until input is freed again.
     void DisableButtons();
-    /// Locks the input, as for a read-only field, or frees it; input is locked, too, without a frequency node. The lock
+    /// Locks the input, as for a read-only field, or frees it; input is locked, too, without a frequency node. A lock takes
+    /// back a text that is being typed, and tells it. The lock
     /// ends as well with setEnabled(true) and setReadOnly(false).
     virtual void EnableInput(bool enable);
     bool isReadOnly() const { return ReadOnly; }
@@ -49,6 +50,9 @@ public:
     void setReadOnly(bool readOnly);
     /// Hides that of the base class, to commit a text that is being typed before, and to end the lock.
     void setEnabled(bool enable);
+
+    /// Rounds typed frequencies to whole hertz; off at the start.
+    void SetWholeHertz(bool whole);
 
     /// In Hz, most recent first: what the operator set, and what stood there before.
     QVector<double> GetHistory() const { return History.Frequencies(); }

@@ -1,13 +1,34 @@
 #include "vclineedit.h"
 
 #include "editend.h"
+#include "fieldnote.h"
 #include "frequencytext.h"
-#include "frequencyvalidator.h"
+#include "inputlock.h"
+#include "ivaluenumeric.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+
+namespace
+{
+
+/// Tells a field whether it may commit a text; any other may stand there while it is typed.
+class FrequencyValidator : public QValidator
+{
+public:
+    explicit FrequencyValidator(VCLineEdit *field) : QValidator(field), Field(field) { }
+    State validate(QString &text, int &) const override
+    {
+        return Field->GetReader().Read(text).IsNumber() ? Acceptable : Intermediate;
+    }
+
+private:
+    VCLineEdit *Field;
+};
+
+} // namespace
 
 VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : QLineEdit(parent), Type(type)
 {
@@ -21,26 +42,30 @@ VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : Q
 void VCLineEdit::TakeFrequencies()
 {
     setValidator(new FrequencyValidator(this));
-    NodeToShown = [this](const QString &node) { return FrequencyValidator::Shown(node, locale()); };
-    TypedToNode = [this](const QString &typed) { return FrequencyValidator::ForNode(typed, locale()); };
-    connect(this, &QLineEdit::textChanged, this, &VCLineEdit::MarkWrongText);
+    NodeToShown = [this](const QString &node) { return FrequencyText::OfNode(node, locale(), LeastPower()); };
+    TypedToNode = [this](const QString &typed) {
+        const TypedNumber hertz = GetReader().Read(typed);
+        return hertz.IsNumber() ? FrequencyText::Plain(hertz.Number) : QString();
+    };
+    connect(this, &QLineEdit::textChanged, this, [this] { Late.RequestLater(&VCLineEdit::TellTyping); });
 }
 
-/// A text that cannot be committed turns red, in a shade that the background lets through.
-void VCLineEdit::MarkWrongText()
+NumberReader VCLineEdit::GetReader() const
 {
-    const bool wrong = IsPending() && !text().isEmpty() && !hasAcceptableInput();
-    if (wrong == Unmarked.has_value())
-        return;
-    if (!wrong) {
-        setPalette(*std::exchange(Unmarked, std::nullopt));
-        return;
+    NumberReader reader = NumberReader::OfHertz(locale());
+    reader.ShownPower = FrequencyText::ShownPower(Content);
+    reader.IsWhole = WholeHertz;
+    if (const auto *node = dynamic_cast<const IValueNumeric *>(Node.get())) {
+        reader.Minimum = node->GetMin();
+        reader.Maximum = node->GetMax();
     }
-    Unmarked = palette();
-    QPalette marked = *Unmarked;
-    const bool dark = marked.color(QPalette::Base).lightness() < 128;
-    marked.setColor(QPalette::Text, dark ? QColor(255, 110, 110) : QColor(190, 0, 0));
-    setPalette(marked);
+    return reader;
+}
+
+void VCLineEdit::TellTyping()
+{
+    if (Type == ekFrequency)
+        Mark.Show(IsPending() ? GetReader().Read(text()) : TypedNumber());
 }
 
 bool VCLineEdit::SetValueBase(ValueBase *node)
@@ -61,7 +86,7 @@ void VCLineEdit::SetConversion(const Conversion &nodeToShown, const Conversion &
 void VCLineEdit::setEnabled(bool enable)
 {
     // The focus goes when the field is disabled already and commits nothing.
-    if (enable || FinishEdit())
+    if (enable || LeaveEdit())
         QLineEdit::setEnabled(enable);
 }
 
@@ -87,12 +112,21 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
         return;
     NodeSpoke = true;
     NodeWaits = IsPending();
-    if (!IsEditing())
+    if (IsEditing())
+        TellTyping();
+    else
         ShowNode();
 }
 
 bool VCLineEdit::event(QEvent *event)
 {
+    if (event->type() == InputLock::Kind()) {
+        DropEdit();
+        return true;
+    }
+    // Nobody tells a field in another window than the active one that the focus has gone from it.
+    if (event->type() == QEvent::WindowActivate && IsEditing() && window()->focusWidget() != this)
+        Late.RequestLater(&VCLineEdit::EndStrayEdit);
     // The base class would not survive a commit that ends the field.
     if (EndsEdit(*event) && !FinishEdit())
         return true;
@@ -139,10 +173,21 @@ bool VCLineEdit::FinishEdit()
     return !hasAcceptableInput() || Commit(text());
 }
 
+void VCLineEdit::DropEdit()
+{
+    if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->reset(); }))
+        return;
+    const QString typed = text() == Shown ? QString() : text();
+    if (IsEditing() && ShowNode() && !typed.isEmpty())
+        FieldNote::TellDropped(this, typed);
+}
+
 void VCLineEdit::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsEditing())
         ShowNode();
+    else if (event->key() == Qt::Key_F2)
+        selectAll();
     else
         QLineEdit::keyPressEvent(event);
 }
@@ -159,6 +204,15 @@ void VCLineEdit::dropEvent(QDropEvent *event)
     QLineEdit::dropEvent(event);
     // Otherwise no end of an edit would come after a text dropped into a field that is not being edited.
     setFocus(Qt::OtherFocusReason);
+}
+
+void VCLineEdit::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        Mark.FollowPalette();
+    else if (event->type() == QEvent::LocaleChange && Type == ekFrequency && !IsEditing())
+        ShowNode();
 }
 
 /// Commits before the focus moves: Qt would go on with the field that gets it.
@@ -197,5 +251,6 @@ bool VCLineEdit::ShowNode()
         if (text() != Content)
             setText(Content);
         Shown = text();
+        Mark.Clear();
     });
 }

@@ -2,18 +2,22 @@
 
 #include "lateacts.h"
 #include "nodebinding.h"
+#include "typingmark.h"
 
 #include <QLineEdit>
 
 #include <functional>
-#include <optional>
 
 /// A text field that shows and sets a node of any type by its text. A text that differs from the shown one is pending
 /// until Return or leaving the field commits it; Escape takes it back. A field without the focus thus always shows what
 /// its node holds: a pending text that the input mask does not accept goes when the focus goes, and so does one in a
 /// field that is read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere
-/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit.
-/// Disabling the field itself commits a pending text first.
+/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. A switch
+/// to another window does not. Disabling the field itself commits a pending text first; a lock of the input (InputLock)
+/// takes it back and tells it.
+///
+/// A field of the frequency kind lets every text stand while it is typed, and tells by a note what it understands. What
+/// is no frequency, or lies beyond the limits of the node, is red, is not committed, and goes like any pending text.
 ///
 /// A receiver of the signals of this class may delete the field, and the window with it; Qt's own textEdited() and
 /// textChanged() come out of the middle of the field's work, which it would not survive.
@@ -37,6 +41,12 @@ public:
     /// How the text of the node is shown, and how a typed text is read; the latter gives a null string for one that
     /// stands for nothing, which leaves the node alone. Null functions, as at the start, take the texts as they are.
     void SetConversion(const Conversion &nodeToShown, const Conversion &typedToNode);
+
+    /// How a field of the frequency kind reads a text now: NumberReader tells the rules. The shown unit is that of the
+    /// node's text that the field last showed, and the limits are those of a numeric node.
+    NumberReader GetReader() const;
+    /// Rounds typed frequencies to whole hertz; off at the start.
+    void SetWholeHertz(bool whole) { WholeHertz = whole; }
 
     /// These hide those of the base class, which would lose a pending text, or leave a cut one behind.
     void setEnabled(bool enable);
@@ -71,6 +81,8 @@ protected:
     template <class Set> bool WriteNode(const Set &set) { return Node.Write(this, set); }
     /// Shows what the node holds and drops a pending text. False when the field is gone.
     virtual bool ShowNode();
+    /// Zeros lead a shown frequency up to the digit for 10^LeastPower() Hz.
+    virtual int LeastPower() const { return 0; }
     /// Whether the node's changes wait: a text is pending.
     virtual bool IsEditing() const { return IsPending(); }
 
@@ -78,15 +90,19 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     bool focusNextPrevChild(bool next) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     bool IsPending() const { return !Showing && (text() != Shown || NodeWaits); }
     bool Commit(const QString &typed);
     bool WriteTyped(const QString &typed);
+    void DropEdit();
+    bool LeaveEdit() { return FinishEdit() && (!IsEditing() || ShowNode()); }
+    void EndStrayEdit() { LeaveEdit(); }
     void TellEdited() { Q_EMIT signalTextEdited(text()); }
     void TellChanged() { Q_EMIT signalTextChanged(text()); }
     void TakeFrequencies();
-    void MarkWrongText();
+    void TellTyping();
 
     NodeBinding<ValueBase> Node{this};
     LateActs<VCLineEdit> Late{this};
@@ -100,6 +116,6 @@ private:
     bool NodeSpoke = false;
     // The node has another text than the shown one by now, and a pending text keeps it from the screen.
     bool NodeWaits = false;
-    // While a wrong text is marked: the field's own colours.
-    std::optional<QPalette> Unmarked;
+    bool WholeHertz = false;
+    TypingMark Mark{this};
 };

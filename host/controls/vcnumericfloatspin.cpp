@@ -2,8 +2,9 @@
 
 #include "decimalnumber.h"
 #include "editend.h"
+#include "fieldnote.h"
+#include "inputlock.h"
 #include "tree.h"
-#include "typednumber.h"
 #include "valuenumeric.h"
 
 #include <QGuiApplication>
@@ -15,11 +16,10 @@
 #include <limits>
 
 static constexpr double Unlimited = 1e308; // a limit that is none, in whatever unit
-static constexpr double RoomWithoutLimit = 9999999999.0; // what a box without a limit is wide enough for
 static constexpr int MostPlaces = 323; // what the base class takes
 
 VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking)
-    : QDoubleSpinBox(parent)
+    : TypedSpinBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
     setFocusPolicy(Qt::StrongFocus);
@@ -113,7 +113,7 @@ void VCNumericFloatSpin::setValue(double number)
 void VCNumericFloatSpin::setEnabled(bool enable)
 {
     // The focus goes when the box is disabled already and commits nothing.
-    if (enable || FinishEdit())
+    if (enable || Survives(this, [this] { LeaveEdit(); }))
         QDoubleSpinBox::setEnabled(enable);
 }
 
@@ -123,28 +123,6 @@ void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
         return;
     ReadNode();
     ShowNodeAfterEdit();
-}
-
-QString VCNumericFloatSpin::textFromValue(double number) const
-{
-    QLocale plain = locale();
-    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
-    const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    return plain.toString(finite, 'f', decimals());
-}
-
-double VCNumericFloatSpin::valueFromText(const QString &text) const
-{
-    return ReadNumber(text).value_or(value());
-}
-
-QValidator::State VCNumericFloatSpin::validate(QString &text, int &) const
-{
-    const std::optional<double> number = ReadNumber(text);
-    if (!number)
-        return ReadTypedNumber(WithoutAffixes(text), locale(), decimals()).State;
-    const bool inside = *number >= minimum() && *number <= maximum();
-    return inside ? QValidator::Acceptable : QValidator::Intermediate;
 }
 
 void VCNumericFloatSpin::stepBy(int steps)
@@ -164,13 +142,20 @@ bool VCNumericFloatSpin::event(QEvent *event)
         event->accept();
         return true;
     }
+    if (event->type() == InputLock::Kind()) {
+        DropEdit();
+        return true;
+    }
+    // Nobody tells a box in another window than the active one that the focus has gone from it.
+    if (event->type() == QEvent::WindowActivate && IsPending() && window()->focusWidget() != this)
+        Late.RequestLater(&VCNumericFloatSpin::LeaveEdit);
     // The base class would not survive a commit that ends the box.
     if (EndsEdit(*event) && !FinishEdit())
         return true;
     if (event->type() != QEvent::InputMethod)
-        return QDoubleSpinBox::event(event);
+        return TypedSpinBox::event(event);
     bool handled = true;
-    Late.After([&] { handled = QDoubleSpinBox::event(event); });
+    Late.After([&] { handled = TypedSpinBox::event(event); });
     return handled;
 }
 
@@ -188,20 +173,20 @@ QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
 /// Commits before the focus moves: Qt would go on with the control that gets it.
 bool VCNumericFloatSpin::focusNextPrevChild(bool next)
 {
-    return !FinishEdit() || QDoubleSpinBox::focusNextPrevChild(next);
+    return !FinishEdit() || TypedSpinBox::focusNextPrevChild(next);
 }
 
 void VCNumericFloatSpin::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsPending())
         ShowNode();
-    else
-        Late.After([=] { QDoubleSpinBox::keyPressEvent(event); });
+    else if (!EndsEdit(*event) || !IsPending() || Finish())
+        Late.After([=] { TypedSpinBox::keyPressEvent(event); });
 }
 
 void VCNumericFloatSpin::mousePressEvent(QMouseEvent *event)
 {
-    Late.After([=] { QDoubleSpinBox::mousePressEvent(event); });
+    Late.After([=] { TypedSpinBox::mousePressEvent(event); });
 }
 
 void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
@@ -209,23 +194,19 @@ void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
     if (!hasFocus() || stepEnabled() == StepNone)
         event->ignore();
     else
-        Late.After([=] { QDoubleSpinBox::wheelEvent(event); });
+        Late.After([=] { TypedSpinBox::wheelEvent(event); });
 }
 
 void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 {
-    Late.After([=] { QDoubleSpinBox::timerEvent(event); });
+    Late.After([=] { TypedSpinBox::timerEvent(event); });
 }
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
 {
-    if (event->reason() == Qt::PopupFocusReason && IsPending()) {
-        // The edit goes on after a context menu. The base class would take over what was typed so far.
-        lineEdit()->event(event);
-        QWidget::focusOutEvent(event);
-        return;
-    }
-    QDoubleSpinBox::focusOutEvent(event);
+    const bool refused = LeavesField(*event) && IsPending();
+    if (!refused || Survives(this, [this] { ShowNode(); }))
+        TypedSpinBox::focusOutEvent(event);
 }
 
 /// What the node's number is on the screen, without what binary arithmetic adds to it.
@@ -284,35 +265,15 @@ bool VCNumericFloatSpin::IsPending() const
     return (Typed != ShownText || NodeWaits) && Typed == lineEdit()->text();
 }
 
-QString VCNumericFloatSpin::WithoutAffixes(const QString &text) const
-{
-    QString bare = text;
-    if (bare.startsWith(prefix()))
-        bare.remove(0, prefix().size());
-    if (bare.endsWith(suffix()))
-        bare.chop(suffix().size());
-    return bare;
-}
-
-std::optional<double> VCNumericFloatSpin::ReadNumber(const QString &text) const
-{
-    if (!specialValueText().isEmpty() && text == specialValueText())
-        return minimum();
-    const auto typed = ReadTypedNumber(WithoutAffixes(text), locale(), decimals());
-    if (typed.State != QValidator::Acceptable)
-        return {};
-    return typed.Number;
-}
-
 /// What the operator has typed and not committed; nothing when the number is the one shown before.
 std::optional<double> VCNumericFloatSpin::PendingNumber() const
 {
     if (!IsPending())
         return {};
-    const std::optional<double> typed = ReadNumber(lineEdit()->text());
-    if (!typed || (*typed == Shown && !NodeWaits))
+    const TypedNumber typed = ReadText(lineEdit()->text());
+    if (!typed.IsNumber() || (typed.Shown == Shown && !NodeWaits))
         return {};
-    return typed;
+    return typed.Shown;
 }
 
 bool VCNumericFloatSpin::HasStep() const
@@ -347,8 +308,27 @@ bool VCNumericFloatSpin::FinishEdit()
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
     if (number && mayCommit)
         return Put(*number);
-    ShowNode();
+    // What is no number stays, to be mended.
+    if (!IsPending() || !mayCommit || IsReadable())
+        ShowNode();
     return true;
+}
+
+/// Ends an edit, be it of a text that is no number.
+void VCNumericFloatSpin::LeaveEdit()
+{
+    if (FinishEdit() && IsPending())
+        ShowNode();
+}
+
+void VCNumericFloatSpin::DropEdit()
+{
+    if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->reset(); }))
+        return;
+    const bool typed = IsPending() && Typed != ShownText;
+    const QString text = cleanText();
+    if (Survives(this, [this] { ShowNode(); }) && typed)
+        FieldNote::TellDropped(this, text);
 }
 
 void VCNumericFloatSpin::TellTyping()
@@ -418,6 +398,7 @@ void VCNumericFloatSpin::ShowNode()
     }
     NodeWaits = false;
     Typed = ShownText;
+    ForgetReading();
 }
 
 void VCNumericFloatSpin::ShowNodeAfterEdit()
@@ -425,4 +406,6 @@ void VCNumericFloatSpin::ShowNodeAfterEdit()
     NodeWaits = IsPending();
     if (!NodeWaits)
         ShowNode();
+    else if (Typed != ShownText)
+        TellReading();
 }

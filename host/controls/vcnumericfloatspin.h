@@ -3,23 +3,20 @@
 #include "ivaluenumeric.h"
 #include "lateacts.h"
 #include "nodebinding.h"
+#include "typedspinbox.h"
 #include "undorecordingcontrolbase.h"
-
-#include <QDoubleSpinBox>
-
-#include <optional>
-#include <utility>
 
 /// A spin box that shows a numeric node times a factor, and sets it. The node keeps every digit it has: only a number
 /// that the operator really changed is written, so that showing never rounds it, and steps are exact in decimal numbers
 /// however many there are.
 ///
 /// What is typed is pending while it differs from what was shown, until Return, leaving the box or disabling it commits
-/// it, clamped to the limits; Escape takes it back, and the box's own context menu leaves it alone. A change of the
-/// node or of the limits from elsewhere leaves a pending number alone and counts when the edit ends. The wheel steps
-/// only while the box has the focus; otherwise the turn goes on to what lies behind. Without a node the box keeps its
-/// last number, and edits fall back to it. The size hint has room for the limits, for 18 characters at most.
-class ORBEL_HOST_EXPORT VCNumericFloatSpin : public QDoubleSpinBox,
+/// it, clamped to the limits; Escape takes it back, and so does a lock of the input (InputLock). What is no number stays
+/// after Return and goes back when the box is left. A change of the node or of the limits from elsewhere leaves a pending
+/// number alone and counts when the edit ends. The wheel steps only while the box has the focus; otherwise the turn goes
+/// on to what lies behind. Without a node the box keeps its last number, and edits fall back to it. The size hint has room
+/// for the limits, for 18 characters at most.
+class ORBEL_HOST_EXPORT VCNumericFloatSpin : public TypedSpinBox,
                                              public IObserver,
                                              public virtual UndoRecordingControlBase
 {
@@ -66,10 +63,6 @@ public:
     void setEnabled(bool enable);
 
     void Update(Observable *subject, TChangeCode code) override;
-    QString textFromValue(double number) const override;
-    double valueFromText(const QString &text) const override;
-    /// Intermediate for a number out of the limits: it may be typed, and is clamped on commit.
-    QValidator::State validate(QString &text, int &position) const override;
     void fixup(QString &) const override { }
     void stepBy(int steps) override;
     bool event(QEvent *event) override;
@@ -83,6 +76,9 @@ Q_SIGNALS:
     void signalTextEdited(const QString &text);
 
 protected:
+    std::pair<double, double> TypedRange() const override { return {minimum(), maximum()}; }
+    bool IsTyping() const override { return IsPending(); }
+    double Scale() const override { return Factor; }
     StepEnabled stepEnabled() const override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -100,14 +96,14 @@ private:
     bool StandsAlready(double shown) const;
 
     bool IsPending() const;
-    QString WithoutAffixes(const QString &text) const;
-    std::optional<double> ReadNumber(const QString &text) const;
     std::optional<double> PendingNumber() const;
     bool HasStep() const;
     bool Wraps() const;
     double Stepped(int steps) const;
 
     bool FinishEdit();
+    void DropEdit();
+    void LeaveEdit();
     void TellTyping();
     bool Put(double shown);
     void WriteNode();

@@ -12,33 +12,6 @@ struct Scale {
 };
 constexpr Scale Scales[] = {{9, "GHz"}, {6, "MHz"}, {3, "kHz"}, {0, "Hz"}};
 
-/// The power of ten that a typed unit stands for.
-std::optional<int> PowerOfUnit(const QString &unit)
-{
-    if (unit.isEmpty())
-        return 0;
-    for (const Scale &scale : Scales) {
-        const QLatin1String full(scale.Unit);
-        const bool prefixAlone = scale.Power > 0 && unit.compare(full.left(1), Qt::CaseInsensitive) == 0;
-        if (prefixAlone || unit.compare(full, Qt::CaseInsensitive) == 0)
-            return scale.Power;
-    }
-    return {};
-}
-
-bool IsPoint(QChar character, const QLocale &locale)
-{
-    return character == QLatin1Char('.') || character == QLatin1Char(',') || character == locale.decimalPoint();
-}
-
-QString WithoutBlanks(const QString &text)
-{
-    QString bare;
-    bare.reserve(text.size());
-    std::copy_if(text.begin(), text.end(), std::back_inserter(bare), [](QChar c) { return !c.isSpace(); });
-    return bare;
-}
-
 /// Groups of three digits; a shorter one leads the digits, or ends them.
 QString Grouped(const QString &digits, bool shorterLeads)
 {
@@ -52,43 +25,7 @@ QString Grouped(const QString &digits, bool shorterLeads)
     return grouped;
 }
 
-/// The power of ten of the digit before the point.
-int PowerOfText(const QString &text)
-{
-    return PowerOfUnit(text.mid(text.lastIndexOf(QLatin1Char(' ')) + 1)).value_or(0);
-}
-
 } // namespace
-
-std::optional<double> FrequencyText::Read(const QString &text, const QLocale &locale)
-{
-    const QString bare = WithoutBlanks(text);
-    QString whole;
-    QString fraction;
-    bool behindPoint = false;
-    int i = 0;
-    const bool minus = bare.startsWith(QLatin1Char('-')) || bare.startsWith(QChar(0x2212));
-    if (minus || bare.startsWith(QLatin1Char('+')))
-        ++i;
-    for (; i < bare.size(); ++i) {
-        const QChar character = bare.at(i);
-        if (character.isDigit())
-            (behindPoint ? fraction : whole) += QChar(u'0' + character.digitValue());
-        else if (!behindPoint && IsPoint(character, locale))
-            behindPoint = true;
-        else
-            break;
-    }
-    const std::optional<int> power = PowerOfUnit(bare.mid(i));
-    if (!power || whole.size() + fraction.size() == 0)
-        return {};
-    fraction = fraction.leftJustified(*power, QLatin1Char('0'));
-    const QString plain = whole + fraction.left(*power) + QLatin1Char('.') + fraction.mid(*power) + QLatin1Char('0');
-    const double hertz = plain.toDouble();
-    if (!std::isfinite(hertz))
-        return {};
-    return minus ? -hertz : hertz;
-}
 
 QString FrequencyText::Write(double hertz, int leastPower, QChar point)
 {
@@ -111,6 +48,51 @@ QString FrequencyText::Write(double hertz, int leastPower, QChar point)
     if (!rest.isEmpty())
         text += point + Grouped(rest, false);
     return text + QLatin1Char(' ') + QLatin1String(scale->Unit);
+}
+
+QString FrequencyText::Short(double hertz, QChar point)
+{
+    const QString text = Write(hertz, 0, point);
+    const int unit = text.lastIndexOf(QLatin1Char(' '));
+    if (!text.contains(point))
+        return text;
+    int end = unit;
+    while (text.at(end - 1) == QLatin1Char('0') || text.at(end - 1) == QLatin1Char(' '))
+        --end;
+    if (text.at(end - 1) == point)
+        --end;
+    return text.left(end) + text.mid(unit);
+}
+
+QString FrequencyText::OfNode(const QString &nodeText, const QLocale &locale, int leastPower)
+{
+    bool isNumber = false;
+    const double hertz = nodeText.toDouble(&isNumber);
+    return isNumber ? Write(hertz, leastPower, locale.decimalPoint()) : nodeText;
+}
+
+QStringList FrequencyText::Units()
+{
+    QStringList units;
+    for (const Scale &scale : Scales)
+        units.append(QLatin1String(scale.Unit));
+    return units;
+}
+
+std::optional<int> FrequencyText::PowerOfUnit(const QString &unit)
+{
+    for (const Scale &scale : Scales) {
+        const QLatin1String full(scale.Unit);
+        const bool prefixAlone = scale.Power > 0 && unit.compare(full.left(1), Qt::CaseInsensitive) == 0;
+        if (prefixAlone || unit.compare(full, Qt::CaseInsensitive) == 0)
+            return scale.Power;
+    }
+    return {};
+}
+
+int FrequencyText::ShownPower(const QString &text)
+{
+    return PowerOfUnit(text.mid(text.lastIndexOf(QLatin1Char(' ')) + 1)).value_or(0);
 }
 
 QString FrequencyText::Plain(double hertz)
@@ -138,6 +120,6 @@ std::optional<int> FrequencyText::PowerAt(const QString &text, int position)
     const auto digitsBetween = [&](int from, int to) {
         return int(std::count_if(text.begin() + from, text.begin() + to, [](QChar c) { return c.isDigit(); }));
     };
-    const int power = PowerOfText(text);
+    const int power = ShownPower(text);
     return position < point ? power + digitsBetween(position + 1, point) : power - digitsBetween(point, position + 1);
 }

@@ -3,25 +3,33 @@
 #include "hostexport.h"
 
 #include <QLocale>
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
-/// Frequencies as texts: one reader and one speller for all fields that show them. What Write() gives, Read() takes
-/// back to the last bit.
+/// Frequencies as texts: one speller for all fields that show them. What Write() gives, NumberReader takes back to the
+/// last bit.
 namespace FrequencyText
 {
-
-/// The frequency in Hz that an operator typed: a number, then "Hz", "k", "kHz", "M", "MHz", "G", "GHz" in any case, or
-/// nothing for Hz. The decimal point is ".", "," or the one of `locale`, and there is at most one, so that neither can
-/// separate groups; blanks of any kind may stand anywhere, digits may be of any script. Moving the point is exact: no
-/// number is multiplied. Nothing for any other text.
-ORBEL_HOST_EXPORT std::optional<double> Read(const QString &text, const QLocale &locale = QLocale::c());
 
 /// The frequency with the greatest unit that it reaches, in groups of three digits, down to 1 Hz and further where it
 /// has a fraction: "145.500 000 MHz". Zeros lead the text up to the digit that stands for 10^`leastPower` Hz, and that
 /// digit counts for the unit. Infinity and NaN have no text.
 ORBEL_HOST_EXPORT QString Write(double hertz, int leastPower = 0, QChar point = QLatin1Char('.'));
+
+/// As Write(), without the zeros at the end: "26.5 GHz", for messages.
+ORBEL_HOST_EXPORT QString Short(double hertz, QChar point = QLatin1Char('.'));
+
+/// What a field shows for the text of a node, which is a number in Hz; any other text is shown as it is, and infinity
+/// and NaN not at all.
+ORBEL_HOST_EXPORT QString OfNode(const QString &nodeText, const QLocale &locale, int leastPower = 0);
+
+/// The units of Write(), the greatest first.
+ORBEL_HOST_EXPORT QStringList Units();
+/// The power of ten in Hz of a unit in any case, of which "k", "M" and "G" alone will do; nothing for any other text.
+ORBEL_HOST_EXPORT std::optional<int> PowerOfUnit(const QString &unit);
+/// The power of ten of the unit in a text of Write(); 0 for any other text.
+ORBEL_HOST_EXPORT int ShownPower(const QString &text);
 
 /// The text of a node that holds the frequency, in Hz: no unit, no exponent, no groups.
 ORBEL_HOST_EXPORT QString Plain(double hertz);

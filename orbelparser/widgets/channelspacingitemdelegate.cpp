@@ -3,21 +3,35 @@
 #include "formlimits.h"
 #include "propertynames.h"
 
-#include <QDoubleSpinBox>
+#include "typedspinbox.h"
+
+#include <QItemEditorFactory>
+
+#include <limits>
 
 namespace KV218
 {
 
-ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(OrbelDelegate *table) : QStyledItemDelegate(table), Table(table)
+ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(OrbelDelegate *table) : CellItemDelegate(table), Table(table)
 {
+    static QItemEditorFactory *const factory = [] {
+        auto *made = new QItemEditorFactory;
+        made->registerEditor(QMetaType::Double, new QStandardItemEditorCreator<TypedSpinBox>);
+        return made;
+    }();
+    setItemEditorFactory(factory);
 }
 
 QWidget *ChannelSpacingItemDelegate::createEditor(
     QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
-    auto *spin = qobject_cast<QDoubleSpinBox *>(editor);
-    if (!spin || !Table)
+    QWidget *editor = CellItemDelegate::createEditor(parent, option, index);
+    auto *spin = qobject_cast<TypedSpinBox *>(editor);
+    if (!spin)
+        return editor;
+    spin->setFrame(false);
+    spin->setRange(std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
+    if (!Table)
         return editor;
     constexpr double DefaultMaximum = 1000.0;
     spin->setMinimum(Table->GetDouble(prop::Minimum, 0.0));
@@ -25,17 +39,20 @@ QWidget *ChannelSpacingItemDelegate::createEditor(
     spin->setMaximum(Table->GetDouble(prop::Maximum, DefaultMaximum));
     spin->setSingleStep(Table->GetDouble(prop::SingleStep, 1.0));
     spin->setDecimals(Table->GetInt(prop::Decimals, 0));
+    spin->SetUnit(Table->property(prop::Unit.data()).toString());
     return editor;
 }
 
 void ChannelSpacingItemDelegate::setModelData(
     QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const auto *spin = qobject_cast<QDoubleSpinBox *>(editor);
+    auto *spin = qobject_cast<TypedSpinBox *>(editor);
+    if (spin)
+        spin->interpretText();
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
     if (!leavesIt)
-        QStyledItemDelegate::setModelData(editor, model, index);
+        CellItemDelegate::setModelData(editor, model, index);
 }
 
 QString ChannelSpacingItemDelegate::displayText(const QVariant &value, const QLocale &locale) const

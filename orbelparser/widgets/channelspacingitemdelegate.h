@@ -1,17 +1,18 @@
 #pragma once
 
+#include "cellitemdelegate.h"
 #include "orbeldelegate.h"
 
 #include <QPointer>
-#include <QStyledItemDelegate>
 
 namespace KV218
 {
 
-/// Shows the cells of a table of channel spacings with the decimals that its document has, and edits them in a spin box
-/// with the table's bounds, step and decimals, all of which it reads anew each time. An edit that leaves what was shown
-/// leaves the number with all its digits. Without the table's delegate it shows and edits like any other.
-class ChannelSpacingItemDelegate : public QStyledItemDelegate
+/// Shows the cells of a table of channel spacings with the decimals that its document has, and edits them in a
+/// TypedSpinBox with the table's bounds, step, decimals and unit, all of which it reads anew each time. An edit that
+/// leaves what was shown leaves the number with all its digits. Without the table's delegate it shows and edits like
+/// any other.
+class ChannelSpacingItemDelegate : public CellItemDelegate
 {
     Q_OBJECT
 

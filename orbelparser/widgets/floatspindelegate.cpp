@@ -69,6 +69,8 @@ void FloatSpinDelegate::WritePropertyToControl(const QString &name, const QVaria
 {
     if (name == prop::Suffix)
         Control->setSuffix(value.toString());
+    else if (name == prop::Unit)
+        Control->SetUnit(value.toString());
     else if (name == prop::Wrapping)
         Control->EnableWrapAround(value.toBool());
     else if (name == prop::Decimals)

@@ -1,6 +1,9 @@
 #include "freqrangetable.h"
 
+#include "cellitemdelegate.h"
+#include "fieldnote.h"
 #include "numberparsing.h"
+#include "numberreader.h"
 #include "suffixeddouble.h"
 #include "survives.h"
 #include "tablefont.h"
@@ -55,6 +58,24 @@ const Unit &UnitOfText(const QString &text, double scale)
 
 } // namespace
 
+/// Tells while a text is typed how the table will read it.
+class FreqRangeTable::Cells : public CellItemDelegate
+{
+public:
+    explicit Cells(FreqRangeTable *table) : CellItemDelegate(table), Table(table) { }
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QWidget *editor = CellItemDelegate::createEditor(parent, option, index);
+        if (auto *field = qobject_cast<QLineEdit *>(editor))
+            connect(field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
+        return editor;
+    }
+
+private:
+    FreqRangeTable *Table;
+};
+
 FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
 {
     constexpr int MinimumSize = 50;
@@ -65,6 +86,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     // Tab leads out of the table; inside an editor it goes on to the next cell.
     setTabKeyNavigation(false);
+    setItemDelegate(new Cells(this));
     new TableKeys(this);
     FollowTableFont(this);
     NewAction = AddAction(tr("&New row"), QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W),
@@ -153,22 +175,54 @@ void FreqRangeTable::FillTable(const Ranges &ranges)
 
 void FreqRangeTable::WriteCell(int row, int column, double value)
 {
+    setItem(row, column, new QTableWidgetItem(Spell(value)));
+}
+
+QString FreqRangeTable::Spell(double value) const
+{
     SuffixedDouble format(QStringLiteral("Hz"), 1000, false);
     format.SetSuffix(UnitOfScale(UnitScale).Suffix);
-    setItem(row, column, new QTableWidgetItem(format.GetString(std::isfinite(value) ? value : 0.0)));
+    return format.GetString(std::isfinite(value) ? value : 0.0);
 }
 
 double FreqRangeTable::ReadCell(int row, int column) const
 {
     const QTableWidgetItem *cell = item(row, column);
-    if (!cell)
-        return 0.0;
+    return cell ? ReadText(cell->text()) : 0.0;
+}
+
+double FreqRangeTable::ReadText(const QString &typed) const
+{
     static const QRegularExpression letters(QStringLiteral("[A-Z]"));
-    const QString text = cell->text().toUpper();
+    const QString text = typed.toUpper();
     const int zeros = UnitOfText(text, UnitScale).Zeros;
     const QString number = QString(text).remove(letters).trimmed();
     // The factor goes in as an exponent: 1.001 times 1000 would be 1000.9999999999999.
     return Ember::toDoubleEx(number + QLatin1Char('e') + QString::number(zeros), nullptr);
+}
+
+/// Whether the told reading is the one of all other fields.
+bool FreqRangeTable::IsReadAsMeant(const QString &text) const
+{
+    NumberReader reader = NumberReader::OfHertz(locale());
+    reader.TakesShownUnit = true;
+    reader.ShownPower = UnitOfScale(UnitScale).Zeros;
+    const TypedNumber meant = reader.Read(text);
+    return meant.IsNumber() && meant.Number == ReadText(text);
+}
+
+QString FreqRangeTable::Misreading(const QString &text) const
+{
+    return tr("\"%1\" is read as %2").arg(text, Spell(ReadText(text)));
+}
+
+void FreqRangeTable::TellReading(QWidget *editor, const QString &text) const
+{
+    const QString spelled = Spell(ReadText(text));
+    if (!IsReadAsMeant(text))
+        FieldNote::Show(editor, tr("is read as %1").arg(spelled), FieldNote::Refused);
+    else
+        FieldNote::Show(editor, spelled == text ? QString() : QStringLiteral("= ") + spelled, FieldNote::Understood);
 }
 
 FreqRangeTable::Ranges FreqRangeTable::CollectRanges() const
@@ -228,10 +282,15 @@ void FreqRangeTable::SlotValueChanged(int row, int column)
 {
     if (UpdateDepth != 0)
         return;
+    const QTableWidgetItem *typed = item(row, column);
+    const QString misread = typed && !IsReadAsMeant(typed->text()) ? Misreading(typed->text()) : QString();
     {
         const QScopedValueRollback<int> depth(UpdateDepth, 1);
         WriteCell(row, column, ReadCell(row, column));
+        item(row, column)->setToolTip(misread);
     }
+    constexpr int longEnough = 4000;
+    FieldNote::Tell(viewport(), misread, longEnough, FieldNote::Refused, visualItemRect(item(row, column)));
     // The other rows have their height: measuring them all again at each cell would hold up a paste.
     resizeRowToContents(row);
     UpdateActions();

@@ -13,7 +13,9 @@ namespace KV218
 
 /// An editable list of frequency ranges, start and stop in two columns, which shows the content of a node. Cells hold
 /// text with a unit: a number alone counts in kHz, and "5 Hz", "5 k" or "5,5 mhz" say what they mean. What is no number
-/// is 0, and every text is rewritten at once. What is edited stays here until StoreToValue().
+/// is 0, and every text is rewritten at once. While one is typed a note tells how it will be read; a cell that is read
+/// otherwise than a field for frequencies would read it tells so, with its tooltip as well. What is edited stays here
+/// until StoreToValue().
 class FreqRangeTable : public QTableWidget, public IObserver
 {
     Q_OBJECT
@@ -43,6 +45,7 @@ private Q_SLOTS:
     void SlotDelete();
 
 private:
+    class Cells;
     using Ranges = std::list<CommentedRange>;
 
     QAction *AddAction(const QString &text, const QString &name, const QKeySequence &shortcut, const QString &tip);
@@ -50,6 +53,11 @@ private:
     void FillTable(const Ranges &ranges);
     void WriteCell(int row, int column, double value);
     double ReadCell(int row, int column) const;
+    double ReadText(const QString &text) const;
+    QString Spell(double value) const;
+    bool IsReadAsMeant(const QString &text) const;
+    QString Misreading(const QString &text) const;
+    void TellReading(QWidget *editor, const QString &text) const;
     Ranges CollectRanges() const;
     void StoreRanges(const Ranges &ranges);
     void UpdateActions();

@@ -51,6 +51,7 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
 {
     frequencyControl
         = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
+    frequencyControl->SetWholeHertz(true);
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
     frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
     frequencyControl->GetTuneButton()->hide();
@@ -94,6 +95,7 @@ void OrbelFrequencyEdit::CreateLockButton()
 void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
 {
     lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
+    lineEdit->SetWholeHertz(true);
     lineEdit->SetValueBase(valueNode.get());
     lineEdit->setToolTip(GetTranslated(prop::LabelText));
     lineEdit->setAccessibleName(GetTranslated(prop::LabelText));

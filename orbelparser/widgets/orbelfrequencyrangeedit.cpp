@@ -66,6 +66,7 @@ VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
 {
     const QByteArray name = (WidgetName() + suffix).toUtf8();
     auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
+    edit->SetWholeHertz(true);
     edit->SetValueBase(node);
     edit->setToolTip(toolTip);
     edit->setAccessibleName(toolTip);

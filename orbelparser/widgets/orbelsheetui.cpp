@@ -3,6 +3,7 @@
 #include "elementnames.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "inputlock.h"
 
 #include <QAction>
 #include <QApplication>
@@ -123,6 +124,32 @@ void OrbelSheetUi::EnableInput(bool enable, bool)
     const Call call(this);
     if (ApplyBox)
         ApplyBox->setEnabled(enable);
+    // What no lock touches, such as a headline, has it back at once.
+    const bool staysParked = !enable && !(Parked && Parked->isEnabled());
+    if (!Gui || staysParked)
+        return;
+    const QPointer<QWidget> former = std::exchange(Parked, nullptr);
+    const QWidget *focus = Gui->window()->focusWidget();
+    if (former && (!focus || focus == Gui))
+        former->setFocus(Qt::OtherFocusReason);
+}
+
+void OrbelSheetUi::ParkFocus()
+{
+    const Call call(this);
+    const auto focus = [this] {
+        QWidget *widget = Gui ? Gui->window()->focusWidget() : nullptr;
+        return widget && widget != Gui && Gui->isAncestorOf(widget) ? widget : nullptr;
+    };
+    InputLock lock;
+    if (QWidget *field = focus())
+        QCoreApplication::sendEvent(field, &lock);
+    // A cell's editor has given the focus to its table.
+    QWidget *field = focus();
+    if (!field)
+        return;
+    Parked = field;
+    Gui->setFocus(Qt::OtherFocusReason);
 }
 
 void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)

@@ -40,7 +40,12 @@ public:
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
 
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
+    /// Locks or frees the apply row, and gives the focus back to the control from which ParkFocus() took it, if that can
+    /// take it and nothing else has taken it meanwhile.
     void EnableInput(bool enable, bool partial) override;
+    /// Keeps the focus in the frame itself, so that no other control gets what the operator types on; a text that is
+    /// being typed is taken back and told.
+    void ParkFocus();
 
 Q_SIGNALS:
     /// There are parameters for the host to fetch.
@@ -99,6 +104,8 @@ private:
     QPointer<QWidget> ApplyBox;
     QPointer<QPushButton> ApplyButton;
     QPointer<QCheckBox> AutoApplyBox;
+    // What had the focus when it was parked.
+    QPointer<QWidget> Parked;
     // Null when nothing can ever apply by itself.
     std::unique_ptr<QTimer> AutoApplyTimer;
     bool AutoApplyEnabled = false;

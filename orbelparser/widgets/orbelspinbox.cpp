@@ -66,6 +66,8 @@ void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
         SetIntTooltip(Control);
     else if (name == prop::Suffix && Control)
         Control->setSuffix(value.toString());
+    else if (name == prop::Unit && Control)
+        Control->SetUnit(value.toString());
     else if (name == prop::Wrapping && Control)
         Control->EnableWrapAround(value.toBool());
     PropagateProperty(name, Control);

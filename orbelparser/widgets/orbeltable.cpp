@@ -1,6 +1,7 @@
 #include "orbeltable.h"
 
 #include "celledit.h"
+#include "cellitemdelegate.h"
 #include "floatgrouplayout.h"
 #include "tablefont.h"
 #include "tablekeys.h"
@@ -23,6 +24,7 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     Control->setObjectName(WidgetName());
     Control->setSortingEnabled(false);
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    Control->setItemDelegate(new CellItemDelegate(Control));
     new TableKeys(Control);
     FollowTableFont(Control);
     FillTable();

@@ -13,6 +13,7 @@ VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node
     auto *spin = new VCNumericFloatSpin(parent, nullptr, true);
     spin->setObjectName(name);
     spin->setSuffix(delegate.property(prop::Suffix.data()).toString());
+    spin->SetUnit(delegate.property(prop::Unit.data()).toString());
     spin->setAdditionalPrecision(delegate.GetInt(prop::Decimals, 0));
     spin->SetFactor(DisplayFactor(delegate));
     // Meant: this greatest width sets no width at all; the form's layout decides it.

@@ -1,11 +1,10 @@
 #include "tablekeys.h"
 
-#include "numberparsing.h"
+#include "typedspinbox.h"
 
 #include <QAbstractItemDelegate>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QDoubleSpinBox>
 #include <QGuiApplication>
 #include <QMetaProperty>
 #include <QPointer>
@@ -47,13 +46,8 @@ QString CellText(const QModelIndex &cell)
 /// Lets the cell's editor take the text; false when it refuses.
 bool FillEditor(QWidget *editor, const QString &text)
 {
-    if (auto *spin = qobject_cast<QDoubleSpinBox *>(editor)) {
-        bool ok = false;
-        const double number = Ember::toDoubleEx(text, &ok);
-        if (ok)
-            spin->setValue(number);
-        return ok;
-    }
+    if (auto *spin = qobject_cast<TypedSpinBox *>(editor))
+        return spin->Enter(text);
     return editor->metaObject()->userProperty().write(editor, text);
 }
 

@@ -106,14 +106,14 @@ private Q_SLOTS:
         row("clamped above", "[LLUUUUU", 26.5e9, "26.500 000 000 GHz");
         row("typed", "7.05M\n", 7.05e6, "7.050 000 MHz");
         row("typed with comma and unit", "145,6 mhz\n", 145.6e6, "145.600 000 MHz");
-        row("typed beyond the limit", "90g\n", 26.5e9, "26.500 000 000 GHz");
+        row("typed beyond the limit", "90g\n", 145.5e6, "90g");
         row("taken back", "7.05M!", 145.5e6, "145.500 000 MHz");
         row("wrong text stays and is not taken", "7.0.5\n", 145.5e6, "7.0.5");
         row("nothing typed", "7<\n", 145.5e6, "");
         row("edited in place", "+<<<<<k\n", 145500.0, "145.500 kHz");
         row("still edited in place where the text is the old one", "+<z<<<<<k\n", 145500.0, "145.500 kHz");
         row("an edit in place taken back", "+!U", 145.501e6, "145.501 000 MHz");
-        row("letters begin nothing", "x M", 145.5e6, "145.500 000 MHz");
+        row("a letter is no number and goes", "x M!", 145.5e6, "145.500 000 MHz");
         row("tuning waits for the typed text", "7U", 145.5e6, "7");
     }
     void keys()

@@ -2,6 +2,7 @@
 // afterwards, nothing counts as the operator's change, and what the operator types next does.
 
 #include "frequencytext.h"
+#include "numberreader.h"
 #include "liveform.h"
 #include "rows.h"
 #include "testmain.h"
@@ -64,7 +65,7 @@ double OnScreen(const LiveForm &live, const QString &field)
 {
     if (const auto *spin = live.Find<VCNumericFloatSpin>(field))
         return spin->cleanText().toDouble() / Factor(live);
-    return FrequencyText::Read(live.Find<QLineEdit>(field)->text(), QLocale::c()).value_or(qQNaN());
+    return NumberReader::OfHertz().Read(live.Find<QLineEdit>(field)->text()).Number;
 }
 
 /// The number in each place of the face; where the four that state it differ, all of them.
@@ -222,6 +223,7 @@ private Q_SLOTS:
             QVERIFY2(held.at(0).toLongLong() < held.at(1).toLongLong(), qPrintable(line + ": " + held.join(' ')));
         }
         Type(live, face.Places.at(field).Field, typed);
+        QTest::keyClick(live.window->focusWidget(), Qt::Key_Escape);
         QTEST(Held(live, face), "held");
     }
 

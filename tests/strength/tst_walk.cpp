@@ -6,11 +6,11 @@
 // more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "delegatefactory.h"
-#include "frequencytext.h"
 #include "liveform.h"
 #include "testmain.h"
 #include "tree.h"
 #include "valueselection.h"
+#include "vclineedit.h"
 #include "vcnumericfloatspin.h"
 
 #include <cmath>
@@ -379,7 +379,7 @@ private:
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         const double shown = spin
             ? spin->cleanText().toDouble(&isNumber) / Factor(place)
-            : FrequencyText::Read(Find<QLineEdit>(place.Field)->text(), QLocale::c()).value_or(qQNaN());
+            : NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
         return isNumber ? shown : qQNaN();
     }
     /// The integer's control, and those of a list, take it only when they are built.
@@ -414,7 +414,12 @@ private:
             if (place.Field != name || std::isnan(Shown(place)))
                 continue;
             const auto *spin = qobject_cast<const VCNumericFloatSpin *>(field);
-            const double factor = Factor(place), shown = Shown(place) * factor;
+            const auto *edit = qobject_cast<const VCLineEdit *>(field);
+            const double factor = Factor(place);
+            const double shown = edit ? edit->GetReader().Read(edit->text()).Number : Shown(place) * factor;
+            // What is refused arrives nowhere.
+            if (std::isnan(shown))
+                return nullptr;
             const double typed = (spin ? qBound(spin->minimum(), shown, spin->maximum()) : shown) / factor;
             // Integers and frequencies are whole.
             const double slack = spin && !place.Control.startsWith("SpinBox") ? RoundingOnScreen(place) : 1;

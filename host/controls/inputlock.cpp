@@ -1,0 +1,7 @@
+#include "inputlock.h"
+
+QEvent::Type InputLock::Kind()
+{
+    static const int kind = QEvent::registerEventType();
+    return QEvent::Type(kind);
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QEvent>
+
+/// Sent to the field that has the focus when its input is about to be locked. A field takes a text back that is being
+/// typed, as with Escape, and tells the operator which; all else ignores it.
+class ORBEL_HOST_EXPORT InputLock : public QEvent
+{
+public:
+    InputLock() : QEvent(Kind()) { }
+
+    static QEvent::Type Kind();
+};

@@ -1,0 +1,215 @@
+#include "typedspinbox.h"
+
+#include "decimalnumber.h"
+#include "editend.h"
+#include "frequencytext.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <cmath>
+
+static constexpr double RoomWithoutLimit = 9999999999.0; // what a box without a limit is wide enough for
+
+TypedSpinBox::TypedSpinBox(QWidget *parent) : QDoubleSpinBox(parent)
+{
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        IsFinal = false;
+        TellReading();
+    });
+    connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &TypedSpinBox::KeepCursorInNumber);
+}
+
+bool TypedSpinBox::Finish()
+{
+    IsFinal = !IsReadable();
+    if (IsFinal)
+        TellReading();
+    return !IsFinal;
+}
+
+bool TypedSpinBox::Enter(const QString &text)
+{
+    NumberReader reader = Reader();
+    reader.Decimals = std::numeric_limits<int>::max();
+    const TypedNumber number = reader.Read(WithoutPrefix(text));
+    if (number.IsNumber())
+        setProperty("value", number.Shown);
+    return number.IsNumber();
+}
+
+QString TypedSpinBox::textFromValue(double number) const
+{
+    QLocale plain = locale();
+    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
+    return plain.toString(finite, 'f', decimals());
+}
+
+double TypedSpinBox::valueFromText(const QString &text) const
+{
+    const TypedNumber number = ReadText(text);
+    return number.IsNumber() ? number.Shown : value();
+}
+
+QValidator::State TypedSpinBox::validate(QString &text, int &position) const
+{
+    // Nothing is typed behind the suffix, which would stand there twice then.
+    position = std::min(position, EndOfNumber(text));
+    const TypedNumber number = ReadText(text);
+    const auto [lowest, highest] = TypedRange();
+    const bool inside = number.IsNumber() && number.Shown >= lowest && number.Shown <= highest;
+    return inside ? QValidator::Acceptable : QValidator::Intermediate;
+}
+
+void TypedSpinBox::fixup(QString &text) const
+{
+    const TypedNumber number = ReadText(text);
+    const auto [lowest, highest] = TypedRange();
+    if (number.IsNumber())
+        text = prefix() + textFromValue(std::max(lowest, std::min(number.Shown, highest))) + suffix();
+}
+
+bool TypedSpinBox::IsTyping() const
+{
+    return lineEdit()->text() != prefix() + textFromValue(value()) + suffix();
+}
+
+/// The power of ten, in Hz, of the unit that the box shows; nothing when it shows no frequency.
+std::optional<int> TypedSpinBox::ShownPower() const
+{
+    const QString shown = suffix().trimmed();
+    const QString unit = shown.isEmpty() ? Unit : shown;
+    const std::optional<int> power = FrequencyText::PowerOfUnit(unit);
+    if (!power || !unit.endsWith(QLatin1String("Hz"), Qt::CaseInsensitive))
+        return {};
+    const double moved = shown.isEmpty() ? *power - std::log10(std::fabs(Scale())) : *power;
+    const bool isWhole = moved > -0.5 && std::fabs(moved - std::round(moved)) < 1e-9;
+    return isWhole ? std::optional<int>(int(std::round(moved))) : std::nullopt;
+}
+
+NumberReader TypedSpinBox::Reader() const
+{
+    const std::optional<int> power = ShownPower();
+    NumberReader reader;
+    reader.Locale = locale();
+    reader.Suffix = suffix();
+    reader.Decimals = decimals();
+    reader.TakesShownUnit = true;
+    reader.IsFrequency = power.has_value();
+    reader.ShownPower = power.value_or(0);
+    // A box that shows every hertz, and no less, has whole ones.
+    reader.IsWhole = power == decimals();
+    return reader;
+}
+
+QString TypedSpinBox::WithoutPrefix(const QString &text) const
+{
+    return text.startsWith(prefix()) ? text.mid(prefix().size()) : text;
+}
+
+TypedNumber TypedSpinBox::ReadText(const QString &text) const
+{
+    if (specialValueText().isEmpty() || text != specialValueText())
+        return Reader().Read(WithoutPrefix(text));
+    const double lowest = TypedRange().first;
+    return {QValidator::Acceptable, lowest, lowest, text};
+}
+
+/// The place behind the number, where the suffix begins.
+int TypedSpinBox::EndOfNumber(const QString &text) const
+{
+    const bool isSpecial = !specialValueText().isEmpty() && text == specialValueText();
+    return text.size() - (!isSpecial && text.endsWith(suffix()) ? suffix().size() : 0);
+}
+
+void TypedSpinBox::KeepCursorInNumber()
+{
+    const int end = EndOfNumber(lineEdit()->text());
+    if (!lineEdit()->hasSelectedText() && lineEdit()->cursorPosition() > end)
+        lineEdit()->setCursorPosition(end);
+}
+
+/// Whether a text has more than digits, a sign and the one decimal point that the box itself would write.
+bool TypedSpinBox::SaysMoreThan(const QString &text) const
+{
+    QString bare = WithoutPrefix(text);
+    bare.truncate(EndOfNumber(bare));
+    const QChar point = decimals() > 0 ? locale().decimalPoint() : QChar();
+    const auto isOther = [&](QChar c) {
+        return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-');
+    };
+    bare = bare.trimmed();
+    return bare.count(point) > 1 || std::any_of(bare.begin(), bare.end(), isOther);
+}
+
+QString TypedSpinBox::SpellShown(double shown) const
+{
+    const NumberReader reader = Reader();
+    return reader.Spell(WithoutNoise(shown * std::pow(10.0, reader.ShownPower)));
+}
+
+QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) const
+{
+    const auto [lowest, highest] = TypedRange();
+    if (number.IsNumber() && number.Shown > highest)
+        return tr("above %1: %1 is taken").arg(SpellShown(highest));
+    if (number.IsNumber() && number.Shown < lowest)
+        return tr("below %1: %1 is taken").arg(SpellShown(lowest));
+    return !number.IsNumber() || SaysMoreThan(text) ? number.Note() : QString();
+}
+
+void TypedSpinBox::TellReading()
+{
+    const QString text = lineEdit()->text();
+    const TypedNumber number = ReadText(text);
+    const bool wrong = number.State == QValidator::Invalid || (IsFinal && !number.IsNumber());
+    QString note = NoteFor(number, text);
+    if (wrong && note.isEmpty())
+        note = tr("no number");
+    Mark.Show(note, wrong);
+}
+
+void TypedSpinBox::changeEvent(QEvent *event)
+{
+    QDoubleSpinBox::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        Mark.FollowPalette();
+}
+
+void TypedSpinBox::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F2)
+        selectAll();
+    else
+        QDoubleSpinBox::keyPressEvent(event);
+}
+
+void TypedSpinBox::focusOutEvent(QFocusEvent *event)
+{
+    if (LeavesField(*event) || !IsTyping()) {
+        QDoubleSpinBox::focusOutEvent(event);
+        return;
+    }
+    // The edit goes on afterwards. The base class would take over what was typed so far.
+    lineEdit()->event(event);
+    QWidget::focusOutEvent(event);
+}
+
+/// As when the focus goes to another window: that may have minimized this one.
+void TypedSpinBox::hideEvent(QHideEvent *event)
+{
+    if (IsTyping())
+        QWidget::hideEvent(event);
+    else
+        QDoubleSpinBox::hideEvent(event);
+}
+
+void TypedSpinBox::showEvent(QShowEvent *event)
+{
+    if (IsTyping())
+        QWidget::showEvent(event);
+    else
+        QDoubleSpinBox::showEvent(event);
+}

@@ -1,0 +1,188 @@
+// The small line at a field: where it stands, when it is in sight, what it tells, and what it leaves alone.
+
+#include "fieldnote.h"
+#include "readablecolor.h"
+#include "rows.h"
+#include "testmain.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+namespace
+{
+
+/// A scrolled form on the screen with a field that has the focus, and another field.
+struct Window : QScrollArea {
+    Window()
+    {
+        auto *content = new QWidget;
+        auto *rows = new QVBoxLayout(content);
+        rows->addWidget(Field = new QLineEdit);
+        rows->addWidget(Other = new QLineEdit);
+        rows->addSpacing(1000);
+        setWidget(content);
+        content->setFixedWidth(180);
+        setGeometry(100, 100, 200, 150);
+        Field->setAccessibleDescription("own");
+        show();
+        activateWindow();
+        Field->setFocus();
+    }
+    bool IsReady() { return QTest::qWaitForWindowActive(this); }
+    QLabel *Note() const { return Field->findChild<QLabel *>("fieldNote", Qt::FindDirectChildrenOnly); }
+    bool IsSeen() const { return Note() && Note()->isVisible(); }
+    QRect At() const { return QRect(Field->mapToGlobal(QPoint(0, 0)), Field->size()); }
+    QPointer<QLineEdit> Field;
+    QLineEdit *Other;
+};
+
+} // namespace
+
+class TestFieldNote : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void leavesTheFormAsItIs()
+    {
+        Window window;
+        QVERIFY(window.IsReady());
+        const QRect field = window.Field->geometry(), other = window.Other->geometry();
+        window.Field->setText("12");
+        window.Field->setSelection(0, 1);
+        FieldNote::Show(window.Field, "= <b>12</b> kHz", FieldNote::Understood);
+        FieldNote::Show(window.Field, "= <b>12</b> kHz", FieldNote::Understood);
+        QVERIFY(window.IsSeen() && window.Note()->textFormat() == Qt::PlainText);
+        QVERIFY(window.Field->hasFocus() && window.isActiveWindow() && window.Field->selectedText() == "1");
+        QVERIFY(window.Field->geometry() == field && window.Other->geometry() == other);
+        QCOMPARE(FieldNote::TextOf(window.Field), QString("= <b>12</b> kHz"));
+        QCOMPARE(window.Field->accessibleDescription(), QString("= <b>12</b> kHz"));
+        FieldNote::Hide(window.Other);
+        FieldNote::Hide(window.Field);
+        QCOMPARE(FieldNote::TextOf(window.Field), QString());
+        QCOMPARE(window.Field->accessibleDescription(), QString("own"));
+        // A description that the field is given meanwhile is its own.
+        FieldNote::Show(window.Field, "a", FieldNote::Refused);
+        window.Field->setAccessibleDescription("new");
+        FieldNote::Show(window.Other, "b", FieldNote::Refused);
+        QCOMPARE(window.Field->accessibleDescription(), QString("new"));
+        QCOMPARE(FieldNote::TextOf(window.Field), QString());
+        FieldNote::Show(window.Other, QString(), FieldNote::Refused);
+        QTRY_VERIFY(!window.Note());
+    }
+
+    void standsAtTheField()
+    {
+        Window window;
+        QVERIFY(window.IsReady());
+        FieldNote::Show(window.Field, "= 145.500 000 MHz", FieldNote::Understood);
+        const QLabel *note = window.Note();
+        QCOMPARE(note->pos(), window.At().bottomLeft() + QPoint(0, 1));
+        window.move(130, 120);
+        QTRY_COMPARE(note->pos(), window.At().bottomLeft() + QPoint(0, 1));
+        window.verticalScrollBar()->setValue(5);
+        QCOMPARE(note->pos(), window.At().bottomLeft() + QPoint(0, 1));
+        window.setLayoutDirection(Qt::RightToLeft);
+        QTRY_COMPARE(note->pos().x() + note->width(), window.At().right() + 1);
+        const QRect screen = window.screen()->availableGeometry();
+        window.move(screen.right() - 190, screen.bottom() - 40);
+        QTRY_COMPARE(note->pos().y() + note->height(), window.At().top());
+        window.setLayoutDirection(Qt::LeftToRight);
+        FieldNote::Show(window.Field, QString(50, 'M'), FieldNote::Refused);
+        QTRY_VERIFY(screen.contains(QRect(note->pos(), note->size())));
+    }
+
+    void isInSightWhileItsFieldIs()
+    {
+        Window window;
+        QVERIFY(window.IsReady());
+        QWidget another;
+        FieldNote::Show(window.Field, "a", FieldNote::Understood);
+        const QVector<std::pair<std::function<void()>, std::function<void()>>> ways{
+            {[&] { window.verticalScrollBar()->setValue(500); }, [&] { window.verticalScrollBar()->setValue(0); }},
+            {[&] { window.Field->hide(); }, [&] { window.Field->show(); }},
+            {[&] { window.widget()->hide(); }, [&] { window.widget()->show(); }},
+            {[&] { window.showMinimized(); },
+                [&] {
+                    window.showNormal();
+                    window.activateWindow();
+                }},
+            {[&] {
+                 another.show();
+                 another.activateWindow();
+             },
+                [&] { window.activateWindow(); }},
+        };
+        for (const auto &[away, back] : ways) {
+            QTRY_VERIFY(window.IsSeen());
+            away();
+            QTRY_VERIFY(!window.IsSeen());
+            QCOMPARE(FieldNote::TextOf(window.Field), QString("a"));
+            back();
+        }
+        QTRY_VERIFY(window.IsSeen());
+        delete window.Field;
+        FieldNote::Show(window.Other, "b", FieldNote::Refused);
+        QCOMPARE(FieldNote::TextOf(window.Other), QString("b"));
+    }
+
+    /// What is told goes by itself, but not before it was seen, and not while another text stands.
+    void tellsForAWhile()
+    {
+        Window window;
+        QVERIFY(window.IsReady());
+        QWidget another;
+        another.show();
+        another.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&another));
+        FieldNote::TellDropped(window.Field, "145.5");
+        FieldNote::Tell(window.Field, FieldNote::TextOf(window.Field), 100);
+        QTest::qWait(150);
+        QCOMPARE(FieldNote::TextOf(window.Field), QString("not taken: 145.5"));
+        window.activateWindow();
+        QTRY_COMPARE(FieldNote::TextOf(window.Field), QString());
+        FieldNote::Tell(window.Field, "b", 20);
+        FieldNote::Show(window.Field, "c", FieldNote::Understood);
+        QTest::qWait(60);
+        QCOMPARE(FieldNote::TextOf(window.Field), QString("c"));
+        QAbstractScrollArea *view = &window;
+        FieldNote::Tell(view->viewport(), "d", 2000, FieldNote::Refused, QRect(5, 40, 50, 20));
+        const QLabel *note = view->viewport()->findChild<QLabel *>("fieldNote", Qt::FindDirectChildrenOnly);
+        QCOMPARE(note->pos(), view->viewport()->mapToGlobal({5, 60}));
+        window.verticalScrollBar()->setValue(10);
+        QCOMPARE(FieldNote::TextOf(view->viewport()), QString());
+    }
+
+    void canBeRead_data()
+    {
+        const auto row = Columns<QColor, QColor>({"background", "letters"});
+        row("light", "#ffffdc", "#000000");
+        row("dark", "#353535", "#ffffff");
+        row("a dark palette that forgot its notes", "#ffffff", "#ffffff");
+        row("grey", "#808080", "#909090");
+        row("red", "#c00000", "#000000");
+        row("black", "#000000", "#ffff00");
+    }
+    void canBeRead()
+    {
+        QFETCH(QColor, background);
+        QFETCH(QColor, letters);
+        Window window;
+        QPalette palette = window.palette();
+        palette.setColor(QPalette::ToolTipBase, background);
+        palette.setColor(QPalette::ToolTipText, letters);
+        for (const auto kind : {FieldNote::Understood, FieldNote::Refused}) {
+            FieldNote::Show(window.Field, "a", kind);
+            window.setPalette(palette);
+            const QPalette shown = window.Note()->palette();
+            QCOMPARE(shown.color(QPalette::Window), background);
+            QVERIFY(ReadableColor::Contrast(background, shown.color(QPalette::WindowText)) >= 4.5);
+            window.setPalette({});
+        }
+    }
+};
+
+ORBEL_TEST_MAIN(TestFieldNote)
+#include "tst_fieldnote.moc"
