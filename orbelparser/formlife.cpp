@@ -74,12 +74,17 @@ void FormLife::EndWindow(QWidget *window)
 
 void FormLife::EndControl(QWidget *control)
 {
-    if (QThread::currentThread()->loopLevel() <= LoopLevel)
+    if (!IsInHandlersLoop())
         EndWindow(control);
     else
         QTimer::singleShot(MillisecondsOfLoop, control, [self = shared_from_this(), control] {
             self->EndControl(control);
         });
+}
+
+bool FormLife::IsInHandlersLoop() const
+{
+    return QThread::currentThread()->loopLevel() > LoopLevel;
 }
 
 bool FormLife::IsBusy() const
@@ -89,7 +94,9 @@ bool FormLife::IsBusy() const
 
 void FormLife::EndPart(const std::function<void()> &destroy)
 {
-    if (!IsBusy()) {
+    // An engine does not tell of a script that handles a signal and sets a property, whose event ends the form: while there
+    // is one, nothing is destroyed before the event loop has come round, and not in one of a handler's own.
+    if (!IsBusy() && (!Engine || !QCoreApplication::instance())) {
         destroy();
         return;
     }
@@ -128,7 +135,7 @@ void FormLife::Settle()
     // The end of the last call comes back here.
     if (Calls > 0 || Kept.empty())
         return;
-    if (IsBusy()) {
+    if (IsBusy() || (Engine && IsInHandlersLoop())) {
         SettleLater(MillisecondsOfScript);
         return;
     }

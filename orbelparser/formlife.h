@@ -14,8 +14,8 @@ namespace KV218
 
 /// How long the parts of a form live: its inside with the script engine, and the delegates of its widgets. Any handler
 /// may end the form, or drop a widget, from within a call that runs inside of them. Whatever ends then is closed at once
-/// and kept; it is destroyed when the outermost of these calls has returned and the event loop has come round. What ends
-/// while nothing runs is destroyed at once. So code of a form never outlives its own object and needs no guards.
+/// and kept; it is destroyed when the outermost of these calls has returned and the event loop has come round, since a script
+/// may go on after them. In a form without an engine, what ends while nothing runs is destroyed at once. So code of a form never outlives its own object and needs no guards.
 ///
 /// All parts of one form share one of these, and it lives as long as the last of them. GUI thread only.
 class ORBEL_EXPORT FormLife : public std::enable_shared_from_this<FormLife>
@@ -49,6 +49,7 @@ private:
 
     void EndPart(const std::function<void()> &destroy);
     bool IsBusy() const;
+    bool IsInHandlersLoop() const;
     void Enter() { ++Calls; }
     void Leave()
     {

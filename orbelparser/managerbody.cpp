@@ -69,7 +69,13 @@ ManagerBody::Formular ManagerBody::BuildFormular(const QString &name)
     formular->SetName(name);
     Formulars.insert(name, formular);
     formular->CreateValueTree(VTPath + QLatin1Char('/') + PathPart(name));
+    // A handler may have dropped the form: its window would be nobody's.
+    const auto isDropped = [&] { return Formulars.value(name).data() != formular.data(); };
+    if (isDropped())
+        return formular;
     formular->CreateGUI(ApplyUiEnabled);
+    if (QWidget *top = isDropped() ? formular->GetGUI() : nullptr)
+        formular->GetSheet().GetLife()->EndControl(top);
     return formular;
 }
 
@@ -117,7 +123,7 @@ void ManagerBody::Reset()
     const Formular current = std::exchange(Current, {});
     for (const Formular &formular : formulars) {
         if (QWidget *top = formular->GetGUI())
-            Life->EndWindow(top);
+            formular->GetSheet().GetLife()->EndControl(top);
     }
     if (current && Manager)
         QObject::disconnect(current.data(), nullptr, Manager.data(), nullptr);

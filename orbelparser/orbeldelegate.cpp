@@ -8,6 +8,7 @@
 #include "orbelwidget.h"
 #include "propertynames.h"
 #include "saturate.h"
+#include "valueptr.h"
 #include "xmlwalk.h"
 
 #include <algorithm>
@@ -73,7 +74,7 @@ void OrbelDelegate::Close()
     const Call call(this);
     Closed = true;
     blockSignals(true);
-    if (ITreeItem *place = Entering ? Entering->GetDeleteObserver() : nullptr)
+    if (ITreeItem *place = Entering && *Entering ? (*Entering)->GetDeleteObserver() : nullptr)
         place->SubjectDeleted();
     while (ValueBase *node = LastLiveNode())
         delete node;
@@ -348,9 +349,13 @@ bool OrbelDelegate::event(QEvent *e)
         const QString name = known ? set->Name->toString() : QString::fromLatin1(key);
         if (IsNoNumber(name, value)) {
             value = HeldNumber(name);
+            if (!value.isValid())
+                value = Stated.value(name);
             SetPropertyQuietly(name, value);
             if (!value.isValid())
                 return QObject::event(e);
+        } else if (IsNumber(name) && !HeldNumber(name).isValid()) {
+            Stated.insert(name, value);
         }
         PropertyChanged(name, value);
     }
@@ -409,16 +414,19 @@ void OrbelDelegate::GiveBack(const QString &name, QObject *target)
 
 void OrbelDelegate::PropagateProperties(QObject *target)
 {
-    // A copy: a setter of a host's control may lead back here.
+    // A copy: a setter of a host's control may lead back here. It may delete the control, too.
     const QStringList names = DefinedProperties;
+    const QPointer<QObject> alive(target);
     for (const QString &name : names) {
+        if (!alive)
+            return;
         const PropertyKey key(name);
         const QVariant value = property(key.data());
         // Qt resets a declared property that is given an invalid value; what is left out keeps the control's state.
         if (value.isValid())
             target->setProperty(key.data(), value);
     }
-    HideIfCollapsed(target);
+    HideIfCollapsed(alive);
 }
 
 void OrbelDelegate::PropagateState(QWidget *target)

@@ -24,6 +24,7 @@ class IValueNumeric;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 class ValueSelection;
+template <class T> class ValuePtr;
 
 namespace KV218
 {
@@ -279,8 +280,9 @@ protected:
     /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
     static int CountOf(const QVariant &value);
 
-    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended.
-    bool EnterNode(ValueBase *node);
+    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended, and
+    /// with `node` null when whoever waited for the path has removed the node.
+    bool EnterNode(ValueBase *&node);
     /// Whether the form has ended.
     bool IsClosed() const { return Closed; }
 
@@ -304,7 +306,7 @@ private:
 
     ValueBase *LastLiveNode() const;
     void MoveNodes(const QString &formerName);
-    template <class Node> Node *Enter(Node *node);
+    template <class Node> Node *Enter(Node *node, bool keepRefused = false);
     template <class Node> Node *NewNumeric(const QString &name, int index);
     bool ParseProperty(QXmlStreamReader &reader, bool custom);
     void ReadBackProperties();
@@ -322,6 +324,8 @@ private:
     SetInProgress *InProgress = nullptr;
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
+    /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
+    QHash<QString, QVariant> Stated;
     /// While a set is told to nobody.
     bool Quiet = false;
     /// The property that EnableProperty() forces while the delegate has no value of its own for it.
@@ -340,7 +344,7 @@ private:
     bool InValueTree = false;
     bool Closed = false;
     /// The node of which the tree tells that it enters.
-    ValueBase *Entering = nullptr;
+    const ValuePtr<ValueBase> *Entering = nullptr;
 };
 
 } // namespace KV218

@@ -8,9 +8,13 @@
 #include "propertynames.h"
 #include "trace.h"
 #include "tree.h"
+#include "valueptr.h"
 #include "valueselection.h"
 
+#include <deque>
+#include <memory>
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QWidget>
 #include <limits>
 
@@ -103,7 +107,14 @@ void OrbelDelegate::EnterValueTree(const QString &path)
 
 void OrbelDelegate::MoveNodes(const QString &formerName)
 {
-    for (ValueBase *node : GetNodes()) {
+    // Whoever waits for one of the paths may remove any of the nodes.
+    std::deque<ValuePtr<ValueBase>> nodes;
+    for (ValueBase *node : GetNodes())
+        nodes.emplace_back().AttachNode(node);
+    for (const ValuePtr<ValueBase> &alive : nodes) {
+        ValueBase *node = alive.get();
+        if (!node)
+            continue;
         if (ITreeItem *place = node->GetDeleteObserver())
             place->SubjectDeleted();
         // Nodes of a list have their numbers behind the name, which a path of one part does not give.
@@ -116,31 +127,41 @@ void OrbelDelegate::MoveNodes(const QString &formerName)
     NodesMoved();
 }
 
-bool OrbelDelegate::EnterNode(ValueBase *node)
+bool OrbelDelegate::EnterNode(ValueBase *&node)
 {
     if (Closed)
         return false;
     bool entered = false;
+    // Whoever waits for the path may remove the node, or end the form.
+    ValuePtr<ValueBase> alive;
+    alive.AttachNode(node);
     {
-        // Whoever waits for the path may end the form.
-        const QScopedValueRollback<ValueBase *> entering(Entering, node);
+        const QScopedValueRollback<const ValuePtr<ValueBase> *> entering(Entering, &alive);
         entered = Tree::Instance()->AddNode(GetVTNodePath(), node);
     }
-    if (!entered) {
+    node = alive.get();
+    if (!entered && node) {
         const QString path = GetVTNodePath() + QLatin1Char('/') + node->GetName();
         TraceFailure(QStringLiteral("No node of a form can stand at %1: a path belongs to one form").arg(path),
             "orbeldelegate", __LINE__);
     }
-    return entered && !Closed;
+    return entered && node && !Closed;
 }
 
-/// Hands a node to the tree; gives null, and deletes it, when the tree refuses it.
-template <class Node> Node *OrbelDelegate::Enter(Node *node)
+/// Enters a node that has no owner yet; null, and deleted, where that fails and it is not to be kept.
+template <class Node> Node *OrbelDelegate::Enter(Node *node, bool keepRefused)
 {
-    if (EnterNode(node))
-        return node;
-    delete node;
-    return nullptr;
+    // An exception of whoever waits for the path leaves no node behind.
+    std::unique_ptr<Node> made(node);
+    ValuePtr<ValueBase> alive;
+    alive.AttachNode(node);
+    ValueBase *entering = node;
+    const auto letGo = qScopeGuard([&] {
+        if (!alive)
+            made.release();
+    });
+    const bool entered = EnterNode(entering);
+    return alive && (entered || (keepRefused && !Closed)) ? made.release() : nullptr;
 }
 
 template <class Node> Node *OrbelDelegate::NewNumeric(const QString &name, int index)
@@ -180,10 +201,7 @@ ValueString *OrbelDelegate::CreateValueString(const QString &name)
     node->SetTranslationNamespace(objectName().toLatin1().constData(), nullptr);
     node->SetValue(property(name.toLatin1().constData()).toString(), nullptr);
     // Meant: the one maker that keeps a node which the tree refuses, so a text control always has its node.
-    if (EnterNode(node) || !Closed)
-        return node;
-    delete node;
-    return nullptr;
+    return Enter(node, true);
 }
 
 ValueSelection *OrbelDelegate::CreateValueSelection(

@@ -164,14 +164,19 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
     for (const Widget &widget : Snapshot()) {
         // A handler may have ended the form, or deleted the window.
         if (Closed || !Ui->GetLayout())
-            return;
+            break;
         const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
         if (listed != exclude)
             widget->CreateGUI(Ui->GetLayout());
         else
             widget->SetSelected(false);
     }
-    ReapplyInput();
+    if (!Closed)
+        ReapplyInput();
+    // The form ended in here, so that nobody was given the window; a handler that took it shows it, or has made it a child.
+    QWidget *const window = Closed ? GetGUI() : nullptr;
+    if (window && !window->parent() && !window->isVisible())
+        GetLife()->EndControl(window);
 }
 
 QWidget *OrbelSheet::GetGUI() const

@@ -7,6 +7,18 @@
 static bool (*Question)() = nullptr;
 static int Zones = 0;
 
+/// The text of the exception that is being handled.
+static QString TextOfException()
+{
+    try {
+        throw;
+    } catch (const std::exception &exception) {
+        return QString::fromUtf8(exception.what());
+    } catch (...) {
+        return QStringLiteral("of an unknown kind");
+    }
+}
+
 void ExceptionStop::Ask(bool (*question)())
 {
     Question = question;
@@ -26,13 +38,8 @@ bool ExceptionStop::EndsHere()
 {
     if (Zones == 0 && !(Question && Question()))
         return false;
-    QString what = QStringLiteral("of an unknown kind");
-    try {
-        throw;
-    } catch (const std::exception &exception) {
-        what = QString::fromUtf8(exception.what());
-    } catch (...) {
-    }
-    TraceFailure(QStringLiteral("Exception of an observer, which nobody can pass on: %1").arg(what), __FILE__, __LINE__);
+    if (ErrorHandler::Instance().GetTraceMask() & ekTraceFailure)
+        _Q_Trace(QStringLiteral("Exception of an observer, which nobody can pass on: ") + TextOfException(),
+            QString::fromLocal8Bit(__FILE__), __LINE__);
     return true;
 }

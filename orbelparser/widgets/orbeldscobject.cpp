@@ -47,8 +47,9 @@ void OrbelDSCObject::CreateValueTree()
 {
     auto *node = new ValueCommentedRangeMap(GetXmlTagName(), ekStateUsable);
     // Meant: where the tree refuses it, a second form on the path say, the object works with a node that nobody finds.
-    EnterNode(node);
     ExclusionMap.Adopt(node);
+    ValueBase *entering = node;
+    EnterNode(entering);
 }
 
 void OrbelDSCObject::CreateGUI(FloatGroupLayout *)

@@ -149,7 +149,7 @@ private Q_SLOTS:
                     << face << definition << QString(act) << QString(told) << (Faces[face].IsRange() ? range : single);
         };
         row({"value=String:50000"}, "", "50000", "20000", "14000 20000");
-        row({"value=String:nan"}, "", "50000", "10000", "14000 10001");
+        row({"value=String:nan"}, "", "50000", "15000", "14000 15000");
         row({"displayScalingFactor=Double:0.5"}, "", "50000", "20000", "14000 15000");
         for (const char *act : {"script:n.%2(50000)", "script:n.%1 = 50000", "script:n.%1 = '50000'",
                  "property:%1=50000", "document:50000", "definition:%1=50000"})
@@ -162,7 +162,8 @@ private Q_SLOTS:
             {"script:n.setMinimum(18000)", "int:18000 19000", "int64:18000 19000", "double:18000 19000"})
             row({}, act, "15000", "18000", "18000 18001");
         for (const char *act : {"int64:", "double:", "script:n.maximum = NaN; n.minimum = NaN", "script:n.%1 = NaN",
-                 "script:n.%1 = -Infinity", "property:%1=inf"})
+                 "script:n.%1 = -Infinity", "property:%1=inf",
+                 "script:n.setDisplayScalingFactor(NaN); n.setMinimum(10000)"})
             row({}, act, "50000", "15000", "14000 15000");
         for (const char *act : {"document:nan", "document:-inf"})
             row({}, act, "50000", "10000", "14000 10001");
