@@ -1,6 +1,7 @@
 #include "rowlabel.h"
 
 #include "firstline.h"
+#include "readablecolor.h"
 
 #include <QPainter>
 #include <QStyle>
@@ -51,15 +52,18 @@ bool RowLabel::IsPlainText() const
 
 void RowLabel::paintEvent(QPaintEvent *event)
 {
-    QPainter painter(this);
-    if (IsPlainText()) {
-        drawFrame(&painter);
-        PaintText(painter);
-    } else {
-        QLabel::paintEvent(event);
+    const bool plain = IsPlainText();
+    {
+        QPainter painter(this);
+        if (Marked)
+            PaintMark(painter);
+        if (plain) {
+            drawFrame(&painter);
+            PaintText(painter);
+        }
     }
-    if (Marked)
-        PaintMark(painter);
+    if (!plain)
+        QLabel::paintEvent(event);
 }
 
 void RowLabel::PaintText(QPainter &painter) const
@@ -70,18 +74,17 @@ void RowLabel::PaintText(QPainter &painter) const
     style()->drawItemText(&painter, place, flags, palette(), isEnabled(), text(), foregroundRole());
 }
 
-/// A dot at the end of the text, as high as its capitals. Where the text leaves no room for it, the dot has an edge of
-/// the background's colour, so that it stays apart.
+/// A bar under the text, whose letters stand before it: there is no room beside the widest label.
 void RowLabel::PaintMark(QPainter &painter) const
 {
     const QFontMetrics metrics = fontMetrics();
-    const qreal diameter = qMax(5.0, metrics.capHeight() / 2.0);
-    const int textWidth = metrics.size(0, text()).width();
-    const qreal right = qMin<qreal>(textWidth + 2 + diameter, width() - 1);
-    const qreal left = layoutDirection() == Qt::RightToLeft ? width() - right : right - diameter;
-    const qreal top = qMax(1, Baseline() - metrics.capHeight() - 1);
+    const QRect line(0, 0, qMin(width(), metrics.size(0, text()).width()), qMax(2, metrics.height() / 8));
+    QRectF bar = QStyle::visualRect(layoutDirection(), rect(), line);
+    bar.moveBottom(qMin(height(), Baseline() + metrics.descent() + 1));
+    const QColor accent = palette().color(QPalette::Highlight);
+    const bool isSeen = ReadableColor::Contrast(palette().color(backgroundRole()), accent) >= 3;
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(backgroundRole()), 1.5));
-    painter.setBrush(palette().color(QPalette::Highlight));
-    painter.drawEllipse(QRectF(left, top, diameter, diameter));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isSeen ? accent : palette().color(foregroundRole()));
+    painter.drawRoundedRect(bar, bar.height() / 2, bar.height() / 2);
 }

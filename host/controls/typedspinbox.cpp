@@ -44,7 +44,12 @@ QString TypedSpinBox::textFromValue(double number) const
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    return plain.toString(finite, 'f', decimals());
+    const QString digits = plain.toString(finite, 'f', decimals());
+    if (!suffix().endsWith(QLatin1String("Hz"), Qt::CaseInsensitive))
+        return digits;
+    // Spelled as in all fields for frequencies, whether the suffix brings its blank or not.
+    const QString grouped = FrequencyText::Group(digits, locale().decimalPoint());
+    return suffix().at(0).isSpace() ? grouped : grouped + QLatin1Char(' ');
 }
 
 double TypedSpinBox::valueFromText(const QString &text) const
@@ -121,7 +126,12 @@ TypedNumber TypedSpinBox::ReadText(const QString &text) const
 int TypedSpinBox::EndOfNumber(const QString &text) const
 {
     const bool isSpecial = !specialValueText().isEmpty() && text == specialValueText();
-    return text.size() - (!isSpecial && text.endsWith(suffix()) ? suffix().size() : 0);
+    if (isSpecial || !text.endsWith(suffix()))
+        return text.size();
+    int end = text.size() - suffix().size();
+    while (end > 0 && text.at(end - 1).isSpace())
+        --end;
+    return end;
 }
 
 void TypedSpinBox::KeepCursorInNumber()

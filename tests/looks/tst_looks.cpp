@@ -317,8 +317,7 @@ private Q_SLOTS:
         Shown shown;
         auto *field = shown.window->findChild<QLineEdit *>("frequencyRangeEdit_StartFrequency");
         const QColor plain = field->palette().color(QPalette::Text);
-        field->setFocus();
-        field->setText("no");
+        QTest::keyClicks(field, "no");
         for (const char *colours : {"light", "dark", "contrast"}) {
             QApplication::setPalette(*NamedPalette(colours));
             const QColor wrong = field->palette().color(QPalette::Text);
@@ -343,7 +342,7 @@ private Q_SLOTS:
         const auto [sheet] = Fetch<QString>({"sheet"});
         LiveForm live(Widget("h", "Headline", {"text=String:Title"}) + Widget("c", "CheckBox"));
         const auto *line = live.Find<QGroupBox>("h");
-        qApp->setStyleSheet(sheet);
+        live.window->setStyleSheet(sheet);
         for (int points : {13, 9}) {
             live.form->GetSheet().SetFontSize(points);
             QCOMPARE(line->font().pointSize(), points);
@@ -356,21 +355,20 @@ private Q_SLOTS:
             QCOMPARE(line->palette().color(QPalette::WindowText), QColor(Qt::darkGreen));
         }
         QVERIFY(line->styleSheet().contains("HeadlineOpened.svg"));
-        qApp->setStyleSheet(QString());
     }
 
     void theLargeFieldCutsNoDigit()
     {
         VCFrequency control(nullptr, nullptr, false, nullptr, true);
-        ValueDouble node("f");
-        Tree::Instance()->AddNode("/L", &node);
+        auto *node = new ValueDouble("f");
+        Tree::Instance()->AddNode("/L", node);
         control.SetFrequency_ValuePath("/L/f");
         control.show();
         auto *field = control.findChild<FrequencyField *>();
         const qreal full = field->font().pointSizeF();
         const QSize hint = control.sizeHint();
         for (const auto &[hertz, fits] : {std::pair(145.5e6, true), {123456789012.125, false}, {9000.0, true}}) {
-            node.SetValue(hertz, nullptr);
+            node->SetValue(hertz, nullptr);
             QCOMPARE(field->font().pointSizeF() == full, fits);
             const int room = field->width() - QFontMetrics(field->font()).horizontalAdvance(field->text());
             QVERIFY2(room >= 0 && control.sizeHint() == hint, qPrintable(field->text()));
