@@ -18,16 +18,23 @@ void RowLabel::SetMarked(bool marked)
 
 int RowLabel::StandBeside(QWidget *control, const QSize &size, int least)
 {
-    if (control != Control || size != ControlSize) {
+    const int own = sizeHint().height();
+    if (control != Control || size != ControlSize || own != TextHeight) {
         Control = control;
         ControlSize = size;
+        TextHeight = own;
+        NeededHeight = HeightBeside(least);
         update();
     }
-    const int own = sizeHint().height();
+    return qMax(least, NeededHeight);
+}
+
+int RowLabel::HeightBeside(int least) const
+{
     // Inside a control that is no higher than the label no text can reach below the label.
-    if (!control || size.height() <= least || !IsPlainText())
-        return qMax(least, own);
-    return qMax(least, BaselineIn(least, size) - fontMetrics().ascent() + own);
+    if (!Control || ControlSize.height() <= least || !IsPlainText())
+        return TextHeight;
+    return BaselineIn(least, ControlSize) - fontMetrics().ascent() + TextHeight;
 }
 
 int RowLabel::Baseline() const
@@ -42,7 +49,15 @@ int RowLabel::BaselineIn(int height, const QSize &controlSize) const
     if (!beside)
         return qMax(0, height - sizeHint().height()) / 2 + metrics.ascent();
     // Beside a flat control the text may rise, as long as no letter loses its top.
-    return qMax(*beside, -metrics.tightBoundingRect(text()).top());
+    return *beside >= metrics.ascent() ? *beside : qMax(*beside, -metrics.tightBoundingRect(text()).top());
+}
+
+/// What it stands at looks otherwise in another style.
+void RowLabel::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+        TextHeight = -1;
 }
 
 bool RowLabel::IsPlainText() const

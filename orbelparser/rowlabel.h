@@ -25,9 +25,11 @@ public:
     int Baseline() const;
 
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    int HeightBeside(int least) const;
     int BaselineIn(int height, const QSize &controlSize) const;
     void PaintText(QPainter &painter) const;
     void PaintMark(QPainter &painter) const;
@@ -35,5 +37,8 @@ private:
 
     QPointer<QWidget> Control;
     QSize ControlSize;
+    /// What the text takes and the label needs beside the control; written by StandBeside().
+    int TextHeight = -1;
+    int NeededHeight = 0;
     bool Marked = false;
 };

@@ -4,6 +4,7 @@
 #include "typingmark.h"
 
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 
 #include <utility>
 
