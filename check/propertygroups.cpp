@@ -16,10 +16,11 @@ namespace
 
 constexpr bool Stored = true;
 constexpr bool Read = false;
+constexpr bool Translated = true;
 
 } // namespace
 
-// Columns: name, read as, when absent, unit, stored only, meaning, choices.
+// Columns: name, read as, when absent, unit, stored only, meaning, choices, and whether it is translated.
 // clang-format off
 
 const QVector<PropertyInfo> Row = {
@@ -27,7 +28,7 @@ const QVector<PropertyInfo> Row = {
     {prop::ReadOnly, T::Bool, "the control keeps its own state", "", Read, "Whether the value can be seen but not changed.", ""},
     {prop::Visible, T::Bool, "the control shows, its row label stays hidden", "", Read, "Whether control and row label show.", ""},
     {prop::ToolTip, T::Text, "none from the definition", "", Read, "The tooltip, where the class does not make its own.", ""},
-    {prop::LabelText, T::Text, "no row label", "", Read, "The label in front of the control, translated.", ""},
+    {prop::LabelText, T::Text, "no row label", "", Read, "The label in front of the control, translated.", "", Translated},
     {prop::GenerateParameterXml, T::Bool, "false", "", Read, "Whether the control writes its parameter element and can become modified.", ""},
     {prop::ParameterXmlTag, T::Text, "the widget's name", "", Read, "Place in the parameter document and in the value tree: element names with \"/\" between them.", ""},
     {prop::ApplyMode, T::Text, "no mode", "", Read, "Kept for the host; the library does not act on it.", "ekInstantApplyMode ekNormalApplyMode"},
@@ -92,7 +93,7 @@ const QVector<PropertyInfo> Shape = {
 
 const QVector<PropertyInfo> Spacings = {
     {prop::SpacingsCount, T::Int, "0", "rows", Read, "Number of spacings.", ""},
-    {prop::HeaderLabel, T::Text, "empty", "", Read, "Title of the column, translated.", ""},
+    {prop::HeaderLabel, T::Text, "empty", "", Read, "Title of the column, translated.", "", Translated},
     {prop::Minimum, T::Double, "0 in the editor", "", Read, "The least spacing that can be typed.", ""},
     {prop::Maximum, T::Double, "1000 in the editor", "", Read, "The greatest spacing that can be typed.", ""},
     {prop::SingleStep, T::Double, "1", "", Read, "What one step up or down changes.", ""},
@@ -119,11 +120,11 @@ const QVector<PropertyInfo> Line = {
 };
 
 const QVector<PropertyInfo> LabelText = {
-    {prop::Text, T::Text, "empty", "", Read, "The text, translated for display.", ""},
+    {prop::Text, T::Text, "empty", "", Read, "The text, translated for display.", "", Translated},
 };
 
 const QVector<PropertyInfo> Headline = {
-    {prop::Text, T::Text, "no headline is made", "", Read, "The title of the group, translated.", ""},
+    {prop::Text, T::Text, "no headline is made", "", Read, "The title of the group, translated.", "", Translated},
 };
 
 const QVector<PropertyInfo> Margin = {
@@ -135,7 +136,7 @@ const QVector<PropertyInfo> Height = {
 };
 
 const QVector<PropertyInfo> Button = {
-    {prop::Text, T::Text, "an empty button", "", Read, "Text and tooltip of the button, translated.", ""},
+    {prop::Text, T::Text, "an empty button", "", Read, "Text and tooltip of the button, translated.", "", Translated},
     {prop::Icon, T::Other, "none", "", Read, "The picture; a script sets it with setIcon(path).", ""},
     {prop::IconSize, T::Other, "Qt's own", "pixels", Read, "Size of the picture; a script sets it with setIconSize(width, height).", ""},
 };
@@ -161,7 +162,7 @@ const QVector<PropertyInfo> Frequency = {
     {prop::Value, T::Int64, "0", "Hz", Read, "The frequency.", ""},
     {prop::Minimum, T::Int64, "no lower bound", "Hz", Read, "The least frequency.", ""},
     {prop::Maximum, T::Int64, "no upper bound", "Hz", Read, "The greatest frequency.", ""},
-    {prop::SingleStep, T::Double, "1", "Hz", Read, "What one step changes.", ""},
+    {prop::SingleStep, T::Double, "1", "Hz", Read, "The grid on which Up and Down step a plain field.", ""},
     {prop::DisplayScalingFactor, T::Double, "1", "", Read, "Divides the bounds and the step that the form starts with.", ""},
     {prop::FrequencyLock, T::Bool, "no lock button shows", "", Read, "State of the lock button; the first use shows the button.", ""},
     {prop::MainFreqEdit, T::Bool, "true when the element is named \"Frequency\"", "", Read, "Whether the full frequency control is built, which starts locked unless enabled is stated, or a plain line.", ""},
@@ -182,10 +183,12 @@ const QVector<PropertyInfo> FrequencyRange = {
     {prop::StopFrequencyUnitScale, T::UInt64, "none", "Hz", Stored, "The unit to show the upper end in.", ""},
     {prop::Minimum, T::Double, "8000", "Hz", Read, "The least frequency.", ""},
     {prop::Maximum, T::Double, "26500000000", "Hz", Read, "The greatest frequency.", ""},
+    {prop::SingleStep, T::Double, "1", "Hz", Read, "The grid on which Up and Down step both ends.", ""},
     {prop::UnitHidden, T::Bool, "false", "", Stored, "Whether to hide the unit.", ""},
 };
 
 const QVector<PropertyInfo> Sheet = {
+    {prop::HoverTuning, T::Bool, "false", "", Read, "Whether the wheel tunes the digit under the mouse in large frequency fields without the focus, too.", ""},
     {prop::AutoApplyEnabled, T::Bool, "true", "", Read, "Whether changes are applied by themselves after a while.", ""},
     {prop::AutoApplyTimeout, T::Int, "1000", "milliseconds", Read, "How long after the last change; at least 100.", ""},
     {prop::EmitOnlyModifiedParameters, T::Bool, "true", "", Read, "When false, all parameters are written even where only the modified ones are asked for.", ""},

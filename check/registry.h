@@ -35,6 +35,7 @@ struct PropertyInfo {
     bool storedOnly; ///< Kept for scripts and hosts; nothing in the library reads it.
     const char *meaning; ///< One sentence.
     const char *choices; ///< The only sensible texts, separated by blanks; empty for any.
+    bool isTranslated = false; ///< Shown in the operator's language.
 };
 
 /// What a class has that mistakes can be made about.

@@ -30,6 +30,11 @@ void ExternalWidget::CreateGUI(FloatGroupLayout *layout)
     layout->addGroup();
 }
 
+QVector<Face> ExternalWidget::GetFaces() const
+{
+    return {{ExtWidget, ExtWidget ? ExtWidget->accessibleName() : QString(), {}}};
+}
+
 void ExternalWidget::setFocus()
 {
     const Call call(this);

@@ -18,6 +18,8 @@ public:
     ExternalWidget(OrbelWidget *widget, QWidget *external);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    /// The host's own name for the control counts as its part.
+    QVector<Face> GetFaces() const override;
 
 public Q_SLOTS:
     void setFocus() override;

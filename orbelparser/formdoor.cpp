@@ -1,9 +1,11 @@
 #include "formdoor.h"
 
+#include "orbeldelegate.h"
 #include "orbelenum.h"
 #include "orbelformular.h"
 #include "orbelsheet.h"
 #include "orbelwidget.h"
+#include "propertynames.h"
 
 namespace KV218
 {
@@ -48,6 +50,12 @@ void FormDoor::ApplyConfiguration() const
 {
     if (OrbelFormular *formular = Widget ? Widget->GetFormular() : nullptr)
         formular->ApplyConfiguration();
+}
+
+bool FormDoor::IsHoverTuning() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet && sheet->GetDelegate()->GetBool(prop::HoverTuning, false);
 }
 
 QWidget *FormDoor::GetSheetWidget() const

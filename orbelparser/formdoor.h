@@ -38,6 +38,9 @@ public:
     /// Saves font size and collapsed groups on the host's configuration object.
     void ApplyConfiguration() const;
 
+    /// Whether the wheel tunes the digit under the mouse without the focus.
+    bool IsHoverTuning() const;
+
     /// The widget in which the form stands; null before CreateGUI() and once it is gone.
     QWidget *GetSheetWidget() const;
 

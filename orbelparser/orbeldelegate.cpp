@@ -1,5 +1,6 @@
 #include "orbeldelegate.h"
 
+#include "assistive.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formdoor.h"
@@ -19,6 +20,7 @@
 #include <QScopedValueRollback>
 #include <QSet>
 #include <QWidget>
+#include <utility>
 
 namespace KV218
 {
@@ -119,6 +121,56 @@ void OrbelDelegate::CreateGUI(FloatGroupLayout *layout)
     // Meant: an absent `visible` hides the label, though it leaves the control as it is.
     if (!property(prop::Visible.data()).toBool() || !IsDefined(prop::Visible))
         Label->setVisible(false);
+}
+
+void OrbelDelegate::LanguageChanged()
+{
+    const Call call(this);
+    if (Closed)
+        return;
+    Retranslate();
+    Assistive::PropertyChanged(this, prop::LabelText);
+}
+
+void OrbelDelegate::Retranslate()
+{
+    if (Label)
+        Label->setText(GetTranslated(prop::LabelText));
+    // By index: a host that watches a control's tooltip may change its bounds, and so its tooltip.
+    for (int i = 0; i < OwnToolTips.size(); ++i) {
+        const QPointer<QWidget> control = OwnToolTips.at(i).Control;
+        const QString text = InLanguage(OwnToolTips.at(i).Text);
+        const QString former = std::exchange(OwnToolTips[i].Shown, text);
+        if (control && text != former && control->toolTip() == former)
+            control->setToolTip(text);
+    }
+}
+
+void OrbelDelegate::SetOwnToolTip(QWidget *control, const ToolTipText &text)
+{
+    if (!control)
+        return;
+    // Given again, it is the only one or the last; an older entry would stand aside, since its text shows no more.
+    if (OwnToolTips.isEmpty() || OwnToolTips.last().Control != control)
+        OwnToolTips.append({control, {}, {}});
+    const QString shown = InLanguage(text);
+    OwnToolTips.last().Text = text;
+    OwnToolTips.last().Shown = shown;
+    control->setToolTip(shown);
+}
+
+QString OrbelDelegate::InLanguage(const ToolTipText &text) const
+{
+    const QString source = text.Context ? QCoreApplication::translate(text.Context, text.Source.toUtf8().constData())
+                                        : Translate(text.Source);
+    return text.Head + source + text.Tail;
+}
+
+OrbelDelegate::ToolTipText OrbelDelegate::LabelOrTag() const
+{
+    if (Label)
+        return {property(prop::LabelText.data()).toString()};
+    return {QString(), GetXmlTagName()};
 }
 
 void OrbelDelegate::ParseProperties(QXmlStreamReader &reader, bool custom)
@@ -370,6 +422,7 @@ void OrbelDelegate::Update(Observable *subject, TChangeCode code)
 
 void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
 {
+    Assistive::PropertyChanged(this, name);
     if (name == prop::GenerateParameterXml)
         GenerateXml = value.toBool();
     else if (name == prop::Unit)
@@ -497,7 +550,7 @@ QString OrbelDelegate::Translate(const QString &text) const
     if (text.isEmpty())
         return QString();
     const QByteArray source = text.left(limit::ShownText).toUtf8();
-    return QCoreApplication::translate(objectName().toLatin1().constData(), source.constData());
+    return QCoreApplication::translate(objectName().toUtf8().constData(), source.constData());
 }
 
 QVariant OrbelDelegate::customProperty(QString name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "applymode.h"
+#include "face.h"
 #include "formlife.h"
 #include "iobserver.h"
 #include "orbelexport.h"
@@ -77,6 +78,11 @@ public:
     /// Reads property elements from just inside the element on which `reader` stands, to the first end tag that no
     /// `Property` consumes. `custom` puts them into the custom store instead.
     virtual void ParseProperties(QXmlStreamReader &reader, bool custom);
+    /// The widgets by which the operator meets the control, for assistive tools; a widget that is gone is null. The
+    /// base has none.
+    virtual QVector<Face> GetFaces() const { return {}; }
+    /// The row label; null without `labelText` and before CreateGUI().
+    RowLabel *GetRowLabel() const { return Label; }
     /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
     virtual void EnableInput(bool enable, bool partial);
     /// Hands what a node tells to NodeChanged().
@@ -106,6 +112,10 @@ public:
     bool isGroupVisible() const { return GroupVisible; }
     /// Whether there is a change that no parameter document has carried yet.
     bool isModified() const { return Modified; }
+
+    /// Shows the control in the language of now: what the definition, a script or the host gave it to show is
+    /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
+    void LanguageChanged();
 
     /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay; another
     /// path moves them.
@@ -178,6 +188,9 @@ protected:
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
+    /// Shows anew what the control translated itself. An override calls the base first, which has the row label and the
+    /// tooltips of SetOwnToolTip().
+    virtual void Retranslate();
     /// The nodes stand under another path now. The base has nothing else to do.
     virtual void NodesMoved() { }
     /// Takes what the delegate owns in the window out of it: the form has ended. The base owns nothing there.
@@ -257,6 +270,20 @@ protected:
     /// Gives `value` these limits. Nobody must watch it yet who could end it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
+    /// What a control has for a tooltip of its own: a text in the operator's language between parts that stay as they
+    /// are.
+    struct ToolTipText {
+        QString Source;
+        QString Head = QString();
+        QString Tail = QString();
+        /// The translation context; null for the object name.
+        const char *Context = nullptr;
+    };
+    /// Gives `control` a tooltip in place of any other. It follows the language for as long as nobody gives the control
+    /// another one. A null control is none.
+    void SetOwnToolTip(QWidget *control, const ToolTipText &text);
+    /// The text of the row label where there is one, or else the name of the parameter element.
+    ToolTipText LabelOrTag() const;
     /// Tooltips that tell the label and the bounds, in display units. A null control is none.
     void SetIntTooltip(QWidget *control);
     void SetInt64Tooltip(QWidget *control);
@@ -304,6 +331,14 @@ private:
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 
+    struct OwnToolTip {
+        QPointer<QWidget> Control;
+        ToolTipText Text;
+        QString Shown;
+    };
+    QString InLanguage(const ToolTipText &text) const;
+    void SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest);
+
     ValueBase *LastLiveNode() const;
     void MoveNodes(const QString &formerName);
     template <class Node> Node *Enter(Node *node, bool keepRefused = false);
@@ -339,6 +374,7 @@ private:
     QString VTPath;
     QStringList XmlTags;
     QStringList DefinedProperties;
+    QVector<OwnToolTip> OwnToolTips;
     eApplyMode ApplyMode = eApplyMode(0);
     int ListDepth = 0;
     bool InValueTree = false;

@@ -35,13 +35,12 @@ int LastPartIndex(const QString &path)
     return slash < 1 ? -1 : slash + 1;
 }
 
-/// The tooltip's text; an empty bound is not set. The opening tag makes Qt show it as rich text.
-QString BoundsTooltip(const QString &label, const QString &lowest, const QString &highest)
+/// What a tooltip tells of bounds; an empty one is not set.
+QString BoundsMarkup(const QString &lowest, const QString &highest)
 {
-    QString text = QLatin1String("<html>") + label;
-    if (!lowest.isEmpty() || !highest.isEmpty())
-        text += QLatin1String("<br>") + lowest + QLatin1String("...") + highest;
-    return text;
+    if (lowest.isEmpty() && highest.isEmpty())
+        return QString();
+    return QLatin1String("<br>") + lowest + QLatin1String("...") + highest;
 }
 
 /// A bound as text, empty when it is the type's own bound.
@@ -244,37 +243,36 @@ void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
     value->SetStep(limits.Step, this);
 }
 
+void OrbelDelegate::SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest)
+{
+    // The opening tag makes Qt show it as rich text.
+    SetOwnToolTip(
+        control, {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsMarkup(lowest, highest)});
+}
+
 void OrbelDelegate::SetIntTooltip(QWidget *control)
 {
-    if (!control)
-        return;
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr int highest = std::numeric_limits<int>::max();
-    control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
-        IntegerBound(GetInt(prop::Minimum, lowest), lowest), IntegerBound(GetInt(prop::Maximum, highest), highest)));
+    SetBoundsTooltip(control, IntegerBound(GetInt(prop::Minimum, lowest), lowest),
+        IntegerBound(GetInt(prop::Maximum, highest), highest));
 }
 
 void OrbelDelegate::SetInt64Tooltip(QWidget *control)
 {
-    if (!control)
-        return;
     constexpr qint64 lowest = std::numeric_limits<qint64>::min();
     constexpr qint64 highest = std::numeric_limits<qint64>::max();
-    control->setToolTip(
-        BoundsTooltip(GetTranslated(prop::LabelText), IntegerBound(GetInt64(prop::Minimum, lowest), lowest),
-            IntegerBound(GetInt64(prop::Maximum, highest), highest)));
+    SetBoundsTooltip(control, IntegerBound(GetInt64(prop::Minimum, lowest), lowest),
+        IntegerBound(GetInt64(prop::Maximum, highest), highest));
 }
 
 void OrbelDelegate::SetDoubleTooltip(QWidget *control)
 {
-    if (!control)
-        return;
     const int decimals = qMin(limit::Decimals, property(prop::Decimals.data()).toInt());
     const double lowest = GetDouble(prop::Minimum, LowestDouble);
     const double highest = GetDouble(prop::Maximum, HighestDouble);
-    control->setToolTip(BoundsTooltip(GetTranslated(prop::LabelText),
-        lowest > LowestDouble ? QString::number(lowest, 'f', decimals) : QString(),
-        highest < HighestDouble ? QString::number(highest, 'f', decimals) : QString()));
+    SetBoundsTooltip(control, lowest > LowestDouble ? QString::number(lowest, 'f', decimals) : QString(),
+        highest < HighestDouble ? QString::number(highest, 'f', decimals) : QString());
 }
 
 QString OrbelDelegate::formatString(double value, int decimals, const QString &suffix)

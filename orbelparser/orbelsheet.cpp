@@ -1,5 +1,6 @@
 #include "orbelsheet.h"
 
+#include "assistive.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formlife.h"
@@ -160,19 +161,30 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
         return;
     const CallScope call(GetLife());
     Ui->CreateFrame(applyUi);
+    Ui->SetLanguageListener([place = Place.Of(this)] {
+        if (*place)
+            (*place)->Retranslate();
+    });
+    // A control's handler may delete the window.
+    const QPointer<Assistive> assistive(new Assistive(GetGUI()));
     const QSet<QString> names(list.cbegin(), list.cend());
     for (const Widget &widget : Snapshot()) {
         // A handler may have ended the form, or deleted the window.
         if (Closed || !Ui->GetLayout())
             break;
         const bool listed = names.contains(widget->GetName()) || names.contains(widget->GetXmlTagName());
-        if (listed != exclude)
-            widget->CreateGUI(Ui->GetLayout());
-        else
+        if (listed == exclude) {
             widget->SetSelected(false);
+            continue;
+        }
+        widget->CreateGUI(Ui->GetLayout());
+        if (assistive)
+            assistive->Add(widget->GetDelegate());
     }
-    if (!Closed)
+    if (!Closed) {
+        Ui->FinishFrame();
         ReapplyInput();
+    }
     // The form ended in here, so that nobody was given the window; a handler that took it shows it, or has made it a child.
     QWidget *const window = Closed ? GetGUI() : nullptr;
     if (window && !window->parent() && !window->isVisible())
@@ -356,6 +368,15 @@ void OrbelSheet::SetFontSize(int size)
     const CallScope call(GetLife());
     if (size > 0 && size <= limit::TextSize && GetGUI())
         SetTextSize(GetGUI(), size);
+}
+
+void OrbelSheet::Retranslate()
+{
+    const CallScope call(GetLife());
+    const LayoutPause pause(Ui->GetLayout());
+    Ui->LanguageChanged();
+    for (const Widget &widget : Snapshot())
+        widget->GetDelegate()->LanguageChanged();
 }
 
 void OrbelSheet::EnableInput(bool enable, eEnableScope scope)

@@ -130,6 +130,7 @@ private:
     const QList<Widget> Snapshot() const { return Widgets; }
     void ParseWidget(QXmlStreamReader &reader);
     void SetEnableInput(bool enable, bool partial);
+    void Retranslate();
     void ReapplyInput();
 
     friend class OrbelWidget;

@@ -90,6 +90,7 @@ inline constexpr QLatin1String IconSize = Latin1("iconSize");
 // the sheet
 inline constexpr QLatin1String ApplyUiVisible = Latin1("applyUiVisible");
 inline constexpr QLatin1String AttributePrefix = Latin1("Attribute_");
+inline constexpr QLatin1String HoverTuning = Latin1("hoverTuning");
 inline constexpr QLatin1String AutoApplyEnabled = Latin1("autoApplyEnabled");
 inline constexpr QLatin1String AutoApplyTimeout = Latin1("autoApplyTimeout");
 inline constexpr QLatin1String EmitOnlyModifiedParameters = Latin1("emitOnlyModifiedParameters");

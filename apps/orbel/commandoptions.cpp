@@ -2,7 +2,13 @@
 
 #include "failure.h"
 
+#include "translationcenter.h"
+
 #include <QCommandLineParser>
+#include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QRegularExpression>
 
 namespace
 {
@@ -13,6 +19,8 @@ QCommandLineOption ComponentOption()
         QStringLiteral("The form of a component list to take; needed when the list has several."),
         QStringLiteral("NAME"));
 }
+
+const QLatin1String Language("language");
 
 } // namespace
 
@@ -35,6 +43,37 @@ QStringList Arguments(const QCommandLineParser &parser, int most)
 void DefineComponent(QCommandLineParser &parser)
 {
     parser.addOption(ComponentOption());
+}
+
+void DefineLanguage(QCommandLineParser &parser)
+{
+    parser.addOption({Language,
+        QStringLiteral(
+            "The language of texts and numbers, as \"de\", in place of the system's. The texts of the form come "
+            "from FORM_de.qm beside it."),
+        QStringLiteral("LANG")});
+}
+
+bool IsLanguage(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^[a-z]{2,3}([_-][A-Z][A-Za-z]+)*$"));
+    return form.match(text).hasMatch() && QLocale(text).language() != QLocale::C;
+}
+
+void SpeakLanguage(const QCommandLineParser &parser, const QString &path)
+{
+    if (parser.isSet(Language)) {
+        const QString language = parser.value(Language);
+        if (!IsLanguage(language))
+            throw UsageFailure(QStringLiteral("there is no language \"%1\"; \"de\" is one").arg(language));
+        QLocale::setDefault(QLocale(language));
+    }
+    const QFileInfo form(path);
+    TranslationCenter &center = TranslationCenter::Instance();
+    center.Register(form.completeBaseName());
+    center.Register(QStringLiteral("qtbase"));
+    center.AddDirectory(form.absolutePath());
+    center.AddDirectory(QLibraryInfo::location(QLibraryInfo::TranslationsPath));
 }
 
 QString ComponentName(const QCommandLineParser &parser)

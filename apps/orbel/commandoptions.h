@@ -14,3 +14,11 @@ QStringList Arguments(const QCommandLineParser &parser, int most);
 /// Adds the option --component, whose value ComponentName() gives, empty without it.
 void DefineComponent(QCommandLineParser &parser);
 QString ComponentName(const QCommandLineParser &parser);
+
+/// Adds the option --language.
+void DefineLanguage(QCommandLineParser &parser);
+/// Makes its value the language of the process, or leaves that of the system, and takes catalogues from the folder of
+/// the form in `path`, as FORM_de.qm. Throws a Failure for a language that is none.
+void SpeakLanguage(const QCommandLineParser &parser, const QString &path);
+/// Whether the text names a language, as "de" or "de_CH".
+bool IsLanguage(const QString &text);

@@ -8,6 +8,7 @@
 #include "referencecommand.h"
 #include "rendercommand.h"
 #include "schemacommand.h"
+#include "stringscommand.h"
 #include "viewcommand.h"
 
 #include <QApplication>
@@ -40,6 +41,7 @@ constexpr Row Table[] = {
     {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
+    {"strings",   "writes the texts of forms into a file for translators", WithoutDisplay, Make<StringsCommand>},
     {"classes",   "lists the control classes",                           WithoutDisplay, Make<ClassesCommand>},
     {"schema",    "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},
     {"reference", "writes a page for each control class",                WithoutDisplay, Make<ReferenceCommand>},

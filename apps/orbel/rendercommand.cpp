@@ -140,6 +140,7 @@ void RenderCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(QStringLiteral("Draws a form into a picture file, without a display."));
     DefineFile(parser);
+    DefineLanguage(parser);
     parser.addOptions({
         {{QStringLiteral("o"), Output}, QStringLiteral("The picture to write; its name tells the format."),
             QStringLiteral("OUT.png")},
@@ -175,6 +176,7 @@ int RenderCommand::Run(const QCommandLineParser &parser)
     ChooseStyle(parser);
     ChoosePalette(parser);
     const FormFile file(path);
+    SpeakLanguage(parser, path);
     const FormFile::Form form = file.Parse(ComponentName(parser));
     form->CreateValueTree(QStringLiteral("/Form"));
     // As in the viewer, where only a single form has an apply row.

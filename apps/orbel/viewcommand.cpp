@@ -42,6 +42,7 @@ void ViewCommand::Define(QCommandLineParser &parser) const
         "until the window is closed. Each Apply prints the parameter document; what the form's script\n"
         "prints goes to standard error."));
     DefineFile(parser);
+    DefineLanguage(parser);
     parser.addPositionalArgument(
         QStringLiteral("debug"), QStringLiteral("Attaches the script debugger."), QStringLiteral("[debug]"));
 }
@@ -56,6 +57,7 @@ int ViewCommand::Run(const QCommandLineParser &parser)
     // Where there is no display, the command runs on this platform.
     if (QGuiApplication::platformName() == QLatin1String("minimal"))
         throw Failure{ekInputAtFault, QStringLiteral("there is no display; \"orbel render\" draws a form without one")};
+    SpeakLanguage(parser, file.GetPath());
     RunPlugin(file.GetPath(), option);
     return file.GetStatus();
 }

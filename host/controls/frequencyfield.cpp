@@ -6,6 +6,7 @@
 #include "ivaluenumeric.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyleOptionFrame>
 #include <QWheelEvent>
 
@@ -261,12 +262,14 @@ void FrequencyField::ShowLock()
 
 void FrequencyField::wheelEvent(QWheelEvent *event)
 {
-    if (!hasFocus() || !IsAtRest() || event->angleDelta().y() == 0) {
+    const std::optional<int> power = PowerUnder(event->position().toPoint());
+    const bool mayTurn = hasFocus() || (HoverTunes && power);
+    if (!mayTurn || !IsAtRest() || event->angleDelta().y() == 0) {
         event->ignore();
         return;
     }
     event->accept();
-    if (const std::optional<int> power = PowerUnder(event->position().toPoint()))
+    if (power)
         ChooseDigit(*power);
     WheelRemainder += event->angleDelta().y();
     const int steps = WheelRemainder / WheelNotch;
@@ -293,6 +296,56 @@ void FrequencyField::focusOutEvent(QFocusEvent *event)
         deselect();
     if (!leaves || ShowNode())
         VCLineEdit::focusOutEvent(event);
+}
+
+void FrequencyField::mouseMoveEvent(QMouseEvent *event)
+{
+    VCLineEdit::mouseMoveEvent(event);
+    Hover(event->buttons() == Qt::NoButton ? PowerUnder(event->pos()) : std::nullopt);
+}
+
+void FrequencyField::leaveEvent(QEvent *event)
+{
+    VCLineEdit::leaveEvent(event);
+    Hover({});
+    if (!hasFocus())
+        FinishTuning();
+}
+
+void FrequencyField::Hover(std::optional<int> power)
+{
+    if (power == Hovered)
+        return;
+    Hovered = power;
+    update();
+}
+
+void FrequencyField::paintEvent(QPaintEvent *event)
+{
+    VCLineEdit::paintEvent(event);
+    if (!Hovered || !IsAtRest())
+        return;
+    constexpr int faint = 60; // of 255
+    QColor light = palette().color(QPalette::Highlight);
+    light.setAlpha(faint);
+    QPainter(this).fillRect(DigitRect(*Hovered), light);
+}
+
+/// Where the digit is drawn; empty when the frequency does not have it.
+QRect FrequencyField::DigitRect(int power) const
+{
+    const int position = FrequencyText::PositionOf(text(), power);
+    if (position < 0)
+        return QRect();
+    QStyleOptionFrame frame;
+    initStyleOption(&frame);
+    constexpr int margin = 2; // that the base class keeps beside the text
+    const QRect inside
+        = style()->subElementRect(QStyle::SE_LineEditContents, &frame, this).adjusted(margin, 0, -margin, 0);
+    const QFontMetrics metrics(font());
+    const int right = inside.right() - metrics.horizontalAdvance(text().mid(position + 1));
+    const int width = metrics.horizontalAdvance(text().at(position));
+    return QRect(right - width + 1, inside.top(), width, inside.height());
 }
 
 bool FrequencyField::MayTune() const

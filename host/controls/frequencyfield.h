@@ -5,9 +5,10 @@
 /// The large field of VCFrequency: a frequency that is tuned digit by digit, or typed. One digit is marked while the
 /// field has the focus: Left and Right, Home, End and a click choose it, Up and Down, Page Up and Page Down (ten at a
 /// time) change it with carry, within the limits of the node, and so does the wheel for the digit under the mouse; the
-/// wheel needs the focus, so that scrolling a form tunes nothing. Zeros lead the text up to the marked digit, and one
-/// steps back the way one came. A character begins a typed entry, which replaces the text; F2 begins one
-/// with the text that stands there. Return ends it, Escape takes it back.
+/// wheel needs the focus, so that scrolling a form tunes nothing, unless TuneByHovering() says otherwise. The digit
+/// under the mouse is lit. Zeros lead the text up to the marked digit, and one steps back the way one came. A
+/// character begins a typed entry, which replaces the text; F2 begins one with the text that stands there. Return
+/// ends it, Escape takes it back.
 class ORBEL_HOST_EXPORT FrequencyField : public VCLineEdit
 {
     Q_OBJECT
@@ -17,6 +18,9 @@ public:
     FrequencyField(QWidget *parent, bool belowZero);
 
     bool HasNode() const { return BoundNode(); }
+    /// Lets the wheel tune the digit under the mouse without the focus, too. The tuning ends when the mouse leaves
+    /// then.
+    void TuneByHovering(bool tune) { HoverTunes = tune; }
     /// Changes the marked digit by that many; nothing while the field is locked or a text is being typed.
     void Step(int steps);
     /// Puts a frequency in Hz, clamped to the node's limits, as the operator's own.
@@ -57,6 +61,9 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     bool MayTune() const;
@@ -71,6 +78,8 @@ private:
     int HighestPower() const;
     int TopPower() const;
     std::optional<int> PowerUnder(const QPoint &point) const;
+    void Hover(std::optional<int> power);
+    QRect DigitRect(int power) const;
 
     QFont TextFont;
     QSize FullHint;
@@ -79,6 +88,9 @@ private:
     // The marked digit stands for 10^Power Hz.
     int Power = 3;
     int WheelRemainder = 0;
+    bool HoverTunes = false;
+    // The digit under the mouse, as that above.
+    std::optional<int> Hovered;
     // The operator is at the text, be it the shown one.
     bool Entry = false;
     // What stood there before each change that nobody was told of; all tuning is one.

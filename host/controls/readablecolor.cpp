@@ -32,6 +32,6 @@ QColor ReadableColor::On(const QColor &background, const QColor &wanted)
 QColor ReadableColor::Refused(const QColor &background)
 {
     const QColor dark(190, 0, 0);
-    const QColor light(255, 120, 120);
+    const QColor light(255, 140, 140);
     return On(background, Contrast(background, dark) >= Contrast(background, light) ? dark : light);
 }

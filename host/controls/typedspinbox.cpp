@@ -21,6 +21,11 @@ TypedSpinBox::TypedSpinBox(QWidget *parent) : QDoubleSpinBox(parent)
     connect(lineEdit(), &QLineEdit::cursorPositionChanged, this, &TypedSpinBox::KeepCursorInNumber);
 }
 
+bool TypedSpinBox::IsReadable() const
+{
+    return ReadText(lineEdit()->text()).IsNumber();
+}
+
 bool TypedSpinBox::Finish()
 {
     IsFinal = !IsReadable();
@@ -116,10 +121,11 @@ QString TypedSpinBox::WithoutPrefix(const QString &text) const
 
 TypedNumber TypedSpinBox::ReadText(const QString &text) const
 {
-    if (specialValueText().isEmpty() || text != specialValueText())
+    const QString special = specialValueText();
+    if (special.isEmpty() || Bare(text).compare(special.trimmed(), Qt::CaseInsensitive) != 0)
         return Reader().Read(WithoutPrefix(text));
     const double lowest = TypedRange().first;
-    return {QValidator::Acceptable, lowest, lowest, text};
+    return {QValidator::Acceptable, lowest, lowest, special};
 }
 
 /// The place behind the number, where the suffix begins.
@@ -141,17 +147,21 @@ void TypedSpinBox::KeepCursorInNumber()
         lineEdit()->setCursorPosition(end);
 }
 
-/// Whether a text has more than digits, a sign and the one decimal point that the box itself would write.
-bool TypedSpinBox::SaysMoreThan(const QString &text) const
+QString TypedSpinBox::Bare(const QString &text) const
 {
-    QString bare = WithoutPrefix(text);
-    bare.truncate(EndOfNumber(bare));
+    const QString behindPrefix = WithoutPrefix(text);
+    return behindPrefix.left(EndOfNumber(behindPrefix)).trimmed();
+}
+
+/// Whether a text is another one than digits, a sign and the one decimal point that the box itself would write.
+bool TypedSpinBox::IsUnusual(const QString &text) const
+{
+    const QString bare = Bare(text);
     const QChar point = decimals() > 0 ? locale().decimalPoint() : QChar();
-    const auto isOther = [&](QChar c) {
-        return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-');
-    };
-    bare = bare.trimmed();
-    return bare.count(point) > 1 || std::any_of(bare.begin(), bare.end(), isOther);
+    const auto isOther
+        = [&](QChar c) { return !c.isDigit() && c != point && c != locale().negativeSign() && c != QLatin1Char('-'); };
+    const int fraction = bare.contains(point) ? bare.size() - bare.indexOf(point) - 1 : 0;
+    return bare.count(point) > 1 || fraction > decimals() || std::any_of(bare.begin(), bare.end(), isOther);
 }
 
 QString TypedSpinBox::SpellShown(double shown) const
@@ -167,7 +177,7 @@ QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) co
         return tr("above %1: %1 is taken").arg(SpellShown(highest));
     if (number.IsNumber() && number.Shown < lowest)
         return tr("below %1: %1 is taken").arg(SpellShown(lowest));
-    return !number.IsNumber() || SaysMoreThan(text) ? number.Note() : QString();
+    return !number.IsNumber() || IsUnusual(text) ? number.Note() : QString();
 }
 
 void TypedSpinBox::TellReading()

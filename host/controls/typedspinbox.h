@@ -21,7 +21,7 @@ public:
     explicit TypedSpinBox(QWidget *parent = nullptr);
 
     /// Whether the text that stands there is a number, within the limits or not.
-    bool IsReadable() const { return ReadText(lineEdit()->text()).IsNumber(); }
+    bool IsReadable() const;
     /// The unit that the box's numbers are in, times Scale(). It is not shown; where there is no suffix and it is a
     /// frequency, units may be typed.
     void SetUnit(const QString &unit) { Unit = unit.trimmed(); }
@@ -62,7 +62,8 @@ private:
     NumberReader Reader() const;
     QString WithoutPrefix(const QString &text) const;
     int EndOfNumber(const QString &text) const;
-    bool SaysMoreThan(const QString &text) const;
+    QString Bare(const QString &text) const;
+    bool IsUnusual(const QString &text) const;
     QString NoteFor(const TypedNumber &number, const QString &text) const;
     QString SpellShown(double shown) const;
     void KeepCursorInNumber();

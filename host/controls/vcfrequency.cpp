@@ -43,26 +43,18 @@ VCFrequency::~VCFrequency()
 void VCFrequency::Build()
 {
     Field->setObjectName(QStringLiteral("frequency"));
-    Field->setAccessibleName(tr("Frequency"));
     UpButton = StepButton(QStringLiteral("increment"), GlyphButton::Up, &VCFrequency::slotIncrement);
-    UpButton->setToolTip(tr("Step up the marked digit"));
-    UpButton->setAccessibleName(UpButton->toolTip());
     DownButton = StepButton(QStringLiteral("decrement"), GlyphButton::Down, &VCFrequency::slotDecrement);
-    DownButton->setToolTip(tr("Step down the marked digit"));
-    DownButton->setAccessibleName(DownButton->toolTip());
     EntryButton = MiniButton(QStringLiteral("entry"), GlyphButton::Pencil, &VCFrequency::BeginEntry);
-    EntryButton->setToolTip(tr("Type a frequency"));
-    EntryButton->setAccessibleName(EntryButton->toolTip());
     HistoryButton = MiniButton(QStringLiteral("history"), GlyphButton::Clock, &VCFrequency::OpenHistory);
-    HistoryButton->setToolTip(tr("Last frequencies (F4)"));
-    HistoryButton->setAccessibleName(tr("Last frequencies"));
-    TuneButton = new VCButton(tr("Tune"), this);
+    TuneButton = new VCButton(QString(), this);
     TuneButton->setObjectName(QStringLiteral("tune"));
     connect(TuneButton, &QPushButton::clicked, this, &VCFrequency::Tune);
     BandwidthLabel = new QLabel(this);
     BandwidthLabel->setObjectName(QStringLiteral("bandwidth"));
     BandwidthLabel->setAlignment(Qt::AlignRight);
     BandwidthLabel->hide();
+    ShowTexts();
 
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -75,6 +67,20 @@ void VCFrequency::Build()
     grid->addWidget(TuneButton, 0, 3, 2, 1);
     grid->addWidget(BandwidthLabel, 2, 0);
     grid->setColumnStretch(0, 1);
+}
+
+void VCFrequency::ShowTexts()
+{
+    Field->setAccessibleName(tr("Frequency"));
+    UpButton->setToolTip(tr("Step up the marked digit"));
+    UpButton->setAccessibleName(UpButton->toolTip());
+    DownButton->setToolTip(tr("Step down the marked digit"));
+    DownButton->setAccessibleName(DownButton->toolTip());
+    EntryButton->setToolTip(tr("Type a frequency"));
+    EntryButton->setAccessibleName(EntryButton->toolTip());
+    HistoryButton->setToolTip(tr("Last frequencies (F4)"));
+    HistoryButton->setAccessibleName(tr("Last frequencies"));
+    TuneButton->setText(tr("Tune"));
 }
 
 QToolButton *VCFrequency::StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)())
@@ -156,6 +162,11 @@ void VCFrequency::SetWholeHertz(bool whole)
     Field->SetWholeHertz(whole);
 }
 
+void VCFrequency::TuneByHovering(bool tune)
+{
+    Field->TuneByHovering(tune);
+}
+
 void VCFrequency::ApplyInput()
 {
     const bool free = !Locked && !ReadOnly && Field->HasNode();
@@ -225,8 +236,12 @@ void VCFrequency::Step(int steps)
 void VCFrequency::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange) {
         ScaleText();
+    } else if (event->type() == QEvent::LanguageChange) {
+        ShowTexts();
+        ShowBandwidth();
+    }
 }
 
 void VCFrequency::keyPressEvent(QKeyEvent *event)

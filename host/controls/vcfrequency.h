@@ -53,6 +53,8 @@ public:
 
     /// Rounds typed frequencies to whole hertz; off at the start.
     void SetWholeHertz(bool whole);
+    /// Lets the wheel tune the digit under the mouse without the focus, too; off at the start.
+    void TuneByHovering(bool tune);
 
     /// In Hz, most recent first: what the operator set, and what stood there before.
     QVector<double> GetHistory() const { return History.Frequencies(); }
@@ -81,6 +83,7 @@ protected:
 
 private:
     void Build();
+    void ShowTexts();
     QToolButton *StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)());
     VCMiniFrequency *MiniButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*action)());
     void Step(int steps);

@@ -1,15 +1,18 @@
 #include "vclineedit.h"
 
+#include "decimalnumber.h"
 #include "editend.h"
 #include "fieldnote.h"
 #include "frequencytext.h"
 #include "inputlock.h"
-#include "ivaluenumeric.h"
+#include "valuenumeric.h"
 
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
+
+#include <cmath>
 
 namespace
 {
@@ -54,8 +57,8 @@ NumberReader VCLineEdit::GetReader() const
 {
     NumberReader reader = NumberReader::OfHertz(locale());
     reader.ShownPower = FrequencyText::ShownPower(Content);
-    reader.IsWhole = WholeHertz;
     if (const auto *node = dynamic_cast<const IValueNumeric *>(Node.get())) {
+        reader.IsWhole = WholeHertz || !dynamic_cast<const ValueDouble *>(node);
         reader.Minimum = node->GetMin();
         reader.Maximum = node->GetMax();
     }
@@ -186,10 +189,39 @@ void VCLineEdit::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsEditing())
         ShowNode();
-    else if (event->key() == Qt::Key_F2)
-        selectAll();
-    else
+    else if (!ActByKey(event))
         QLineEdit::keyPressEvent(event);
+}
+
+bool VCLineEdit::ActByKey(const QKeyEvent *event)
+{
+    if (event->modifiers() & ~Qt::KeypadModifier)
+        return false;
+    const bool steps = std::isfinite(StepGrid) && StepGrid > 0 && dynamic_cast<IValueNumeric *>(BoundNode());
+    if (event->key() == Qt::Key_F2)
+        selectAll();
+    else if (steps && event->key() == Qt::Key_Up)
+        Late.Request(&VCLineEdit::StepUp);
+    else if (steps && event->key() == Qt::Key_Down)
+        Late.Request(&VCLineEdit::StepDown);
+    else
+        return false;
+    return true;
+}
+
+/// What is being typed counts first.
+void VCLineEdit::StepOnGrid(int direction)
+{
+    if (isReadOnly() || !FinishEdit() || IsPending())
+        return;
+    auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
+    if (!node)
+        return;
+    const double place = WithoutNoise(node->GetValue() / StepGrid);
+    const double next = direction > 0 ? std::floor(place) + 1 : std::ceil(place) - 1;
+    const double target = qBound(node->GetMin(), WithoutNoise(next * StepGrid), node->GetMax());
+    if (target != node->GetValue() && WriteNode([&] { node->SetValue(target, this); }))
+        ShowNode();
 }
 
 void VCLineEdit::focusOutEvent(QFocusEvent *event)

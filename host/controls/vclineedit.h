@@ -14,7 +14,7 @@
 /// field that is read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere
 /// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. A switch
 /// to another window does not. Disabling the field itself commits a pending text first; a lock of the input (InputLock)
-/// takes it back and tells it.
+/// takes it back and tells it. F2 selects the whole text.
 ///
 /// A field of the frequency kind lets every text stand while it is typed, and tells by a note what it understands. What
 /// is no frequency, or lies beyond the limits of the node, is red, is not committed, and goes like any pending text.
@@ -45,13 +45,17 @@ public:
     /// How a field of the frequency kind reads a text now: NumberReader tells the rules. The shown unit is that of the
     /// node's text that the field last showed, and the limits are those of a numeric node.
     NumberReader GetReader() const;
-    /// Rounds typed frequencies to whole hertz; off at the start.
+    /// Rounds typed frequencies to whole hertz, as is done for a node of integers; off at the start.
     void SetWholeHertz(bool whole) { WholeHertz = whole; }
 
     /// These hide those of the base class, which would lose a pending text, or leave a cut one behind.
     void setEnabled(bool enable);
     void setInputMask(const QString &mask);
     void setMaxLength(int length);
+
+    /// Has Up and Down set the node to the next multiple of `grid` above or below, within its limits; in the node's
+    /// units. 0, as at the start, leaves these keys alone, and so does a field whose node holds no number.
+    void SetStepGrid(double grid) { StepGrid = grid; }
 
     /// As endEdit(). False when somebody who heard of it has deleted the field.
     virtual bool FinishEdit();
@@ -99,6 +103,10 @@ private:
     void DropEdit();
     bool LeaveEdit() { return FinishEdit() && (!IsEditing() || ShowNode()); }
     void EndStrayEdit() { LeaveEdit(); }
+    bool ActByKey(const QKeyEvent *event);
+    void StepUp() { StepOnGrid(1); }
+    void StepDown() { StepOnGrid(-1); }
+    void StepOnGrid(int direction);
     void TellEdited() { Q_EMIT signalTextEdited(text()); }
     void TellChanged() { Q_EMIT signalTextChanged(text()); }
     void TakeFrequencies();
@@ -109,6 +117,7 @@ private:
     LineEditType Type;
     Conversion NodeToShown;
     Conversion TypedToNode;
+    double StepGrid = 0;
     // The last text of the node, and what the mask and the maximum length left of it in the field.
     QString Content;
     QString Shown;

@@ -18,8 +18,7 @@
 static constexpr double Unlimited = 1e308; // a limit that is none, in whatever unit
 static constexpr int MostPlaces = 323; // what the base class takes
 
-VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking)
-    : TypedSpinBox(parent)
+VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking) : TypedSpinBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
     setFocusPolicy(Qt::StrongFocus);

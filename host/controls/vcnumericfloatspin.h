@@ -11,11 +11,11 @@
 /// however many there are.
 ///
 /// What is typed is pending while it differs from what was shown, until Return, leaving the box or disabling it commits
-/// it, clamped to the limits; Escape takes it back, and so does a lock of the input (InputLock). What is no number stays
-/// after Return and goes back when the box is left. A change of the node or of the limits from elsewhere leaves a pending
-/// number alone and counts when the edit ends. The wheel steps only while the box has the focus; otherwise the turn goes
-/// on to what lies behind. Without a node the box keeps its last number, and edits fall back to it. The size hint has room
-/// for the limits, for 18 characters at most.
+/// it, clamped to the limits; Escape takes it back, and so does a lock of the input (InputLock). What is no number
+/// stays after Return and goes back when the box is left. A change of the node or of the limits from elsewhere leaves a
+/// pending number alone and counts when the edit ends. The wheel steps only while the box has the focus; otherwise the
+/// turn goes on to what lies behind. Without a node the box keeps its last number, and edits fall back to it. The size
+/// hint has room for the limits, for 18 characters at most.
 class ORBEL_HOST_EXPORT VCNumericFloatSpin : public TypedSpinBox,
                                              public IObserver,
                                              public virtual UndoRecordingControlBase

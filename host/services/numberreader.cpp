@@ -14,6 +14,7 @@ constexpr QLatin1Char Comma(',');
 constexpr QLatin1Char Grouper('_');
 constexpr QLatin1Char Zero('0');
 constexpr double Unlimited = 1e308;
+constexpr double LargestWhole = 9.2e18; // what 64 bits hold
 
 bool IsBlank(uint character)
 {
@@ -151,13 +152,14 @@ TypedNumber NumberReader::Read(const QString &text) const
     number.truncate(end);
 
     const Digits digits = Digits::From(number);
-    if (digits.Groups == Grouping::Wrong) {
+    const bool goesOn = digits.Groups == Grouping::Begun && unit.isEmpty();
+    if (digits.Groups != Grouping::Right && !goesOn) {
         const bool two = number.count(Point) + number.count(Comma) == 2;
         return Refused(two ? tr("two decimal points") : tr("groups have three digits"));
     }
     if (digits.IsEmpty())
         return unit.isEmpty() ? TypedNumber() : Refused(tr("no number"));
-    if (digits.Groups == Grouping::Begun)
+    if (goesOn)
         return {};
     if (unit.isEmpty())
         return Judge(digits, hasOwn ? ShownPower : PowerWithoutUnit(digits));
@@ -230,18 +232,24 @@ int NumberReader::PowerWithoutUnit(const Digits &digits) const
 double NumberReader::Value(const Digits &digits, int power) const
 {
     const double number = digits.Moved(power).Value();
-    return IsWhole ? std::round(number) : number;
+    // Zero has no sign.
+    return IsWhole ? std::round(number) + 0.0 : number;
+}
+
+bool NumberReader::IsInRange(double number) const
+{
+    return std::fabs(number) < (IsWhole ? LargestWhole : Unlimited);
 }
 
 bool NumberReader::IsWithin(double number) const
 {
-    return std::fabs(number) < Unlimited && number >= Minimum && number <= Maximum;
+    return IsInRange(number) && number >= Minimum && number <= Maximum;
 }
 
 TypedNumber NumberReader::Judge(const Digits &digits, int power) const
 {
     const double number = Value(digits, power);
-    if (std::fabs(number) >= Unlimited)
+    if (!IsInRange(number))
         return Refused(tr("too large"));
     if (number > Maximum)
         return Refused(tr("above %1").arg(Spell(Maximum)));

@@ -47,7 +47,7 @@ public:
     /// In base units. Beyond them a number is invalid; 1e308 and infinity are no limit.
     double Minimum = -std::numeric_limits<double>::infinity();
     double Maximum = std::numeric_limits<double>::infinity();
-    /// Rounds to whole base units, a half away from zero.
+    /// Rounds to whole base units, a half away from zero, of which 64 bits hold the number.
     bool IsWhole = false;
     /// How many digits a number may have behind the point in the shown unit, zeros at its end not counted.
     int Decimals = std::numeric_limits<int>::max();
@@ -69,6 +69,7 @@ private:
     bool MayBecomeUnit(const QString &unit) const;
     int PowerWithoutUnit(const Digits &digits) const;
     double Value(const Digits &digits, int power) const;
+    bool IsInRange(double number) const;
     bool IsWithin(double number) const;
     TypedNumber Judge(const Digits &digits, int power) const;
 };

@@ -8,6 +8,11 @@ namespace KV218
 
 FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget) { }
 
+QVector<Face> FloatSpinDelegate::GetFaces() const
+{
+    return {{Control.data(), {}, SpinBounds(*this, Control)}};
+}
+
 void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
 {
     if (ValueNode)

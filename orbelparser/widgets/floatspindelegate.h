@@ -14,6 +14,7 @@ public:
     explicit FloatSpinDelegate(OrbelWidget *widget);
 
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
 
 protected:
     bool IsNumber(const QString &name) const override;

@@ -68,7 +68,8 @@ public:
     {
         QWidget *editor = CellItemDelegate::createEditor(parent, option, index);
         if (auto *field = qobject_cast<QLineEdit *>(editor))
-            connect(field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
+            connect(
+                field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
         return editor;
     }
 
@@ -82,32 +83,43 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     setObjectName(QStringLiteral("FreqRangeTable"));
     setMinimumSize(MinimumSize, MinimumSize);
     setColumnCount(2);
-    setHorizontalHeaderLabels({tr("min"), tr("max")});
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    // Tab leads out of the table; inside an editor it goes on to the next cell.
-    setTabKeyNavigation(false);
     setItemDelegate(new Cells(this));
     new TableKeys(this);
     FollowTableFont(this);
-    NewAction = AddAction(tr("&New row"), QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W),
-        tr("Create a new row in the list box"));
+    NewAction = AddAction(QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W));
     connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);
-    DeleteAction = AddAction(tr("&Delete row"), QStringLiteral("ListBoxDelete"), QKeySequence(Qt::Key_Delete),
-        tr("Delete the selected element in the row"));
+    DeleteAction = AddAction(QStringLiteral("ListBoxDelete"), QKeySequence(Qt::Key_Delete));
     connect(DeleteAction, &QAction::triggered, this, &FreqRangeTable::SlotDelete);
     for (QWidget *widget : std::initializer_list<QWidget *>{this, horizontalHeader(), verticalHeader()})
         widget->setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(this, &QTableWidget::cellChanged, this, &FreqRangeTable::SlotValueChanged);
+    ShowTexts();
     UpdateActions();
 }
 
-QAction *FreqRangeTable::AddAction(
-    const QString &text, const QString &name, const QKeySequence &shortcut, const QString &tip)
+void FreqRangeTable::ShowTexts()
 {
-    auto *action = new QAction(text, this);
+    setAccessibleName(tr("Excluded ranges"));
+    setHorizontalHeaderLabels({tr("min"), tr("max")});
+    NewAction->setText(tr("&New row"));
+    NewAction->setStatusTip(tr("Create a new row in the list box"));
+    DeleteAction->setText(tr("&Delete row"));
+    DeleteAction->setStatusTip(tr("Delete the selected element in the row"));
+}
+
+void FreqRangeTable::changeEvent(QEvent *event)
+{
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        ShowTexts();
+}
+
+QAction *FreqRangeTable::AddAction(const QString &name, const QKeySequence &shortcut)
+{
+    auto *action = new QAction(this);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    action->setStatusTip(tip);
     for (QWidget *widget : std::initializer_list<QWidget *>{this, horizontalHeader(), verticalHeader()})
         widget->addAction(action);
     return action;

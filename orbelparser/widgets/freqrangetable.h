@@ -39,6 +39,9 @@ public Q_SLOTS:
     /// Ends an open edit and puts the rows in ascending order.
     void SlotSortByStartFrequencies();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private Q_SLOTS:
     void SlotValueChanged(int row, int column);
     void SlotNew();
@@ -48,7 +51,8 @@ private:
     class Cells;
     using Ranges = std::list<CommentedRange>;
 
-    QAction *AddAction(const QString &text, const QString &name, const QKeySequence &shortcut, const QString &tip);
+    QAction *AddAction(const QString &name, const QKeySequence &shortcut);
+    void ShowTexts();
     void ReloadFromValue();
     void FillTable(const Ranges &ranges);
     void WriteCell(int row, int column, double value);

@@ -124,6 +124,17 @@ void OrbelChannelSpacingTable::ReadXml(QXmlStreamReader &reader)
     });
 }
 
+QVector<Face> OrbelChannelSpacingTable::GetFaces() const
+{
+    const auto limit = [this](const PropertyKey &name) {
+        return property(name.data()).isValid() ? formatString(GetDouble(name, 0.0), GetInt(prop::Decimals, 0), {})
+                                               : QString();
+    };
+    const QString bounds = BoundsText(limit(prop::Minimum), limit(prop::Maximum));
+    const QString unit = bounds.isEmpty() ? QString() : property(prop::Unit.data()).toString();
+    return {{Control.data(), {}, QStringLiteral("%1 %2").arg(bounds, unit).trimmed()}};
+}
+
 void OrbelChannelSpacingTable::setFocus()
 {
     const Call call(this);
@@ -135,6 +146,12 @@ void OrbelChannelSpacingTable::forceFinishEditing()
 {
     const Call call(this);
     FinishCellEdit(Control);
+}
+
+void OrbelChannelSpacingTable::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    ShowHeaderLabel(GetTranslated(prop::HeaderLabel));
 }
 
 void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVariant &value)

@@ -29,6 +29,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QVector<Face> GetFaces() const override;
 
 Q_SIGNALS:
     /// The current row and the one before; -1 for none.
@@ -61,6 +62,7 @@ public:
     Q_INVOKABLE void setSpacingValue(int index, double value);
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private Q_SLOTS:

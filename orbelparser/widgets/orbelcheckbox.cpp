@@ -24,7 +24,7 @@ void OrbelCheckBox::CreateGUI(FloatGroupLayout *layout)
     PropagateProperties(Control);
     // Meant: without a label the name of the parameter element is the tooltip.
     if (Control->toolTip().isEmpty())
-        Control->setToolTip(Label ? Label->text() : GetXmlTagName());
+        SetOwnToolTip(Control, LabelOrTag());
     layout->addWidget(Control);
     layout->addGroup();
 }

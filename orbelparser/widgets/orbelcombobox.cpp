@@ -66,7 +66,7 @@ void OrbelComboBox::CreateGUI(FloatGroupLayout *layout)
     Control = new VCComboBoxClassic(layout->parentWidget(), nullptr);
     Control->setObjectName(WidgetName());
     Control->SetValueSelection(ValueNode.get());
-    Control->setToolTip(Label ? Label->text() : GetXmlTagName());
+    SetOwnToolTip(Control, LabelOrTag());
     PropagateProperties(Control);
     layout->addWidget(Control);
     layout->addGroup();

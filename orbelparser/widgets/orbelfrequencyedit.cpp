@@ -55,6 +55,7 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
     frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
     frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
     frequencyControl->GetTuneButton()->hide();
+    frequencyControl->TuneByHovering(Form().IsHoverTuning());
     PropagateProperties(frequencyControl);
     // Meant: an absent `enabled` locks the main form, as nowhere else.
     const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
@@ -97,8 +98,8 @@ void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
     lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
     lineEdit->SetWholeHertz(true);
     lineEdit->SetValueBase(valueNode.get());
-    lineEdit->setToolTip(GetTranslated(prop::LabelText));
-    lineEdit->setAccessibleName(GetTranslated(prop::LabelText));
+    SetOwnToolTip(lineEdit, {GetString(prop::LabelText, QString())});
+    lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(lineEdit);
     layout->addWidget(lineEdit);
     layout->addGroup();
@@ -121,6 +122,15 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
     SetPropertyAlways(prop::Value, text);
     // The node's news leave out this object, so that nobody else would tell.
     Q_EMIT valueChanged(HertzOf(text));
+}
+
+QVector<Face> OrbelFrequencyEdit::GetFaces() const
+{
+    const QString bounds = valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString();
+    if (!frequencyControl)
+        return {{lineEdit.data(), {}, bounds}};
+    return {{frequencyControl.data(), {}, {}}, {frequencyControl->focusProxy(), {}, bounds},
+        {lockButton.data(), tr("lock"), {}}};
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
@@ -166,6 +176,13 @@ QString OrbelFrequencyEdit::BandwidthPath() const
     return GetVTNodePath() + QLatin1String("/Bandwidth");
 }
 
+void OrbelFrequencyEdit::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (lockButton && lockVisible)
+        ShowLockToolTip(property(prop::FrequencyLock.data()).toBool());
+}
+
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
@@ -175,6 +192,8 @@ void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &va
         ShowLock(value.toBool());
     PropagateProperty(name, frequencyControl);
     FreeInput(name, value);
+    if (lineEdit && name == prop::SingleStep)
+        lineEdit->SetStepGrid(LimitsForNode().Step);
     PropagateProperty(name, lineEdit);
     if (lockVisible && name == prop::Visible)
         PropagateProperty(name, lockButton);
@@ -255,10 +274,14 @@ void OrbelFrequencyEdit::ShowLock(bool locked)
     if (!std::exchange(lockVisible, true))
         ShowLockWithRow();
     lockButton->setChecked(locked);
+    ShowLockToolTip(locked);
+    lockButton->setIcon(LockIcon(locked));
+}
+
+void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
+{
     // Meant: the words of a range, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
-    lockButton->setAccessibleName(lockButton->toolTip());
-    lockButton->setIcon(LockIcon(locked));
 }
 
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)

@@ -29,6 +29,7 @@ public:
     ValueBase *GetVTValue() const override { return valueNode.get(); }
     void TakeNode() override;
     void FinishEditing() override;
+    QVector<Face> GetFaces() const override;
     void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:
@@ -59,6 +60,7 @@ public Q_SLOTS:
     void forceFinishEditing() override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     void NodesMoved() override;
@@ -77,6 +79,7 @@ private:
     void CreateLockButton();
     QString BandwidthPath() const;
     void ShowLock(bool locked);
+    void ShowLockToolTip(bool locked);
     void ShowLockWithRow();
     void KeepLockOpenToAnswers();
     void FreeInput(const QString &name, const QVariant &value);

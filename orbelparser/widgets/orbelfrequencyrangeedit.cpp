@@ -51,8 +51,8 @@ void OrbelFrequencyRangeEdit::MakeNode(
 void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
-    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), tr("Start Frequency"));
-    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), tr("Stop Frequency"));
+    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), QT_TR_NOOP("Start Frequency"));
+    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), QT_TR_NOOP("Stop Frequency"));
     layout->addGroup();
     // Meant: passing through a field marks the form as modified, even when nothing was typed.
     for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
@@ -62,14 +62,14 @@ void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 }
 
 VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
-    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip)
+    FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const char *toolTip)
 {
     const QByteArray name = (WidgetName() + suffix).toUtf8();
     auto *edit = new VCLineEdit(layout->parentWidget(), name.constData(), VCLineEdit::ekFrequency);
     edit->SetWholeHertz(true);
     edit->SetValueBase(node);
-    edit->setToolTip(toolTip);
-    edit->setAccessibleName(toolTip);
+    SetOwnToolTip(edit, {QLatin1String(toolTip), QString(), QString(), staticMetaObject.className()});
+    edit->SetStepGrid(LimitsForNode().Step);
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -99,6 +99,14 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
     if (!startNode || !stopNode)
         return {0, 0};
     return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
+}
+
+QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
+{
+    const auto bounds = [](const OwnedNode<ValueDouble> &node) {
+        return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString();
+    };
+    return {{startEdit.data(), tr("start"), bounds(startNode)}, {stopEdit.data(), tr("stop"), bounds(stopNode)}};
 }
 
 void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
@@ -134,6 +142,10 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);
+    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+        if (edit && name == prop::SingleStep)
+            edit->SetStepGrid(LimitsForNode().Step);
+    }
     PropagateProperty(name, startEdit);
     PropagateProperty(name, stopEdit);
 }

@@ -28,6 +28,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     ValueBase *GetVTValue() const override { return startNode.get(); }
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
     QPair<qint64, qint64> getCurrentRange() const;
@@ -78,7 +79,7 @@ private Q_SLOTS:
 
 private:
     void MakeNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
-    VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const QString &toolTip);
+    VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const char *toolTip);
     void WriteNodes(const QString &name, const QVariant &value);
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
     void Repair(bool startMoved);

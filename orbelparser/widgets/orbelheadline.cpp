@@ -14,10 +14,10 @@ OrbelHeadline::OrbelHeadline(OrbelWidget *widget) : OrbelDelegate(widget)
 
 void OrbelHeadline::CreateGUI(FloatGroupLayout *layout)
 {
-    const QString text = GetString(prop::Text, QString());
-    if (text.isEmpty())
+    Title = GetString(prop::Text, QString());
+    if (Title.isEmpty())
         return;
-    GroupBox = layout->addHeadline(Translate(text), GetInt(prop::Margin, 0), WidgetName().toUtf8().constData());
+    GroupBox = layout->addHeadline(Translate(Title), GetInt(prop::Margin, 0), WidgetName().toUtf8().constData());
     GroupBox->setAlignment(Qt::AlignLeft);
     GroupBox->setCheckable(true);
     GroupBox->setChecked(GroupVisible);
@@ -42,6 +42,15 @@ void OrbelHeadline::setGroupVisible(bool flag)
     RefreshToolTip();
 }
 
+void OrbelHeadline::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (GroupBox)
+        GroupBox->setTitle(Translate(Title));
+    if (GroupBox && GroupBox->toolTip() == ToolTip)
+        RefreshToolTip();
+}
+
 void OrbelHeadline::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
@@ -62,9 +71,14 @@ void OrbelHeadline::RefreshToolTip()
 {
     if (!GroupBox)
         return;
+    const char *const source = GroupVisible ? QT_TR_NOOP("Hide %1") : QT_TR_NOOP("Show %1");
+    QString format = Translate(QLatin1String(source));
+    // Where the form has no words of its own for it.
+    if (format == QLatin1String(source))
+        format = tr(source);
     // Meant: the argument is the text as the definition has it, untranslated.
-    const QString format = Translate(GroupVisible ? QStringLiteral("Hide %1") : QStringLiteral("Show %1"));
-    GroupBox->setToolTip(format.arg(GetString(prop::Text, QString()).left(limit::ShownText)));
+    ToolTip = format.arg(GetString(prop::Text, QString()).left(limit::ShownText));
+    GroupBox->setToolTip(ToolTip);
 }
 
 } // namespace KV218

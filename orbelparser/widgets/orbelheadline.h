@@ -19,6 +19,10 @@ public:
     explicit OrbelHeadline(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    QVector<Face> GetFaces() const override
+    {
+        return {{GroupBox.data(), GroupBox ? GroupBox->title() : QString(), {}}};
+    }
     void EnableInput(bool enable, bool partial) override;
 
 public Q_SLOTS:
@@ -27,6 +31,7 @@ public Q_SLOTS:
     void setGroupVisible(bool flag) override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private Q_SLOTS:
@@ -36,6 +41,9 @@ private:
     void RefreshToolTip();
 
     QPointer<QGroupBox> GroupBox;
+    // What the box shows, as the definition has it, and the tooltip that it was given here.
+    QString Title;
+    QString ToolTip;
 };
 
 } // namespace KV218

@@ -37,6 +37,13 @@ void OrbelLabel::ReadXml(QXmlStreamReader &reader)
     SetPropertyAlways(prop::Text, reader.readElementText());
 }
 
+void OrbelLabel::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (Control)
+        Control->setText(GetTranslated(prop::Text));
+}
+
 void OrbelLabel::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);

@@ -21,11 +21,13 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
 
 public Q_SLOTS:
     void setText(QString text) { ChangeProperty(prop::Text, text); }
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
     QVector<ValueBase *> GetNodes() const override;

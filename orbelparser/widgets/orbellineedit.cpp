@@ -27,7 +27,7 @@ void OrbelLineEdit::CreateGUI(FloatGroupLayout *layout)
     Control->SetValueBase(ValueNode.get());
     PropagateProperties(Control);
     // Meant: the label's text replaces a tooltip of the definition, and clears it where there is no label.
-    Control->setToolTip(GetTranslated(prop::LabelText));
+    SetOwnToolTip(Control, {GetString(prop::LabelText, QString())});
     layout->addWidget(Control);
     layout->addGroup();
     connect(Control, &VCLineEdit::signalTextFinallyChanged, this, &OrbelLineEdit::SlotTextFinallyChanged);

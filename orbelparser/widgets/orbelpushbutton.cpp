@@ -20,7 +20,7 @@ void OrbelPushButton::CreateGUI(FloatGroupLayout *layout)
     Button->setText(GetTranslated(prop::Text));
     layout->addSpecial();
     // Meant: the text replaces a tooltip of the definition.
-    Button->setToolTip(GetTranslated(prop::Text));
+    SetOwnToolTip(Button, {GetString(prop::Text, QString())});
     layout->addWidget(Button);
     layout->addGroup();
     Relay(Button.data(), &QPushButton::clicked, &OrbelPushButton::clicked);
@@ -33,6 +33,13 @@ void OrbelPushButton::setFocus()
     const Call call(this);
     if (Button)
         Button->setFocus();
+}
+
+void OrbelPushButton::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (Button)
+        Button->setText(GetTranslated(prop::Text));
 }
 
 void OrbelPushButton::PropertyChanged(const QString &name, const QVariant &value)

@@ -20,6 +20,7 @@ public:
     explicit OrbelPushButton(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    QVector<Face> GetFaces() const override { return {{Button.data(), Button ? Button->text() : QString(), {}}}; }
 
 Q_SIGNALS:
     void clicked();
@@ -38,6 +39,7 @@ public Q_SLOTS:
     void setFocus() override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private:

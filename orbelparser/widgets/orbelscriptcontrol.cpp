@@ -82,7 +82,7 @@ QPushButton *OrbelScriptControl::NewButton(const QString &name, const QString &i
     button->setObjectName(name);
     button->setIcon(SharedIcon(icon));
     // Meant: the verb is not translated, its tail is.
-    button->setToolTip(verb + GetTranslated(prop::LabelText));
+    SetOwnToolTip(button, {GetString(prop::LabelText, QString()), verb});
     return button;
 }
 
@@ -92,6 +92,11 @@ void OrbelScriptControl::ShowLamp()
     // A pixmap, unlike an icon, does not look for the sharper picture by itself.
     const QString sharp = StatusLabel->devicePixelRatioF() > 1 ? QStringLiteral("@2x") : QString();
     StatusLabel->setPixmap(QPixmap(QStringLiteral(":/OrbelParser/Loaded_%1%2.png").arg(state, sharp)));
+    ShowLampToolTip();
+}
+
+void OrbelScriptControl::ShowLampToolTip()
+{
     StatusLabel->setToolTip(ScriptLoaded ? tr("Script loaded") : tr("NO Script loaded"));
 }
 
@@ -105,6 +110,13 @@ void OrbelScriptControl::ApplyProperties()
         HideIfCollapsed(button.Control);
 }
 
+void OrbelScriptControl::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (StatusLabel)
+        ShowLampToolTip();
+}
+
 void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
@@ -115,6 +127,12 @@ void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &va
     // Meant: lamp and container get none of the common properties, so the lamp stays when the row is hidden.
     for (int button : {Clear, Edit, Load})
         PropagateProperty(name, Buttons[button].Control);
+}
+
+QVector<Face> OrbelScriptControl::GetFaces() const
+{
+    return {{Buttons[Load].Control.data(), tr("load"), {}}, {Buttons[Edit].Control.data(), tr("edit"), {}},
+        {Buttons[Clear].Control.data(), tr("clear"), {}}};
 }
 
 void OrbelScriptControl::EnableInput(bool enable, bool partial)

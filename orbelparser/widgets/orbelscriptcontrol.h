@@ -21,6 +21,7 @@ public:
     explicit OrbelScriptControl(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
+    QVector<Face> GetFaces() const override;
     void EnableInput(bool enable, bool partial) override;
 
 Q_SIGNALS:
@@ -39,6 +40,7 @@ public Q_SLOTS:
     void setGroupVisible(bool flag) override;
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private Q_SLOTS:
@@ -47,6 +49,7 @@ private Q_SLOTS:
 private:
     QPushButton *NewButton(const QString &name, const QString &icon, const QString &verb);
     void ShowLamp();
+    void ShowLampToolTip();
     void SetEnabled(int button, bool flag);
     void SetVisible(int button, bool flag);
     void GiveBackStates();

@@ -4,6 +4,8 @@
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
 #include "inputlock.h"
+#include "openingfocus.h"
+#include "vcfrequency.h"
 
 #include <QAction>
 #include <QApplication>
@@ -56,6 +58,8 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
         area->setObjectName(QStringLiteral("sheetArea"));
         Gui = area;
     }
+    // It hears what the area hears, and while nothing out of view is drawn.
+    content->installEventFilter(this);
     area->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(area, &QWidget::customContextMenuRequested, this, &OrbelSheetUi::showContextMenu);
     BuildTimer();
@@ -68,7 +72,7 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     auto *row = new QHBoxLayout(box);
     row->setContentsMargins(0, 0, 0, 0);
 
-    ApplyButton = new QPushButton(tr("Apply"), box);
+    ApplyButton = new QPushButton(box);
     ApplyButton->setObjectName(QStringLiteral("applyButton"));
     ApplyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     ApplyButton->setEnabled(Modified);
@@ -76,12 +80,37 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     // Meant: the button acts when it goes down.
     connect(ApplyButton, &QPushButton::pressed, this, &OrbelSheetUi::applyNow);
 
-    AutoApplyBox = new QCheckBox(tr("Auto Apply"), box);
+    AutoApplyBox = new QCheckBox(box);
     AutoApplyBox->setObjectName(QStringLiteral("autoApply"));
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
+    Retranslate();
     return box;
+}
+
+void OrbelSheetUi::Retranslate()
+{
+    OrbelDelegate::Retranslate();
+    if (ApplyButton)
+        ApplyButton->setText(tr("Apply"));
+    if (AutoApplyBox)
+        AutoApplyBox->setText(tr("Auto Apply"));
+}
+
+void OrbelSheetUi::FinishFrame()
+{
+    QWidget *rows = Layout ? Layout->parentWidget() : nullptr;
+    if (!Gui || !rows)
+        return;
+    if (ApplyBox && Gui->layout()) {
+        // Tab goes in the order in which widgets come into the window; QWidget::setTabOrder() takes the round for the
+        // order and leaves the row before the first control.
+        Gui->layout()->removeWidget(ApplyBox);
+        ApplyBox->setParent(nullptr);
+        Gui->layout()->addWidget(ApplyBox);
+    }
+    new OpeningFocus(Gui, rows);
 }
 
 void OrbelSheetUi::BuildTimer()
@@ -152,9 +181,22 @@ void OrbelSheetUi::ParkFocus()
     Gui->setFocus(Qt::OtherFocusReason);
 }
 
+bool OrbelSheetUi::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange && Listener) {
+        const Call call(this);
+        Listener();
+    }
+    return OrbelDelegate::eventFilter(watched, event);
+}
+
 void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
+    if (name == prop::HoverTuning && Gui) {
+        for (VCFrequency *control : Gui->findChildren<VCFrequency *>())
+            control->TuneByHovering(value.toBool());
+    }
     if (name != prop::AutoApplyEnabled)
         return;
     // Meant: a timer that runs goes on, and still announces.

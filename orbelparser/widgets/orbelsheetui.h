@@ -3,6 +3,7 @@
 #include "orbeldelegate.h"
 #include "propertynames.h"
 
+#include <functional>
 #include <memory>
 #include <QCheckBox>
 #include <QPoint>
@@ -31,6 +32,9 @@ public:
 
     /// Builds the frame; nothing when there is one.
     void CreateFrame(bool applyUi);
+    /// The controls stand in the frame: the apply row comes behind them in the order of the Tab key, and the first one
+    /// has the focus when the form is shown.
+    void FinishFrame();
     /// Writes the root element's start and its attributes; the caller writes its end.
     void WriteRootStart(QXmlStreamWriter &writer) const;
     /// The widget that the host shows; null before CreateFrame() and once it is gone.
@@ -38,14 +42,17 @@ public:
     /// The layout to which controls add themselves; null when there is no frame.
     FloatGroupLayout *GetLayout() const;
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
+    /// Called when the frame hears that the language has changed, before the controls do.
+    void SetLanguageListener(const std::function<void()> &listener) { Listener = listener; }
 
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
-    /// Locks or frees the apply row, and gives the focus back to the control from which ParkFocus() took it, if that can
-    /// take it and nothing else has taken it meanwhile.
+    /// Locks or frees the apply row, and gives the focus back to the control from which ParkFocus() took it, if that
+    /// can take it and nothing else has taken it meanwhile.
     void EnableInput(bool enable, bool partial) override;
     /// Keeps the focus in the frame itself, so that no other control gets what the operator types on; a text that is
     /// being typed is taken back and told.
     void ParkFocus();
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
     /// There are parameters for the host to fetch.
@@ -73,6 +80,8 @@ public Q_SLOTS:
         ChangeProperty(prop::EmitOnlyModifiedParameters, onlyModified);
     }
     void setErrorHighlightingXmlRootTag(QString rootTag) { ChangeProperty(prop::ErrorHighlightingXmlRootTag, rootTag); }
+    /// Whether the wheel tunes the digit under the mouse in large frequency fields without the focus, too.
+    void setHoverTuning(bool tune) { ChangeProperty(prop::HoverTuning, tune); }
     void setQMBaseName(QString qmBaseName) { ChangeProperty(prop::QMBaseName, qmBaseName); }
     void setTranslationsSubDir(QString subDir) { ChangeProperty(prop::TranslationsSubDir, subDir); }
     /// Shows or hides the frame.
@@ -91,6 +100,7 @@ public:
     Q_INVOKABLE void resetModifiedParameter(QObject *sheetObject);
 
 protected:
+    void Retranslate() override;
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private:
@@ -106,6 +116,7 @@ private:
     QPointer<QCheckBox> AutoApplyBox;
     // What had the focus when it was parked.
     QPointer<QWidget> Parked;
+    std::function<void()> Listener;
     // Null when nothing can ever apply by itself.
     std::unique_ptr<QTimer> AutoApplyTimer;
     bool AutoApplyEnabled = false;

@@ -56,6 +56,11 @@ void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
     Q_EMIT valueChanged(number);
 }
 
+QVector<Face> OrbelSpinBox::GetFaces() const
+{
+    return {{Control.data(), {}, SpinBounds(*this, Control)}};
+}
+
 void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);

@@ -22,6 +22,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
+    QVector<Face> GetFaces() const override;
 
 Q_SIGNALS:
     void editingFinished();

@@ -23,6 +23,7 @@ public:
 
     void CreateGUI(FloatGroupLayout *layout) override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
 
 Q_SIGNALS:
     void cellActivated(int, int);

@@ -23,6 +23,17 @@ VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node
     return spin;
 }
 
+QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin)
+{
+    if (!spin)
+        return QString();
+    const auto limit = [&](const PropertyKey &name, double number) {
+        return delegate.property(name.data()).isValid() ? SpokenNumber(spin->textFromValue(number)) : QString();
+    };
+    const QString bounds = BoundsText(limit(prop::Minimum, spin->minimum()), limit(prop::Maximum, spin->maximum()));
+    return bounds.isEmpty() ? QString() : QStringLiteral("%1 %2").arg(bounds, spin->suffix().trimmed()).trimmed();
+}
+
 double DisplayFactor(const OrbelDelegate &delegate)
 {
     return delegate.GetDouble(prop::DisplayScalingFactor, 1.0);

@@ -15,6 +15,9 @@ class OrbelDelegate;
 /// that the properties of `delegate` state. It belongs to `parent`.
 VCNumericFloatSpin *BuildSpin(const OrbelDelegate &delegate, IValueNumeric *node, QWidget *parent, const QString &name);
 
+/// The limits that the definition or a script states for `spin`, as it shows them.
+QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin);
+
 /// The property `displayScalingFactor`: controls show the node's number times this.
 double DisplayFactor(const OrbelDelegate &delegate);
 

@@ -127,10 +127,23 @@ template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subje
     }
 }
 
+template <class Node> QList<VCNumericFloatSpin *> SpinListDelegate<Node>::Spins() const
+{
+    return Container ? Container->findChildren<VCNumericFloatSpin *>() : QList<VCNumericFloatSpin *>();
+}
+
+template <class Node> QVector<Face> SpinListDelegate<Node>::GetFaces() const
+{
+    QVector<Face> faces;
+    for (VCNumericFloatSpin *spin : Spins())
+        faces.append({spin, KV218::OrbelDelegate::tr("item %1").arg(faces.size() + 1), SpinBounds(*this, spin)});
+    return faces;
+}
+
 template <class Node> void SpinListDelegate<Node>::forceFinishEditing()
 {
     const Call call(this);
-    const auto spins = Container ? Container->findChildren<VCNumericFloatSpin *>() : QList<VCNumericFloatSpin *>();
+    const auto spins = Spins();
     const QVector<QPointer<VCNumericFloatSpin>> controls(spins.begin(), spins.end());
     for (const QPointer<VCNumericFloatSpin> &spin : controls) {
         if (spin)

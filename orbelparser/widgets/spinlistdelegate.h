@@ -22,6 +22,7 @@ public:
 
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    QVector<Face> GetFaces() const override;
     void forceFinishEditing() override;
 
 protected:
@@ -47,6 +48,7 @@ protected:
     void SetNumber(int index, Number number);
 
 private:
+    QList<VCNumericFloatSpin *> Spins() const;
     bool IsItem(int index) const { return index >= 0 && size_t(index) < ValueNodes.size(); }
 
     std::vector<OwnedNode<Node>> ValueNodes;

@@ -67,13 +67,17 @@ void EnterText(QTableWidget *table, const QModelIndex &cell, const QString &text
 
 TableKeys::TableKeys(QTableWidget *table) : QObject(table), Table(table)
 {
+    table->setTabKeyNavigation(false);
     table->installEventFilter(this);
+    table->viewport()->installEventFilter(this);
 }
 
 bool TableKeys::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::ChildPolished && watched == Table->viewport())
+        NameEditor(qobject_cast<QWidget *>(static_cast<QChildEvent *>(event)->child()));
     // The override comes first and keeps the keys from shortcuts of the window.
-    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
+    if (watched != Table || (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride))
         return QObject::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
     void (TableKeys::*act)() = nullptr;
@@ -89,6 +93,18 @@ bool TableKeys::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyPress)
         (this->*act)();
     return true;
+}
+
+void TableKeys::NameEditor(QWidget *editor)
+{
+    const QModelIndex cell = editor ? Table->indexAt(editor->geometry().center()) : QModelIndex();
+    if (!cell.isValid())
+        return;
+    const auto header = [&](int section, Qt::Orientation direction) {
+        return Table->model()->headerData(section, direction).toString();
+    };
+    editor->setAccessibleName(
+        tr("column %1, row %2").arg(header(cell.column(), Qt::Horizontal), header(cell.row(), Qt::Vertical)));
 }
 
 void TableKeys::Copy()

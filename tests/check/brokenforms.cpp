@@ -69,7 +69,8 @@ QString Escaped(const QString &text)
 
 QString PlainForm()
 {
-    return Sheet(W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
+    return Sheet("<CustomProperties>" + P("parametersXmlRootTag", "String", "Unread") + "</CustomProperties>"
+            + W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
             + W("box", "CheckBox", Written + P("checkedValue", "String", "on"))
             + W("mode", "ComboBox", Written + P("enumName", "String", "Mode"))
             + W("list", "SpinBoxList", Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I") + P("maximum", "Int", "8"))
@@ -177,6 +178,9 @@ const QVector<BrokenForm> &BrokenForms()
         {"attribute without a declaration", K::Definition, Sheet("<Properties>@" + P("Attribute_Site", "String", "x") + "</Properties>"), "attribute-undeclared"},
         {"range without tags", K::Definition, Sheet("@" + W("a", "FrequencyRangeEdit", Written + P("startFrequencyParameterXmlTag", "String", "S"))), "range-tags"},
         {"list without an item tag", K::Definition, Sheet("@" + W("a", "HiddenMap", Written)), "item-tag"},
+        {"tags of items and ends that are no names", K::Definition, Sheet(W("a", "HiddenMap", Written + P("parameterListItemTag", "String", "@1x")) + W("b", "FrequencyRangeEdit", Written + P("startFrequencyParameterXmlTag", "String", "@2x") + P("stopFrequencyParameterXmlTag", "String", "@2x"))), "parameter-tag parameter-tag parameter-tag+range-tags"},
+        {"path of too many parts", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@" + QString("a/").repeated(100000) + "b"))), "parameter-tag"},
+        {"attribute that is no name", K::Definition, Sheet("<Properties>" + P("Attribute_1", "String", "x") + "</Properties><CustomProperties>@" + P("Attribute_1", "String", "x") + "</CustomProperties>"), "parameter-tag"},
         // conventions
         {"scan label under another tag", K::Definition, Sheet("@" + W("dsc", "SpecialObject_DSC") + W("lbScanHF", "Label") + W("lbScanSHF", "Label") + W("lbScanVUHF", "Label", Written + P("parameterXmlTag", "String", "V"))), "scan-labels"},
         {"no scan label", K::Definition, Sheet("@" + W("dsc", "SpecialObject_DSC")), "scan-unseen"},

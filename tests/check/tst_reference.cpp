@@ -1,5 +1,6 @@
 // What the command tells of forms and classes: findings, the schema, the reference.
 
+#include "command.h"
 #include "orbelcheck.h"
 #include "orbelformular.h"
 #include "orbelparser.h"
@@ -18,21 +19,6 @@ namespace
 
 const QString Docs = ORBEL_SOURCE_DIR "/docs/";
 const QString Schema = ORBEL_SOURCE_DIR "/check/orbel.xsd";
-
-struct Result {
-    int Status = -1;
-    QString Out;
-    QString Err;
-};
-
-Result Run(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
 
 QByteArray BytesOf(const QString &path)
 {
@@ -136,29 +122,20 @@ private Q_SLOTS:
 
     void jsonTellsTheSame()
     {
+        const auto told = [](const QStringList &arguments) {
+            return QJsonDocument::fromJson(Run(ORBEL_COMMAND, arguments).Out.toUtf8());
+        };
         const QString wrong = Write("json.orbel", Sheet("\n<Widget name='a' class='Labl'/>"));
-        const Result result = Run(ORBEL_COMMAND, {"check", "--json", wrong});
-        const QJsonArray array = QJsonDocument::fromJson(result.Out.toUtf8()).array();
-        QCOMPARE(array.size(), 1);
         const QJsonObject expected{{"file", wrong}, {"line", 2}, {"column", 25}, {"severity", "error"},
             {"code", "class-unknown"}, {"text", "There is no class \"Labl\"; did you mean \"Label\"?"}};
-        QCOMPARE(array.at(0).toObject(), expected);
-        QCOMPARE(result.Status, 1);
-    }
+        QCOMPARE(told({"check", "--json", wrong}).array(), QJsonArray{expected});
 
-    void classesTellWhatScriptsCanReach()
-    {
-        const Result result = Run(ORBEL_COMMAND, {"classes", "--json"});
-        const QJsonObject all = QJsonDocument::fromJson(result.Out.toUtf8()).object();
-        const QJsonArray classes = all.value("classes").toArray();
-        QCOMPARE(classes.size(), Orbel::Registry::Classes().size());
-        for (const QJsonValue &value : classes) {
-            const QJsonObject object = value.toObject();
-            QVERIFY2(object.value("slots").toArray().contains("setVisible(bool flag)"),
-                qPrintable(object.value("class").toString()));
-            QVERIFY(object.value("signals").toArray().contains("customPropertyChanged(QString name, QVariant value)"));
-        }
-        QVERIFY(all.value("sheet").toObject().value("slots").toArray().contains("applyNow()"));
+        const QJsonObject all = told({"classes", "--json"}).object();
+        QCOMPARE(all["classes"].toArray().size(), Orbel::Registry::Classes().size());
+        for (const QJsonValue &each : all["classes"].toArray())
+            QVERIFY(each["slots"].toArray().contains("setVisible(bool flag)")
+                && each["signals"].toArray().contains("customPropertyChanged(QString name, QVariant value)"));
+        QVERIFY(all["sheet"]["slots"].toArray().contains("applyNow()"));
         QVERIFY(Run(ORBEL_COMMAND, {"classes"}).Out.contains(QRegularExpression("\nSpinBox +value +A whole number")));
     }
 

@@ -46,10 +46,10 @@ private Q_SLOTS:
         QCOMPARE(FrequencyText::PositionOf(text, 10), -1);
     }
 
-    void aMillionFrequenciesReadBackAsShown()
+    void frequenciesReadBackAsShown()
     {
         QRandomGenerator random(20260101);
-        for (int i = 0; i < 1000000; ++i) {
+        for (int i = 0; i < 100000; ++i) {
             const double hertz = double(random.generate64() % 100000000001ULL);
             const TypedNumber read = NumberReader::OfHertz().Read(FrequencyText::Write(hertz, i % 12));
             if (!read.IsNumber() || read.Number != hertz)

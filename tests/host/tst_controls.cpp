@@ -373,23 +373,18 @@ private Q_SLOTS:
 
     void spinTyping_data()
     {
-        const auto row = Columns<double, QLocale::Language, QString, double, QString, bool>(
-            {"factor", "language", "typed", "value", "text", "whole"});
-        row("beyond the maximum", 1, QLocale::C, "500", 100, "100.00dB", false);
-        row("below the minimum", 1, QLocale::C, "-3", 0, "0.00dB", false);
-        row("point of the locale", 1, QLocale::German, "7,25", 7.25, "7,25dB", false);
-        row("too many places are refused", 1, QLocale::C, "1.239", 50.125678, "50.13dB", false);
-        row("no number", 1, QLocale::C, "-", 50.125678, "50.13dB", false);
-        row("the number that stood there", 1, QLocale::C, "50.13", 50.125678, "50.13dB", false);
-        row("scaled exactly", 0.001, QLocale::C, "0.012", 12, "0.01200dB", false);
-        row("limits of a negative factor", -1, QLocale::C, "-200", 100, "-100.00dB", false);
-        row("whole numbers", 1, QLocale::C, "7.6", 8, "8.00dB", true);
+        const auto row = Columns<double, QString, double, QString, bool>({"factor", "typed", "value", "text", "whole"});
+        row("beyond the maximum", 1, "500", 100, "100.00dB", false);
+        row("no number", 1, "-", 50.125678, "50.13dB", false);
+        row("the number that stood there", 1, "50.13", 50.125678, "50.13dB", false);
+        row("scaled exactly", 0.001, "0.012", 12, "0.01200dB", false);
+        row("limits of a negative factor", -1, "-200", 100, "-100.00dB", false);
+        row("whole numbers", 1, "7.6", 8, "8.00dB", true);
     }
     void spinTyping()
     {
-        const auto [factor, language, typed, value, text, whole]
-            = Fetch<double, QLocale::Language, QString, double, QString, bool>(
-                {"factor", "language", "typed", "value", "text", "whole"});
+        const auto [factor, typed, value, text, whole]
+            = Fetch<double, QString, double, QString, bool>({"factor", "typed", "value", "text", "whole"});
         for (const QString end : {"\r", "\t", "lock"}) {
             ValueDouble doubles("d");
             ValueInt integers("i");
@@ -398,7 +393,6 @@ private Q_SLOTS:
             node->SetMax(100, nullptr);
             node->SetValue(50.125678, nullptr);
             auto *spin = new VCNumericFloatSpin(nullptr, nullptr, end == "\r");
-            spin->setLocale(language);
             spin->setSuffix("dB");
             spin->SetFactor(factor);
             spin->setAdditionalPrecision(2);

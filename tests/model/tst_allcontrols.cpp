@@ -52,19 +52,6 @@ QString TakeLog(const Form &form)
     return log;
 }
 
-/// Closes modal dialogs and menus, which wait for the operator.
-struct DialogCloser : QTimer {
-    DialogCloser()
-    {
-        connect(this, &QTimer::timeout, [] {
-            QWidget *menu = QApplication::activePopupWidget();
-            if (QWidget *open = menu ? menu : QApplication::activeModalWidget())
-                open->close();
-        });
-        start(0);
-    }
-};
-
 /// A value of a declared type, for a script and for a signal.
 QVariant Sample(int type)
 {
@@ -258,6 +245,30 @@ private Q_SLOTS:
         QVERIFY(form->GetXmlString(false).contains("<a"));
     }
 
+    void everyControlEndsItsRow_data()
+    {
+        scriptsReachEveryMethod_data();
+        AddRow("MainFreqEdit", QString("FrequencyEdit"));
+    }
+
+    /// What comes next starts a row, and all but a few share the width of the control column.
+    void everyControlEndsItsRow()
+    {
+        QFETCH(QString, className);
+        const QString row = QTest::currentDataTag();
+        const QStringList gaps{"Headline", "Separator", "FixedSpacer"}, special{"PushButton", "ScriptControl"};
+        const QStringList shown = Furnished + QStringList{"visible=Bool:true", "labelText=String:l"};
+        LiveForm live(Widget("wide", "FrequencyEdit", shown)
+            + Widget("a", className, shown + QStringList{row + "=Bool:true"}) + Widget("next", "PushButton"));
+        const QWidget *control = nullptr;
+        for (const char *name : {"a", "a_StopFrequency", "FrequencyWidget"})
+            control = live.Find(name) ? live.Find(name) : control;
+        const bool isGap = gaps.contains(className);
+        QCOMPARE(live.Find("next")->x() > 0, isGap || (live.Find("labela") && !control));
+        if (control && !isGap)
+            QCOMPARE(control->width() != live.Find("wide")->width(), special.contains(className) || row != className);
+    }
+
     void absentStatesLeaveAControlUsable_data() { scriptsReachEveryMethod_data(); }
 
     void absentStatesLeaveAControlUsable()
@@ -271,28 +282,6 @@ private Q_SLOTS:
         // Either may go first.
         if (className.size() % 2)
             window.reset();
-    }
-
-    void aliasesAreTheSameControl_data()
-    {
-        QTest::addColumn<QString>("alias");
-        AddRow("LineEdit", "IPEdit");
-        AddRow("DoubleSpinBox", "BaudRateSpinBox");
-        AddRow("BandwidthEdit", "FrequencyOffsetEdit");
-        AddRow("DoubleSpinBoxList", "ShiftList");
-    }
-
-    void aliasesAreTheSameControl()
-    {
-        QFETCH(QString, alias);
-        QStringList seen;
-        for (const QString &className : {QString(QTest::currentDataTag()), alias}) {
-            const Form form = Bind(One(className,
-                {"value=Double:3", "text=String:t", "itemCount=Int:2", "decimals=Int:2",
-                    "parameterListItemTag=String:i", "unit=String:u"}));
-            seen << Delegate(form, "a")->metaObject()->className() + form->GetXmlString(false);
-        }
-        QCOMPARE(seen.at(0), seen.at(1));
     }
 };
 

@@ -30,6 +30,16 @@ public:
     QStringList Log;
 };
 
+/// Sets the node again at each of its first values.
+struct Echo : IObserver {
+    void Update(Observable *subject, TChangeCode code) override
+    {
+        if (code == ekChangeValue && ++Told < 5)
+            dynamic_cast<ValueBase *>(subject)->SetStringValue(QString::number(Told), nullptr);
+    }
+    int Told = 0;
+};
+
 const char *const Groups
     = "<Widget name='free' class='CheckBox'/>"
       "<Widget name='h1' class='Headline'><Property name='text'><String>One</String></Property></Widget>"
@@ -70,6 +80,8 @@ private Q_SLOTS:
             Definition(Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:g/a"}),
                 "<Script>a.setChecked(true); a.setModified(true); a.setLabelText('late');</Script>"));
         form->CreateValueTree("/Form");
+        form->Show();
+        form->Hide();
         QCOMPARE(form->GetVTPath(), QString("/Form"));
         QCOMPARE(form->GetVTValue("g/a")->GetStringValue(), QString("true"));
         QVERIFY2(!form->GetSheet().isModified(), "the script's changes are not the operator's");
@@ -112,6 +124,8 @@ private Q_SLOTS:
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QCOMPARE(window->findChild<QLabel *>("labeldial")->text(), QString("Dial"));
         QVERIFY(!window->findChild<QLabel *>("labelbare"));
+        window->show();
+        QVERIFY2(window->findChild<QWidget *>("a")->x() == 0, "what comes next starts a row");
         form->EnableInput(false);
         QVERIFY(!dial->isEnabled());
         form->EnableInput(true);
@@ -242,27 +256,31 @@ private Q_SLOTS:
         QVERIFY(a->isEnabled() && applyRow->isEnabled());
         QVERIFY(!sheet.IsInputEnabled(OrbelSheet::eEnableScope(7)));
         sheet.EnableInput(false, OrbelSheet::eEnableScope(7));
-
-        sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
-        form->EnableInput(false);
-        form->EnableInput(true);
-        QVERIFY2(!a->isEnabled(), "the partial restriction is put back");
     }
 
     void thePartialSwitchAddsToTheOthers()
     {
-        const Form form = Bind(Definition(Widget("a", "DoubleSpinBoxList", {"itemCount=Int:1", "enabled=Bool:true"})));
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
-        OrbelSheet &sheet = form->GetSheet();
-        sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
-        QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
-        form->EnableInput(false);
-        sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
-        QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
-        form->EnableInput(true);
-        QVERIFY(row->isEnabled());
+        for (const auto scope : {OrbelSheet::EnableScopeInput, OrbelSheet::EnableScopeSheet}) {
+            const Form form = Bind(Definition(Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
+            OrbelSheet &sheet = form->GetSheet();
+            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+            form->CreateGUI(true);
+            const std::unique_ptr<QWidget> window(form->GetGUI());
+            const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
+            QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
+            const QWidget *lock = window->findChild<QWidget *>("LockFrequency");
+            QVERIFY2(lock->isEnabled(), "the lock is left alone");
+            sheet.EnableInput(false, scope);
+            sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
+            QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
+            sheet.EnableInput(true, scope);
+            QVERIFY(row->isEnabled());
+            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+            QVERIFY(!row->isEnabled() && lock->isEnabled());
+            sheet.EnableInput(false, scope);
+            sheet.EnableInput(true, scope);
+            QVERIFY(!row->isEnabled() && lock->isEnabled());
+        }
     }
 
     void valuesGoToTheApplication()
@@ -310,6 +328,27 @@ private Q_SLOTS:
         QVERIFY(form->GetXmlString(true).contains("<t>14</t>"));
     }
 
+    /// Whether the one who sets it again is told before or after the control.
+    void theLastValueCounts()
+    {
+        for (const bool first : {true, false}) {
+            const Form form = Bind(Definition(Widget("a", "LineEdit", {"generateParameterXml=Bool:true"})));
+            form->CreateGUI(false);
+            const std::unique_ptr<QWidget> window(form->GetGUI());
+            ValueBase *node = form->GetVTValue("a");
+            Echo echo;
+            node->AddObserver(&echo);
+            if (first)
+                node->MakeFirstObserver(&echo);
+            node->SetStringValue("start", nullptr);
+            QCOMPARE(node->GetStringValue() + Delegate(form, "a")->property("text").toString()
+                    + window->findChild<QLineEdit *>("a")->text(),
+                QString("444"));
+            QVERIFY(form->GetXmlString(false).contains("<a>4</a>"));
+            node->DeleteObserver(&echo);
+        }
+    }
+
     void limitsAndItemsAreCopied()
     {
         ValueDouble from("n");
@@ -317,6 +356,8 @@ private Q_SLOTS:
         from.SetValue(20, nullptr);
         ValueInt other("n");
         OrbelFormular::InitVTValue(&other, &from, nullptr);
+        OrbelFormular::InitVTValue(nullptr, &from, nullptr);
+        OrbelFormular::InitVTValue(&other, nullptr, nullptr);
         QVERIFY2(other.GetMax() != 50, "nodes of different types have nothing to copy");
 
         ValueSelection items("s");

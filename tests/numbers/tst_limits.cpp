@@ -2,8 +2,8 @@
 // afterwards, nothing counts as the operator's change, and what the operator types next does.
 
 #include "frequencytext.h"
-#include "numberreader.h"
 #include "liveform.h"
+#include "numberreader.h"
 #include "rows.h"
 #include "testmain.h"
 #include "tree.h"
@@ -23,7 +23,7 @@ struct Place {
     QString Field, Node, Property, Element;
 };
 /// A control "n" in one of its faces. Its value stands in the last place.
-struct Face {
+struct Control {
     const char *Name;
     QString Class;
     QStringList Properties;
@@ -33,7 +33,7 @@ struct Face {
 };
 
 const QVector<Place> Single{{"n", "n", "value", "n"}};
-const Face Faces[] = {
+const Control Faces[] = {
     {"SpinBox", "SpinBox", {}, Single},
     {"DoubleSpinBox", "DoubleSpinBox", {"decimals=Int:1"}, Single},
     {"BandwidthEdit", "BandwidthEdit", {}, Single},
@@ -47,7 +47,7 @@ const Face Faces[] = {
 const QStringList Limits{"value=String:15000", "minimum=String:10000", "maximum=String:20000"};
 
 /// The face with further properties; "value" is what it calls its value.
-QString Control(const Face &face, const QStringList &more)
+QString ControlOf(const Control &face, const QStringList &more)
 {
     QStringList properties = face.Properties + more
         + QStringList{"generateParameterXml=Bool:true", "visible=Bool:true", "enabled=Bool:true"};
@@ -69,7 +69,7 @@ double OnScreen(const LiveForm &live, const QString &field)
 }
 
 /// The number in each place of the face; where the four that state it differ, all of them.
-QString Held(const LiveForm &live, const Face &face)
+QString Held(const LiveForm &live, const Control &face)
 {
     QStringList all;
     const QString document = live.form->GetXmlString(false);
@@ -101,7 +101,7 @@ template <class Node> void Init(const LiveForm &live, const QString &limits)
 }
 
 /// Sets something on the road that stands before the colon. %1 is the property of the value, %2 its setter.
-void Do(const LiveForm &live, const Face &face, const QString &act)
+void Do(const LiveForm &live, const Control &face, const QString &act)
 {
     const Place &place = face.Places.last();
     const QString setter = "set" + place.Property.left(1).toUpper() + place.Property.mid(1);
@@ -180,8 +180,8 @@ private Q_SLOTS:
     {
         const auto [index, definition, act, told, held]
             = Fetch<int, QStringList, QString, QString, QString>({"face", "definition", "act", "told", "held"});
-        const Face &face = Faces[index];
-        LiveForm live(Control(face, Limits + definition));
+        const Control &face = Faces[index];
+        LiveForm live(ControlOf(face, Limits + definition));
         live.log.Watch("n", live.Get("n"));
         Do(live, face, act);
         const QString announced = act == "document:50000" ? "n.valueChanged(50000)" : "n.valueChanged(0)";
@@ -215,8 +215,8 @@ private Q_SLOTS:
         QFETCH(QString, script);
         QFETCH(int, field);
         QFETCH(QString, typed);
-        const Face &face = Faces[std::size(Faces) - 1];
-        LiveForm live(Control(face, Limits));
+        const Control &face = Faces[std::size(Faces) - 1];
+        LiveForm live(ControlOf(face, Limits));
         live.form->EvaluateScript("n.setMaximum(1000000)");
         for (const QString &line : script.split(';')) {
             live.form->EvaluateScript(line);
@@ -240,10 +240,10 @@ private Q_SLOTS:
     void documentsHoldWholeHertz()
     {
         QFETCH(QString, act);
-        for (const Face &face : Faces) {
+        for (const Control &face : Faces) {
             if (!face.IsFrequency())
                 continue;
-            LiveForm live(Control(face, {"value=String:15000"}));
+            LiveForm live(ControlOf(face, {"value=String:15000"}));
             Do(live, face, act);
             const QString document = live.form->GetXmlString(false);
             QVERIFY2(document.contains(">2400000000<"), qPrintable(document));
@@ -265,8 +265,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, act);
         const auto heldAfter
-            = [&](const Face &face, const QStringList &properties, const char *before, const char *number) {
-                  LiveForm live(Control(face, properties));
+            = [&](const Control &face, const QStringList &properties, const char *before, const char *number) {
+                  LiveForm live(ControlOf(face, properties));
                   Do(live, face, QString("typed:") + before);
                   Do(live, face, QString(act).replace("%3", number));
                   return Held(live, face);

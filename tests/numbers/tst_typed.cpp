@@ -1,13 +1,20 @@
-// What an operator types or pastes: what each kind of field understands, shows and applies.
+// What an operator types or pastes: what each kind of field understands, shows and applies. Besides a table of texts
+// there are random ones, as many as ORBEL_TYPED_STEPS says, of which fields get each tenth; ORBEL_TYPED_SEED varies
+// them, and a run of more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "fieldnote.h"
 #include "frequencytext.h"
 #include "liveform.h"
 #include "numberreader.h"
 #include "testmain.h"
+#include "tree.h"
+#include "vclineedit.h"
 
+#include <cmath>
 #include <QClipboard>
 #include <QtTest>
+
+using namespace KV218;
 
 namespace
 {
@@ -156,6 +163,9 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
     {"MHz",        "145.5.",                      "two decimal points",                 nullptr},
     {"MHz",        "1.234.5",                     "",                                   nullptr},
     {"MHz",        "1.234.",                      "",                                   nullptr},
+    {"MHz",       "1.234.5 k",                   "two decimal points",                 nullptr},
+    {"reader",    "-0.4 Hz",                     "= -0.4 Hz",                          "-0.4"},
+    {"open Hz",   "-0.4 Hz",                     "= 0 Hz",                             "0"},
     {"MHz",        "1.2345.678",                  "two decimal points",                 nullptr},
     {"MHz",        "12,34.5",                     "two decimal points",                 nullptr},
     {"MHz",        "1,2,3,4",                     "groups have three digits",           nullptr},
@@ -220,6 +230,174 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
 };
 // clang-format on
 
+/// Spin boxes, alone, in a list and in the cells of a table, each with a number in it.
+const QMap<QString, Field> Boxes{
+    {"dB", {"DoubleSpinBox", {"minimum=Double:-10", "maximum=Double:100", "decimals=Int:2", "suffix=String: dB"}}},
+    {"count", {"SpinBox", {"minimum=Int:0", "maximum=Int:1000"}}},
+    {"off", {"SpinBox", {"minimum=Int:0", "maximum=Int:1000", "suffix=String: s", "specialValueText=String:off"}}},
+    {"Hz", {"BandwidthEdit", {"unitScale=UInt64:1", "minimum=Int64:100", "maximum=Int64:10000000", "value=Int64:1000"}}},
+    {"kHz", {"BandwidthEdit", {"unitScale=UInt64:1000", "minimum=Int64:1", "maximum=Int64:5000", "value=Int64:12500"}}},
+    {"MHz", {"DoubleSpinBox", {"suffix=String: MHz", "decimals=Int:6", "minimum=Double:0.009", "maximum=Double:26500"}}},
+    {"3 MHz", {"DoubleSpinBox", {"suffix=String: mhz", "decimals=Int:3", "maximum=Double:26500"}}},
+    {"unit", {"DoubleSpinBox", {"unit=String:kHz", "decimals=Int:3", "maximum=Double:5000"}}},
+    {"scaled", {"DoubleSpinBox", {"unit=String:Hz", "displayScalingFactor=Double:0.001", "decimals=Int:3"}}},
+    {"list", {"DoubleSpinBoxList", {"itemCount=Int:2", "suffix=String:kHz", "decimals=Int:3"}, "f_0"}},
+    {"cell", {"ChannelSpacingTable", {"spacingsCount=Int:2", "decimals=Int:2"}}},
+    {"cell kHz", {"ChannelSpacingTable", {"spacingsCount=Int:2", "decimals=Int:2", "unit=String:kHz"}}},
+};
+
+// What is typed, what is told then, what is shown after Return, and what is applied; null for nothing.
+// clang-format off
+constexpr struct { const char *Kind, *Text, *Note, *Shown, *Applied; } BoxTexts[] = {
+    {"dB",       "7.25",          "",                                  "7.25 dB",          "7.25"},
+    {"dB",       "7,25",          "= 7.25 dB",                         "7.25 dB",          "7.25"},
+    {"dB",       "-7",            "",                                  "-7.00 dB",         "-7"},
+    {"dB",       "\u2212" "7",     "= -7 dB",                           "-7.00 dB",         "-7"},
+    {"dB",       "7 dB",          "= 7 dB",                            "7.00 dB",          "7"},
+    {"dB",       "7DB",           "= 7 dB",                            "7.00 dB",          "7"},
+    {"dB",       "7 d",           "",                                  nullptr,            nullptr},
+    {"dB",       "7.250",         "= 7.25 dB",                                  "7.25 dB",          "7.25"},
+    {"dB",       "7.255",         "at most 2 digits behind the point", nullptr,            nullptr},
+    {"dB",       "0.000.001",     "= 1 dB",                            "1.00 dB",          "1"},
+    {"dB",       "500",           "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
+    {"dB",       "1.000.000",     "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
+    {"dB",       "1.000,5",       "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
+    {"dB",       "-11",           "below -10 dB: -10 dB is taken",     "-10.00 dB",        "-10"},
+    {"dB",       "1 2",           "= 12 dB",                           "12.00 dB",         "12"},
+    {"dB",       "15k",           "unknown unit \"k\"",                nullptr,            nullptr},
+    {"dB",       "7 MHz",         "unknown unit \"MHz\"",              nullptr,            nullptr},
+    {"dB",       "1e1",           "unknown unit \"e1\"",               nullptr,            nullptr},
+    {"dB",       "1.2.3",         "two decimal points",                nullptr,            nullptr},
+    {"dB",       "x",             "no number",                         nullptr,            nullptr},
+    {"dB",       "-",             "",                                  nullptr,            nullptr},
+    {"dB",       "",              "",                                  nullptr,            nullptr},
+    {"count",    "12",            "",                                  "12",               "12"},
+    {"count",    "1'000",         "= 1000",                            "1000",             "1000"},
+    {"count",    "1.000",         "= 1",                               "1",                "1"},
+    {"count",    "1.000.000",     "above 1000: 1000 is taken",         "1000",             "1000"},
+    {"count",    "7.6",           "whole numbers only",                nullptr,            nullptr},
+    {"count",    "-1",            "below 0: 0 is taken",               "0",                "0"},
+    {"count",    "99999999999",   "above 1000: 1000 is taken",         "1000",             "1000"},
+    {"off",      "Off",           "= off",                                  "off",              "0"},
+    {"off",      "7 s",           "= 7 s",                                  "7 s",              "7"},
+    {"off",      "of",            "no number",                         nullptr,            nullptr},
+    {"Hz",       "15000",         "",                                  "15000Hz",          "15000"},
+    {"Hz",       "15k",           "= 15.000 kHz",                      "15000Hz",          "15000"},
+    {"Hz",       "15 kHz",        "= 15.000 kHz",                      "15000Hz",          "15000"},
+    {"Hz",       "15KHZ",         "= 15.000 kHz",                      "15000Hz",          "15000"},
+    {"Hz",       "2.5 M",         "= 2.500 000 MHz",                   "2500000Hz",        "2500000"},
+    {"Hz",       "1 GHz",         "above 10 MHz: 10 MHz is taken",     "10000000Hz",       "10000000"},
+    {"Hz",       "50",            "below 100 Hz: 100 Hz is taken",     "100Hz",            "100"},
+    {"Hz",       "150.6",         "= 151 Hz",                          "151Hz",            "151"},
+    {"Hz",       "15 kB",         "unknown unit \"kB\"",               nullptr,            nullptr},
+    {"kHz",      "12.5",          "",                                  "12.500kHz",        "12500"},
+    {"kHz",      "12500 Hz",      "= 12.500 kHz",                      "12.500kHz",        "12500"},
+    {"kHz",      "0.0254 M",      "= 25.400 kHz",                      "25.400kHz",        "25400"},
+    {"kHz",      "25.4 kHz",      "= 25.400 kHz",                                  "25.400kHz",        "25400"},
+    {"kHz",      "1.000,5",       "= 1.000 500 MHz",                   "1000.500kHz",      "1000500"},
+    {"kHz",      "25.4007",       "= 25.401 kHz",                      "25.401kHz",        "25401"},
+    {"kHz",      "5 M",           "= 5.000 000 MHz",                   "5000.000kHz",      "5000000"},
+    {"kHz",      "5.1 M",         "above 5 MHz: 5 MHz is taken",       "5000.000kHz",      "5000000"},
+    {"MHz",      "145.5",         "",                                  "145.500000 MHz",   "145.5"},
+    {"MHz",      "145500 k",      "= 145.500 000 MHz",                 "145.500000 MHz",   "145.5"},
+    {"MHz",      "145.500 000 MHz", "= 145.500 000 MHz",               "145.500000 MHz",   "145.5"},
+    {"MHz",      "26.6G",         "above 26.5 GHz: 26.5 GHz is taken", "26500.000000 MHz", "26500"},
+    {"MHz",      "0",             "below 9 kHz: 9 kHz is taken",       "0.009000 MHz",     "0.009"},
+    {"3 MHz",    "145500.5 k",    "at most 3 digits behind the point", nullptr,            nullptr},
+    {"3 MHz",    "2 GHz",         "= 2.000 000 000 GHz",               "2000.000 mhz",     "2000"},
+    {"unit",     "15",            "",                                  "15.000",           "15"},
+    {"unit",     "15000 Hz",      "= 15.000 kHz",                      "15.000",           "15"},
+    {"unit",     "6 MHz",         "above 5 MHz: 5 MHz is taken",       "5000.000",         "5000"},
+    {"scaled",   "15",            "",                                  "15.000",           "15000"},
+    {"scaled",   "0.015 MHz",     "= 15.000 kHz",                      "15.000",           "15000"},
+    {"list",     "6.25",          "",                                  "6.250kHz",         "6.25"},
+    {"list",     "6250 Hz",       "= 6.250 kHz",                       "6.250kHz",         "6.25"},
+    {"list",     "6250 Hs",       "unknown unit \"Hs\"",               nullptr,            nullptr},
+    {"cell",     "12.5",          "",                                  "12.50",            "12.5"},
+    {"cell",     "12,5",          "= 12.5",                            "12.50",            "12.5"},
+    {"cell",     "1 000",         "= 1000",                            "1000.00",          "1000"},
+    {"cell",     "1.234.567",     "above 1000: 1000 is taken",         "1000.00",          "1000"},
+    {"cell",     "-1",            "below 0: 0 is taken",               "0.00",             "0"},
+    {"cell",     "12.505",        "at most 2 digits behind the point", nullptr,            nullptr},
+    {"cell",     "12k",           "unknown unit \"k\"",                nullptr,            nullptr},
+    {"cell kHz", "12500 Hz",      "= 12.500 kHz",                      "12.50",            "12.5"},
+    {"cell kHz", "2 MHz",         "above 1 MHz: 1 MHz is taken",       "1000.00",          "1000"},
+};
+// clang-format on
+
+/// Draws texts that look like numbers, mostly.
+class Dice
+{
+public:
+    int Roll(int count) { return int(Random.bounded(count)); }
+    template <class List> auto Pick(const List &list) { return list[size_t(Roll(int(std::size(list))))]; }
+
+    QString Text()
+    {
+        static constexpr const char *pieces[] = {"0", "00", "000", "1", "9", "145", "500", "26", "8",
+            "12345678901234567890", ".", ",", ".", ",", " ", "'", "_", "\u00a0", "-", "\u2212", "+", "\u0663", "k", "M",
+            "G", "Hz", "kHz", " MHz", "ghz", "dBm", "h", "x", "e6", "\U0001d7d9"};
+        QString text;
+        if (Roll(2))
+            text = FrequencyText::Write(double(Random.generate64() % 100000000000U) / Pick(Scales), Roll(12));
+        for (int i = Roll(4); i > 0; --i)
+            text.insert(Roll(text.size() + 1), QString::fromUtf8(Pick(pieces)));
+        return text;
+    }
+    NumberReader Reader()
+    {
+        NumberReader reader = NumberReader::OfHertz(Roll(2) ? QLocale(QLocale::German) : QLocale::c());
+        reader.ShownPower = 3 * Roll(4);
+        reader.Suffix = Roll(2) ? QString() : ' ' + FrequencyText::Units()[3 - reader.ShownPower / 3];
+        reader.IsWhole = Roll(2);
+        reader.TakesShownUnit = Roll(2);
+        if (Roll(2))
+            reader.Minimum = Pick(Scales) - 1000;
+        if (Roll(2))
+            reader.Maximum = Pick(Scales) * 26.5;
+        if (Roll(3) == 0)
+            reader.Decimals = Roll(10);
+        if (Roll(4) == 0) {
+            reader.IsFrequency = false;
+            reader.ShownPower = 0;
+        }
+        return reader;
+    }
+
+private:
+    static constexpr double Scales[] = {1, 1e3, 1e6, 1e9};
+    QRandomGenerator Random{quint32(qEnvironmentVariableIntValue("ORBEL_TYPED_SEED"))};
+};
+
+/// What is wrong with the reading of a text; empty for nothing.
+QString Faults(const NumberReader &reader, const QString &text)
+{
+    const TypedNumber typed = reader.Read(text);
+    if ((typed.State == QValidator::Intermediate) != typed.Text.isEmpty())
+        return "a text that may become a number gives no reason, any other does";
+    if (!typed.IsNumber())
+        return QString();
+    if (!(typed.Number >= reader.Minimum && typed.Number <= reader.Maximum))
+        return "out of the limits";
+    if (reader.IsWhole && std::trunc(typed.Number) != typed.Number)
+        return "no whole number";
+    if (reader.Read(typed.Text).Number != typed.Number)
+        return "told is " + typed.Text;
+    NumberReader shown = reader;
+    shown.TakesShownUnit = true;
+    const QString plain = FrequencyText::Plain(typed.Shown);
+    // More digits than a number holds are rounded twice.
+    const double apart = std::fabs(shown.Read(plain).Number - typed.Number);
+    return apart <= std::fabs(typed.Number) * 3e-16 ? QString() : "shown is " + plain;
+}
+
+int Steps()
+{
+    bool stated = false;
+    const int steps = qEnvironmentVariableIntValue("ORBEL_TYPED_STEPS", &stated);
+    return stated ? steps : 20000;
+}
+
 } // namespace
 
 class TestTyped : public QObject
@@ -268,7 +446,135 @@ private Q_SLOTS:
         }
     }
 
+    void boxes_data()
+    {
+        for (const char *column : {"kind", "text", "note", "shown", "applied"})
+            QTest::addColumn<QString>(column);
+        for (const auto &row : BoxTexts)
+            QTest::addRow("%s: %s", row.Kind, row.Text)
+                << QString(row.Kind) << QString::fromUtf8(row.Text) << QString::fromUtf8(row.Note) << QString(row.Shown)
+                << QString(row.Applied);
+    }
+    void boxes()
+    {
+        QFETCH(QString, kind);
+        QFETCH(QString, text);
+        QFETCH(QString, note);
+        QFETCH(QString, shown);
+        QFETCH(QString, applied);
+        for (const QLocale &locale : {QLocale::c(), QLocale(QLocale::German)}) {
+            QLocale::setDefault(locale);
+            // The point of the other locale is told.
+            if (locale.language() == QLocale::German) {
+                for (QChar &mark : text)
+                    mark = mark == '.' ? ',' : mark == ',' ? '.' : mark;
+            }
+            note.replace('.', locale.decimalPoint());
+            shown.replace('.', locale.decimalPoint());
+            for (const bool paste : {false, true}) {
+                LiveForm live(Form(Boxes[kind]));
+                const QString before = ShownOf(live, kind), held = AppliedBy(live, kind);
+                const QPointer<QWidget> field = TypeInto(live, kind, text, paste);
+                const QColor own = live.window->palette().color(QPalette::Text);
+                QCOMPARE(FieldNote::TextOf(field), note);
+                QCOMPARE(field->palette().color(QPalette::Text) != own, applied.isNull() && !note.isEmpty());
+                const QString typed = field->findChild<QLineEdit *>()->text();
+                QTest::keyClick(field, Qt::Key_Return);
+                if (applied.isNull()) {
+                    QCOMPARE(field->findChild<QLineEdit *>()->text(), typed);
+                    QVERIFY(!FieldNote::TextOf(field).isEmpty());
+                    QTest::keyClick(field, Qt::Key_Escape);
+                }
+                QCoreApplication::processEvents();
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                QCOMPARE(ShownOf(live, kind), applied.isNull() ? before : shown);
+                QCOMPARE(AppliedBy(live, kind), applied.isNull() ? held : applied);
+                QCOMPARE(FieldNote::TextOf(field), QString());
+            }
+        }
+    }
+
+    void anyTextIsReadAsItIsTold()
+    {
+        Dice dice;
+        int numbers = 0;
+        for (int step = Steps(); step > 0; --step) {
+            const NumberReader reader = dice.Reader();
+            const QString text = dice.Text();
+            QCOMPARE(Faults(reader, text) + " of " + text, " of " + text);
+            numbers += reader.Read(text).IsNumber();
+        }
+        qInfo("%d of %d texts are numbers", numbers, Steps());
+    }
+
+    void anyTextIsAppliedAsItIsShown()
+    {
+        Dice dice;
+        for (const QString kind : {"MHz", "large", "start", "Hz", "open Hz"}) {
+            const Field &place = Fields[kind];
+            LiveForm live(Form(place));
+            auto *field = live.Find<VCLineEdit>(place.Name);
+            OrbelDelegate *f = live.Get("f");
+            const auto held = [&] { return f->property(place.Property.toLatin1()).toDouble(); };
+            field->setFocus();
+            for (int step = Steps() / 50; step > 0; --step) {
+                const QString text = dice.Text();
+                field->selectAll();
+                field->insert(text);
+                const TypedNumber typed = field->GetReader().Read(field->text());
+                const double expected
+                    = field->text() != FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
+                QTest::keyClick(field, dice.Roll(2) ? Qt::Key_Return : Qt::Key_Tab);
+                QTest::keyClick(field, Qt::Key_Escape);
+                field->setFocus();
+                QVERIFY2(held() == expected, qPrintable(text));
+                QVERIFY2(NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
+                QVERIFY2(
+                    !typed.IsNumber() || (held() >= field->GetReader().Minimum && held() <= field->GetReader().Maximum),
+                    qPrintable(text));
+            }
+        }
+    }
+
 private:
+    static QString Form(const Field &place)
+    {
+        return forms::Widget(
+            "f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"});
+    }
+    /// Writes over what a box or a first cell holds; gives the box.
+    static QWidget *TypeInto(const LiveForm &live, const QString &kind, const QString &text, bool paste)
+    {
+        QWidget *field = live.Find(Boxes[kind].Name);
+        field->setFocus();
+        if (auto *table = qobject_cast<QTableWidget *>(field)) {
+            table->setCurrentCell(0, 0);
+            QTest::keyClick(table, Qt::Key_F2);
+            field = table->findChild<QAbstractSpinBox *>();
+        }
+        QTest::keySequence(field, QKeySequence::SelectAll);
+        QTest::keyClick(field, Qt::Key_Delete);
+        QApplication::clipboard()->setText(text);
+        if (paste)
+            QTest::keySequence(field, QKeySequence::Paste);
+        for (const QChar letter : paste ? QString() : text)
+            QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+        return field;
+    }
+    static QString ShownOf(const LiveForm &live, const QString &kind)
+    {
+        QWidget *field = live.Find(Boxes[kind].Name);
+        if (const auto *table = qobject_cast<QTableWidget *>(field))
+            return qobject_cast<QStyledItemDelegate *>(table->itemDelegate())
+                ->displayText(table->item(0, 0)->data(Qt::DisplayRole), table->locale());
+        return field->property("text").toString();
+    }
+    static QString AppliedBy(const LiveForm &live, const QString &kind)
+    {
+        if (Boxes[kind].Class == "ChannelSpacingTable")
+            return live.Find<QTableWidget>("f")->item(0, 0)->data(Qt::DisplayRole).toString();
+        return Tree::Instance()->GetNode("/Form/" + Boxes[kind].Name)->GetStringValue();
+    }
     void Enter(const Field &place, const QString &text, bool paste, const QString &note, const QString &applied)
     {
         LiveForm live(
@@ -289,8 +595,13 @@ private:
         QCOMPARE(FieldNote::TextOf(field), note);
         const bool refused = applied.isNull() && !note.isEmpty();
         QCOMPARE(field->palette().color(QPalette::Text) != colour, refused);
-        QTest::keyClick(field, Qt::Key_Return);
-        if (applied.isNull()) {
+        // What is typed ends with Return or Escape, what is pasted when the field is left.
+        QFocusEvent leave(QEvent::FocusOut, Qt::TabFocusReason);
+        if (paste)
+            QApplication::sendEvent(field, &leave);
+        else
+            QTest::keyClick(field, Qt::Key_Return);
+        if (applied.isNull() && !paste) {
             QCOMPARE(field->property("text").toString(), text);
             QCOMPARE(FieldNote::TextOf(field), note);
             QTest::keyClick(field, Qt::Key_Escape);

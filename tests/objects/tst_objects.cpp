@@ -1,16 +1,14 @@
 // Objects that stand for a part of the application: what scripts and documents cause, which lists are read and written.
 
 #include "errorhandler.h"
+#include "liveform.h"
 #include "orbeldscobject.h"
-#include "orbelfftobject.h"
-#include "storecase.h"
 #include "testmain.h"
 #include "tree.h"
 
-#include <QComboBox>
 #include <QDialogButtonBox>
-#include <QScriptEngine>
 #include <QTableWidget>
+#include <QtTest>
 
 using namespace KV218;
 
@@ -75,24 +73,6 @@ struct LiveObject : LiveForm {
 
     QString className;
 };
-
-const std::vector<End<LiveObject>> Ends{
-    {Fft, "a.si_spectralResolutionChanged", [](LiveObject &l) { l.Get<OrbelFFTObject>("a")->setSignalSampleRate(8); }},
-    {Dsc, "hf=-", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p></hf></s>"); }},
-    {Dsc, "hf=1 Hz", [](LiveObject &l) { l.SetScanRanges("<s><hf><p>1</p><a>1</a></hf><vu></vu></s>"); }},
-    {Dsc, "sheet", [](LiveObject &l) { l.Node()->SetAt(0, {}, nullptr); }},
-};
-
-/// Answers the next modal dialog: types into the first row of its table and accepts.
-void AnswerDialog(QWidget *parent)
-{
-    QTimer::singleShot(0, qApp, [=] {
-        const QWidget *dialog = QApplication::activeModalWidget();
-        QVERIFY(dialog && dialog->parentWidget() == parent);
-        dialog->findChild<QTableWidget *>()->item(0, 0)->setText("5");
-        dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
-    });
-}
 
 void Columns(std::initializer_list<const char *> names)
 {
@@ -247,9 +227,6 @@ private Q_SLOTS:
         LiveForm lone(forms::Widget("b", Dsc)); // without the labels
         lone.form->EvaluateScript("b.sl_setScanRanges('<Scan><HFScan></HFScan></Scan>')");
     }
-
-    void aHandlerMayEndTheForm_data() { AddEnds(Ends); }
-    void aHandlerMayEndTheForm() { CheckEnd(Ends, {}); }
     void aNodeTellsAndIsTold()
     {
         for (const QString &className : {Fhp, Dsc}) {
@@ -290,55 +267,15 @@ private Q_SLOTS:
                     seen << button->text() << button->toolTip();
             }
             seen << QString::number(bool(dialog->windowFlags() & Qt::WindowContextHelpButtonHint));
-            dialog->close();
+            dialog->findChild<QTableWidget *>()->item(0, 0)->setText("5");
+            box->button(QDialogButtonBox::Ok)->click();
         });
         live.Edit();
+        QCOMPARE(live.Written(), QString("<a>[5000.00,0.00]</a>"));
         QCOMPARE(seen.join('|').remove("KV218::OrbelFHPObject:"),
             QString("Excluded ranges (kHz)|&Sort|Sort entries by start frequency in ascending order|0"));
         QCOMPARE(seen.at(0).count(':'), 3);
     }
-
-    void anObjectMayOutliveItsForm()
-    {
-        forms::Form form = forms::Bind(forms::Definition(forms::Widget("a", Dsc)));
-        const OrbelSheet::Widget widget = form->GetSheet().GetWidgetAt(0);
-        form.reset();
-        static_cast<OrbelDSCObject *>(widget->GetDelegate())->sl_setScanRanges("<Scan/>");
-    }
-
-    /// The examples run without a script error, also when all their controls are used.
-    void examples_data()
-    {
-        Columns({"texts", "document"});
-        QTest::newRow("audio") << "sourceState=from the demodulator,width=3100 Hz" << "<Source>1</Source>";
-        QTest::newRow("spectrum") << "segment=93.5 MHz to 103.5 MHz,frequencyResolution=25 kHz" << "<Length>512</Length>";
-        QTest::newRow("detection") << "lbScanHF=1.5 MHz...30 MHz,lbScanSHF=-,lastAction=excluded ranges"
-                                   << "<Start unit=\"Hz\">5000</Start>.*<StartFreq>5000.00</StartFreq>";
-    }
-    void examples()
-    {
-        QFETCH(QString, texts);
-        QFETCH(QString, document);
-        const forms::Form form(
-            OrbelParser().ParseORBELFile(QString(ORBEL_EXAMPLES_DIR "/forms/%1.orbel").arg(QTest::currentDataTag())));
-        form->CreateValueTree("/Form");
-        form->CreateGUI(false);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        connect(form->GetScriptValues().value("sheet").engine(), &QScriptEngine::signalHandlerException, this,
-            [this](const QScriptValue &exception) { Traces << exception.toString(); });
-        for (auto *combo : window->findChildren<QComboBox *>())
-            QTest::keyClick(combo, Qt::Key_Home);
-        for (auto *button : window->findChildren<QAbstractButton *>()) {
-            if (button->objectName().contains("Exclusion"))
-                AnswerDialog(window.get());
-            button->click();
-        }
-        for (const QString &text : texts.split(','))
-            QCOMPARE(window->findChild<QLabel *>(text.section('=', 0, 0))->text(), text.section('=', 1));
-        QVERIFY(form->GetXmlString(true).contains(
-            QRegularExpression(document, QRegularExpression::DotMatchesEverythingOption)));
-    }
-
 private:
     QStringList Traces;
     int Refused = 0;

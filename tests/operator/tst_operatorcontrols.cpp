@@ -1,11 +1,13 @@
 // Numbers, choices and tables under an operator's hands; each run checks node, property, script and document.
 
+#include "fieldnote.h"
 #include "forms.h"
 #include "testmain.h"
 #include "xoperator.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTableWidget>
@@ -77,6 +79,45 @@ private Q_SLOTS:
         QVERIFY2(bench.Log().endsWith("12.25"), qPrintable(bench.Log()));
         QVERIFY(bench.Document().contains("<a>12.25</a>"));
         QTRY_VERIFY(bench.window->findChild<QLineEdit *>("other")->hasFocus());
+    }
+
+    void aUnitIsTypedAcrossAnotherWindowAndALock()
+    {
+        Bench bench("BandwidthEdit", {"unitScale=UInt64:1", "value=Int64:1000"}, "valueChanged");
+        QVERIFY(XOperator::Show(bench.window.get()));
+        auto *spin = bench.Find<QDoubleSpinBox>();
+        XOperator::Click(spin);
+        QTRY_VERIFY(spin->hasFocus());
+        XOperator::Press("F2");
+        XOperator::Type("15k");
+        const auto isTold = [=] {
+            const auto *note = spin->findChild<QLabel *>("fieldNote");
+            return note && note->isVisible() && note->text() == "= 15.000 kHz";
+        };
+        QTRY_VERIFY(isTold());
+        QLineEdit another;
+        QVERIFY(XOperator::Show(&another));
+        XOperator::Type("9");
+        QTRY_COMPARE(another.text(), QString("9"));
+        QVERIFY(!isTold());
+        QVERIFY(XOperator::Show(bench.window.get()));
+        XOperator::Type("hz");
+        QTRY_VERIFY(spin->text().startsWith("15khz") && isTold());
+        QCOMPARE(bench.Node(), QString("1000"));
+        XOperator::Press("Tab");
+        QTRY_COMPARE(bench.Node(), QString("15000"));
+
+        XOperator::Press("shift+Tab");
+        QTRY_VERIFY(spin->hasFocus());
+        XOperator::Type("7");
+        QTRY_VERIFY(spin->text().startsWith("7"));
+        bench.form->EnableInput(false);
+        QCOMPARE(FieldNote::TextOf(spin), QString("not taken: 7"));
+        XOperator::Type("8");
+        bench.form->EnableInput(true);
+        QVERIFY(spin->hasFocus());
+        XOperator::Press("Up");
+        QTRY_COMPARE(bench.Node(), QString("15001"));
     }
 
     void theWheelStepsOnlyWithTheFocusAndWraps()

@@ -2,6 +2,7 @@
 // log and document.
 
 #include "exampleform.h"
+#include "fieldnote.h"
 #include "testmain.h"
 
 #include <QLineEdit>
@@ -31,7 +32,7 @@ private Q_SLOTS:
         auto *lock = scan.Find<QPushButton>("LockFrequency");
         QVERIFY(!lock->isVisible());
         auto *field = scan.Find<QLineEdit>("frequency");
-        XOperator::Enter(field, "433.92M", "Return");
+        XOperator::Enter(field, "433.92", "Return");
         QTRY_COMPARE(scan.Node("Scan/Frequency"), QString("433920000"));
         QCOMPARE(field->text(), QString("433.920 000 MHz"));
         QCOMPARE(scan.Property("frequency", "value"), QString("433920000"));
@@ -56,7 +57,10 @@ private Q_SLOTS:
     {
         Scan scan;
         QVERIFY(XOperator::Show(scan.window.get()));
-        XOperator::Enter(scan.Find<QLineEdit>("range_StartFrequency"), "150M", "Tab");
+        auto *start = scan.Find<QLineEdit>("range_StartFrequency");
+        XOperator::Enter(start, "30 GHz", "Return");
+        QTRY_COMPARE(FieldNote::TextOf(start), QString("above 26.499 999 999 GHz"));
+        XOperator::Enter(start, "150", "Tab");
         auto *stop = scan.Find<QLineEdit>("range_StopFrequency");
         QTRY_COMPARE(stop->text(), QString("150.000 001 MHz"));
         QCOMPARE(scan.Node("Scan/Range_1"), QString("150000000"));

@@ -1,6 +1,7 @@
 // The table of frequency ranges and its dialog: texts, rows, and changes by others meanwhile.
 
 #include "exclusiondialog.h"
+#include "fieldnote.h"
 #include "freqrangetable.h"
 #include "testmain.h"
 #include "valuecommentedrangemap.h"
@@ -62,19 +63,38 @@ private Q_SLOTS:
     void texts_data()
     {
         QTest::addColumn<QString>("stored");
-        QTest::newRow("kHz, comma: 5,5 ") << "7000..5500";
-        QTest::newRow("hertz: 5 Hz") << "7000..5";
-        QTest::newRow("mega without rounding: 1.001 mhZ") << "7000..1001000";
-        QTest::newRow("giga, negative: -2g") << "7000..-2000000000";
-        QTest::newRow("kilo goes before mega: 3 MK") << "7000..3000";
-        QTest::newRow("an exponent's letter is lost: 1e3") << "7000..13000";
-        QTest::newRow("no number: 1 2") << "7000..0";
+        QTest::addColumn<QString>("note"); // behind "is read as" where the reading is none that is meant
+        QTest::newRow("kHz, comma: 5,5 ") << "7000..5500"
+                                          << "= 5.5 kHz";
+        QTest::newRow("kHz as it is shown: 5.5 kHz") << "7000..5500" << QString();
+        QTest::newRow("hertz: 5 Hz") << "7000..5"
+                                     << "= 0.005 kHz";
+        QTest::newRow("mega without rounding: 1.001 mhZ") << "7000..1001000"
+                                                          << "= 1001 kHz";
+        QTest::newRow("giga, negative: -2g") << "7000..-2000000000"
+                                             << "= -2000000 kHz";
+        QTest::newRow("kilo goes before mega: 3 MK") << "7000..3000"
+                                                     << "3 kHz";
+        QTest::newRow("an exponent's letter is lost: 1e3") << "7000..13000"
+                                                           << "13 kHz";
+        QTest::newRow("no number: 1 2") << "7000..0"
+                                        << "0 kHz";
+        QTest::newRow("groups: 1.234,5") << "7000..0"
+                                         << "0 kHz";
     }
 
     void texts()
     {
+        QFETCH(QString, note);
         Bench bench("7000..8000");
-        bench.Type(0, 1, Input(), Qt::Key_Return);
+        bench.Type(0, 1, Input());
+        const bool isMeant = note.isEmpty() || note.startsWith('=');
+        QCOMPARE(FieldNote::TextOf(bench.Editor()), isMeant ? note : "is read as " + note);
+        QTest::keyClick(bench.Editor(), Qt::Key_Return);
+        QCoreApplication::sendPostedEvents();
+        const QString told = isMeant ? QString() : '"' + Input() + "\" is read as " + note;
+        QCOMPARE(FieldNote::TextOf(bench.Table.viewport()), told);
+        QCOMPARE(bench.Table.item(0, 1)->toolTip(), told);
         QVERIFY2(bench.Node->GetStringValue() == "7000..8000", "only storing stores");
         bench.Table.StoreToValue();
         QTEST(bench.Node->GetStringValue(), "stored");
@@ -142,22 +162,6 @@ private Q_SLOTS:
         QVERIFY2(bench.Node->data().size() == 1, "an untouched empty table stores its row");
         bench.Node->SetState(ekStateDisabled, nullptr);
         QVERIFY(bench.Table.AttachToValue("/T/r") && !bench.Table.isEnabled());
-    }
-
-    void theDialogOutlivesNodeButNotForm()
-    {
-        for (const bool formGoes : {false, true}) {
-            Bench bench("1000..2000");
-            auto form = std::make_unique<QWidget>();
-            QTimer::singleShot(0, [&] {
-                auto *dialog = form->findChild<QDialog *>();
-                formGoes ? form.reset() : Tree::Instance()->RemoveNode("/T/r");
-                if (form && !dialog->findChild<FreqRangeTable *>()->isEnabled())
-                    dialog->accept();
-            });
-            EditExclusionRanges(bench.Node, form.get(), "test");
-            QCOMPARE(!form, formGoes);
-        }
     }
 
     void theDialogEditsTheListItWasGiven()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms.h"
+#include "liveform.h"
 #include "orbelformularmanager.h"
 #include "orbelsheetui.h"
 #include "translationcenter.h"
@@ -70,6 +70,12 @@ public:
         return false;
     }
 
+    bool event(QEvent *event) override
+    {
+        const bool isSet = event->type() == QEvent::DynamicPropertyChange;
+        return (isSet && hear("a script sets a property of the host's")) || QObject::event(event);
+    }
+
     /// The last whom a node tells, when added last.
     struct LastEar : IObserver {
         explicit LastEar(Ears *ears) : Owner(ears) { }
@@ -119,22 +125,6 @@ private:
     }
 
     QStringList Awaited;
-};
-
-/// Closes modal dialogs and menus, which wait for the operator.
-struct DialogCloser : QTimer {
-    explicit DialogCloser(Ears *ears)
-    {
-        connect(this, &QTimer::timeout, ears, [ears] {
-            QWidget *menu = QApplication::activePopupWidget();
-            const QPointer<QWidget> open = menu ? menu : QApplication::activeModalWidget();
-            if (open)
-                ears->hear("a dialog of the subject opens");
-            if (open)
-                open->close();
-        });
-        start(0);
-    }
 };
 
 enum class Stage { Parsed, Bound, Built, BuiltWithApplyRow, Managed };
@@ -194,6 +184,8 @@ public:
             manager->AddFormular(form.data());
             manager->ShowFormular("Ends");
         }
+        // A range that had the focus would tell of leaving it when the window goes.
+        window->setFocus();
         window->show();
         window->activateWindow();
         QCoreApplication::processEvents();
@@ -289,7 +281,7 @@ private:
             "function hear(what) { if (!ears.hear('a script ' + what)) return;"
             "subject.setVisible(true); subject.setEnabled(true); subject.setModified(true); subject.setFocus();"
             "subject.setCustomProperty('c', 1); z.setText('late'); sheet.setModified(true); sheet.applyNow();"
-            "throw 'late'; } ears.told.connect(function () { hear('hears the host'); });");
+            "throw 'late'; } ears.told.connect(function () { hear('hears the host'); ears.heard = 1; });");
         Parts = {form->GetScriptValues().value("sheet").engine(), form.data()};
         ears.Listen(form.data());
         for (const char *name : {"sheet", "subject", "z"}) {

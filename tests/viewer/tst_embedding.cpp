@@ -76,28 +76,6 @@ private Q_SLOTS:
         window->show();
         QVERIFY(dial->isVisible() && !dial->WasWindow);
     }
-
-    void aHostSetsTheMarginsOfAHeadline()
-    {
-        for (const QString &name : QStyleFactory::keys()) {
-            const std::unique_ptr<QStyle> style(QStyleFactory::create(name));
-            QWidget window;
-            auto *layout = new FloatGroupLayout(&window);
-            QGroupBox *line = layout->addHeadline("Title", 7, "line");
-            const std::function<void()> changes[] = {[&] { line->setStyle(style.get()); }, [&] { window.show(); },
-                [&] { line->setTitle("Another"); }, [&] { line->setFont(QFont("DejaVu Sans", 20)); },
-                [&] { line->setCheckable(true); }, [&] { line->resize(300, 60); },
-                [&] { line->setStyleSheet("QGroupBox { border: 3px solid; margin-top: 9px; }"); }};
-            for (const QMargins &margins : {QMargins(0, 7, 0, 0), QMargins(1, 50, 2, 3)}) {
-                line->setContentsMargins(margins);
-                for (const auto &change : changes) {
-                    change();
-                    QCOMPARE(line->contentsMargins(), margins);
-                }
-            }
-            line->setStyle(nullptr);
-        }
-    }
 };
 
 ORBEL_TEST_MAIN(TestEmbedding)

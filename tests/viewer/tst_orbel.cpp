@@ -1,5 +1,7 @@
 // The command `orbel`: the built program as a process, and the nearest names that its messages give.
 
+#include "command.h"
+#include "nearestnames.h"
 #include "orbelcommand.h"
 #include "rows.h"
 #include "testmain.h"
@@ -43,25 +45,9 @@ void StartOperator()
         new Operator;
 }
 
-struct Result {
-    int Status = -1;
-    QString Out;
-    QString Err;
-};
-
-Result Run(const QString &program, const QStringList &arguments, const QProcessEnvironment &environment)
-{
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return {-1, process.readAllStandardOutput(), process.errorString() + process.readAllStandardError()};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
 Result Orbel(const QStringList &arguments)
 {
-    return Run(ORBEL_COMMAND, arguments, QProcessEnvironment::systemEnvironment());
+    return Run(ORBEL_COMMAND, arguments);
 }
 
 } // namespace
@@ -133,6 +119,10 @@ private Q_SLOTS:
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
         for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--font-size wants");
+        add("no language", {"render", form, "-o", "a.png", "--language", "xx"}, 2, "no language \"xx\"");
+        add("no file of translations", {"strings", form, "-o", "a.txt"}, 2, "-o FILE.ts");
+        add("form cut short", {"strings", cut, "-o", noFolder + ".ts"}, 1, cut + ": line 3: ");
+        add("translations malformed", {"strings", form, "-o", Write("cut.ts", "<TS>\n<context>")}, 1, "cut.ts:2: ");
         // clang-format on
     }
 
@@ -143,6 +133,14 @@ private Q_SLOTS:
         QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
         QVERIFY2(result.Err.startsWith("orbel: "), qPrintable(result.Err));
         QCOMPARE(result.Status, status);
+    }
+
+    void nearestNames()
+    {
+        const QStringList names{"far away", "frost", "FIRST", "frist", "frost"};
+        QCOMPARE(NearestNames("first", names, 3).join(' '), QString("FIRST frost frist"));
+        QCOMPARE(NearestNames("first", names, 9).size(), 3);
+        QCOMPARE(NearestNames("zzzz", {"abcdef", "bcdefa"}, 9), QStringList("abcdef"));
     }
 
     void paramsPrintsWhatTheFormHolds_data()
@@ -204,22 +202,53 @@ private Q_SLOTS:
         QCOMPARE(result.Status, status);
     }
 
-    void paramsFedWithItsOwnOutputPrintsTheSame_data()
+    /// Texts of the form in turn, each with a German word; a second run knows them again.
+    void stringsKeepsTranslations()
     {
-        QTest::addColumn<QStringList>("arguments");
-        AddRow("receiver", QStringList{Receiver, "--set", "Station/Name=<&\"> \xc3\xa4"});
-        AddRow("component", QStringList{Components, "--component", "Audio", "--set", "Audio/Mute=true"});
-    }
-
-    void paramsFedWithItsOwnOutputPrintsTheSame()
-    {
-        QFETCH(QStringList, arguments);
-        const Result first = Orbel(QStringList("params") + arguments);
-        QVERIFY(first.Out.startsWith('<'));
-        const QStringList unset = arguments.mid(0, arguments.indexOf("--set"));
-        const Result second = Orbel(QStringList{"params", "--params", Write("fed.xml", first.Out)} + unset);
-        QCOMPARE(second.Out, first.Out);
-        QCOMPARE(second.Status, 0);
+        const QString catalogue = Folder.filePath("note_de.ts");
+        const auto collect = [&](const QString &properties) {
+            const QString form = Write("note.orbel",
+                "<ZkParamGui>\n<Sheet name='sheet'>\n<Widget name='note' class='Label'>" + properties
+                    + "</Widget></Sheet><Script>note.setText('by &amp; by');</Script></ZkParamGui>");
+            const Result result = Orbel({"strings", form, "-o", catalogue});
+            QFile file(catalogue);
+            return file.open(QIODevice::ReadOnly) && result.Status == 0
+                ? QString::fromUtf8(file.readAll()).remove(QRegularExpression("\\n *"))
+                : result.Err;
+        };
+        const auto text = [](const QString &name, const QString &value) {
+            return QString("\n<Property name='%1'><String>%2</String></Property>").arg(name, value);
+        };
+        const auto message = [](int line, const QString &source, const QString &translation) {
+            const QString place = line ? QString("<location filename=\"note.orbel\" line=\"%1\"/>").arg(line) : "";
+            return "<message>" + place + "<source>" + source + "</source><translation" + translation
+                + "</translation></message>";
+        };
+        const QString open = " type=\"unfinished\">";
+        const QString first = collect(text("labelText", "Open") + text("text", "Closed") + text("toolTip", "As it is"));
+        QVERIFY2(first.contains("<TS version=\"2.1\" language=\"de\" sourcelanguage=\"en\"><context><name>note</name>"
+                     + message(4, "Open", open) + message(5, "Closed", open) + message(6, "by &amp; by", open)
+                     + "</context></TS>"),
+            qPrintable(first));
+        Write("note_de.ts",
+            QString(first).replace(
+                "Open</source><translation type=\"unfinished\">", "Open</source><translation>Offen"));
+        const QString second = collect(text("text", "Ajar"));
+        QVERIFY2(second.contains(message(0, "Open", " type=\"vanished\">Offen") + message(4, "by &amp; by", open)
+                     + message(4, "Ajar", open) + "</context>"),
+            qPrintable(second));
+        const QString visible = "<Property name='visible'><Bool>true</Bool></Property>";
+        QVERIFY(collect(text("labelText", "Open") + visible).contains(message(4, "Open", ">Offen")));
+#ifdef ORBEL_LRELEASE
+        const auto draw = [&](const QString &language) {
+            const QString picture = Folder.filePath(language + ".png");
+            Orbel({"render", Folder.filePath("note.orbel"), "--language", language, "-o", picture});
+            return QImage(picture);
+        };
+        const QImage before = draw("de");
+        QCOMPARE(QProcess::execute(ORBEL_LRELEASE, {"-silent", catalogue}), 0);
+        QVERIFY(!before.isNull() && draw("de") != before && draw("fr") != before);
+#endif
     }
 
     void renderDrawsWithoutADisplay()
@@ -235,6 +264,8 @@ private Q_SLOTS:
         };
         const QImage plain = draw({Receiver});
         QCOMPARE(plain.width(), 500);
+        const QImage lower = draw({Receiver, "--size", QString("500x%1").arg(plain.height() - 1)});
+        QVERIFY2(lower.copy(490, 0, 9, 99) != plain.copy(490, 0, 9, 99), "a pixel less, and there is a scroll bar");
         QCOMPARE(draw({Receiver, "--size", "640x200"}).size(), QSize(640, 200));
         QVERIFY2(draw({Receiver, "--font-size", "24"}).height() > plain.height(),
             "the picture is as high as the form needs");

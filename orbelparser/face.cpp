@@ -1,0 +1,55 @@
+#include "face.h"
+
+#include "frequencytext.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <cmath>
+
+namespace KV218
+{
+
+namespace
+{
+
+QString Translated(const char *text)
+{
+    return QCoreApplication::translate("KV218::Face", text);
+}
+
+QString SpokenFrequency(double hertz)
+{
+    constexpr double none = 1e308;
+    if (std::fabs(hertz) >= none)
+        return QString();
+    const QChar point = QLocale().decimalPoint();
+    const QString text = FrequencyText::Write(hertz, 0, point);
+    const int unit = text.lastIndexOf(QLatin1Char(' '));
+    return SpokenNumber(text.left(unit).remove(QLatin1Char(' '))) + text.mid(unit);
+}
+
+} // namespace
+
+QString SpokenNumber(QString number)
+{
+    const QChar point = QLocale().decimalPoint();
+    while (number.contains(point) && (number.endsWith(QLatin1Char('0')) || number.endsWith(point)))
+        number.chop(1);
+    return number;
+}
+
+QString BoundsText(const QString &lowest, const QString &highest)
+{
+    if (lowest.isEmpty())
+        return highest.isEmpty() ? QString() : Translated(QT_TRANSLATE_NOOP("KV218::Face", "up to %1")).arg(highest);
+    return highest.isEmpty() ? Translated(QT_TRANSLATE_NOOP("KV218::Face", "from %1")).arg(lowest)
+                             : Translated(QT_TRANSLATE_NOOP("KV218::Face", "%1 to %2")).arg(lowest, highest);
+}
+
+QString FrequencyBounds(double lowest, double highest)
+{
+    return BoundsText(SpokenFrequency(lowest), SpokenFrequency(highest));
+}
+
+} // namespace KV218

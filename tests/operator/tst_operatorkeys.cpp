@@ -1,0 +1,80 @@
+// The example with all classes, filled with the keyboard alone.
+
+#include "exampleform.h"
+#include "testmain.h"
+
+using namespace forms;
+
+class TestOperatorKeys : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+
+    void theWholeFormIsFilledWithoutAMouse()
+    {
+        ExampleForm all("all_controls.orbel", "/All", {700, 1000});
+        QStringList documents;
+        connect(all.form.data(), &KV218::OrbelFormular::si_parametersModified,
+            [&] { documents << all.form->GetXmlString(true).simplified(); });
+        all.form->GetSheet().setAutoApplyEnabled(false);
+        QVERIFY(XOperator::Show(all.window.get()));
+
+        // What has the focus, and what is done there; Tab leads on. "=" types, all else are keys.
+        const QVector<QPair<QString, QStringList>> way{
+            {"lineEdit", {"F2", "=north"}},
+            {"ipEdit", {"=10.0.0.7"}},
+            {"checkBox", {"space"}},
+            {"comboBox", {"Home"}},
+            {"pushButton", {"space"}},
+            {"numbers", {}},
+            {"SpinBox", {"=20", "Up"}},
+            {"doubleSpinBox", {"=2", "Down"}},
+            {"baudRate", {"=4800"}},
+            {"bandwidth", {"=8"}},
+            {"frequency", {"Left", "Up", "Page_Up"}},
+            {"entry", {}},
+            {"history", {}},
+            {"frequencyRangeEdit_StartFrequency", {"=100 MHz"}},
+            {"frequencyRangeEdit_StopFrequency", {"=200 MHz", "Up"}},
+            {"offset", {"=250"}},
+            {"lists", {}},
+            {"spinBoxList_0", {"=4"}},
+            {"spinBoxList_1", {"=5"}},
+            {"spinBoxList_2", {"=6"}},
+            {"doubleSpinBoxList_0", {"=1.5"}},
+            {"doubleSpinBoxList_1", {"Up"}},
+            {"shiftList_0", {"=170"}},
+            {"shiftList_1", {"=425"}},
+            {"tableWidget", {"Right", "F2", "=cell", "Return"}},
+            {"spacings", {"Down", "F2", "=25", "Tab", "=50", "Return"}},
+            {"scriptControl_LoadButton", {}},
+            {"scriptControl_EditButton", {}},
+            {"scriptControlClearButton", {}},
+            // Its press takes the document away, and with it the focus.
+            {"applyButton", {"space"}},
+        };
+        for (const auto &[name, actions] : way) {
+            const auto focus
+                = [] { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); };
+            QTRY_COMPARE(focus(), name);
+            for (const QString &action : actions)
+                action.startsWith('=') ? XOperator::Type(action.mid(1)) : XOperator::Press(action);
+            XOperator::Press("Tab");
+        }
+
+        QTRY_COMPARE(documents.size(), 1);
+        const QString document = documents.first();
+        for (const char *part :
+            {"<LineEdit>north<", "<IPEdit>10.0.0.7<", "<CheckBox>false<", "<SpinBox unit=\"dB\">21<",
+                "<DoubleSpinBox>1.5<", "<BaudRateSpinBox>4800<", "<BandwidthEdit unit=\"kHz\">8000<",
+                "<FrequencyEdit>145610000<", "<StartFrequency>100000000<", "<StopFrequency>200000001<",
+                "<FrequencyOffsetEdit>250<", "index=\"0\">4<", "index=\"1\">5<", "index=\"2\">6<", "index=\"0\">1.5<",
+                "index=\"0\">170<", "index=\"1\">425<", ">25.00<", ">50.00<", ">12.50<"})
+            QVERIFY2(document.contains(part), qPrintable(part + QString(" in ") + document));
+    }
+};
+
+ORBEL_TEST_MAIN(TestOperatorKeys)
+#include "tst_operatorkeys.moc"
