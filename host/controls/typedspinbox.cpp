@@ -50,11 +50,21 @@ QString TypedSpinBox::textFromValue(double number) const
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
     const QString digits = plain.toString(finite, 'f', decimals());
-    if (!suffix().endsWith(QLatin1String("Hz"), Qt::CaseInsensitive))
+    if (!IsFrequency())
         return digits;
     // Spelled as in all fields for frequencies, whether the suffix brings its blank or not.
     const QString grouped = FrequencyText::Group(digits, locale().decimalPoint());
-    return suffix().at(0).isSpace() ? grouped : grouped + QLatin1Char(' ');
+    return WritesBlank() ? grouped + QLatin1Char(' ') : grouped;
+}
+
+bool TypedSpinBox::IsFrequency() const
+{
+    return suffix().endsWith(QLatin1String("Hz"), Qt::CaseInsensitive);
+}
+
+bool TypedSpinBox::WritesBlank() const
+{
+    return IsFrequency() && !suffix().at(0).isSpace();
 }
 
 double TypedSpinBox::valueFromText(const QString &text) const
@@ -134,10 +144,9 @@ int TypedSpinBox::EndOfNumber(const QString &text) const
     const bool isSpecial = !specialValueText().isEmpty() && text == specialValueText();
     if (isSpecial || !text.endsWith(suffix()))
         return text.size();
-    int end = text.size() - suffix().size();
-    while (end > 0 && text.at(end - 1).isSpace())
-        --end;
-    return end;
+    const int end = text.size() - suffix().size();
+    // The blank that is written before a suffix without one is none that was typed.
+    return end > 0 && WritesBlank() && text.at(end - 1) == QLatin1Char(' ') ? end - 1 : end;
 }
 
 void TypedSpinBox::KeepCursorInNumber()

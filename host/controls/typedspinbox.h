@@ -58,6 +58,8 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    bool IsFrequency() const;
+    bool WritesBlank() const;
     std::optional<int> ShownPower() const;
     NumberReader Reader() const;
     QString WithoutPrefix(const QString &text) const;

@@ -150,7 +150,7 @@ struct Ink {
         if (Strongest < LeastContrast)
             return QString("contrast %1").arg(Strongest);
         // Letters may stand closer together than they are measured, less than one of them.
-        const double slack = 1 + Scale;
+        const double slack = Scale > 1 ? 3 * Scale : 2;
         if (std::fabs(Bounds.height() - Letters.height()) > slack || Bounds.width() < Letters.width() * 0.9 - slack)
             return QString("drawn %1x%2, not %3x%4")
                 .arg(Bounds.width())
@@ -232,7 +232,7 @@ struct Shown {
                 continue;
             const Ink own = InkOf(TextsOf(const_cast<RowLabel *>(label)).first());
             const double apart = own.Baseline - InkOf(*beside).Baseline;
-            if (std::fabs(apart) > own.Scale)
+            if (std::fabs(apart) > own.Scale + (own.Scale > 1 ? 0.5 : 0))
                 faults << QString("%1: %2 apart").arg(label->text()).arg(apart);
         }
         return faults;

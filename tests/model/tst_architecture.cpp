@@ -84,7 +84,7 @@ private Q_SLOTS:
     void aControlIncludesNoOtherControl()
     {
         // What several controls are made of, and no control itself.
-        const QStringList shared{"celldelegate", "celledit", "channelspacingitemdelegate", "exclusiondialog", "flagscope",
+        const QStringList shared{"celldelegate", "celledit", "cellitemdelegate", "channelspacingitemdelegate", "exclusiondialog", "flagscope",
             "floatspindelegate", "freqrangetable", "listelements", "spinbuilder", "spinlistdelegate", "tablekeys", "wholehertz"};
         QStringList wrong;
         for (const QFileInfo &file : Sources()) {
