@@ -1,6 +1,7 @@
 #include "floatgrouplayout.h"
 
 #include "floatgrouparranger.h"
+#include "lookwatch.h"
 #include "sectionline.h"
 
 #include <QEvent>
@@ -72,12 +73,25 @@ QGroupBox *FloatGroupLayout::addHeadline(const QString &title, int margin, const
     // A line without a title shares the margin between its height and the gap above it.
     const int gap = title.isEmpty() ? margin - margin / 2 : margin;
     QGroupBox *line = Named(new SectionLine(title, gap, parentWidget()), name);
+    watchLook();
     line->setAlignment(Qt::AlignHCenter);
     line->setFlat(true);
     if (title.isEmpty())
         line->setFixedHeight(margin / 2 + 5);
     addWidget(line);
     return line;
+}
+
+void FloatGroupLayout::watchLook()
+{
+    if (lookWatch || !parentWidget())
+        return;
+    lookWatch = new LookWatch(parentWidget(), this, [this] {
+        for (QLayoutItem *item : qAsConst(items)) {
+            if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
+                line->FollowParent();
+        }
+    });
 }
 
 QWidget *FloatGroupLayout::addSeparator(int height, const char *name)
@@ -232,7 +246,7 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     // Placing an item can arrange anew, and can take away items, this one among them.
     for (int i = 0; changeCount == arranged && i < items.size() && i < hints.size(); ++i) {
         QLayoutItem *item = items.at(i);
-        item->setGeometry(hints.at(i));
+        item->setGeometry(placeOf(i));
         if (items.value(i) == item && (flags.at(i) & FloatGroupItem::ItemList))
             setListGeometry(item);
     }
@@ -283,6 +297,23 @@ bool FloatGroupLayout::scanItems(QVector<FloatGroupItem> &measured) const
         *next++ = {itemFlags, hint.width(), hint.height(), topMargin};
     }
     return !measured.isEmpty() && items == asked;
+}
+
+/// Where the item goes: a label that stands beside its control may need more height than it was arranged with.
+QRect FloatGroupLayout::placeOf(int index) const
+{
+    QRect place = hints.at(index);
+    if (!(flags.at(index) & FloatGroupItem::ItemLabel) || place.height() <= 0)
+        return place;
+    auto *label = qobject_cast<RowLabel *>(items.at(index)->widget());
+    if (!label)
+        return place;
+    const int next = index + 1;
+    const bool inRow = next < items.size() && !(flags.at(next) & FloatGroupItem::ItemGroup)
+        && hints.at(next).height() > 0 && hints.at(next).top() == place.top();
+    QWidget *control = inRow ? items.at(next)->widget() : nullptr;
+    place.setHeight(label->StandBeside(control, inRow ? hints.at(next).size() : QSize(), place.height()));
+    return place;
 }
 
 /// Stretches the rows of a list to the width that the list got.

@@ -108,7 +108,9 @@ private:
 
     QSize sizeHint(int width, int columnCount) const;
     bool scanItems(QVector<FloatGroupItem> &measured) const;
+    QRect placeOf(int index) const;
     void setListGeometry(QLayoutItem *item);
+    void watchLook();
     void setFlag(int index, int flag);
     void clearHints() const;
     void settle();
@@ -118,6 +120,8 @@ private:
     /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being destroyed
     /// only a widget is left of it.
     QPointer<QWidget> scrollArea;
+    /// Tells the section lines of the parent's font and colours; made with the first of them.
+    QObject *lookWatch = nullptr;
     /// Owned.
     QList<QLayoutItem *> items;
     /// FloatGroupItem::Flag of the item at the same index. Longer than `items` when marks wait for the next item.

@@ -1,6 +1,10 @@
 #include "rowlabel.h"
 
+#include "firstline.h"
+#include "readablecolor.h"
+
 #include <QPainter>
+#include <QStyle>
 
 RowLabel::RowLabel(const QString &text, QWidget *parent) : QLabel(text, parent) { }
 
@@ -12,15 +16,90 @@ void RowLabel::SetMarked(bool marked)
     update();
 }
 
+int RowLabel::StandBeside(QWidget *control, const QSize &size, int least)
+{
+    const int own = sizeHint().height();
+    if (control != Control || size != ControlSize || own != TextHeight) {
+        Control = control;
+        ControlSize = size;
+        TextHeight = own;
+        NeededHeight = HeightBeside(least);
+        update();
+    }
+    return qMax(least, NeededHeight);
+}
+
+int RowLabel::HeightBeside(int least) const
+{
+    // Inside a control that is no higher than the label no text can reach below the label.
+    if (!Control || ControlSize.height() <= least || !IsPlainText())
+        return TextHeight;
+    return BaselineIn(least, ControlSize) - fontMetrics().ascent() + TextHeight;
+}
+
+int RowLabel::Baseline() const
+{
+    return BaselineIn(height(), Control ? Control->size() : QSize());
+}
+
+int RowLabel::BaselineIn(int height, const QSize &controlSize) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    const std::optional<int> beside = Control ? FirstBaseline(Control, controlSize) : std::nullopt;
+    if (!beside)
+        return qMax(0, height - sizeHint().height()) / 2 + metrics.ascent();
+    // Beside a flat control the text may rise, as long as no letter loses its top.
+    return *beside >= metrics.ascent() ? *beside : qMax(*beside, -metrics.tightBoundingRect(text()).top());
+}
+
+/// What it stands at looks otherwise in another style.
+void RowLabel::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange)
+        TextHeight = -1;
+}
+
+bool RowLabel::IsPlainText() const
+{
+    return textFormat() == Qt::PlainText || (textFormat() == Qt::AutoText && !Qt::mightBeRichText(text()));
+}
+
 void RowLabel::paintEvent(QPaintEvent *event)
 {
-    QLabel::paintEvent(event);
-    if (!Marked)
-        return;
-    QPainter painter(this);
+    const bool plain = IsPlainText();
+    {
+        QPainter painter(this);
+        if (Marked)
+            PaintMark(painter);
+        if (plain) {
+            drawFrame(&painter);
+            PaintText(painter);
+        }
+    }
+    if (!plain)
+        QLabel::paintEvent(event);
+}
+
+void RowLabel::PaintText(QPainter &painter) const
+{
+    QRect place = contentsRect();
+    place.setTop(Baseline() - fontMetrics().ascent());
+    const int flags = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignTop;
+    style()->drawItemText(&painter, place, flags, palette(), isEnabled(), text(), foregroundRole());
+}
+
+/// A bar under the text, whose letters stand before it: there is no room beside the widest label.
+void RowLabel::PaintMark(QPainter &painter) const
+{
+    const QFontMetrics metrics = fontMetrics();
+    const QRect line(0, 0, qMin(width(), metrics.size(0, text()).width()), qMax(2, metrics.height() / 8));
+    QRectF bar = QStyle::visualRect(layoutDirection(), rect(), line);
+    bar.moveBottom(qMin(height(), Baseline() + metrics.descent() + 1));
+    const QColor accent = palette().color(QPalette::Highlight);
+    const bool isSeen = ReadableColor::Contrast(palette().color(backgroundRole()), accent) >= 3;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(palette().brush(QPalette::Highlight));
-    constexpr int diameter = 5;
-    painter.drawEllipse(QRect(width() - diameter, 0, diameter, diameter));
+    painter.setBrush(isSeen ? accent : palette().color(foregroundRole()));
+    painter.drawRoundedRect(bar, bar.height() / 2, bar.height() / 2);
 }

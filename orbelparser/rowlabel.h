@@ -3,10 +3,14 @@
 #include "orbelexport.h"
 
 #include <QLabel>
+#include <QPointer>
 
-/// The label at the start of a row: FloatGroupLayout::addLabel() makes it.
+/// The label at the start of a row: FloatGroupLayout::addLabel() makes it. Its text stands on the baseline of the first
+/// line of the control beside it, whatever the height of either.
 class ORBEL_EXPORT RowLabel : public QLabel
 {
+    Q_OBJECT
+
 public:
     RowLabel(const QString &text, QWidget *parent);
 
@@ -14,9 +18,27 @@ public:
     void SetMarked(bool marked);
     bool IsMarked() const { return Marked; }
 
+    /// Takes `control` as the one beside it, which is to have that size, or null. Gives the height that the text needs
+    /// for it, `least` or more, in pixels.
+    int StandBeside(QWidget *control, const QSize &size, int least);
+    /// Where the text has its first baseline, in pixels from the top.
+    int Baseline() const;
+
 protected:
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    int HeightBeside(int least) const;
+    int BaselineIn(int height, const QSize &controlSize) const;
+    void PaintText(QPainter &painter) const;
+    void PaintMark(QPainter &painter) const;
+    bool IsPlainText() const;
+
+    QPointer<QWidget> Control;
+    QSize ControlSize;
+    /// What the text takes and the label needs beside the control; written by StandBeside().
+    int TextHeight = -1;
+    int NeededHeight = 0;
     bool Marked = false;
 };

@@ -92,17 +92,10 @@ void ChoosePlatform(Output output)
         qputenv("QT_QPA_PLATFORM", "minimal");
 }
 
-int RunSubcommand(Subcommand &command, const QStringList &arguments)
+void Parse(QCommandLineParser &parser, const QStringList &arguments)
 {
-    QCommandLineParser parser;
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Tells this."));
-    parser.addOption(help);
-    command.Define(parser);
     if (!parser.parse(arguments))
         throw UsageFailure(parser.errorText());
-    if (parser.isSet(help))
-        return Print(parser.helpText());
-    return command.Run(parser);
 }
 
 int RunRow(const Row &row, int argc, char **argv)
@@ -113,10 +106,21 @@ int RunRow(const Row &row, int argc, char **argv)
     QStringList arguments{QString::fromLatin1(program)};
     for (int i = 2; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
+    const std::unique_ptr<Subcommand> command = row.make();
+    QCommandLineParser parser;
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Tells this."));
+    parser.addOption(help);
+    command->Define(parser);
+    if (row.output == WithoutDisplay) {
+        Parse(parser, arguments);
+        command->Prepare(parser);
+    }
     argv[1] = program.data();
     int count = row.output == OnDisplay ? argc - 1 : 1;
     QApplication application(count, argv + 1);
-    return RunSubcommand(*row.make(), row.output == OnDisplay ? QCoreApplication::arguments() : arguments);
+    if (row.output == OnDisplay)
+        Parse(parser, QCoreApplication::arguments());
+    return parser.isSet(help) ? Print(parser.helpText()) : command->Run(parser);
 }
 
 int Run(int argc, char **argv)

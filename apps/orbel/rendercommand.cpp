@@ -2,6 +2,7 @@
 
 #include "commandoptions.h"
 #include "formfile.h"
+#include "palettes.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -26,6 +27,8 @@ const QLatin1String Output("output");
 const QLatin1String Size("size");
 const QLatin1String FontSize("font-size");
 const QLatin1String Style("style");
+const QLatin1String Palette("palette");
+const QLatin1String Scale("scale");
 
 QString OutputPath(const QCommandLineParser &parser)
 {
@@ -66,6 +69,30 @@ int TextSize(const QCommandLineParser &parser)
     return points;
 }
 
+/// Pixels of the picture for each pixel of the form.
+double ScaleFactor(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(Scale))
+        return 1;
+    bool isNumber = false;
+    const double scale = parser.value(Scale).toDouble(&isNumber);
+    if (!isNumber || !(scale >= 1 && scale <= 4))
+        throw UsageFailure(
+            QStringLiteral("--scale wants a number from 1 to 4, as 1.5, not \"%1\"").arg(parser.value(Scale)));
+    return scale;
+}
+
+void ChoosePalette(const QCommandLineParser &parser)
+{
+    if (!parser.isSet(Palette))
+        return;
+    const std::optional<QPalette> palette = NamedPalette(parser.value(Palette));
+    if (!palette)
+        throw UsageFailure(QStringLiteral("there is no palette \"%1\", only %2")
+                               .arg(parser.value(Palette), PaletteNames().join(QLatin1String(", "))));
+    QApplication::setPalette(*palette);
+}
+
 void ChooseStyle(const QCommandLineParser &parser)
 {
     const QString name = parser.value(Style);
@@ -83,7 +110,7 @@ void GrowToContent(QWidget *gui)
     if (!area)
         return;
     const int height = gui->height() + area->verticalScrollBar()->maximum();
-    gui->resize(gui->width(), qMin(height, GreatestSide));
+    gui->resize(gui->width(), qMin(height, int(GreatestSide / gui->devicePixelRatioF())));
     QApplication::processEvents();
 }
 
@@ -121,8 +148,23 @@ void RenderCommand::Define(QCommandLineParser &parser) const
             QStringLiteral("WxH")},
         {FontSize, QStringLiteral("Text size of the form in points."), QStringLiteral("PT")},
         {Style, QStringLiteral("One of Qt's widget styles, as fusion."), QStringLiteral("NAME")},
+        {Palette, QStringLiteral("Its colours: %1.").arg(PaletteNames().join(QLatin1String(", "))),
+            QStringLiteral("NAME")},
+        {Scale, QStringLiteral("Pixels of the picture for each of the form, from 1 to 4, as on a fine screen."),
+            QStringLiteral("N")},
     });
     DefineComponent(parser);
+}
+
+/// Qt reads the factor when the application is made.
+void RenderCommand::Prepare(const QCommandLineParser &parser)
+{
+    const double scale = ScaleFactor(parser);
+    const QSize size = PictureSize(parser) * scale;
+    if (qMax(size.width(), size.height()) > GreatestSide)
+        throw UsageFailure(QStringLiteral("--size times --scale is at most %1 pixels").arg(GreatestSide));
+    if (scale > 1)
+        qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
 }
 
 int RenderCommand::Run(const QCommandLineParser &parser)
@@ -132,6 +174,7 @@ int RenderCommand::Run(const QCommandLineParser &parser)
     const QSize size = PictureSize(parser);
     const int points = TextSize(parser);
     ChooseStyle(parser);
+    ChoosePalette(parser);
     const FormFile file(path);
     SpeakLanguage(parser, path);
     const FormFile::Form form = file.Parse(ComponentName(parser));

@@ -7,5 +7,6 @@ class RenderCommand : public Subcommand
 {
 public:
     void Define(QCommandLineParser &parser) const override;
+    void Prepare(const QCommandLineParser &parser) override;
     int Run(const QCommandLineParser &parser) override;
 };

@@ -26,6 +26,7 @@ FrequencyField::FrequencyField(QWidget *parent, bool belowZero)
     setAlignment(Qt::AlignRight);
     setFocusPolicy(Qt::StrongFocus);
     // What the field shows anew has no marked digit yet.
+    connect(this, &QLineEdit::textChanged, this, &FrequencyField::FitText);
     connect(this, &QLineEdit::textChanged, this, &FrequencyField::MarkDigit);
     connect(this, &QLineEdit::textEdited, this, [this] { Entry = true; });
     connect(this, &VCLineEdit::signalTextFinallyChanged, this, &FrequencyField::LeaveFrequency);
@@ -206,15 +207,59 @@ void FrequencyField::ReplaceBy(const std::function<void()> &insertion)
         ShowNode();
 }
 
-/// A field that takes no input has the colour of what surrounds it.
+void FrequencyField::SetTextFont(const QFont &font)
+{
+    TextFont = font;
+    setFont(font);
+    FullHint = VCLineEdit::sizeHint();
+    FitText();
+}
+
+void FrequencyField::FitText()
+{
+    constexpr double least = 6;
+    constexpr int margins = 5; // what the base class keeps beside the text, and its cursor
+    if (!FullHint.isValid())
+        return;
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - margins;
+    QFont fitting = TextFont.resolve(font());
+    while (fitting.pointSizeF() > least && QFontMetrics(fitting).horizontalAdvance(text()) > room)
+        fitting.setPointSizeF(fitting.pointSizeF() - 0.5);
+    if (fitting == font())
+        return;
+    QFont own = TextFont;
+    own.setPointSizeF(fitting.pointSizeF());
+    setFont(own);
+}
+
+void FrequencyField::resizeEvent(QResizeEvent *event)
+{
+    VCLineEdit::resizeEvent(event);
+    FitText();
+}
+
 void FrequencyField::changeEvent(QEvent *event)
 {
     VCLineEdit::changeEvent(event);
-    if (event->type() != QEvent::ReadOnlyChange)
+    if (event->type() == QEvent::ReadOnlyChange || event->type() == QEvent::PaletteChange)
+        ShowLock();
+    else if (event->type() == QEvent::StyleChange && FullHint.isValid())
+        SetTextFont(TextFont);
+}
+
+/// A field that takes no input has the colour of what surrounds it.
+void FrequencyField::ShowLock()
+{
+    const QBrush around = parentWidget()->palette().brush(QPalette::Window);
+    const bool stands = isReadOnly() ? palette().brush(QPalette::Base) == around : !LockShown;
+    if (stands)
         return;
+    LockShown = isReadOnly();
     QPalette own;
-    if (isReadOnly())
-        own.setBrush(QPalette::Base, parentWidget()->palette().brush(QPalette::Window));
+    if (LockShown)
+        own.setBrush(QPalette::Base, around);
     setPalette(own);
 }
 

@@ -32,7 +32,11 @@ public:
     bool FinishTuning();
 
     bool FinishEdit() override { return VCLineEdit::FinishEdit() && FinishTuning(); }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    /// The font of a text that has room. One that has not is shown smaller before a digit of it is cut.
+    void SetTextFont(const QFont &font);
+    /// That of the text font, whatever size is shown.
+    QSize sizeHint() const override { return FullHint.isValid() ? FullHint : VCLineEdit::sizeHint(); }
+    QSize minimumSizeHint() const override { return {sizeHint().width() * 2 / 3, sizeHint().height()}; }
     void Update(Observable *subject, TChangeCode code) override;
 
 Q_SIGNALS:
@@ -53,6 +57,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
@@ -66,6 +71,8 @@ private:
     void ReplaceBy(const std::function<void()> &insertion);
     void LeaveFrequency();
     bool TuneByKey(int key);
+    void FitText();
+    void ShowLock();
     void MarkDigit();
     void ChooseDigit(int power);
     int HighestPower() const;
@@ -74,6 +81,9 @@ private:
     void Hover(std::optional<int> power);
     QRect DigitRect(int power) const;
 
+    QFont TextFont;
+    QSize FullHint;
+    bool LockShown = false;
     bool BelowZero;
     // The marked digit stands for 10^Power Hz.
     int Power = 3;

@@ -49,7 +49,22 @@ QString TypedSpinBox::textFromValue(double number) const
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    return plain.toString(finite, 'f', decimals());
+    const QString digits = plain.toString(finite, 'f', decimals());
+    if (!IsFrequency())
+        return digits;
+    // Spelled as in all fields for frequencies, whether the suffix brings its blank or not.
+    const QString grouped = FrequencyText::Group(digits, locale().decimalPoint());
+    return WritesBlank() ? grouped + QLatin1Char(' ') : grouped;
+}
+
+bool TypedSpinBox::IsFrequency() const
+{
+    return suffix().endsWith(QLatin1String("Hz"), Qt::CaseInsensitive);
+}
+
+bool TypedSpinBox::WritesBlank() const
+{
+    return IsFrequency() && !suffix().at(0).isSpace();
 }
 
 double TypedSpinBox::valueFromText(const QString &text) const
@@ -127,7 +142,11 @@ TypedNumber TypedSpinBox::ReadText(const QString &text) const
 int TypedSpinBox::EndOfNumber(const QString &text) const
 {
     const bool isSpecial = !specialValueText().isEmpty() && text == specialValueText();
-    return text.size() - (!isSpecial && text.endsWith(suffix()) ? suffix().size() : 0);
+    if (isSpecial || !text.endsWith(suffix()))
+        return text.size();
+    const int end = text.size() - suffix().size();
+    // The blank that is written before a suffix without one is none that was typed.
+    return end > 0 && WritesBlank() && text.at(end - 1) == QLatin1Char(' ') ? end - 1 : end;
 }
 
 void TypedSpinBox::KeepCursorInNumber()

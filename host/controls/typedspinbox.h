@@ -4,6 +4,7 @@
 #include "typingmark.h"
 
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 
 #include <utility>
 
@@ -57,6 +58,8 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    bool IsFrequency() const;
+    bool WritesBlank() const;
     std::optional<int> ShownPower() const;
     NumberReader Reader() const;
     QString WithoutPrefix(const QString &text) const;

@@ -20,6 +20,9 @@ public:
     bool SetBoolean(ValueBoolean *node);
 
     void Update(Observable *subject, TChangeCode code) override;
+    /// At least as high as a line of text, also without one, so that it stands level with a label.
+    QSize sizeHint() const override { return QCheckBox::sizeHint().expandedTo({0, fontMetrics().height()}); }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void nextCheckState() override;

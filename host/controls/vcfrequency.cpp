@@ -43,12 +43,10 @@ VCFrequency::~VCFrequency()
 void VCFrequency::Build()
 {
     Field->setObjectName(QStringLiteral("frequency"));
-    UpButton = StepButton(QStringLiteral("increment"), Qt::UpArrow, &VCFrequency::slotIncrement);
-    DownButton = StepButton(QStringLiteral("decrement"), Qt::DownArrow, &VCFrequency::slotDecrement);
-    EntryButton = MiniButton(QStringLiteral("entry"), &VCFrequency::BeginEntry);
-    EntryButton->setText(QStringLiteral("\u2026"));
-    HistoryButton = MiniButton(QStringLiteral("history"), &VCFrequency::OpenHistory);
-    HistoryButton->setText(QStringLiteral("\u21ba"));
+    UpButton = StepButton(QStringLiteral("increment"), GlyphButton::Up, &VCFrequency::slotIncrement);
+    DownButton = StepButton(QStringLiteral("decrement"), GlyphButton::Down, &VCFrequency::slotDecrement);
+    EntryButton = MiniButton(QStringLiteral("entry"), GlyphButton::Pencil, &VCFrequency::BeginEntry);
+    HistoryButton = MiniButton(QStringLiteral("history"), GlyphButton::Clock, &VCFrequency::OpenHistory);
     TuneButton = new VCButton(QString(), this);
     TuneButton->setObjectName(QStringLiteral("tune"));
     connect(TuneButton, &QPushButton::clicked, this, &VCFrequency::Tune);
@@ -85,24 +83,21 @@ void VCFrequency::ShowTexts()
     TuneButton->setText(tr("Tune"));
 }
 
-QToolButton *VCFrequency::StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)())
+QToolButton *VCFrequency::StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)())
 {
-    auto *button = new QToolButton(this);
+    auto *button = new GlyphButton(glyph, this);
     button->setObjectName(name);
-    button->setArrowType(arrow);
-    button->setAutoRaise(true);
     button->setAutoRepeat(true);
     // The marked digit, which the focus shows, is what the button steps.
     button->setFocusPolicy(Qt::NoFocus);
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     // Queued: Qt's button does not survive a handler that ends the form within its click.
     connect(button, &QToolButton::clicked, this, step, Qt::QueuedConnection);
     return button;
 }
 
-VCMiniFrequency *VCFrequency::MiniButton(const QString &name, void (VCFrequency::*action)())
+VCMiniFrequency *VCFrequency::MiniButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*action)())
 {
-    auto *button = new VCMiniFrequency(this);
+    auto *button = new VCMiniFrequency(this, glyph);
     button->setObjectName(name);
     connect(button, &VCMiniFrequency::clicked, this, action);
     return button;
@@ -297,8 +292,5 @@ void VCFrequency::ScaleText()
         large.setPointSizeF(font().pointSizeF() * TextScale);
     else
         large.setPixelSize(qRound(font().pixelSize() * TextScale));
-    Field->setFont(large);
-    const int arrow = QFontMetrics(large).ascent() / 2;
-    for (QToolButton *button : {UpButton, DownButton})
-        button->setIconSize({arrow, arrow});
+    Field->SetTextFont(large);
 }

@@ -2,6 +2,7 @@
 
 #include "control.h"
 #include "frequencyhistory.h"
+#include "glyphbutton.h"
 #include "nodebinding.h"
 
 #include <QPointer>
@@ -9,7 +10,6 @@
 
 class FrequencyField;
 class QLabel;
-class QToolButton;
 class VCButton;
 class VCMiniFrequency;
 
@@ -84,8 +84,8 @@ protected:
 private:
     void Build();
     void ShowTexts();
-    QToolButton *StepButton(const QString &name, Qt::ArrowType arrow, void (VCFrequency::*step)());
-    VCMiniFrequency *MiniButton(const QString &name, void (VCFrequency::*action)());
+    QToolButton *StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)());
+    VCMiniFrequency *MiniButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*action)());
     void Step(int steps);
     void BeginEntry();
     void OpenHistory();

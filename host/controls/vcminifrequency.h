@@ -1,20 +1,15 @@
 #pragma once
 
-#include "hostexport.h"
+#include "glyphbutton.h"
 
-#include <QToolButton>
-
-/// A small button of VCFrequency: it takes no focus by a click, so that what is being typed goes on, and stays as large
-/// as its text or arrow.
-class ORBEL_HOST_EXPORT VCMiniFrequency : public QToolButton
+/// A small button of VCFrequency: it takes no focus by a click, so that what is being typed goes on.
+class ORBEL_HOST_EXPORT VCMiniFrequency : public GlyphButton
 {
     Q_OBJECT
 
 public:
-    explicit VCMiniFrequency(QWidget *parent);
+    explicit VCMiniFrequency(QWidget *parent, Glyph glyph = Pencil);
 
     /// Enables or disables the button.
     void enable(bool enable) { setEnabled(enable); }
-
-    QSize sizeHint() const override;
 };

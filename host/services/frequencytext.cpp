@@ -50,6 +50,15 @@ QString FrequencyText::Write(double hertz, int leastPower, QChar point)
     return text + QLatin1Char(' ') + QLatin1String(scale->Unit);
 }
 
+QString FrequencyText::Group(const QString &number, QChar point)
+{
+    const auto isDigit = [](QChar c) { return c.isDigit(); };
+    const int first = int(std::find_if(number.begin(), number.end(), isDigit) - number.begin());
+    const int end = number.contains(point) ? number.indexOf(point) : number.size();
+    const QString whole = number.left(first) + Grouped(number.mid(first, end - first), true);
+    return end == number.size() ? whole : whole + point + Grouped(number.mid(end + 1), false);
+}
+
 QString FrequencyText::Short(double hertz, QChar point)
 {
     const QString text = Write(hertz, 0, point);

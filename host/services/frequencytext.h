@@ -17,6 +17,9 @@ namespace FrequencyText
 /// digit counts for the unit. Infinity and NaN have no text.
 ORBEL_HOST_EXPORT QString Write(double hertz, int leastPower = 0, QChar point = QLatin1Char('.'));
 
+/// A number with its digits in groups of three, as those of Write(): "12500.125" is "12 500.125".
+ORBEL_HOST_EXPORT QString Group(const QString &number, QChar point);
+
 /// As Write(), without the zeros at the end: "26.5 GHz", for messages.
 ORBEL_HOST_EXPORT QString Short(double hertz, QChar point = QLatin1Char('.'));
 

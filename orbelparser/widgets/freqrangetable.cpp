@@ -6,6 +6,7 @@
 #include "numberreader.h"
 #include "suffixeddouble.h"
 #include "survives.h"
+#include "tablefont.h"
 #include "tablekeys.h"
 #include "tree.h"
 
@@ -85,6 +86,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     setItemDelegate(new Cells(this));
     new TableKeys(this);
+    FollowTableFont(this);
     NewAction = AddAction(QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W));
     connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);
     DeleteAction = AddAction(QStringLiteral("ListBoxDelete"), QKeySequence(Qt::Key_Delete));

@@ -5,6 +5,7 @@
 #include "floatgrouplayout.h"
 #include "formlimits.h"
 #include "listelements.h"
+#include "tablefont.h"
 #include "tablekeys.h"
 
 #include <QHeaderView>
@@ -53,6 +54,7 @@ void OrbelChannelSpacingTable::CreateGUI(FloatGroupLayout *layout)
     Control->setItemDelegate(Editors);
     Control->setContextMenuPolicy(Qt::CustomContextMenu);
     new TableKeys(Control, this);
+    FollowTableFont(Control);
     FillTable();
     // Meant: the tooltip keeps the bounds of this moment, and the definition's `enabled`, `visible` and `toolTip` stay
     // with the delegate until one of them changes.
@@ -79,7 +81,7 @@ void OrbelChannelSpacingTable::FillTable()
     const QScopedValueRollback<bool> updating(Updating, true);
     Control->verticalHeader()->setUpdatesEnabled(false);
     // All rows at once: the header measures itself again at each row that is resized alone.
-    Control->verticalHeader()->setDefaultSectionSize(RowHeight);
+    Control->verticalHeader()->setDefaultSectionSize(qMax(RowHeight, Control->verticalHeader()->minimumSectionSize()));
     Control->setRowCount(Spacings.size());
     // Rows that go may take a cell with them that is being edited, and a handler the window.
     if (!Control)

@@ -3,6 +3,7 @@
 #include "celledit.h"
 #include "floatgrouplayout.h"
 #include "recordingcells.h"
+#include "tablefont.h"
 #include "tablekeys.h"
 
 #include <QHeaderView>
@@ -26,6 +27,7 @@ void OrbelTable::CreateGUI(FloatGroupLayout *layout)
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     new TableKeys(Control, this);
     Control->setItemDelegate(new RecordingCells(this, Control));
+    FollowTableFont(Control);
     FillTable();
     // Meant: the definition's `enabled`, `visible` and `toolTip` stay with the delegate until one of them changes.
     HideIfCollapsed(Control);

@@ -30,7 +30,9 @@ QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin
     if (!spin)
         return QString();
     const auto limit = [&](const PropertyKey &name, double number) {
-        return delegate.property(name.data()).isValid() ? SpokenNumber(spin->textFromValue(number)) : QString();
+        // Groups are for the eye.
+        const QString text = spin->textFromValue(number).remove(QLatin1Char(' '));
+        return delegate.property(name.data()).isValid() ? SpokenNumber(text) : QString();
     };
     const QString bounds = BoundsText(limit(prop::Minimum, spin->minimum()), limit(prop::Maximum, spin->maximum()));
     return bounds.isEmpty() ? QString() : QStringLiteral("%1 %2").arg(bounds, spin->suffix().trimmed()).trimmed();

@@ -8,9 +8,9 @@ namespace
 enum Level { Host, Base, Controls, FormLevel, Viewer };
 
 /// Files of orbelparser/ itself that stand above the controls, without their endings.
-const QStringList FormFiles{"delegatefactory", "formdoor.cpp", "formfactory", "orbelformular", "formbody", "formbodyvalues", "managerbody",
-    "orbelformularmanager", "orbelparser", "orbelsheet", "orbelelement", "widgetindex", "orbelwidget.cpp",
-    "formconfiguration"};
+const QStringList FormFiles{"delegatefactory", "formdoor.cpp", "formfactory", "orbelformular", "formbody",
+    "formbodyvalues", "managerbody", "orbelformularmanager", "orbelparser", "orbelsheet", "orbelelement", "widgetindex",
+    "orbelwidget.cpp", "formconfiguration"};
 const QStringList ViewerFiles{"orbeltest", "orbeltestmain", "loadinterface"};
 
 Level LevelOf(const QFileInfo &file)
@@ -84,9 +84,10 @@ private Q_SLOTS:
     void aControlIncludesNoOtherControl()
     {
         // What several controls are made of, and no control itself.
-        const QStringList shared{"celldelegate", "celledit", "cellitemdelegate", "changesbutton", "channelspacingitemdelegate",
-            "exclusiondialog", "flagscope", "floatspindelegate", "formkeys", "freqrangetable", "listelements", "recordingcells",
-            "spinbuilder", "spinlistdelegate", "tablekeys", "wholehertz"};
+        const QStringList shared{"celldelegate", "celledit", "cellitemdelegate", "changesbutton",
+            "channelspacingitemdelegate", "exclusiondialog", "flagscope", "floatspindelegate", "formkeys",
+            "freqrangetable", "listelements", "recordingcells", "spinbuilder", "spinlistdelegate", "tablekeys",
+            "wholehertz"};
         QStringList wrong;
         for (const QFileInfo &file : Sources()) {
             if (LevelOf(file) != Controls)

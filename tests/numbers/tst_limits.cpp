@@ -64,7 +64,7 @@ double Factor(const LiveForm &live)
 double OnScreen(const LiveForm &live, const QString &field)
 {
     if (const auto *spin = live.Find<VCNumericFloatSpin>(field))
-        return spin->cleanText().toDouble() / Factor(live);
+        return spin->cleanText().remove(QLatin1Char(' ')).toDouble() / Factor(live);
     return NumberReader::OfHertz().Read(live.Find<QLineEdit>(field)->text()).Number;
 }
 

@@ -56,12 +56,12 @@ private Q_SLOTS:
         row("texts of doubles", "DoubleSpinBox", texts, change, "0 1e+308 1 w<br>0... <0s wraps",
             "0 9 1 w<br>0...9 [0m");
         const QStringList scale{"unitScale=UInt64:1000", "value=Int64:1500000", "minimum=Int:10"};
-        const char *kilo = "10000 1e+308 1000 w<br>10... 1500.000kHz";
+        const char *kilo = "10000 1e+308 1000 w<br>10... 1 500.000 kHz";
         row("mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo,
-            "1e+07 1e+308 1e+06 w<br>10... 10.000000MHz");
+            "1e+07 1e+308 1e+06 w<br>10... 10.000 000 MHz");
         row("giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo,
-            "0 1e+308 1e+09 w<br>0... 0.001500000GHz");
-        const char *hertz = "10 1e+308 1 w<br>10... 1500000Hz";
+            "0 1e+308 1e+09 w<br>0... 0.001 500 000 GHz");
+        const char *hertz = "10 1e+308 1 w<br>10... 1 500 000 Hz";
         row("any other scale", "BandwidthEdit", scale, "n.setUnitScale(10)", kilo, hertz);
         row("any text for a scale", "BandwidthEdit", scale, "n.setUnitScale('MHz')", kilo, hertz);
         row("a scale wins over what else is stated", "BandwidthEdit",

@@ -378,7 +378,7 @@ private:
         bool isNumber = true;
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         const double shown = spin
-            ? spin->cleanText().toDouble(&isNumber) / Factor(place)
+            ? spin->cleanText().remove(' ').toDouble(&isNumber) / Factor(place)
             : NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
         return isNumber ? shown : qQNaN();
     }

@@ -111,6 +111,10 @@ private Q_SLOTS:
         add("component unknown", {"params", Components, "--component", "Sito"}, 2, "nearest: \"Site\"");
         add("no picture", {"render", form}, 2, "-o OUT.png");
         add("unknown style", {"render", form, "-o", "a.png", "--style", "nouveau"}, 2, "Fusion");
+        add("unknown palette", {"render", form, "-o", "a.png", "--palette", "blue"}, 2, "light, dark, contrast");
+        for (const char *wrong : {"--scale=0.5", "--scale=5", "--scale=nan", "--scale=big"})
+            add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--scale wants");
+        add("a picture too large", {"render", form, "-o", "a.png", "--size=9000x10", "--scale=2"}, 2, "is at most");
         for (const char *wrong : {"--size=500", "--size=0x10", "--size=10x", "--size=-1x5", "--size=99999x10"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
         for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
@@ -268,6 +272,9 @@ private Q_SLOTS:
         const QImage fusion = draw({Receiver, "--size", "640x200", "--style", "fusion"});
         const QImage windows = draw({Receiver, "--size", "640x200", "--style", "Windows"});
         QVERIFY(!fusion.isNull() && !windows.isNull() && fusion != windows);
+        const QImage dark = draw({Receiver, "--size", "640x200", "--palette", "dark", "--scale", "1.5"});
+        QCOMPARE(dark.size(), QSize(960, 300));
+        QVERIFY(qGray(dark.pixel(950, 20)) < 100);
         QVERIFY(draw({Components, "--component", "Audio"}) != draw({Components, "--component", "Site"}));
 
         const Result view = Run(ORBEL_COMMAND, {"view", Receiver}, environment);

@@ -1,0 +1,410 @@
+// What the eye sees of a form with every class: contrast, whole texts, baselines, and nothing outside its place,
+// measured in pictures, in all colours, styles, directions and text sizes, which change while the form stands.
+
+#include "frequencyfield.h"
+#include "liveform.h"
+#include "palettes.h"
+#include "rowlabel.h"
+#include "rows.h"
+#include "testmain.h"
+#include "tree.h"
+#include "valuenumeric.h"
+#include "vcfrequency.h"
+
+#include <QStyleFactory>
+#include <QtTest>
+
+#include <cmath>
+
+using namespace KV218;
+using namespace forms;
+
+namespace
+{
+
+constexpr double LeastContrast = 4.5;
+
+double Luminance(const QColor &colour)
+{
+    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double Contrast(QRgb one, QRgb other)
+{
+    const double a = Luminance(one), b = Luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+/// Colours that the eye takes for one, as those of a button's ground from top to bottom.
+QRgb Shade(QRgb colour)
+{
+    return colour & 0xfff0f0f0;
+}
+
+/// A text of a form and the place that is its own, in the widget that draws it.
+struct Text {
+    QWidget *Widget;
+    QRect Place;
+    QString Words;
+};
+
+QRect Inside(const QWidget *widget, int frame)
+{
+    return widget->rect().adjusted(frame, frame, -frame, -frame);
+}
+
+/// The middle of a place, as large as the words.
+QRect Middle(const QWidget *widget, const QString &words)
+{
+    QRect middle(QPoint(), widget->fontMetrics().size(Qt::TextShowMnemonic, words) + QSize(4, 2));
+    middle.moveCenter(widget->rect().center());
+    return middle & Inside(widget, 3);
+}
+
+QVector<Text> TextsOfTable(QTableWidget *table)
+{
+    QVector<Text> texts;
+    QHeaderView *header = table->horizontalHeader();
+    for (int column = 0; column < table->columnCount(); ++column) {
+        const QRect section(header->sectionViewportPosition(column), 0, header->sectionSize(column), header->height());
+        texts.append({header->viewport(), section.adjusted(3, 3, -3, -3), table->horizontalHeaderItem(column)->text()});
+        for (int row = 0; row < table->rowCount(); ++row) {
+            if (const QTableWidgetItem *item = table->item(row, column); item && !item->text().isEmpty())
+                texts.append({table->viewport(), table->visualItemRect(item).adjusted(1, 1, -1, -1), item->text()});
+        }
+    }
+    return texts;
+}
+
+/// The texts that a widget draws itself; none for one that is locked.
+QVector<Text> TextsOf(QWidget *widget)
+{
+    if (!widget->isVisible() || !widget->isEnabled())
+        return {};
+    if (auto *label = qobject_cast<QLabel *>(widget))
+        return {{label, label->rect(), label->text()}};
+    if (auto *box = qobject_cast<QCheckBox *>(widget)) {
+        QStyleOptionButton option;
+        option.initFrom(box);
+        return {{box, box->style()->subElementRect(QStyle::SE_CheckBoxContents, &option, box), box->text()}};
+    }
+    if (auto *button = qobject_cast<QPushButton *>(widget))
+        return {{button, Middle(button, button->text()), button->text()}};
+    if (auto *field = qobject_cast<QLineEdit *>(widget))
+        return {{field, Inside(field, field->hasFrame() ? 3 : 0), field->displayText()}};
+    if (auto *table = qobject_cast<QTableWidget *>(widget))
+        return TextsOfTable(table);
+    if (auto *combo = qobject_cast<QComboBox *>(widget)) {
+        QStyleOptionComboBox option;
+        option.initFrom(combo);
+        const QRect edit
+            = combo->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, combo);
+        return {{combo, edit.adjusted(1, 1, -1, -1), combo->currentText()}};
+    }
+    if (auto *line = qobject_cast<QGroupBox *>(widget); line && !line->title().isEmpty()) {
+        const int indicator = line->style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, line) + 2;
+        const QRect title(indicator, 0, line->fontMetrics().horizontalAdvance(line->title()) + 6, line->height());
+        return {{line, QStyle::visualRect(line->layoutDirection(), line->rect(), title), line->title()}};
+    }
+    return {};
+}
+
+/// What a picture of a form shows in the place of a text, in pixels of the screen.
+struct Ink {
+    Ink(const QImage &picture, const QWidget *window, const Text &text)
+    {
+        const double scale = picture.devicePixelRatioF();
+        const QPoint corner = text.Widget->mapTo(window, text.Place.topLeft());
+        const QRect place
+            = QRectF(corner.x() * scale, corner.y() * scale, text.Place.width() * scale, text.Place.height() * scale)
+                  .toAlignedRect()
+            & picture.rect();
+        QHash<QRgb, int> counts;
+        for (int y = place.top(); y <= place.bottom(); ++y) {
+            for (int x = place.left(); x <= place.right(); ++x)
+                ++counts[Shade(picture.pixel(x, y))];
+        }
+        const auto lessOften = [&](QRgb a, QRgb b) { return counts.value(a) < counts.value(b); };
+        const QRgb ground = *std::max_element(counts.keyBegin(), counts.keyEnd(), lessOften);
+        QHash<QRgb, double> contrasts;
+        for (auto it = counts.keyBegin(); it != counts.keyEnd(); ++it)
+            Strongest = std::max(Strongest, contrasts[*it] = Contrast(*it, ground));
+        const double drawn = 1 + (Strongest - 1) * 0.25;
+        for (int y = place.top(); y <= place.bottom(); ++y) {
+            for (int x = place.left(); x <= place.right(); ++x) {
+                if (contrasts.value(Shade(picture.pixel(x, y))) > drawn)
+                    Bounds |= QRect(x, y, 1, 1);
+            }
+        }
+        // Whole words are as high and wide as their letters; the colour of the ink has soft edges.
+        Letters = text.Widget->fontMetrics().tightBoundingRect(text.Words);
+        Letters = QRectF(Letters.x() * scale, Letters.y() * scale, Letters.width() * scale, Letters.height() * scale);
+        Baseline = Bounds.top() - Letters.top();
+        Scale = scale;
+    }
+
+    /// What is wrong with the text; empty when it is all there.
+    QString Fault() const
+    {
+        if (Strongest < LeastContrast)
+            return QString("contrast %1").arg(Strongest);
+        // Letters may stand closer together than they are measured, less than one of them.
+        const double slack = Scale > 1 ? 3 * Scale : 2;
+        if (std::fabs(Bounds.height() - Letters.height()) > slack || Bounds.width() < Letters.width() * 0.9 - slack)
+            return QString("drawn %1x%2, not %3x%4")
+                .arg(Bounds.width())
+                .arg(Bounds.height())
+                .arg(Letters.width())
+                .arg(Letters.height());
+        return QString();
+    }
+
+    double Strongest = 1;
+    double Scale = 1;
+    double Baseline = 0;
+    QRect Bounds;
+    QRectF Letters;
+};
+
+/// A form in a window that is large enough for all of it.
+struct Shown {
+    Shown() : form(OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel"))
+    {
+        form->CreateValueTree("/All");
+        form->CreateGUI(true);
+        window.reset(form->GetGUI());
+        window->show();
+        Resize(9);
+    }
+    void Resize(int points)
+    {
+        form->GetSheet().SetFontSize(points);
+        window->resize(110 * points, 65 * points + 230);
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+        // A frame around what has the focus is no text.
+        if (QWidget *focused = QApplication::focusWidget())
+            focused->clearFocus();
+        Picture = window->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    }
+    template <class Widget> QList<Widget *> All() const { return window->findChildren<Widget *>(); }
+    Ink InkOf(const Text &text) const { return Ink(Picture, window.get(), text); }
+
+    QStringList FaultsOfTexts() const
+    {
+        QStringList faults;
+        for (QWidget *widget : All<QWidget>()) {
+            for (const Text &text : TextsOf(widget)) {
+                const QString fault = text.Words.isEmpty() ? QString() : InkOf(text).Fault();
+                if (!fault.isEmpty())
+                    faults << QString("%1 \"%2\": %3").arg(widget->objectName(), text.Words, fault);
+            }
+        }
+        return faults;
+    }
+
+    /// The first text behind a label, within its control.
+    std::optional<Text> TextBeside(const RowLabel *label) const
+    {
+        const QWidget *control = nullptr;
+        for (const QWidget *other :
+            label->parentWidget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+            const bool beside = other->isVisible() && other->y() == label->y() && other->x() > label->x();
+            if (beside && (!control || other->x() < control->x()))
+                control = other;
+        }
+        if (!control)
+            return {};
+        QVector<Text> texts = TextsOf(const_cast<QWidget *>(control));
+        for (QWidget *part : control->findChildren<QWidget *>())
+            texts += TextsOf(part);
+        const auto first = std::find_if(texts.begin(), texts.end(), [](const Text &t) { return !t.Words.isEmpty(); });
+        return first == texts.end() ? std::nullopt : std::optional(*first);
+    }
+
+    QStringList FaultsOfBaselines() const
+    {
+        QStringList faults;
+        for (const RowLabel *label : All<RowLabel>()) {
+            const std::optional<Text> beside = TextBeside(label);
+            if (!beside)
+                continue;
+            const Ink own = InkOf(TextsOf(const_cast<RowLabel *>(label)).first());
+            const double apart = own.Baseline - InkOf(*beside).Baseline;
+            if (std::fabs(apart) > own.Scale + (own.Scale > 1 ? 0.5 : 0))
+                faults << QString("%1: %2 apart").arg(label->text()).arg(apart);
+        }
+        return faults;
+    }
+
+    QStringList FaultsOfPlaces() const
+    {
+        QStringList faults;
+        for (const QWidget *widget : All<QWidget>()) {
+            const bool scrolled = widget->objectName() == "sheetArea";
+            if (widget->isVisible() && !widget->isWindow() && !scrolled
+                && !widget->parentWidget()->rect().contains(widget->geometry()))
+                faults << widget->metaObject()->className() + (' ' + widget->objectName()) + " is outside";
+        }
+        return faults;
+    }
+
+    Form form;
+    std::unique_ptr<QWidget> window;
+    QImage Picture;
+};
+
+/// For whoever wants to look as well: ORBEL_LOOKS names a folder.
+void Save(const QImage &picture, const QString &name)
+{
+    const QString folder = qEnvironmentVariable("ORBEL_LOOKS");
+    if (!folder.isEmpty())
+        picture.save(folder + '/' + name + ".png");
+}
+
+} // namespace
+
+class TestLooks : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        QApplication::setStyle("Fusion");
+        QApplication::setPalette(*NamedPalette("light"));
+        QCOMPARE(LeftOver(), QString());
+    }
+
+    /// As an operator's change leaves it.
+    void marks()
+    {
+        Shown shown;
+        for (const char *colours : {"light", "dark", "contrast"}) {
+            QApplication::setPalette(*NamedPalette(colours));
+            const QImage before = shown.window->grab().toImage();
+            QRegion places;
+            for (RowLabel *label : shown.All<RowLabel>()) {
+                label->SetMarked(true);
+                places += QRect(label->mapTo(shown.window.get(), QPoint()), label->size());
+            }
+            shown.Resize(9);
+            int changed = 0;
+            double strongest = 1;
+            for (int y = 0; y < before.height(); ++y) {
+                for (int x = 0; x < before.width(); ++x) {
+                    const QRgb now = shown.Picture.pixel(x, y);
+                    if (now == (before.pixel(x, y) | 0xff000000))
+                        continue;
+                    QVERIFY2(places.contains(QPoint(x, y)), "the mark takes no room");
+                    ++changed;
+                    strongest
+                        = std::max(strongest, Contrast(now, shown.window->palette().color(QPalette::Window).rgb()));
+                }
+            }
+            Save(shown.Picture, QString("marks-%1").arg(colours));
+            for (RowLabel *label : shown.All<RowLabel>())
+                label->SetMarked(false);
+            QVERIFY(changed > 10 * shown.All<RowLabel>().size());
+            QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
+        }
+    }
+
+    void aWrongTextIsSeenInAllColours()
+    {
+        Shown shown;
+        auto *field = shown.window->findChild<QLineEdit *>("frequencyRangeEdit_StartFrequency");
+        const QColor plain = field->palette().color(QPalette::Text);
+        QTest::keyClicks(field, "no");
+        for (const char *colours : {"light", "dark", "contrast"}) {
+            QApplication::setPalette(*NamedPalette(colours));
+            const QColor wrong = field->palette().color(QPalette::Text);
+            QVERIFY(wrong.hue() < 20 && wrong.saturation() > 100);
+            QVERIFY(Contrast(wrong.rgb(), field->palette().color(QPalette::Base).rgb()) >= LeastContrast);
+        }
+        QTest::keyClick(field, Qt::Key_Escape);
+        QCOMPARE(field->palette().color(QPalette::Text), QColor(Qt::white));
+        QApplication::setPalette(*NamedPalette("light"));
+        QCOMPARE(field->palette().color(QPalette::Text), plain);
+    }
+
+    void headlinesFollowTheForm_data()
+    {
+        QTest::addColumn<QString>("sheet");
+        AddRow("plain", QString());
+        AddRow("style sheet of the host", QString("QPushButton { color: #123456; }"));
+    }
+
+    void headlinesFollowTheForm()
+    {
+        const auto [sheet] = Fetch<QString>({"sheet"});
+        LiveForm live(Widget("h", "Headline", {"text=String:Title"}) + Widget("c", "CheckBox"));
+        const auto *line = live.Find<QGroupBox>("h");
+        live.window->setStyleSheet(sheet);
+        for (int points : {13, 9}) {
+            live.form->GetSheet().SetFontSize(points);
+            QCOMPARE(line->font().pointSize(), points);
+            QTRY_COMPARE(line->height(), QFontMetrics(live.window->font()).height());
+        }
+        QPalette colours;
+        colours.setColor(QPalette::WindowText, Qt::darkGreen);
+        if (sheet.isEmpty()) {
+            live.window->setPalette(colours);
+            QCOMPARE(line->palette().color(QPalette::WindowText), QColor(Qt::darkGreen));
+        }
+        QVERIFY(line->styleSheet().contains("HeadlineOpened.svg"));
+    }
+
+    void theLargeFieldCutsNoDigit()
+    {
+        VCFrequency control(nullptr, nullptr, false, nullptr, true);
+        auto *node = new ValueDouble("f");
+        Tree::Instance()->AddNode("/L", node);
+        control.SetFrequency_ValuePath("/L/f");
+        control.show();
+        auto *field = control.findChild<FrequencyField *>();
+        const qreal full = field->font().pointSizeF();
+        const QSize hint = control.sizeHint();
+        for (const auto &[hertz, fits] : {std::pair(145.5e6, true), {123456789012.125, false}, {9000.0, true}}) {
+            node->SetValue(hertz, nullptr);
+            QCOMPARE(field->font().pointSizeF() == full, fits);
+            const int room = field->width() - QFontMetrics(field->font()).horizontalAdvance(field->text());
+            QVERIFY2(room >= 0 && control.sizeHint() == hint, qPrintable(field->text()));
+        }
+        Tree::Instance()->RemoveNode("/L/f");
+    }
+
+    void everyTextCanBeRead_data()
+    {
+        const auto row = Columns<QString, QString, bool>({"colours", "style", "mirrored"});
+        for (const char *colours : {"light", "dark", "contrast"}) {
+            for (const char *style : {"Fusion", "Windows"}) {
+                for (bool mirrored : {false, true})
+                    row(qPrintable(QString("%1 %2 %3").arg(colours, style, mirrored ? "rtl" : "ltr")), colours, style,
+                        mirrored);
+            }
+        }
+    }
+
+    void everyTextCanBeRead()
+    {
+        const auto [colours, style, mirrored] = Fetch<QString, QString, bool>({"colours", "style", "mirrored"});
+        Shown shown;
+        QApplication::setStyle(style);
+        QApplication::setPalette(*NamedPalette(colours));
+        QApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
+        QStringList faults;
+        for (int points : {8, 9, 12, 18, 24}) {
+            shown.Resize(points);
+            for (const QString &fault : shown.FaultsOfTexts() + shown.FaultsOfBaselines() + shown.FaultsOfPlaces())
+                faults << QString("%1 pt: %2").arg(points).arg(fault);
+            Save(shown.Picture, QString("%1-%2").arg(QTest::currentDataTag()).arg(points));
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join('\n')));
+    }
+};
+
+ORBEL_TEST_MAIN(TestLooks)
+#include "tst_looks.moc"
