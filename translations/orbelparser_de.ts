@@ -2,6 +2,96 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>FieldNote</name>
+    <message>
+        <source>not taken: %1</source>
+        <translation>nicht übernommen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::Assistive</name>
+    <message>
+        <source>not accepted</source>
+        <translation>nicht angenommen</translation>
+    </message>
+    <message>
+        <source>changed, not applied</source>
+        <translation>geändert, nicht übernommen</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::ChangesButton</name>
+    <message>
+        <source>1 change waits to be applied</source>
+        <translation>1 Änderung ist noch nicht übernommen</translation>
+    </message>
+    <message>
+        <source>%1 changes wait to be applied</source>
+        <translation>%1 Änderungen sind noch nicht übernommen</translation>
+    </message>
+    <message>
+        <source>Changes</source>
+        <translation>Änderungen</translation>
+    </message>
+    <message>
+        <source>Undo %1</source>
+        <translation>Rückgängig: %1</translation>
+    </message>
+    <message>
+        <source>Redo %1</source>
+        <translation>Wiederholen: %1</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Revert all</source>
+        <translation>Alle zurücknehmen</translation>
+    </message>
+    <message>
+        <source>%1 more</source>
+        <translation>%1 weitere</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::ExclusionListDelegate</name>
+    <message>
+        <source>1 range</source>
+        <translation>1 Bereich</translation>
+    </message>
+    <message>
+        <source>%1 ranges</source>
+        <translation>%1 Bereiche</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::Face</name>
+    <message>
+        <source>up to %1</source>
+        <translation>bis %1</translation>
+    </message>
+    <message>
+        <source>from %1</source>
+        <translation>ab %1</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::FormChanges</name>
+    <message>
+        <source>%1 is locked</source>
+        <translation>%1 ist gesperrt</translation>
+    </message>
+    <message>
+        <source>Revert all</source>
+        <translation>Alle zurücknehmen</translation>
+    </message>
+</context>
+<context>
     <name>KV218::FreqRangeTable</name>
     <message>
         <source>min</source>
@@ -48,6 +138,17 @@
     </message>
 </context>
 <context>
+    <name>KV218::OrbelCheckBox</name>
+    <message>
+        <source>on</source>
+        <translation>ein</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>aus</translation>
+    </message>
+</context>
+<context>
     <name>KV218::OrbelDSCObject</name>
     <message>
         <source>Excluded ranges (kHz)</source>
@@ -60,6 +161,21 @@
     <message>
         <source>Sort entries by start frequency in ascending order</source>
         <translation>Sortiert die Einträge aufsteigend nach der Startfrequenz</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::OrbelDelegate</name>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>%1: %2 values</source>
+        <translation>%1: %2 Werte</translation>
+    </message>
+    <message>
+        <source>item %1</source>
+        <translation>Eintrag %1</translation>
     </message>
 </context>
 <context>
@@ -173,42 +289,10 @@
     </message>
 </context>
 <context>
-    <name>VCFrequency</name>
+    <name>KV218::TableKeys</name>
     <message>
-        <source>Frequency</source>
-        <translation>Frequenz</translation>
-    </message>
-    <message>
-        <source>Step up the marked digit</source>
-        <translation>Markierte Ziffer erhöhen</translation>
-    </message>
-    <message>
-        <source>Step down the marked digit</source>
-        <translation>Markierte Ziffer verringern</translation>
-    </message>
-    <message>
-        <source>Type a frequency</source>
-        <translation>Frequenz eingeben</translation>
-    </message>
-    <message>
-        <source>Last frequencies (F4)</source>
-        <translation>Letzte Frequenzen (F4)</translation>
-    </message>
-    <message>
-        <source>Last frequencies</source>
-        <translation>Letzte Frequenzen</translation>
-    </message>
-    <message>
-        <source>Tune</source>
-        <translation>Abstimmen</translation>
-    </message>
-    <message>
-        <source>Bandwidth %1</source>
-        <translation>Bandbreite %1</translation>
-    </message>
-    <message>
-        <source>No frequency yet</source>
-        <translation>Noch keine Frequenz</translation>
+        <source>column %1, row %2</source>
+        <translation>Spalte %1, Zeile %2</translation>
     </message>
 </context>
 <context>
@@ -254,13 +338,6 @@
     </message>
 </context>
 <context>
-    <name>FieldNote</name>
-    <message>
-        <source>not taken: %1</source>
-        <translation>nicht übernommen: %1</translation>
-    </message>
-</context>
-<context>
     <name>TypedSpinBox</name>
     <message>
         <source>above %1: %1 is taken</source>
@@ -276,119 +353,42 @@
     </message>
 </context>
 <context>
-    <name>KV218::ChangesButton</name>
+    <name>VCFrequency</name>
     <message>
-        <source>1 change waits to be applied</source>
-        <translation>1 Änderung ist noch nicht übernommen</translation>
+        <source>Frequency</source>
+        <translation>Frequenz</translation>
     </message>
     <message>
-        <source>%1 changes wait to be applied</source>
-        <translation>%1 Änderungen sind noch nicht übernommen</translation>
+        <source>Step up the marked digit</source>
+        <translation>Markierte Ziffer erhöhen</translation>
     </message>
     <message>
-        <source>Changes</source>
-        <translation>Änderungen</translation>
+        <source>Step down the marked digit</source>
+        <translation>Markierte Ziffer verringern</translation>
     </message>
     <message>
-        <source>Undo %1</source>
-        <translation>Rückgängig: %1</translation>
+        <source>Type a frequency</source>
+        <translation>Frequenz eingeben</translation>
     </message>
     <message>
-        <source>Redo %1</source>
-        <translation>Wiederholen: %1</translation>
+        <source>Last frequencies (F4)</source>
+        <translation>Letzte Frequenzen (F4)</translation>
     </message>
     <message>
-        <source>Apply</source>
-        <translation>Übernehmen</translation>
+        <source>Last frequencies</source>
+        <translation>Letzte Frequenzen</translation>
     </message>
     <message>
-        <source>Revert all</source>
-        <translation>Alle zurücknehmen</translation>
+        <source>Tune</source>
+        <translation>Abstimmen</translation>
     </message>
     <message>
-        <source>%1 more</source>
-        <translation>%1 weitere</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::ExclusionListDelegate</name>
-    <message>
-        <source>1 range</source>
-        <translation>1 Bereich</translation>
+        <source>Bandwidth %1</source>
+        <translation>Bandbreite %1</translation>
     </message>
     <message>
-        <source>%1 ranges</source>
-        <translation>%1 Bereiche</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::FormChanges</name>
-    <message>
-        <source>%1 is locked</source>
-        <translation>%1 ist gesperrt</translation>
-    </message>
-    <message>
-        <source>Revert all</source>
-        <translation>Alle zurücknehmen</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::OrbelCheckBox</name>
-    <message>
-        <source>on</source>
-        <translation>ein</translation>
-    </message>
-    <message>
-        <source>off</source>
-        <translation>aus</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::OrbelDelegate</name>
-    <message>
-        <source>(empty)</source>
-        <translation>(leer)</translation>
-    </message>
-    <message>
-        <source>%1: %2 values</source>
-        <translation>%1: %2 Werte</translation>
-    </message>
-    <message>
-        <source>item %1</source>
-        <translation>Eintrag %1</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::TableKeys</name>
-    <message>
-        <source>column %1, row %2</source>
-        <translation>Spalte %1, Zeile %2</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::Assistive</name>
-    <message>
-        <source>not accepted</source>
-        <translation>nicht angenommen</translation>
-    </message>
-    <message>
-        <source>changed, not applied</source>
-        <translation>geändert, nicht übernommen</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::Face</name>
-    <message>
-        <source>up to %1</source>
-        <translation>bis %1</translation>
-    </message>
-    <message>
-        <source>from %1</source>
-        <translation>ab %1</translation>
-    </message>
-    <message>
-        <source>%1 to %2</source>
-        <translation>%1 bis %2</translation>
+        <source>No frequency yet</source>
+        <translation>Noch keine Frequenz</translation>
     </message>
 </context>
 </TS>
