@@ -3,7 +3,46 @@
 #include "exampleform.h"
 #include "testmain.h"
 
+#include <QTableWidget>
+#include <QUndoStack>
+
 using namespace forms;
+
+namespace
+{
+
+/// What the nodes and the cells hold.
+QStringList Held(const ExampleForm &all)
+{
+    QStringList held;
+    for (const QString &path : Tree::Instance()->GetPaths())
+        held << path + '=' + Tree::Instance()->GetNode(path)->GetStringValue();
+    for (const QTableWidget *table : all.window->findChildren<QTableWidget *>()) {
+        for (int cell = 0; cell < table->rowCount() * table->columnCount(); ++cell) {
+            const auto *item = table->item(cell / table->columnCount(), cell % table->columnCount());
+            held << (item ? item->text() : QString());
+        }
+    }
+    return held;
+}
+
+/// Presses the key of undo or redo until the stack has come to its end.
+void GoThroughAll(const ExampleForm &all, const QString &key, const QStringList &held)
+{
+    const QUndoStack *stack = all.form->GetUndoStack();
+    QVERIFY(stack->count() > 20);
+    while (key == "ctrl+z" ? stack->canUndo() : stack->canRedo()) {
+        const int index = stack->index();
+        XOperator::Press(key);
+        QTRY_VERIFY(stack->index() != index);
+    }
+    const QStringList now = Held(all);
+    QCOMPARE(now.size(), held.size());
+    for (int i = 0; i < held.size(); ++i)
+        QCOMPARE(now.at(i), held.at(i));
+}
+
+} // namespace
 
 class TestOperatorKeys : public QObject
 {
@@ -12,7 +51,7 @@ class TestOperatorKeys : public QObject
 private Q_SLOTS:
     void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
-    void theWholeFormIsFilledWithoutAMouse()
+    void theWholeFormIsFilledUndoneAndAppliedWithoutAMouse()
     {
         ExampleForm all("all_controls.orbel", "/All", {700, 1000});
         QStringList documents;
@@ -20,6 +59,10 @@ private Q_SLOTS:
             [&] { documents << all.form->GetXmlString(true).simplified(); });
         all.form->GetSheet().setAutoApplyEnabled(false);
         QVERIFY(XOperator::Show(all.window.get()));
+        // What the button does is the script's, and not undone.
+        all.form->EvaluateScript("spacings.setAllSpacingValues(12.5)");
+        const QStringList empty = Held(all);
+        QStringList filled;
 
         // What has the focus, and what is done there; Tab leads on. "=" types, all else are keys.
         const QVector<QPair<QString, QStringList>> way{
@@ -51,7 +94,7 @@ private Q_SLOTS:
             {"spacings", {"Down", "F2", "=25", "Tab", "=50", "Return"}},
             {"scriptControl_LoadButton", {}},
             {"scriptControl_EditButton", {}},
-            {"scriptControlClearButton", {}},
+            {"scriptControlClearButton", {"undo", "redo"}},
             // Its press takes the document away, and with it the focus.
             {"applyButton", {"space"}},
         };
@@ -59,8 +102,14 @@ private Q_SLOTS:
             const auto focus
                 = [] { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); };
             QTRY_COMPARE(focus(), name);
-            for (const QString &action : actions)
-                action.startsWith('=') ? XOperator::Type(action.mid(1)) : XOperator::Press(action);
+            for (const QString &action : actions) {
+                if (action == "undo")
+                    filled = Held(all);
+                if (action.endsWith("do"))
+                    GoThroughAll(all, action == "undo" ? "ctrl+z" : "ctrl+shift+z", action == "undo" ? empty : filled);
+                else
+                    action.startsWith('=') ? XOperator::Type(action.mid(1)) : XOperator::Press(action);
+            }
             XOperator::Press("Tab");
         }
 
