@@ -49,12 +49,7 @@ QString TypedSpinBox::textFromValue(double number) const
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    const QString digits = plain.toString(finite, 'f', decimals());
-    if (!IsFrequency())
-        return digits;
-    // Spelled as in all fields for frequencies, whether the suffix brings its blank or not.
-    const QString grouped = FrequencyText::Group(digits, locale().decimalPoint());
-    return WritesBlank() ? grouped + QLatin1Char(' ') : grouped;
+    return FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), locale().decimalPoint());
 }
 
 bool TypedSpinBox::IsFrequency() const

@@ -50,6 +50,14 @@ QString FrequencyText::Write(double hertz, int leastPower, QChar point)
     return text + QLatin1Char(' ') + QLatin1String(scale->Unit);
 }
 
+QString FrequencyText::BeforeSuffix(const QString &number, const QString &suffix, QChar point)
+{
+    if (!suffix.endsWith(QLatin1String("Hz"), Qt::CaseInsensitive))
+        return number;
+    const QString grouped = Group(number, point);
+    return suffix.at(0).isSpace() ? grouped : grouped + QLatin1Char(' ');
+}
+
 QString FrequencyText::Group(const QString &number, QChar point)
 {
     const auto isDigit = [](QChar c) { return c.isDigit(); };

@@ -1,6 +1,7 @@
 #include "spinbuilder.h"
 
 #include "formlimits.h"
+#include "frequencytext.h"
 #include "orbeldelegate.h"
 #include "propertynames.h"
 #include "vcnumericfloatspin.h"
@@ -53,7 +54,8 @@ QString SpellNumber(const OrbelDelegate &delegate, double number)
     QLocale plain;
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const QString text = plain.toString(shown, 'f', fits ? decimals : QLocale::FloatingPointShortest);
-    return text + delegate.property(prop::Suffix.data()).toString();
+    const QString suffix = delegate.property(prop::Suffix.data()).toString();
+    return FrequencyText::BeforeSuffix(text, suffix, plain.decimalPoint()) + suffix;
 }
 
 int DocumentDecimals(const OrbelDelegate &delegate)

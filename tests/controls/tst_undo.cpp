@@ -202,7 +202,7 @@ private Q_SLOTS:
         QCOMPARE(texts.mid(0, 5),
             (QStringList{"Line edit: ANT 1 \u2192 ANT 2", "Address: 10.0.0.1 \u2192 10.0.0.2",
                 "Check box: on \u2192 off", "Combo box: FM \u2192 Upper sideband", "Spin box: 12 dB \u2192 13 dB"}));
-        QCOMPARE(texts.at(7), QString("Bandwidth: 2.700kHz \u2192 15.000kHz"));
+        QCOMPARE(texts.at(7), QString("Bandwidth: 2.700 kHz \u2192 15.000 kHz"));
         QCOMPARE(texts.at(8), QString("Frequency: 145.500 000 MHz \u2192 146.000 000 MHz"));
         QCOMPARE(texts.at(17), QString("Channel spacing 2: 12.50 \u2192 20.00"));
         for (int round = 0; round < 2; ++round) {
