@@ -11,7 +11,6 @@ namespace
 constexpr QLatin1Char Minus('-');
 constexpr QLatin1Char Point('.');
 constexpr QLatin1Char Comma(',');
-constexpr QLatin1Char Grouper('_');
 constexpr QLatin1Char Zero('0');
 constexpr double Unlimited = 1e308;
 constexpr double LargestWhole = 9.2e18; // what 64 bits hold
@@ -20,6 +19,11 @@ bool IsBlank(uint character)
 {
     // Marks without a width come with texts that are pasted from documents.
     return QChar::isSpace(character) || QChar::category(character) == QChar::Other_Format;
+}
+
+bool IsApostrophe(uint character)
+{
+    return character == u'\'' || character == u'\u2019';
 }
 
 bool IsDigit(QChar character)
@@ -75,7 +79,7 @@ struct NumberReader::Digits {
     {
         Digits digits;
         digits.IsNegative = number.startsWith(Minus);
-        number.remove(Minus).remove(QLatin1Char('+')).remove(Grouper);
+        number.remove(Minus).remove(QLatin1Char('+'));
         const QChar pointMark = PointOf(number);
         digits.HasPoint = !pointMark.isNull();
         const int point = digits.HasPoint ? number.indexOf(pointMark) : number.size();
@@ -145,7 +149,7 @@ TypedNumber NumberReader::Read(const QString &text) const
     const bool hasOwn = !own.isEmpty() && number.endsWith(own, Qt::CaseInsensitive);
     if (hasOwn)
         number.chop(own.size());
-    const auto isPart = [](QChar c) { return IsDigit(c) || c == Point || c == Comma || c == Grouper; };
+    const auto isPart = [](QChar c) { return IsDigit(c) || c == Point || c == Comma; };
     const bool hasSign = number.startsWith(Minus) || number.startsWith(QLatin1Char('+'));
     const int end = int(std::find_if_not(number.begin() + int(hasSign), number.end(), isPart) - number.begin());
     const QString unit = number.mid(end);
@@ -181,12 +185,12 @@ QString NumberReader::Spell(double number) const
     return FrequencyText::Plain(number).replace(Point, Locale.decimalPoint()) + Suffix;
 }
 
-/// The text with the characters that the rules are told in, and without blanks.
+/// The text with the characters that the rules are told in, without blanks and what else groups anywhere.
 QString NumberReader::Plain(const QString &text) const
 {
     QString plain;
     for (const uint character : text.toUcs4()) {
-        if (IsBlank(character))
+        if (IsBlank(character) || IsApostrophe(character) || character == u'_')
             continue;
         if (QChar::isDigit(character))
             plain += QChar(u'0' + QChar::digitValue(character));
@@ -194,8 +198,8 @@ QString NumberReader::Plain(const QString &text) const
             plain += QChar(character);
         else if (character == Locale.decimalPoint().unicode())
             plain += Point;
-        else if (character == u'\'' || character == u'\u2019' || character == Locale.groupSeparator().unicode())
-            plain += Grouper;
+        else if (character == Locale.groupSeparator().unicode())
+            continue;
         else if (character == u'\u2212' || character == Locale.negativeSign().unicode())
             plain += Minus;
         else

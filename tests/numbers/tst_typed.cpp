@@ -171,7 +171,7 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
     {"MHz",        "1,2,3,4",                     "groups have three digits",           nullptr},
     {"MHz",        "1.234.567,890,123",           "groups have three digits",           nullptr},
     {"MHz",        "145'500'000",                 "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "145_500_000_",                "= 145.500 000 MHz",                  "145500000"},
+    {"MHz",        "_145_500_000 Hz'",            "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "145\u2019500\u2019000",       "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        " 145 . 5 M Hz ",              "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "144.800 000 MHz",             "= 144.800 000 MHz",                  "144800000"},
