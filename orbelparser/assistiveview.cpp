@@ -60,6 +60,16 @@ QAccessible::State AssistiveView::state() const
     return state;
 }
 
+/// In a window that is not active, Qt's own view of the widget that will have the focus asks the view in its place, which
+/// is this: without an answer from it, Qt takes the widget itself.
+QAccessibleInterface *AssistiveView::focusChild() const
+{
+    if (AsksForFocus)
+        return nullptr;
+    const QScopedValueRollback<bool> asks(AsksForFocus, true);
+    return Inner()->focusChild();
+}
+
 QVector<QPair<QAccessibleInterface *, QAccessible::Relation>> AssistiveView::relations(
     QAccessible::Relation match) const
 {

@@ -20,7 +20,7 @@ public:
     QWindow *window() const override { return Inner()->window(); }
     QVector<QPair<QAccessibleInterface *, QAccessible::Relation>> relations(
         QAccessible::Relation match = QAccessible::AllRelations) const override;
-    QAccessibleInterface *focusChild() const override { return Inner()->focusChild(); }
+    QAccessibleInterface *focusChild() const override;
     QAccessibleInterface *childAt(int x, int y) const override { return Inner()->childAt(x, y); }
     QAccessibleInterface *parent() const override { return Inner()->parent(); }
     QAccessibleInterface *child(int index) const override { return Inner()->child(index); }
@@ -45,6 +45,7 @@ private:
     QPointer<QWidget> Seen;
     /// Qt's own view of the widget; by its number, since at the end of the application Qt may delete that first.
     QAccessible::Id InnerId;
+    mutable bool AsksForFocus = false;
 };
 
 } // namespace KV218

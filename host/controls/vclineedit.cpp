@@ -248,6 +248,8 @@ void VCLineEdit::changeEvent(QEvent *event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         Mark.FollowPalette();
+    else if (event->type() == QEvent::LanguageChange)
+        TellTyping();
     else if (event->type() == QEvent::LocaleChange && Type == ekFrequency && !IsEditing())
         ShowNode();
 }
