@@ -12,6 +12,7 @@
 #include <QTextDocumentFragment>
 
 #include <algorithm>
+#include <utility>
 
 namespace KV218
 {
@@ -66,19 +67,58 @@ bool IsRefused(const QWidget *widget)
 
 } // namespace
 
+/// Qt makes a view of each widget that is shown, though no tool listens yet; that of its own is the cheapest. When a
+/// tool comes, the forms' views take their places.
+class Assistive::Listening : public QAccessible::ActivationObserver
+{
+public:
+    static Listening &Instance()
+    {
+        static Listening listening;
+        return listening;
+    }
+    void Start()
+    {
+        IsOn = QAccessible::isActive();
+        QAccessible::installActivationObserver(this);
+        QAccessible::installFactory(&AssistiveView::Make);
+    }
+    /// The library may be unloaded after this.
+    void Stop()
+    {
+        QAccessible::removeFactory(&AssistiveView::Make);
+        QAccessible::removeActivationObserver(this);
+    }
+    void accessibilityActiveChanged(bool active) override
+    {
+        if (!std::exchange(IsOn, active) && active) {
+            for (const QWidget *form : Forms().keys()) {
+                for (QWidget *widget : form->findChildren<QWidget *>())
+                    AssistiveView::Renew(widget);
+            }
+        }
+    }
+
+    bool IsOn = false;
+};
+
+bool Assistive::IsHeard()
+{
+    return Listening::Instance().IsOn;
+}
+
 Assistive::Assistive(QWidget *form) : QObject(form), Form(form)
 {
     if (Forms().isEmpty())
-        QAccessible::installFactory(&AssistiveView::Make);
+        Listening::Instance().Start();
     Forms().insert(form, this);
 }
 
 Assistive::~Assistive()
 {
     Forms().remove(Form);
-    // The library may be unloaded when no form stands any more.
     if (Forms().isEmpty())
-        QAccessible::removeFactory(&AssistiveView::Make);
+        Listening::Instance().Stop();
 }
 
 void Assistive::Add(OrbelDelegate *delegate)
@@ -91,7 +131,7 @@ void Assistive::PropertyChanged(OrbelDelegate *delegate, const QString &property
 {
     static const QSet<QString> told{prop::LabelText, prop::ToolTip, prop::Text, prop::Minimum, prop::Maximum,
         prop::Suffix, prop::Unit, prop::Decimals, prop::DisplayScalingFactor};
-    if (!QAccessible::isActive() || !told.contains(property))
+    if (!IsHeard() || !told.contains(property))
         return;
     // A delegate acts on its new properties after this.
     QMetaObject::invokeMethod(

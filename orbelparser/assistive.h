@@ -31,6 +31,8 @@ public:
     /// Tells tools that listen to ask again for what follows from a property of a control.
     static void PropertyChanged(OrbelDelegate *delegate, const QString &property);
 
+    /// Whether a tool listens.
+    static bool IsHeard();
     /// Speaks for the form in which a widget stands; null for a widget in none.
     static Assistive *Of(const QWidget *widget);
     /// `own` is what Qt would say.
@@ -40,6 +42,7 @@ public:
     QVector<QWidget *> LabelledBy(const RowLabel *label) const;
 
 private:
+    class Listening;
     struct Shown {
         const OrbelDelegate *Delegate = nullptr;
         Face Of;

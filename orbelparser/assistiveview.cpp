@@ -12,7 +12,7 @@ QAccessibleInterface *AssistiveView::Make(const QString &, QObject *object)
 {
     static const QObject *asking = nullptr;
     auto *widget = qobject_cast<QWidget *>(object);
-    if (!widget || widget == asking || !Assistive::Of(widget))
+    if (!Assistive::IsHeard() || !widget || widget == asking || !Assistive::Of(widget))
         return nullptr;
     const QScopedValueRollback<const QObject *> forQtsOwn(asking, widget);
     QAccessibleInterface *const inner = QAccessible::queryAccessibleInterface(widget);
@@ -22,6 +22,13 @@ QAccessibleInterface *AssistiveView::Make(const QString &, QObject *object)
     auto *view = new AssistiveView(QAccessible::uniqueId(inner));
     view->Seen = widget;
     return view;
+}
+
+void AssistiveView::Renew(QWidget *widget)
+{
+    QAccessibleInterface *const view = QAccessible::queryAccessibleInterface(widget);
+    if (view && !dynamic_cast<AssistiveView *>(view))
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(view));
 }
 
 /// Qt keeps one view in the place of a widget, and to make the place free it deletes what it finds under a number. So
@@ -60,8 +67,8 @@ QAccessible::State AssistiveView::state() const
     return state;
 }
 
-/// In a window that is not active, Qt's own view of the widget that will have the focus asks the view in its place, which
-/// is this: without an answer from it, Qt takes the widget itself.
+/// In a window that is not active, Qt's own view of the widget that will have the focus asks the view in its place,
+/// which is this: without an answer from it, Qt takes the widget itself.
 QAccessibleInterface *AssistiveView::focusChild() const
 {
     if (AsksForFocus)

@@ -14,6 +14,8 @@ class AssistiveView : public QAccessibleInterface
 public:
     /// For QAccessible::installFactory().
     static QAccessibleInterface *Make(const QString &className, QObject *object);
+    /// Puts one in the place of Qt's own view of a widget in a form.
+    static void Renew(QWidget *widget);
 
     bool isValid() const override { return Seen && Inner()->isValid(); }
     QObject *object() const override { return Seen; }

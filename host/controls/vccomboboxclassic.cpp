@@ -133,6 +133,12 @@ void VCComboBoxClassic::changeEvent(QEvent *event)
     // A host may have added rows of its own.
     for (int i = 0; i < qMin(count(), Names.size()); ++i)
         setItemText(i, Translated(Context, Names.at(i)));
+    if (sizeAdjustPolicy() != AdjustToContentsOnFirstShow)
+        return;
+    // The base class keeps the room for the texts of the first show until the policy is another one.
+    setSizeAdjustPolicy(AdjustToContents);
+    setSizeAdjustPolicy(AdjustToContentsOnFirstShow);
+    Hint = QSize();
 }
 
 void VCComboBoxClassic::WriteNode()

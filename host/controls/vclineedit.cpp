@@ -15,24 +15,20 @@
 
 #include <cmath>
 
-namespace
-{
-
 /// Tells a field whether it may commit a text; any other may stand there while it is typed.
-class FrequencyValidator : public QValidator
+class VCLineEdit::FrequencyValidator : public QValidator
 {
 public:
     explicit FrequencyValidator(VCLineEdit *field) : QValidator(field), Field(field) { }
     State validate(QString &text, int &) const override
     {
-        return Field->GetReader().Read(text).IsNumber() ? Acceptable : Intermediate;
+        // Nobody asks about the node's text now, and reading it would cost each field that a form opens with.
+        return !Field->Showing && Field->GetReader().Read(text).IsNumber() ? Acceptable : Intermediate;
     }
 
 private:
     VCLineEdit *Field;
 };
-
-} // namespace
 
 VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : QLineEdit(parent), Type(type)
 {
@@ -222,9 +218,10 @@ void VCLineEdit::StepOnGrid(int direction)
     auto *node = dynamic_cast<IValueNumeric *>(BoundNode());
     if (!node)
         return;
-    const double place = WithoutNoise(node->GetValue() / StepGrid);
+    const double grid = Type == ekFrequency && GetReader().IsWhole ? std::max(1.0, std::round(StepGrid)) : StepGrid;
+    const double place = WithoutNoise(node->GetValue() / grid);
     const double next = direction > 0 ? std::floor(place) + 1 : std::ceil(place) - 1;
-    const double target = qBound(node->GetMin(), WithoutNoise(next * StepGrid), node->GetMax());
+    const double target = qBound(node->GetMin(), WithoutNoise(next * grid), node->GetMax());
     if (target != node->GetValue() && WriteNode([&] { node->SetValue(target, this); }))
         ShowNode();
 }

@@ -54,7 +54,8 @@ public:
     void setMaxLength(int length);
 
     /// Has Up and Down set the node to the next multiple of `grid` above or below, within its limits; in the node's
-    /// units. 0, as at the start, leaves these keys alone, and so does a field whose node holds no number.
+    /// units, and at least 1 Hz in a field of whole hertz. 0, as at the start, leaves these keys alone, and so does a
+    /// field whose node holds no number.
     void SetStepGrid(double grid) { StepGrid = grid; }
 
     /// As endEdit(). False when somebody who heard of it has deleted the field.
@@ -97,6 +98,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    class FrequencyValidator;
+
     bool IsPending() const { return !Showing && (text() != Shown || NodeWaits); }
     bool Commit(const QString &typed);
     bool WriteTyped(const QString &typed);

@@ -71,7 +71,7 @@ VCLineEdit *OrbelFrequencyRangeEdit::NewEdit(
     edit->SetWholeHertz(true);
     edit->SetValueBase(node);
     SetOwnToolTip(edit, {QLatin1String(toolTip), QString(), QString(), staticMetaObject.className()});
-    edit->SetStepGrid(LimitsForNode().Step);
+    edit->SetStepGrid(GetDouble(prop::SingleStep, 1.0));
     PropagateProperties(edit);
     layout->addWidget(edit);
     return edit;
@@ -146,7 +146,7 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
         WriteNodes(name, value);
     for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
         if (edit && name == prop::SingleStep)
-            edit->SetStepGrid(LimitsForNode().Step);
+            edit->SetStepGrid(GetDouble(prop::SingleStep, 1.0));
     }
     PropagateProperty(name, startEdit);
     PropagateProperty(name, stopEdit);

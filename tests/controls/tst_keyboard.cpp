@@ -38,6 +38,8 @@ struct AllControls {
 
 QAccessibleInterface *Heard(QWidget *widget)
 {
+    // A tool comes when the form is there.
+    QAccessible::setActive(true);
     return QAccessible::queryAccessibleInterface(widget);
 }
 
@@ -65,6 +67,7 @@ struct Curious : QObject {
         heard->text(QAccessible::Name);
         heard->text(QAccessible::Description);
         heard->relations();
+        heard->focusChild();
         for (int i = 0; i < heard->childCount(); ++i)
             heard->indexOfChild(heard->child(i));
         return false;
@@ -361,6 +364,8 @@ private Q_SLOTS:
         QTest::newRow("down to the next") << grid << int(Qt::Key_Down) << 145500000.0;
         QTest::newRow("from one to the next")
             << QStringList{"value=Int64:145500000", "singleStep=Double:25000"} << int(Qt::Key_Down) << 145475000.0;
+        QTest::newRow("a grid below whole hertz")
+            << QStringList{"value=Int64:1000", "singleStep=Double:0.4"} << int(Qt::Key_Down) << 999.0;
         QTest::newRow("within the limits")
             << QStringList{"value=Int64:145525000", "singleStep=Double:25000", "maximum=Int64:145530000"}
             << int(Qt::Key_Up) << 145530000.0;
