@@ -65,7 +65,7 @@ NumberReader VCLineEdit::GetReader() const
 void VCLineEdit::TellTyping()
 {
     if (Type == ekFrequency)
-        Mark.Show(IsPending() ? GetReader().Read(text()) : TypedNumber());
+        Mark.Show(IsPending() && !isReadOnly() ? GetReader().Read(text()) : TypedNumber());
 }
 
 bool VCLineEdit::SetValueBase(ValueBase *node)
@@ -245,7 +245,8 @@ void VCLineEdit::changeEvent(QEvent *event)
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         Mark.FollowPalette();
-    else if (event->type() == QEvent::LanguageChange)
+    else if (event->type() == QEvent::LanguageChange || event->type() == QEvent::ReadOnlyChange)
+        // A lock has colours of its own, with which the red would take turns without an end.
         TellTyping();
     else if (event->type() == QEvent::LocaleChange && Type == ekFrequency && !IsEditing())
         ShowNode();
