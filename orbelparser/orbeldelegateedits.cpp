@@ -124,15 +124,15 @@ void OrbelDelegate::JoinAct(const Observable *node)
         return;
     const auto before = std::make_shared<QVariantList>();
     const int session = act->GetSession();
-    const auto record = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore,
-                            outerActs = ActsBefore] {
-        if (!self)
-            return;
-        const Call call(this);
-        EditsBefore = outer;
-        ActsBefore = outerActs;
-        Form().Record(*before, session);
-    };
+    const auto record
+        = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore, outerActs = ActsBefore] {
+              if (!self)
+                  return;
+              const Call call(this);
+              EditsBefore = outer;
+              ActsBefore = outerActs;
+              Form().Record(*before, session);
+          };
     if (!act->AtEnd(this, record))
         return;
     for (const ValueBase *own : GetNodes())

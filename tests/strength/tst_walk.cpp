@@ -174,7 +174,8 @@ private:
         for (const QString &stroke : qAsConst(typed)) {
             field = QApplication::focusWidget() ? QApplication::focusWidget() : live.window.get();
             Note("type into " + field->objectName() + ": " + stroke);
-            const bool commits = stroke == "Return" || stroke == "Tab" || stroke == "Finish";
+            // While a menu is open, the window hears of keys what its field does not.
+            const bool commits = stroke == "Finish" || ((stroke == "Return" || stroke == "Tab") && HasFocus(field));
             const std::function<void()> check = commits ? ArrivalOf(field) : nullptr;
             if (stroke == "Finish")
                 live.form->FinishEditing();
@@ -185,7 +186,7 @@ private:
             if (check)
                 check();
             // What is refused stays typed, and new limits may make it right.
-            QWidget *focus = QApplication::focusWidget();
+            QWidget *focus = live.window->focusWidget();
             Typed = commits && !IsRefused(focus) ? nullptr : focus;
         }
         return Road::Operator;
