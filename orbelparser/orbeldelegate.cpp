@@ -419,6 +419,7 @@ void OrbelDelegate::Update(Observable *subject, TChangeCode code)
     const Call call(this);
     JoinAct(subject);
     NodeChanged(subject, code);
+    LeaveToOthers(subject);
     if (Applied)
         Form().Note();
 }

@@ -389,6 +389,8 @@ private:
     QString InLanguage(const ToolTipText &text) const;
     void SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest);
 
+    /// What others set in one of the nodes, while the operator sets another one, is no part of his change.
+    void LeaveToOthers(const Observable *node);
     ValueBase *LastLiveNode() const;
     void MoveNodes(const QString &formerName);
     template <class Node> Node *Enter(Node *node, bool keepRefused = false);
@@ -428,6 +430,8 @@ private:
     eApplyMode ApplyMode = eApplyMode(0);
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
+    /// The same while the operator sets a node of the control's.
+    QVariantList *ActsBefore = nullptr;
     std::unique_ptr<QVariantList> Applied;
     /// The sheet was active at a change: what a form's script sets at its start is none.
     bool ChangeShows = false;

@@ -124,18 +124,32 @@ void OrbelDelegate::JoinAct(const Observable *node)
         return;
     const auto before = std::make_shared<QVariantList>();
     const int session = act->GetSession();
-    const auto record = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore] {
-        if (!self)
-            return;
-        const Call call(this);
-        EditsBefore = outer;
-        Form().Record(*before, session);
-    };
+    const auto record
+        = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore, outerActs = ActsBefore] {
+              if (!self)
+                  return;
+              const Call call(this);
+              EditsBefore = outer;
+              ActsBefore = outerActs;
+              Form().Record(*before, session);
+          };
     if (!act->AtEnd(this, record))
         return;
     for (const ValueBase *own : GetNodes())
         before->append(own == node ? act->GetBefore() : own->GetStringValue());
     EditsBefore = before.get();
+    ActsBefore = before.get();
+}
+
+void OrbelDelegate::LeaveToOthers(const Observable *node)
+{
+    if (!ActsBefore || OperatorAct::On(node))
+        return;
+    const auto nodes = GetNodes();
+    for (int i = 0; i < nodes.size() && i < ActsBefore->size(); ++i) {
+        if (nodes.at(i) == node)
+            (*ActsBefore)[i] = nodes.at(i)->GetStringValue();
+    }
 }
 
 void OrbelDelegate::MarkTyping()

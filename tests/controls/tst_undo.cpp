@@ -286,6 +286,19 @@ private Q_SLOTS:
         QCOMPARE(live.Get("text")->property("text").toString(), QString("g12"));
     }
 
+    void anItemThatAScriptSetsIsNotRecorded()
+    {
+        Live live(Control("list", "SpinBoxList", {"itemCount=Int:2", "maximum=Int:99", "value=Int:1"}));
+        live.form->EvaluateScript("list['valueChanged(int,int)'].connect(function (i, v) {"
+                                  "if (i == 0 && v == 7) list.setItemValue(1, 42); });");
+        auto *item = live.Find("list")->findChild<VCNumericFloatSpin *>();
+        Type(item, "7");
+        QTest::keyClick(item, Qt::Key_Return);
+        QCOMPARE(live.form->GetUndoStack()->undoText(), QString::fromUtf8("LIST 1: 1 \u2192 7"));
+        Undo(live);
+        QCOMPARE(live.Get("list")->GetEdits(), (QVariantList{"1", "42"}));
+    }
+
     void whatOthersSetSinceStays()
     {
         Live live(Receiver());

@@ -174,7 +174,8 @@ private:
         for (const QString &stroke : qAsConst(typed)) {
             field = QApplication::focusWidget() ? QApplication::focusWidget() : live.window.get();
             Note("type into " + field->objectName() + ": " + stroke);
-            const bool commits = stroke == "Return" || stroke == "Tab" || stroke == "Finish";
+            // While a menu is open, the window hears of keys what its field does not.
+            const bool commits = stroke == "Finish" || ((stroke == "Return" || stroke == "Tab") && HasFocus(field));
             const std::function<void()> check = commits ? ArrivalOf(field) : nullptr;
             if (stroke == "Finish")
                 live.form->FinishEditing();
@@ -184,7 +185,9 @@ private:
                 QTest::keySequence(field, QKeySequence(stroke));
             if (check)
                 check();
-            Typed = commits ? nullptr : QApplication::focusWidget();
+            // What is refused stays typed, and new limits may make it right.
+            QWidget *focus = live.window->focusWidget();
+            Typed = commits && !IsRefused(focus) ? nullptr : focus;
         }
         return Road::Operator;
     }
@@ -397,13 +400,13 @@ private:
     }
     /// A menu that is open takes the focus from no field.
     static bool HasFocus(const QWidget *field) { return field->window()->focusWidget() == field; }
-    bool IsPending(const QWidget *field) const
+    static bool IsRefused(const QWidget *field)
     {
         const auto *edit = qobject_cast<const QLineEdit *>(field);
         const auto *spin = qobject_cast<const VCNumericFloatSpin *>(field);
-        const bool isRefused = (edit && !edit->hasAcceptableInput()) || (spin && !spin->IsReadable());
-        return HasFocus(field) && (field == Typed || isRefused);
+        return (edit && !edit->hasAcceptableInput()) || (spin && !spin->IsReadable());
     }
+    bool IsPending(const QWidget *field) const { return HasFocus(field) && (field == Typed || IsRefused(field)); }
     /// Tells later whether what stands in a field now has reached the node; null where it need not.
     std::function<void()> ArrivalOf(const QWidget *field)
     {
