@@ -347,10 +347,6 @@
         <source>below %1: %1 is taken</source>
         <translation>unter %1: %1 gilt</translation>
     </message>
-    <message>
-        <source>no number</source>
-        <translation>keine Zahl</translation>
-    </message>
 </context>
 <context>
     <name>VCFrequency</name>

@@ -187,12 +187,8 @@ QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) co
 void TypedSpinBox::TellReading()
 {
     const QString text = lineEdit()->text();
-    const TypedNumber number = ReadText(text);
-    const bool wrong = number.State == QValidator::Invalid || (IsFinal && !number.IsNumber());
-    QString note = NoteFor(number, text);
-    if (wrong && note.isEmpty())
-        note = tr("no number");
-    Mark.Show(note, wrong);
+    const TypedNumber number = IsFinal ? ReadText(text).AsFinal() : ReadText(text);
+    Mark.Show(NoteFor(number, text), number.State == QValidator::Invalid);
 }
 
 void TypedSpinBox::changeEvent(QEvent *event)
@@ -200,6 +196,8 @@ void TypedSpinBox::changeEvent(QEvent *event)
     QDoubleSpinBox::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         Mark.FollowPalette();
+    else if (event->type() == QEvent::LanguageChange && IsTyping())
+        TellReading();
 }
 
 void TypedSpinBox::keyPressEvent(QKeyEvent *event)

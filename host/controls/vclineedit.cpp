@@ -68,6 +68,12 @@ void VCLineEdit::TellTyping()
         Mark.Show(IsPending() && !isReadOnly() ? GetReader().Read(text()) : TypedNumber());
 }
 
+void VCLineEdit::TellRefused()
+{
+    if (Type == ekFrequency && IsPending())
+        Mark.Show(GetReader().Read(text()).AsFinal());
+}
+
 bool VCLineEdit::SetValueBase(ValueBase *node)
 {
     const bool bound = Node.Bind(node);
@@ -174,7 +180,10 @@ bool VCLineEdit::FinishEdit()
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
     if (!IsPending() || !mayCommit)
         return ShowNode();
-    return !hasAcceptableInput() || Commit(text());
+    if (hasAcceptableInput())
+        return Commit(text());
+    Late.RequestLater(&VCLineEdit::TellRefused);
+    return true;
 }
 
 void VCLineEdit::DropEdit()

@@ -114,6 +114,7 @@ private:
     void TellChanged() { Q_EMIT signalTextChanged(text()); }
     void TakeFrequencies();
     void TellTyping();
+    void TellRefused();
 
     NodeBinding<ValueBase> Node{this};
     LateActs<VCLineEdit> Late{this};

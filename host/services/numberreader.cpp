@@ -142,6 +142,16 @@ NumberReader NumberReader::OfHertz(const QLocale &locale)
     return reader;
 }
 
+TypedNumber TypedNumber::AsFinal() const
+{
+    TypedNumber final = *this;
+    if (State == QValidator::Intermediate) {
+        final.State = QValidator::Invalid;
+        final.Text = NumberReader::tr("no number");
+    }
+    return final;
+}
+
 TypedNumber NumberReader::Read(const QString &text) const
 {
     QString number = Plain(text);

@@ -21,6 +21,8 @@ struct ORBEL_HOST_EXPORT TypedNumber {
     /// When acceptable, the number as it was understood: "145.500 000 MHz". When invalid, why: "above 26.5 GHz".
     QString Text;
 
+    /// The same for an edit that is to end now: what may become a number by typing on is none.
+    TypedNumber AsFinal() const;
     bool IsNumber() const { return State == QValidator::Acceptable; }
     /// The line for FieldNote: "= 145.500 000 MHz", the reason, or nothing.
     QString Note() const { return IsNumber() ? QStringLiteral("= ") + Text : Text; }
