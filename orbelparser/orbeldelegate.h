@@ -17,6 +17,7 @@
 #include <QObject>
 #include <QPair>
 #include <QPointer>
+#include <QSet>
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
@@ -213,6 +214,21 @@ public:
         const Call Running;
         OrbelDelegate *Delegate;
         QVariantList Before;
+    };
+
+    /// Stands while a control tells that its values at `indices` of GetEdits() have changed. What changes meanwhile is
+    /// the work of those who hear of it, and no part of the operator's change.
+    class EditNotice
+    {
+    public:
+        EditNotice(OrbelDelegate *delegate, const QSet<int> &indices);
+        ~EditNotice() { --Delegate->Notices; }
+        EditNotice(const EditNotice &) = delete;
+        EditNotice &operator=(const EditNotice &) = delete;
+
+    private:
+        const Call Running;
+        OrbelDelegate *const Delegate;
     };
 
     /// Makes this a part of a form.
@@ -432,6 +448,9 @@ private:
     const QVariantList *EditsBefore = nullptr;
     /// The same while the operator sets a node of the control's.
     QVariantList *ActsBefore = nullptr;
+    /// The indices that notices have named in a change of the operator's, and how many notices run.
+    QSet<int> OwnEdits;
+    int Notices = 0;
     std::unique_ptr<QVariantList> Applied;
     /// The sheet was active at a change: what a form's script sets at its start is none.
     bool ChangeShows = false;

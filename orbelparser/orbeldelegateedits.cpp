@@ -13,6 +13,8 @@
 
 #include <memory>
 
+#include <utility>
+
 namespace KV218
 {
 
@@ -168,6 +170,7 @@ OrbelDelegate::OperatorChange::OperatorChange(OrbelDelegate *delegate) : Running
     }
     Before = Delegate->GetEdits();
     Delegate->EditsBefore = &Before;
+    Delegate->OwnEdits.clear();
 }
 
 OrbelDelegate::OperatorChange::~OperatorChange()
@@ -175,7 +178,20 @@ OrbelDelegate::OperatorChange::~OperatorChange()
     if (!Delegate)
         return;
     Delegate->EditsBefore = nullptr;
+    const QVariantList now = Delegate->GetEdits();
+    const QSet<int> own = std::exchange(Delegate->OwnEdits, {});
+    for (int i = 0; i < Before.size() && i < now.size() && !own.isEmpty(); ++i) {
+        if (!own.contains(i))
+            Before[i] = now.at(i);
+    }
     Delegate->Form().Record(Before, 0);
+}
+
+OrbelDelegate::EditNotice::EditNotice(OrbelDelegate *delegate, const QSet<int> &indices)
+    : Running(delegate), Delegate(delegate)
+{
+    if (Delegate->Notices++ == 0 && Delegate->EditsBefore)
+        Delegate->OwnEdits += indices;
 }
 
 } // namespace KV218

@@ -225,7 +225,7 @@ void OrbelChannelSpacingTable::sl_cellChanged(int row, int)
         return;
     const double value = item->data(Qt::DisplayRole).toDouble();
     Spacings[row] = value;
-    const Call call(this);
+    const EditNotice notice(this, {row});
     setModified(true);
     Q_EMIT spacingChanged(row);
     Q_EMIT spacingValueChanged(row, value);

@@ -159,7 +159,7 @@ void OrbelTable::sl_cellChanged(int row, int column)
     // Meant: the row alone is the place in the flat list, so an edit in several columns lands in the first rows.
     if (row >= 0 && row < Cells.size())
         Cells[row] = item->data(Qt::DisplayRole);
-    const Call call(this);
+    const EditNotice notice(this, {row, Cells.size() + row * ColumnCount + column});
     setModified(true);
     Q_EMIT cellChanged(row, column);
 }

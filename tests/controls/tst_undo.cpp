@@ -299,6 +299,24 @@ private Q_SLOTS:
         QCOMPARE(live.Get("list")->GetEdits(), (QVariantList{"1", "42"}));
     }
 
+    void aCellThatAScriptSetsIsNotRecorded()
+    {
+        Live live(Control("t", "ChannelSpacingTable", {"spacingsCount=Int:3"}));
+        live.form->EvaluateScript(
+            "t.spacingValueChanged.connect(function (row) { if (row == 0) t.setSpacingValue(2, 33); });");
+        auto *table = qobject_cast<QTableWidget *>(live.Find("t"));
+        table->setCurrentCell(0, 0);
+        table->setFocus();
+        QTest::keyClick(table, Qt::Key_F2);
+        QWidget *editor = table->viewport()->findChild<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        QTest::keyClicks(editor, "20");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(live.form->GetUndoStack()->count(), 1);
+        QVERIFY(!live.form->GetUndoStack()->undoText().contains("33"));
+        Undo(live);
+        QCOMPARE(live.Get("t")->GetEdits(), (QVariantList{0.0, 0.0, 33.0}));
+    }
+
     void whatOthersSetSinceStays()
     {
         Live live(Receiver());
