@@ -200,7 +200,12 @@ QVector<peer::ItemSize> SizesOf(const FloatGroupLayout *layout)
 bool IsPlaced(const FloatGroupLayout *layout, const QVector<QRect> &rectangles)
 {
     for (int i = 0; i < layout->count(); ++i) {
-        if (layout->itemAt(i)->geometry() != rectangles.at(i))
+        QLayoutItem *item = layout->itemAt(i);
+        QRect place = item->geometry();
+        // A label takes the height that its text needs, whatever it was arranged with.
+        if (qobject_cast<RowLabel *>(item->widget()))
+            place.setHeight(rectangles.at(i).height());
+        if (place != rectangles.at(i))
             return false;
     }
     return true;
