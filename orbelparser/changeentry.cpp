@@ -10,7 +10,12 @@
 namespace KV218
 {
 
-ChangeEntry::ChangeEntry(const QString &text, int session) : QUndoCommand(text), Session(session) { }
+ChangeEntry::ChangeEntry(const QString &text) : QUndoCommand(text), Session(0), Spelled(true) { }
+
+ChangeEntry::ChangeEntry(const OrbelDelegate *control, int session)
+    : QUndoCommand(control->GetCaption()), Session(session), Spelled(false)
+{
+}
 
 void ChangeEntry::Add(OrbelDelegate *control, const QVariantList &before, const QVariantList &after)
 {
@@ -18,6 +23,26 @@ void ChangeEntry::Add(OrbelDelegate *control, const QVariantList &before, const 
         if (!OrbelDelegate::IsSameEdit(before.at(i), after.at(i)))
             Parts.append({control, i, before.at(i), after.at(i)});
     }
+}
+
+bool ChangeEntry::Spell()
+{
+    if (std::exchange(Spelled, true))
+        return false;
+    const OrbelDelegate *control = Parts.first().Control;
+    if (!control)
+        return true;
+    QVariantList before = control->GetEdits();
+    QVariantList after = before;
+    for (const Part &part : qAsConst(Parts)) {
+        // A list of the control may have become shorter.
+        if (part.Index >= before.size())
+            return true;
+        before[part.Index] = part.Before;
+        after[part.Index] = part.After;
+    }
+    setText(control->SpellChange(before, after));
+    return true;
 }
 
 bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
@@ -53,7 +78,7 @@ bool ChangeEntry::mergeWith(const QUndoCommand *next)
     if (!follows)
         return false;
     own.After = further.After;
-    setText(own.Control->SpellChange({own.Before}, {own.After}));
+    Spelled = false;
     setObsolete(OrbelDelegate::IsSameEdit(own.Before, own.After));
     return true;
 }

@@ -11,6 +11,8 @@
 #include "valuenumeric.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QMap>
@@ -393,6 +395,7 @@ private:
 
     static bool IsSame(const QVariant &value, const QVariant &before);
     void KeepApplied();
+    QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
@@ -428,7 +431,7 @@ private:
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
     /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
-    QHash<QString, QVariant> Stated;
+    std::vector<std::pair<QString, QVariant>> Stated;
     /// While a set is told to nobody.
     bool Quiet = false;
     /// The property that EnableProperty() forces while the delegate has no value of its own for it.

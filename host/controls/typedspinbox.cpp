@@ -49,7 +49,18 @@ QString TypedSpinBox::textFromValue(double number) const
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    return FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), locale().decimalPoint());
+    Spelled = FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), locale().decimalPoint());
+    SpelledNumber = number;
+    return Spelled;
+}
+
+/// Whether a text is what the box has just spelled for its value, which need not be read to be known.
+bool TypedSpinBox::IsOwnText(const QString &text) const
+{
+    const int behind = prefix().size() + Spelled.size();
+    return SpelledNumber == value() && specialValueText().isEmpty() && text.size() == behind + suffix().size()
+        && text.startsWith(prefix()) && text.endsWith(suffix())
+        && text.midRef(prefix().size(), Spelled.size()) == Spelled;
 }
 
 bool TypedSpinBox::IsFrequency() const
@@ -72,9 +83,9 @@ QValidator::State TypedSpinBox::validate(QString &text, int &position) const
 {
     // Nothing is typed behind the suffix, which would stand there twice then.
     position = std::min(position, EndOfNumber(text));
-    const TypedNumber number = ReadText(text);
+    const double shown = IsOwnText(text) ? value() : ReadText(text).Shown;
     const auto [lowest, highest] = TypedRange();
-    const bool inside = number.IsNumber() && number.Shown >= lowest && number.Shown <= highest;
+    const bool inside = shown >= lowest && shown <= highest;
     return inside ? QValidator::Acceptable : QValidator::Intermediate;
 }
 

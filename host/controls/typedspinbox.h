@@ -58,6 +58,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    bool IsOwnText(const QString &text) const;
     bool IsFrequency() const;
     bool WritesBlank() const;
     std::optional<int> ShownPower() const;
@@ -71,6 +72,9 @@ private:
     void KeepCursorInNumber();
 
     QString Unit;
+    // What was spelled last, of which number.
+    mutable QString Spelled;
+    mutable double SpelledNumber = 0;
     // An edit should have ended, so that what might become a number by typing on is wrong, too.
     bool IsFinal = false;
     TypingMark Mark{this};
