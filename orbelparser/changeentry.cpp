@@ -21,7 +21,7 @@ void ChangeEntry::Add(OrbelDelegate *control, const QVariantList &before, const 
 {
     for (int i = 0; i < before.size() && before.size() == after.size(); ++i) {
         if (!OrbelDelegate::IsSameEdit(before.at(i), after.at(i)))
-            Parts.append({control, i, before.at(i), after.at(i)});
+            Parts.append({control, i, control->GetEditShape(), before.at(i), after.at(i)});
     }
 }
 
@@ -47,7 +47,8 @@ bool ChangeEntry::Spell()
 
 bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
 {
-    return Index < values.size() && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
+    return Shape == Control->GetEditShape() && Index < values.size()
+        && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
 }
 
 bool ChangeEntry::Stands(bool back) const

@@ -42,6 +42,7 @@ private:
     struct Part {
         QPointer<OrbelDelegate> Control;
         int Index;
+        int Shape;
         QVariant Before;
         QVariant After;
 

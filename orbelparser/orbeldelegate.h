@@ -126,6 +126,9 @@ public:
 
     /// The values that the operator changes by this control. The base gives the texts of the nodes.
     virtual QVariantList GetEdits() const;
+    /// What the places of these values depend on; with another one they are other values. The base counts nodes, of
+    /// which one that is withdrawn leaves its place to the next.
+    virtual int GetEditShape() const { return GetNodes().size(); }
     /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left
     /// alone.
     virtual void PutEdits(const QVariantList &values);

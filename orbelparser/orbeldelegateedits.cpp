@@ -28,10 +28,11 @@ QVariantList OrbelDelegate::GetEdits() const
 
 void OrbelDelegate::PutEdits(const QVariantList &values)
 {
-    // Whoever hears of one node may end the others.
-    for (int i = 0; i < values.size(); ++i) {
+    const QVariantList before = GetEdits();
+    // Whoever hears of one node may end the others, or set them, which stays.
+    for (int i = 0; i < values.size() && i < before.size(); ++i) {
         const auto nodes = GetNodes();
-        if (i < nodes.size() && nodes.at(i)->GetStringValue() != values.at(i).toString())
+        if (i < nodes.size() && before.at(i) != values.at(i))
             nodes.at(i)->SetStringValue(values.at(i).toString(), nullptr);
     }
 }
@@ -126,15 +127,16 @@ void OrbelDelegate::JoinAct(const Observable *node)
         return;
     const auto before = std::make_shared<QVariantList>();
     const int session = act->GetSession();
-    const auto record
-        = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore, outerActs = ActsBefore] {
-              if (!self)
-                  return;
-              const Call call(this);
-              EditsBefore = outer;
-              ActsBefore = outerActs;
-              Form().Record(*before, session);
-          };
+    const auto record = [this, self = QPointer<OrbelDelegate>(this), node, before, session, outer = EditsBefore,
+                            outerActs = ActsBefore] {
+        if (!self)
+            return;
+        const Call call(this);
+        EditsBefore = outer;
+        ActsBefore = outerActs;
+        LeaveToOthers(node);
+        Form().Record(*before, session);
+    };
     if (!act->AtEnd(this, record))
         return;
     for (const ValueBase *own : GetNodes())

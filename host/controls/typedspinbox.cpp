@@ -34,11 +34,12 @@ bool TypedSpinBox::Finish()
     return !IsFinal;
 }
 
-bool TypedSpinBox::Enter(const QString &text)
+bool TypedSpinBox::Enter(const QString &text, QString *note)
 {
     NumberReader reader = Reader();
     reader.Decimals = std::numeric_limits<int>::max();
     const TypedNumber number = reader.Read(WithoutPrefix(text));
+    *note = LimitNote(number);
     if (number.IsNumber())
         setProperty("value", number.Shown);
     return number.IsNumber();
@@ -185,14 +186,22 @@ QString TypedSpinBox::SpellShown(double shown) const
     return reader.Spell(WithoutNoise(shown * std::pow(10.0, reader.ShownPower)));
 }
 
-QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) const
+/// Which limit is taken for a number; nothing for one within them, and for what is no number.
+QString TypedSpinBox::LimitNote(const TypedNumber &number) const
 {
     const auto [lowest, highest] = TypedRange();
-    if (number.IsNumber() && number.Shown > highest)
+    if (number.Shown > highest)
         return tr("above %1: %1 is taken").arg(SpellShown(highest));
-    if (number.IsNumber() && number.Shown < lowest)
+    if (number.Shown < lowest)
         return tr("below %1: %1 is taken").arg(SpellShown(lowest));
-    return !number.IsNumber() || IsUnusual(text) ? number.Note() : QString();
+    return QString();
+}
+
+QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) const
+{
+    const QString limit = LimitNote(number);
+    const bool saysMore = !number.IsNumber() || IsUnusual(text);
+    return limit.isEmpty() && saysMore ? number.Note() : limit;
 }
 
 void TypedSpinBox::TellReading()

@@ -202,8 +202,12 @@ QVariantList OrbelChannelSpacingTable::GetEdits() const
 void OrbelChannelSpacingTable::PutEdits(const QVariantList &values)
 {
     const Call call(this);
-    for (int row = 0; row < values.size(); ++row)
-        setSpacingValue(row, values.at(row).toDouble());
+    const QVariantList before = GetEdits();
+    // What those set who hear of one row stays.
+    for (int row = 0; row < values.size() && row < before.size(); ++row) {
+        if (!IsSameEdit(before.at(row), values.at(row)))
+            setSpacingValue(row, values.at(row).toDouble());
+    }
 }
 
 QString OrbelChannelSpacingTable::SpellEdit(int, const QVariant &value) const

@@ -288,22 +288,42 @@ private Q_SLOTS:
 
     void anItemThatAScriptSetsIsNotRecorded()
     {
-        Live live(Control("list", "SpinBoxList", {"itemCount=Int:2", "maximum=Int:99", "value=Int:1"}));
+        Live live(Control("list", "SpinBoxList", {"itemCount=Int:3", "maximum=Int:99", "value=Int:1"}));
         live.form->EvaluateScript("list['valueChanged(int,int)'].connect(function (i, v) {"
-                                  "if (i == 0 && v == 7) list.setItemValue(1, 42); });");
-        auto *item = live.Find("list")->findChild<VCNumericFloatSpin *>();
-        Type(item, "7");
-        QTest::keyClick(item, Qt::Key_Return);
+                                  "if (i == 0) list.setItemValue(1, 6 * v); });");
+        const auto items = live.Find("list")->findChildren<VCNumericFloatSpin *>();
+        // A handler's event loop lets the operator go on.
+        live.log.Watch("list", live.Get("list"));
+        live.log.On("list.valueChanged(0", [&] {
+            Type(items.at(2), "8");
+            QTest::keyClick(items.at(2), Qt::Key_Return);
+        });
+        Type(items.at(0), "7");
+        QTest::keyClick(items.at(0), Qt::Key_Return);
         QTRY_COMPARE(live.form->GetUndoStack()->undoText(), QString::fromUtf8("LIST 1: 1 \u2192 7"));
         Undo(live);
-        QCOMPARE(live.Get("list")->GetEdits(), (QVariantList{"1", "42"}));
+        QVERIFY2(live.Get("list")->GetEdits() == QVariantList({"1", "6", "8"}), "the script follows back");
+    }
+
+    void cellsInAGridOfAnotherShape()
+    {
+        Live live(Control("t", "TableWidget", {"rowCount=Int:2", "columnCount=Int:2"}));
+        auto *table = live.Find<QTableWidget>("t");
+        TypeIntoCell(table, 0, 0, "a");
+        TypeIntoCell(table, 1, 1, "b");
+        live.form->EvaluateScript("t.setRowCount(3)");
+        Undo(live);
+        QVERIFY2(!table->item(1, 1), "more rows leave the places");
+        live.form->EvaluateScript("t.setColumnCount(3)");
+        Undo(live);
+        QVERIFY2(table->item(0, 0) && !live.form->GetUndoStack()->canUndo(), "more columns do not");
     }
 
     void aCellThatAScriptSetsIsNotRecorded()
     {
         Live live(Control("t", "ChannelSpacingTable", {"spacingsCount=Int:3"}));
         live.form->EvaluateScript(
-            "t.spacingValueChanged.connect(function (row) { if (row == 0) t.setSpacingValue(2, 33); });");
+            "t.spacingValueChanged.connect(function (row, v) { if (row == 0) t.setSpacingValue(2, 13 + v); });");
         auto *table = qobject_cast<QTableWidget *>(live.Find("t"));
         table->setCurrentCell(0, 0);
         table->setFocus();
@@ -314,7 +334,7 @@ private Q_SLOTS:
         QTRY_COMPARE(live.form->GetUndoStack()->count(), 1);
         QVERIFY(!live.form->GetUndoStack()->undoText().contains("33"));
         Undo(live);
-        QCOMPARE(live.Get("t")->GetEdits(), (QVariantList{0.0, 0.0, 33.0}));
+        QCOMPARE(live.Get("t")->GetEdits(), (QVariantList{0.0, 0.0, 13.0}));
     }
 
     void whatOthersSetSinceStays()
