@@ -124,7 +124,7 @@ bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iter
     }
     if (standing.isEmpty())
         return false;
-    control->PutEdits(values);
+    control->MoveEdits(values);
     // Limits and handlers may have made another value of it, which then counts for the way back.
     const QVariantList now = control->GetEdits();
     for (Part *part : qAsConst(standing)) {

@@ -132,6 +132,8 @@ public:
     /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left
     /// alone.
     virtual void PutEdits(const QVariantList &values);
+    /// The same to undo or redo a change. What a control that is not modified holds is what was applied.
+    void MoveEdits(const QVariantList &values);
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;

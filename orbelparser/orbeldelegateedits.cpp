@@ -11,12 +11,20 @@
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <memory>
-
 #include <utility>
 
 namespace KV218
 {
+
+/// A check box, say, cannot be, and takes no notice of the property.
+static bool IsReadOnly(const Face &face)
+{
+    const QWidget *widget = face.Widget;
+    return widget && widget->metaObject()->indexOfProperty(prop::ReadOnly.data()) >= 0
+        && widget->property(prop::ReadOnly.data()).toBool();
+}
 
 QVariantList OrbelDelegate::GetEdits() const
 {
@@ -35,6 +43,14 @@ void OrbelDelegate::PutEdits(const QVariantList &values)
         if (i < nodes.size() && before.at(i) != values.at(i))
             nodes.at(i)->SetStringValue(values.at(i).toString(), nullptr);
     }
+}
+
+void OrbelDelegate::MoveEdits(const QVariantList &values)
+{
+    const Call call(this);
+    const QVariantList stands = GetEdits();
+    const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+    PutEdits(values);
 }
 
 QString OrbelDelegate::SpellEdit(int, const QVariant &value) const
@@ -95,7 +111,10 @@ QString OrbelDelegate::GetCaption() const
 
 bool OrbelDelegate::MayEdit() const
 {
-    return !Closed && IsDefined(prop::Enabled) && GetBool(prop::Enabled, true) && !GetBool(prop::ReadOnly, false);
+    if (Closed || !IsDefined(prop::Enabled) || !GetBool(prop::Enabled, true))
+        return false;
+    const QVector<Face> faces = GetBool(prop::ReadOnly, false) ? GetFaces() : QVector<Face>();
+    return std::none_of(faces.begin(), faces.end(), &IsReadOnly);
 }
 
 void OrbelDelegate::ComeIntoView()

@@ -415,7 +415,7 @@ private Q_SLOTS:
 
     void aLockKeepsTheEntry()
     {
-        Live live(Receiver());
+        Live live(Receiver() + Control("check", "CheckBox"));
         Type(live.Find("gain"), "7");
         live.Find("text")->setFocus();
         live.form->EvaluateScript("gain.setEnabled(false)");
@@ -425,9 +425,16 @@ private Q_SLOTS:
         live.form->GetUndoStack()->undo();
         QCOMPARE(live.form->GetUndoStack()->count(), 1);
         live.form->GetUndoStack()->redo();
-        live.form->EvaluateScript("gain.setEnabled(true)");
+        live.form->EvaluateScript("gain.setEnabled(true); gain.setReadOnly(true)");
+        Undo(live);
+        QCOMPARE(live.form->GetVTValue("gain")->GetStringValue(), QString("7"));
+        live.form->EvaluateScript("gain.setReadOnly(false); check.setReadOnly(true)");
         Undo(live);
         QCOMPARE(live.form->GetVTValue("gain")->GetStringValue(), QString("5"));
+        // A check box takes no notice of it, and goes back, too.
+        QTest::keyClick(live.Find("check"), Qt::Key_Space);
+        Undo(live);
+        QVERIFY(!live.Find<QCheckBox>("check")->isChecked());
     }
 
     void marks()
@@ -456,6 +463,17 @@ private Q_SLOTS:
         QTRY_VERIFY(!label->IsMarked());
         live.form->GetVTValue("gain")->SetStringValue("20", nullptr);
         QTRY_VERIFY(label->IsMarked());
+        QTest::keyClick(gain, Qt::Key_Up);
+        live.form->GetXmlString(true);
+        // What stood before an undo is what was applied; a control that is left out counts again once it is taken in.
+        for (const bool back : {true, false}) {
+            back ? Undo(live) : Redo(live);
+            for (const bool in : {false, true}) {
+                live.form->SelectWidgets({"gain"}, in);
+                QTRY_COMPARE(label->IsMarked(), back && in);
+                QCOMPARE(live.form->GetSheet().GetChanges()->GetChanged().size(), int(back && in));
+            }
+        }
     }
 
     void changesButton()
