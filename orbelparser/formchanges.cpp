@@ -17,7 +17,10 @@ namespace KV218
 FormChanges::FormChanges(FormLife *life) : Life(life), Stack(new QUndoStack)
 {
     Stack->setUndoLimit(limit::UndoneChanges);
-    connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::changed);
+    connect(Stack, &QUndoStack::indexChanged, this, [this] {
+        const CallScope call(Life);
+        Q_EMIT changed();
+    });
 }
 
 FormChanges::~FormChanges()
@@ -97,6 +100,7 @@ void FormChanges::Note(OrbelDelegate *control)
 
 QVector<OrbelDelegate *> FormChanges::GetChanged()
 {
+    const CallScope call(Life);
     Refresh();
     QVector<OrbelDelegate *> changed;
     for (const QPointer<OrbelDelegate> &control : qAsConst(Changed)) {
@@ -111,6 +115,7 @@ void FormChanges::Refresh()
     Due = false;
     if (Noted.isEmpty())
         return;
+    const CallScope call(Life);
     const auto noted = std::exchange(Noted, {});
     for (const QPointer<OrbelDelegate> &control : noted) {
         const bool isChanged = control && control->IsChanged();

@@ -49,7 +49,7 @@ public:
     QVector<OrbelDelegate *> GetChanged();
 
 Q_SIGNALS:
-    /// The stack or the list of changed controls is another one.
+    /// The stack or the list of changed controls is another one. A slot may end the form.
     void changed();
     /// Nothing was undone, for the reason told.
     void refused(const QString &reason);
