@@ -78,6 +78,10 @@
         <source>%1 to %2</source>
         <translation>%1 bis %2</translation>
     </message>
+    <message>
+        <source>column %1, row %2</source>
+        <translation>Spalte %1, Zeile %2</translation>
+    </message>
 </context>
 <context>
     <name>KV218::FormChanges</name>
@@ -285,13 +289,6 @@
     <message>
         <source>Large</source>
         <translation>Groß</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::TableKeys</name>
-    <message>
-        <source>column %1, row %2</source>
-        <translation>Spalte %1, Zeile %2</translation>
     </message>
 </context>
 <context>

@@ -23,7 +23,7 @@ public:
 
     void CreateGUI(FloatGroupLayout *layout) override;
     void ReadXml(QXmlStreamReader &reader) override;
-    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
+    QVector<Face> GetFaces() const override { return {{Control.data()}}; }
     /// The values, then what the cells show, both row by row.
     QVariantList GetEdits() const override;
     void PutEdits(const QVariantList &values) override;
