@@ -35,8 +35,8 @@ bool ChangeEntry::Spell()
     QVariantList before = control->GetEdits();
     QVariantList after = before;
     for (const Part &part : qAsConst(Parts)) {
-        // A list of the control may have become shorter.
-        if (part.Index >= before.size())
+        // A list or table of the control may have another shape now.
+        if (part.Index >= before.size() || part.Shape != control->GetEditShape())
             return true;
         before[part.Index] = part.Before;
         after[part.Index] = part.After;

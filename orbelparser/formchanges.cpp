@@ -100,6 +100,7 @@ void FormChanges::Note(OrbelDelegate *control)
 
 QVector<OrbelDelegate *> FormChanges::GetChanged()
 {
+    const CallScope call(Life);
     Settle();
     QVector<OrbelDelegate *> changed;
     for (const QPointer<OrbelDelegate> &control : qAsConst(Changed)) {

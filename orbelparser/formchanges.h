@@ -50,7 +50,7 @@ public:
 
 Q_SIGNALS:
     /// The stack or the list of changed controls is another one. Emitted once an event round, and never from within a
-    /// change.
+    /// change; a slot may end the form.
     void changed();
     /// Nothing was undone, for the reason told.
     void refused(const QString &reason);

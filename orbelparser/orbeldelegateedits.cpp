@@ -144,24 +144,26 @@ void OrbelDelegate::JoinAct(const Observable *node)
     OperatorAct *const act = OperatorAct::On(node);
     if (!act)
         return;
-    const auto before = std::make_shared<QVariantList>();
+    // Kept to the end of the act, which is the control's and may be over later than the form.
+    struct Joined {
+        explicit Joined(const OrbelDelegate *delegate) : Running(delegate) { }
+        const Call Running;
+        QVariantList Before;
+    };
+    const auto joined = std::make_shared<Joined>(this);
     const int session = act->GetSession();
-    const auto record = [this, self = QPointer<OrbelDelegate>(this), node, before, session, outer = EditsBefore,
-                            outerActs = ActsBefore] {
-        if (!self)
-            return;
-        const Call call(this);
+    const auto record = [this, joined, node, session, outer = EditsBefore, outerActs = ActsBefore] {
         EditsBefore = outer;
         ActsBefore = outerActs;
         LeaveToOthers(node);
-        Form().Record(*before, session);
+        Form().Record(joined->Before, session);
     };
     if (!act->AtEnd(this, record))
         return;
     for (const ValueBase *own : GetNodes())
-        before->append(own == node ? act->GetBefore() : own->GetStringValue());
-    EditsBefore = before.get();
-    ActsBefore = before.get();
+        joined->Before.append(own == node ? act->GetBefore() : own->GetStringValue());
+    EditsBefore = &joined->Before;
+    ActsBefore = &joined->Before;
 }
 
 void OrbelDelegate::LeaveToOthers(const Observable *node)

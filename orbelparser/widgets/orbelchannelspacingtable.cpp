@@ -130,9 +130,12 @@ QVector<Face> OrbelChannelSpacingTable::GetFaces() const
         return property(name.data()).isValid() ? formatString(GetDouble(name, 0.0), GetInt(prop::Decimals, 0), {})
                                                : QString();
     };
-    const QString bounds = BoundsText(limit(prop::Minimum), limit(prop::Maximum));
-    const QString unit = bounds.isEmpty() ? QString() : property(prop::Unit.data()).toString();
-    return {{Control.data(), {}, QStringLiteral("%1 %2").arg(bounds, unit).trimmed()}};
+    const auto bounds = [this, limit] {
+        const QString numbers = BoundsText(limit(prop::Minimum), limit(prop::Maximum));
+        const QString unit = numbers.isEmpty() ? QString() : property(prop::Unit.data()).toString();
+        return QStringLiteral("%1 %2").arg(numbers, unit).trimmed();
+    };
+    return {{Control.data(), {}, bounds}};
 }
 
 void OrbelChannelSpacingTable::setFocus()

@@ -23,7 +23,7 @@ public:
 
     void CreateGUI(FloatGroupLayout *layout) override;
     void ReadXml(QXmlStreamReader &reader) override;
-    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
+    QVector<Face> GetFaces() const override { return {{Control.data()}}; }
     /// Row by row, of each cell its value and what it shows.
     QVariantList GetEdits() const override;
     int GetEditShape() const override { return ColumnCount; }

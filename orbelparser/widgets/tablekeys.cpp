@@ -1,5 +1,6 @@
 #include "tablekeys.h"
 
+#include "face.h"
 #include "fieldnote.h"
 #include "orbeldelegate.h"
 #include "typedspinbox.h"
@@ -125,13 +126,8 @@ bool TableKeys::eventFilter(QObject *watched, QEvent *event)
 void TableKeys::NameEditor(QWidget *editor)
 {
     const QModelIndex cell = editor ? Table->indexAt(editor->geometry().center()) : QModelIndex();
-    if (!cell.isValid())
-        return;
-    const auto header = [&](int section, Qt::Orientation direction) {
-        return Table->model()->headerData(section, direction).toString();
-    };
-    editor->setAccessibleName(
-        tr("column %1, row %2").arg(header(cell.column(), Qt::Horizontal), header(cell.row(), Qt::Vertical)));
+    if (cell.isValid())
+        editor->setAccessibleName(CellPlace(*Table->model(), cell.row(), cell.column()));
 }
 
 void TableKeys::Copy()
