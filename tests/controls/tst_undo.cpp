@@ -268,6 +268,13 @@ private Q_SLOTS:
         QTest::keyClick(field, Qt::Key_Up);
         QTest::keyClick(field, Qt::Key_Down);
         QVERIFY(!stack->canUndo());
+        auto *gain = live.Find("gain");
+        gain->setFocus();
+        for (int key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up})
+            QTest::keyClick(gain, Qt::Key(key));
+        QTRY_COMPARE(stack->undoText(), QString("GAIN: 5 \u2192 8"));
+        Undo(live);
+        QVERIFY(!stack->canUndo());
     }
 
     void onlyTheOperatorsOwnControlIsRecorded()
