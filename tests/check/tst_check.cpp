@@ -8,7 +8,7 @@
 #include "orbelcheck.h"
 #include "registry.h"
 #include "rows.h"
-#include "scriptnames.h"
+#include "scriptbuiltins.h"
 #include "testmain.h"
 
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 #include "scriptscanner.h"
 
-#include "scriptnames.h"
+#include "scriptbuiltins.h"
 
 namespace Orbel
 {

@@ -1,4 +1,4 @@
-#include "numberparsing.h"
+#include "todoubleex.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 
 #include "formcheck.h"
 #include "scriptscanner.h"
-#include "scripttext.h"
+#include "scriptsourcemap.h"
 
 #include <QScriptEngine>
 
@@ -34,7 +34,7 @@ bool MayBeOne(const QString &code, const ScriptToken &before, const ScriptToken 
 }
 
 /// Where the tokens of a line begin, as far as it can be parted there.
-QVector<int> PartsOfLine(const ScriptText &script, int line)
+QVector<int> PartsOfLine(const ScriptSourceMap &script, int line)
 {
     QVector<int> parts;
     const QString &code = script.Code();
@@ -50,7 +50,7 @@ QVector<int> PartsOfLine(const ScriptText &script, int line)
 
 /// The index of what the engine refuses in a line. It counts lines alone, so each part is put into one of its own; by
 /// comments, since they end no statement.
-int RefusedIndex(const ScriptText &script, int line)
+int RefusedIndex(const ScriptSourceMap &script, int line)
 {
     const QVector<int> parts = PartsOfLine(script, line);
     QString code;
@@ -67,7 +67,7 @@ int RefusedIndex(const ScriptText &script, int line)
 
 void CheckScript(const FormModel &form, FindingSink &sink)
 {
-    const ScriptText script(form);
+    const ScriptSourceMap script(form.Doc, form.Script);
     const int line = RefusedLine(script.Code());
     if (line == 0)
         return;

@@ -4,7 +4,7 @@
 #include "formcheck.h"
 #include "propertynames.h"
 #include "propertyplace.h"
-#include "scriptnames.h"
+#include "scriptbuiltins.h"
 
 namespace Orbel
 {

@@ -1,9 +1,9 @@
-#include "scriptrun.h"
+#include "formrun.h"
 
 #include "orbelformular.h"
 #include "orbelparser.h"
-#include "scripttext.h"
-#include "scriptwords.h"
+#include "scriptdeclarations.h"
+#include "scriptsourcemap.h"
 
 #include <QElapsedTimer>
 #include <QMetaMethod>
@@ -64,16 +64,17 @@ private:
     QElapsedTimer Clock;
 };
 
-class ScriptRun
+class FormRun
 {
 public:
-    ScriptRun(const FormModel &model, FindingSink &sink)
-        : Model(model), Sink(sink), Script(model), Live(KV218::OrbelParser().ParseORBEL(model.Doc.Text())),
-          Engine(EngineOf(Live)), Position(new PositionAgent(Engine))
+    FormRun(const FormModel &model, FindingSink &sink)
+        : Model(model), Sink(sink), Script(model.Doc, model.Script),
+          Live(KV218::OrbelParser().ParseORBEL(model.Doc.Text())), Engine(EngineOf(Live)),
+          Position(new PositionAgent(Engine))
     {
     }
 
-    void Run(int milliseconds, const Check::RunWatch &watch)
+    void Run(int milliseconds, const RunWatch &watch)
     {
         Time = milliseconds;
         Silence();
@@ -169,7 +170,7 @@ private:
     void TellUnknown()
     {
         const QScriptValue globals = Engine->globalObject();
-        for (const ScriptReference &reference : ScriptWords(Script.Code()).References()) {
+        for (const ScriptReference &reference : ScriptDeclarations(Script.Code()).Undeclared()) {
             if (Told.contains(reference.Index))
                 continue;
             const QScriptValue owner = reference.Owner.isEmpty() ? globals : globals.property(reference.Owner);
@@ -206,7 +207,7 @@ private:
 
     const FormModel &Model;
     FindingSink &Sink;
-    ScriptText Script;
+    ScriptSourceMap Script;
     Form Live;
     QScriptEngine *Engine;
     PositionAgent *Position; ///< The engine's.
@@ -219,9 +220,9 @@ private:
 
 } // namespace
 
-void RunForm(const FormModel &form, int milliseconds, const Check::RunWatch &watch, FindingSink &sink)
+void RunForm(const FormModel &form, int milliseconds, const RunWatch &watch, FindingSink &sink)
 {
-    ScriptRun(form, sink).Run(milliseconds, watch);
+    FormRun(form, sink).Run(milliseconds, watch);
 }
 
 } // namespace Orbel

@@ -2,7 +2,7 @@
 
 #include "elementnames.h"
 #include "propertynames.h"
-#include "scripttext.h"
+#include "scriptsourcemap.h"
 
 #include <QVariant>
 
@@ -96,7 +96,7 @@ FormModel::FormModel(const Document &document, int form) : Doc(document), Form(f
             Script = i;
     }
     if (Script >= 0)
-        Mentions = ScriptMentions(ScriptText(*this).Code());
+        Usage = ScriptUsage(ScriptSourceMap(Doc, Script).Code());
 }
 
 void FormModel::AddWidget(int element)
@@ -202,7 +202,7 @@ const WidgetEntry *FormModel::FindWidget(const QString &name) const
 
 bool FormModel::ScriptMayCall(const WidgetEntry &widget, const char *member) const
 {
-    return Mentions.MayCall(widget.Name, QLatin1String(member));
+    return Usage.MayCall(widget.Name, QLatin1String(member));
 }
 
 QString FormModel::RootTag() const

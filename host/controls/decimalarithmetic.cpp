@@ -1,4 +1,4 @@
-#include "decimalnumber.h"
+#include "decimalarithmetic.h"
 
 #include <QLocale>
 #include <QString>

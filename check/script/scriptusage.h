@@ -7,11 +7,11 @@ namespace Orbel
 {
 
 /// What a script may do with the controls and their properties. Where its ways cannot be seen, any word counts.
-class ScriptMentions
+class ScriptUsage
 {
 public:
-    ScriptMentions() = default;
-    explicit ScriptMentions(const QString &code);
+    ScriptUsage() = default;
+    explicit ScriptUsage(const QString &code);
 
     /// Whether a property or function of the name is used, behind a dot or by its name in a text.
     bool SpeaksOf(const QString &member) const { return Members.contains(member); }

@@ -15,14 +15,14 @@ struct ScriptReference {
 };
 
 /// What a script makes, and what it takes to be there.
-class ScriptWords
+class ScriptDeclarations
 {
 public:
-    explicit ScriptWords(const QString &code);
+    explicit ScriptDeclarations(const QString &code);
 
     /// Names that the script makes nowhere, and members of such names that it sets nowhere. Nothing when the script can
     /// make names in ways that cannot be seen.
-    QVector<ScriptReference> References() const;
+    QVector<ScriptReference> Undeclared() const;
 
 private:
     void FindMade();

@@ -2,7 +2,7 @@
 
 #include "elementnames.h"
 #include "formcheck.h"
-#include "scriptnames.h"
+#include "scriptbuiltins.h"
 
 #include <algorithm>
 

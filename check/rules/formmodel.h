@@ -2,7 +2,7 @@
 
 #include "document.h"
 #include "registry.h"
-#include "scriptmentions.h"
+#include "scriptusage.h"
 
 namespace Orbel
 {
@@ -83,7 +83,7 @@ public:
     QStringList EnumNames() const { return EnumIndex.keys(); }
     QStringList WidgetNames() const { return WidgetIndex.keys(); }
     /// Whether the script uses a property or function of the name. What the script speaks of may be made there.
-    bool ScriptSpeaksOf(const QString &member) const { return Mentions.SpeaksOf(member); }
+    bool ScriptSpeaksOf(const QString &member) const { return Usage.SpeaksOf(member); }
     /// Whether the script may call `member` on this widget.
     bool ScriptMayCall(const WidgetEntry &widget, const char *member) const;
     /// Name of the parameter document's root element.
@@ -98,7 +98,7 @@ private:
 
     QHash<QString, int> EnumIndex;
     QHash<QString, int> WidgetIndex;
-    ScriptMentions Mentions;
+    ScriptUsage Usage;
 };
 
 } // namespace Orbel

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "formmodel.h"
+#include "document.h"
 
 namespace Orbel
 {
 
 /// A form's script as the engine gets it, with the place of each of its characters in the file: marks for line ends are
 /// resolved.
-class ScriptText
+class ScriptSourceMap
 {
 public:
-    explicit ScriptText(const FormModel &form);
+    /// `script` is the element of the script; -1 for a form without one.
+    ScriptSourceMap(const Document &form, int script);
 
     const QString &Code() const { return Placed.Text(); }
     int PlaceOf(int index) const { return Placed.OffsetOf(index); }

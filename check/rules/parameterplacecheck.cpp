@@ -15,10 +15,10 @@ namespace
 namespace prop = KV218::prop;
 namespace limit = KV218::limit;
 
-class ParameterCheck
+class ParameterPlaceCheck
 {
 public:
-    ParameterCheck(const FormModel &form, FindingSink &sink) : Form(form), Sink(sink) { }
+    ParameterPlaceCheck(const FormModel &form, FindingSink &sink) : Form(form), Sink(sink) { }
 
     void CheckWidget(const WidgetEntry &widget)
     {
@@ -177,9 +177,9 @@ private:
 
 } // namespace
 
-void CheckParameters(const FormModel &form, FindingSink &sink)
+void CheckParameterPlaces(const FormModel &form, FindingSink &sink)
 {
-    ParameterCheck check(form, sink);
+    ParameterPlaceCheck check(form, sink);
     check.CheckSheet();
     for (const WidgetEntry &widget : form.Widgets)
         check.CheckWidget(widget);

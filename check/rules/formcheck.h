@@ -18,7 +18,7 @@ void CheckEnumRows(const FormModel &form, FindingSink &sink);
 void CheckEnums(const FormModel &form, FindingSink &sink);
 void CheckLimits(const FormModel &form, FindingSink &sink);
 void CheckRows(const FormModel &form, FindingSink &sink);
-void CheckParameters(const FormModel &form, FindingSink &sink);
+void CheckParameterPlaces(const FormModel &form, FindingSink &sink);
 void CheckConventions(const FormModel &form, FindingSink &sink);
 void CheckScript(const FormModel &form, FindingSink &sink);
 

@@ -1,4 +1,4 @@
-#include "scriptnames.h"
+#include "scriptbuiltins.h"
 
 #include <QRegularExpression>
 

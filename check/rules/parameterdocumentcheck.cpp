@@ -1,4 +1,4 @@
-#include "documentcheck.h"
+#include "parameterdocumentcheck.h"
 
 #include "formlimits.h"
 #include "propertynames.h"

@@ -1,14 +1,14 @@
-#include "scripttext.h"
+#include "scriptsourcemap.h"
 
 #include <algorithm>
 
 namespace Orbel
 {
 
-ScriptText::ScriptText(const FormModel &form)
+ScriptSourceMap::ScriptSourceMap(const Document &form, int script)
 {
-    if (form.Script >= 0)
-        Resolve(form.Doc.ContentOf(form.Script));
+    if (script >= 0)
+        Resolve(form.ContentOf(script));
     LineStarts.append(0);
     for (int i = 0; i < Code().size(); ++i) {
         const QChar character = Code().at(i);
@@ -19,7 +19,7 @@ ScriptText::ScriptText(const FormModel &form)
 }
 
 /// All kinds of line ends become line feeds, so that engine and checks count lines alike.
-void ScriptText::Resolve(const PlacedText &text)
+void ScriptSourceMap::Resolve(const PlacedText &text)
 {
     const QString &code = text.Text();
     const auto standsAt
@@ -38,7 +38,7 @@ void ScriptText::Resolve(const PlacedText &text)
     Placed.Close(text.OffsetOf(code.size()));
 }
 
-int ScriptText::IndexOf(int line, int column) const
+int ScriptSourceMap::IndexOf(int line, int column) const
 {
     const int start = LineStarts.at(qBound(0, line - 1, LineStarts.size() - 1));
     if (column > 0)
@@ -49,7 +49,7 @@ int ScriptText::IndexOf(int line, int column) const
     return index;
 }
 
-int ScriptText::LineOf(int index) const
+int ScriptSourceMap::LineOf(int index) const
 {
     return int(std::upper_bound(LineStarts.cbegin(), LineStarts.cend(), index) - LineStarts.cbegin());
 }

@@ -1,44 +1,44 @@
-#include "scriptwords.h"
+#include "scriptdeclarations.h"
 
-#include "scriptnames.h"
+#include "scriptbuiltins.h"
 
 namespace Orbel
 {
 
-ScriptWords::ScriptWords(const QString &code) : Tokens(ScanScript(code))
+ScriptDeclarations::ScriptDeclarations(const QString &code) : Tokens(ScanScript(code))
 {
     FindMade();
 }
 
-bool ScriptWords::IsMark(int at, char mark) const
+bool ScriptDeclarations::IsMark(int at, char mark) const
 {
     return at >= 0 && at < Tokens.size() && Tokens.at(at).What == ScriptToken::Mark
         && Tokens.at(at).Text == QLatin1Char(mark);
 }
 
-bool ScriptWords::IsName(int at) const
+bool ScriptDeclarations::IsName(int at) const
 {
     return at >= 0 && at < Tokens.size() && Tokens.at(at).What == ScriptToken::Name;
 }
 
-bool ScriptWords::IsWord(int at, const char *word) const
+bool ScriptDeclarations::IsWord(int at, const char *word) const
 {
     return IsName(at) && Tokens.at(at).Text == QLatin1String(word);
 }
 
-bool ScriptWords::IsAssigned(int at) const
+bool ScriptDeclarations::IsAssigned(int at) const
 {
     return IsMark(at + 1, '=') && !IsMark(at + 2, '=');
 }
 
 /// A key of an object literal, or a label.
-bool ScriptWords::IsKey(int at) const
+bool ScriptDeclarations::IsKey(int at) const
 {
     return IsMark(at + 1, ':') && !IsMark(at - 1, '?') && !IsWord(at - 1, "case")
         && (at == 0 || Tokens.at(at - 1).What == ScriptToken::Mark);
 }
 
-void ScriptWords::FindMade()
+void ScriptDeclarations::FindMade()
 {
     for (int i = 0; i < Tokens.size(); ++i) {
         if (!IsName(i))
@@ -60,7 +60,7 @@ void ScriptWords::FindMade()
 }
 
 /// The names of a `var` statement, from its first one on.
-void ScriptWords::FindVariables(int at)
+void ScriptDeclarations::FindVariables(int at)
 {
     int depth = 0;
     bool isExpected = true;
@@ -78,7 +78,7 @@ void ScriptWords::FindVariables(int at)
 }
 
 /// The name of a function, if it has one, and its parameters.
-void ScriptWords::FindParameters(int at)
+void ScriptDeclarations::FindParameters(int at)
 {
     for (; at < Tokens.size() && !IsMark(at, ')'); ++at) {
         if (IsName(at))
@@ -86,7 +86,7 @@ void ScriptWords::FindParameters(int at)
     }
 }
 
-QVector<ScriptReference> ScriptWords::References() const
+QVector<ScriptReference> ScriptDeclarations::Undeclared() const
 {
     QVector<ScriptReference> references;
     for (int i = 0; i < Tokens.size() && !IsOpaque; ++i) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "orbelcheck.h"
+#include "finding.h"
 
 namespace Orbel
 {

@@ -1,4 +1,4 @@
-#include "scriptmentions.h"
+#include "scriptusage.h"
 
 #include "scriptscanner.h"
 
@@ -18,7 +18,7 @@ bool IsDot(const QVector<ScriptToken> &tokens, int at)
 
 } // namespace
 
-ScriptMentions::ScriptMentions(const QString &code)
+ScriptUsage::ScriptUsage(const QString &code)
 {
     const QVector<ScriptToken> tokens = ScanScript(code);
     for (int i = 0; i < tokens.size(); ++i) {
@@ -37,12 +37,12 @@ ScriptMentions::ScriptMentions(const QString &code)
     }
 }
 
-bool ScriptMentions::MayCall(const QString &owner, const QString &member) const
+bool ScriptUsage::MayCall(const QString &owner, const QString &member) const
 {
     return Pairs.contains(owner + QLatin1Char('.') + member) || (PassedOn.contains(owner) && Members.contains(member));
 }
 
-void ScriptMentions::AddWords(const QString &code)
+void ScriptUsage::AddWords(const QString &code)
 {
     static const QRegularExpression word(QStringLiteral("[\\w$]+"), QRegularExpression::UseUnicodePropertiesOption);
     auto match = word.globalMatch(code);
