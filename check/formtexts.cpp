@@ -34,7 +34,7 @@ bool IsTranslated(const WidgetEntry &widget, const QString &property)
     if (property == prop::LabelText)
         return !widget.Info || widget.Has(ekRow);
     const PropertyInfo *known = widget.Info ? Registry::FindProperty(*widget.Info, property) : nullptr;
-    return known && known->isTranslated;
+    return known && known->use == PropertyUse::Translated;
 }
 
 void Add(const QString &context, const QString &source, int place, Collection &texts)

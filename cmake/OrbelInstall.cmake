@@ -7,6 +7,7 @@ include(CMakePackageConfigHelpers)
 set(public_headers
     applymode.h
     bounddelegate.h
+    controlclasses.inc
     face.h
     floatgrouplayout.h
     floatscrollarea.h

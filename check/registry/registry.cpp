@@ -15,13 +15,12 @@ namespace
 
 using PropertyIndex = QHash<QString, PropertyInfo>;
 
-void Insert(PropertyIndex &index, const QVector<PropertyInfo> &properties, ValueType valueType)
+PropertyIndex IndexOf(const QVector<PropertyInfo> &properties)
 {
-    for (PropertyInfo property : properties) {
-        if (property.type == ValueType::AsValue)
-            property.type = valueType;
+    PropertyIndex index;
+    for (const PropertyInfo &property : properties)
         index.insert(property.name, property);
-    }
+    return index;
 }
 
 /// The properties of each delegate by name.
@@ -29,12 +28,8 @@ const PropertyIndex &IndexOf(const DelegateInfo &delegate)
 {
     static const QHash<const DelegateInfo *, PropertyIndex> indexes = [] {
         QHash<const DelegateInfo *, PropertyIndex> built;
-        for (const ClassInfo &info : ClassTable()) {
-            PropertyIndex &index = built[info.delegate];
-            Insert(index, CommonProperties(), ValueType::Text);
-            for (const QVector<PropertyInfo> *group : info.delegate->groups)
-                Insert(index, *group, info.delegate->valueType);
-        }
+        for (const ClassInfo &info : ClassTable())
+            built.insert(info.delegate, IndexOf(Registry::PropertiesOf(info)));
         return built;
     }();
     return *indexes.constFind(&delegate);
@@ -104,14 +99,7 @@ QStringList Registry::ClassNames()
 
 QVector<PropertyInfo> Registry::PropertiesOf(const ClassInfo &info)
 {
-    QVector<PropertyInfo> properties = CommonProperties();
-    for (const QVector<PropertyInfo> *group : info.delegate->groups)
-        properties += *group;
-    for (PropertyInfo &property : properties) {
-        if (property.type == ValueType::AsValue)
-            property.type = info.delegate->valueType;
-    }
-    return properties;
+    return CommonProperties() + info.delegate->properties;
 }
 
 const PropertyInfo *Registry::FindProperty(const ClassInfo &info, const QString &name)
@@ -131,11 +119,7 @@ const QVector<PropertyInfo> &Registry::SheetProperties()
 
 const PropertyInfo *Registry::FindSheetProperty(const QString &name)
 {
-    static const PropertyIndex index = [] {
-        PropertyIndex built;
-        Insert(built, SheetTable(), ValueType::Text);
-        return built;
-    }();
+    static const PropertyIndex index = IndexOf(SheetTable());
     return Find(index, name);
 }
 

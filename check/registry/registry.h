@@ -21,21 +21,27 @@ enum class ValueType {
     Double,
     Text,
     Other, ///< What a Qt property takes as it is; no text of a definition becomes one.
-    AsValue, ///< Like the class's value.
+    AsValue, ///< Like the class's value; in rows only, the registry gives that type.
 };
 
 /// "Bool", "Int", "Int64", "UInt64", "Double", "String": the name of the value element that fits; empty for Other.
 ORBEL_CHECK_EXPORT QString NameOf(ValueType type);
+
+/// What the library does with a property.
+enum class PropertyUse {
+    Read,
+    Translated, ///< Read, and shown in the operator's language.
+    Stored, ///< Kept for scripts and hosts; nothing in the library reads it.
+};
 
 struct PropertyInfo {
     QLatin1String name;
     ValueType type;
     const char *absent; ///< What counts when the definition leaves it out.
     const char *unit; ///< Empty when it has none.
-    bool storedOnly; ///< Kept for scripts and hosts; nothing in the library reads it.
+    PropertyUse use;
     const char *meaning; ///< One sentence.
-    const char *choices; ///< The only sensible texts, separated by blanks; empty for any.
-    bool isTranslated = false; ///< Shown in the operator's language.
+    const char *choices = ""; ///< The only sensible texts, separated by blanks; empty for any.
 };
 
 /// What a class has that mistakes can be made about.
@@ -59,9 +65,9 @@ struct DelegateInfo {
     const char *shows; ///< What the operator sees, one sentence.
     const char *writes; ///< The parameter element it writes; empty when it writes none.
     const char *reads; ///< How that is read back.
-    QVector<const QVector<PropertyInfo> *> groups;
     /// The element that is written when there are custom properties and customXmlTag is not one of them.
-    QLatin1String customTag = {};
+    const char *customTag = "";
+    QVector<PropertyInfo> properties = {}; ///< On top of those of every class.
 };
 
 struct ClassInfo {
@@ -70,8 +76,8 @@ struct ClassInfo {
     const char *remark; ///< What differs from other names of the same delegate.
 };
 
-/// All that is known about the control classes, the sheet and their properties. Feeds the checks, the schema, the
-/// reference and `orbel classes`.
+/// All that is known about the control classes, the sheet and their properties, from the rows of controlclasses.inc.
+/// Feeds the checks, the schema, the reference and `orbel classes`.
 class ORBEL_CHECK_EXPORT Registry
 {
 public:
@@ -83,7 +89,7 @@ public:
 
     /// All properties of a class, those that every class has first.
     static QVector<PropertyInfo> PropertiesOf(const ClassInfo &info);
-    /// Null when the class does not read it. AsValue is resolved.
+    /// Null when the class does not read it.
     static const PropertyInfo *FindProperty(const ClassInfo &info, const QString &name);
     static QStringList PropertyNames(const ClassInfo &info);
 

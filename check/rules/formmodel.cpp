@@ -56,7 +56,7 @@ QString WidgetEntry::ParameterPath() const
             if (property.IsCustom && property.Name == QLatin1String("customXmlTag"))
                 return property.Text;
         }
-        return Info->delegate->customTag;
+        return QLatin1String(Info->delegate->customTag);
     }
     const QString tag = TextOf(prop::ParameterXmlTag);
     return tag.isEmpty() ? Name : tag;

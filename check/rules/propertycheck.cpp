@@ -94,10 +94,10 @@ public:
         CheckElement(property);
         const int place = Form.Doc.PlaceOfText(property.ValueElement);
         // What nothing reads is not read as a type either.
-        if (known && known->storedOnly && !property.IsBool() && known->type != ValueType::Bool)
+        if (known && known->use == PropertyUse::Stored && !property.IsBool() && known->type != ValueType::Bool)
             return;
         const ValueType type = known ? TypeOf(*known, isScaled) : ValueType::Text;
-        if (property.IsBool() && known && !known->storedOnly && IsNumber(type))
+        if (property.IsBool() && known && known->use != PropertyUse::Stored && IsNumber(type))
             Sink.Add(Code::ValueType, Form.Doc.PlaceOf(property.ValueElement),
                 QStringLiteral("A Bool makes 0 or 1 of \"%1\", and \"%2\" wants %3")
                     .arg(property.Text, property.Name, NameOf(type)));

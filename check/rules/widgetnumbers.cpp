@@ -14,7 +14,7 @@ namespace prop = KV218::prop;
 bool WidgetNumbers::Reads(QLatin1String name) const
 {
     const PropertyInfo *property = Registry::FindProperty(Info, name);
-    return property && !property->storedOnly;
+    return property && property->use != PropertyUse::Stored;
 }
 
 Number WidgetNumbers::NumberOf(QLatin1String name) const
