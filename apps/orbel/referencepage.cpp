@@ -63,12 +63,6 @@ QString Block(const QString &xml)
     return QStringLiteral("```xml\n%1\n```\n\n").arg(xml.trimmed());
 }
 
-QVector<Orbel::PropertyInfo> CommonProperties()
-{
-    const Orbel::ClassInfo *plain = Orbel::Registry::FindClass(QStringLiteral("SpecialObject_Generic"));
-    return Orbel::Registry::PropertiesOf(*plain);
-}
-
 QString Head(const Orbel::ClassInfo &info)
 {
     QStringList siblings;
@@ -133,6 +127,7 @@ QString IndexPage()
                     .arg(Text(info.name), Cell(Text(info.delegate->shows)),
                         value.isEmpty() ? value : QLatin1Char('`') + value + QLatin1Char('`'));
     }
-    return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n") + PropertyTable(CommonProperties())
+    return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n")
+        + PropertyTable(Orbel::Registry::CommonProperties())
         + Members(&KV218::OrbelDelegate::staticMetaObject, QObject::staticMetaObject).trimmed() + QLatin1Char('\n');
 }

@@ -97,9 +97,14 @@ QStringList Registry::ClassNames()
     return names;
 }
 
+const QVector<PropertyInfo> &Registry::CommonProperties()
+{
+    return CommonTable();
+}
+
 QVector<PropertyInfo> Registry::PropertiesOf(const ClassInfo &info)
 {
-    return CommonProperties() + info.delegate->properties;
+    return CommonTable() + info.delegate->properties;
 }
 
 const PropertyInfo *Registry::FindProperty(const ClassInfo &info, const QString &name)

@@ -54,6 +54,7 @@ enum Trait : unsigned {
     ekLimits = 32, ///< Has limits, a step and perhaps a factor.
     ekFreeProperties = 64, ///< A holder of properties that hosts and scripts choose.
     ekScriptOnly = 128, ///< Rarely needs a name: nothing refers to it.
+    ekScanRanges = 256, ///< Shows scan ranges in labels of the form.
 };
 
 /// All control classes that share a delegate are the same control.
@@ -87,6 +88,8 @@ public:
     static const ClassInfo *FindClass(const QString &name);
     static QStringList ClassNames();
 
+    /// Those that every class has.
+    static const QVector<PropertyInfo> &CommonProperties();
     /// All properties of a class, those that every class has first.
     static QVector<PropertyInfo> PropertiesOf(const ClassInfo &info);
     /// Null when the class does not read it.

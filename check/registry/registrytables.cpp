@@ -97,7 +97,7 @@ const QVector<ClassInfo> &ClassTable()
     return table;
 }
 
-const QVector<PropertyInfo> &CommonProperties()
+const QVector<PropertyInfo> &CommonTable()
 {
     return AllRows().Common;
 }

@@ -61,7 +61,7 @@ void CheckConventions(const FormModel &form, FindingSink &sink)
             continue;
         if (Registry::FindProperty(*widget.Info, prop::EnabledLoad))
             CheckScriptRow(form, sink, widget);
-        if (widget.Class == QLatin1String("SpecialObject_DSC") && !scanChecked) {
+        if (widget.Has(ekScanRanges) && !scanChecked) {
             scanChecked = true;
             CheckScanLabels(form, sink, widget);
         }

@@ -401,15 +401,6 @@ private Q_SLOTS:
             QVERIFY2(!Check::IsClean(Check::Definition(whole.left(length))), qPrintable(QString::number(length)));
     }
 
-    void classesMakeTheirDelegates()
-    {
-        for (const ClassInfo &info : Registry::Classes())
-            QCOMPARE(
-                QString(Registry::MetaObjectOf(info.name)->className()), QString("KV218::") + info.delegate->delegate);
-        QCOMPARE(QString(Registry::MetaObjectOf("Unknown")->className()), QString("KV218::OrbelDelegate"));
-        QCOMPARE(QString(Registry::MetaObjectOf(QString())->className()), QString("KV218::OrbelSheetUi"));
-    }
-
     void traitsAreTrue_data()
     {
         QTest::addColumn<QString>("className");
