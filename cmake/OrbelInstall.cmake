@@ -7,6 +7,7 @@ include(CMakePackageConfigHelpers)
 set(public_headers
     applymode.h
     bounddelegate.h
+    controlclasses.inc
     face.h
     floatgrouplayout.h
     floatscrollarea.h
@@ -33,7 +34,10 @@ set(public_headers
 list(TRANSFORM public_headers PREPEND "${PROJECT_SOURCE_DIR}/orbelparser/")
 install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
 
-install(FILES "${PROJECT_SOURCE_DIR}/check/checkexport.h" "${PROJECT_SOURCE_DIR}/check/orbelcheck.h"
+install(FILES
+    "${PROJECT_SOURCE_DIR}/check/orbelcheck.h"
+    "${PROJECT_SOURCE_DIR}/check/findings/checkexport.h"
+    "${PROJECT_SOURCE_DIR}/check/findings/finding.h"
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
 install(FILES "${PROJECT_SOURCE_DIR}/check/orbel.xsd" DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser")
 

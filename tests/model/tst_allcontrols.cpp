@@ -2,6 +2,7 @@
 
 #include "delegatefactory.h"
 #include "liveform.h"
+#include "registry.h"
 #include "rows.h"
 #include "testmain.h"
 #include "tree.h"
@@ -18,7 +19,7 @@ const QString Enumeration
     = "<Enums><Enum name='e'><EnumValue><DisplayName>One</DisplayName><Value>1</Value></EnumValue>"
       "<EnumValue><DisplayName>Two</DisplayName><Value>2</Value></EnumValue></Enum></Enums>";
 const QStringList Furnished{"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2",
-    "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i"};
+    "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i", "unit=String:u"};
 
 /// One control named "a" with parameters, and an enumeration for those that want one.
 QString One(const QString &className, const QStringList &properties)
@@ -97,7 +98,43 @@ int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *s
     return arrived;
 }
 
+/// The properties that the library has asked each object for.
+QHash<const QObject *, QSet<QString>> Asked;
+
+/// What the rows of a class tell otherwise than its delegate that was asked. Classes that share a delegate tell a part
+/// each.
+QStringList Untold(const Orbel::ClassInfo &row, const QSet<QString> &asked)
+{
+    QSet<QString> told{"unit"}; // The base keeps it for all, and some write it.
+    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes()) {
+        const QStringList names = Orbel::Registry::PropertyNames(info);
+        if (qstrcmp(info.delegate->delegate, row.delegate->delegate) == 0)
+            told += QSet<QString>(names.begin(), names.end());
+    }
+    QStringList untold;
+    for (const QString &name : asked - told)
+        untold << QString("%1 reads %2").arg(row.name, name);
+    for (const Orbel::PropertyInfo &property : row.delegate->properties) {
+        if (!asked.contains(property.name))
+            untold << QString("%1 leaves %2").arg(row.name, property.name);
+    }
+    // The limits of a range replace those that the factor had a part in; only the large field has a lock.
+    untold.removeOne("FrequencyRangeEdit reads displayScalingFactor");
+    untold.removeOne("FrequencyEdit leaves FrequencyLock");
+    return untold;
+}
+
 } // namespace
+
+// The linker puts the first before QObject::property() in all of the library, and calls that the second.
+QVariant Ask(const QObject *object, const char *name) __asm__("__wrap__ZNK7QObject8propertyEPKc");
+QVariant PropertyOf(const QObject *object, const char *name) __asm__("__real__ZNK7QObject8propertyEPKc");
+
+QVariant Ask(const QObject *object, const char *name)
+{
+    Asked[object].insert(name);
+    return PropertyOf(object, name);
+}
 
 class TestAllControls : public QObject
 {
@@ -148,9 +185,11 @@ private Q_SLOTS:
     void scriptsReachEveryMethod()
     {
         QFETCH(QString, className);
+        Asked.clear();
         const Form form = Bind(One(className, Furnished));
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
+        form->SetXmlString(form->GetXmlString(false));
         const QString global = className.isEmpty() ? "sheet" : "a";
         OrbelDelegate *delegate = className.isEmpty() ? form->GetSheet().GetDelegate() : Delegate(form, "a");
         QScriptEngine *engine = EngineOf(form);
@@ -174,6 +213,10 @@ private Q_SLOTS:
         }
         QCOMPARE(wrong.join('\n'), QString());
         QVERIFY(reached >= 14);
+        if (const Orbel::ClassInfo *row = Orbel::Registry::FindClass(className)) {
+            QCOMPARE(QString(meta->className()), QString("KV218::") + row->delegate->delegate);
+            QCOMPARE(Untold(*row, Asked[delegate]).join('\n'), QString());
+        }
     }
 
     /// What raises: signals in order, then * if the control became modified.
