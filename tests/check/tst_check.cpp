@@ -7,17 +7,9 @@
 #include "formtexts.h"
 #include "orbelcheck.h"
 #include "registry.h"
-#include "rows.h"
 #include "scriptnames.h"
-#include "testmain.h"
-
-#include <QRegularExpression>
-#include <QScriptEngine>
-#include <QTranslator>
-#include <QtTest>
 
 using namespace Orbel;
-using namespace forms;
 
 namespace
 {
@@ -31,12 +23,6 @@ Findings Find(BrokenForm::Kind kind, const QString &text)
         : kind == BrokenForm::Change      ? Check::Changed(bytes, plain)
         : kind == BrokenForm::Parameters  ? Check::Parameters(bytes, plain)
                                           : Check::RunDefinition(bytes, 1000);
-}
-
-QByteArray BytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString Unmarked(const QString &text)
@@ -147,7 +133,7 @@ public:
 
 } // namespace
 
-class TestCheck : public QObject
+class TestCheck : public TestCase
 {
     Q_OBJECT
 
@@ -179,8 +165,6 @@ private Q_SLOTS:
         if (path.endsWith("all_controls.orbel"))
             QCOMPARE((told - asked.Texts).values().join('\n'), QString());
     }
-
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
     void findingsStandWhereTheMistakesAre_data()
     {

@@ -5,14 +5,7 @@
 #include "orbelformular.h"
 #include "orbelparser.h"
 #include "registry.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QRegularExpression>
-#include <QtTest>
+#include "testcase.h"
 
 namespace
 {
@@ -41,7 +34,7 @@ QString ExampleOf(const QString &page)
 
 } // namespace
 
-class TestReference : public QObject
+class TestReference : public TestCase
 {
     Q_OBJECT
 
@@ -58,8 +51,6 @@ class TestReference : public QObject
     Result Xmllint(const QString &path) { return Run("xmllint", {"--noout", "--schema", Schema, path}); }
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void checkEndsAsTold_data()
     {
         const auto add = Columns<QStringList, int, QString, QString>({"arguments", "status", "out", "err"});

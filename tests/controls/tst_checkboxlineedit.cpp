@@ -1,13 +1,6 @@
 // Check box and line edit: what operator, script, node and document each cause, and in which order.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -21,13 +14,11 @@ void Click(QWidget *box)
 
 } // namespace
 
-class TestCheckBoxLineEdit : public QObject
+class TestCheckBoxLineEdit : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void boxTexts_data()
     {
         const auto row = Columns<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
@@ -120,14 +111,6 @@ private Q_SLOTS:
         QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified()"));
     }
 
-    void aTreeMayRefuseTheNodes()
-    {
-        LiveForm live(Widget("c", "CheckBox", {Written}) + Widget("e", "LineEdit", {Written}), true, QString());
-        QVERIFY2(!live.form->GetVTValue("c") && live.form->GetVTValue("e"), "a text keeps its node");
-        const QString document("<Parameters><c>true</c><e>x</e></Parameters>");
-        live.form->SetXmlString(document);
-        QCOMPARE(live.form->GetXmlString(false).simplified().replace("> <", "><"), document);
-    }
 };
 
 ORBEL_TEST_MAIN(TestCheckBoxLineEdit)

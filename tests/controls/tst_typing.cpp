@@ -3,14 +3,6 @@
 
 #include "fieldnote.h"
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QtTest>
-#include <QtWidgets>
-
-using namespace forms;
 
 namespace
 {
@@ -84,13 +76,11 @@ struct Desk {
 
 } // namespace
 
-class TestTyping : public QObject
+class TestTyping : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void fields_data()
     {
         const auto row = Columns<QString>({"name"});
@@ -176,18 +166,6 @@ private Q_SLOTS:
         }
     }
 
-    /// A script that disables a field commits what is typed there, as before.
-    void aScriptDisablesTheField()
-    {
-        Desk desk;
-        desk.Receiver.stop();
-        for (const QString name : {"line", "spin"}) {
-            desk.Type(name, "12");
-            desk.live.form->EvaluateScript(name + ".setEnabled(false)");
-            QVERIFY(Tree::Instance()->GetNode("/Form/" + name)->GetStringValue().startsWith("12"));
-            QCOMPARE(desk.Told(), QString());
-        }
-    }
 };
 
 ORBEL_TEST_MAIN(TestTyping)

@@ -1,16 +1,9 @@
 // The frequency and the range of a form: both faces, the lock, the repair of ranges, and their documents.
 
 #include "liveform.h"
-#include "testmain.h"
-
 #include "orbelfrequencyedit.h"
 #include "orbelfrequencyrangeedit.h"
-#include "tree.h"
 #include "vcminifrequency.h"
-
-#include <QtTest>
-
-using namespace KV218;
 
 namespace
 {
@@ -19,12 +12,12 @@ const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generatePara
 
 QString Frequency(const QStringList &more = {"parameterXmlTag=String:Frequency"})
 {
-    return forms::Widget("f", "FrequencyEdit", Usable + QStringList{"value=String:145500000"} + more);
+    return Widget("f", "FrequencyEdit", Usable + QStringList{"value=String:145500000"} + more);
 }
 
 QString Range(const QStringList &more = {})
 {
-    return forms::Widget("r", "FrequencyRangeEdit",
+    return Widget("r", "FrequencyRangeEdit",
         Usable
             + QStringList{"startFrequency=String:10000", "stopFrequency=String:20000",
                 "startFrequencyParameterXmlTag=String:From", "stopFrequencyParameterXmlTag=String:To"}
@@ -33,74 +26,54 @@ QString Range(const QStringList &more = {})
 
 } // namespace
 
-class TestFrequencyEdits : public QObject
+class TestFrequencyEdits : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
 
-    void theFormOfTheControl_data()
+    /// In the large form and in the plain one, as tag and property say.
+    void anEditReachesNodePropertyAndSignals_data()
     {
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<bool>("mainForm");
-        const QString tag = "parameterXmlTag=String:";
-        QTest::newRow("called Frequency") << QStringList{tag + "Rx/Frequency"} << true;
-        QTest::newRow("another spelling") << QStringList{tag + "frequency"} << false;
-        QTest::newRow("called otherwise") << QStringList{tag + "Step"} << false;
-        QTest::newRow("main form wanted") << QStringList{tag + "Step", "MainFreqEdit=Bool:true"} << true;
-        QTest::newRow("main form refused") << QStringList{tag + "Frequency", "MainFreqEdit=Bool:false"} << false;
+        const auto row = Columns<QString, QStringList, bool>({"tag", "more", "large"});
+        row("called Frequency", "Frequency", {}, true);
+        row("another spelling", "frequency", {}, false);
+        row("large form wanted", "Step", {"MainFreqEdit=Bool:true"}, true);
+        row("large form refused", "Frequency", {"MainFreqEdit=Bool:false"}, false);
     }
-    void theFormOfTheControl()
-    {
-        QFETCH(QStringList, properties);
-        QFETCH(bool, mainForm);
-        LiveForm live(Frequency(properties));
-        QCOMPARE(live.Find("FrequencyControl") != nullptr, mainForm);
-        QCOMPARE(live.Find("f") != nullptr, !mainForm);
-        auto *field = mainForm ? live.Find<QLineEdit>("frequency") : live.Find<QLineEdit>("f");
-        QCOMPARE(field->text(), QString("145.500 000 MHz"));
-    }
-
     void anEditReachesNodePropertyAndSignals()
     {
-        for (const QString tag : {"Frequency", "Step"}) {
-            LiveForm live(Frequency({"parameterXmlTag=String:" + tag}));
-            auto *f = live.Get<OrbelFrequencyEdit>("f");
-            live.log.Watch("f", f);
-            auto *node = dynamic_cast<ValueDouble *>(f->GetVTValue());
-            node->SetValue(1000000.9, nullptr);
-            QCOMPARE(live.log.Take(), QString("f.valueChanged(1000000) f.editingFinished()"));
-            QCOMPARE(f->property("value"), QVariant(qint64(1000000)));
-            QVERIFY(f->isModified());
-            node->SetValue(1000000.2, nullptr);
-            f->setValue(7000);
-            f->setProperty("minimum", 8000);
-            f->setUnitScale("kHz");
-            f->autosetUnitScale();
-            QCOMPARE(live.log.Take(), QString());
-            QCOMPARE(node->GetValue(), 8000.0);
-            QCOMPARE(f->property("value").toInt(), 8000);
-            live.form->SetXmlString("<Parameters><" + tag + ">abc</" + tag + "></Parameters>");
-            QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
-            QCOMPARE(f->property("value").toString(), QString("abc"));
-            QVERIFY(live.form->GetXmlString(false).contains("<" + tag + ">abc</" + tag + ">"));
-            live.form->SetXmlString("<Parameters><" + tag + ">90000</" + tag + "></Parameters>");
-            QCOMPARE(node->GetValue(), 90000.0);
-        }
-    }
-
-    void typingMarksThePlainFormAtOnceOnly()
-    {
-        LiveForm plain(Frequency({"parameterXmlTag=String:Step"}));
-        QTest::keyClicks(plain.Find("f"), "1");
-        QVERIFY(plain.form->GetSheet().isModified());
-        plain.Get("f")->forceFinishEditing();
-        LiveForm main(Frequency(), true, "/Main");
-        QTest::keyClicks(main.Find("frequency"), "1");
-        QVERIFY(!main.form->GetSheet().isModified());
-        main.Get("f")->forceFinishEditing();
-        QCOMPARE(main.Find<QLineEdit>("frequency")->text(), QString("1"));
+        const auto [tag, more, large] = Fetch<QString, QStringList, bool>({"tag", "more", "large"});
+        LiveForm live(Frequency(more + QStringList{"parameterXmlTag=String:" + tag}));
+        QCOMPARE(live.Find("FrequencyControl") != nullptr, large);
+        auto *field = live.Find<QLineEdit>(large ? "frequency" : "f");
+        QCOMPARE(field->text(), QString("145.500 000 MHz"));
+        auto *f = live.Get<OrbelFrequencyEdit>("f");
+        live.log.Watch("f", f);
+        auto *node = dynamic_cast<ValueDouble *>(f->GetVTValue());
+        node->SetValue(1000000.9, nullptr);
+        QCOMPARE(live.log.Take(), QString("f.valueChanged(1000000) f.editingFinished()"));
+        QCOMPARE(f->property("value"), QVariant(qint64(1000000)));
+        QVERIFY(f->isModified());
+        node->SetValue(1000000.2, nullptr);
+        f->setValue(7000);
+        f->setProperty("minimum", 8000);
+        f->setUnitScale("kHz");
+        f->autosetUnitScale();
+        QCOMPARE(live.log.Take(), QString());
+        QCOMPARE(node->GetValue(), 8000.0);
+        QCOMPARE(f->property("value").toInt(), 8000);
+        const QString document = "<Parameters><" + tag + ">%1</" + tag + "></Parameters>";
+        live.form->SetXmlString(document.arg("abc"));
+        QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
+        QCOMPARE(f->property("value").toString(), QString("abc"));
+        QVERIFY(live.form->GetXmlString(false).contains("<" + tag + ">abc</" + tag + ">"));
+        live.form->SetXmlString(document.arg("90000"));
+        QCOMPARE(node->GetValue(), 90000.0);
+        live.form->GetXmlString(true);
+        field->setFocus();
+        QTest::keyClicks(field, "1");
+        QVERIFY2(live.form->GetSheet().isModified() != large, "typing marks the plain form at once");
     }
 
     void theLockWaitsForTheScript()
@@ -133,43 +106,21 @@ private Q_SLOTS:
         QCOMPARE(live.log.Take(), QString());
     }
 
-    void lockedFromTheStart_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("freed");
-        QTest::newRow("read-only") << "readOnly=Bool:true"
-                                   << "readOnly";
-        QTest::newRow("disabled") << "enabled=Bool:false"
-                                  << "enabled";
-    }
-    void lockedFromTheStart()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, freed);
-        LiveForm live(Frequency({"parameterXmlTag=String:Frequency", name}));
-        auto *control = live.Find<VCFrequency>("FrequencyControl");
-        QVERIFY(control->GetTuneButton() && !control->GetFrequencyButtonCtrl()->isEnabled());
-        QVERIFY(!control->GetHistoryButtonCtrl()->isEnabled());
-        QVERIFY(live.Find<QLineEdit>("frequency")->isReadOnly());
-        live.Get("f")->setProperty(freed.toLatin1(), freed == "enabled");
-        QVERIFY(control->GetHistoryButtonCtrl()->isEnabled());
-        QVERIFY(!live.Find<QLineEdit>("frequency")->isReadOnly());
-    }
-
     void theRangeRepairsItself_data()
     {
         QTest::addColumn<QString>("moved");
         QTest::addColumn<double>("to");
         QTest::addColumn<QString>("seen");
+        // clang-format off
         QTest::newRow("start past stop") << "_1" << 30000.0 << "rangeChanged(30000, 30001)";
         QTest::newRow("start onto stop") << "_1" << 20000.0 << "rangeChanged(20000, 20001)";
         QTest::newRow("stop before start") << "_2" << 9000.0 << "rangeChanged(8999, 9000)";
         QTest::newRow("stop onto start") << "_2" << 10000.0 << "rangeChanged(9999, 10000)";
         QTest::newRow("start within") << "_1" << 15000.0 << "rangeChanged(15000, 20000)";
         QTest::newRow("start at the top") << "_1" << 1e12 << "rangeChanged(26499999999, 26500000000)";
-        QTest::newRow("start beyond all integers")
-            << "_1" << 1e30 << "rangeChanged(9223372036854775807, 9223372036854775807)";
+        QTest::newRow("start beyond all integers") << "_1" << 1e30 << "rangeChanged(9223372036854775807, 9223372036854775807)";
         QTest::newRow("stop at the bottom") << "_2" << 0.0 << "rangeChanged(8000, 8001)";
+        // clang-format on
     }
     void theRangeRepairsItself()
     {
@@ -207,15 +158,6 @@ private Q_SLOTS:
         QVERIFY(!live.log.Seen().contains("rangeChanged"));
         QCOMPARE(live.Find("r_StartFrequency")->toolTip(), QString("Start Frequency"));
         QCOMPARE(live.Find("r_StopFrequency")->property("startFrequencyParameterXmlTag"), QVariant("Begin"));
-    }
-
-    void passingThroughMarksTheRange()
-    {
-        LiveForm live(Range());
-        live.Find("r_StartFrequency")->setFocus();
-        QTRY_VERIFY(live.Find("r_StartFrequency")->hasFocus());
-        live.Find("r_StopFrequency")->setFocus();
-        QVERIFY(live.Get("r")->isModified());
     }
 
     void nodesAndFormsEndInAnyOrder()

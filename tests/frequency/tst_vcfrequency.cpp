@@ -1,19 +1,12 @@
 // The full frequency control with keys, mouse and wheel on a shown window, and with nodes that come and go.
 
 #include "frequencyfield.h"
-#include "rows.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "vcbutton.h"
 #include "vcfrequency.h"
 #include "vcminifrequency.h"
-
-#include <QClipboard>
-#include <QLabel>
-#include <QMenu>
-#include <QtTest>
-#include <QVBoxLayout>
 
 namespace
 {
@@ -86,13 +79,11 @@ struct Window : QWidget {
 
 } // namespace
 
-class TestVCFrequency : public QObject
+class TestVCFrequency : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void keys_data()
     {
         const auto row = Columns<QString, double, QString>({"keys", "hertz", "shown"});
@@ -213,19 +204,6 @@ private Q_SLOTS:
         QTRY_COMPARE(window.node->GetValue(), 9e6);
     }
 
-    void pastingReplacesTheWholeText()
-    {
-        Window window;
-        QApplication::clipboard()->setText("433,92 M");
-        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {});
-        QApplication::sendEvent(window.field, &menu);
-        QVERIFY(QApplication::activePopupWidget());
-        QApplication::activePopupWidget()->close();
-        window.field->paste();
-        window.Operate("\n");
-        QCOMPARE(window.node->GetValue(), 433.92e6);
-    }
-
     void typingIsToldAndCommittedOnRequest()
     {
         Window window;
@@ -293,37 +271,6 @@ private Q_SLOTS:
         QVERIFY(window.control->GetHistoryButtonCtrl()->isEnabled());
     }
 
-    void textFollowsTheFormsSizeAndReadersHearTheValue()
-    {
-        Window window;
-        QFont font = window.font();
-        font.setPointSize(20);
-        window.setFont(font);
-        QCOMPARE(window.field->font().pointSizeF(), 30.0);
-        QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(window.field);
-        QCOMPARE(reader->text(QAccessible::Name), QString("Frequency"));
-        QCOMPARE(reader->text(QAccessible::Value), QString("145.500 000 MHz"));
-    }
-
-    void aPlainFieldTakesFrequenciesToo()
-    {
-        ValueString text("text");
-        ValueDouble node("step");
-        VCLineEdit edit(nullptr, "plain", VCLineEdit::ekFrequency);
-        node.SetValue(12500, nullptr);
-        edit.SetValueBase(&node);
-        QCOMPARE(edit.text(), QString("12.500 kHz"));
-        edit.setText("");
-        QTest::keyClicks(&edit, "6,25k");
-        QTest::keyClick(&edit, Qt::Key_Return);
-        QCOMPARE(node.GetValue(), 6250.0);
-        QCOMPARE(edit.text(), QString("6.250 kHz"));
-        edit.SetValueBase(&text);
-        for (const char *none : {"nan", "-inf"}) {
-            text.SetValue(none, nullptr);
-            QCOMPARE(edit.text(), QString());
-        }
-    }
 };
 
 ORBEL_TEST_MAIN(TestVCFrequency)

@@ -1,18 +1,12 @@
 // The value-bound controls, operated with key, mouse and wheel events on shown windows.
 
-#include "rows.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "vccheckbox.h"
 #include "vccomboboxclassic.h"
 #include "vclineedit.h"
 #include "vcnumericfloatspin.h"
-
-#include <QtTest>
-#include <QtWidgets>
-
-#include <functional>
 
 /// Counts the new values of a node, and can do something when one comes.
 struct Watcher : IObserver {
@@ -128,13 +122,11 @@ static bool Bind(QWidget *control, ValueBase *node)
     return qobject_cast<VCComboBoxClassic *>(control)->SetValueSelection(dynamic_cast<ValueSelection *>(node));
 }
 
-class TestControls : public QObject
+class TestControls : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void life_data()
     {
         const auto row = Columns<QString, QString>({"kind", "act"});
@@ -371,53 +363,6 @@ private Q_SLOTS:
         QVERIFY(spin.sizeHint().width() < 300);
     }
 
-    void spinTyping_data()
-    {
-        const auto row = Columns<double, QString, double, QString, bool>({"factor", "typed", "value", "text", "whole"});
-        row("beyond the maximum", 1, "500", 100, "100.00dB", false);
-        row("no number", 1, "-", 50.125678, "50.13dB", false);
-        row("the number that stood there", 1, "50.13", 50.125678, "50.13dB", false);
-        row("scaled exactly", 0.001, "0.012", 12, "0.01200dB", false);
-        row("limits of a negative factor", -1, "-200", 100, "-100.00dB", false);
-        row("whole numbers", 1, "7.6", 8, "8.00dB", true);
-    }
-    void spinTyping()
-    {
-        const auto [factor, typed, value, text, whole]
-            = Fetch<double, QString, double, QString, bool>({"factor", "typed", "value", "text", "whole"});
-        for (const QString end : {"\r", "\t", "lock"}) {
-            ValueDouble doubles("d");
-            ValueInt integers("i");
-            IValueNumeric *node = whole ? static_cast<IValueNumeric *>(&integers) : &doubles;
-            node->SetMin(0, nullptr);
-            node->SetMax(100, nullptr);
-            node->SetValue(50.125678, nullptr);
-            auto *spin = new VCNumericFloatSpin(nullptr, nullptr, end == "\r");
-            spin->setSuffix("dB");
-            spin->SetFactor(factor);
-            spin->setAdditionalPrecision(2);
-            Window window(spin);
-            QVERIFY(window.IsReady() && spin->SetNumericValue(node));
-            const QString shown = spin->text();
-            Operate(spin, typed);
-            QCOMPARE(node->GetValue(), whole ? 50 : 50.125678);
-            QTest::keyClick(spin, Qt::Key_Escape);
-            QCOMPARE(spin->text(), shown);
-            Operate(spin, typed);
-            const QString half = spin->text();
-            OpenMenu(spin);
-            QVERIFY(spin->text() == half && node->GetValue() == (whole ? 50 : 50.125678));
-            if (end == "lock")
-                spin->setProperty("enabled", false);
-            else
-                Operate(spin, typed + end);
-            // What Return refuses stays until Escape.
-            QTest::keyClick(spin, Qt::Key_Escape);
-            QCOMPARE(node->GetValue(), value);
-            QCOMPARE(spin->text(), text);
-        }
-    }
-
     void spinSteps_data()
     {
         const auto row = Columns<double, double, double, QString, QString, double>(
@@ -492,6 +437,73 @@ private Q_SLOTS:
         Tree::Instance()->RemoveNode("Form/n");
         QCOMPARE(spin.text(), QString("2.000"));
     }
+
+    /// What a box remembers of its size must never be seen.
+    void hintsAreThoseOfAPlainBox()
+    {
+        const std::vector<std::function<void(QComboBox &)>> steps{
+            [](QComboBox &box) { box.show(); },
+            [](QComboBox &box) { box.addItem("a much longer item than all the others"); },
+            [](QComboBox &box) { box.setItemText(0, "changed to something longer"); },
+            [](QComboBox &box) { box.removeItem(1); },
+            [](QComboBox &box) { box.setFont(QFont(box.font().family(), 30)); },
+            [](QComboBox &box) { box.setStyle(QApplication::style()); },
+            [](QComboBox &box) { box.setStyleSheet("font-size: 30pt;"); },
+            [](QComboBox &box) { box.setItemIcon(0, QPixmap(9, 9)); },
+            [](QComboBox &box) { (box.setIconSize({50, 50})); },
+            [](QComboBox &box) { box.setFrame(false); },
+            [](QComboBox &box) { box.setMinimumContentsLength(60); },
+            [](QComboBox &box) { box.setSizeAdjustPolicy(QComboBox::AdjustToContents); },
+            [](QComboBox &box) { box.setModel(new QStringListModel({"an item of another model"}, &box)); },
+        };
+        for (size_t i = 0; i < steps.size() * steps.size(); ++i) {
+            QComboBox plain;
+            VCComboBoxClassic ours;
+            for (QComboBox *box : {&plain, static_cast<QComboBox *>(&ours)})
+                box->addItems({"one", "another one"});
+            const auto hints = [](const QComboBox &box) { return qMakePair(box.sizeHint(), box.minimumSizeHint()); };
+            QCOMPARE(hints(ours), hints(plain));
+            for (const size_t step : {i / steps.size(), i % steps.size()}) {
+                steps[step](plain);
+                steps[step](ours);
+                QVERIFY2(hints(ours) == hints(plain), qPrintable(QString("step %1 of pair %2").arg(step).arg(i)));
+            }
+        }
+    }
+
+    /// What a spin box remembers of its text must never be seen.
+    void aNumberThatWasTakenAwayIsShownAgain()
+    {
+        using Spin = VCNumericFloatSpin;
+        const auto setTwice = [](Spin &spin) {
+            QObject once;
+            connect(&spin, QOverload<double>::of(&Spin::valueChanged), &once, [&] {
+                spin.disconnect(&once);
+                spin.QDoubleSpinBox::setValue(9);
+            });
+            spin.setValue(3);
+            spin.setValue(2);
+        };
+        const std::pair<const char *, std::function<void(Spin &)>> steps[]{
+            {"another text", [](Spin &spin) { spin.findChild<QLineEdit *>()->setText("9.00"); }},
+            {"cleared", [](Spin &spin) { spin.clear(); }},
+            {"another number of the base class", [](Spin &spin) { spin.QDoubleSpinBox::setValue(9); }},
+            {"another number from who heard of this one", setTwice},
+        };
+        for (const auto &[name, step] : steps) {
+            ValueDouble node("n");
+            Spin spin;
+            spin.setAdditionalPrecision(2);
+            spin.SetNumericValue(&node);
+            node.SetValue(2, nullptr);
+            step(spin);
+            node.HasChanged(ekChangeValue, nullptr);
+            QVERIFY2(spin.text() == "2.00" && spin.value() == 2.0, name);
+            node.SetStep(0.001, nullptr);
+            QVERIFY2(spin.text() == "2.00000", name);
+        }
+    }
+
 };
 
 ORBEL_TEST_MAIN(TestControls)

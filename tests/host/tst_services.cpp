@@ -1,13 +1,9 @@
 // The services of the host layer: traces and exceptions, and translation catalogues.
 
 #include "lxexception.h"
-#include "rows.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "trace.h"
 #include "translationcenter.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <limits>
 
@@ -41,7 +37,7 @@ static QString Translated(const QString &context)
     return QCoreApplication::translate(context.toUtf8().constData(), "text");
 }
 
-class TestServices : public QObject
+class TestServices : public TestCase
 {
     Q_OBJECT
 

@@ -1,18 +1,14 @@
 // The value tree: who is told what and when, what nodes keep and refuse, and who outlives whom.
 
 #include "idllinstance.h"
-#include "rows.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "tree.h"
 #include "valuecommentedrangemap.h"
 #include "valuenumeric.h"
 #include "valueobservingptr.h"
 #include "valueselection.h"
 
-#include <QtTest>
-
 #include <deque>
-#include <functional>
 #include <random>
 
 /// Writes down what it is told as its name and the code, then reacts.
@@ -124,13 +120,11 @@ static QString Numbers(const IValueNumeric &node)
     return texts.join(' ');
 }
 
-class TestValueTree : public QObject
+class TestValueTree : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void basesStandInOrder()
     {
         using valueitemmap::IHasChangeLogValueTemplate, valueitemmap::IKeyItemTemplate;

@@ -2,34 +2,17 @@
 
 #include "delegatefactory.h"
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
 
-const QString Enumeration
-    = "<Enums><Enum name='e'><EnumValue><DisplayName>One</DisplayName><Value>1</Value></EnumValue>"
-      "<EnumValue><DisplayName>Two</DisplayName><Value>2</Value></EnumValue></Enum></Enums>";
 const QStringList Furnished{"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2",
     "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i"};
 
 /// One control named "a" with parameters, and an enumeration for those that want one.
 QString One(const QString &className, const QStringList &properties)
 {
-    return Definition(Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + properties), Enumeration);
-}
-
-/// The form's script engine.
-QScriptEngine *EngineOf(const Form &form)
-{
-    return form->GetScriptValues().value("sheet").engine();
+    return Definition(Widget("a", className, QStringList{"generateParameterXml=Bool:true"} + properties), Enum("e", "One=1 Two=2"));
 }
 
 /// Lets a script note the name of each own signal of control "a", in the order of emission.
@@ -99,16 +82,14 @@ int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *s
 
 } // namespace
 
-class TestAllControls : public QObject
+class TestAllControls : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void theExampleHoldsEveryClassOnce()
     {
-        const Form form(OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel"));
+        const Form form = Example("all_controls.orbel");
         form->CreateValueTree("/All");
         QHash<QString, int> seen;
         for (int i = 0; i < form->GetSheet().GetWidgetCount(); ++i)

@@ -1,22 +1,12 @@
 // Where each reader of a form definition stops, and what it keeps of what it met.
 
 #include "forms.h"
-#include "rows.h"
-#include "testmain.h"
 
-#include <QTemporaryDir>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
-
-class TestDefinition : public QObject
+class TestDefinition : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void rootIsFoundAlongTheFirstElements_data()
     {
         QTest::addColumn<QString>("document");
@@ -70,16 +60,16 @@ private Q_SLOTS:
             AddRow(name, "<Widget name='a' class='Label'>" + QString(inside + "</Widget>").remove("%</Widget>") + b,
                 (goesOn ? "a b" : "a"), goesOn);
         };
+        // clang-format off
         row("an unknown child of the sheet is skipped", x + "</Widget><Other><Widget name='no'/></Other>%", true);
         row("a wrapper ends the sheet behind its widget", "<Properties>" + x + "</Properties>", false);
         row("an empty property ends the sheet behind its widget", x + empty, false);
         row("an unknown element ends the sheet behind its widget", x + "<Other/>", false);
         row("custom properties end nothing", x + custom, true);
-        row("an empty custom property ends that list and then the widget's",
-            x + "<CustomProperties>" + empty + "</CustomProperties>", false);
-        row("what stands behind the value is skipped",
-            "<Property name='x'><Int>1</Int><Int>2</Int><More><x/></More></Property>", true);
+        row("an empty custom property ends that list and then the widget's", x + "<CustomProperties>" + empty + "</CustomProperties>", false);
+        row("what stands behind the value is skipped", "<Property name='x'><Int>1</Int><Int>2</Int><More><x/></More></Property>", true);
         row("an element inside a value stops everything", "<Property name='x'><Int>1<i/></Int></Property>", false);
+        // clang-format on
     }
 
     void sheetEndsWhereItsListsEnd()

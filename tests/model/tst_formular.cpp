@@ -3,18 +3,9 @@
 
 #include "forms.h"
 #include "orbelsheetui.h"
-#include "rows.h"
 #include "selectionitem.h"
-#include "testmain.h"
 #include "tree.h"
 #include "valueselection.h"
-
-#include <QLabel>
-#include <QSignalSpy>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -67,13 +58,11 @@ QString Shown(const Form &form, const QStringList &names)
 
 } // namespace
 
-class TestFormular : public QObject
+class TestFormular : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void scriptRunsBetweenNodesAndControls()
     {
         const Form form = Parse(
@@ -114,22 +103,26 @@ private Q_SLOTS:
 
     void hostsInsertTheirOwnControls()
     {
+        struct Dial : QDial {
+            void showEvent(QShowEvent *) override { WasWindow |= isWindow(); }
+            bool WasWindow = false;
+        };
         const Form form = Bind(Definition(Widget("a", "CheckBox")));
-        auto *dial = new QDial;
+        auto *dial = new Dial;
         const auto element = form->GetSheet().InsertWidget("dial", "Dial", dial, 0);
         form->GetSheet().InsertWidget("bare", QString(), new QDial, -1);
-        QCOMPARE(Names(form), QString("dial a bare"));
-        QCOMPARE(element->GetClass(), QString("QDial"));
+        QCOMPARE(Names(form) + element->GetClass(), QString("dial a bareQDial"));
         form->CreateGUI(false);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QCOMPARE(window->findChild<QLabel *>("labeldial")->text(), QString("Dial"));
         QVERIFY(!window->findChild<QLabel *>("labelbare"));
         window->show();
+        QVERIFY2(dial->isVisible() && !dial->WasWindow, "no window on its way");
         QVERIFY2(window->findChild<QWidget *>("a")->x() == 0, "what comes next starts a row");
-        form->EnableInput(false);
-        QVERIFY(!dial->isEnabled());
-        form->EnableInput(true);
-        QVERIFY(dial->isEnabled());
+        for (const bool on : {false, true}) {
+            form->EnableInput(on);
+            QCOMPARE(dial->isEnabled(), on);
+        }
         QVERIFY2(!form->GetScriptValues().contains("dial"), "a host's control is no script global");
         QCOMPARE(form->GetXmlString(false).simplified(), QString("<Parameters/>"));
     }
@@ -150,12 +143,12 @@ private Q_SLOTS:
             + Widget("b", "CheckBox", {"parameterXmlTag=String:x/tag"}) + Widget("c", "CheckBox")));
         form->CreateGUI(true, names, exclude);
         const std::unique_ptr<QWidget> window(form->GetGUI());
-        QTEST(Shown(form, {"a", "b", "c"}), "built");
         QStringList selected;
         for (int i = 0; i < 3; ++i) {
             if (form->GetSheet().GetWidgetAt(i)->IsSelected())
                 selected << form->GetSheet().GetWidgetAt(i)->GetName();
         }
+        QTEST(Shown(form, {"a", "b", "c"}), "built");
         QTEST(selected.join(' '), "built");
         QVERIFY(form->GetVTValue("c"));
     }
@@ -236,50 +229,41 @@ private Q_SLOTS:
         form->ApplyConfiguration();
     }
 
+    /// Before the controls are there and afterwards, each switch adds to the others.
     void inputSwitches()
     {
-        const Form form = GroupForm();
-        OrbelSheet &sheet = form->GetSheet();
-        sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        const QWidget *a = window->findChild<QWidget *>("a");
-        const QWidget *applyRow = window->findChild<QWidget *>("applyButtonBox");
-        QVERIFY2(!a->isEnabled(), "turned off before the controls were there");
-        sheet.EnableInput(true, OrbelSheet::EnableScopeSheet);
-        form->EnableInput(false);
-        QVERIFY(!a->isEnabled() && !applyRow->isEnabled() && window->findChild<QWidget *>("h1")->isEnabled());
-        sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
-        form->EnableInput(true);
-        QVERIFY2(!a->isEnabled() && form->IsInputEnabled(), "the sheet's own switch is still off");
-        sheet.EnableInput(true, OrbelSheet::EnableScopeSheet);
-        QVERIFY(a->isEnabled() && applyRow->isEnabled());
-        QVERIFY(!sheet.IsInputEnabled(OrbelSheet::eEnableScope(7)));
-        sheet.EnableInput(false, OrbelSheet::eEnableScope(7));
-    }
-
-    void thePartialSwitchAddsToTheOthers()
-    {
-        for (const auto scope : {OrbelSheet::EnableScopeInput, OrbelSheet::EnableScopeSheet}) {
-            const Form form = Bind(Definition(Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
-            OrbelSheet &sheet = form->GetSheet();
-            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+        using Sheet = OrbelSheet;
+        for (const auto scope : {Sheet::EnableScopeInput, Sheet::EnableScopeSheet, Sheet::EnableScopePartial}) {
+            const Form form = Bind(Definition(Widget("h", "Headline", {"text=String:h"})
+                + Widget("a", "CheckBox", {"enabled=Bool:true"}) + Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
+            Sheet &sheet = form->GetSheet();
+            sheet.EnableInput(false, scope);
             form->CreateGUI(true);
             const std::unique_ptr<QWidget> window(form->GetGUI());
-            const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
-            QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
-            const QWidget *lock = window->findChild<QWidget *>("LockFrequency");
-            QVERIFY2(lock->isEnabled(), "the lock is left alone");
-            sheet.EnableInput(false, scope);
-            sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
-            QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
-            sheet.EnableInput(true, scope);
-            QVERIFY(row->isEnabled());
-            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
-            QVERIFY(!row->isEnabled() && lock->isEnabled());
-            sheet.EnableInput(false, scope);
-            sheet.EnableInput(true, scope);
-            QVERIFY(!row->isEnabled() && lock->isEnabled());
+            const auto enabled = [&] {
+                QString names;
+                for (const char *name : {"a", "applyButtonBox", "h", "LockFrequency"})
+                    names += window->findChild<QWidget *>(name)->isEnabled() ? *name : '-';
+                return names;
+            };
+            const bool isPartial = scope == Sheet::EnableScopePartial;
+            // The lock is left alone by the partial switch, and a headline by all.
+            const QString off = isPartial ? "--hL" : "--h-";
+            QCOMPARE(enabled(), off);
+            for (const auto other : {Sheet::EnableScopeInput, Sheet::EnableScopeSheet, Sheet::EnableScopePartial}) {
+                if (other == scope)
+                    continue;
+                sheet.EnableInput(false, other);
+                sheet.EnableInput(true, scope);
+                QVERIFY2(enabled().startsWith("--h"), "the other switch is still off");
+                QVERIFY(sheet.IsInputEnabled(scope) && !sheet.IsInputEnabled(other));
+                sheet.EnableInput(true, other);
+                QCOMPARE(enabled(), QString("aahL"));
+                sheet.EnableInput(false, scope);
+                QCOMPARE(enabled(), off);
+            }
+            QVERIFY(!sheet.IsInputEnabled(Sheet::eEnableScope(7)));
+            sheet.EnableInput(false, Sheet::eEnableScope(7));
         }
     }
 
@@ -315,14 +299,13 @@ private Q_SLOTS:
             = Bind(Definition(Widget("t", "LineEdit", {"text=String:12", "generateParameterXml=Bool:true"})));
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
-        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
-        QVERIFY(!form->SetVTValue("t", "12", nullptr, true));
-        QVERIFY(!form->SetVTValue("none", "12", nullptr, true));
+        const QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        QVERIFY(!form->SetVTValue("t", "12", nullptr, true) && !form->SetVTValue("none", "12", nullptr, true));
         QVERIFY(form->SetVTValue("t", "13", nullptr, false));
-        QCOMPARE(parameters.size(), 0);
         QCOMPARE(window->findChild<QLineEdit *>("t")->text(), QString("13"));
         ValueString local("t");
         local.SetValue("14", nullptr);
+        QCOMPARE(parameters.size(), 0);
         QVERIFY(form->SetVTValue(&local, nullptr, true));
         QCOMPARE(parameters.size(), 1);
         QVERIFY(form->GetXmlString(true).contains("<t>14</t>"));
@@ -388,6 +371,51 @@ private Q_SLOTS:
         const OrbelEnumValue &one = values->GetValueAt(0), &two = values->GetValueAt(1);
         QCOMPARE(one.GetValue() + one.GetEnumIdentifier(), QString("firstMODE_first"));
         QCOMPARE(two.GetDisplayName() + two.GetValue(), QString("Two6.25"));
+    }
+
+    /// However a host puts the form into its window.
+    void textSizeFollows_data()
+    {
+        const auto row = Columns<bool, QString, QString>({"embeddedFirst", "ownSheet", "parentSheet"});
+        row("restored, then embedded", false, "", "");
+        row("restored with a style sheet of its own", false, "QWidget { color: red; }", "");
+        row("embedded, then restored below a style sheet", true, "", "QWidget { color: red; }");
+        row("embedded, then restored below a style sheet with a size", true, "", "QWidget { font-size: 15pt; }");
+    }
+
+    void textSizeFollows()
+    {
+        const auto [embeddedFirst, ownSheet, parentSheet]
+            = Fetch<bool, QString, QString>({"embeddedFirst", "ownSheet", "parentSheet"});
+        QObject configuration;
+        configuration.setProperty("f-fontsize", 20);
+        const Form form = Bind(Definition(Widget("b", "CheckBox", {"labelText=String:B", "visible=Bool:true"})));
+        form->CreateGUI(true);
+        QWidget *gui = form->GetGUI();
+        gui->setStyleSheet(ownSheet);
+        QWidget window;
+        window.setStyleSheet(parentSheet);
+        const auto embed = [&] { (new QVBoxLayout(&window))->addWidget(gui); };
+        const auto restore = [&] { form->SetConfigObject(&configuration, "f"); };
+        embeddedFirst ? (embed(), restore()) : (restore(), embed());
+        form->ApplyConfiguration();
+        QString seen;
+        const auto look = [&] {
+            seen += QString("%1 %2 %3, ")
+                        .arg(gui->font().pointSize())
+                        .arg(gui->findChild<QLabel *>()->font().pointSize())
+                        .arg(configuration.property("f-fontsize").toInt());
+        };
+        window.show();
+        look();
+        Q_EMIT form->GetSheet().GetUi()->si_chooseFontSize(13);
+        look();
+        for (const QVariant &kept : {QVariant(), QVariant(16)}) {
+            configuration.setProperty("f-fontsize", kept);
+            form->RestoreConfiguration();
+            look();
+        }
+        QCOMPARE(seen, QString("20 20 20, 13 13 13, 9 9 0, 16 16 16, "));
     }
 };
 

@@ -2,15 +2,6 @@
 
 #include "forms.h"
 #include "orbelsheetui.h"
-#include "testmain.h"
-
-#include <QCheckBox>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -29,7 +20,7 @@ QString Compact(const QString &xml)
 
 } // namespace
 
-class TestParameterXml : public QObject
+class TestParameterXml : public TestCase
 {
     Q_OBJECT
 
@@ -100,9 +91,8 @@ private Q_SLOTS:
 
     void aSheetMayAskForAllParameters()
     {
-        const Form form = Build(Definition(
-            "<Properties><Property name='emitOnlyModifiedParameters'><Bool>false</Bool></Property></Properties>"
-            + Check("a", "a") + Check("b", "b")));
+        const QString all = "<Property name='emitOnlyModifiedParameters'><Bool>false</Bool></Property>";
+        const Form form = Build(Definition("<Properties>" + all + "</Properties>" + Check("a", "a") + Check("b", "b")));
         Window->findChild<QCheckBox *>("a")->click();
         QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><a>true</a><b>false</b></Parameters>"));
     }

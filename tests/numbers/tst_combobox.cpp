@@ -2,33 +2,17 @@
 
 #include "liveform.h"
 #include "orbelcombobox.h"
-#include "rows.h"
-#include "testmain.h"
 #include "valueselection.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
-
-QString Enums(const QString &name, const QString &rows)
-{
-    QString text;
-    for (const QString &row : rows.split(' ', Qt::SkipEmptyParts))
-        text += QString("<EnumValue><DisplayName>%1</DisplayName><Value>%2</Value></EnumValue>")
-                    .arg(row.section('=', 0, 0), row.section('=', 1));
-    return "<Enums><Enum name='" + name + "'>" + text + "</Enum></Enums>";
-}
 
 /// A form with one combo box "c" over the enumeration "modes", whose rows are "display=value".
 struct Choice : LiveForm {
     explicit Choice(const QString &rows, const QStringList &properties = {})
         : LiveForm(
             Widget("c", "ComboBox", QStringList{"enumName=String:modes", "generateParameterXml=Bool:true"} + properties)
-            + "</Sheet>" + Enums("modes", rows) + "<Sheet name='sheet'>"),
+            + "</Sheet>" + Enum("modes", rows) + "<Sheet name='sheet'>"),
           combo(Get<OrbelComboBox>("c")), box(Find<QComboBox>("c")),
           node(dynamic_cast<ValueSelection *>(form->GetVTValue("c")))
     {
@@ -44,13 +28,11 @@ struct Choice : LiveForm {
 
 } // namespace
 
-class TestComboBox : public QObject
+class TestComboBox : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void scriptChoice_data()
     {
         const auto row = Columns<QString, QString, QString>({"rows", "script", "found"});
@@ -107,24 +89,13 @@ private Q_SLOTS:
         QCOMPARE(choice.Found(), QString("c.currentValueChanged(1)|1|Own"));
     }
 
-    void documents()
-    {
-        Choice choice("Low=1 Mid=5", {"unit=String:dB"});
-        for (const QString text : {"2", "5"}) {
-            choice.form->SetXmlString("<Parameters><c>" + text + "</c></Parameters>");
-            QCOMPARE(choice.Found(), "c.currentValueChanged(" + text + ")|5|Mid");
-        }
-        QVERIFY(!choice.combo->isModified());
-        QVERIFY(choice.form->GetXmlString(false).contains("<c unit=\"dB\">5</c>"));
-    }
-
     void changedDefinition_data()
     {
         const auto row = Columns<QString, QString>({"enums", "found"});
-        row("the name still exists", Enums("modes", "New=n Fm=x"), "|f|Fm");
-        row("the name is gone", Enums("modes", "New=n"), "|f|New");
-        row("another enumeration", Enums("others", "Own=o Fm=y"), "|f|others:Fm");
-        row("no rows", Enums("modes", ""), "|f|");
+        row("the name still exists", Enum("modes", "New=n Fm=x"), "|f|Fm");
+        row("the name is gone", Enum("modes", "New=n"), "|f|New");
+        row("another enumeration", Enum("others", "Own=o Fm=y"), "|f|others:Fm");
+        row("no rows", Enum("modes", ""), "|f|");
     }
 
     void changedDefinition()
@@ -140,13 +111,6 @@ private Q_SLOTS:
         QTEST(choice.Found(), "found");
     }
 
-    void tooltips()
-    {
-        const QString label("labelText=String:label");
-        QCOMPARE(Choice("").box->toolTip(), QString("c"));
-        QCOMPARE(Choice("", {label}).box->toolTip(), QString("label"));
-        QCOMPARE(Choice("", {label, "toolTip=String:own"}).box->toolTip(), QString("own"));
-    }
 };
 
 ORBEL_TEST_MAIN(TestComboBox)

@@ -1,15 +1,7 @@
 // Lists of spin controls: counts, items by number, documents, and what reaches the items.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
 #include "vcnumericfloatspin.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -33,13 +25,11 @@ struct LiveList : LiveForm {
 
 } // namespace
 
-class TestLists : public QObject
+class TestLists : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void counts_data()
     {
         const auto row = Columns<QString, QStringList, int>({"className", "properties", "count"});

@@ -1,15 +1,8 @@
 // Numeric spin controls: limits and units, documents, and what operator, script and node each cause.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
 #include "valuenumeric.h"
 #include "vcnumericfloatspin.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -23,13 +16,11 @@ IValueNumeric *Node(const LiveForm &live)
 
 } // namespace
 
-class TestNumbers : public QObject
+class TestNumbers : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void properties_data()
     {
         const auto row = Columns<QString, QStringList, QString, QString, QString>(
@@ -38,34 +29,33 @@ private Q_SLOTS:
             "minimum=Int:10", "maximum=Int:20", "singleStep=Int:2", "displayScalingFactor=Double:0.5"};
         const char *set = "n.setMinimum(5); n.setMaximum(30); n.setSingleStep(3)";
         const char *scaled = "20 40 4 w<br>10...20 10.0";
+        // clang-format off
         row("limits of integers are scaled only at first", "SpinBox", half, set, scaled, "5 30 3 w<br>5...30 10.0");
         row("limits of doubles are always scaled", "DoubleSpinBox", half, set, scaled, "10 60 6 w<br>5...30 10.0");
         row("limits of 64 bits are always scaled", "BandwidthEdit", half, set, scaled, "10 60 6 w<br>5...30 10.0");
-        row("a new factor", "DoubleSpinBox", half, "n.setDisplayScalingFactor(0.25)", scaled,
-            "40 80 8 w<br>10...20 10.0");
+        row("a new factor", "DoubleSpinBox", half, "n.setDisplayScalingFactor(0.25)", scaled, "40 80 8 w<br>10...20 10.0");
         row("a new factor counts for no integer", "SpinBox", half, "n.displayScalingFactor = 1", scaled, scaled);
-        row("bounds of 64 bits drop out of the tooltip when set", "BandwidthEdit",
-            {"minimum=Int:1", "maximum=Int:3000000000"}, "n.setMinimum(2)", "1 3e+09 1 w<br>1...3000000000 1",
-            "2 3e+09 1 w<br>2... 2");
-        row("the upper bound alone", "DoubleSpinBox", {"maximum=Int:10", "decimals=Int:1"}, "n.setDecimals(2)",
-            "-1e+308 10 1 w<br>...10.0 0.0", "-1e+308 10 1 w<br>...10.0 0.00");
+        row("bounds of 64 bits drop out of the tooltip when set", "BandwidthEdit", {"minimum=Int:1", "maximum=Int:3000000000"}, "n.setMinimum(2)", "1 3e+09 1 w<br>1...3000000000 1", "2 3e+09 1 w<br>2... 2");
+        row("the upper bound alone", "DoubleSpinBox", {"maximum=Int:10", "decimals=Int:1"}, "n.setDecimals(2)", "-1e+308 10 1 w<br>...10.0 0.0", "-1e+308 10 1 w<br>...10.0 0.00");
+        // clang-format on
         const QStringList texts{"prefix=String:<", "suffix=String:s", "wrapping=Bool:true", "minimum=Int:0"};
         const char *change = "n.setPrefix('['); n.setSuffix('m'); n.setWrapping(false); n.setMaximum(9)";
-        row("texts of integers", "SpinBox", texts, change, "0 2.14748e+09 1 w<br>0... <0s wraps",
-            "0 9 1 w<br>0...9 [0m");
-        row("texts of doubles", "DoubleSpinBox", texts, change, "0 1e+308 1 w<br>0... <0s wraps",
-            "0 9 1 w<br>0...9 [0m");
+        // clang-format off
+        row("texts of integers", "SpinBox", texts, change, "0 2.14748e+09 1 w<br>0... <0s wraps", "0 9 1 w<br>0...9 [0m");
+        row("texts of doubles", "DoubleSpinBox", texts, change, "0 1e+308 1 w<br>0... <0s wraps", "0 9 1 w<br>0...9 [0m");
+        // clang-format on
         const QStringList scale{"unitScale=UInt64:1000", "value=Int64:1500000", "minimum=Int:10"};
         const char *kilo = "10000 1e+308 1000 w<br>10... 1 500.000 kHz";
-        row("mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo,
-            "1e+07 1e+308 1e+06 w<br>10... 10.000 000 MHz");
-        row("giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo,
-            "0 1e+308 1e+09 w<br>0... 0.001 500 000 GHz");
+        // clang-format off
+        row("mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo, "1e+07 1e+308 1e+06 w<br>10... 10.000 000 MHz");
+        row("giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo, "0 1e+308 1e+09 w<br>0... 0.001 500 000 GHz");
+        // clang-format on
         const char *hertz = "10 1e+308 1 w<br>10... 1 500 000 Hz";
+        // clang-format off
         row("any other scale", "BandwidthEdit", scale, "n.setUnitScale(10)", kilo, hertz);
         row("any text for a scale", "BandwidthEdit", scale, "n.setUnitScale('MHz')", kilo, hertz);
-        row("a scale wins over what else is stated", "BandwidthEdit",
-            scale + QStringList{"suffix=String:x", "singleStep=Int:5", "decimals=Int:5"}, "", kilo, kilo);
+        row("a scale wins over what else is stated", "BandwidthEdit", scale + QStringList{"suffix=String:x", "singleStep=Int:5", "decimals=Int:5"}, "", kilo, kilo);
+        // clang-format on
     }
 
     void properties()
@@ -98,15 +88,16 @@ private Q_SLOTS:
             AddRow(name, className, properties, "<n" + written + "</n>", read, announced, node);
         };
         const QString one("decimals=Int:1"), offset("displayAdditiveOffset=Int:1"), unit("unit=String:s");
+        // clang-format off
         row("integer with offset", "SpinBox", {"value=Int:5", offset}, ">4", "4", "5", 5);
         row("no number reads as 0", "SpinBox", {"value=Int:5", unit}, " unit=\"s\">5", "x", "0", 0);
         row("whole with one place", "DoubleSpinBox", {"value=Double:3", one}, ">3", "2.5", "2.5", 2.5);
         row("rounded to whole with one place", "DoubleSpinBox", {"value=Double:3.04", one}, ">3", "x", "0", 0);
         row("fraction with one place", "BaudRateSpinBox", {"value=Double:12.5", one}, ">12.5", "7", "7", 7);
         row("two places", "DoubleSpinBox", {"value=Double:3", "decimals=Int:2", unit}, " unit=\"s\">3.00", "1", "1", 1);
-        row("64 bits as they stand", "BandwidthEdit", {"value=Int64:007", unit}, " unit=\"s\">007", "9000000001",
-            "9000000001", 9000000001);
+        row("64 bits as they stand", "BandwidthEdit", {"value=Int64:007", unit}, " unit=\"s\">007", "9000000001", "9000000001", 9000000001);
         row("64 bits with an exponent are announced as 0", "BandwidthEdit", {"value=Int64:1"}, ">1", "1e7", "0", 1e7);
+        // clang-format on
     }
 
     void documents()

@@ -3,14 +3,6 @@
 #include "errorhandler.h"
 #include "liveform.h"
 #include "orbeldscobject.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QDialogButtonBox>
-#include <QTableWidget>
-#include <QtTest>
-
-using namespace KV218;
 
 namespace
 {
@@ -47,8 +39,8 @@ QString Expand(const QString &className, QString text)
 struct LiveObject : LiveForm {
     LiveObject(const QString &name, const QString &inside)
         : LiveForm("<Widget name='a' class='" + name + "'><Property name='labelText'><String>l</String></Property>"
-                  + inside + "</Widget>" + forms::Widget("lbScanHF", "LineEdit") + forms::Widget("lbScanVUHF", "Label")
-                  + forms::Widget("lbScanSHF", "Label"),
+                  + inside + "</Widget>" + Widget("lbScanHF", "LineEdit") + Widget("lbScanVUHF", "Label")
+                  + Widget("lbScanSHF", "Label"),
             false),
           className(name)
     {
@@ -82,7 +74,7 @@ void Columns(std::initializer_list<const char *> names)
 
 } // namespace
 
-class TestObjects : public QObject
+class TestObjects : public TestCase
 {
     Q_OBJECT
 
@@ -224,7 +216,7 @@ private Q_SLOTS:
             QVERIFY(live.Written().contains(",2"));
         }
         QCOMPARE(Tree::Instance()->GetPaths().join(' '), QString("/Form/a a"));
-        LiveForm lone(forms::Widget("b", Dsc)); // without the labels
+        LiveForm lone(Widget("b", Dsc)); // without the labels
         lone.form->EvaluateScript("b.sl_setScanRanges('<Scan><HFScan></HFScan></Scan>')");
     }
     void aNodeTellsAndIsTold()
@@ -240,7 +232,7 @@ private Q_SLOTS:
             live.Read("[5,6]");
             QCOMPARE(witness.codes, QString("773372"));
 
-            LiveForm automatic(forms::Widget("a", className));
+            LiveForm automatic(Widget("a", className));
             Tree::Instance()->GetNode("/Form/a")->SetStringValue("1..2", nullptr);
             QTRY_COMPARE(automatic.log.Seen(), QString("sheet.si_parametersModified()"));
             automatic.form.reset();

@@ -3,13 +3,7 @@
 #include "command.h"
 #include "nearestnames.h"
 #include "orbelcommand.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QMainWindow>
-#include <QtTest>
+#include "testcase.h"
 
 namespace
 {
@@ -54,7 +48,7 @@ Result Orbel(const QStringList &arguments)
 
 Q_COREAPP_STARTUP_FUNCTION(StartOperator)
 
-class TestOrbel : public QObject
+class TestOrbel : public TestCase
 {
     Q_OBJECT
 
@@ -163,8 +157,7 @@ private Q_SLOTS:
         // clang-format off
         add("document read", {"--params", read}, document("1", two));
         add("document in another encoding", {"--params", latin}, document(QChar(0xe4), two));
-        add("sets in their order, after the document", {"--set", "first=a", "--set", "Group/first=b=c", "--params", read},
-            document("b=c", two));
+        add("sets in their order, after the document", {"--set", "first=a", "--set", "Group/first=b=c", "--params", read}, document("b=c", two));
         add("change last", {"--changed", change, "--params", read, "--set", "second=a"}, document("1", "<second>new</second>"));
         add("only modified", {"--params", read, "--only-modified", "--set", "first=a"}, document("a", ""));
         add("nothing modified", {"--params", read, "--only-modified"}, "");
