@@ -101,13 +101,10 @@ private Q_SLOTS:
     {
         const auto row = Columns<QString, QString, QString>({"widget", "name", "description"});
         // clang-format off
-        row("a number", "SpinBox", "Spin box", "0 to 60 dB");
         row("a scaled number", "bandwidth", "Bandwidth", "0 to 20000 kHz");
         row("an end of a range", "frequencyRangeEdit_StopFrequency", "Frequency range, stop", "8.001 kHz to 26.5 GHz");
         row("the large field", "frequency", "Frequency", "");
-        row("its button", "entry", "Frequency, Type a frequency", "");
         row("an item", "shiftList_1", "Shifts, item 2", "0 to 1000 Hz");
-        row("a table", "spacings", "Channel spacing", "0 to 100 kHz");
         row("a button of a row", "scriptControl_EditButton", "Script, edit", "");
         row("a headline", "numbers", "Numbers", "Hide Numbers");
         row("a text", "label", "a text to read", "");
@@ -256,27 +253,12 @@ private Q_SLOTS:
         QCOMPARE(window.focusWidget(), before);
     }
 
-    void aTableIsFilledWithTab()
-    {
-        LiveForm live(Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:2"}) + Labelled("b", "LineEdit"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        auto *table = live.Find<QTableWidget>("t");
-        OpenCell(table, 0);
-        QTest::keyClicks(QApplication::focusWidget(), "7");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QCOMPARE(table->item(0, 0)->data(Qt::DisplayRole).toDouble(), 7.0);
-        QCOMPARE(table->currentRow(), 1);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QTRY_VERIFY(table->hasFocus());
-        QTest::keyClick(table, Qt::Key_Tab);
-        QVERIFY(live.Find("b")->hasFocus());
-    }
-
     void f2SelectsAll()
     {
         for (const char *className : {"LineEdit", "FrequencyEdit", "DoubleSpinBox"}) {
             LiveForm live(Labelled("a", className, {"text=String:abc", "value=String:100", "suffix=String: dB"}));
-            auto *field = live.Find<QLineEdit>("a") ? live.Find<QLineEdit>("a") : live.Find("a")->findChild<QLineEdit *>();
+            auto *field
+                = live.Find<QLineEdit>("a") ? live.Find<QLineEdit>("a") : live.Find("a")->findChild<QLineEdit *>();
             QVERIFY(field && !field->hasSelectedText());
             QTest::keyClick(live.Find("a"), Qt::Key_F2);
             QVERIFY(field->hasSelectedText() && field->text().startsWith(field->selectedText()));
@@ -320,27 +302,6 @@ private Q_SLOTS:
         QTest::keyClick(start, Qt::Key_Up);
         QCOMPARE(live.Get("a")->property("startFrequency").toDouble(), 50000.0);
         QCOMPARE(live.Get("a")->property("stopFrequency").toDouble(), 50001.0);
-    }
-
-    void aFormTunesUnderTheMouse()
-    {
-        LiveForm live(Labelled("a", "FrequencyEdit", {"MainFreqEdit=Bool:true", "value=Int64:145500000"})
-            + Labelled("b", "LineEdit"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        live.Find("b")->setFocus();
-        auto *field = live.Find<QLineEdit>("frequency");
-        field->grab(); // places the text
-        const auto turn = [&] {
-            const QPoint digit(
-                field->width() - field->fontMetrics().horizontalAdvance(" MHz") - 8, field->height() / 2);
-            QWheelEvent event(digit, field->mapToGlobal(digit), {}, {0, 120}, {}, {}, {}, false);
-            QApplication::sendEvent(field, &event);
-            return live.Get("a")->property("value").toDouble();
-        };
-        QCOMPARE(turn(), 145500000.0);
-        live.form->EvaluateScript("sheet.setHoverTuning(true);");
-        QVERIFY(turn() > 145500000.0);
-        QVERIFY(live.Find("b")->hasFocus());
     }
 };
 

@@ -29,16 +29,13 @@ struct Desk {
     /// Gives the focus to a field, opens its cell where it is one, and types over what stands there.
     QPointer<QWidget> Type(const QString &name, const QString &text)
     {
-        auto *control = live.Find(name);
-        control->setFocus();
-        if (auto *table = qobject_cast<QTableWidget *>(control)) {
-            table->setCurrentCell(0, 0);
-            QTest::keyClick(table, Qt::Key_F2);
-        }
-        QWidget *field = QApplication::focusWidget();
+        QWidget *field = live.Find(name);
+        field->setFocus();
+        if (auto *table = qobject_cast<QTableWidget *>(field))
+            OpenCell(table, 0);
+        field = QApplication::focusWidget();
         QTest::keyClick(field, Qt::Key_F2);
-        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(field, text);
+        TypeOver(field, text);
         return field;
     }
     /// Lets the receiver send some values.
@@ -165,7 +162,6 @@ private Q_SLOTS:
             QTRY_VERIFY(Tree::Instance()->GetNode("/Form/" + name)->GetStringValue().startsWith("12"));
         }
     }
-
 };
 
 ORBEL_TEST_MAIN(TestTyping)

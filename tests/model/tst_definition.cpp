@@ -9,18 +9,16 @@ class TestDefinition : public TestCase
 private Q_SLOTS:
     void rootIsFoundAlongTheFirstElements_data()
     {
-        QTest::addColumn<QString>("document");
-        QTest::addColumn<QString>("version"); // null: no form
-
-        AddRow("plain", "<ZkParamGui version='7'/>", "7");
-        AddRow("no version", "<ZkParamGui/>", "");
-        AddRow("below another root", "<x><ZkParamGui version='7'/></x>", "7");
-        AddRow("behind a first child that is closed", "<x><y/><ZkParamGui version='7'/></x>", QString());
-        AddRow("the last of two counts", "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>", "2");
-        AddRow("namespace is not looked at", "<a:ZkParamGui xmlns:a='u' version='7'/>", "7");
-        AddRow("case counts", "<zkparamgui version='7'/>", QString());
-        AddRow("empty text", "", QString());
-        AddRow("malformed behind the root's start", "<ZkParamGui version='7'><", "7");
+        const auto row = Columns<QString, QString>({"document", "version"}); // null: no form
+        row("plain", "<ZkParamGui version='7'/>", "7");
+        row("no version", "<ZkParamGui/>", "");
+        row("below another root", "<x><ZkParamGui version='7'/></x>", "7");
+        row("behind a first child that is closed", "<x><y/><ZkParamGui version='7'/></x>", QString());
+        row("the last of two counts", "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>", "2");
+        row("namespace is not looked at", "<a:ZkParamGui xmlns:a='u' version='7'/>", "7");
+        row("case counts", "<zkparamgui version='7'/>", QString());
+        row("empty text", "", QString());
+        row("malformed behind the root's start", "<ZkParamGui version='7'><", "7");
     }
 
     void rootIsFoundAlongTheFirstElements()

@@ -1,6 +1,5 @@
 // The property mechanism of a control, its node paths and limits, and the cells of lists.
 
-#include "floatgrouplayout.h"
 #include "forms.h"
 
 namespace
@@ -14,9 +13,6 @@ public:
 
     using OrbelDelegate::formatString;
     using OrbelDelegate::PropagateProperties;
-    using OrbelDelegate::SetDoubleTooltip;
-    using OrbelDelegate::SetInt64Tooltip;
-    using OrbelDelegate::SetIntTooltip;
 
     void PropertyChanged(const QString &name, const QVariant &value) override
     {
@@ -96,49 +92,6 @@ private Q_SLOTS:
         }
     }
 
-    void aLabelNeedsAStatedVisible()
-    {
-        QWidget window;
-        auto *layout = new FloatGroupLayout(&window);
-        Probe probe;
-        probe.setLabelText("label");
-        probe.CreateGUI(layout);
-        QVERIFY(window.findChild<QLabel *>()->isHidden());
-        probe.setLabelText("other");
-        QCOMPARE(window.findChild<QLabel *>()->text(), QString("other"));
-        Probe unlabelled;
-        unlabelled.CreateGUI(layout);
-        unlabelled.setLabelText("late");
-        QCOMPARE(window.findChildren<QLabel *>().size(), 1);
-    }
-
-    void tooltips()
-    {
-        const auto shown = [](const QVariant &minimum, const QVariant &maximum) {
-            QWidget control;
-            Probe probe;
-            probe.setProperty("labelText", "Gain");
-            probe.setProperty("decimals", "1");
-            probe.setProperty("minimum", minimum);
-            probe.setProperty("maximum", maximum);
-            probe.SetIntTooltip(nullptr);
-            QStringList tips;
-            for (const auto set : {&Probe::SetIntTooltip, &Probe::SetInt64Tooltip, &Probe::SetDoubleTooltip}) {
-                (probe.*set)(&control);
-                tips << control.toolTip().remove("<html>Gain").remove("<br>");
-            }
-            return tips.join(' ');
-        };
-        QCOMPARE(shown({}, {}), QString("  "));
-        QCOMPARE(shown("0", {}), QString("0... 0... 0.0..."));
-        QCOMPARE(shown({}, "10"), QString("...10 ...10 ...10.0"));
-        QCOMPARE(shown("-3000000000", "3000000000"), QString(" -3000000000...3000000000 -3000000000.0...3000000000.0"));
-        // The bound of a type is none.
-        QCOMPARE(shown("-2147483648", "9223372036854775807"),
-            QString(" -2147483648... -2147483648.0...9223372036854775808.0"));
-        QCOMPARE(shown("x", "1.5"), QString("  ...1.5"));
-    }
-
     void tagsAndPaths()
     {
         Probe probe;
@@ -153,8 +106,8 @@ private Q_SLOTS:
         QVERIFY2(probe.HasSeveralXmlTags(), "a second parse adds the name again");
         QCOMPARE(probe.GetXmlTagName(), QString("Freq"));
         QVERIFY(probe.ContainsXmlTag("FREQ"));
-        const QList<QStringList> paths{{"/Form", "b", "/Form/b", "/Form", "b"}, {"/Form/", "x/y", "/Form/x/y", "/Form/x", "y"},
-            {"", "b", "b", "", ""}, {"/", "b", "/b", "", ""}};
+        const QList<QStringList> paths{{"/Form", "b", "/Form/b", "/Form", "b"},
+            {"/Form/", "x/y", "/Form/x/y", "/Form/x", "y"}, {"", "b", "b", "", ""}, {"/", "b", "/b", "", ""}};
         for (const QStringList &path : paths) {
             probe.SetXmlPath(path[1]);
             probe.SetVTPath(path[0]);

@@ -1,9 +1,10 @@
-// A whole form: its way through parse, nodes, script and controls; values exchanged with the application; groups, input
-// switches and configuration.
+// A whole form: its way through parse, nodes, script and controls; values, documents and configuration; many forms.
 
 #include "forms.h"
+#include "orbelformularmanager.h"
 #include "orbelsheetui.h"
 #include "selectionitem.h"
+#include "translationcenter.h"
 #include "tree.h"
 #include "valueselection.h"
 
@@ -54,6 +55,24 @@ QString Shown(const Form &form, const QStringList &names)
             shown << name;
     }
     return shown.join(' ');
+}
+
+QString Check(const QString &name, const QString &tag)
+{
+    return Widget(name, "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + tag});
+}
+
+/// The document without the blanks of its formatting.
+QString Compact(const QString &xml)
+{
+    QString text = xml.simplified();
+    return text.replace("> <", "><");
+}
+
+QString OneCheck(const QString &properties = QString())
+{
+    return Definition("<Properties>" + properties + "</Properties>"
+        + Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "visible=Bool:true", "enabled=Bool:true"}));
 }
 
 } // namespace
@@ -174,33 +193,23 @@ private Q_SLOTS:
         QCOMPARE(Shown(form, all), QString("free h1 a labela gap b labelb h2 c labelc"));
     }
 
-    void configurationIsThereOnFirstShow()
-    {
-        QObject configuration;
-        configuration.setProperty("rx-fontsize", 17);
-        configuration.setProperty("rx-collapsed", "h1");
-        configuration.setProperty("input-disabled", true);
-        for (bool objectFirst : {true, false}) {
-            const Form form = GroupForm();
-            if (objectFirst)
-                form->SetConfigObject(&configuration, "rx");
-            form->CreateGUI(true);
-            const std::unique_ptr<QWidget> window(form->GetGUI());
-            if (!objectFirst)
-                form->SetConfigObject(&configuration, "rx");
-            QCOMPARE(window->font().pointSize(), 17);
-            QCOMPARE(Shown(form, {"free", "h1", "a", "labela", "b", "labelb", "h2", "c", "labelc"}),
-                QString("free h1 h2 c labelc"));
-            QVERIFY(!form->IsInputEnabled() && !window->findChild<QWidget *>("c")->isEnabled());
-        }
-    }
-
     void configurationFollowsTheForm()
     {
-        QObject configuration;
+        QObject first;
+        for (const auto &[name, value] :
+            {std::pair("rx-fontsize", QVariant(17)), {"rx-collapsed", "h1"}, {"input-disabled", true}})
+            first.setProperty(name, value);
         const Form form = GroupForm();
+        form->SetConfigObject(&first, "rx");
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
+        QVERIFY2(window->font().pointSize() == 17 && !form->IsInputEnabled(), "before the controls are there");
+        QCOMPARE(form->GetSheet().GetCollapsed(), QStringList("h1"));
+        first.setProperty("input-disabled", false);
+        form->RestoreConfiguration();
+        form->GetSheet().SetCollapsed({});
+        form->GetSheet().SetFontSize(0);
+        QObject configuration;
         const int applicationSize = QApplication::font().pointSize();
         form->SetConfigObject(&configuration, "rx");
         form->ApplyConfiguration();
@@ -234,8 +243,9 @@ private Q_SLOTS:
     {
         using Sheet = OrbelSheet;
         for (const auto scope : {Sheet::EnableScopeInput, Sheet::EnableScopeSheet, Sheet::EnableScopePartial}) {
-            const Form form = Bind(Definition(Widget("h", "Headline", {"text=String:h"})
-                + Widget("a", "CheckBox", {"enabled=Bool:true"}) + Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
+            const Form form = Bind(
+                Definition(Widget("h", "Headline", {"text=String:h"}) + Widget("a", "CheckBox", {"enabled=Bool:true"})
+                    + Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
             Sheet &sheet = form->GetSheet();
             sheet.EnableInput(false, scope);
             form->CreateGUI(true);
@@ -417,6 +427,209 @@ private Q_SLOTS:
         }
         QCOMPARE(seen, QString("20 20 20, 13 13 13, 9 9 0, 16 16 16, "));
     }
+
+    void cleanup()
+    {
+        Window.reset();
+        QCOMPARE(LeftOver(), QString());
+    }
+
+    void documentMirrorsTheTags()
+    {
+        const Form form
+            = Build(Definition(Check("a", "g/x") + Widget("silent", "CheckBox", {"parameterXmlTag=String:g/s"})
+                + Check("b", "/h//x") + Check("c", "g/y") + Check("d", "g/x") + Check("e", "only/inner")));
+        form->GetSheet().SelectWidgets({"only/inner"}, false);
+        QCOMPARE(Compact(form->GetXmlString(false)),
+            QString("<Parameters><g><x>false</x><y>false</y><x>false</x></g><h><x>false</x></h><only/></Parameters>"));
+        QVERIFY2(form->GetXmlString(false).startsWith('\n'), "no document start is written");
+    }
+
+    void rootCarriesTypeAndAttributes()
+    {
+        const Form form
+            = Build(Definition("<Properties><Property name='parametersXmlRootTag'><String>Rx</String></Property>"
+                               "<Property name='parametersXmlTypeAttribute'><String>Foo</String></Property>"
+                               "<Property name='Attribute_Site'><String>set</String></Property>"
+                               "<Property name='Attribute_None'><String>not declared</String></Property></Properties>"
+                               "<CustomProperties><Property name='Attribute_Zone'><String>unused</String></Property>"
+                               "<Property name='Attribute_Site'><String>unused</String></Property></CustomProperties>"
+                + Check("a", "a")));
+        QCOMPARE(Compact(form->GetEmptyXmlElement()), QString("<Rx type=\"Foo\" Site=\"set\" Zone=\"\"/>"));
+        form->SetXmlString("<Parameters><a>true</a></Parameters>");
+        QVERIFY(!Delegate(form, "a")->property("checked").toBool());
+        form->SetXmlString("<x><Rx><a>true</a></Rx></x>");
+        QVERIFY(Delegate(form, "a")->property("checked").toBool());
+    }
+
+    void onlyWhatChangedIsWritten()
+    {
+        const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b") + Check("c", "g/c")));
+        auto *apply = Window->findChild<QPushButton *>("applyButton");
+        QCOMPARE(form->GetXmlString(true), QString());
+
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY(apply->isEnabled() && form->GetSheet().isWidgetModified());
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><g><a>true</a></g></Parameters>"));
+        QVERIFY(!apply->isEnabled() && !Delegate(form, "a")->isModified());
+        QCOMPARE(form->GetXmlString(true), QString());
+
+        Window->findChild<QCheckBox *>("a")->click();
+        form->GetXmlString(false);
+        QCOMPARE(form->GetXmlString(true), QString());
+    }
+
+    void unselectedWidgetsStayOutThoughModified()
+    {
+        const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b")));
+        form->GetSheet().SelectWidgets({"g/a"}, false);
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY2(!form->GetSheet().isWidgetModified(), "an unselected widget does not count");
+        Window->findChild<QCheckBox *>("b")->click();
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><g/><h><b>true</b></h></Parameters>"));
+        QVERIFY(Delegate(form, "a")->isModified());
+        form->SelectWidgets(QStringList(), true);
+        QVERIFY(form->GetXmlString(false).contains("<a>true</a>"));
+    }
+
+    void aSheetMayAskForAllParameters()
+    {
+        const QString all = "<Property name='emitOnlyModifiedParameters'><Bool>false</Bool></Property>";
+        const Form form = Build(Definition("<Properties>" + all + "</Properties>" + Check("a", "a") + Check("b", "b")));
+        Window->findChild<QCheckBox *>("a")->click();
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><a>true</a><b>false</b></Parameters>"));
+    }
+
+    void readingTakesElementsInAnyOrder()
+    {
+        const Form form
+            = Build(Definition(Check("a", "g/x") + Check("b", "h/x") + Check("c", "g/x") + Check("d", "y")));
+        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        form->SetXmlString("<Parameters><y>true</y><h><none><x/></none><x>true</x></h><g/><g><x>true</x><x>true</x></g>"
+                           "</Parameters><Parameters>");
+        QStringList checked;
+        for (const char *name : {"a", "b", "c", "d"}) {
+            if (Delegate(form, name)->property("checked").toBool())
+                checked << name;
+            QVERIFY(!Delegate(form, name)->isModified());
+        }
+        QCOMPARE(checked.join(' '), QString("a b d"));
+        QVERIFY(parameters.isEmpty() && !form->GetSheet().isModified() && form->GetSheet().isActive());
+    }
+
+    void aControlWithoutParameterXmlNeverBecomesModified()
+    {
+        const Form form = Build(Definition(Widget("a", "CheckBox") + Check("b", "b")));
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY(!Delegate(form, "a")->isModified() && !form->GetSheet().isModified());
+        Window->findChild<QCheckBox *>("b")->click();
+        Delegate(form, "b")->setGenerateParameterXml(false);
+        QVERIFY(Delegate(form, "b")->isModified());
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters/>"));
+    }
+
+    void onlyWhatIsAskedForIsBuilt()
+    {
+        const QStringList registered = TranslationCenter::Instance().GetRegistered();
+        OrbelFormularManager manager;
+        manager.SetVTPath("/Rx//");
+        for (const char *name : {"Form 06", "Form 07/x", "Form 08"})
+            manager.DefineFormular(name, OneCheck());
+        manager.DefineFormular("broken", "<none/>");
+        QVERIFY(manager.GetNames().size() == 4 && Tree::Instance()->GetPaths().isEmpty());
+
+        auto form = manager.GetFormular("Form 07/x");
+        QCOMPARE(manager.GetFormular("Form 07/x").data(), form.data());
+        QCOMPARE(form->GetName(), QString("Form 07/x"));
+        QCOMPARE(Tree::Instance()->GetPaths(), QStringList("/Rx//Form07x/a"));
+        QVERIFY(form->GetGUI()->isHidden());
+        manager.DefineFormular("Form 07/x", "other");
+        QCOMPARE(manager.GetOrbel("Form 07/x"), OneCheck());
+        QVERIFY(!manager.GetFormular("broken") && !manager.GetFormular("unknown"));
+        manager.DefineFormular("broken", OneCheck());
+        QVERIFY(manager.GetFormular("broken"));
+        QVERIFY(TranslationCenter::Instance().GetRegistered().contains("broken"));
+
+        form.reset();
+        manager.Reset();
+        QCOMPARE(LeftOver(), QString());
+        QCOMPARE(TranslationCenter::Instance().GetRegistered(), registered);
+        QVERIFY(manager.GetNames().isEmpty() && !manager.GetFormular("Form 08") && !manager.GetCurrentFormular());
+    }
+
+    void oneFormIsCurrent()
+    {
+        OrbelFormularManager manager;
+        const QSignalSpy parameters(&manager, &OrbelFormularManager::si_parametersModified);
+        manager.DefineFormular("one", OneCheck());
+        manager.DefineFormular("two", OneCheck());
+        QVERIFY2(!manager.ShowFormular("one"), "not built yet");
+        const auto one = manager.GetFormular("one"), two = manager.GetFormular("two");
+        QVERIFY(manager.ShowFormular("one") && manager.GetCurrentName() == "one" && manager.ShowFormular("two"));
+        QVERIFY(one->GetGUI()->isHidden() && two->GetGUI()->isVisible());
+        for (const auto &form : {one, two}) {
+            QCOMPARE(parameters.size(), 0);
+            form->GetGUI()->findChild<QCheckBox *>("a")->click();
+            form->applyNow();
+        }
+        QCOMPARE(parameters.size(), 1);
+        QVERIFY(manager.isWidgetModified());
+        QVERIFY(manager.GetXmlString(true).contains("<a>true</a>"));
+        QVERIFY(!manager.isWidgetModified());
+        manager.SetXmlString("<Parameters><a>false</a></Parameters>");
+        QVERIFY(manager.GetXmlString(false).contains("<a>false</a>"));
+        QVERIFY(!manager.ShowFormular("none"));
+        QVERIFY(two->GetGUI()->isHidden() && manager.GetCurrentName().isEmpty());
+    }
+
+    void automaticApplyGoesAlong()
+    {
+        OrbelFormularManager manager;
+        const QString off = "<Property name='autoApplyEnabled'><Bool>false</Bool></Property>";
+        manager.DefineFormular("on", OneCheck());
+        manager.DefineFormular("off", OneCheck(off));
+        const auto on = manager.GetFormular("on");
+        const auto offForm = manager.GetFormular("off");
+        manager.ShowFormular("off");
+        QVERIFY2(!offForm->GetSheet().isAutoApplyEnabled(), "the first form keeps its own setting");
+        manager.ShowFormular("on");
+        QVERIFY(!on->GetSheet().isAutoApplyEnabled());
+        on->GetGUI()->findChild<QCheckBox *>("autoApply")->click();
+        manager.ShowFormular("off");
+        QVERIFY(offForm->GetSheet().isAutoApplyEnabled());
+    }
+
+    void configurationIsShared()
+    {
+        QObject configuration;
+        configuration.setProperty("c-fontsize", 19);
+        OrbelFormularManager manager;
+        manager.DefineFormular("one", OneCheck());
+        manager.DefineFormular("two", OneCheck());
+        const auto one = manager.GetFormular("one");
+        manager.SetConfigObject(&configuration, "c");
+        const auto two = manager.GetFormular("two");
+        const auto sizes = [&] {
+            return QList<int>{one->GetGUI()->font().pointSize(), two->GetGUI()->font().pointSize()};
+        };
+        QCOMPARE(sizes(), (QList<int>{19, QApplication::font().pointSize()}));
+        manager.ShowFormular("two");
+        QCOMPARE(sizes(), (QList<int>{19, 19}));
+        configuration.setProperty("c-fontsize", 21);
+        manager.RestoreConfiguration();
+        QCOMPARE(sizes(), (QList<int>{19, 21}));
+    }
+
+private:
+    Form Build(const QString &definition)
+    {
+        Form form = Bind(definition);
+        form->CreateGUI(true);
+        Window.reset(form->GetGUI());
+        return form;
+    }
+
+    std::unique_ptr<QWidget> Window;
 };
 
 ORBEL_TEST_MAIN(TestFormular)

@@ -116,18 +116,18 @@ class TestLanguage : public TestCase
 private Q_SLOTS:
     void everyTextFollows_data()
     {
-        QTest::addColumn<QString>("script");
+        const auto row = Columns<QString>({"script"});
         // clang-format off
-        AddRow("as it is made", QString());
-        AddRow("groups are collapsed", QString("texts.setGroupVisible(false); comboBox.setGroupVisible(false)"));
-        AddRow("controls are locked", QString("lineEdit.setEnabled(false); frequencyEdit.setReadOnly(true)"));
-        AddRow("texts of a script", QString("lineEdit.setLabelText('new label'); label.setText('new text');spinBox.setMaximum(7); pushButton.setText('another'); spacings.setHeaderLabel('another header');scriptControl.setCustomProperty('scriptloaded', true)"));
+        row("as it is made", QString());
+        row("groups are collapsed", QString("texts.setGroupVisible(false); comboBox.setGroupVisible(false)"));
+        row("controls are locked", QString("lineEdit.setEnabled(false); frequencyEdit.setReadOnly(true)"));
+        row("texts of a script", QString("lineEdit.setLabelText('new label'); label.setText('new text');spinBox.setMaximum(7); pushButton.setText('another'); spacings.setHeaderLabel('another header');scriptControl.setCustomProperty('scriptloaded', true)"));
         // clang-format on
     }
 
     void everyTextFollows()
     {
-        QFETCH(QString, script);
+        const auto [script] = Fetch<QString>({"script"});
         const Form form = Example("all_controls.orbel");
         form->GetSheet().InsertWidget("external", "from the host", new QWidget, -1);
         form->CreateValueTree("/Form");
@@ -149,15 +149,11 @@ private Q_SLOTS:
         {
             const Quoting language;
             QCoreApplication::processEvents();
-            const QStringList texts = TextsOf(window.get());
-            QCOMPARE(texts.size(), plain.size());
-            QCOMPARE(Unquoted(texts).join('\n'), QString());
+            QCOMPARE(TextsOf(window.get()).size(), plain.size());
+            QCOMPARE(Unquoted(TextsOf(window.get())).join('\n'), QString());
             QCOMPARE(box->currentText(), QString("«Upper sideband»"));
-            const Form late = Example("all_controls.orbel");
-            late->CreateValueTree("/Late");
-            late->CreateGUI(true);
-            const std::unique_ptr<QWidget> lateWindow(late->GetGUI());
-            QCOMPARE(Unquoted(TextsOf(lateWindow.get())).join('\n'), QString());
+            const AllControls late;
+            QCOMPARE(Unquoted(TextsOf(late.window.get())).join('\n'), QString());
         }
         QCoreApplication::processEvents();
         QCOMPARE(TextsOf(window.get()), plain);

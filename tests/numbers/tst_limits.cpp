@@ -77,13 +77,6 @@ QString Held(const LiveForm &live, const Control &face)
     return all.join(' ');
 }
 
-void Type(const LiveForm &live, const QString &field, const QString &text)
-{
-    live.Find(field)->setFocus();
-    QTest::keyClick(live.window->focusWidget(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(live.window->focusWidget(), text + '\r');
-}
-
 template <class Node> void Init(const LiveForm &live, const QString &limits)
 {
     Node node("n");
@@ -109,7 +102,7 @@ void Do(const LiveForm &live, const Control &face, const QString &act)
     else if (road == "definition")
         live.form->SetChangedORBEL(Definition(Widget("n", "", {name + "=String:" + value})));
     else if (road == "typed")
-        Type(live, place.Field, text);
+        TypeOver(live.Find(place.Field), text + '\r');
     else if (road == "node")
         live.form->GetVTValue("n")->SetStringValue(text, nullptr);
     else if (road == "int")
@@ -179,11 +172,10 @@ private Q_SLOTS:
         live.form->EvaluateScript("n.setMinimum(0); n.setMaximum(1000000)");
         QCOMPARE(Held(live, face), held);
         const double shown = told.toDouble() * (face.IsFrequency() ? 1 : Factor(live));
-        Type(live, face.Places.last().Field, FrequencyText::Plain(shown));
+        TypeOver(live.Find(face.Places.last().Field), FrequencyText::Plain(shown) + '\r');
         QVERIFY2(live.log.Seen().contains(told + ')') && live.Get("n")->isModified(), "a change");
         QVERIFY(Held(live, face).endsWith(told));
     }
-
 };
 
 ORBEL_TEST_MAIN(TestLimits)

@@ -72,17 +72,35 @@ private Q_SLOTS:
 
         // What has the focus, and what is done there; Tab leads on. "=" types, all else are keys.
         const QVector<QPair<QString, QStringList>> way{
-            {"lineEdit", {"F2", "=north"}}, {"ipEdit", {"=10.0.0.7"}}, {"checkBox", {"space"}},
-            {"comboBox", {"Home"}}, {"pushButton", {"space"}}, {"numbers", {}}, {"SpinBox", {"=20", "Up"}},
-            {"doubleSpinBox", {"=2", "Down"}}, {"baudRate", {"=4800"}}, {"bandwidth", {"=8"}},
-            {"frequency", {"Left", "Up", "Page_Up"}}, {"entry", {}}, {"history", {}},
+            {"lineEdit", {"F2", "=north"}},
+            {"ipEdit", {"=10.0.0.7"}},
+            {"checkBox", {"space"}},
+            {"comboBox", {"Home"}},
+            {"pushButton", {"space"}},
+            {"numbers", {}},
+            {"SpinBox", {"=20", "Up"}},
+            {"doubleSpinBox", {"=2", "Down"}},
+            {"baudRate", {"=4800"}},
+            {"bandwidth", {"=8"}},
+            {"frequency", {"Left", "Up", "Page_Up"}},
+            {"entry", {}},
+            {"history", {}},
             {"frequencyRangeEdit_StartFrequency", {"=100 MHz"}},
-            {"frequencyRangeEdit_StopFrequency", {"=200 MHz", "Up"}}, {"offset", {"=250"}}, {"lists", {}},
-            {"spinBoxList_0", {"=4"}}, {"spinBoxList_1", {"=5"}}, {"spinBoxList_2", {"=6"}},
-            {"doubleSpinBoxList_0", {"=1.5"}}, {"doubleSpinBoxList_1", {"Up"}}, {"shiftList_0", {"=170"}},
-            {"shiftList_1", {"=425"}}, {"tableWidget", {"Right", "F2", "=cell", "Return"}},
-            {"spacings", {"Down", "F2", "=25", "Tab", "=50", "Return"}}, {"scriptControl_LoadButton", {}},
-            {"scriptControl_EditButton", {}}, {"scriptControlClearButton", {"undo", "redo"}},
+            {"frequencyRangeEdit_StopFrequency", {"=200 MHz", "Up"}},
+            {"offset", {"=250"}},
+            {"lists", {}},
+            {"spinBoxList_0", {"=4"}},
+            {"spinBoxList_1", {"=5"}},
+            {"spinBoxList_2", {"=6"}},
+            {"doubleSpinBoxList_0", {"=1.5"}},
+            {"doubleSpinBoxList_1", {"Up"}},
+            {"shiftList_0", {"=170"}},
+            {"shiftList_1", {"=425"}},
+            {"tableWidget", {"Right", "F2", "=cell", "Return"}},
+            {"spacings", {"Down", "F2", "=25", "Tab", "=50", "Return"}},
+            {"scriptControl_LoadButton", {}},
+            {"scriptControl_EditButton", {}},
+            {"scriptControlClearButton", {"undo", "redo"}},
             // Its press takes the document away, and with it the focus.
             {"applyButton", {"space"}},
         };
@@ -143,7 +161,8 @@ private Q_SLOTS:
     void wheelAndCell()
     {
         const QStringList usable{"visible=Bool:true", "enabled=Bool:true"};
-        LiveForm live(Widget("a", "SpinBox", usable + QStringList{"minimum=Int:0", "maximum=Int:10", "value=Int:9", "wrapping=Bool:true"})
+        LiveForm live(Widget("a", "SpinBox",
+                          usable + QStringList{"minimum=Int:0", "maximum=Int:10", "value=Int:9", "wrapping=Bool:true"})
             + Widget("t", "ChannelSpacingTable", usable + QStringList{"spacingsCount=Int:3", "decimals=Int:2"})
             + Widget("other", "LineEdit", usable));
         QVERIFY(XOperator::Show(live.window.get()));

@@ -97,7 +97,6 @@ private Q_SLOTS:
         for (const QString &name : Buttons)
             QCOMPARE(live.Find(name)->toolTip(), QString("own"));
     }
-
 };
 
 ORBEL_TEST_MAIN(TestScriptControl)

@@ -43,25 +43,18 @@ struct LiveTable : LiveStore {
     using LiveStore::LiveStore;
     QTableWidget *Table() const { return Find<QTableWidget>("s"); }
 
-    /// Opens a cell's editor with F2.
     QWidget *Edit(int row, int column)
     {
-        Table()->setCurrentCell(row, column);
-        QTest::keyClick(Table(), Qt::Key_F2);
+        QWidget *editor = OpenCell(Table(), row, column);
         log.Take();
-        QWidget *editor = nullptr;
-        for (QWidget *child : Table()->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-            editor = child->isVisible() ? child : editor;
         return editor;
     }
-    /// Types a text into a cell, over the one it has, and ends with Return.
     void Type(int row, int column, const QString &text)
     {
         QWidget *editor = Edit(row, column);
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        PassEvents();
     }
     void Paste(const QString &text)
     {
@@ -160,20 +153,18 @@ private Q_SLOTS:
     {
         const auto bounds = [](LiveTable &live) {
             const auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
-            const QString text("%1 %2 %3 %4, %5");
-            return !spin ? QString()
-                         : text.arg(spin->minimum())
-                               .arg(spin->maximum())
-                               .arg(spin->singleStep())
-                               .arg(spin->decimals())
-                               .arg(live.Table()->toolTip());
+            return QString("%1 %2 %3 %4, ")
+                       .arg(spin->minimum())
+                       .arg(spin->maximum())
+                       .arg(spin->singleStep())
+                       .arg(spin->decimals())
+                + live.Table()->toolTip();
         };
         LiveTable absent(Spacings, Shape);
         QCOMPARE(bounds(absent), QString("0 1000 1 0, <html>"));
-        LiveTable stated(Spacings,
-            Shape
-                + QStringList{
-                    "minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"});
+        const QStringList limits{
+            "minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"};
+        LiveTable stated(Spacings, Shape + limits);
         QCOMPARE(bounds(stated), QString("-5 2000.5 12.5 1, <html><br>-5.0...2000.5"));
         stated.form->EvaluateScript("s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)");
         stated.Type(0, 0, "5");
@@ -212,12 +203,10 @@ private Q_SLOTS:
 
     void setToAll_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("row"); // -1: by key
-        Columns<QString, QString>({"menu", "shown"});
-        AddRow("keyboard, the current row", 3, -1, "Set to all", "20 20 20");
-        AddRow("below the last row", 3, 9, "", "10 20 30");
-        AddRow("one row alone", 1, 0, "", "10");
+        const auto row = Columns<int, int, QString, QString>({"count", "row", "menu", "shown"}); // -1: by key
+        row("keyboard, the current row", 3, -1, "Set to all", "20 20 20");
+        row("below the last row", 3, 9, "", "10 20 30");
+        row("one row alone", 1, 0, "", "10");
     }
 
     void setToAll()
@@ -281,17 +270,15 @@ private Q_SLOTS:
 
     void clipboard_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QPoint>("start"); // column and row
-        QTest::addColumn<QString>("pasted");
-        QTest::addColumn<QString>("copied"); // with all cells selected
+        // Pasted from a column and row on; all cells are copied, and something may be told of the last one.
+        const auto row
+            = Columns<QString, QPoint, QString, QString, QString>({"className", "start", "pasted", "copied", "note"});
         // clang-format off
-        QTest::addColumn<QString>("note"); // what is told of the last cell
-        AddRow("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td", "");
-        AddRow("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td", "");
-        AddRow("spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "12,6\n2000\n-1\n", "13\n1000\n0", "below 0: 0 is taken");
-        AddRow("spacings: what is no number stays out", Spacings, QPoint(0, 1), "7\nx", "5\n7\n5", "not taken: x");
-        AddRow("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5", "");
+        row("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td", "");
+        row("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td", "");
+        row("spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "12,6\n2000\n-1\n", "13\n1000\n0", "below 0: 0 is taken");
+        row("spacings: what is no number stays out", Spacings, QPoint(0, 1), "7\nx", "5\n7\n5", "not taken: x");
+        row("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5", "");
         // clang-format on
     }
 

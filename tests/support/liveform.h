@@ -68,8 +68,8 @@ private:
 /// A form with its window on the screen and a log that watches the sheet as "sheet". Automatic apply waits 100 ms.
 struct LiveForm {
     explicit LiveForm(const QString &body, bool applyUi = true, const QString &path = "/Form")
-        : form(Parse(Definition(
-            "<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>" + body)))
+        : form(Parse(
+            Definition("<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>" + body)))
     {
         form->CreateValueTree(path);
         form->CreateGUI(applyUi);
@@ -111,7 +111,7 @@ inline QWidget *OpenCell(QTableWidget *table, int row, int column = 0)
     table->setFocus();
     table->setCurrentCell(row, column);
     QTest::keyClick(table, Qt::Key_F2);
-    return table->window()->focusWidget();
+    return table->indexWidget(table->currentIndex());
 }
 
 /// Lets go what waits for the event loop: closed editors, ended forms.

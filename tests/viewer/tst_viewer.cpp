@@ -110,9 +110,8 @@ private Q_SLOTS:
     void componentListGetsATabForEachForm()
     {
         const auto component = [](const QString &name) { return "<Component name=\"" + name + "\"/>"; };
-        const auto form = [](const QString &text) {
-            return "<ValueString id=\"ORBEL\" value=\"" + text.toHtmlEscaped() + "\"/>";
-        };
+        const auto form
+            = [](const QString &text) { return "<ValueString id=\"ORBEL\" value=\"" + text.toHtmlEscaped() + "\"/>"; };
         const QString one = component("One") + form(MuteForm), two = component("Two") + form(MuteForm);
         QVERIFY(Init({Write("list.xml", "<List>" + one + form(MuteForm) + form("<Form/>") + two + "<<")}));
         const auto *tabs = qobject_cast<QTabWidget *>(Viewer->GetWindow()->centralWidget());
