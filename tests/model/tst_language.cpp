@@ -278,14 +278,9 @@ private Q_SLOTS:
 
     void aShorterLanguageTakesNoMoreRoomThanBefore()
     {
-        const Form form = Example();
-        form->CreateValueTree("/Form");
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        window->resize(800, 900);
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        const QWidget *content = window->findChild<QScrollArea *>()->widget();
+        const AllControls all;
+        QVERIFY(QTest::qWaitForWindowExposed(all.window.get()));
+        const QWidget *content = all.window->findChild<QScrollArea *>()->widget();
         QTRY_VERIFY(content->minimumWidth() > 100);
         const QSize before = content->minimumSize();
         {
