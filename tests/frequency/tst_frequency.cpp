@@ -1,19 +1,14 @@
-// The full frequency control with keys, mouse and wheel on a shown window, and with nodes that come and go.
+// The full frequency control with keys, mouse and wheel, and what a form makes of it and of ranges.
 
 #include "frequencyfield.h"
-#include "rows.h"
-#include "testmain.h"
+#include "liveform.h"
+#include "orbelfrequencyedit.h"
+#include "orbelfrequencyrangeedit.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "vcbutton.h"
 #include "vcfrequency.h"
 #include "vcminifrequency.h"
-
-#include <QClipboard>
-#include <QLabel>
-#include <QMenu>
-#include <QtTest>
-#include <QVBoxLayout>
 
 namespace
 {
@@ -84,32 +79,41 @@ struct Window : QWidget {
     FrequencyField *field;
 };
 
+const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"};
+
+QString Frequency(const QStringList &more = {"parameterXmlTag=String:Frequency"})
+{
+    return Widget("f", "FrequencyEdit", Usable + QStringList{"value=String:145500000"} + more);
+}
+
+QString Range(const QStringList &more = {})
+{
+    return Widget("r", "FrequencyRangeEdit",
+        Usable
+            + QStringList{"startFrequency=String:10000", "stopFrequency=String:20000",
+                "startFrequencyParameterXmlTag=String:From", "stopFrequencyParameterXmlTag=String:To"}
+            + more);
+}
+
 } // namespace
 
-class TestVCFrequency : public QObject
+class TestFrequency : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void keys_data()
     {
         const auto row = Columns<QString, double, QString>({"keys", "hertz", "shown"});
         row("up on the digit of 1 kHz", "U", 145.501e6, "145.501 000 MHz");
         row("carry", "LLUUUUUU", 146.1e6, "146.100 000 MHz");
-        row("last digit", "]D", 145499999.0, "145.499 999 MHz");
-        row("first digit", "[U", 245.5e6, "245.500 000 MHz");
         row("down and up beyond the first digit", "[DDU", 100009000.0, "100.009 000 MHz");
         row("a digit that only zeros lead to", "[LU", 1145.5e6, "1.145 500 000 GHz");
-        row("ten at a time", "^", 145.51e6, "145.510 000 MHz");
         row("clamped above", "[LLUUUUU", 26.5e9, "26.500 000 000 GHz");
-        row("typed", "7.05M\n", 7.05e6, "7.050 000 MHz");
         row("typed beyond the limit", "90g\n", 145.5e6, "90g");
         row("taken back", "7.05M!", 145.5e6, "145.500 000 MHz");
         row("wrong text stays and is not taken", "7.0.5\n", 145.5e6, "7.0.5");
         row("nothing typed", "7<\n", 145.5e6, "");
-        row("edited in place", "+<<<<<k\n", 145500.0, "145.500 kHz");
         row("still edited in place where the text is the old one", "+<z<<<<<k\n", 145500.0, "145.500 kHz");
         row("an edit in place taken back", "+!U", 145.501e6, "145.501 000 MHz");
         row("a letter is no number and goes", "x M!", 145.5e6, "145.500 000 MHz");
@@ -213,19 +217,6 @@ private Q_SLOTS:
         QTRY_COMPARE(window.node->GetValue(), 9e6);
     }
 
-    void pastingReplacesTheWholeText()
-    {
-        Window window;
-        QApplication::clipboard()->setText("433,92 M");
-        QContextMenuEvent menu(QContextMenuEvent::Keyboard, {});
-        QApplication::sendEvent(window.field, &menu);
-        QVERIFY(QApplication::activePopupWidget());
-        QApplication::activePopupWidget()->close();
-        window.field->paste();
-        window.Operate("\n");
-        QCOMPARE(window.node->GetValue(), 433.92e6);
-    }
-
     void typingIsToldAndCommittedOnRequest()
     {
         Window window;
@@ -293,38 +284,128 @@ private Q_SLOTS:
         QVERIFY(window.control->GetHistoryButtonCtrl()->isEnabled());
     }
 
-    void textFollowsTheFormsSizeAndReadersHearTheValue()
+    /// In the large form and in the plain one, as tag and property say.
+    void anEditReachesNodePropertyAndSignals_data()
     {
-        Window window;
-        QFont font = window.font();
-        font.setPointSize(20);
-        window.setFont(font);
-        QCOMPARE(window.field->font().pointSizeF(), 30.0);
-        QAccessibleInterface *reader = QAccessible::queryAccessibleInterface(window.field);
-        QCOMPARE(reader->text(QAccessible::Name), QString("Frequency"));
-        QCOMPARE(reader->text(QAccessible::Value), QString("145.500 000 MHz"));
+        const auto row = Columns<QString, QStringList, bool>({"tag", "more", "large"});
+        row("called Frequency", "Frequency", {}, true);
+        row("another spelling", "frequency", {}, false);
+        row("large form wanted", "Step", {"MainFreqEdit=Bool:true"}, true);
+        row("large form refused", "Frequency", {"MainFreqEdit=Bool:false"}, false);
+    }
+    void anEditReachesNodePropertyAndSignals()
+    {
+        const auto [tag, more, large] = Fetch<QString, QStringList, bool>({"tag", "more", "large"});
+        LiveForm live(Frequency(more + QStringList{"parameterXmlTag=String:" + tag}));
+        QCOMPARE(live.Find("FrequencyControl") != nullptr, large);
+        auto *field = live.Find<QLineEdit>(large ? "frequency" : "f");
+        QCOMPARE(field->text(), QString("145.500 000 MHz"));
+        auto *f = live.Get<OrbelFrequencyEdit>("f");
+        live.log.Watch("f", f);
+        auto *node = dynamic_cast<ValueDouble *>(f->GetVTValue());
+        node->SetValue(1000000.9, nullptr);
+        QCOMPARE(live.log.Take(), QString("f.valueChanged(1000000) f.editingFinished()"));
+        QCOMPARE(f->property("value"), QVariant(qint64(1000000)));
+        QVERIFY(f->isModified());
+        node->SetValue(1000000.2, nullptr);
+        f->setValue(7000);
+        f->setProperty("minimum", 8000);
+        f->setUnitScale("kHz");
+        f->autosetUnitScale();
+        QCOMPARE(live.log.Take(), QString());
+        QCOMPARE(node->GetValue(), 8000.0);
+        QCOMPARE(f->property("value").toInt(), 8000);
+        const QString document = "<Parameters><" + tag + ">%1</" + tag + "></Parameters>";
+        live.form->SetXmlString(document.arg("abc"));
+        QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
+        QCOMPARE(f->property("value").toString(), QString("abc"));
+        QVERIFY(live.form->GetXmlString(false).contains("<" + tag + ">abc</" + tag + ">"));
+        live.form->SetXmlString(document.arg("90000"));
+        QCOMPARE(node->GetValue(), 90000.0);
+        live.form->GetXmlString(true);
+        field->setFocus();
+        QTest::keyClicks(field, "1");
+        QVERIFY2(live.form->GetSheet().isModified() != large, "typing marks the plain form at once");
     }
 
-    void aPlainFieldTakesFrequenciesToo()
+    void theLockWaitsForTheScript()
     {
-        ValueString text("text");
-        ValueDouble node("step");
-        VCLineEdit edit(nullptr, "plain", VCLineEdit::ekFrequency);
-        node.SetValue(12500, nullptr);
-        edit.SetValueBase(&node);
-        QCOMPARE(edit.text(), QString("12.500 kHz"));
-        edit.setText("");
-        QTest::keyClicks(&edit, "6,25k");
-        QTest::keyClick(&edit, Qt::Key_Return);
-        QCOMPARE(node.GetValue(), 6250.0);
-        QCOMPARE(edit.text(), QString("6.250 kHz"));
-        edit.SetValueBase(&text);
-        for (const char *none : {"nan", "-inf"}) {
-            text.SetValue(none, nullptr);
-            QCOMPARE(edit.text(), QString());
-        }
+        LiveForm live(Frequency());
+        auto *f = live.Get<OrbelFrequencyEdit>("f");
+        live.log.Watch("f", f);
+        auto *lock = live.Find<QPushButton>("LockFrequency");
+        QVERIFY(!lock->isVisible());
+        f->setVisible(false);
+        f->setVisible(true);
+        QVERIFY(!lock->isVisible());
+        f->setProperty("FrequencyLock", false);
+        QVERIFY(lock->isVisible());
+        QCOMPARE(lock->toolTip(), QString("Lock frequency range"));
+        const qint64 open = lock->icon().cacheKey();
+        QTest::mouseClick(lock, Qt::LeftButton);
+        QCOMPARE(live.log.Take(), QString("f.si_lockButtonToggled(true)"));
+        QCOMPARE(lock->toolTip(), QString("Lock frequency range"));
+        QCOMPARE(lock->icon().cacheKey(), open);
+        f->setProperty("FrequencyLock", true);
+        QCOMPARE(lock->toolTip(), QString("Unlock frequency range"));
+        QVERIFY(lock->icon().cacheKey() != open);
+        f->setVisible(false);
+        QVERIFY(lock->isHidden());
+        f->EnableInput(false, true);
+        QVERIFY(lock->isEnabled());
+        f->EnableInput(false, false);
+        QVERIFY(!lock->isEnabled());
+        QCOMPARE(live.log.Take(), QString());
+    }
+
+    void theRangeRepairsItself_data()
+    {
+        const auto row = Columns<QString, double, QString>({"moved", "to", "seen"});
+        row("start past stop", "_1", 30000, "rangeChanged(30000, 30001)");
+        row("start onto stop", "_1", 20000, "rangeChanged(20000, 20001)");
+        row("stop before start", "_2", 9000, "rangeChanged(8999, 9000)");
+        row("stop onto start", "_2", 10000, "rangeChanged(9999, 10000)");
+        row("start within", "_1", 15000, "rangeChanged(15000, 20000)");
+        row("start at the top", "_1", 1e12, "rangeChanged(26499999999, 26500000000)");
+        row("start beyond all integers", "_1", 1e30, "rangeChanged(9223372036854775807, 9223372036854775807)");
+        row("stop at the bottom", "_2", 0, "rangeChanged(8000, 8001)");
+    }
+    void theRangeRepairsItself()
+    {
+        const auto [moved, to, seen] = Fetch<QString, double, QString>({"moved", "to", "seen"});
+        LiveForm live(Range(to > 1e20 ? QStringList{"maximum=String:1e308"} : QStringList()));
+        auto *r = live.Get<OrbelFrequencyRangeEdit>("r");
+        live.log.Watch("r", r);
+        auto *node = dynamic_cast<ValueDouble *>(Tree::Instance()->GetNode("/Form/r" + moved));
+        node->SetValue(to, nullptr);
+        QCOMPARE(live.log.Take(), "r." + seen + " r.editingFinished()");
+        const auto [start, stop] = r->getCurrentRange();
+        QVERIFY(live.form->GetXmlString(false).simplified().contains(
+            QString("<From>%1</From> <To>%2</To>").arg(start).arg(stop)));
+        QVERIFY(seen.contains(QString("(%1, %2)").arg(start).arg(stop)));
+    }
+
+    void scriptsAndDocumentsSetTheRangeAsItIs()
+    {
+        LiveForm live(Range());
+        auto *r = live.Get<OrbelFrequencyRangeEdit>("r");
+        live.log.Watch("r", r);
+        r->setRange(50000, 40000);
+        r->addValidBand("x", 1, 2);
+        r->clearValidBands();
+        live.form->SetXmlString("<Parameters><To>9000</To><Other>1</Other><From>60000</From></Parameters>");
+        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(60000, 9000)));
+        r->setMaximum(30000);
+        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(29999, 9000)));
+        r->setStartFrequencyParameterXmlTag("Begin");
+        QVERIFY(r->ContainsXmlTag("From") && r->ContainsXmlTag("Begin"));
+        live.form->SetXmlString("<Parameters><From>1</From><To>9500</To></Parameters>");
+        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(29999, 9000)));
+        QVERIFY(!live.log.Seen().contains("rangeChanged"));
+        QCOMPARE(live.Find("r_StartFrequency")->toolTip(), QString("Start Frequency"));
+        QCOMPARE(live.Find("r_StopFrequency")->property("startFrequencyParameterXmlTag"), QVariant("Begin"));
     }
 };
 
-ORBEL_TEST_MAIN(TestVCFrequency)
-#include "tst_vcfrequency.moc"
+ORBEL_TEST_MAIN(TestFrequency)
+#include "tst_frequency.moc"

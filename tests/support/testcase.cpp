@@ -1,4 +1,4 @@
-#include "testmain.h"
+#include "testcase.h"
 
 #include "tree.h"
 

@@ -1,19 +1,17 @@
-// Label, headline, gaps and push button.
+// Check box and line edit, label, headline, gaps and button: what operator, script, node and document each cause.
 
 #include "liveform.h"
 #include "orbelpushbutton.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QGroupBox>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
+
+const QString Written("generateParameterXml=Bool:true");
+
+void Click(QWidget *box)
+{
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+}
 
 /// A click on the indicator of a headline.
 void Toggle(QGroupBox *headline)
@@ -30,12 +28,90 @@ void Toggle(QGroupBox *headline)
 
 } // namespace
 
-class TestPassiveControls : public QObject
+class TestPlainControls : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+    void boxTexts_data()
+    {
+        const auto row = Columns<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
+        const QStringList own{"checkedValue=String:on", "uncheckedValue=String:off"};
+        const QStringList empty{"checkedValue=String:", "uncheckedValue=String:"};
+        row("another case is unchecked", QStringList(), "TRUE", false, "<c>false</c>");
+        row("own text for checked", own, "on", true, "<c>on</c>");
+        row("neither of the own texts is unchecked", own, "1", false, "<c>off</c>");
+        row("empty own texts count as absent", empty, "true", true, "<c>true</c>");
+    }
+
+    void boxTexts()
+    {
+        auto [properties, text, checked, written]
+            = Fetch<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
+        LiveForm live(Widget("c", "CheckBox", properties << Written));
+        live.log.Watch("c", live.Get("c"));
+        for (int pass = 0; pass < 2; ++pass) {
+            live.form->SetXmlString("<Parameters><c>" + text + "</c></Parameters>");
+            QCOMPARE(live.log.Take(), QString("c.toggled(%1)").arg(QVariant(checked).toString()));
+        }
+        QVERIFY(!live.form->GetSheet().isModified());
+        QCOMPARE(live.Find<QCheckBox>("c")->isChecked(), checked);
+        const QString document = live.form->GetXmlString(false);
+        QVERIFY2(document.contains(written), qPrintable(document));
+    }
+
+    void boxChanges()
+    {
+        LiveForm live(Widget("c", "CheckBox", {Written}), false);
+        ValueBase *node = live.form->GetVTValue("c");
+        live.log.Watch("c", live.Get("c"));
+        live.log.Watch("node", node);
+        live.form->EvaluateScript("c.setChecked(true)");
+        QCOMPARE(live.log.Take(), QString("node=true"));
+        node->SetStringValue("false", nullptr);
+        node->SetStringValue("false", nullptr);
+        QCOMPARE(live.log.Take(), QString("c.toggled(false) sheet.si_parametersModified() node=false"));
+        QVERIFY(!live.Find<QCheckBox>("c")->isChecked() && live.Get("c")->isModified());
+
+        Click(live.Find("c"));
+        QCOMPARE(live.log.Take(), QString("c.toggled(true) node=true"));
+        QCOMPARE(live.Get("c")->property("checked"), QVariant(true));
+        QTRY_COMPARE(live.log.Seen(), QString("sheet.si_parametersModified()"));
+    }
+
+    void editing()
+    {
+        LiveForm live(Widget("e", "LineEdit", {Written, "text=String:x", "maxLength=Int:4", "inputMask=String:nnnn"}));
+        auto *edit = live.Find<QLineEdit>("e");
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
+        QCOMPARE(edit->inputMask(), QString("nnnn"));
+        live.form->EvaluateScript("e.setInputMask(''); e.setMaxLength(3); e.setFocus()");
+        QVERIFY(edit->hasFocus());
+        live.log.Watch("e", live.Get("e"));
+        live.log.Watch("node", live.form->GetVTValue("e"));
+
+        QTest::keyClick(edit, Qt::Key_End);
+        QTest::keyClicks(edit, "yzz");
+        QCOMPARE(live.log.Take(), QString("e.textEdited(xy) e.textChanged(xy) e.textEdited(xyz) e.textChanged(xyz)"));
+        QVERIFY(live.form->GetSheet().isModified());
+        PassTimersBelow(200);
+        QVERIFY2(live.log.Take().isEmpty(), "a keystroke starts no automatic apply");
+        QVERIFY2(live.form->GetXmlString(false).contains("<e>x</e>"), "the document has the old text meanwhile");
+
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(live.log.Take(),
+            QString("node=xyz e.textEdited(xyz) e.editingFinished() e.returnPressed() sheet.si_parametersModified()"));
+        QVERIFY(live.form->GetXmlString(true).contains("<e>xyz</e>"));
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(live.log.Take(), QString("e.returnPressed()"));
+
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        live.log.Take();
+        live.form->EvaluateScript("e.forceFinishEditing()");
+        QCOMPARE(live.log.Take(), QString("node=xy e.textEdited(xy) e.editingFinished()"));
+        PassTimersBelow(200);
+        QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified()"));
+    }
 
     void labelIsFedByItsNodeAndNeverFeedsIt()
     {
@@ -116,32 +192,6 @@ private Q_SLOTS:
         QVERIFY(className == "Separator" ? headline && !headline->isCheckable() : !headline);
     }
 
-    void marginsOutliveTitleFontAndStyle()
-    {
-        LiveForm live(Widget("first", "CheckBox")
-            + Widget("h", "Headline", {"text=String:a title as wide as the window", "margin=Int:40"})
-            + Widget("s", "Separator", {"margin=Int:41"}));
-        live.form->GetSheet().SetFontSize(20);
-        live.Find<QGroupBox>("h")->setTitle("another title as wide as the window");
-        QCOMPARE(live.Find("h")->contentsMargins(), QMargins(0, 40, 0, 0));
-        QCOMPARE(live.Find("s")->contentsMargins(), QMargins(0, 21, 0, 0));
-        // Only in its own column: at the top of a new one the gap does not count.
-        live.window->resize(200, 600);
-        QTRY_VERIFY(live.Find("h")->y() >= 40);
-    }
-
-    void buttonTellsItsClicks()
-    {
-        LiveForm live(Widget("p", "PushButton"));
-        live.log.Watch("p", live.Get("p"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        QTest::mouseClick(live.Find("p"), Qt::LeftButton);
-        QCOMPARE(live.log.Take(), QString("p.pressed() p.released() p.clicked()"));
-        live.form->EvaluateScript("p.animateClick(); p.setFocus()");
-        QVERIFY(live.Find("p")->hasFocus());
-        QTRY_COMPARE(live.log.Seen(), QString("p.pressed() p.released() p.clicked()"));
-    }
-
     void buttonShowsTextAndIcon()
     {
         const ContextTranslator translator("p");
@@ -156,6 +206,9 @@ private Q_SLOTS:
         QCOMPARE(button->iconSize(), QSize(5, 6));
         QVERIFY(!button->icon().isNull());
 
+        live.log.Watch("p", p);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(live.log.Take(), QString("p.pressed() p.released() p.clicked()"));
         QPixmap pixmap(8, 8);
         const QIcon icons[] = {QIcon(pixmap), QIcon(pixmap)};
         for (const QIcon &icon : icons) {
@@ -168,5 +221,5 @@ private Q_SLOTS:
     }
 };
 
-ORBEL_TEST_MAIN(TestPassiveControls)
-#include "tst_passivecontrols.moc"
+ORBEL_TEST_MAIN(TestPlainControls)
+#include "tst_plaincontrols.moc"
