@@ -124,7 +124,7 @@ Assistive::~Assistive()
 void Assistive::Add(OrbelDelegate *delegate)
 {
     Delegates.append(delegate);
-    OwnersFound = false;
+    FacesFound = false;
 }
 
 void Assistive::PropertyChanged(OrbelDelegate *delegate, const QString &property)
@@ -164,31 +164,27 @@ Assistive *Assistive::Of(const QWidget *widget)
     return nullptr;
 }
 
-void Assistive::FindOwners()
+void Assistive::FindFaces()
 {
-    OwnersFound = true;
-    Owners.clear();
+    FacesFound = true;
+    Faces.clear();
     for (const QPointer<OrbelDelegate> &delegate : qAsConst(Delegates)) {
         if (!delegate)
             continue;
         for (const Face &face : delegate->GetFaces())
-            Owners.insert(face.Widget, delegate);
+            Faces.insert(face.Widget, {delegate, face});
     }
 }
 
 Assistive::Shown Assistive::FaceAround(const QWidget *widget)
 {
-    if (!OwnersFound)
-        FindOwners();
+    if (!FacesFound)
+        FindFaces();
     for (; widget && widget != Form; widget = widget->parentWidget()) {
-        const OrbelDelegate *owner = Owners.value(widget);
-        if (!owner)
-            continue;
+        const auto shown = Faces.constFind(widget);
         // Another widget may stand at the address of one that is gone.
-        for (const Face &face : owner->GetFaces()) {
-            if (face.Widget == widget)
-                return {owner, face};
-        }
+        if (shown != Faces.constEnd() && shown->Delegate && shown->Of.Widget == widget)
+            return *shown;
     }
     return {};
 }
@@ -197,7 +193,7 @@ QString Assistive::NameOfFace(const Shown &shown)
 {
     const QWidget *widget = shown.Of.Widget;
     const RowLabel *label = shown.Delegate->GetRowLabel();
-    const QString name = Joined({label ? PlainText(label->text()) : QString(), shown.Of.Part});
+    const QString name = Joined({label ? PlainText(label->text()) : QString(), shown.Of.GetPart()});
     if (!name.isEmpty())
         return name;
     const QString toolTip = PlainText(widget->toolTip());
@@ -231,10 +227,11 @@ QString Assistive::DescriptionOf(const QWidget *widget, const QString &own)
     const QString name = NameOfFace(shown);
     const RowLabel *label = shown.Delegate->GetRowLabel();
     QString toolTip = PlainText(widget->toolTip());
-    if (!shown.Of.Bounds.isEmpty() || Says(name, toolTip))
+    const QString bounds = shown.Of.GetBounds();
+    if (!bounds.isEmpty() || Says(name, toolTip))
         toolTip.clear();
     return Joined({IsRefused(widget) ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "not accepted")) : QString(),
-        set.isEmpty() ? shown.Of.Bounds : set, toolTip,
+        set.isEmpty() ? bounds : set, toolTip,
         label && label->IsMarked() ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "changed, not applied"))
                                    : QString()});
 }

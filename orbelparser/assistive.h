@@ -44,20 +44,20 @@ public:
 private:
     class Listening;
     struct Shown {
-        const OrbelDelegate *Delegate = nullptr;
+        QPointer<OrbelDelegate> Delegate;
         Face Of;
     };
 
     /// The face that a widget is, or that it is a part of; its widget is null for none.
     Shown FaceAround(const QWidget *widget);
-    void FindOwners();
+    void FindFaces();
     static QString NameOfFace(const Shown &shown);
 
     QWidget *Form;
     QVector<QPointer<OrbelDelegate>> Delegates;
-    /// The controls by their faces; found anew when a tool asks after a control was added.
-    QHash<const QWidget *, QPointer<OrbelDelegate>> Owners;
-    bool OwnersFound = false;
+    /// The faces with their controls, by their widgets; found anew when a tool asks after a control was added.
+    QHash<const QWidget *, Shown> Faces;
+    bool FacesFound = false;
 };
 
 } // namespace KV218

@@ -1,9 +1,11 @@
 #include "assistiveview.h"
 
 #include "assistive.h"
+#include "assistivetable.h"
 #include "rowlabel.h"
 
 #include <QScopedValueRollback>
+#include <QTableView>
 
 namespace KV218
 {
@@ -19,7 +21,9 @@ QAccessibleInterface *AssistiveView::Make(const QString &, QObject *object)
     if (!inner)
         return nullptr;
     ClearPlace(widget);
-    auto *view = new AssistiveView(QAccessible::uniqueId(inner));
+    const QAccessible::Id id = QAccessible::uniqueId(inner);
+    const bool isTable = qobject_cast<QTableView *>(widget) && inner->tableInterface();
+    AssistiveView *const view = isTable ? new AssistiveTable(id) : new AssistiveView(id);
     view->Seen = widget;
     return view;
 }

@@ -37,12 +37,14 @@ public:
     QColor backgroundColor() const override { return Inner()->backgroundColor(); }
     void *interface_cast(QAccessible::InterfaceType type) override { return Inner()->interface_cast(type); }
 
-private:
+protected:
     explicit AssistiveView(QAccessible::Id inner) : InnerId(inner) { }
     ~AssistiveView() override;
 
-    static void ClearPlace(QWidget *widget);
     QAccessibleInterface *Inner() const { return QAccessible::accessibleInterface(InnerId); }
+
+private:
+    static void ClearPlace(QWidget *widget);
 
     QPointer<QWidget> Seen;
     /// Qt's own view of the widget; by its number, since at the end of the application Qt may delete that first.

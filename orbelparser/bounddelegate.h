@@ -16,7 +16,7 @@ public:
     explicit BoundDelegate(OrbelWidget *widget) : OrbelDelegate(widget), ValueNode(this) { }
 
     ValueBase *GetVTValue() const override { return ValueNode.get(); }
-    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
+    QVector<Face> GetFaces() const override { return {{Control.data()}}; }
 
 protected:
     /// Gives the control the keyboard focus; nothing before CreateGUI().

@@ -10,19 +10,45 @@
 namespace KV218
 {
 
-ChangeEntry::ChangeEntry(const QString &text, int session) : QUndoCommand(text), Session(session) { }
+ChangeEntry::ChangeEntry(const QString &text) : QUndoCommand(text), Session(0), Spelled(true) { }
+
+ChangeEntry::ChangeEntry(const OrbelDelegate *control, int session)
+    : QUndoCommand(control->GetCaption()), Session(session), Spelled(false)
+{
+}
 
 void ChangeEntry::Add(OrbelDelegate *control, const QVariantList &before, const QVariantList &after)
 {
     for (int i = 0; i < before.size() && before.size() == after.size(); ++i) {
         if (!OrbelDelegate::IsSameEdit(before.at(i), after.at(i)))
-            Parts.append({control, i, before.at(i), after.at(i)});
+            Parts.append({control, i, control->GetEditShape(), before.at(i), after.at(i)});
     }
+}
+
+bool ChangeEntry::Spell()
+{
+    if (std::exchange(Spelled, true))
+        return false;
+    const OrbelDelegate *control = Parts.first().Control;
+    if (!control)
+        return true;
+    QVariantList before = control->GetEdits();
+    QVariantList after = before;
+    for (const Part &part : qAsConst(Parts)) {
+        // A list or table of the control may have another shape now.
+        if (part.Index >= before.size() || part.Shape != control->GetEditShape())
+            return true;
+        before[part.Index] = part.Before;
+        after[part.Index] = part.After;
+    }
+    setText(control->SpellChange(before, after));
+    return true;
 }
 
 bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
 {
-    return Index < values.size() && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
+    return Shape == Control->GetEditShape() && Index < values.size()
+        && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
 }
 
 bool ChangeEntry::Stands(bool back) const
@@ -53,7 +79,7 @@ bool ChangeEntry::mergeWith(const QUndoCommand *next)
     if (!follows)
         return false;
     own.After = further.After;
-    setText(own.Control->SpellChange({own.Before}, {own.After}));
+    Spelled = false;
     setObsolete(OrbelDelegate::IsSameEdit(own.Before, own.After));
     return true;
 }
@@ -98,7 +124,7 @@ bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iter
     }
     if (standing.isEmpty())
         return false;
-    control->PutEdits(values);
+    control->MoveEdits(values);
     // Limits and handlers may have made another value of it, which then counts for the way back.
     const QVariantList now = control->GetEdits();
     for (Part *part : qAsConst(standing)) {

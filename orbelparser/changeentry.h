@@ -16,12 +16,16 @@ class OrbelDelegate;
 class ChangeEntry : public QUndoCommand
 {
 public:
-    /// Entries of one `session` other than 0 that follow one another are one.
-    explicit ChangeEntry(const QString &text, int session = 0);
+    explicit ChangeEntry(const QString &text);
+    /// A change of one control, whose name is the text until Spell(). Entries of one `session` other than 0 that follow
+    /// one another are one.
+    ChangeEntry(const OrbelDelegate *control, int session);
 
     /// Takes in the values of a control that differ.
     void Add(OrbelDelegate *control, const QVariantList &before, const QVariantList &after);
     bool IsEmpty() const { return Parts.isEmpty(); }
+    /// Makes a text of the control and its values. False when it stands already.
+    bool Spell();
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
     /// Whether there is a value to move: `back` by undo.
@@ -38,6 +42,7 @@ private:
     struct Part {
         QPointer<OrbelDelegate> Control;
         int Index;
+        int Shape;
         QVariant Before;
         QVariant After;
 
@@ -52,6 +57,7 @@ private:
     const int Session;
     /// Those of one control follow one another.
     QVector<Part> Parts;
+    bool Spelled;
     bool Done = false;
     bool Moving = false;
 };

@@ -32,7 +32,7 @@ void ExternalWidget::CreateGUI(FloatGroupLayout *layout)
 
 QVector<Face> ExternalWidget::GetFaces() const
 {
-    return {{ExtWidget, ExtWidget ? ExtWidget->accessibleName() : QString(), {}}};
+    return {{ExtWidget, [this] { return ExtWidget ? ExtWidget->accessibleName() : QString(); }}};
 }
 
 void ExternalWidget::setFocus()

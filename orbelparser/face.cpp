@@ -2,6 +2,7 @@
 
 #include "frequencytext.h"
 
+#include <QAbstractItemModel>
 #include <QCoreApplication>
 #include <QLocale>
 
@@ -30,6 +31,12 @@ QString SpokenFrequency(double hertz)
 }
 
 } // namespace
+
+QString CellPlace(const QAbstractItemModel &cells, int row, int column)
+{
+    return Translated(QT_TRANSLATE_NOOP("KV218::Face", "column %1, row %2"))
+        .arg(cells.headerData(column, Qt::Horizontal).toString(), cells.headerData(row, Qt::Vertical).toString());
+}
 
 QString SpokenNumber(QString number)
 {

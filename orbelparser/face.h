@@ -2,22 +2,33 @@
 
 #include "orbelexport.h"
 
+#include <functional>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+
+class QAbstractItemModel;
 
 namespace KV218
 {
 
 /// A widget by which the operator meets a control, as assistive tools tell of it. Most controls have one, a range two,
-/// a list one for each item.
+/// a list one for each item. Its texts are made when a tool asks for them; null is no text.
 struct Face {
+    using Text = std::function<QString()>;
+
     QPointer<QWidget> Widget;
-    /// What tells it from the control's other ones, in the operator's language; empty for the control itself.
-    QString Part;
-    /// Limits with their unit; empty for none.
-    QString Bounds;
+    /// What tells it from the control's other ones, in the operator's language; none for the control itself.
+    Text Part = nullptr;
+    /// Limits with their unit.
+    Text Bounds = nullptr;
+
+    QString GetPart() const { return Part ? Part() : QString(); }
+    QString GetBounds() const { return Bounds ? Bounds() : QString(); }
 };
+
+/// "column kHz, row 2", of the headers; row and column count from 0.
+QString CellPlace(const QAbstractItemModel &cells, int row, int column);
 
 /// A number for a voice: without the zeros at the end that fill a text for the eye.
 ORBEL_EXPORT QString SpokenNumber(QString number);

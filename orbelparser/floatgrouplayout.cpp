@@ -254,6 +254,9 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
 
 bool FloatGroupLayout::eventFilter(QObject *watched, QEvent *event)
 {
+    // Once all widgets have heard of it and asked for their new sizes.
+    if (event->type() == QEvent::LanguageChange && watched == scrollArea)
+        QMetaObject::invokeMethod(this, &FloatGroupLayout::dropListWidths, Qt::QueuedConnection);
     // The area sends other events even while it is destroyed, and must not be touched then.
     if (event->type() != QEvent::Resize || watched != scrollArea)
         return QLayout::eventFilter(watched, event);
@@ -340,4 +343,20 @@ void FloatGroupLayout::clearHints() const
 {
     ++changeCount;
     hints.clear();
+}
+
+/// Shorter labels leave a list less width, while its rows go on asking for what they were stretched to.
+void FloatGroupLayout::dropListWidths()
+{
+    for (int i = 0; i < items.size(); ++i) {
+        QWidget *list = flags.at(i) & FloatGroupItem::ItemList ? items.at(i)->widget() : nullptr;
+        if (!list || !list->layout())
+            continue;
+        for (int row = 0; row < list->layout()->count(); ++row) {
+            if (QWidget *widget = list->layout()->itemAt(row)->widget())
+                widget->setMinimumWidth(0);
+        }
+        // An arrangement that is due would stretch them again before the list comes to ask.
+        list->updateGeometry();
+    }
 }

@@ -110,6 +110,7 @@ private:
     bool scanItems(QVector<FloatGroupItem> &measured) const;
     QRect placeOf(int index) const;
     void setListGeometry(QLayoutItem *item);
+    void dropListWidths();
     void watchLook();
     void setFlag(int index, int flag);
     void clearHints() const;

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QScopedValueRollback>
+#include <QSet>
 #include <QUndoStack>
 
 #include <memory>
@@ -17,7 +18,7 @@ namespace KV218
 FormChanges::FormChanges(FormLife *life) : Life(life), Stack(new QUndoStack)
 {
     Stack->setUndoLimit(limit::UndoneChanges);
-    connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::changed);
+    connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::TellLater);
 }
 
 FormChanges::~FormChanges()
@@ -31,7 +32,7 @@ FormChanges::~FormChanges()
 void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int session)
 {
     const QVariantList after = control->GetEdits();
-    auto entry = std::make_unique<ChangeEntry>(control->SpellChange(before, after), session);
+    auto entry = std::make_unique<ChangeEntry>(control, session);
     entry->Add(control, before, after);
     if (entry->IsEmpty())
         return;
@@ -90,14 +91,17 @@ void FormChanges::RevertAll()
 
 void FormChanges::Note(OrbelDelegate *control)
 {
-    Noted.insert(control, control);
-    if (!std::exchange(Due, true))
-        QMetaObject::invokeMethod(this, &FormChanges::Refresh, Qt::QueuedConnection);
+    QPointer<OrbelDelegate> &noted = Noted[control];
+    if (!noted)
+        NotedInOrder.append(control);
+    noted = control;
+    TellLater();
 }
 
 QVector<OrbelDelegate *> FormChanges::GetChanged()
 {
-    Refresh();
+    const CallScope call(Life);
+    Settle();
     QVector<OrbelDelegate *> changed;
     for (const QPointer<OrbelDelegate> &control : qAsConst(Changed)) {
         if (control && control->IsChanged())
@@ -106,22 +110,58 @@ QVector<OrbelDelegate *> FormChanges::GetChanged()
     return changed;
 }
 
-void FormChanges::Refresh()
+void FormChanges::TellLater()
+{
+    if (!std::exchange(Due, true))
+        QMetaObject::invokeMethod(this, &FormChanges::Tell, Qt::QueuedConnection);
+}
+
+void FormChanges::Tell()
 {
     Due = false;
+    const CallScope call(Life);
+    Settle();
+    SpellEntries();
+    Q_EMIT changed();
+}
+
+/// Brings the marks and the list of changed controls up to date.
+void FormChanges::Settle()
+{
     if (Noted.isEmpty())
         return;
     const auto noted = std::exchange(Noted, {});
-    for (const QPointer<OrbelDelegate> &control : noted) {
+    const auto inOrder = std::exchange(NotedInOrder, {});
+    QSet<const OrbelDelegate *> listed;
+    for (const QPointer<OrbelDelegate> &control : qAsConst(Changed))
+        listed.insert(control);
+    for (OrbelDelegate *known : inOrder) {
+        const QPointer<OrbelDelegate> control = noted.value(known);
         const bool isChanged = control && control->IsChanged();
         if (control)
             control->ShowChanged(isChanged);
-        if (isChanged && !Changed.contains(control))
+        if (isChanged && !listed.contains(control)) {
+            listed.insert(control);
             Changed.append(control);
+        }
     }
     const auto isOver = [](const QPointer<OrbelDelegate> &control) { return !control || !control->IsChanged(); };
     Changed.erase(std::remove_if(Changed.begin(), Changed.end(), isOver), Changed.end());
-    Q_EMIT changed();
+}
+
+/// Gives the last entries their sentences, which cost more than the change itself: once for all steps of a turn.
+void FormChanges::SpellEntries()
+{
+    bool spelled = false;
+    for (int i = Stack->count() - 1; i >= 0; --i) {
+        // The stack gives its entries as constants, but made none of them.
+        auto *entry = const_cast<ChangeEntry *>(dynamic_cast<const ChangeEntry *>(Stack->command(i)));
+        if (!entry || !entry->Spell())
+            break;
+        spelled = true;
+    }
+    if (spelled && Stack->canUndo())
+        Q_EMIT Stack->undoTextChanged(Stack->undoText());
 }
 
 } // namespace KV218

@@ -49,7 +49,8 @@ public:
     QVector<OrbelDelegate *> GetChanged();
 
 Q_SIGNALS:
-    /// The stack or the list of changed controls is another one.
+    /// The stack or the list of changed controls is another one. Emitted once an event round, and never from within a
+    /// change; a slot may end the form.
     void changed();
     /// Nothing was undone, for the reason told.
     void refused(const QString &reason);
@@ -58,13 +59,19 @@ Q_SIGNALS:
 private:
     void Go(bool back);
     void Push(ChangeEntry *entry);
-    void Refresh();
+    void TellLater();
+    void Tell();
+    void Settle();
+    void SpellEntries();
 
     FormLife *const Life;
     /// Deleted later: a receiver of its signals may end the form.
     QUndoStack *const Stack;
     QHash<OrbelDelegate *, QPointer<OrbelDelegate>> Noted;
+    /// The same in the order in which they came.
+    QVector<OrbelDelegate *> NotedInOrder;
     QVector<QPointer<OrbelDelegate>> Changed;
+    /// Whether an event is on its way that tells of changes.
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;

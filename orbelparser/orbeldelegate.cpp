@@ -318,9 +318,17 @@ QVariant OrbelDelegate::HeldNumber(const QString &) const
 bool OrbelDelegate::IsNoNumber(const QString &name, const QVariant &value) const
 {
     const int type = value.userType();
-    if ((type != QMetaType::Double && type != QMetaType::QString) || std::isfinite(value.toDouble()))
-        return false;
-    return IsNumber(name) || (type == QMetaType::Double && HeldNumber(name).isValid());
+    if (type == QMetaType::QString)
+        return IsNumber(name) && !std::isfinite(value.toDouble());
+    return type == QMetaType::Double && !std::isfinite(value.toDouble())
+        && (IsNumber(name) || HeldNumber(name).isValid());
+}
+
+QVariant &OrbelDelegate::StatedValue(const QString &name)
+{
+    const auto isIt = [&](const auto &entry) { return entry.first == name; };
+    const auto found = std::find_if(Stated.begin(), Stated.end(), isIt);
+    return found != Stated.end() ? found->second : Stated.emplace_back(name, QVariant()).second;
 }
 
 QString OrbelDelegate::FiniteText(const QString &text)
@@ -402,12 +410,12 @@ bool OrbelDelegate::event(QEvent *e)
         if (IsNoNumber(name, value)) {
             value = HeldNumber(name);
             if (!value.isValid())
-                value = Stated.value(name);
+                value = StatedValue(name);
             SetPropertyQuietly(name, value);
             if (!value.isValid())
                 return QObject::event(e);
         } else if (IsNumber(name) && !HeldNumber(name).isValid()) {
-            Stated.insert(name, value);
+            StatedValue(name) = value;
         }
         PropertyChanged(name, value);
     }

@@ -11,6 +11,8 @@
 #include "valuenumeric.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QMap>
@@ -124,9 +126,14 @@ public:
 
     /// The values that the operator changes by this control. The base gives the texts of the nodes.
     virtual QVariantList GetEdits() const;
+    /// What the places of these values depend on; with another one they are other values. The base counts nodes, of
+    /// which one that is withdrawn leaves its place to the next.
+    virtual int GetEditShape() const { return GetNodes().size(); }
     /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left
     /// alone.
     virtual void PutEdits(const QVariantList &values);
+    /// The same to undo or redo a change. What a control that is not modified holds is what was applied.
+    void MoveEdits(const QVariantList &values);
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
@@ -393,6 +400,7 @@ private:
 
     static bool IsSame(const QVariant &value, const QVariant &before);
     void KeepApplied();
+    QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
@@ -428,7 +436,7 @@ private:
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
     /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
-    QHash<QString, QVariant> Stated;
+    std::vector<std::pair<QString, QVariant>> Stated;
     /// While a set is told to nobody.
     bool Quiet = false;
     /// The property that EnableProperty() forces while the delegate has no value of its own for it.

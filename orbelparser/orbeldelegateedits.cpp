@@ -11,12 +11,20 @@
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <memory>
-
 #include <utility>
 
 namespace KV218
 {
+
+/// A check box, say, cannot be, and takes no notice of the property.
+static bool IsReadOnly(const Face &face)
+{
+    const QWidget *widget = face.Widget;
+    return widget && widget->metaObject()->indexOfProperty(prop::ReadOnly.data()) >= 0
+        && widget->property(prop::ReadOnly.data()).toBool();
+}
 
 QVariantList OrbelDelegate::GetEdits() const
 {
@@ -28,12 +36,21 @@ QVariantList OrbelDelegate::GetEdits() const
 
 void OrbelDelegate::PutEdits(const QVariantList &values)
 {
-    // Whoever hears of one node may end the others.
-    for (int i = 0; i < values.size(); ++i) {
+    const QVariantList before = GetEdits();
+    // Whoever hears of one node may end the others, or set them, which stays.
+    for (int i = 0; i < values.size() && i < before.size(); ++i) {
         const auto nodes = GetNodes();
-        if (i < nodes.size() && nodes.at(i)->GetStringValue() != values.at(i).toString())
+        if (i < nodes.size() && before.at(i) != values.at(i))
             nodes.at(i)->SetStringValue(values.at(i).toString(), nullptr);
     }
+}
+
+void OrbelDelegate::MoveEdits(const QVariantList &values)
+{
+    const Call call(this);
+    const QVariantList stands = GetEdits();
+    const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+    PutEdits(values);
 }
 
 QString OrbelDelegate::SpellEdit(int, const QVariant &value) const
@@ -94,7 +111,10 @@ QString OrbelDelegate::GetCaption() const
 
 bool OrbelDelegate::MayEdit() const
 {
-    return !Closed && IsDefined(prop::Enabled) && GetBool(prop::Enabled, true) && !GetBool(prop::ReadOnly, false);
+    if (Closed || !IsDefined(prop::Enabled) || !GetBool(prop::Enabled, true))
+        return false;
+    const QVector<Face> faces = GetBool(prop::ReadOnly, false) ? GetFaces() : QVector<Face>();
+    return std::none_of(faces.begin(), faces.end(), &IsReadOnly);
 }
 
 void OrbelDelegate::ComeIntoView()
@@ -124,23 +144,26 @@ void OrbelDelegate::JoinAct(const Observable *node)
     OperatorAct *const act = OperatorAct::On(node);
     if (!act)
         return;
-    const auto before = std::make_shared<QVariantList>();
+    // Kept to the end of the act, which is the control's and may be over later than the form.
+    struct Joined {
+        explicit Joined(const OrbelDelegate *delegate) : Running(delegate) { }
+        const Call Running;
+        QVariantList Before;
+    };
+    const auto joined = std::make_shared<Joined>(this);
     const int session = act->GetSession();
-    const auto record
-        = [this, self = QPointer<OrbelDelegate>(this), before, session, outer = EditsBefore, outerActs = ActsBefore] {
-              if (!self)
-                  return;
-              const Call call(this);
-              EditsBefore = outer;
-              ActsBefore = outerActs;
-              Form().Record(*before, session);
-          };
+    const auto record = [this, joined, node, session, outer = EditsBefore, outerActs = ActsBefore] {
+        EditsBefore = outer;
+        ActsBefore = outerActs;
+        LeaveToOthers(node);
+        Form().Record(joined->Before, session);
+    };
     if (!act->AtEnd(this, record))
         return;
     for (const ValueBase *own : GetNodes())
-        before->append(own == node ? act->GetBefore() : own->GetStringValue());
-    EditsBefore = before.get();
-    ActsBefore = before.get();
+        joined->Before.append(own == node ? act->GetBefore() : own->GetStringValue());
+    EditsBefore = &joined->Before;
+    ActsBefore = &joined->Before;
 }
 
 void OrbelDelegate::LeaveToOthers(const Observable *node)

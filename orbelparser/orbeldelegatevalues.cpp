@@ -252,6 +252,8 @@ void OrbelDelegate::SetBoundsTooltip(QWidget *control, const QString &lowest, co
 
 void OrbelDelegate::SetIntTooltip(QWidget *control)
 {
+    if (!control)
+        return;
     constexpr int lowest = std::numeric_limits<int>::min();
     constexpr int highest = std::numeric_limits<int>::max();
     SetBoundsTooltip(control, IntegerBound(GetInt(prop::Minimum, lowest), lowest),
@@ -268,6 +270,8 @@ void OrbelDelegate::SetInt64Tooltip(QWidget *control)
 
 void OrbelDelegate::SetDoubleTooltip(QWidget *control)
 {
+    if (!control)
+        return;
     const int decimals = qMin(limit::Decimals, property(prop::Decimals.data()).toInt());
     const double lowest = GetDouble(prop::Minimum, LowestDouble);
     const double highest = GetDouble(prop::Maximum, HighestDouble);

@@ -227,6 +227,8 @@ void OrbelSheet::SelectWidgets(const QStringList &list, bool select)
     for (const Widget &widget : qAsConst(Widgets)) {
         const bool listed = paths.isEmpty() || paths.contains(widget->GetDelegate()->GetXmlPath());
         widget->SetSelected(listed ? select : !select);
+        if (widget->isModified())
+            Changes->Note(widget->GetDelegate());
     }
 }
 

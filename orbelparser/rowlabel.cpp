@@ -60,6 +60,37 @@ void RowLabel::changeEvent(QEvent *event)
         TextHeight = -1;
 }
 
+QSize RowLabel::sizeHint() const
+{
+    const std::optional<QSize> plain = PlainSize();
+    return plain ? *plain : QLabel::sizeHint();
+}
+
+QSize RowLabel::minimumSizeHint() const
+{
+    const std::optional<QSize> plain = PlainSize();
+    return plain ? *plain : QLabel::minimumSizeHint();
+}
+
+/// Both hints of a label with nothing but unwrapped plain text, whose size no width changes.
+std::optional<QSize> RowLabel::PlainSize() const
+{
+    const QString shown = text();
+    const bool isMore = wordWrap() || buddy() || indent() > 0 || frameWidth() > 0;
+    if (isMore || shown.isEmpty() || shown.contains(QLatin1Char('\t')) || !IsPlainText())
+        return {};
+    ensurePolished();
+    constexpr int anchors = Qt::AlignVCenter | Qt::AlignHCenter;
+    const int flags = int(QStyle::visualAlignment(layoutDirection(), alignment())) & ~anchors;
+    if (Measured.Text != shown || Measured.Flags != flags || Measured.Font != font()) {
+        constexpr int wide = 2000;
+        Measured = {shown, font(), flags, fontMetrics().boundingRect(0, 0, wide, wide, flags, shown).size()};
+    }
+    const QMargins around = contentsMargins() + margin();
+    const QSize size = Measured.Size + QSize(around.left() + around.right(), around.top() + around.bottom());
+    return size.expandedTo(minimumSize());
+}
+
 bool RowLabel::IsPlainText() const
 {
     return textFormat() == Qt::PlainText || (textFormat() == Qt::AutoText && !Qt::mightBeRichText(text()));

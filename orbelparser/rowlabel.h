@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <optional>
 
 /// The label at the start of a row: FloatGroupLayout::addLabel() makes it. Its text stands on the baseline of the first
 /// line of the control beside it, whatever the height of either.
@@ -24,6 +25,10 @@ public:
     /// Where the text has its first baseline, in pixels from the top.
     int Baseline() const;
 
+    /// Those of QLabel, which measures a text three times for them.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -34,7 +39,16 @@ private:
     void PaintText(QPainter &painter) const;
     void PaintMark(QPainter &painter) const;
     bool IsPlainText() const;
+    std::optional<QSize> PlainSize() const;
 
+    /// A size of the text and what it was measured of.
+    struct Measure {
+        QString Text;
+        QFont Font;
+        int Flags = 0;
+        QSize Size;
+    };
+    mutable Measure Measured;
     QPointer<QWidget> Control;
     QSize ControlSize;
     /// What the text takes and the label needs beside the control; written by StandBeside().

@@ -22,14 +22,6 @@
 <context>
     <name>KV218::ChangesButton</name>
     <message>
-        <source>1 change waits to be applied</source>
-        <translation>1 Änderung ist noch nicht übernommen</translation>
-    </message>
-    <message>
-        <source>%1 changes wait to be applied</source>
-        <translation>%1 Änderungen sind noch nicht übernommen</translation>
-    </message>
-    <message>
         <source>Changes</source>
         <translation>Änderungen</translation>
     </message>
@@ -52,6 +44,13 @@
     <message>
         <source>%1 more</source>
         <translation>%1 weitere</translation>
+    </message>
+    <message numerus="yes">
+        <source>Changes that wait to be applied: %n</source>
+        <translation>
+            <numerusform>%n Änderung ist noch nicht übernommen</numerusform>
+            <numerusform>%n Änderungen sind noch nicht übernommen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -78,6 +77,10 @@
     <message>
         <source>%1 to %2</source>
         <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>column %1, row %2</source>
+        <translation>Spalte %1, Zeile %2</translation>
     </message>
 </context>
 <context>
@@ -286,13 +289,6 @@
     <message>
         <source>Large</source>
         <translation>Groß</translation>
-    </message>
-</context>
-<context>
-    <name>KV218::TableKeys</name>
-    <message>
-        <source>column %1, row %2</source>
-        <translation>Spalte %1, Zeile %2</translation>
     </message>
 </context>
 <context>

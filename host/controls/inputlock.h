@@ -5,7 +5,8 @@
 #include <QEvent>
 
 /// Sent to the field that has the focus when its input is about to be locked. A field takes a text back that is being
-/// typed, as with Escape, and tells the operator which; all else ignores it.
+/// typed, as with Escape, and tells the operator which. One that no lock reaches does not accept the event, and goes
+/// on.
 class ORBEL_HOST_EXPORT InputLock : public QEvent
 {
 public:

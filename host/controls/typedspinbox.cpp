@@ -34,11 +34,12 @@ bool TypedSpinBox::Finish()
     return !IsFinal;
 }
 
-bool TypedSpinBox::Enter(const QString &text)
+bool TypedSpinBox::Enter(const QString &text, QString *note)
 {
     NumberReader reader = Reader();
     reader.Decimals = std::numeric_limits<int>::max();
     const TypedNumber number = reader.Read(WithoutPrefix(text));
+    *note = LimitNote(number);
     if (number.IsNumber())
         setProperty("value", number.Shown);
     return number.IsNumber();
@@ -49,7 +50,18 @@ QString TypedSpinBox::textFromValue(double number) const
     QLocale plain = locale();
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    return FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), locale().decimalPoint());
+    Spelled = FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), locale().decimalPoint());
+    SpelledNumber = number;
+    return Spelled;
+}
+
+/// Whether a text is what the box has just spelled for its value, which need not be read to be known.
+bool TypedSpinBox::IsOwnText(const QString &text) const
+{
+    const int behind = prefix().size() + Spelled.size();
+    return SpelledNumber == value() && specialValueText().isEmpty() && text.size() == behind + suffix().size()
+        && text.startsWith(prefix()) && text.endsWith(suffix())
+        && text.midRef(prefix().size(), Spelled.size()) == Spelled;
 }
 
 bool TypedSpinBox::IsFrequency() const
@@ -72,9 +84,9 @@ QValidator::State TypedSpinBox::validate(QString &text, int &position) const
 {
     // Nothing is typed behind the suffix, which would stand there twice then.
     position = std::min(position, EndOfNumber(text));
-    const TypedNumber number = ReadText(text);
+    const double shown = IsOwnText(text) ? value() : ReadText(text).Shown;
     const auto [lowest, highest] = TypedRange();
-    const bool inside = number.IsNumber() && number.Shown >= lowest && number.Shown <= highest;
+    const bool inside = shown >= lowest && shown <= highest;
     return inside ? QValidator::Acceptable : QValidator::Intermediate;
 }
 
@@ -174,14 +186,22 @@ QString TypedSpinBox::SpellShown(double shown) const
     return reader.Spell(WithoutNoise(shown * std::pow(10.0, reader.ShownPower)));
 }
 
-QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) const
+/// Which limit is taken for a number; nothing for one within them, and for what is no number.
+QString TypedSpinBox::LimitNote(const TypedNumber &number) const
 {
     const auto [lowest, highest] = TypedRange();
-    if (number.IsNumber() && number.Shown > highest)
+    if (number.Shown > highest)
         return tr("above %1: %1 is taken").arg(SpellShown(highest));
-    if (number.IsNumber() && number.Shown < lowest)
+    if (number.Shown < lowest)
         return tr("below %1: %1 is taken").arg(SpellShown(lowest));
-    return !number.IsNumber() || IsUnusual(text) ? number.Note() : QString();
+    return QString();
+}
+
+QString TypedSpinBox::NoteFor(const TypedNumber &number, const QString &text) const
+{
+    const QString limit = LimitNote(number);
+    const bool saysMore = !number.IsNumber() || IsUnusual(text);
+    return limit.isEmpty() && saysMore ? number.Note() : limit;
 }
 
 void TypedSpinBox::TellReading()

@@ -28,8 +28,8 @@ public:
     /// Whether an edit may end with the text that stands there; one that is no number is marked, and told why.
     bool Finish();
     /// Takes a text as if it were typed, but rounds a number that has more decimal places than are shown. False, and no
-    /// change, for one that is no number.
-    bool Enter(const QString &text);
+    /// change, for one that is no number. `note` gets which limit is taken in its place, or nothing.
+    bool Enter(const QString &text, QString *note);
 
     QString textFromValue(double number) const override;
     double valueFromText(const QString &text) const override;
@@ -58,6 +58,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    bool IsOwnText(const QString &text) const;
     bool IsFrequency() const;
     bool WritesBlank() const;
     std::optional<int> ShownPower() const;
@@ -66,11 +67,15 @@ private:
     int EndOfNumber(const QString &text) const;
     QString Bare(const QString &text) const;
     bool IsUnusual(const QString &text) const;
+    QString LimitNote(const TypedNumber &number) const;
     QString NoteFor(const TypedNumber &number, const QString &text) const;
     QString SpellShown(double shown) const;
     void KeepCursorInNumber();
 
     QString Unit;
+    // What was spelled last, of which number.
+    mutable QString Spelled;
+    mutable double SpelledNumber = 0;
     // An edit should have ended, so that what might become a number by typing on is wrong, too.
     bool IsFinal = false;
     TypingMark Mark{this};

@@ -11,8 +11,7 @@
 namespace KV218
 {
 
-/// Where the letters of an editor are.
-static QLineEdit *FieldOf(QWidget *editor)
+QLineEdit *CellItemDelegate::FieldOf(QWidget *editor)
 {
     auto *field = qobject_cast<QLineEdit *>(editor);
     return field ? field : editor->findChild<QLineEdit *>();

@@ -2,6 +2,8 @@
 
 #include <QStyledItemDelegate>
 
+class QLineEdit;
+
 namespace KV218
 {
 
@@ -16,6 +18,10 @@ public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    /// Where the letters of an editor are; null for one without.
+    static QLineEdit *FieldOf(QWidget *editor);
 
 private:
     void DropEdit(QWidget *editor);

@@ -66,7 +66,8 @@ void ChangesButton::Refresh()
 {
     const int count = Changes ? Changes->GetChanged().size() : 0;
     setText(QString::number(count));
-    setToolTip(count == 1 ? tr("1 change waits to be applied") : tr("%1 changes wait to be applied").arg(count));
+    // Reads well for one, too, where no catalogue has the plural.
+    setToolTip(tr("Changes that wait to be applied: %n", nullptr, count));
     setAccessibleName(tr("Changes"));
     Place();
 }

@@ -10,7 +10,7 @@ FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget
 
 QVector<Face> FloatSpinDelegate::GetFaces() const
 {
-    return {{Control.data(), {}, SpinBounds(*this, Control)}};
+    return {{Control.data(), {}, [this] { return SpinBounds(*this, Control); }}};
 }
 
 void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)

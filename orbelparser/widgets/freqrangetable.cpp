@@ -2,6 +2,7 @@
 
 #include "cellitemdelegate.h"
 #include "fieldnote.h"
+#include "frequencytext.h"
 #include "numberparsing.h"
 #include "numberreader.h"
 #include "suffixeddouble.h"
@@ -58,7 +59,7 @@ const Unit &UnitOfText(const QString &text, double scale)
 
 } // namespace
 
-/// Tells while a text is typed how the table will read it.
+/// Draws frequencies as fields show them, and tells while a text is typed how the table will read it.
 class FreqRangeTable::Cells : public CellItemDelegate
 {
 public:
@@ -71,6 +72,10 @@ public:
             connect(
                 field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
         return editor;
+    }
+    QString displayText(const QVariant &value, const QLocale &) const override
+    {
+        return Table->SpellAsFields(Table->ReadText(value.toString()));
     }
 
 private:
@@ -197,6 +202,16 @@ QString FreqRangeTable::Spell(double value) const
     return format.GetString(std::isfinite(value) ? value : 0.0);
 }
 
+QString FreqRangeTable::SpellAsFields(double value) const
+{
+    const QStringList parts = Spell(value).split(QLatin1Char(' '));
+    const QStringList digits = parts.first().split(QLatin1Char('.'));
+    const QString fraction = digits.value(1).leftJustified(UnitOfScale(UnitScale).Zeros, QLatin1Char('0'));
+    const QChar point = locale().decimalPoint();
+    const QString number = fraction.isEmpty() ? digits.first() : digits.first() + point + fraction;
+    return FrequencyText::BeforeSuffix(number, parts.last(), point) + parts.last();
+}
+
 double FreqRangeTable::ReadCell(int row, int column) const
 {
     const QTableWidgetItem *cell = item(row, column);
@@ -225,16 +240,18 @@ bool FreqRangeTable::IsReadAsMeant(const QString &text) const
 
 QString FreqRangeTable::Misreading(const QString &text) const
 {
-    return tr("\"%1\" is read as %2").arg(text, Spell(ReadText(text)));
+    return tr("\"%1\" is read as %2").arg(text, SpellAsFields(ReadText(text)));
 }
 
 void FreqRangeTable::TellReading(QWidget *editor, const QString &text) const
 {
-    const QString spelled = Spell(ReadText(text));
+    const double frequency = ReadText(text);
+    const QString spelled = SpellAsFields(frequency);
+    const bool isSpelled = text == Spell(frequency);
     if (!IsReadAsMeant(text))
         FieldNote::Show(editor, tr("is read as %1").arg(spelled), FieldNote::Refused);
     else
-        FieldNote::Show(editor, spelled == text ? QString() : QStringLiteral("= ") + spelled, FieldNote::Understood);
+        FieldNote::Show(editor, isSpelled ? QString() : QStringLiteral("= ") + spelled, FieldNote::Understood);
 }
 
 FreqRangeTable::Ranges FreqRangeTable::CollectRanges() const

@@ -13,9 +13,9 @@ namespace KV218
 
 /// An editable list of frequency ranges, start and stop in two columns, which shows the content of a node. Cells hold
 /// text with a unit: a number alone counts in kHz, and "5 Hz", "5 k" or "5,5 mhz" say what they mean. What is no number
-/// is 0, and every text is rewritten at once. While one is typed a note tells how it will be read; a cell that is read
-/// otherwise than a field for frequencies would read it tells so, with its tooltip as well. What is edited stays here
-/// until StoreToValue().
+/// is 0, and every text is rewritten at once. What is drawn has groups, which the text has not. While one is typed a
+/// note tells how it will be read; a cell that is read otherwise than a field for frequencies would read it tells so,
+/// with its tooltip as well. What is edited stays here until StoreToValue().
 class FreqRangeTable : public QTableWidget, public IObserver
 {
     Q_OBJECT
@@ -58,7 +58,10 @@ private:
     void WriteCell(int row, int column, double value);
     double ReadCell(int row, int column) const;
     double ReadText(const QString &text) const;
+    /// The text of a cell: "1000.5 kHz".
     QString Spell(double value) const;
+    /// What is drawn and told of it: "1 000.500 kHz".
+    QString SpellAsFields(double value) const;
     bool IsReadAsMeant(const QString &text) const;
     QString Misreading(const QString &text) const;
     void TellReading(QWidget *editor, const QString &text) const;

@@ -130,9 +130,12 @@ QVector<Face> OrbelChannelSpacingTable::GetFaces() const
         return property(name.data()).isValid() ? formatString(GetDouble(name, 0.0), GetInt(prop::Decimals, 0), {})
                                                : QString();
     };
-    const QString bounds = BoundsText(limit(prop::Minimum), limit(prop::Maximum));
-    const QString unit = bounds.isEmpty() ? QString() : property(prop::Unit.data()).toString();
-    return {{Control.data(), {}, QStringLiteral("%1 %2").arg(bounds, unit).trimmed()}};
+    const auto bounds = [this, limit] {
+        const QString numbers = BoundsText(limit(prop::Minimum), limit(prop::Maximum));
+        const QString unit = numbers.isEmpty() ? QString() : property(prop::Unit.data()).toString();
+        return QStringLiteral("%1 %2").arg(numbers, unit).trimmed();
+    };
+    return {{Control.data(), {}, bounds}};
 }
 
 void OrbelChannelSpacingTable::setFocus()
@@ -202,8 +205,12 @@ QVariantList OrbelChannelSpacingTable::GetEdits() const
 void OrbelChannelSpacingTable::PutEdits(const QVariantList &values)
 {
     const Call call(this);
-    for (int row = 0; row < values.size(); ++row)
-        setSpacingValue(row, values.at(row).toDouble());
+    const QVariantList before = GetEdits();
+    // What those set who hear of one row stays.
+    for (int row = 0; row < values.size() && row < before.size(); ++row) {
+        if (!IsSameEdit(before.at(row), values.at(row)))
+            setSpacingValue(row, values.at(row).toDouble());
+    }
 }
 
 QString OrbelChannelSpacingTable::SpellEdit(int, const QVariant &value) const

@@ -128,11 +128,13 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
 
 QVector<Face> OrbelFrequencyEdit::GetFaces() const
 {
-    const QString bounds = valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString();
+    const auto bounds = [this] {
+        return valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString();
+    };
     if (!frequencyControl)
         return {{lineEdit.data(), {}, bounds}};
-    return {{frequencyControl.data(), {}, {}}, {frequencyControl->focusProxy(), {}, bounds},
-        {lockButton.data(), tr("lock"), {}}};
+    return {{frequencyControl.data()}, {frequencyControl->focusProxy(), {}, bounds},
+        {lockButton.data(), [] { return tr("lock"); }}};
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)

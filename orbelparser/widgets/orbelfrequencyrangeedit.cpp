@@ -106,9 +106,10 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
 QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
 {
     const auto bounds = [](const OwnedNode<ValueDouble> &node) {
-        return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString();
+        return [&node] { return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString(); };
     };
-    return {{startEdit.data(), tr("start"), bounds(startNode)}, {stopEdit.data(), tr("stop"), bounds(stopNode)}};
+    return {{startEdit.data(), [] { return tr("start"); }, bounds(startNode)},
+        {stopEdit.data(), [] { return tr("stop"); }, bounds(stopNode)}};
 }
 
 void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }

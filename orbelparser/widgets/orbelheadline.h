@@ -21,7 +21,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     QVector<Face> GetFaces() const override
     {
-        return {{GroupBox.data(), GroupBox ? GroupBox->title() : QString(), {}}};
+        return {{GroupBox.data(), [this] { return GroupBox ? GroupBox->title() : QString(); }}};
     }
     void EnableInput(bool enable, bool partial) override;
 

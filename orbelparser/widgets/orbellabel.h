@@ -21,7 +21,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
+    QVector<Face> GetFaces() const override { return {{Control.data()}}; }
 
 public Q_SLOTS:
     void setText(QString text) { ChangeProperty(prop::Text, text); }

@@ -131,8 +131,9 @@ void OrbelScriptControl::PropertyChanged(const QString &name, const QVariant &va
 
 QVector<Face> OrbelScriptControl::GetFaces() const
 {
-    return {{Buttons[Load].Control.data(), tr("load"), {}}, {Buttons[Edit].Control.data(), tr("edit"), {}},
-        {Buttons[Clear].Control.data(), tr("clear"), {}}};
+    return {{Buttons[Load].Control.data(), [] { return tr("load"); }},
+        {Buttons[Edit].Control.data(), [] { return tr("edit"); }},
+        {Buttons[Clear].Control.data(), [] { return tr("clear"); }}};
 }
 
 void OrbelScriptControl::EnableInput(bool enable, bool partial)

@@ -192,6 +192,8 @@ void OrbelSheetUi::ParkFocus()
     InputLock lock;
     if (QWidget *field = focus())
         QCoreApplication::sendEvent(field, &lock);
+    if (!lock.isAccepted())
+        return;
     // A cell's editor has given the focus to its table.
     QWidget *field = focus();
     if (!field)

@@ -58,7 +58,7 @@ void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
 
 QVector<Face> OrbelSpinBox::GetFaces() const
 {
-    return {{Control.data(), {}, SpinBounds(*this, Control)}};
+    return {{Control.data(), {}, [this] { return SpinBounds(*this, Control); }}};
 }
 
 void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)

@@ -1,5 +1,6 @@
 #include "orbelspinboxlist.h"
 
+#include "inputlock.h"
 #include "vcnumericfloatspin.h"
 
 namespace KV218
@@ -16,8 +17,19 @@ void OrbelSpinBoxList::CreateGUI(FloatGroupLayout *layout)
 {
     // Meant: the controls are not kept, so nothing reaches them later but their nodes. A collapse or a lock of this moment
     // would never end for them.
-    for (VCNumericFloatSpin *spin : CreateControls(layout))
+    for (VCNumericFloatSpin *spin : CreateControls(layout)) {
         PropagateState(spin);
+        spin->installEventFilter(this);
+    }
+}
+
+bool OrbelSpinBoxList::eventFilter(QObject *, QEvent *event)
+{
+    // What is being typed stays with the items, which no lock reaches.
+    const bool isLock = event->type() == InputLock::Kind();
+    if (isLock)
+        event->ignore();
+    return isLock;
 }
 
 QString OrbelSpinBoxList::ItemText(const ValueInt &node) const

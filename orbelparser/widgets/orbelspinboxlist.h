@@ -18,6 +18,7 @@ public:
 
     void CreateValueTree() override;
     void CreateGUI(FloatGroupLayout *layout) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
     using OrbelDelegate::isEnabled;
     using OrbelDelegate::setEnabled;

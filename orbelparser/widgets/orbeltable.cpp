@@ -10,7 +10,6 @@
 #include <QScopedValueRollback>
 #include <QTableWidget>
 
-#include <algorithm>
 #include <cmath>
 
 namespace KV218
@@ -159,7 +158,7 @@ void OrbelTable::sl_cellChanged(int row, int column)
     // Meant: the row alone is the place in the flat list, so an edit in several columns lands in the first rows.
     if (row >= 0 && row < Cells.size())
         Cells[row] = item->data(Qt::DisplayRole);
-    const EditNotice notice(this, {row, Cells.size() + row * ColumnCount + column});
+    const EditNotice notice(this, {2 * row, 2 * (row * ColumnCount + column) + 1});
     setModified(true);
     Q_EMIT cellChanged(row, column);
 }
@@ -185,35 +184,38 @@ void OrbelTable::ShowOwnValue(int index, const QVariant &value)
 
 QVariantList OrbelTable::GetEdits() const
 {
-    QVariantList values = Cells;
+    QVariantList values;
     for (int i = 0; i < Cells.size(); ++i)
-        values.append(ShownValue(i));
+        values << Cells.at(i) << ShownValue(i);
     return values;
 }
 
 void OrbelTable::PutEdits(const QVariantList &values)
 {
-    const int count = Cells.size();
-    if (values.size() != 2 * count || !Control)
+    const QVariantList before = GetEdits();
+    if (values.size() != before.size() || !Control)
         return;
     const Call call(this);
-    const QVariantList before = GetEdits();
     QVector<QPoint> edited; // x counts columns
+    // A value may go back alone, where a script has set what its cell shows.
+    bool isChange = false;
     {
         const QScopedValueRollback<bool> updating(Updating, true);
-        Cells = values.mid(0, count);
-        for (int i = 0; i < count && Control; ++i) {
-            const QPoint cell(i % ColumnCount, i / ColumnCount);
-            if (IsSameEdit(before.at(count + i), values.at(count + i)))
+        for (int i = 0; i < Cells.size() && Control; ++i) {
+            const int value = 2 * i;
+            const int shown = value + 1;
+            isChange |= !IsSameEdit(before.at(value), values.at(value));
+            Cells[i] = values.at(value);
+            if (IsSameEdit(before.at(shown), values.at(shown)))
                 continue;
+            const QPoint cell(i % ColumnCount, i / ColumnCount);
             const bool told = ItemFor(cell.y(), cell.x());
-            ShowOwnValue(i, values.at(count + i));
+            ShowOwnValue(i, values.at(shown));
             if (told || ItemFor(cell.y(), cell.x()))
                 edited.append(cell);
         }
     }
-    // A value may go back alone, where a script has set what its cell shows.
-    if (!edited.isEmpty() || !std::equal(Cells.begin(), Cells.end(), before.begin(), &IsSameEdit))
+    if (isChange || !edited.isEmpty())
         setModified(true);
     for (const QPoint &cell : qAsConst(edited))
         Q_EMIT cellChanged(cell.y(), cell.x());
@@ -221,7 +223,13 @@ void OrbelTable::PutEdits(const QVariantList &values)
 
 QString OrbelTable::SpellChange(const QVariantList &before, const QVariantList &after) const
 {
-    return OrbelDelegate::SpellChange(before.mid(before.size() / 2), after.mid(after.size() / 2));
+    const auto shown = [](const QVariantList &edits) {
+        QVariantList texts;
+        for (int i = 1; i < edits.size(); i += 2)
+            texts.append(edits.at(i));
+        return texts;
+    };
+    return OrbelDelegate::SpellChange(shown(before), shown(after));
 }
 
 QString OrbelTable::SpellEditPart(int index) const

@@ -23,9 +23,10 @@ public:
 
     void CreateGUI(FloatGroupLayout *layout) override;
     void ReadXml(QXmlStreamReader &reader) override;
-    QVector<Face> GetFaces() const override { return {{Control.data(), {}, {}}}; }
-    /// The values, then what the cells show, both row by row.
+    QVector<Face> GetFaces() const override { return {{Control.data()}}; }
+    /// Row by row, of each cell its value and what it shows.
     QVariantList GetEdits() const override;
+    int GetEditShape() const override { return ColumnCount; }
     void PutEdits(const QVariantList &values) override;
     QString SpellChange(const QVariantList &before, const QVariantList &after) const override;
 

@@ -2,10 +2,19 @@
 
 #include "orbeldelegate.h"
 
+#include <QLineEdit>
+
 #include <optional>
 
 namespace KV218
 {
+
+void RecordingCells::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    const QLineEdit *field = FieldOf(editor);
+    if (!field || !field->isModified())
+        CellItemDelegate::setEditorData(editor, index);
+}
 
 void RecordingCells::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {

@@ -141,7 +141,8 @@ template <class Node> QVector<Face> SpinListDelegate<Node>::GetFaces() const
 {
     QVector<Face> faces;
     for (VCNumericFloatSpin *spin : Spins())
-        faces.append({spin, KV218::OrbelDelegate::tr("item %1").arg(faces.size() + 1), SpinBounds(*this, spin)});
+        faces.append({spin, [item = faces.size() + 1] { return KV218::OrbelDelegate::tr("item %1").arg(item); },
+            [this, spin] { return SpinBounds(*this, spin); }});
     return faces;
 }
 

@@ -1,5 +1,7 @@
 #include "tablekeys.h"
 
+#include "face.h"
+#include "fieldnote.h"
 #include "orbeldelegate.h"
 #include "typedspinbox.h"
 #include "typingundo.h"
@@ -48,24 +50,30 @@ QString CellText(const QModelIndex &cell)
     return text.replace(CellEnd, QLatin1Char(' ')).replace(LineEnd, QLatin1Char(' '));
 }
 
-/// Lets the cell's editor take the text; false when it refuses.
-bool FillEditor(QWidget *editor, const QString &text)
+/// Lets the cell's editor take the text; false when it refuses. `note` gets what it makes another one of, if it does.
+bool FillEditor(QWidget *editor, const QString &text, QString *note)
 {
     if (auto *spin = qobject_cast<TypedSpinBox *>(editor))
-        return spin->Enter(text);
+        return spin->Enter(text, note);
     return editor->metaObject()->userProperty().write(editor, text);
 }
 
-void EnterText(QTableWidget *table, const QModelIndex &cell, const QString &text)
+void EnterText(const QPointer<QTableWidget> &table, const QModelIndex &cell, const QString &text)
 {
     QStyleOptionViewItem option;
     option.initFrom(table);
     QAbstractItemDelegate *delegate = table->itemDelegate();
     // The editor goes with the table when somebody who hears of the change ends it.
     const QPointer<QWidget> editor(delegate->createEditor(table->viewport(), option, cell));
-    if (editor && FillEditor(editor, text))
+    QString note;
+    const bool isTaken = editor && FillEditor(editor, text, &note);
+    if (isTaken)
         delegate->setModelData(editor, table->model(), cell);
     delete editor;
+    if (table && !isTaken && !text.isEmpty())
+        FieldNote::TellDropped(table->viewport(), text, table->visualRect(cell));
+    else if (table && !note.isEmpty())
+        FieldNote::Tell(table->viewport(), note, 2000, FieldNote::Refused, table->visualRect(cell));
 }
 
 } // namespace
@@ -118,13 +126,8 @@ bool TableKeys::eventFilter(QObject *watched, QEvent *event)
 void TableKeys::NameEditor(QWidget *editor)
 {
     const QModelIndex cell = editor ? Table->indexAt(editor->geometry().center()) : QModelIndex();
-    if (!cell.isValid())
-        return;
-    const auto header = [&](int section, Qt::Orientation direction) {
-        return Table->model()->headerData(section, direction).toString();
-    };
-    editor->setAccessibleName(
-        tr("column %1, row %2").arg(header(cell.column(), Qt::Horizontal), header(cell.row(), Qt::Vertical)));
+    if (cell.isValid())
+        editor->setAccessibleName(CellPlace(*Table->model(), cell.row(), cell.column()));
 }
 
 void TableKeys::Copy()

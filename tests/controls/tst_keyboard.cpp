@@ -77,7 +77,7 @@ struct Curious : QObject {
     bool Asking = false;
 };
 
-/// What is wrong with a tree as a tool walks it. A table's cells are their texts, and an empty one has none.
+/// What is wrong with a tree as a tool walks it. Cells may show the same.
 void Walk(QAccessibleInterface *parent, QStringList &complaints, int &focusable)
 {
     QStringList group;
@@ -88,11 +88,13 @@ void Walk(QAccessibleInterface *parent, QStringList &complaints, int &focusable)
         const QString place = QString("%1 '%2' in '%3': %4")
                                   .arg(child->object() ? child->object()->metaObject()->className() : "cell", name,
                                       parent->text(QAccessible::Name), description);
-        if (child->state().focusable && child->object()) {
+        if (parent->indexOfChild(child) != i)
+            complaints << "stands elsewhere: " + place;
+        if (child->state().focusable) {
             ++focusable;
             if (name.isEmpty())
                 complaints << "no name: " + place;
-            if (group.contains(name))
+            if (child->object() && group.contains(name))
                 complaints << "twice: " + place;
             group << name;
         }
@@ -213,6 +215,25 @@ private Q_SLOTS:
         table->setCurrentCell(1, 0);
         table->editItem(table->item(1, 0));
         QCOMPARE(Name(table->findChild<QAbstractSpinBox *>()), QString("t, column kHz, row 2"));
+    }
+
+    void aCellTellsItsPlace()
+    {
+        LiveForm live(Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:2", "headerLabel=String:kHz"})
+            + Labelled("e", "TableWidget", {"rowCount=Int:2", "columnCount=Int:2"}));
+        const auto cell = [&](const char *table) { return Heard(live.Find(table))->tableInterface()->cellAt(1, 0); };
+        const auto told = [&](const char *table) {
+            return cell(table)->text(QAccessible::Name) + "; " + cell(table)->text(QAccessible::Description);
+        };
+        QCOMPARE(told("t"), QString("0; column kHz, row 2"));
+        QCOMPARE(told("e"), QString("column 0, row 1; "));
+        QCOMPARE(cell("e")->parent(), Heard(live.Find("e")));
+        live.Find<QTableWidget>("t")->setCurrentCell(1, 0);
+        QCOMPARE(Heard(live.Find("t"))->tableInterface()->selectedCells(), {cell("t")});
+        const QAccessible::Id gone = QAccessible::uniqueId(cell("e"));
+        live.Get("e")->setProperty("rowCount", 1);
+        const QAccessibleInterface *left = QAccessible::accessibleInterface(gone);
+        QVERIFY(!left || !left->isValid());
     }
 
     void aFormThatHasEndedIsStillHeard()

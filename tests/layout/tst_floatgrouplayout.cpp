@@ -4,11 +4,13 @@
 #include "floatgrouparranger.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "rowlabel.h"
 #include "rows.h"
 #include "testmain.h"
 
 #include <QGroupBox>
 #include <QScrollBar>
+#include <QStyleFactory>
 #include <QtTest>
 
 using Item = FloatGroupItem;
@@ -253,6 +255,45 @@ private Q_SLOTS:
         layout.invalidate();
         QVERIFY2(layout.heightForWidth(9999) == area.widget()->minimumHeight(), "no wider than the area");
         QCOMPARE(area.minimumSizeHint(), area.QAbstractScrollArea::minimumSizeHint().boundedTo(QSize(9999, 20)));
+    }
+
+    void aRowLabelHintsAtTheSizesOfAnyLabel()
+    {
+        RowLabel own("Gain:", nullptr);
+        QLabel any("Gain:");
+        const QStringList texts{"Gain:", "a & b", "two\nlines", "", "<b>rich</b> text", "tab\tx", "&amp; <i>", "ÄÖß",
+            QString(300, 'w'), "Gain:"};
+        const auto both = [&](const auto &change) {
+            change(own);
+            change(any);
+            for (const QString &text : texts) {
+                own.setText(text);
+                any.setText(text);
+                QVERIFY2(own.sizeHint() == any.sizeHint(), qPrintable(text));
+                QVERIFY2(own.minimumSizeHint() == any.minimumSizeHint(), qPrintable(text));
+            }
+        };
+        for (const char *style : {"fusion", "windows"}) {
+            const std::unique_ptr<QStyle> of(QStyleFactory::create(style));
+            both([&](QLabel &label) { label.setStyle(of.get()); });
+            for (int points : {8, 9, 13, 24})
+                both([&](QLabel &label) { label.setFont(QFont(label.font().family(), points)); });
+            both([](QLabel &label) { label.setStyleSheet("font-style: italic"); });
+            both([](QLabel &label) { label.setLayoutDirection(Qt::RightToLeft); });
+            both([](QLabel &label) { label.setAlignment(Qt::AlignHCenter | Qt::AlignBottom); });
+            both([](QLabel &label) { label.setContentsMargins(1, 2, 3, 4); });
+            both([](QLabel &label) { label.setMargin(5); });
+            both([](QLabel &label) { label.setMinimumSize(60, 30); });
+            both([](QLabel &label) { label.setFrameShape(QFrame::Box); });
+            both([](QLabel &label) { label.setWordWrap(true); });
+            both([](QLabel &label) { label.setIndent(7); });
+            both([](QLabel &label) { label.setTextFormat(Qt::RichText); });
+            both([](QLabel &label) { label.setFrameShape(QFrame::NoFrame); });
+            both([](QLabel &label) { label.setWordWrap(false); });
+            both([](QLabel &label) { label.setTextFormat(Qt::PlainText); });
+            both([](QLabel &label) { label.setIndent(-1); });
+            both([](QLabel &label) { label.setStyle(nullptr); });
+        }
     }
 };
 

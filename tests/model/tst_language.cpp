@@ -25,6 +25,15 @@ public:
     }
 };
 
+class Doubling : public Quoting
+{
+public:
+    QString translate(const char *context, const char *text, const char *more, int n) const override
+    {
+        return Quoting::translate(context, text, more, n).repeated(2);
+    }
+};
+
 QStringList HeaderTexts(const QTableWidget &table)
 {
     QStringList texts;
@@ -285,6 +294,25 @@ private Q_SLOTS:
         QTEST(apply, "apply");
         QTEST(headline, "headline");
         QCOMPARE(live.Find<QPushButton>("applyButton")->text(), QString("Apply"));
+    }
+
+    void aShorterLanguageTakesNoMoreRoomThanBefore()
+    {
+        const Form form = Example();
+        form->CreateValueTree("/Form");
+        form->CreateGUI(true);
+        const std::unique_ptr<QWidget> window(form->GetGUI());
+        window->resize(800, 900);
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+        const QWidget *content = window->findChild<QScrollArea *>()->widget();
+        QTRY_VERIFY(content->minimumWidth() > 100);
+        const QSize before = content->minimumSize();
+        {
+            const Doubling longer;
+            QTRY_VERIFY(content->minimumWidth() > before.width());
+        }
+        QTRY_COMPARE(content->minimumSize(), before);
     }
 
     void aHandlerMayEndTheForm()

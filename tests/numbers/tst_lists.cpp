@@ -122,7 +122,10 @@ private Q_SLOTS:
     {
         LiveList live("SpinBoxList", {"itemCount=Int:2", "enabled=Bool:true", "prefix=String:("});
         live.form->EvaluateScript("n.setPrefix('['); n.setEnabled(0, false); n.setEnabled(false); n.setFocus()");
+        live.Spin(1)->setFocus();
+        QTest::keyClicks(live.Spin(1), "7");
         live.form->EnableInput(false);
+        QVERIFY2(live.Spin(1)->text().contains('7') && live.window->focusWidget() == live.Spin(1), "typing goes on");
         QCOMPARE(live.Ask("n.isEnabled(0), n.isEnabled(2), n.value, n.prefix"), QString("false,false,[,("));
         QVERIFY(live.Spin(0)->isEnabled() && live.Spin(0)->prefix() == "(" && !live.Spin(0)->hasFocus());
     }

@@ -65,22 +65,22 @@ private Q_SLOTS:
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("note"); // behind "is read as" where the reading is none that is meant
         QTest::newRow("kHz, comma: 5,5 ") << "7000..5500"
-                                          << "= 5.5 kHz";
+                                          << "= 5.500 kHz";
         QTest::newRow("kHz as it is shown: 5.5 kHz") << "7000..5500" << QString();
         QTest::newRow("hertz: 5 Hz") << "7000..5"
                                      << "= 0.005 kHz";
         QTest::newRow("mega without rounding: 1.001 mhZ") << "7000..1001000"
-                                                          << "= 1001 kHz";
+                                                          << "= 1 001.000 kHz";
         QTest::newRow("giga, negative: -2g") << "7000..-2000000000"
-                                             << "= -2000000 kHz";
+                                             << "= -2 000 000.000 kHz";
         QTest::newRow("kilo goes before mega: 3 MK") << "7000..3000"
-                                                     << "3 kHz";
+                                                     << "3.000 kHz";
         QTest::newRow("an exponent's letter is lost: 1e3") << "7000..13000"
-                                                           << "13 kHz";
+                                                           << "13.000 kHz";
         QTest::newRow("no number: 1 2") << "7000..0"
-                                        << "0 kHz";
+                                        << "0.000 kHz";
         QTest::newRow("groups: 1.234,5") << "7000..0"
-                                         << "0 kHz";
+                                         << "0.000 kHz";
     }
 
     void texts()
@@ -95,6 +95,9 @@ private Q_SLOTS:
         const QString told = isMeant ? QString() : '"' + Input() + "\" is read as " + note;
         QCOMPARE(FieldNote::TextOf(bench.Table.viewport()), told);
         QCOMPARE(bench.Table.item(0, 1)->toolTip(), told);
+        const auto *cells = qobject_cast<QStyledItemDelegate *>(bench.Table.itemDelegate());
+        QVERIFY2(note.endsWith(cells->displayText(bench.Table.item(0, 1)->text(), QLocale::c())) || note.isEmpty(),
+            "it is drawn as it is told");
         QVERIFY2(bench.Node->GetStringValue() == "7000..8000", "only storing stores");
         bench.Table.StoreToValue();
         QTEST(bench.Node->GetStringValue(), "stored");

@@ -1,5 +1,6 @@
 // Stores and tables: what scripts and documents cause and what is written, and edits of the tables on the screen.
 
+#include "fieldnote.h"
 #include "liveform.h"
 #include "rows.h"
 #include "testmain.h"
@@ -237,9 +238,14 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
         QVERIFY(live.Table()->hasFocus());
 
-        live.Type(1, 0, "25");
-        QCOMPARE(
-            live.log.Take(), QString("sheet.si_parametersModified() s.spacingChanged(1) s.spacingValueChanged(1, 25)"));
+        QWidget *editor = live.Edit(1, 0);
+        QTest::keyClicks(editor, "2");
+        live.form->EvaluateScript("s.setSpacingValue(1, 9)");
+        live.log.Take();
+        QTest::keyClicks(editor, "5");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QCoreApplication::sendPostedEvents();
+        QVERIFY2(live.log.Take() == "s.spacingChanged(1) s.spacingValueChanged(1, 25)", "over what a script sets");
         QCOMPARE(live.Written(), QString("m0:0 m1:25 m2:0"));
         live.Read("<i index='2'>8</i>");
         QCOMPARE(live.Shown(), QString("0 25 8"));
@@ -324,12 +330,13 @@ private Q_SLOTS:
         QTest::addColumn<QPoint>("start"); // column and row
         QTest::addColumn<QString>("pasted");
         QTest::addColumn<QString>("copied"); // with all cells selected
-        AddRow("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td");
-        AddRow("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td");
-        AddRow(
-            "spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "2000\n-1\n12,6\n", "1000\n0\n13");
-        AddRow("spacings: what is no number stays out", Spacings, QPoint(0, 1), "x\n7", "5\n5\n7");
-        AddRow("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5");
+        QTest::addColumn<QString>("note"); // what is told of the last cell
+        AddRow("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td", "");
+        AddRow("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td", "");
+        AddRow("spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "12,6\n2000\n-1\n",
+            "13\n1000\n0", "below 0: 0 is taken");
+        AddRow("spacings: what is no number stays out", Spacings, QPoint(0, 1), "7\nx", "5\n7\n5", "not taken: x");
+        AddRow("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5", "");
     }
 
     void clipboard()
@@ -341,6 +348,7 @@ private Q_SLOTS:
         live.log.Take();
         live.Paste(pasted);
         QCOMPARE(live.Get("s")->isModified(), live.log.Take().contains("Changed("));
+        QTEST(FieldNote::TextOf(live.Table()->viewport()), "note");
         live.Table()->selectAll();
         QTest::keySequence(live.Table(), QKeySequence::Copy);
         QTEST(QApplication::clipboard()->text(), "copied");
