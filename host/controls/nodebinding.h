@@ -56,7 +56,7 @@ public:
     template <class Control, class Set> bool Write(Control *control, const Set &set)
     {
         const OperatorAct act(Base);
-        return Survives(control, set) && (!Side || Survives(control, [=] { control->Update(Side, ekChangeValue); }));
+        return Survives(control, set) && (!Side || Survives(control, [this, control] { control->Update(Side, ekChangeValue); }));
     }
 
     Node *get() const { return Held; }

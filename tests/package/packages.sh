@@ -2,6 +2,7 @@
 # packages.sh BUILD COMPILER: makes the Debian packages of a build, installs them into a fresh root, uses them there as
 # operators and host developers do, and removes them again. Run it from the top of the sources.
 set -eu
+export QT_QPA_PLATFORM=offscreen
 build="$1" compiler="$2"
 work="$build/tests/package/work"
 root="$work/root"
