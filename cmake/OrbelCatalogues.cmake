@@ -22,6 +22,8 @@ function(orbel_add_catalogues target)
     configure_file("${PROJECT_SOURCE_DIR}/translations/catalogues.qrc" "${folder}/catalogues.qrc" COPYONLY)
     add_custom_command(OUTPUT "${resource}" DEPENDS ${catalogues} "${folder}/catalogues.qrc"
         COMMAND Qt5::rcc --name orbelcatalogues --output "${resource}" "${folder}/catalogues.qrc")
-    set_source_files_properties("${resource}" PROPERTIES SKIP_AUTOGEN ON SKIP_PRECOMPILE_HEADERS ON)
+    set_source_files_properties("${resource}" PROPERTIES 
+        SKIP_AUTOGEN ON SKIP_PRECOMPILE_HEADERS ON SKIP_UNITY_BUILD_INCLUSION ON)
     target_sources(${target} PRIVATE "${resource}")
+    target_compile_definitions(${target} PRIVATE ORBEL_HAS_CATALOGUES)
 endfunction()

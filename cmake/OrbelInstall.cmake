@@ -1,78 +1,70 @@
-# What `cmake --install` gives: public headers, both libraries, the command, a CMake package and a pkg-config file.
+# What `cmake --install` gives, in four parts: Runtime, Development, Tools, Documentation.
 
 include(CMakePackageConfigHelpers)
 
-# The public headers: those of the exported classes, and what these include. They lie flat, and so includes of one
-# another by bare name hold in the package as in the source.
-set(public_headers
-    applymode.h
-    bounddelegate.h
-    controlclasses.inc
-    face.h
-    floatgrouplayout.h
-    floatscrollarea.h
-    formlife.h
-    latin1.h
-    loadinterface.h
-    orbeldelegate.h
-    orbelenum.h
-    orbelenumvalue.h
-    orbelexport.h
-    orbelformular.h
-    orbelformularmanager.h
-    orbelparser.h
-    orbelscript.h
-    orbelsheet.h
-    orbelwidget.h
-    sheetplace.h
-    propertykey.h
-    rowlabel.h
-    propertynames.h
-    widgetindex.h
-    widgets/orbelcombobox.h
-    widgets/orbelfrequencyrangeedit.h)
-list(TRANSFORM public_headers PREPEND "${PROJECT_SOURCE_DIR}/orbelparser/")
-install(FILES ${public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
-
-install(FILES
-    "${PROJECT_SOURCE_DIR}/check/orbelcheck.h"
-    "${PROJECT_SOURCE_DIR}/check/findings/checkexport.h"
-    "${PROJECT_SOURCE_DIR}/check/findings/finding.h"
-    DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser")
-install(FILES "${PROJECT_SOURCE_DIR}/check/orbel.xsd" DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser")
-
-set(installed_targets orbelparser orbelcheck)
-if(NOT ORBEL_HOST_TARGET)
-    list(APPEND installed_targets orbelhost)
-    install(DIRECTORY host/valuetree/ host/controls/ host/services/
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/orbelparser/host"
-        FILES_MATCHING PATTERN "*.h")
-endif()
-
-# Libraries and command find each other wherever the tree is moved to.
-file(RELATIVE_PATH bin_to_lib "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
-set_target_properties(${installed_targets} PROPERTIES INSTALL_RPATH "$ORIGIN")
-set_target_properties(orbel PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
-install(TARGETS ${installed_targets} EXPORT OrbelParserTargets
-    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}")
-install(TARGETS orbel RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
-
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/OrbelParser")
-install(EXPORT OrbelParserTargets NAMESPACE Orbel:: DESTINATION "${package_dir}")
-configure_package_config_file(cmake/OrbelParserConfig.cmake.in
-    "${PROJECT_BINARY_DIR}/package/OrbelParserConfig.cmake"
-    INSTALL_DESTINATION "${package_dir}")
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/package/OrbelParserConfigVersion.cmake"
-    COMPATIBILITY SameMinorVersion)
-install(FILES
-    "${PROJECT_BINARY_DIR}/package/OrbelParserConfig.cmake"
-    "${PROJECT_BINARY_DIR}/package/OrbelParserConfigVersion.cmake"
-    DESTINATION "${package_dir}")
-
+set(generated "${PROJECT_BINARY_DIR}/package")
 file(RELATIVE_PATH pc_to_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
-set(pc_host_library "-lorbelhost")
+
+# orbel_install_library(Component PKGCONFIG "name..."): library, headers, CMake targets and the pkg-config file, which
+# names what it takes from other packages.
+function(orbel_install_library component)
+    cmake_parse_arguments(arg "" "TEXT;REQUIRES;REQUIRES_PRIVATE" "" ${ARGN})
+    string(TOLOWER "${component}" name)
+    set(target orbel_${name})
+    get_target_property(headers ${target} ORBEL_HEADERS)
+    get_target_property(folder ${target} ORBEL_HEADER_FOLDER)
+
+    # Libraries find each other wherever the tree is moved to.
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
+    install(TARGETS ${target} EXPORT OrbelParser${component}
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_COMPONENT Development
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Development)
+    install(FILES ${headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${folder}" COMPONENT Development)
+    install(EXPORT OrbelParser${component} NAMESPACE Orbel:: FILE OrbelParser${component}.cmake
+        DESTINATION "${package_dir}" COMPONENT Development)
+
+    set(pc_name orbel${name})
+    set(pc_text "${arg_TEXT}")
+    set(pc_requires "${arg_REQUIRES}")
+    set(pc_requires_private "${arg_REQUIRES_PRIVATE}")
+    set(pc_folder "${folder}")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/orbel.pc.in" "${generated}/${pc_name}.pc" @ONLY)
+    install(FILES "${generated}/${pc_name}.pc"
+        DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT Development)
+endfunction()
+
+set(own "= ${PROJECT_VERSION}")
 if(ORBEL_HOST_TARGET)
-    set(pc_host_library "")
+    set(pc_host "")
+else()
+    set(pc_host "orbelhost ${own}")
+    orbel_install_library(Host
+        TEXT "value tree, value-bound controls and services under the forms"
+        REQUIRES "Qt5Widgets >= 5.15")
 endif()
-configure_file(cmake/orbelparser.pc.in "${PROJECT_BINARY_DIR}/package/orbelparser.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/package/orbelparser.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+orbel_install_library(Parser
+    TEXT "${PROJECT_DESCRIPTION}"
+    REQUIRES "${pc_host} Qt5Widgets >= 5.15 Qt5Script >= 5.15"
+    REQUIRES_PRIVATE "Qt5ScriptTools >= 5.15 Qt5Svg >= 5.15")
+orbel_install_library(Check
+    TEXT "finds the mistakes in form definitions"
+    REQUIRES "Qt5Core >= 5.15"
+    REQUIRES_PRIVATE "orbelparser ${own}")
+
+configure_package_config_file(cmake/OrbelParserConfig.cmake.in "${generated}/OrbelParserConfig.cmake"
+    INSTALL_DESTINATION "${package_dir}")
+write_basic_package_version_file("${generated}/OrbelParserConfigVersion.cmake"
+    COMPATIBILITY ${ORBEL_COMPATIBILITY})
+install(FILES "${generated}/OrbelParserConfig.cmake" "${generated}/OrbelParserConfigVersion.cmake"
+    DESTINATION "${package_dir}" COMPONENT Development)
+
+install(FILES check/orbel.xsd DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser" COMPONENT Development)
+install(DIRECTORY examples/forms examples/host
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser/examples" COMPONENT Documentation)
+
+if(TARGET orbel_command)
+    file(RELATIVE_PATH bin_to_lib "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
+    set_target_properties(orbel_command PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+    install(TARGETS orbel_command RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tools)
+endif()

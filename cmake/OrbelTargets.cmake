@@ -1,26 +1,34 @@
-# What all targets of the project share: language level, warnings, sanitizers, Qt's code generators.
+# What all targets of the project share: language level, warnings, sanitizers, Qt's code generators. All of it holds in
+# the folders of this project alone.
 
-set(CMAKE_CXX_STANDARD 17)
-set(CMAKE_CXX_STANDARD_REQUIRED ON)
-set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_AUTOMOC ON)
 set(CMAKE_AUTORCC ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
-
-if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
-    set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
+if(NOT DEFINED CMAKE_CXX_STANDARD)
+    set(CMAKE_CXX_STANDARD 17)
+endif()
+if(NOT DEFINED CMAKE_CXX_EXTENSIONS)
+    set(CMAKE_CXX_EXTENSIONS OFF)
 endif()
 
-# ccache leaves precompiled headers alone unless it is told that their time stamps do not matter; and a clone at another
-# path finds what this one compiled when paths are taken relative to the checkout.
-find_program(ORBEL_CCACHE ccache)
-if(ORBEL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER
-        "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
-        "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ORBEL_CCACHE}")
+if(top_level)
+    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+    set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+    set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+    set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+    if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+        set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
+    endif()
+
+    # ccache leaves precompiled headers alone unless it is told that their time stamps do not matter; and a clone at
+    # another path finds what this one compiled when paths are taken relative to the checkout.
+    find_program(ORBEL_CCACHE ccache)
+    if(ORBEL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        set(CMAKE_CXX_COMPILER_LAUNCHER
+            "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+            "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ORBEL_CCACHE}")
+    endif()
 endif()
 
 # Every test links the whole library; the usual linker takes ten times as long as this one.
@@ -41,18 +49,24 @@ if(ORBEL_FUZZ)
     add_link_options(-fsanitize=${fuzz_sanitizers})
 endif()
 
-# orbel_settings(TARGET): warnings and hidden symbols.
+# orbel_settings(TARGET): language level, warnings and hidden symbols.
 function(orbel_settings target)
     set_target_properties(${target} PROPERTIES
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
+    target_compile_features(${target} PRIVATE cxx_std_17)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
         $<$<BOOL:${ORBEL_WERROR}>:-Werror>)
+    if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        # Told of what a header takes from an unnamed namespace; here every source looks like a header.
+        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    endif()
 endfunction()
 
-# orbel_library_settings(TARGET): the settings above and the stricter ones of library code.
-function(orbel_library_settings target)
+# orbel_strict_settings(TARGET): the settings above and the stricter ones of library code.
+function(orbel_strict_settings target)
     orbel_settings(${target})
+    target_compile_options(${target} PRIVATE -Wconversion -Wshadow)
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
         QT_DEPRECATED_WARNINGS)

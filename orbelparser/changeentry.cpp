@@ -54,7 +54,7 @@ bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
 bool ChangeEntry::Stands(bool back) const
 {
     return std::any_of(Parts.begin(), Parts.end(),
-        [=](const Part &part) { return part.Control && part.Stands(part.Control->GetEdits(), back); });
+        [back](const Part &part) { return part.Control && part.Stands(part.Control->GetEdits(), back); });
 }
 
 const OrbelDelegate *ChangeEntry::FindLocked(bool back) const

@@ -23,10 +23,8 @@ void Widen(int &width, int other)
 
 } // namespace
 
-FloatGroupArranger::FloatGroupArranger(
-    QVector<FloatGroupItem> measuredItems, int horizontalSpacing, int verticalSpacing)
-    : items(std::move(measuredItems)), horizontalSpacing(Bounded(horizontalSpacing)),
-      verticalSpacing(Bounded(verticalSpacing))
+FloatGroupArranger::FloatGroupArranger(QVector<FloatGroupItem> measuredItems, int between, int below)
+    : items(std::move(measuredItems)), horizontalSpacing(Bounded(between)), verticalSpacing(Bounded(below))
 {
     for (FloatGroupItem &item : items) {
         item.width = Bounded(item.width);

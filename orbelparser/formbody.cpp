@@ -3,6 +3,7 @@
 #include "errorhandler.h"
 #include "formchanges.h"
 #include "formlife.h"
+#include "loadhooks.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
 #include "scripttypes.h"
@@ -37,6 +38,7 @@ void SetUp(QXmlStreamWriter &writer)
 FormBody::FormBody(OrbelFormular *form)
     : Form(form), EmptyEnum(new OrbelEnum), Sheet(form), Engine(std::make_unique<QScriptEngine>())
 {
+    KeepLoadHooks();
     RegisterScriptTypes(Engine.get());
     Sheet.GetLife()->Watch(Engine.get());
     QObject::connect(Sheet.GetChanges(), &FormChanges::applyWanted, Sheet.GetUi(), [this] { ApplyTyped(); });

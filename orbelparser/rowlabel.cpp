@@ -80,8 +80,8 @@ std::optional<QSize> RowLabel::PlainSize() const
     if (isMore || shown.isEmpty() || shown.contains(QLatin1Char('\t')) || !IsPlainText())
         return {};
     ensurePolished();
-    constexpr int anchors = Qt::AlignVCenter | Qt::AlignHCenter;
-    const int flags = int(QStyle::visualAlignment(layoutDirection(), alignment())) & ~anchors;
+    const Qt::Alignment anchors = Qt::AlignVCenter | Qt::AlignHCenter;
+    const int flags = int(QStyle::visualAlignment(layoutDirection(), alignment()) & ~anchors);
     if (Measured.Text != shown || Measured.Flags != flags || Measured.Font != font()) {
         constexpr int wide = 2000;
         Measured = {shown, font(), flags, fontMetrics().boundingRect(0, 0, wide, wide, flags, shown).size()};

@@ -100,7 +100,7 @@ void SectionLine::paintEvent(QPaintEvent *)
     if (!title().isEmpty()) {
         const QRect text = TitleRect();
         painter.drawItemText(text,
-            QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextShowMnemonic,
+            int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)) | Qt::AlignVCenter | Qt::TextShowMnemonic,
             palette(), isEnabled(), title(), QPalette::WindowText);
         const bool mirrored = layoutDirection() == Qt::RightToLeft;
         const int from = mirrored ? 0 : text.right() + gap;

@@ -8,6 +8,7 @@
 
 #include <QCommandLineParser>
 #include <QJsonArray>
+#include <QJsonObject>
 
 #include <algorithm>
 #include <cstdio>

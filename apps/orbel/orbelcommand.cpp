@@ -4,6 +4,7 @@
 #include "classescommand.h"
 #include "messages.h"
 #include "nearestnames.h"
+#include "orbelversion.h"
 #include "paramscommand.h"
 #include "referencecommand.h"
 #include "rendercommand.h"
@@ -129,7 +130,7 @@ int Run(int argc, char **argv)
     if (name == QLatin1String("-h") || name == QLatin1String("--help"))
         return Print(Overview());
     if (name == QLatin1String("-v") || name == QLatin1String("--version"))
-        return Print(QStringLiteral("orbel " ORBEL_VERSION "\n"));
+        return Print(QStringLiteral("orbel " ORBEL_VERSION_STRING "\n"));
     if (name.isEmpty())
         throw UsageFailure(QStringLiteral("a subcommand is wanted; \"orbel --help\" lists them"));
     return RunRow(FindRow(name), argc, argv);

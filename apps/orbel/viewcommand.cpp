@@ -6,31 +6,53 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+
+#ifdef ORBEL_PLUGIN
 #include <QLibrary>
+#else
+#include "orbeltest.h"
+#endif
+
+#include <memory>
 
 namespace
 {
 
+using Viewer = std::unique_ptr<IDllInstance, void (*)(IDllInstance *)>;
+
+#ifdef ORBEL_PLUGIN
 using CreateFunction = IDllInstance *(*)(const wchar_t *);
 using DestroyFunction = void (*)(IDllInstance *);
 
-/// Shows the form by way of the plug-in entry and runs until its window is closed.
-void RunPlugin(const QString &path, const QString &option)
+/// By the plug-in entry.
+Viewer MakeViewer()
 {
     // The library is in the process already; the loader gives it by its bare name, wherever it lies.
     QLibrary library(QStringLiteral(ORBEL_PLUGIN));
     const auto create = reinterpret_cast<CreateFunction>(library.resolve("LxCreate"));
     const auto destroy = reinterpret_cast<DestroyFunction>(library.resolve("LxDestroy"));
-    IDllInstance *instance = create && destroy ? create(L"orbel view") : nullptr;
-    if (!instance)
+    Viewer viewer(create && destroy ? create(L"orbel view") : nullptr, destroy);
+    if (!viewer)
         throw InputFailure(library.fileName(), library.errorString());
+    return viewer;
+}
+#else
+Viewer MakeViewer()
+{
+    return Viewer(new KV218::OrbelTest(QStringLiteral("orbel view")), [](IDllInstance *viewer) { delete viewer; });
+}
+#endif
+
+/// Shows the form and runs until its window is closed.
+void RunViewer(const QString &path, const QString &option)
+{
+    const Viewer viewer = MakeViewer();
     const QByteArray localPath = path.toLocal8Bit();
     const QByteArray localOption = option.toLocal8Bit();
     // The viewer expects its own arguments behind four of the frame.
     const char *arguments[] = {"orbel", "view", "", "", localPath.constData(), localOption.constData()};
-    if (instance->Init(option.isEmpty() ? 5 : 6, arguments))
+    if (viewer->Init(option.isEmpty() ? 5 : 6, arguments))
         QApplication::exec();
-    destroy(instance);
 }
 
 } // namespace
@@ -58,6 +80,6 @@ int ViewCommand::Run(const QCommandLineParser &parser)
     if (QGuiApplication::platformName() == QLatin1String("minimal"))
         throw Failure{ekInputAtFault, QStringLiteral("there is no display; \"orbel render\" draws a form without one")};
     SpeakLanguage(parser, file.GetPath());
-    RunPlugin(file.GetPath(), option);
+    RunViewer(file.GetPath(), option);
     return file.GetStatus();
 }

@@ -178,7 +178,7 @@ private:
         const Number number = WidgetNumbers(widget).NumberOf(count);
         // A hidden list makes room for what is read.
         const bool grows = count == prop::ItemCount && !widget.Has(ekShown);
-        if (!number || grows || (index >= 0 && index < number.Value) || ScriptMayCount(widget, count))
+        if (!number || grows || (index >= 0 && double(index) < number.Value) || ScriptMayCount(widget, count))
             return;
         Sink.Add(Code::DocumentValue, Doc.PlaceOf(item),
             QStringLiteral("\"%1\" has no place %2: its %3 is %4")

@@ -63,7 +63,7 @@ NoteLabel::NoteLabel(QWidget *field)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
-    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setFrameStyle(int(QFrame::Box) | QFrame::Plain);
     setMargin(2);
     setAutoFillBackground(true);
     // A text is no markup, whatever was typed.

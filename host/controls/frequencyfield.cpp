@@ -174,7 +174,7 @@ void FrequencyField::inputMethodEvent(QInputMethodEvent *event)
 void FrequencyField::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::MiddleButton) {
-        ReplaceBy([=] { VCLineEdit::mouseReleaseEvent(event); });
+        ReplaceBy([this, event] { VCLineEdit::mouseReleaseEvent(event); });
         return;
     }
     VCLineEdit::mouseReleaseEvent(event);
@@ -191,7 +191,7 @@ void FrequencyField::contextMenuEvent(QContextMenuEvent *event)
 
 void FrequencyField::dropEvent(QDropEvent *event)
 {
-    ReplaceBy([=] { VCLineEdit::dropEvent(event); });
+    ReplaceBy([this, event] { VCLineEdit::dropEvent(event); });
 }
 
 /// Has a text inserted in place of the shown one, and shows that again when none came.

@@ -20,7 +20,7 @@ public:
     bool Request(Act act)
     {
         if (Handlers == 0)
-            return Survives(Owner, [=] { (Owner->*act)(); });
+            return Survives(Owner, [this, act] { (Owner->*act)(); });
         if (!Owed.contains(act))
             Owed.append(act);
         return true;

@@ -57,7 +57,8 @@ public:
     template <class Control, class Set> bool Write(Control *control, const Set &set, int session = 0)
     {
         const OperatorAct act(Base, session);
-        return Survives(control, set) && (!Side || Survives(control, [=] { control->Update(Side, ekChangeValue); }));
+        return Survives(control, set)
+            && (!Side || Survives(control, [this, control] { control->Update(Side, ekChangeValue); }));
     }
 
     Node *get() const { return Held; }

@@ -45,7 +45,7 @@ int OperatorAct::NewSession()
 
 bool OperatorAct::AtEnd(const void *who, const std::function<void()> &then)
 {
-    const auto isIt = [=](const End &end) { return end.Who == who; };
+    const auto isIt = [who](const End &end) { return end.Who == who; };
     if (std::any_of(Ends.cbegin(), Ends.cend(), isIt))
         return false;
     Ends.append({who, then});

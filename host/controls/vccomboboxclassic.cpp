@@ -108,13 +108,13 @@ void VCComboBoxClassic::keyPressEvent(QKeyEvent *event)
     QKeyEvent *handled = searching && blank ? &letter : event;
     if (!event->text().isEmpty() && event->text().at(0).isPrint() && (searching || !blank))
         LastLetter.start();
-    Late.After([=] { QComboBox::keyPressEvent(handled); });
+    Late.After([this, handled] { QComboBox::keyPressEvent(handled); });
 }
 
 void VCComboBoxClassic::wheelEvent(QWheelEvent *event)
 {
     if (hasFocus())
-        Late.After([=] { QComboBox::wheelEvent(event); });
+        Late.After([this, event] { QComboBox::wheelEvent(event); });
     else
         event->ignore();
 }

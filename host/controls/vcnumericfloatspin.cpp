@@ -133,7 +133,7 @@ void VCNumericFloatSpin::stepBy(int steps)
     if (!LastStep.isValid() || LastStep.hasExpired(pause))
         StepSession = OperatorAct::NewSession();
     LastStep.start();
-    Late.After([=] {
+    Late.After([this, steps] {
         Put(Stepped(steps), StepSession);
         selectAll();
     });
@@ -189,12 +189,12 @@ void VCNumericFloatSpin::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Escape && IsPending())
         ShowNode();
     else if (!EndsEdit(*event) || !IsPending() || Finish())
-        Late.After([=] { TypedSpinBox::keyPressEvent(event); });
+        Late.After([this, event] { TypedSpinBox::keyPressEvent(event); });
 }
 
 void VCNumericFloatSpin::mousePressEvent(QMouseEvent *event)
 {
-    Late.After([=] { TypedSpinBox::mousePressEvent(event); });
+    Late.After([this, event] { TypedSpinBox::mousePressEvent(event); });
 }
 
 void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
@@ -202,12 +202,12 @@ void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
     if (!hasFocus() || stepEnabled() == StepNone)
         event->ignore();
     else
-        Late.After([=] { TypedSpinBox::wheelEvent(event); });
+        Late.After([this, event] { TypedSpinBox::wheelEvent(event); });
 }
 
 void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 {
-    Late.After([=] { TypedSpinBox::timerEvent(event); });
+    Late.After([this, event] { TypedSpinBox::timerEvent(event); });
 }
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)

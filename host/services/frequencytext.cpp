@@ -36,7 +36,7 @@ QString FrequencyText::Write(double hertz, int leastPower, QChar point)
     QString whole = plain.left(end);
     const int highest = std::max(whole.size() - 1, leastPower);
     const auto scale = std::find_if(
-        std::begin(Scales), std::end(Scales) - 1, [=](const Scale &candidate) { return candidate.Power <= highest; });
+        std::begin(Scales), std::end(Scales) - 1, [highest](const Scale &candidate) { return candidate.Power <= highest; });
     whole = whole.rightJustified(std::max(leastPower, scale->Power) + 1, QLatin1Char('0'));
     QString rest = whole.right(scale->Power);
     if (end >= 0)

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-static const QLatin1Char Separator('/');
+static const QLatin1Char PathSeparator('/');
 
 /// One place of the tree: a branch, which keeps what is below it, with or without a node of its own.
 class TreeItem : public ITreeItem
@@ -54,10 +54,10 @@ bool Tree::AddNode(const QString &nodePath, ValueBase *value)
     if (!value || value->Ending || value->GetDeleteObserver())
         return false;
     const QString name = value->GetName();
-    if (name.isEmpty() || name.contains(Separator))
+    if (name.isEmpty() || name.contains(PathSeparator))
         return false;
-    const bool closed = nodePath.isEmpty() || nodePath.endsWith(Separator);
-    const QString path = closed ? nodePath + name : nodePath + Separator + name;
+    const bool closed = nodePath.isEmpty() || nodePath.endsWith(PathSeparator);
+    const QString path = closed ? nodePath + name : nodePath + PathSeparator + name;
     if (Entered.contains(path))
         return false;
     TreeItem *item = MakeItem(path);
@@ -106,7 +106,7 @@ QStringList Tree::GetPaths() const
 
 QStringList Tree::GetChildNames(const QString &path) const
 {
-    const QString place = path.endsWith(Separator) ? path.chopped(1) : path;
+    const QString place = path.endsWith(PathSeparator) ? path.chopped(1) : path;
     const TreeItem *item = path.isEmpty() ? Root.get() : FindItem(place);
     QStringList names = item ? item->Children.keys() : QStringList();
     names.sort();
@@ -116,7 +116,7 @@ QStringList Tree::GetChildNames(const QString &path) const
 TreeItem *Tree::FindItem(const QString &path) const
 {
     TreeItem *item = Root.get();
-    for (const QString &name : path.split(Separator)) {
+    for (const QString &name : path.split(PathSeparator)) {
         item = item->Children.value(name);
         if (!item)
             break;
@@ -127,7 +127,7 @@ TreeItem *Tree::FindItem(const QString &path) const
 TreeItem *Tree::MakeItem(const QString &path)
 {
     TreeItem *item = Root.get();
-    for (const QString &name : path.split(Separator)) {
+    for (const QString &name : path.split(PathSeparator)) {
         TreeItem *&child = item->Children[name];
         if (!child)
             child = new TreeItem(item, name);

@@ -9,7 +9,7 @@
 #include <functional>
 #include <vector>
 
-static const QLatin1Char Separator(';');
+static const QLatin1Char ItemSeparator(';');
 
 template <class Item, class Format, class Adapter>
 ValueItemMapBase<Item, Format, Adapter>::ValueItemMapBase(const QString &name, TValueState state)
@@ -28,7 +28,7 @@ void ValueItemMapBase<Item, Format, Adapter>::SetStringValue(QString text, IObse
         return;
     std::list<Item> items;
     const bool none = text.trimmed().isEmpty();
-    for (const QString &part : none ? QStringList() : text.split(Separator)) {
+    for (const QString &part : none ? QStringList() : text.split(ItemSeparator)) {
         Item item;
         if (!Format::FromText(part, item))
             return;
@@ -49,7 +49,7 @@ QString ValueItemMapBase<Item, Format, Adapter>::GetStringValue() const
     QStringList texts;
     for (const Item &item : items)
         texts << Format::ToText(item);
-    return texts.join(Separator + QStringLiteral(" "));
+    return texts.join(ItemSeparator + QStringLiteral(" "));
 }
 
 template <class Item, class Format, class Adapter>

@@ -109,7 +109,7 @@ void ChangesButton::FillMenu(QMenu *menu)
         stack->canRedo(), changes, &FormChanges::Redo);
     menu->addSeparator();
     AddChanges(menu);
-    AddEntry(menu, MenuText(tr("Apply"), Qt::CTRL + Qt::Key_Return), text() != QLatin1String("0"), changes,
+    AddEntry(menu, MenuText(tr("Apply"), int(Qt::CTRL) + Qt::Key_Return), text() != QLatin1String("0"), changes,
         &FormChanges::Apply);
     AddEntry(menu, MenuText(tr("Revert all")), text() != QLatin1String("0"), changes, &FormChanges::RevertAll);
 }

@@ -44,7 +44,7 @@ constexpr Unit Units[] = {
 
 const Unit &UnitOfScale(double scale)
 {
-    const auto isIt = [=](const Unit &unit) { return unit.Factor == scale; };
+    const auto isIt = [scale](const Unit &unit) { return unit.Factor == scale; };
     return *std::find_if(std::begin(Units), std::end(Units) - 1, isIt);
 }
 
@@ -69,8 +69,8 @@ public:
     {
         QWidget *editor = CellItemDelegate::createEditor(parent, option, index);
         if (auto *field = qobject_cast<QLineEdit *>(editor))
-            connect(
-                field, &QLineEdit::textEdited, Table, [=](const QString &text) { Table->TellReading(field, text); });
+            connect(field, &QLineEdit::textEdited, Table,
+                [this, field](const QString &text) { Table->TellReading(field, text); });
         return editor;
     }
     QString displayText(const QVariant &value, const QLocale &) const override
@@ -92,7 +92,7 @@ FreqRangeTable::FreqRangeTable(QWidget *parent) : QTableWidget(0, 0, parent)
     setItemDelegate(new Cells(this));
     new TableKeys(this);
     FollowTableFont(this);
-    NewAction = AddAction(QStringLiteral("ListBoxNew"), QKeySequence(Qt::CTRL + Qt::Key_W));
+    NewAction = AddAction(QStringLiteral("ListBoxNew"), QKeySequence(int(Qt::CTRL) + Qt::Key_W));
     connect(NewAction, &QAction::triggered, this, &FreqRangeTable::SlotNew);
     DeleteAction = AddAction(QStringLiteral("ListBoxDelete"), QKeySequence(Qt::Key_Delete));
     connect(DeleteAction, &QAction::triggered, this, &FreqRangeTable::SlotDelete);

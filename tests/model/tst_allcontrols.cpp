@@ -2,18 +2,7 @@
 
 #include "delegatefactory.h"
 #include "liveform.h"
-<<<<<<< HEAD
 #include "registry.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
-=======
->>>>>>> thin
 
 namespace
 {
@@ -121,7 +110,6 @@ QStringList Untold(const Orbel::ClassInfo &row, const QSet<QString> &asked)
 
 } // namespace
 
-<<<<<<< HEAD
 // The linker puts the first before QObject::property() in all of the library, and calls that the second.
 QVariant Ask(const QObject *object, const char *name) __asm__("__wrap__ZNK7QObject8propertyEPKc");
 QVariant PropertyOf(const QObject *object, const char *name) __asm__("__real__ZNK7QObject8propertyEPKc");
@@ -132,10 +120,7 @@ QVariant Ask(const QObject *object, const char *name)
     return PropertyOf(object, name);
 }
 
-class TestAllControls : public QObject
-=======
 class TestAllControls : public TestCase
->>>>>>> thin
 {
     Q_OBJECT
 

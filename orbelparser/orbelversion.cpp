@@ -1,0 +1,6 @@
+#include "orbelversion.h"
+
+const char *Orbel::LibraryVersion()
+{
+    return ORBEL_VERSION_STRING;
+}
