@@ -17,7 +17,7 @@ public:
     /// Puts one in the place of Qt's own view of a widget in a form.
     static void Renew(QWidget *widget);
 
-    bool isValid() const override { return Seen && Inner()->isValid(); }
+    bool isValid() const override { return Seen && Inner() && Inner()->isValid(); }
     QObject *object() const override { return Seen; }
     QWindow *window() const override { return Inner()->window(); }
     QVector<QPair<QAccessibleInterface *, QAccessible::Relation>> relations(

@@ -125,13 +125,16 @@ bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iter
     if (standing.isEmpty())
         return false;
     control->MoveEdits(values);
-    // Limits and handlers may have made another value of it, which then counts for the way back.
+    // Limits and handlers may have made another value of it, which then counts for the way back, or kept it.
     const QVariantList now = control->GetEdits();
+    bool moved = false;
     for (Part *part : qAsConst(standing)) {
-        if (part->Index < now.size())
+        const bool isKept = part->Stands(now, back);
+        if (!isKept && part->Index < now.size())
             part->Side(back) = now.at(part->Index);
+        moved |= !isKept;
     }
-    return true;
+    return moved;
 }
 
 } // namespace KV218

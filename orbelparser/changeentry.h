@@ -11,8 +11,7 @@ namespace KV218
 class OrbelDelegate;
 
 /// One change of the operator on the form's undo stack. Moving it either way leaves alone what others have set since;
-/// one that finds no values to move becomes obsolete, unless a lock is the reason, or they stand already where they
-/// would go.
+/// one that moves no value becomes obsolete, unless a lock is the reason, or they stand already where they would go.
 class ChangeEntry : public QUndoCommand
 {
 public:
@@ -26,6 +25,7 @@ public:
     bool IsEmpty() const { return Parts.isEmpty(); }
     /// Makes a text of the control and its values. False when it stands already.
     bool Spell();
+    bool IsMoving() const { return Moving; }
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
     /// Whether there is a value to move: `back` by undo.

@@ -1,12 +1,14 @@
 #include "formchanges.h"
 
 #include "changeentry.h"
+#include "exceptionstop.h"
 #include "formlife.h"
 #include "formlimits.h"
 #include "orbeldelegate.h"
 
 #include <QCoreApplication>
 #include <QScopedValueRollback>
+#include <QScopeGuard>
 #include <QSet>
 #include <QUndoStack>
 
@@ -17,6 +19,7 @@ namespace KV218
 
 FormChanges::FormChanges(FormLife *life) : Life(life), Stack(new QUndoStack)
 {
+    connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::PushWaiting);
     Stack->setUndoLimit(limit::UndoneChanges);
     connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::TellLater);
 }
@@ -40,38 +43,57 @@ void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int
     Push(entry.release());
 }
 
-/// What a handler's event loop brings while an entry moves comes after it: the stack takes nothing meanwhile.
+/// What handlers bring while an entry moves comes after it: the stack takes nothing meanwhile.
 void FormChanges::Push(ChangeEntry *entry)
 {
-    if (Busy) {
-        const auto kept = std::make_shared<std::unique_ptr<ChangeEntry>>(entry);
-        QMetaObject::invokeMethod(
-            this, [this, kept] { Push(kept->release()); }, Qt::QueuedConnection);
-        return;
-    }
+    Waiting.emplace_back(entry);
+    PushWaiting();
+}
+
+void FormChanges::PushWaiting()
+{
     const CallScope call(Life);
-    const QScopedValueRollback<bool> busy(Busy, true);
-    Stack->push(entry);
+    while (!Waiting.empty() && !IsMoving()) {
+        const QScopedValueRollback<bool> busy(Busy, true);
+        const ExceptionStop::Zone zone; // it would come through the stack and leave an entry in two halves
+        ChangeEntry *entry = Waiting.front().release();
+        Waiting.erase(Waiting.begin());
+        Stack->push(entry);
+    }
+}
+
+/// A host may move the stack itself.
+bool FormChanges::IsMoving() const
+{
+    const auto moves = [this](int index) {
+        const auto *entry = dynamic_cast<const ChangeEntry *>(Stack->command(index));
+        return entry && entry->IsMoving();
+    };
+    return Busy || moves(Stack->index() - 1) || moves(Stack->index());
 }
 
 void FormChanges::Go(bool back)
 {
-    if (Busy)
+    if (IsMoving())
         return;
     const CallScope call(Life);
+    const auto rest = qScopeGuard([this] { PushWaiting(); });
     const QScopedValueRollback<bool> busy(Busy, true);
+    const ExceptionStop::Zone zone; // as above
     bool dropped = true;
     while (dropped && (back ? Stack->canUndo() : Stack->canRedo())) {
         const auto *entry = dynamic_cast<const ChangeEntry *>(Stack->command(Stack->index() - int(back)));
-        dropped = entry && !entry->Stands(back);
+        const bool stands = !entry || entry->Stands(back);
         if (const OrbelDelegate *locked = entry ? entry->FindLocked(back) : nullptr) {
             Q_EMIT refused(tr("%1 is locked").arg(locked->GetCaption()));
             return;
         }
+        const int count = Stack->count();
         if (back)
             Stack->undo();
         else
             Stack->redo();
+        dropped = !stands || Stack->count() < count;
     }
 }
 

@@ -6,6 +6,9 @@
 #include <QVariant>
 #include <QVector>
 
+#include <memory>
+#include <vector>
+
 class QUndoStack;
 
 namespace KV218
@@ -57,6 +60,8 @@ Q_SIGNALS:
     void applyWanted();
 
 private:
+    bool IsMoving() const;
+    void PushWaiting();
     void Go(bool back);
     void Push(ChangeEntry *entry);
     void TellLater();
@@ -75,6 +80,7 @@ private:
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;
+    std::vector<std::unique_ptr<ChangeEntry>> Waiting;
 };
 
 } // namespace KV218

@@ -52,11 +52,13 @@ public:
     }
 
     /// Runs `set`, by which the operator sets the node and which leaves `control` out, and has the control show what
-    /// the node holds then. False when somebody who was told has deleted the control, which holds this.
-    template <class Control, class Set> bool Write(Control *control, const Set &set)
+    /// the node holds then; `session` as of OperatorAct. False when somebody who was told has deleted the control, which
+    /// holds this.
+    template <class Control, class Set> bool Write(Control *control, const Set &set, int session = 0)
     {
-        const OperatorAct act(Base);
-        return Survives(control, set) && (!Side || Survives(control, [this, control] { control->Update(Side, ekChangeValue); }));
+        const OperatorAct act(Base, session);
+        return Survives(control, set)
+            && (!Side || Survives(control, [this, control] { control->Update(Side, ekChangeValue); }));
     }
 
     Node *get() const { return Held; }

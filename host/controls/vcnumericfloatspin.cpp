@@ -129,8 +129,12 @@ void VCNumericFloatSpin::stepBy(int steps)
 {
     if (!HasStep())
         return;
+    constexpr int pause = 1000; // milliseconds; steps without one between them are one change
+    if (!LastStep.isValid() || LastStep.hasExpired(pause))
+        StepSession = OperatorAct::NewSession();
+    LastStep.start();
     Late.After([this, steps] {
-        Put(Stepped(steps));
+        Put(Stepped(steps), StepSession);
         selectAll();
     });
 }
@@ -344,8 +348,9 @@ void VCNumericFloatSpin::TellTyping()
 }
 
 /// Takes a number, shows it, and writes it if it is another one. False when the box is gone.
-bool VCNumericFloatSpin::Put(double shown)
+bool VCNumericFloatSpin::Put(double shown, int session)
 {
+    Session = session;
     const double before = std::exchange(Last.Value, ToNode(Clamped(shown)));
     const bool changes = Last.Value != before;
     ShowNode();
@@ -355,7 +360,7 @@ bool VCNumericFloatSpin::Put(double shown)
 void VCNumericFloatSpin::WriteNode()
 {
     if (Node)
-        Node.Write(this, [this] { Node->SetValue(Last.Value, this); });
+        Node.Write(this, [this] { Node->SetValue(Last.Value, this); }, Session);
 }
 
 void VCNumericFloatSpin::ReadNode()

@@ -6,6 +6,8 @@
 #include "typedspinbox.h"
 #include "undorecordingcontrolbase.h"
 
+#include <QElapsedTimer>
+
 /// A spin box that shows a numeric node times a factor, and sets it. The node keeps every digit it has: only a number
 /// that the operator really changed is written, so that showing never rounds it, and steps are exact in decimal numbers
 /// however many there are.
@@ -105,7 +107,7 @@ private:
     void DropEdit();
     void LeaveEdit();
     void TellTyping();
-    bool Put(double shown);
+    bool Put(double shown, int session = 0);
     void WriteNode();
     void ReadNode();
     void ShowNode();
@@ -137,4 +139,8 @@ private:
     std::pair<double, double> PlacesOf{qQNaN(), qQNaN()};
     int StepPlaces = 0;
     int FactorPlaces = 0;
+    // Of the change that is written, and of the steps that are one change; see OperatorAct.
+    int Session = 0;
+    int StepSession = 0;
+    QElapsedTimer LastStep;
 };

@@ -3,10 +3,13 @@
 #include "editend.h"
 #include "fieldnote.h"
 #include "inputlock.h"
+#include "survives.h"
 #include "typedspinbox.h"
 
 #include <QLineEdit>
 #include <QPointer>
+
+#include <utility>
 
 namespace KV218
 {
@@ -41,6 +44,30 @@ bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+void CellItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    ++Commits;
+    if (!Survives(this, [&] { Commit(editor, model, index); }) || --Commits > 0)
+        return;
+    for (const QPointer<QWidget> &closed : std::exchange(Closed, {})) {
+        if (closed)
+            closed->deleteLater();
+    }
+}
+
+void CellItemDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    if (Commits > 0)
+        Closed.append(editor);
+    else
+        QStyledItemDelegate::destroyEditor(editor, index);
+}
+
+void CellItemDelegate::Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    QStyledItemDelegate::setModelData(editor, model, index);
 }
 
 void CellItemDelegate::DropEdit(QWidget *editor)

@@ -43,8 +43,7 @@ QWidget *ChannelSpacingItemDelegate::createEditor(
     return editor;
 }
 
-void ChannelSpacingItemDelegate::setModelData(
-    QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+void ChannelSpacingItemDelegate::Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     auto *spin = qobject_cast<TypedSpinBox *>(editor);
     if (spin)
@@ -52,7 +51,7 @@ void ChannelSpacingItemDelegate::setModelData(
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
     if (!leavesIt)
-        RecordingCells::setModelData(editor, model, index);
+        RecordingCells::Commit(editor, model, index);
 }
 
 QString ChannelSpacingItemDelegate::displayText(const QVariant &value, const QLocale &locale) const

@@ -18,8 +18,10 @@ public:
     explicit ChannelSpacingItemDelegate(OrbelDelegate *table);
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
     QString displayText(const QVariant &value, const QLocale &locale) const override;
+
+protected:
+    void Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 };
 
 } // namespace KV218

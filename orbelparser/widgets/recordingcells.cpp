@@ -16,12 +16,12 @@ void RecordingCells::setEditorData(QWidget *editor, const QModelIndex &index) co
         CellItemDelegate::setEditorData(editor, index);
 }
 
-void RecordingCells::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+void RecordingCells::Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     std::optional<OrbelDelegate::OperatorChange> change;
     if (Table)
         change.emplace(Table);
-    CellItemDelegate::setModelData(editor, model, index);
+    CellItemDelegate::Commit(editor, model, index);
 }
 
 } // namespace KV218

@@ -21,9 +21,10 @@ public:
     RecordingCells(OrbelDelegate *table, QObject *parent) : CellItemDelegate(parent), Table(table) { }
 
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
-    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 
 protected:
+    void Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+
     const QPointer<OrbelDelegate> Table;
 };
 

@@ -268,6 +268,13 @@ private Q_SLOTS:
         QTest::keyClick(field, Qt::Key_Up);
         QTest::keyClick(field, Qt::Key_Down);
         QVERIFY(!stack->canUndo());
+        auto *gain = live.Find("gain");
+        gain->setFocus();
+        for (int key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up})
+            QTest::keyClick(gain, Qt::Key(key));
+        QTRY_COMPARE(stack->undoText(), QString("GAIN: 5 \u2192 8"));
+        Undo(live);
+        QVERIFY(!stack->canUndo());
     }
 
     void onlyTheOperatorsOwnControlIsRecorded()
@@ -358,6 +365,29 @@ private Q_SLOTS:
         QCOMPARE(live.form->GetVTValue("gain")->GetStringValue(), QString("20"));
         Redo(live);
         QCOMPARE(live.form->GetVTValue("text")->GetStringValue(), QString("two"));
+        // Nor does a value go back that the limits do not let in any more.
+        QTest::keyClick(gain, Qt::Key_Up);
+        live.form->EvaluateScript("gain.setMinimum(21)");
+        Undo(live);
+        QCOMPARE(live.form->GetVTValue("text")->GetStringValue(), QString("one"));
+        QCOMPARE(stack->count(), 1);
+    }
+
+    /// A host moves the stack, and what it tells of takes the focus from a field in which somebody types.
+    void aCommitWithinARedoComesAfterIt()
+    {
+        Live live(Receiver());
+        QTest::keyClick(live.Find("gain"), Qt::Key_Up);
+        live.form->GetUndoStack()->undo();
+        Type(live.Find("text"), "two");
+        connect(live.Get<OrbelSpinBox>("gain"), &OrbelSpinBox::valueChanged, live.Find("gain"),
+            [&] { live.Find("gain")->setFocus(); });
+        QUndoStack *stack = live.form->GetUndoStack();
+        stack->redo();
+        QCOMPARE(stack->index(), 2);
+        QTRY_COMPARE(stack->undoText(), QString("TEXT: one \u2192 two"));
+        stack->undo();
+        QCOMPARE(live.form->GetVTValue("text")->GetStringValue(), QString("one"));
     }
 
     void typingIsTakenBackFirst()

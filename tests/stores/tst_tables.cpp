@@ -249,6 +249,9 @@ private Q_SLOTS:
         QCOMPARE(live.Written(), QString("m0:0 m1:25 m2:0"));
         live.Read("<i index='2'>8</i>");
         QCOMPARE(live.Shown(), QString("0 25 8"));
+        live.log.On("s.spacingChanged(0)", [&] { live.Type(1, 0, "8"); });
+        live.Type(0, 0, "7");
+        QVERIFY2(live.Shown().startsWith("7 "), "a handler's event loop lets the operator go to another cell");
         live.form->EvaluateScript("s.setEnabled(true); s.setEnabled(false)");
         QVERIFY(!live.Table()->isEnabled());
     }
