@@ -6,7 +6,7 @@
 #include "formmodel.h"
 #include "propertynames.h"
 #include "scriptscanner.h"
-#include "scripttext.h"
+#include "scriptsourcemap.h"
 #include "structurecheck.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ bool IsTranslated(const WidgetEntry &widget, const QString &property)
     if (property == prop::LabelText)
         return !widget.Info || widget.Has(ekRow);
     const PropertyInfo *known = widget.Info ? Registry::FindProperty(*widget.Info, property) : nullptr;
-    return known && known->isTranslated;
+    return known && known->use == PropertyUse::Translated;
 }
 
 void Add(const QString &context, const QString &source, int place, Collection &texts)
@@ -71,7 +71,7 @@ QString PropertySetBy(const QString &member)
 
 void AddScript(const FormModel &form, Collection &texts)
 {
-    const ScriptText script(form);
+    const ScriptSourceMap script(form.Doc, form.Script);
     const QVector<ScriptToken> tokens = ScanScript(script.Code());
     const auto isMark = [&](int at, char mark) {
         return tokens.at(at).What == ScriptToken::Mark && tokens.at(at).Text == QLatin1Char(mark);

@@ -1,11 +1,11 @@
 #include "orbelcheck.h"
 
 #include "changecheck.h"
-#include "documentcheck.h"
 #include "elementnames.h"
 #include "filetext.h"
 #include "formcheck.h"
-#include "scriptrun.h"
+#include "formrun.h"
+#include "parameterdocumentcheck.h"
 #include "structurecheck.h"
 
 #include <algorithm>
@@ -141,19 +141,6 @@ Findings ExamineAgainst(const QByteArray &bytes, const QByteArray &form, CheckFu
 
 } // namespace
 
-QString NameOf(Severity severity)
-{
-    switch (severity) {
-    case Severity::Error:
-        return QStringLiteral("error");
-    case Severity::Warning:
-        return QStringLiteral("warning");
-    case Severity::Note:
-        break;
-    }
-    return QStringLiteral("note");
-}
-
 Findings Check::Definition(const QByteArray &document)
 {
     return Examine(document, false, Examination());
@@ -201,14 +188,6 @@ QString Check::Explanations()
         page += QStringLiteral("| `%1` | %2 | %3 |\n")
                     .arg(QLatin1String(info.name), NameOf(info.severity), QString::fromUtf8(info.explanation));
     return page;
-}
-
-void CheckForm(const FormModel &form, FindingSink &sink)
-{
-    constexpr FormCheck checks[] = {CheckAttributes, CheckProperties, CheckNames, CheckEnums, CheckLimits, CheckRows,
-        CheckParameters, CheckConventions, CheckScript};
-    for (const FormCheck check : checks)
-        check(form, sink);
 }
 
 } // namespace Orbel

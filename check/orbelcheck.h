@@ -1,35 +1,14 @@
 #pragma once
 
 #include "checkexport.h"
+#include "finding.h"
 
 #include <QByteArray>
-#include <QString>
-#include <QVector>
 
 #include <functional>
 
 namespace Orbel
 {
-
-enum class Severity {
-    Error, ///< Something of the form is lost, or does not do what stands there.
-    Warning, ///< Very likely a mistake.
-    Note, ///< Worth knowing; nothing is wrong with the form itself.
-};
-
-/// "error", "warning" or "note".
-ORBEL_CHECK_EXPORT QString NameOf(Severity severity);
-
-/// One thing that a form's author wants to know.
-struct Finding {
-    int Line; ///< In the file, from 1.
-    int Column; ///< In characters, from 1.
-    Severity Level;
-    QString Code; ///< Stable; docs/checks.md explains each.
-    QString Text; ///< One sentence, without a full stop.
-};
-
-using Findings = QVector<Finding>;
 
 /// Finds the mistakes in documents of the form dialect, about which the library itself never says a word. Text in, list
 /// of findings out, in the order of the file; nothing is printed, no file is read and no form of the caller is touched.

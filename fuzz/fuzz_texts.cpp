@@ -4,10 +4,10 @@
 
 #include "freqrangetable.h"
 #include "frequencytext.h"
-#include "numberparsing.h"
 #include "numberreader.h"
 #include "numbertext.h"
 #include "suffixeddouble.h"
+#include "todoubleex.h"
 #include "valuecommentedrangemap.h"
 #include "valuenumeric.h"
 #include "vcnumericfloatspin.h"

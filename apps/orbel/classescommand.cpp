@@ -27,7 +27,8 @@ QJsonArray ToJson(const QVector<Orbel::PropertyInfo> &properties)
     for (const Orbel::PropertyInfo &property : properties)
         array.append(QJsonObject{{QStringLiteral("name"), property.name},
             {QStringLiteral("type"), Orbel::NameOf(property.type)}, {QStringLiteral("absent"), Text(property.absent)},
-            {QStringLiteral("unit"), Text(property.unit)}, {QStringLiteral("storedOnly"), property.storedOnly},
+            {QStringLiteral("unit"), Text(property.unit)},
+            {QStringLiteral("storedOnly"), property.use == Orbel::PropertyUse::Stored},
             {QStringLiteral("choices"), Text(property.choices)}, {QStringLiteral("meaning"), Text(property.meaning)}});
     return array;
 }

@@ -22,7 +22,7 @@ QString ReadAs(const Orbel::PropertyInfo &property)
 {
     const QString type = Orbel::NameOf(property.type);
     return (type.isEmpty() ? QStringLiteral("no text") : type)
-        + (property.storedOnly ? QStringLiteral(", stored only") : QString());
+        + (property.use == Orbel::PropertyUse::Stored ? QStringLiteral(", stored only") : QString());
 }
 
 QString Meaning(const Orbel::PropertyInfo &property)
@@ -63,23 +63,6 @@ QString Block(const QString &xml)
     return QStringLiteral("```xml\n%1\n```\n\n").arg(xml.trimmed());
 }
 
-/// Those that the class has on top of every control's.
-QVector<Orbel::PropertyInfo> OwnProperties(const Orbel::ClassInfo &info)
-{
-    QVector<Orbel::PropertyInfo> properties;
-    for (const QVector<Orbel::PropertyInfo> *group : info.delegate->groups) {
-        for (const Orbel::PropertyInfo &property : *group)
-            properties.append(*Orbel::Registry::FindProperty(info, property.name));
-    }
-    return properties;
-}
-
-QVector<Orbel::PropertyInfo> CommonProperties()
-{
-    const Orbel::ClassInfo *plain = Orbel::Registry::FindClass(QStringLiteral("SpecialObject_Generic"));
-    return Orbel::Registry::PropertiesOf(*plain);
-}
-
 QString Head(const Orbel::ClassInfo &info)
 {
     QStringList siblings;
@@ -111,7 +94,7 @@ QString ParameterPart(const Orbel::ClassInfo &info, const QString &example)
 QString ClassPage(const Orbel::ClassInfo &info)
 {
     const QString example = ExampleOf(Text(info.name));
-    const QVector<Orbel::PropertyInfo> own = OwnProperties(info);
+    const QVector<Orbel::PropertyInfo> &own = info.delegate->properties;
     QString page = Head(info) + QStringLiteral("## Properties\n\n");
     if (!own.isEmpty())
         page += PropertyTable(own);
@@ -135,10 +118,16 @@ QString SheetPage()
 
 QString IndexPage()
 {
-    QString page = QStringLiteral("# Reference\n\nWritten by `orbel reference`.\n\n| Class | What the operator sees "
-                                  "|\n|---|---|\n| [Sheet](Sheet.md) | The form as a whole. |\n");
-    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
-        page += QStringLiteral("| [%1](%1.md) | %2 |\n").arg(Text(info.name), Cell(Text(info.delegate->shows)));
-    return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n") + PropertyTable(CommonProperties())
+    QString page
+        = QStringLiteral("# Reference\n\nWritten by `orbel reference`.\n\n| Class | What the operator sees | Value "
+                         "property |\n|---|---|---|\n| [Sheet](Sheet.md) | The form as a whole. | |\n");
+    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes()) {
+        const QString value = info.delegate->valueProperty;
+        page += QStringLiteral("| [%1](%1.md) | %2 | %3 |\n")
+                    .arg(Text(info.name), Cell(Text(info.delegate->shows)),
+                        value.isEmpty() ? value : QLatin1Char('`') + value + QLatin1Char('`'));
+    }
+    return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n")
+        + PropertyTable(Orbel::Registry::CommonProperties())
         + Members(&KV218::OrbelDelegate::staticMetaObject, QObject::staticMetaObject).trimmed() + QLatin1Char('\n');
 }

@@ -1,6 +1,6 @@
 #include "frequencyfield.h"
 
-#include "decimalnumber.h"
+#include "decimalarithmetic.h"
 #include "editend.h"
 #include "frequencytext.h"
 #include "ivaluenumeric.h"

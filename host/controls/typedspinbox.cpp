@@ -1,6 +1,6 @@
 #include "typedspinbox.h"
 
-#include "decimalnumber.h"
+#include "decimalarithmetic.h"
 #include "editend.h"
 #include "frequencytext.h"
 

@@ -1,6 +1,6 @@
 #include "vclineedit.h"
 
-#include "decimalnumber.h"
+#include "decimalarithmetic.h"
 #include "editend.h"
 #include "fieldnote.h"
 #include "frequencytext.h"

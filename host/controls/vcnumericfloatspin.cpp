@@ -1,6 +1,6 @@
 #include "vcnumericfloatspin.h"
 
-#include "decimalnumber.h"
+#include "decimalarithmetic.h"
 #include "editend.h"
 #include "fieldnote.h"
 #include "inputlock.h"

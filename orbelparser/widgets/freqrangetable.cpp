@@ -3,12 +3,12 @@
 #include "cellitemdelegate.h"
 #include "fieldnote.h"
 #include "frequencytext.h"
-#include "numberparsing.h"
 #include "numberreader.h"
 #include "suffixeddouble.h"
 #include "survives.h"
 #include "tablefont.h"
 #include "tablekeys.h"
+#include "todoubleex.h"
 #include "tree.h"
 
 #include <algorithm>

@@ -5,6 +5,7 @@
 #include "floatgrouplayout.h"
 #include "formlimits.h"
 #include "listelements.h"
+#include "newcontrol.h"
 #include "tablefont.h"
 #include "tablekeys.h"
 
@@ -17,6 +18,11 @@
 
 namespace KV218
 {
+
+OrbelDelegate *NewChannelSpacingTable(OrbelWidget *widget)
+{
+    return NewControl<OrbelChannelSpacingTable>(widget);
+}
 
 OrbelChannelSpacingTable::OrbelChannelSpacingTable(OrbelWidget *widget) : OrbelDelegate(widget) { }
 

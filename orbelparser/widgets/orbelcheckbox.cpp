@@ -1,12 +1,18 @@
 #include "orbelcheckbox.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 namespace KV218
 {
+
+OrbelDelegate *NewCheckBox(OrbelWidget *widget)
+{
+    return NewControl<OrbelCheckBox>(widget);
+}
 
 OrbelCheckBox::OrbelCheckBox(OrbelWidget *widget) : BoundDelegate(widget) { }
 

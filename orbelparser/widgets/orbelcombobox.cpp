@@ -2,6 +2,7 @@
 
 #include "floatgrouplayout.h"
 #include "formdoor.h"
+#include "newcontrol.h"
 #include "valueselection.h"
 
 #include <QCoreApplication>
@@ -21,6 +22,11 @@ QByteArray ContextOf(const OrbelEnum &values)
 }
 
 } // namespace
+
+OrbelDelegate *NewComboBox(OrbelWidget *widget)
+{
+    return NewControl<OrbelComboBox>(widget);
+}
 
 OrbelComboBox::OrbelComboBox(OrbelWidget *widget) : BoundDelegate(widget) { }
 

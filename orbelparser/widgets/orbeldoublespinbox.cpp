@@ -1,6 +1,7 @@
 #include "orbeldoublespinbox.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 #include "spinbuilder.h"
 
 #include <QXmlStreamReader>
@@ -20,6 +21,11 @@ QString DocumentText(double number, int decimals)
 }
 
 } // namespace
+
+OrbelDelegate *NewDoubleSpinBox(OrbelWidget *widget)
+{
+    return NewControl<OrbelDoubleSpinBox>(widget);
+}
 
 OrbelDoubleSpinBox::OrbelDoubleSpinBox(OrbelWidget *widget) : FloatSpinDelegate(widget)
 {

@@ -1,9 +1,15 @@
 #include "orbeldoublespinboxlist.h"
 
+#include "newcontrol.h"
 #include "spinbuilder.h"
 
 namespace KV218
 {
+
+OrbelDelegate *NewDoubleSpinBoxList(OrbelWidget *widget)
+{
+    return NewControl<OrbelDoubleSpinBoxList>(widget);
+}
 
 OrbelDoubleSpinBoxList::OrbelDoubleSpinBoxList(OrbelWidget *widget) : SpinListDelegate(widget) { }
 

@@ -3,6 +3,7 @@
 #include "displayscale.h"
 #include "exclusiondialog.h"
 #include "formdoor.h"
+#include "newcontrol.h"
 #include "propertynames.h"
 #include "xmlwalk.h"
 
@@ -38,6 +39,11 @@ const Band *FindBand(const QStringRef &element)
 }
 
 } // namespace
+
+OrbelDelegate *NewSpecialObject_DSC(OrbelWidget *widget)
+{
+    return NewControl<OrbelDSCObject>(widget);
+}
 
 OrbelDSCObject::OrbelDSCObject(OrbelWidget *widget) : ExclusionListDelegate(widget, ListFormat), ExclusionMap(this)
 {

@@ -1,6 +1,7 @@
 #include "orbelfftobject.h"
 
 #include "displayscale.h"
+#include "newcontrol.h"
 
 namespace KV218
 {
@@ -17,6 +18,11 @@ constexpr DisplayScale MicrosecondScales[] = {
 };
 
 } // namespace
+
+OrbelDelegate *NewSpecialObject_FFT(OrbelWidget *widget)
+{
+    return NewControl<OrbelFFTObject>(widget);
+}
 
 OrbelFFTObject::OrbelFFTObject(OrbelWidget *widget) : OrbelDelegate(widget) { }
 

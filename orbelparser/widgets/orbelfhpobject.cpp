@@ -3,6 +3,7 @@
 #include "exclusiondialog.h"
 #include "formdoor.h"
 #include "latin1.h"
+#include "newcontrol.h"
 #include "trace.h"
 
 namespace KV218
@@ -15,6 +16,11 @@ constexpr ExclusionListFormat ListFormat{
     Latin1("ExclusionRanges"), Latin1("ExclusionRange"), Latin1("StartFreq"), Latin1("StopFreq"), 2, false};
 
 } // namespace
+
+OrbelDelegate *NewSpecialObject_FHP(OrbelWidget *widget)
+{
+    return NewControl<OrbelFHPObject>(widget);
+}
 
 OrbelFHPObject::OrbelFHPObject(OrbelWidget *widget) : ExclusionListDelegate(widget, ListFormat), ExclusionRanges(this)
 {

@@ -3,6 +3,7 @@
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "frequencytext.h"
+#include "newcontrol.h"
 #include "saturate.h"
 #include "sharedicon.h"
 #include "vcbutton.h"
@@ -24,6 +25,11 @@ namespace KV218
 static QIcon LockIcon(bool locked)
 {
     return SharedIcon(locked ? QStringLiteral("Locked") : QStringLiteral("Unlocked"));
+}
+
+OrbelDelegate *NewFrequencyEdit(OrbelWidget *widget)
+{
+    return NewControl<OrbelFrequencyEdit>(widget);
 }
 
 void OrbelFrequencyEdit::CreateValueTree()

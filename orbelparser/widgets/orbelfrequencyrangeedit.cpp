@@ -3,6 +3,7 @@
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "frequencytext.h"
+#include "newcontrol.h"
 #include "saturate.h"
 #include "wholehertz.h"
 
@@ -20,6 +21,11 @@ namespace KV218
 static constexpr double LowestFrequency = 8000.0;
 static constexpr double HighestFrequency = 26500000000.0;
 static constexpr double LeastDistance = 1.0;
+
+OrbelDelegate *NewFrequencyRangeEdit(OrbelWidget *widget)
+{
+    return NewControl<OrbelFrequencyRangeEdit>(widget);
+}
 
 OrbelFrequencyRangeEdit::OrbelFrequencyRangeEdit(OrbelWidget *widget) : OrbelDelegate(widget)
 {

@@ -3,9 +3,15 @@
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "formlimits.h"
+#include "newcontrol.h"
 
 namespace KV218
 {
+
+OrbelDelegate *NewHeadline(OrbelWidget *widget)
+{
+    return NewControl<OrbelHeadline>(widget);
+}
 
 OrbelHeadline::OrbelHeadline(OrbelWidget *widget) : OrbelDelegate(widget)
 {

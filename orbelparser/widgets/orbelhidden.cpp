@@ -1,10 +1,17 @@
 #include "orbelhidden.h"
 
+#include "newcontrol.h"
+
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 namespace KV218
 {
+
+OrbelDelegate *NewHiddenParameter(OrbelWidget *widget)
+{
+    return NewControl<OrbelHidden>(widget);
+}
 
 OrbelHidden::OrbelHidden(OrbelWidget *widget) : OrbelDelegate(widget), ValueNode(this) { }
 

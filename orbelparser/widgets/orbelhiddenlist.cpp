@@ -2,11 +2,17 @@
 
 #include "formlimits.h"
 #include "listelements.h"
+#include "newcontrol.h"
 
 #include <QPointer>
 
 namespace KV218
 {
+
+OrbelDelegate *NewHiddenList(OrbelWidget *widget)
+{
+    return NewControl<OrbelHiddenList>(widget);
+}
 
 OrbelHiddenList::OrbelHiddenList(OrbelWidget *widget) : OrbelDelegate(widget) { }
 

@@ -1,12 +1,18 @@
 #include "orbelhiddenmap.h"
 
 #include "listelements.h"
+#include "newcontrol.h"
 #include "propertynames.h"
 
 #include <QPointer>
 
 namespace KV218
 {
+
+OrbelDelegate *NewHiddenMap(OrbelWidget *widget)
+{
+    return NewControl<OrbelHiddenMap>(widget);
+}
 
 OrbelHiddenMap::OrbelHiddenMap(OrbelWidget *widget) : OrbelDelegate(widget) { }
 

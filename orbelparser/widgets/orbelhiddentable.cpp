@@ -1,9 +1,16 @@
 #include "orbelhiddentable.h"
 
+#include "newcontrol.h"
+
 #include <QPointer>
 
 namespace KV218
 {
+
+OrbelDelegate *NewHiddenTable(OrbelWidget *widget)
+{
+    return NewControl<OrbelHiddenTable>(widget);
+}
 
 OrbelHiddenTable::OrbelHiddenTable(OrbelWidget *widget) : CellDelegate(widget) { }
 

@@ -1,6 +1,7 @@
 #include "orbelint64spinbox.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 #include "saturate.h"
 #include "spinbuilder.h"
 
@@ -39,6 +40,11 @@ const UnitRow &FindUnitRow(quint64 scale)
 }
 
 } // namespace
+
+OrbelDelegate *NewBandwidthEdit(OrbelWidget *widget)
+{
+    return NewControl<OrbelInt64SpinBox>(widget);
+}
 
 OrbelInt64SpinBox::OrbelInt64SpinBox(OrbelWidget *widget) : FloatSpinDelegate(widget) { }
 

@@ -1,12 +1,18 @@
 #include "orbellabel.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 namespace KV218
 {
+
+OrbelDelegate *NewLabel(OrbelWidget *widget)
+{
+    return NewControl<OrbelLabel>(widget);
+}
 
 OrbelLabel::OrbelLabel(OrbelWidget *widget) : OrbelDelegate(widget), ValueNode(this) { }
 

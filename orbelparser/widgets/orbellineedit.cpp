@@ -2,12 +2,18 @@
 
 #include "floatgrouplayout.h"
 #include "formdoor.h"
+#include "newcontrol.h"
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 namespace KV218
 {
+
+OrbelDelegate *NewLineEdit(OrbelWidget *widget)
+{
+    return NewControl<OrbelLineEdit>(widget);
+}
 
 OrbelLineEdit::OrbelLineEdit(OrbelWidget *widget) : BoundDelegate(widget)
 {

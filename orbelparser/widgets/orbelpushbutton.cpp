@@ -1,9 +1,15 @@
 #include "orbelpushbutton.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 
 namespace KV218
 {
+
+OrbelDelegate *NewPushButton(OrbelWidget *widget)
+{
+    return NewControl<OrbelPushButton>(widget);
+}
 
 OrbelPushButton::OrbelPushButton(OrbelWidget *widget) : OrbelDelegate(widget)
 {

@@ -1,6 +1,7 @@
 #include "orbelscriptcontrol.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 #include "propertynames.h"
 #include "sharedicon.h"
 
@@ -32,6 +33,11 @@ constexpr Switch Switches[] = {
 };
 
 } // namespace
+
+OrbelDelegate *NewScriptControl(OrbelWidget *widget)
+{
+    return NewControl<OrbelScriptControl>(widget);
+}
 
 OrbelScriptControl::OrbelScriptControl(OrbelWidget *widget) : OrbelDelegate(widget)
 {

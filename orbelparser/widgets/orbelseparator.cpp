@@ -1,9 +1,20 @@
 #include "orbelseparator.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 
 namespace KV218
 {
+
+OrbelDelegate *NewSeparator(OrbelWidget *widget)
+{
+    return NewControl<OrbelSeparator>(widget, true);
+}
+
+OrbelDelegate *NewFixedSpacer(OrbelWidget *widget)
+{
+    return NewControl<OrbelSeparator>(widget, false);
+}
 
 OrbelSeparator::OrbelSeparator(OrbelWidget *widget, bool isHeadline) : OrbelDelegate(widget), IsHeadline(isHeadline) { }
 

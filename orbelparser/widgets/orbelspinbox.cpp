@@ -1,6 +1,7 @@
 #include "orbelspinbox.h"
 
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 #include "spinbuilder.h"
 
 #include <limits>
@@ -9,6 +10,11 @@
 
 namespace KV218
 {
+
+OrbelDelegate *NewSpinBox(OrbelWidget *widget)
+{
+    return NewControl<OrbelSpinBox>(widget);
+}
 
 OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : BoundDelegate(widget)
 {

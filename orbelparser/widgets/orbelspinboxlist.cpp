@@ -1,10 +1,16 @@
 #include "orbelspinboxlist.h"
 
 #include "inputlock.h"
+#include "newcontrol.h"
 #include "vcnumericfloatspin.h"
 
 namespace KV218
 {
+
+OrbelDelegate *NewSpinBoxList(OrbelWidget *widget)
+{
+    return NewControl<OrbelSpinBoxList>(widget);
+}
 
 OrbelSpinBoxList::OrbelSpinBoxList(OrbelWidget *widget) : SpinListDelegate(widget) { }
 

@@ -2,6 +2,7 @@
 
 #include "celledit.h"
 #include "floatgrouplayout.h"
+#include "newcontrol.h"
 #include "recordingcells.h"
 #include "tablefont.h"
 #include "tablekeys.h"
@@ -14,6 +15,11 @@
 
 namespace KV218
 {
+
+OrbelDelegate *NewTableWidget(OrbelWidget *widget)
+{
+    return NewControl<OrbelTable>(widget);
+}
 
 OrbelTable::OrbelTable(OrbelWidget *widget) : CellDelegate(widget) { }
 

@@ -1,14 +1,6 @@
 // A form without a mouse and without a screen: where the focus goes, and what an assistive tool hears.
 
 #include "liveform.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QAccessible>
-#include <QTableWidget>
-#include <QtTest>
-
-using namespace forms;
 
 namespace
 {
@@ -19,22 +11,6 @@ QString Labelled(const QString &name, const QString &className, const QStringLis
 {
     return Widget(name, className, Usable + QStringList{"labelText=String:" + name} + properties);
 }
-
-/// The example with every class once.
-struct AllControls {
-    AllControls() : form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel"))
-    {
-        form->CreateValueTree("/All");
-        form->CreateGUI(true);
-        window.reset(form->GetGUI());
-        window->resize(900, 900);
-        window->show();
-        window->activateWindow();
-    }
-
-    Form form;
-    std::unique_ptr<QWidget> window;
-};
 
 QAccessibleInterface *Heard(QWidget *widget)
 {
@@ -106,13 +82,11 @@ void Walk(QAccessibleInterface *parent, QStringList &complaints, int &focusable)
 
 } // namespace
 
-class TestKeyboard : public QObject
+class TestKeyboard : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void everythingHasAName()
     {
         AllControls all;
@@ -125,43 +99,16 @@ private Q_SLOTS:
 
     void namesAndLimitsAreTold_data()
     {
-        QTest::addColumn<QString>("widget");
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("description");
-
-        QTest::newRow("a control") << "lineEdit"
-                                   << "Line edit"
-                                   << "";
-        QTest::newRow("a number") << "SpinBox"
-                                  << "Spin box"
-                                  << "0 to 60 dB";
-        QTest::newRow("a scaled number") << "bandwidth"
-                                         << "Bandwidth"
-                                         << "0 to 20000 kHz";
-        QTest::newRow("an end of a range") << "frequencyRangeEdit_StopFrequency"
-                                           << "Frequency range, stop"
-                                           << "8.001 kHz to 26.5 GHz";
-        QTest::newRow("the large field") << "frequency"
-                                         << "Frequency"
-                                         << "";
-        QTest::newRow("its button") << "entry"
-                                    << "Frequency, Type a frequency"
-                                    << "";
-        QTest::newRow("an item") << "shiftList_1"
-                                 << "Shifts, item 2"
-                                 << "0 to 1000 Hz";
-        QTest::newRow("a table") << "spacings"
-                                 << "Channel spacing"
-                                 << "0 to 100 kHz";
-        QTest::newRow("a button of a row") << "scriptControl_EditButton"
-                                           << "Script, edit"
-                                           << "";
-        QTest::newRow("a headline") << "numbers"
-                                    << "Numbers"
-                                    << "Hide Numbers";
-        QTest::newRow("a text") << "label"
-                                << "a text to read"
-                                << "";
+        const auto row = Columns<QString, QString, QString>({"widget", "name", "description"});
+        // clang-format off
+        row("a scaled number", "bandwidth", "Bandwidth", "0 to 20000 kHz");
+        row("an end of a range", "frequencyRangeEdit_StopFrequency", "Frequency range, stop", "8.001 kHz to 26.5 GHz");
+        row("the large field", "frequency", "Frequency", "");
+        row("an item", "shiftList_1", "Shifts, item 2", "0 to 1000 Hz");
+        row("a button of a row", "scriptControl_EditButton", "Script, edit", "");
+        row("a headline", "numbers", "Numbers", "Hide Numbers");
+        row("a text", "label", "a text to read", "");
+        // clang-format on
     }
     void namesAndLimitsAreTold()
     {
@@ -175,12 +122,11 @@ private Q_SLOTS:
 
     void labelAndControlBelongTogetherWithoutAMnemonic()
     {
-        LiveForm live(Labelled("a", "FrequencyRangeEdit", {"labelText=String:R&S"}) + Labelled("b", "CheckBox"));
+        LiveForm live(Labelled("a", "FrequencyRangeEdit", {"labelText=String:R&S"})
+            + Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:3", "headerLabel=String:kHz"}));
         auto *label = live.Find<QLabel>("labela");
-        auto *stop = live.Find("a_StopFrequency");
-        QCOMPARE(Name(stop), QString("R&S, stop"));
-        QCOMPARE(Name(label), QString("R&S"));
-        QVERIFY(!label->buddy());
+        QWidget *stop = live.Find("a_StopFrequency");
+        QVERIFY(Name(stop) == "R&S, stop" && Name(label) == "R&S" && !label->buddy());
         const auto related = [](QWidget *widget, QAccessible::Relation relation) {
             QStringList names;
             for (const auto &pair : Heard(widget)->relations(relation))
@@ -190,31 +136,13 @@ private Q_SLOTS:
         QCOMPARE(related(stop, QAccessible::Label), QString("labela"));
         QCOMPARE(related(label, QAccessible::Labelled), QString("a_StartFrequency a_StopFrequency"));
         QCOMPARE(Heard(stop->parentWidget())->child(2)->object(), stop);
-
         live.Get("a")->setLabelText("Band");
         live.Get("a")->setProperty("maximum", 1e6);
-        QCOMPARE(Name(stop), QString("Band, stop"));
-        QCOMPARE(Description(stop), QString("8.001 kHz to 1 MHz"));
-    }
-
-    void whatIsNotAcceptedIsTold()
-    {
-        LiveForm live(Labelled("a", "FrequencyEdit"));
-        auto *field = live.Find<QLineEdit>("a");
-        field->setFocus();
-        QTest::keyClicks(field, "12x");
-        QVERIFY2(Description(field).startsWith("not accepted"), qPrintable(Description(field)));
-        QTest::keyClick(field, Qt::Key_Escape);
-        QCOMPARE(Description(field), QString());
-    }
-
-    void aCellsEditorTellsItsCell()
-    {
-        LiveForm live(Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:3", "headerLabel=String:kHz"}));
-        auto *table = live.Find<QTableWidget>("t");
-        table->setCurrentCell(1, 0);
-        table->editItem(table->item(1, 0));
-        QCOMPARE(Name(table->findChild<QAbstractSpinBox *>()), QString("t, column kHz, row 2"));
+        QCOMPARE(Name(stop) + ' ' + Description(stop), QString("Band, stop 8.001 kHz to 1 MHz"));
+        stop->setFocus();
+        QTest::keyClicks(stop, "12x");
+        QVERIFY2(Description(stop).startsWith("not accepted"), qPrintable(Description(stop)));
+        QCOMPARE(Name(OpenCell(live.Find<QTableWidget>("t"), 1)), QString("t, column kHz, row 2"));
     }
 
     void aCellTellsItsPlace()
@@ -239,11 +167,10 @@ private Q_SLOTS:
     void aFormThatHasEndedIsStillHeard()
     {
         LiveForm live(Labelled("a", "SpinBox"));
-        auto *spin = live.Find("a");
+        QWidget *spin = live.Find("a");
         QCOMPARE(Name(spin), QString("a"));
         live.form.reset();
-        QVERIFY(Heard(spin)->isValid());
-        QVERIFY(Heard(spin)->valueInterface());
+        QVERIFY(Heard(spin)->isValid() && Heard(spin)->valueInterface());
         QTRY_VERIFY(Name(spin).isEmpty());
     }
 
@@ -263,17 +190,14 @@ private Q_SLOTS:
 
     void theFirstControlHasTheFocus_data()
     {
-        QTest::addColumn<QString>("definition");
-        QTest::addColumn<QString>("focus");
-
-        QTest::newRow("first") << Labelled("a", "LineEdit") + Labelled("b", "LineEdit") << "a";
-        QTest::newRow("headlines are passed over")
-            << Labelled("h", "Headline", {"text=String:h"}) + Labelled("a", "CheckBox") << "a";
-        QTest::newRow("locked ones too") << Labelled("x", "LineEdit", {"enabled=Bool:false"})
-                + Labelled("y", "SpinBox", {"visible=Bool:false"}) + Labelled("a", "SpinBox")
-                                         << "a";
-        QTest::newRow("a part of it") << Labelled("a", "ShiftList", {"itemCount=Int:2"}) << "a_0";
-        QTest::newRow("none") << Labelled("a", "Label") << "";
+        const auto row = Columns<QString, QString>({"definition", "focus"});
+        const QString locked = Labelled("x", "LineEdit", {"enabled=Bool:false"});
+        // clang-format off
+        row("headlines are passed over", Labelled("h", "Headline", {"text=String:h"}) + Labelled("a", "CheckBox") + Labelled("b", "LineEdit"), "a");
+        row("locked ones too", locked + Labelled("y", "SpinBox", {"visible=Bool:false"}) + Labelled("a", "SpinBox"), "a");
+        row("a part of it", Labelled("a", "ShiftList", {"itemCount=Int:2"}), "a_0");
+        row("none", Labelled("a", "Label"), "");
+        // clang-format on
     }
     void theFirstControlHasTheFocus()
     {
@@ -288,22 +212,6 @@ private Q_SLOTS:
         live.window->hide();
         live.window->show();
         QCOMPARE(live.window->focusWidget(), elsewhere);
-    }
-
-    void aWindowInUseKeepsItsFocus()
-    {
-        Form form = Bind(Definition(Labelled("a", "LineEdit")));
-        form->CreateGUI(true);
-        QWidget window;
-        auto *box = new QVBoxLayout(&window);
-        auto *own = new QLineEdit;
-        box->addWidget(own);
-        window.show();
-        own->setFocus();
-        box->addWidget(form->GetGUI());
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QTRY_VERIFY(form->GetGUI()->isVisible());
-        QCOMPARE(window.focusWidget(), own);
     }
 
     void tabFollowsTheRowsAndLeavesTables()
@@ -335,77 +243,52 @@ private Q_SLOTS:
         QCOMPARE(way.join(' '),
             QString("range_StartFrequency range_StopFrequency first second table spacings list_0 list_1 last autoApply "
                     "before h range_StartFrequency"));
+
+        // A window in use keeps its focus.
+        const Form late = Bind(Definition(Labelled("a", "LineEdit")));
+        late->CreateGUI(false);
+        before->setFocus();
+        box->addWidget(late->GetGUI());
+        QTRY_VERIFY(late->GetGUI()->isVisible());
+        QCOMPARE(window.focusWidget(), before);
     }
 
-    void aTableIsFilledWithTab()
-    {
-        LiveForm live(Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:2"}) + Labelled("b", "LineEdit"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        auto *table = live.Find<QTableWidget>("t");
-        table->setCurrentCell(0, 0);
-        QTest::keyClick(table, Qt::Key_F2);
-        QTest::keyClicks(QApplication::focusWidget(), "7");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QCOMPARE(table->item(0, 0)->data(Qt::DisplayRole).toDouble(), 7.0);
-        QCOMPARE(table->currentRow(), 1);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QTRY_VERIFY(table->hasFocus());
-        QTest::keyClick(table, Qt::Key_Tab);
-        QVERIFY(live.Find("b")->hasFocus());
-    }
-
-    void f2SelectsAll_data()
-    {
-        QTest::addColumn<QString>("className");
-        QTest::newRow("text") << "LineEdit";
-        QTest::newRow("frequency") << "FrequencyEdit";
-        QTest::newRow("number") << "DoubleSpinBox";
-    }
     void f2SelectsAll()
     {
-        QFETCH(QString, className);
-        LiveForm live(Labelled("a", className, {"text=String:abc", "value=String:100", "suffix=String: dB"}));
-        auto *field = qobject_cast<QLineEdit *>(live.Find("a"));
-        if (!field)
-            field = live.Find("a")->findChild<QLineEdit *>();
-        QVERIFY(field && !field->hasSelectedText());
-        QTest::keyClick(live.Find("a"), Qt::Key_F2);
-        QVERIFY(field->hasSelectedText());
-        QVERIFY(field->text().startsWith(field->selectedText()));
+        for (const char *className : {"LineEdit", "FrequencyEdit", "DoubleSpinBox"}) {
+            LiveForm live(Labelled("a", className, {"text=String:abc", "value=String:100", "suffix=String: dB"}));
+            auto *field
+                = live.Find<QLineEdit>("a") ? live.Find<QLineEdit>("a") : live.Find("a")->findChild<QLineEdit *>();
+            QVERIFY(field && !field->hasSelectedText());
+            QTest::keyClick(live.Find("a"), Qt::Key_F2);
+            QVERIFY(field->hasSelectedText() && field->text().startsWith(field->selectedText()));
+        }
     }
 
     void upAndDownFollowTheGrid_data()
     {
-        QTest::addColumn<QStringList>("properties");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<double>("value");
-
+        const auto row = Columns<QStringList, int, double>({"properties", "key", "value"});
         const QStringList grid{"value=Int64:145510000", "singleStep=Double:25000", "maximum=Int64:145530000"};
-        QTest::newRow("up to the next") << grid << int(Qt::Key_Up) << 145525000.0;
-        QTest::newRow("down to the next") << grid << int(Qt::Key_Down) << 145500000.0;
-        QTest::newRow("from one to the next")
-            << QStringList{"value=Int64:145500000", "singleStep=Double:25000"} << int(Qt::Key_Down) << 145475000.0;
-        QTest::newRow("a grid below whole hertz")
-            << QStringList{"value=Int64:1000", "singleStep=Double:0.4"} << int(Qt::Key_Down) << 999.0;
-        QTest::newRow("within the limits")
-            << QStringList{"value=Int64:145525000", "singleStep=Double:25000", "maximum=Int64:145530000"}
-            << int(Qt::Key_Up) << 145530000.0;
-        QTest::newRow("no grid: one hertz") << QStringList{"value=Int64:100"} << int(Qt::Key_Up) << 101.0;
-        QTest::newRow("locked") << QStringList{"value=Int64:100", "readOnly=Bool:true"} << int(Qt::Key_Up) << 100.0;
+        const QStringList on{"value=Int64:145525000", "singleStep=Double:25000", "maximum=Int64:145530000"};
+        const QStringList fine{"value=Int64:1000", "singleStep=Double:0.4"}, none{"value=Int64:100"};
+        row("up to the next", grid, Qt::Key_Up, 145525000);
+        row("down to the next", grid, Qt::Key_Down, 145500000);
+        row("from one to the next", on, Qt::Key_Down, 145500000);
+        row("within the limits", on, Qt::Key_Up, 145530000);
+        row("a grid below whole hertz", fine, Qt::Key_Down, 999);
+        row("no grid: one hertz", none, Qt::Key_Up, 101);
+        row("locked", none + QStringList{"readOnly=Bool:true"}, Qt::Key_Up, 100);
     }
     void upAndDownFollowTheGrid()
     {
-        QFETCH(QStringList, properties);
+        const auto [properties, key, value] = Fetch<QStringList, int, double>({"properties", "key", "value"});
         LiveForm live(Labelled("a", "FrequencyEdit", properties + QStringList{"generateParameterXml=Bool:true"}));
         live.log.Watch("a", live.Get("a"));
         const double before = live.Get("a")->property("value").toDouble();
-        QFETCH(int, key);
         QTest::keyClick(live.Find("a"), Qt::Key(key));
-        QFETCH(double, value);
         QCOMPARE(live.Get("a")->property("value").toDouble(), value);
-        const QString text = QString::number(qint64(value));
-        QCOMPARE(
-            live.log.Take(), value == before ? QString() : QString("a.valueChanged(%1) a.editingFinished()").arg(text));
+        const QString told = QString("a.valueChanged(%1) a.editingFinished()").arg(qint64(value));
+        QCOMPARE(live.log.Take(), value == before ? QString() : told);
         QCOMPARE(live.Get("a")->isModified(), value != before);
     }
 
@@ -419,27 +302,6 @@ private Q_SLOTS:
         QTest::keyClick(start, Qt::Key_Up);
         QCOMPARE(live.Get("a")->property("startFrequency").toDouble(), 50000.0);
         QCOMPARE(live.Get("a")->property("stopFrequency").toDouble(), 50001.0);
-    }
-
-    void aFormTunesUnderTheMouse()
-    {
-        LiveForm live(Labelled("a", "FrequencyEdit", {"MainFreqEdit=Bool:true", "value=Int64:145500000"})
-            + Labelled("b", "LineEdit"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        live.Find("b")->setFocus();
-        auto *field = live.Find<QLineEdit>("frequency");
-        field->grab(); // places the text
-        const auto turn = [&] {
-            const QPoint digit(
-                field->width() - field->fontMetrics().horizontalAdvance(" MHz") - 8, field->height() / 2);
-            QWheelEvent event(digit, field->mapToGlobal(digit), {}, {0, 120}, {}, {}, {}, false);
-            QApplication::sendEvent(field, &event);
-            return live.Get("a")->property("value").toDouble();
-        };
-        QCOMPARE(turn(), 145500000.0);
-        live.form->EvaluateScript("sheet.setHoverTuning(true);");
-        QVERIFY(turn() > 145500000.0);
-        QVERIFY(live.Find("b")->hasFocus());
     }
 };
 

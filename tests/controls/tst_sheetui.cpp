@@ -1,15 +1,6 @@
 // The frame of a form: apply row, automatic apply, text size menu, root element.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QMenu>
-#include <QScrollArea>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -35,7 +26,7 @@ void AnswerMenu(const LiveForm &live, const std::function<void(QMenu *)> &answer
 
 } // namespace
 
-class TestSheetUi : public QObject
+class TestSheetUi : public TestCase
 {
     Q_OBJECT
 
@@ -51,8 +42,6 @@ public:
     int Interval = -1;
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void frame()
     {
         LiveForm bare("", false);
@@ -73,6 +62,7 @@ private Q_SLOTS:
     void announcements_data()
     {
         const auto row = Columns<bool, bool, QString, QString>({"applyUi", "autoApply", "script", "announced"});
+        // clang-format off
         row("burst", true, true, "for (i = 0; i < 9; ++i) setModified(true)", "0, 1");
         row("off", true, false, "setModified(true)", "0, 0");
         row("turned on", true, false, "setAutoApplyEnabled(true); setModified(true)", "0, 1");
@@ -83,8 +73,8 @@ private Q_SLOTS:
         row("no row, off: at once", false, false, "setModified(true)", "1, 0");
         row("no row, turned on: no timer", false, false, "setAutoApplyEnabled(true); setModified(true)", "1, 0");
         row("asked while clean", true, true, "applyNow(); emitParametersXml(false); emitParametersXml()", "1, 0");
-        row("asked while modified", true, true,
-            "setModified(false); applyNow(); emitParametersXml(true); emitParametersXml(false)", "3, 0");
+        row("asked while modified", true, true, "setModified(false); applyNow(); emitParametersXml(true); emitParametersXml(false)", "3, 0");
+        // clang-format on
     }
 
     void announcements()

@@ -3,14 +3,6 @@
 
 #include "fieldnote.h"
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
-
-#include <QtTest>
-#include <QtWidgets>
-
-using namespace forms;
 
 namespace
 {
@@ -37,16 +29,13 @@ struct Desk {
     /// Gives the focus to a field, opens its cell where it is one, and types over what stands there.
     QPointer<QWidget> Type(const QString &name, const QString &text)
     {
-        auto *control = live.Find(name);
-        control->setFocus();
-        if (auto *table = qobject_cast<QTableWidget *>(control)) {
-            table->setCurrentCell(0, 0);
-            QTest::keyClick(table, Qt::Key_F2);
-        }
-        QWidget *field = QApplication::focusWidget();
+        QWidget *field = live.Find(name);
+        field->setFocus();
+        if (auto *table = qobject_cast<QTableWidget *>(field))
+            OpenCell(table, 0);
+        field = QApplication::focusWidget();
         QTest::keyClick(field, Qt::Key_F2);
-        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(field, text);
+        TypeOver(field, text);
         return field;
     }
     /// Lets the receiver send some values.
@@ -84,13 +73,11 @@ struct Desk {
 
 } // namespace
 
-class TestTyping : public QObject
+class TestTyping : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void fields_data()
     {
         const auto row = Columns<QString>({"name"});
@@ -173,19 +160,6 @@ private Q_SLOTS:
             desk.live.Find("list_0")->setFocus();
             desk.live.window->activateWindow();
             QTRY_VERIFY(Tree::Instance()->GetNode("/Form/" + name)->GetStringValue().startsWith("12"));
-        }
-    }
-
-    /// A script that disables a field commits what is typed there, as before.
-    void aScriptDisablesTheField()
-    {
-        Desk desk;
-        desk.Receiver.stop();
-        for (const QString name : {"line", "spin"}) {
-            desk.Type(name, "12");
-            desk.live.form->EvaluateScript(name + ".setEnabled(false)");
-            QVERIFY(Tree::Instance()->GetNode("/Form/" + name)->GetStringValue().startsWith("12"));
-            QCOMPARE(desk.Told(), QString());
         }
     }
 };

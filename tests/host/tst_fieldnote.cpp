@@ -2,11 +2,7 @@
 
 #include "fieldnote.h"
 #include "readablecolor.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QtTest>
-#include <QtWidgets>
+#include "testcase.h"
 
 namespace
 {
@@ -38,13 +34,11 @@ struct Window : QScrollArea {
 
 } // namespace
 
-class TestFieldNote : public QObject
+class TestFieldNote : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void leavesTheFormAsItIs()
     {
         Window window;
@@ -100,20 +94,12 @@ private Q_SLOTS:
         QVERIFY(window.IsReady());
         QWidget another;
         FieldNote::Show(window.Field, "a", FieldNote::Understood);
-        const QVector<std::pair<std::function<void()>, std::function<void()>>> ways{
+        const std::pair<std::function<void()>, std::function<void()>> ways[]{
             {[&] { window.verticalScrollBar()->setValue(500); }, [&] { window.verticalScrollBar()->setValue(0); }},
             {[&] { window.Field->hide(); }, [&] { window.Field->show(); }},
             {[&] { window.widget()->hide(); }, [&] { window.widget()->show(); }},
-            {[&] { window.showMinimized(); },
-                [&] {
-                    window.showNormal();
-                    window.activateWindow();
-                }},
-            {[&] {
-                 another.show();
-                 another.activateWindow();
-             },
-                [&] { window.activateWindow(); }},
+            {[&] { window.showMinimized(); }, [&] { window.showNormal(); }},
+            {[&] { another.show(), another.activateWindow(); }, [] {}},
         };
         for (const auto &[away, back] : ways) {
             QTRY_VERIFY(window.IsSeen());
@@ -121,6 +107,7 @@ private Q_SLOTS:
             QTRY_VERIFY(!window.IsSeen());
             QCOMPARE(FieldNote::TextOf(window.Field), QString("a"));
             back();
+            window.activateWindow();
         }
         QTRY_VERIFY(window.IsSeen());
         delete window.Field;
@@ -155,31 +142,23 @@ private Q_SLOTS:
         QCOMPARE(FieldNote::TextOf(view->viewport()), QString());
     }
 
-    void canBeRead_data()
-    {
-        const auto row = Columns<QColor, QColor>({"background", "letters"});
-        row("light", "#ffffdc", "#000000");
-        row("dark", "#353535", "#ffffff");
-        row("a dark palette that forgot its notes", "#ffffff", "#ffffff");
-        row("grey", "#808080", "#909090");
-        row("red", "#c00000", "#000000");
-        row("black", "#000000", "#ffff00");
-    }
     void canBeRead()
     {
-        QFETCH(QColor, background);
-        QFETCH(QColor, letters);
         Window window;
-        QPalette palette = window.palette();
-        palette.setColor(QPalette::ToolTipBase, background);
-        palette.setColor(QPalette::ToolTipText, letters);
-        for (const auto kind : {FieldNote::Understood, FieldNote::Refused}) {
-            FieldNote::Show(window.Field, "a", kind);
-            window.setPalette(palette);
-            const QPalette shown = window.Note()->palette();
-            QCOMPARE(shown.color(QPalette::Window), background);
-            QVERIFY(ReadableColor::Contrast(background, shown.color(QPalette::WindowText)) >= 4.5);
-            window.setPalette({});
+        const std::pair<QColor, QColor> colours[]{{"#353535", "#ffffff"}, {"#ffffff", "#ffffff"},
+            {"#808080", "#909090"}, {"#c00000", "#000000"}, {"#000000", "#ffff00"}};
+        for (const auto &[background, letters] : colours) {
+            QPalette palette = window.palette();
+            palette.setColor(QPalette::ToolTipBase, background);
+            palette.setColor(QPalette::ToolTipText, letters);
+            for (const auto kind : {FieldNote::Understood, FieldNote::Refused}) {
+                FieldNote::Show(window.Field, "a", kind);
+                window.setPalette(palette);
+                const QPalette shown = window.Note()->palette();
+                QCOMPARE(shown.color(QPalette::Window), background);
+                QVERIFY(ReadableColor::Contrast(background, shown.color(QPalette::WindowText)) >= 4.5);
+                window.setPalette({});
+            }
         }
     }
 };

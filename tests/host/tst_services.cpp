@@ -1,13 +1,9 @@
 // The services of the host layer: traces and exceptions, and translation catalogues.
 
 #include "lxexception.h"
-#include "rows.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "trace.h"
 #include "translationcenter.h"
-
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <limits>
 
@@ -41,7 +37,7 @@ static QString Translated(const QString &context)
     return QCoreApplication::translate(context.toUtf8().constData(), "text");
 }
 
-class TestServices : public QObject
+class TestServices : public TestCase
 {
     Q_OBJECT
 
@@ -80,17 +76,16 @@ private Q_SLOTS:
     {
         const auto [files, found] = Fetch<QStringList, QString>({"files", "found"});
         const QString name = QTest::currentDataTag();
-        const QString beside = QCoreApplication::applicationDirPath() + "/translations/";
+        const QString beside = QCoreApplication::applicationDirPath() + "/translations/" + name;
         for (const QString &file : files) {
-            QString path = file.startsWith("program") ? beside + name : In(qPrintable(file.arg(name)));
+            const QString path = file.startsWith("program") ? beside : In(qPrintable(file.arg(name)));
             WriteCatalogue(path + ".qm", name.toUtf8(), file.arg(name));
         }
         QLocale::setDefault(QLocale("de_AT"));
         TranslationCenter::Instance().Register(name);
-        const QString translated = Translated(name);
+        QCOMPARE(Translated(name), found.arg(name));
         TranslationCenter::Instance().Unregister(name);
-        QFile::remove(beside + name + ".qm");
-        QCOMPARE(translated, found.arg(name));
+        QFile::remove(beside + ".qm");
         QCOMPARE(Translated(name), QString("text"));
     }
 

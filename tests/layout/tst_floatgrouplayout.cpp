@@ -5,13 +5,7 @@
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
 #include "rowlabel.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QGroupBox>
-#include <QScrollBar>
-#include <QStyleFactory>
-#include <QtTest>
+#include "testcase.h"
 
 using Item = FloatGroupItem;
 using Items = QVector<Item>;
@@ -78,43 +72,23 @@ struct Form {
 
 } // namespace
 
-class TestFloatGroupLayout : public QObject
+class TestFloatGroupLayout : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void rectangles_data()
     {
         const auto row = Columns<int, Items, QString>({"width", "items", "arranged"});
-        row("labels and controls align", 999, {{Label, 60, 16}, {0, 100, 20}, {Label, 80, 16}, {0, 120, 20}},
-            "0,0 80x24, 84,0 120x20, 0,24 80x24, 84,24 120x20, in 203x44");
-        row("a label is at most 24 high", 999, {{Label, 9, 16}, {0, 9, 30}, {Label, 9, 16}, {0, 9, 60}, {Row, 9, 1}},
-            "0,0 9x24, 13,0 9x30, 0,34 9x24, 13,34 9x60, 0,98 9x1, in 21x99");
-        row("a control without label is widened but not measured", 999,
-            {{Row, 300, 9}, {Label, 9, 9}, {0, 50, 9}, {Row, 40, 9}},
-            "0,0 300x9, 0,13 9x13, 13,13 50x9, 0,26 50x9, in 299x35");
-        row("invisible items take width but no height", 999,
-            {{Label, 0, 0}, {0, 50, 20}, {Label, 30, 16}, {0, 0, 0}, {Label, 0, 0}, {0, 0, 0}, {Row, 9, 9}},
-            "0,0 30x24, 34,0 50x20, 0,24 30x20, 34,24 50x0, 0,44 30x0, 34,44 50x0, 0,44 50x9, in 83x53");
-        row("a line wider than the form", 60, {{Row, 9, 9}, {Line, 90, 2}, {Row, 9, 9}},
-            "0,0 9x9, 0,13 60x2, 0,19 9x9, in 59x28");
-        row("a margin above a line, none above the first", 60,
-            {{Line, 9, 2, 5}, {Row, 50, 9}, {Line, 9, 2, 7}, {Row, 50, 9}},
-            "0,0 54x2, 0,6 50x9, 0,26 54x2, 0,32 50x9, in 53x41");
-        row("no margin at the top of a column", 200, {{Line, 9, 2, 5}, {Row, 50, 9}, {Line, 9, 2, 7}, {Row, 50, 9}},
-            "0,0 54x2, 0,6 50x9, 62,0 54x2, 62,6 50x9, in 115x15");
-        row("a column that ends on the width is too wide", 124,
-            {{Line, 9, 2}, {Row, 50, 9}, {Line, 9, 2}, {Row, 50, 9}},
-            "0,0 54x2, 0,6 50x9, 0,19 54x2, 0,25 50x9, in 53x34");
-        row("the last column stays empty", 190,
-            {{Line, 9, 2}, {Row, 50, 9}, {Line, 9, 2}, {Row, 50, 9}, {Line, 9, 2}, {Row, 50, 9}, {Line, 9, 2},
-                {Row, 50, 9}},
-            "0,0 54x2, 0,6 50x9, 0,19 54x2, 0,25 50x9, 62,0 54x2, 62,6 50x9, 62,19 54x2, 62,25 50x9, in 115x34");
-        row("a row of a second column folds to the left of the form", 150,
-            {{Line, 9, 9}, {Row, 50, 9}, {Line, 9, 9}, {Label, 9, 9}, {0, 50, 9}, {0, 9, 9}},
-            "0,0 54x9, 0,13 50x9, 62,0 76x9, 62,13 9x13, 75,13 50x9, 0,26 50x9, in 137x35");
+        // clang-format off
+        row("a label is at most 24 high", 999, {{Label, 9, 16}, {0, 9, 30}, {Label, 9, 16}, {0, 9, 60}, {Row, 9, 1}}, "0,0 9x24, 13,0 9x30, 0,34 9x24, 13,34 9x60, 0,98 9x1, in 21x99");
+        row("a control without label is widened but not measured", 999, {{Row, 300, 9}, {Label, 9, 9}, {0, 50, 9}, {Row, 40, 9}}, "0,0 300x9, 0,13 9x13, 13,13 50x9, 0,26 50x9, in 299x35");
+        row("invisible items take width but no height", 999, {{Label, 0, 0}, {0, 50, 20}, {Label, 30, 16}, {0, 0, 0}, {Label, 0, 0}, {0, 0, 0}, {Row, 9, 9}}, "0,0 30x24, 34,0 50x20, 0,24 30x20, 34,24 50x0, 0,44 30x0, 34,44 50x0, 0,44 50x9, in 83x53");
+        row("a margin above a line, none above the first", 60, {{Line, 9, 2, 5}, {Row, 50, 9}, {Line, 9, 2, 7}, {Row, 50, 9}}, "0,0 54x2, 0,6 50x9, 0,26 54x2, 0,32 50x9, in 53x41");
+        row("no margin at the top of a column", 200, {{Line, 9, 2, 5}, {Row, 50, 9}, {Line, 9, 2, 7}, {Row, 50, 9}}, "0,0 54x2, 0,6 50x9, 62,0 54x2, 62,6 50x9, in 115x15");
+        row("a column that ends on the width is too wide", 124, {{Line, 9, 2}, {Row, 50, 9}, {Line, 9, 2}, {Row, 50, 9}}, "0,0 54x2, 0,6 50x9, 0,19 54x2, 0,25 50x9, in 53x34");
+        row("a row of a second column folds to the left of the form", 150, {{Line, 9, 9}, {Row, 50, 9}, {Line, 9, 9}, {Label, 9, 9}, {0, 50, 9}, {0, 9, 9}}, "0,0 54x9, 0,13 50x9, 62,0 76x9, 62,13 9x13, 75,13 50x9, 0,26 50x9, in 137x35");
+        // clang-format on
     }
 
     void rectangles()

@@ -5,19 +5,10 @@
 #include "liveform.h"
 #include "palettes.h"
 #include "rowlabel.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
 #include "valuenumeric.h"
 #include "vcfrequency.h"
 
-#include <QStyleFactory>
-#include <QtTest>
-
 #include <cmath>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -170,7 +161,7 @@ struct Ink {
 
 /// A form in a window that is large enough for all of it.
 struct Shown {
-    Shown() : form(OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel"))
+    Shown() : form(Example("all_controls.orbel"))
     {
         form->CreateValueTree("/All");
         form->CreateGUI(true);
@@ -268,7 +259,7 @@ void Save(const QImage &picture, const QString &name)
 
 } // namespace
 
-class TestLooks : public QObject
+class TestLooks : public TestCase
 {
     Q_OBJECT
 
@@ -294,18 +285,17 @@ private Q_SLOTS:
                 places += QRect(label->mapTo(shown.window.get(), QPoint()), label->size());
             }
             shown.Resize(9);
+            const QRgb ground = shown.window->palette().color(QPalette::Window).rgb();
             int changed = 0;
             double strongest = 1;
-            for (int y = 0; y < before.height(); ++y) {
-                for (int x = 0; x < before.width(); ++x) {
-                    const QRgb now = shown.Picture.pixel(x, y);
-                    if (now == (before.pixel(x, y) | 0xff000000))
-                        continue;
-                    QVERIFY2(places.contains(QPoint(x, y)), "the mark takes no room");
-                    ++changed;
-                    strongest
-                        = std::max(strongest, Contrast(now, shown.window->palette().color(QPalette::Window).rgb()));
-                }
+            for (int at = 0; at < before.width() * before.height(); ++at) {
+                const QPoint place(at % before.width(), at / before.width());
+                const QRgb now = shown.Picture.pixel(place);
+                if (now == (before.pixel(place) | 0xff000000))
+                    continue;
+                QVERIFY2(places.contains(place), "the mark takes no room");
+                ++changed;
+                strongest = std::max(strongest, Contrast(now, ground));
             }
             Save(shown.Picture, QString("marks-%1").arg(colours));
             for (RowLabel *label : shown.All<RowLabel>())
@@ -333,33 +323,6 @@ private Q_SLOTS:
         QCOMPARE(field->palette().color(QPalette::Text), plain);
     }
 
-    void headlinesFollowTheForm_data()
-    {
-        QTest::addColumn<QString>("sheet");
-        AddRow("plain", QString());
-        AddRow("style sheet of the host", QString("QPushButton { color: #123456; }"));
-    }
-
-    void headlinesFollowTheForm()
-    {
-        const auto [sheet] = Fetch<QString>({"sheet"});
-        LiveForm live(Widget("h", "Headline", {"text=String:Title"}) + Widget("c", "CheckBox"));
-        const auto *line = live.Find<QGroupBox>("h");
-        live.window->setStyleSheet(sheet);
-        for (int points : {13, 9}) {
-            live.form->GetSheet().SetFontSize(points);
-            QCOMPARE(line->font().pointSize(), points);
-            QTRY_COMPARE(line->height(), QFontMetrics(live.window->font()).height());
-        }
-        QPalette colours;
-        colours.setColor(QPalette::WindowText, Qt::darkGreen);
-        if (sheet.isEmpty()) {
-            live.window->setPalette(colours);
-            QCOMPARE(line->palette().color(QPalette::WindowText), QColor(Qt::darkGreen));
-        }
-        QVERIFY(line->styleSheet().contains("HeadlineOpened.svg"));
-    }
-
     void theLargeFieldCutsNoDigit()
     {
         VCFrequency control(nullptr, nullptr, false, nullptr, true);
@@ -382,13 +345,10 @@ private Q_SLOTS:
     void everyTextCanBeRead_data()
     {
         const auto row = Columns<QString, QString, bool>({"colours", "style", "mirrored"});
-        for (const char *colours : {"light", "dark", "contrast"}) {
-            for (const char *style : {"Fusion", "Windows"}) {
-                for (bool mirrored : {false, true})
-                    row(qPrintable(QString("%1 %2 %3").arg(colours, style, mirrored ? "rtl" : "ltr")), colours, style,
-                        mirrored);
-            }
-        }
+        for (const QString colours : {"light", "dark", "contrast"})
+            for (const QString style : {"Fusion", "Windows"})
+                for (const bool mirrored : {false, true})
+                    row(qPrintable(colours + ' ' + style + (mirrored ? " rtl" : " ltr")), colours, style, mirrored);
     }
 
     void everyTextCanBeRead()

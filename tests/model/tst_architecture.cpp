@@ -1,34 +1,34 @@
-// Dependencies run one way: host, base, controls, form, viewer. Reads the include lines of the sources.
+// Dependencies run one way, from the command down to the host. Reads the include lines of the sources.
 
 #include <QtTest>
 
 namespace
 {
 
-enum Level { Host, Base, Controls, FormLevel, Viewer };
-
+/// From the lowest to the highest: a file includes from its own room and from those before it.
+const QStringList Rooms{"host/services", "host/valuetree", "host/controls", "orbelparser", "orbelparser/widgets",
+    "form", "viewer", "check/document", "check/findings", "check/registry", "check/script", "check/rules", "check",
+    "apps/orbel"};
 /// Files of orbelparser/ itself that stand above the controls, without their endings.
-const QStringList FormFiles{"delegatefactory", "formdoor.cpp", "formfactory", "orbelformular", "formbody",
-    "formbodyvalues", "managerbody", "orbelformularmanager", "orbelparser", "orbelsheet", "orbelelement", "widgetindex",
-    "orbelwidget.cpp", "formconfiguration"};
+const QStringList FormFiles{"formdoor.cpp", "formfactory", "orbelformular", "formbody", "formbodyvalues", "managerbody",
+    "orbelformularmanager", "orbelparser", "orbelsheet", "orbelelement", "widgetindex", "orbelwidget.cpp",
+    "formconfiguration"};
 const QStringList ViewerFiles{"orbeltest", "orbeltestmain", "loadinterface"};
 
-Level LevelOf(const QFileInfo &file)
+QString RoomOf(const QFileInfo &file)
 {
-    const QString path = file.filePath();
-    if (path.contains("/host/"))
-        return Host;
-    if (path.contains("/widgets/"))
-        return Controls;
+    const QString folder = QDir(ORBEL_SOURCE_DIR).relativeFilePath(file.path());
     const auto isIn
         = [&](const QStringList &names) { return names.contains(file.baseName()) || names.contains(file.fileName()); };
-    return isIn(ViewerFiles) ? Viewer : isIn(FormFiles) ? FormLevel : Base;
+    if (folder != "orbelparser")
+        return folder;
+    return isIn(ViewerFiles) ? "viewer" : isIn(FormFiles) ? "form" : folder;
 }
 
 QFileInfoList Sources()
 {
     QFileInfoList files;
-    for (const char *folder : {"/host", "/orbelparser"}) {
+    for (const char *folder : {"/host", "/orbelparser", "/check", "/apps"}) {
         QDirIterator walk(
             QString(ORBEL_SOURCE_DIR) + folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
         while (walk.hasNext()) {
@@ -63,8 +63,11 @@ private Q_SLOTS:
     {
         const QFileInfoList sources = Sources();
         QHash<QString, QFileInfo> headers;
-        for (const QFileInfo &file : sources)
+        for (const QFileInfo &file : sources) {
+            QVERIFY2(!headers.contains(file.fileName()), qPrintable("two files are named " + file.fileName()));
+            QVERIFY2(Rooms.contains(RoomOf(file)), qPrintable("no room has " + file.filePath()));
             headers.insert(file.fileName(), file);
+        }
         QStringList wrong;
         int arrows = 0;
         for (const QFileInfo &file : sources) {
@@ -73,7 +76,7 @@ private Q_SLOTS:
                 if (!headers.contains(name))
                     continue;
                 ++arrows;
-                if (LevelOf(headers.value(name)) > LevelOf(file))
+                if (Rooms.indexOf(RoomOf(headers.value(name))) > Rooms.indexOf(RoomOf(file)))
                     wrong << file.fileName() + " -> " + name;
             }
         }
@@ -83,19 +86,17 @@ private Q_SLOTS:
 
     void aControlIncludesNoOtherControl()
     {
-        // What several controls are made of, and no control itself.
-        const QStringList shared{"celldelegate", "celledit", "cellitemdelegate", "changesbutton",
-            "channelspacingitemdelegate", "exclusiondialog", "flagscope", "floatspindelegate", "formkeys",
-            "freqrangetable", "listelements", "recordingcells", "spinbuilder", "spinlistdelegate", "tablekeys",
-            "wholehertz"};
+        const QStringList controls{
+#define ORBEL_CLASS(name, delegate, ...) QString(#delegate).toLower(),
+#include "controlclasses.inc"
+        };
         QStringList wrong;
         for (const QFileInfo &file : Sources()) {
-            if (LevelOf(file) != Controls)
+            if (RoomOf(file) != "orbelparser/widgets")
                 continue;
             for (const QString &name : IncludesOf(file)) {
                 const QString other = QFileInfo(name).baseName();
-                const bool isControl = QFile::exists(file.path() + '/' + name) && !shared.contains(other);
-                if (isControl && other != file.baseName())
+                if (controls.contains(other) && other != file.baseName() && other != "orbeldelegate")
                     wrong << file.fileName() + " -> " + name;
             }
         }

@@ -1,36 +1,24 @@
 // Where each reader of a form definition stops, and what it keeps of what it met.
 
 #include "forms.h"
-#include "rows.h"
-#include "testmain.h"
 
-#include <QTemporaryDir>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
-
-class TestDefinition : public QObject
+class TestDefinition : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void rootIsFoundAlongTheFirstElements_data()
     {
-        QTest::addColumn<QString>("document");
-        QTest::addColumn<QString>("version"); // null: no form
-
-        AddRow("plain", "<ZkParamGui version='7'/>", "7");
-        AddRow("no version", "<ZkParamGui/>", "");
-        AddRow("below another root", "<x><ZkParamGui version='7'/></x>", "7");
-        AddRow("behind a first child that is closed", "<x><y/><ZkParamGui version='7'/></x>", QString());
-        AddRow("the last of two counts", "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>", "2");
-        AddRow("namespace is not looked at", "<a:ZkParamGui xmlns:a='u' version='7'/>", "7");
-        AddRow("case counts", "<zkparamgui version='7'/>", QString());
-        AddRow("empty text", "", QString());
-        AddRow("malformed behind the root's start", "<ZkParamGui version='7'><", "7");
+        const auto row = Columns<QString, QString>({"document", "version"}); // null: no form
+        row("plain", "<ZkParamGui version='7'/>", "7");
+        row("no version", "<ZkParamGui/>", "");
+        row("below another root", "<x><ZkParamGui version='7'/></x>", "7");
+        row("behind a first child that is closed", "<x><y/><ZkParamGui version='7'/></x>", QString());
+        row("the last of two counts", "<x><ZkParamGui version='1'/><ZkParamGui version='2'/></x>", "2");
+        row("namespace is not looked at", "<a:ZkParamGui xmlns:a='u' version='7'/>", "7");
+        row("case counts", "<zkparamgui version='7'/>", QString());
+        row("empty text", "", QString());
+        row("malformed behind the root's start", "<ZkParamGui version='7'><", "7");
     }
 
     void rootIsFoundAlongTheFirstElements()
@@ -70,16 +58,16 @@ private Q_SLOTS:
             AddRow(name, "<Widget name='a' class='Label'>" + QString(inside + "</Widget>").remove("%</Widget>") + b,
                 (goesOn ? "a b" : "a"), goesOn);
         };
+        // clang-format off
         row("an unknown child of the sheet is skipped", x + "</Widget><Other><Widget name='no'/></Other>%", true);
         row("a wrapper ends the sheet behind its widget", "<Properties>" + x + "</Properties>", false);
         row("an empty property ends the sheet behind its widget", x + empty, false);
         row("an unknown element ends the sheet behind its widget", x + "<Other/>", false);
         row("custom properties end nothing", x + custom, true);
-        row("an empty custom property ends that list and then the widget's",
-            x + "<CustomProperties>" + empty + "</CustomProperties>", false);
-        row("what stands behind the value is skipped",
-            "<Property name='x'><Int>1</Int><Int>2</Int><More><x/></More></Property>", true);
+        row("an empty custom property ends that list and then the widget's", x + "<CustomProperties>" + empty + "</CustomProperties>", false);
+        row("what stands behind the value is skipped", "<Property name='x'><Int>1</Int><Int>2</Int><More><x/></More></Property>", true);
         row("an element inside a value stops everything", "<Property name='x'><Int>1<i/></Int></Property>", false);
+        // clang-format on
     }
 
     void sheetEndsWhereItsListsEnd()

@@ -1,14 +1,6 @@
 // The property mechanism of a control, its node paths and limits, and the cells of lists.
 
-#include "floatgrouplayout.h"
 #include "forms.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -19,12 +11,8 @@ class Probe : public OrbelDelegate
 public:
     explicit Probe(QObject *target = nullptr) : OrbelDelegate(nullptr), Target(target) { }
 
-    using OrbelDelegate::AddXmlTag;
     using OrbelDelegate::formatString;
     using OrbelDelegate::PropagateProperties;
-    using OrbelDelegate::SetDoubleTooltip;
-    using OrbelDelegate::SetInt64Tooltip;
-    using OrbelDelegate::SetIntTooltip;
 
     void PropertyChanged(const QString &name, const QVariant &value) override
     {
@@ -39,13 +27,11 @@ public:
 
 } // namespace
 
-class TestDelegate : public QObject
+class TestDelegate : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void everySetIsAnnounced()
     {
         Probe probe;
@@ -88,116 +74,47 @@ private Q_SLOTS:
         QCOMPARE(probe.Log, QStringList());
     }
 
-    void aLockOrACollapseTakesNothingAway_data()
-    {
-        QTest::addColumn<bool>("state");
-        QTest::newRow("a control that was free and shown") << true;
-        QTest::newRow("one that its host had locked and hidden") << false;
-    }
-
     void aLockOrACollapseTakesNothingAway()
     {
-        QFETCH(bool, state);
-        QLineEdit edit;
-        edit.setEnabled(state);
-        edit.setVisible(state);
-        Probe probe(&edit); // states neither `enabled` nor `visible`
-        for (int turn = 0; turn < 2; ++turn) {
-            probe.EnableInput(false, false);
-            probe.setGroupVisible(false);
-            QVERIFY(!edit.isEnabled() && edit.isHidden());
-            probe.EnableInput(true, false);
-            probe.setGroupVisible(true);
-            QVERIFY(edit.isEnabled() == state && edit.isHidden() != state);
+        for (const bool state : {true, false}) {
+            QLineEdit edit;
+            edit.setEnabled(state);
+            edit.setVisible(state);
+            Probe probe(&edit); // states neither `enabled` nor `visible`
+            for (int turn = 0; turn < 2; ++turn) {
+                probe.EnableInput(false, false);
+                probe.setGroupVisible(false);
+                QVERIFY(!edit.isEnabled() && edit.isHidden());
+                probe.EnableInput(true, false);
+                probe.setGroupVisible(true);
+                QVERIFY(edit.isEnabled() == state && edit.isHidden() != state);
+            }
         }
     }
 
-    void aLabelNeedsAStatedVisible()
-    {
-        QWidget window;
-        auto *layout = new FloatGroupLayout(&window);
-        Probe probe;
-        probe.setLabelText("label");
-        probe.CreateGUI(layout);
-        QVERIFY(window.findChild<QLabel *>()->isHidden());
-        probe.setLabelText("other");
-        QCOMPARE(window.findChild<QLabel *>()->text(), QString("other"));
-        Probe unlabelled;
-        unlabelled.CreateGUI(layout);
-        unlabelled.setLabelText("late");
-        QCOMPARE(window.findChildren<QLabel *>().size(), 1);
-    }
-
-    void nodePaths_data()
-    {
-        const auto row
-            = Columns<QString, QString, QString, QString, QString>({"form", "tag", "path", "nodePath", "name"});
-        row("plain", "/Form", "b", "/Form/b", "/Form", "b");
-        row("closed form path", "/Form/", "x/y", "/Form/x/y", "/Form/x", "y");
-        row("empty form path", "", "b", "b", "", "");
-        row("only a leading slash", "/", "b", "/b", "", "");
-    }
-
-    void nodePaths()
-    {
-        const auto [form, tag] = Fetch<QString, QString>({"form", "tag"});
-        Probe probe;
-        probe.SetXmlPath(tag);
-        probe.SetVTPath(form);
-        QTEST(probe.GetVTPath(), "path");
-        QTEST(probe.GetVTNodePath(), "nodePath");
-        QTEST(probe.GetVTName(), "name");
-    }
-
-    void tooltips()
-    {
-        const auto shown = [](const QVariant &minimum, const QVariant &maximum) {
-            QWidget control;
-            Probe probe;
-            probe.setProperty("labelText", "Gain");
-            probe.setProperty("decimals", "1");
-            probe.setProperty("minimum", minimum);
-            probe.setProperty("maximum", maximum);
-            probe.SetIntTooltip(nullptr);
-            QStringList tips;
-            for (const auto set : {&Probe::SetIntTooltip, &Probe::SetInt64Tooltip, &Probe::SetDoubleTooltip}) {
-                (probe.*set)(&control);
-                tips << control.toolTip().remove("<html>Gain").remove("<br>");
-            }
-            return tips.join(' ');
-        };
-        QCOMPARE(shown({}, {}), QString("  "));
-        QCOMPARE(shown("0", {}), QString("0... 0... 0.0..."));
-        QCOMPARE(shown({}, "10"), QString("...10 ...10 ...10.0"));
-        QCOMPARE(shown("-3000000000", "3000000000"), QString(" -3000000000...3000000000 -3000000000.0...3000000000.0"));
-        // The bound of a type is none.
-        QCOMPARE(shown("-2147483648", "9223372036854775807"),
-            QString(" -2147483648... -2147483648.0...9223372036854775808.0"));
-        QCOMPARE(shown("x", "1.5"), QString("  ...1.5"));
-    }
-
-    void numbersAsText()
-    {
-        QCOMPARE(Probe::formatString(1.5, 3, "Hz") + Probe::formatString(2, 3, "") + Probe::formatString(-0.25, 4, "s"),
-            QString("1.5Hz2-0.25s"));
-        QVERIFY2(
-            Probe::formatString(100, 2, "") == "100" && Probe::formatString(100, 0, "") == "100", "zeros that count");
-    }
-
-    void tags()
+    void tagsAndPaths()
     {
         Probe probe;
         probe.setObjectName("name");
         probe.SetXmlPath(QString());
         QCOMPARE(probe.GetXmlPath() + probe.GetXmlTagName(), QString("namename"));
         QVERIFY(probe.GetAllTags().isEmpty());
-        probe.SetXmlPath("a/b/Freq");
+        for (int parse = 0; parse < 2; ++parse) {
+            QVERIFY(!probe.HasSeveralXmlTags());
+            probe.SetXmlPath("a/b/Freq");
+        }
+        QVERIFY2(probe.HasSeveralXmlTags(), "a second parse adds the name again");
         QCOMPARE(probe.GetXmlTagName(), QString("Freq"));
         QVERIFY(probe.ContainsXmlTag("FREQ"));
-        probe.AddXmlTag("FREQ");
-        QVERIFY(!probe.HasSeveralXmlTags());
-        probe.SetXmlPath("a/b/Freq");
-        QVERIFY2(probe.HasSeveralXmlTags(), "a second parse adds the name again");
+        const QList<QStringList> paths{{"/Form", "b", "/Form/b", "/Form", "b"},
+            {"/Form/", "x/y", "/Form/x/y", "/Form/x", "y"}, {"", "b", "b", "", ""}, {"/", "b", "/b", "", ""}};
+        for (const QStringList &path : paths) {
+            probe.SetXmlPath(path[1]);
+            probe.SetVTPath(path[0]);
+            QCOMPARE(QStringList({probe.GetVTPath(), probe.GetVTNodePath(), probe.GetVTName()}), path.mid(2));
+        }
+        QCOMPARE(Probe::formatString(1.5, 3, "Hz") + Probe::formatString(2, 3, "") + Probe::formatString(100, 0, "s"),
+            QString("1.5Hz2100s"));
     }
 };
 

@@ -1,20 +1,12 @@
-// A whole form: its way through parse, nodes, script and controls; values exchanged with the application; groups, input
-// switches and configuration.
+// A whole form: its way through parse, nodes, script and controls; values, documents and configuration; many forms.
 
 #include "forms.h"
+#include "orbelformularmanager.h"
 #include "orbelsheetui.h"
-#include "rows.h"
 #include "selectionitem.h"
-#include "testmain.h"
+#include "translationcenter.h"
 #include "tree.h"
 #include "valueselection.h"
-
-#include <QLabel>
-#include <QSignalSpy>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -65,15 +57,31 @@ QString Shown(const Form &form, const QStringList &names)
     return shown.join(' ');
 }
 
+QString Check(const QString &name, const QString &tag)
+{
+    return Widget(name, "CheckBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + tag});
+}
+
+/// The document without the blanks of its formatting.
+QString Compact(const QString &xml)
+{
+    QString text = xml.simplified();
+    return text.replace("> <", "><");
+}
+
+QString OneCheck(const QString &properties = QString())
+{
+    return Definition("<Properties>" + properties + "</Properties>"
+        + Widget("a", "CheckBox", {"generateParameterXml=Bool:true", "visible=Bool:true", "enabled=Bool:true"}));
+}
+
 } // namespace
 
-class TestFormular : public QObject
+class TestFormular : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void scriptRunsBetweenNodesAndControls()
     {
         const Form form = Parse(
@@ -114,22 +122,26 @@ private Q_SLOTS:
 
     void hostsInsertTheirOwnControls()
     {
+        struct Dial : QDial {
+            void showEvent(QShowEvent *) override { WasWindow |= isWindow(); }
+            bool WasWindow = false;
+        };
         const Form form = Bind(Definition(Widget("a", "CheckBox")));
-        auto *dial = new QDial;
+        auto *dial = new Dial;
         const auto element = form->GetSheet().InsertWidget("dial", "Dial", dial, 0);
         form->GetSheet().InsertWidget("bare", QString(), new QDial, -1);
-        QCOMPARE(Names(form), QString("dial a bare"));
-        QCOMPARE(element->GetClass(), QString("QDial"));
+        QCOMPARE(Names(form) + element->GetClass(), QString("dial a bareQDial"));
         form->CreateGUI(false);
         const std::unique_ptr<QWidget> window(form->GetGUI());
         QCOMPARE(window->findChild<QLabel *>("labeldial")->text(), QString("Dial"));
         QVERIFY(!window->findChild<QLabel *>("labelbare"));
         window->show();
+        QVERIFY2(dial->isVisible() && !dial->WasWindow, "no window on its way");
         QVERIFY2(window->findChild<QWidget *>("a")->x() == 0, "what comes next starts a row");
-        form->EnableInput(false);
-        QVERIFY(!dial->isEnabled());
-        form->EnableInput(true);
-        QVERIFY(dial->isEnabled());
+        for (const bool on : {false, true}) {
+            form->EnableInput(on);
+            QCOMPARE(dial->isEnabled(), on);
+        }
         QVERIFY2(!form->GetScriptValues().contains("dial"), "a host's control is no script global");
         QCOMPARE(form->GetXmlString(false).simplified(), QString("<Parameters/>"));
     }
@@ -150,12 +162,12 @@ private Q_SLOTS:
             + Widget("b", "CheckBox", {"parameterXmlTag=String:x/tag"}) + Widget("c", "CheckBox")));
         form->CreateGUI(true, names, exclude);
         const std::unique_ptr<QWidget> window(form->GetGUI());
-        QTEST(Shown(form, {"a", "b", "c"}), "built");
         QStringList selected;
         for (int i = 0; i < 3; ++i) {
             if (form->GetSheet().GetWidgetAt(i)->IsSelected())
                 selected << form->GetSheet().GetWidgetAt(i)->GetName();
         }
+        QTEST(Shown(form, {"a", "b", "c"}), "built");
         QTEST(selected.join(' '), "built");
         QVERIFY(form->GetVTValue("c"));
     }
@@ -181,33 +193,23 @@ private Q_SLOTS:
         QCOMPARE(Shown(form, all), QString("free h1 a labela gap b labelb h2 c labelc"));
     }
 
-    void configurationIsThereOnFirstShow()
-    {
-        QObject configuration;
-        configuration.setProperty("rx-fontsize", 17);
-        configuration.setProperty("rx-collapsed", "h1");
-        configuration.setProperty("input-disabled", true);
-        for (bool objectFirst : {true, false}) {
-            const Form form = GroupForm();
-            if (objectFirst)
-                form->SetConfigObject(&configuration, "rx");
-            form->CreateGUI(true);
-            const std::unique_ptr<QWidget> window(form->GetGUI());
-            if (!objectFirst)
-                form->SetConfigObject(&configuration, "rx");
-            QCOMPARE(window->font().pointSize(), 17);
-            QCOMPARE(Shown(form, {"free", "h1", "a", "labela", "b", "labelb", "h2", "c", "labelc"}),
-                QString("free h1 h2 c labelc"));
-            QVERIFY(!form->IsInputEnabled() && !window->findChild<QWidget *>("c")->isEnabled());
-        }
-    }
-
     void configurationFollowsTheForm()
     {
-        QObject configuration;
+        QObject first;
+        for (const auto &[name, value] :
+            {std::pair("rx-fontsize", QVariant(17)), {"rx-collapsed", "h1"}, {"input-disabled", true}})
+            first.setProperty(name, value);
         const Form form = GroupForm();
+        form->SetConfigObject(&first, "rx");
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
+        QVERIFY2(window->font().pointSize() == 17 && !form->IsInputEnabled(), "before the controls are there");
+        QCOMPARE(form->GetSheet().GetCollapsed(), QStringList("h1"));
+        first.setProperty("input-disabled", false);
+        form->RestoreConfiguration();
+        form->GetSheet().SetCollapsed({});
+        form->GetSheet().SetFontSize(0);
+        QObject configuration;
         const int applicationSize = QApplication::font().pointSize();
         form->SetConfigObject(&configuration, "rx");
         form->ApplyConfiguration();
@@ -236,50 +238,42 @@ private Q_SLOTS:
         form->ApplyConfiguration();
     }
 
+    /// Before the controls are there and afterwards, each switch adds to the others.
     void inputSwitches()
     {
-        const Form form = GroupForm();
-        OrbelSheet &sheet = form->GetSheet();
-        sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        const QWidget *a = window->findChild<QWidget *>("a");
-        const QWidget *applyRow = window->findChild<QWidget *>("applyButtonBox");
-        QVERIFY2(!a->isEnabled(), "turned off before the controls were there");
-        sheet.EnableInput(true, OrbelSheet::EnableScopeSheet);
-        form->EnableInput(false);
-        QVERIFY(!a->isEnabled() && !applyRow->isEnabled() && window->findChild<QWidget *>("h1")->isEnabled());
-        sheet.EnableInput(false, OrbelSheet::EnableScopeSheet);
-        form->EnableInput(true);
-        QVERIFY2(!a->isEnabled() && form->IsInputEnabled(), "the sheet's own switch is still off");
-        sheet.EnableInput(true, OrbelSheet::EnableScopeSheet);
-        QVERIFY(a->isEnabled() && applyRow->isEnabled());
-        QVERIFY(!sheet.IsInputEnabled(OrbelSheet::eEnableScope(7)));
-        sheet.EnableInput(false, OrbelSheet::eEnableScope(7));
-    }
-
-    void thePartialSwitchAddsToTheOthers()
-    {
-        for (const auto scope : {OrbelSheet::EnableScopeInput, OrbelSheet::EnableScopeSheet}) {
-            const Form form = Bind(Definition(Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
-            OrbelSheet &sheet = form->GetSheet();
-            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
+        using Sheet = OrbelSheet;
+        for (const auto scope : {Sheet::EnableScopeInput, Sheet::EnableScopeSheet, Sheet::EnableScopePartial}) {
+            const Form form = Bind(
+                Definition(Widget("h", "Headline", {"text=String:h"}) + Widget("a", "CheckBox", {"enabled=Bool:true"})
+                    + Widget("Frequency", "FrequencyEdit", {"enabled=Bool:true"})));
+            Sheet &sheet = form->GetSheet();
+            sheet.EnableInput(false, scope);
             form->CreateGUI(true);
             const std::unique_ptr<QWidget> window(form->GetGUI());
-            const QWidget *row = window->findChild<QWidget *>("applyButtonBox");
-            QVERIFY2(!row->isEnabled(), "the sheet's frame is told like the controls");
-            const QWidget *lock = window->findChild<QWidget *>("LockFrequency");
-            QVERIFY2(lock->isEnabled(), "the lock is left alone");
-            sheet.EnableInput(false, scope);
-            sheet.EnableInput(true, OrbelSheet::EnableScopePartial);
-            QVERIFY2(!row->isEnabled(), "waits until input is on as a whole");
-            sheet.EnableInput(true, scope);
-            QVERIFY(row->isEnabled());
-            sheet.EnableInput(false, OrbelSheet::EnableScopePartial);
-            QVERIFY(!row->isEnabled() && lock->isEnabled());
-            sheet.EnableInput(false, scope);
-            sheet.EnableInput(true, scope);
-            QVERIFY(!row->isEnabled() && lock->isEnabled());
+            const auto enabled = [&] {
+                QString names;
+                for (const char *name : {"a", "applyButtonBox", "h", "LockFrequency"})
+                    names += window->findChild<QWidget *>(name)->isEnabled() ? *name : '-';
+                return names;
+            };
+            const bool isPartial = scope == Sheet::EnableScopePartial;
+            // The lock is left alone by the partial switch, and a headline by all.
+            const QString off = isPartial ? "--hL" : "--h-";
+            QCOMPARE(enabled(), off);
+            for (const auto other : {Sheet::EnableScopeInput, Sheet::EnableScopeSheet, Sheet::EnableScopePartial}) {
+                if (other == scope)
+                    continue;
+                sheet.EnableInput(false, other);
+                sheet.EnableInput(true, scope);
+                QVERIFY2(enabled().startsWith("--h"), "the other switch is still off");
+                QVERIFY(sheet.IsInputEnabled(scope) && !sheet.IsInputEnabled(other));
+                sheet.EnableInput(true, other);
+                QCOMPARE(enabled(), QString("aahL"));
+                sheet.EnableInput(false, scope);
+                QCOMPARE(enabled(), off);
+            }
+            QVERIFY(!sheet.IsInputEnabled(Sheet::eEnableScope(7)));
+            sheet.EnableInput(false, Sheet::eEnableScope(7));
         }
     }
 
@@ -315,14 +309,13 @@ private Q_SLOTS:
             = Bind(Definition(Widget("t", "LineEdit", {"text=String:12", "generateParameterXml=Bool:true"})));
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
-        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
-        QVERIFY(!form->SetVTValue("t", "12", nullptr, true));
-        QVERIFY(!form->SetVTValue("none", "12", nullptr, true));
+        const QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        QVERIFY(!form->SetVTValue("t", "12", nullptr, true) && !form->SetVTValue("none", "12", nullptr, true));
         QVERIFY(form->SetVTValue("t", "13", nullptr, false));
-        QCOMPARE(parameters.size(), 0);
         QCOMPARE(window->findChild<QLineEdit *>("t")->text(), QString("13"));
         ValueString local("t");
         local.SetValue("14", nullptr);
+        QCOMPARE(parameters.size(), 0);
         QVERIFY(form->SetVTValue(&local, nullptr, true));
         QCOMPARE(parameters.size(), 1);
         QVERIFY(form->GetXmlString(true).contains("<t>14</t>"));
@@ -389,6 +382,254 @@ private Q_SLOTS:
         QCOMPARE(one.GetValue() + one.GetEnumIdentifier(), QString("firstMODE_first"));
         QCOMPARE(two.GetDisplayName() + two.GetValue(), QString("Two6.25"));
     }
+
+    /// However a host puts the form into its window.
+    void textSizeFollows_data()
+    {
+        const auto row = Columns<bool, QString, QString>({"embeddedFirst", "ownSheet", "parentSheet"});
+        row("restored, then embedded", false, "", "");
+        row("restored with a style sheet of its own", false, "QWidget { color: red; }", "");
+        row("embedded, then restored below a style sheet", true, "", "QWidget { color: red; }");
+        row("embedded, then restored below a style sheet with a size", true, "", "QWidget { font-size: 15pt; }");
+    }
+
+    void textSizeFollows()
+    {
+        const auto [embeddedFirst, ownSheet, parentSheet]
+            = Fetch<bool, QString, QString>({"embeddedFirst", "ownSheet", "parentSheet"});
+        QObject configuration;
+        configuration.setProperty("f-fontsize", 20);
+        const Form form = Bind(Definition(Widget("b", "CheckBox", {"labelText=String:B", "visible=Bool:true"})));
+        form->CreateGUI(true);
+        QWidget *gui = form->GetGUI();
+        gui->setStyleSheet(ownSheet);
+        QWidget window;
+        window.setStyleSheet(parentSheet);
+        const auto embed = [&] { (new QVBoxLayout(&window))->addWidget(gui); };
+        const auto restore = [&] { form->SetConfigObject(&configuration, "f"); };
+        embeddedFirst ? (embed(), restore()) : (restore(), embed());
+        form->ApplyConfiguration();
+        QString seen;
+        const auto look = [&] {
+            seen += QString("%1 %2 %3, ")
+                        .arg(gui->font().pointSize())
+                        .arg(gui->findChild<QLabel *>()->font().pointSize())
+                        .arg(configuration.property("f-fontsize").toInt());
+        };
+        window.show();
+        look();
+        Q_EMIT form->GetSheet().GetUi()->si_chooseFontSize(13);
+        look();
+        for (const QVariant &kept : {QVariant(), QVariant(16)}) {
+            configuration.setProperty("f-fontsize", kept);
+            form->RestoreConfiguration();
+            look();
+        }
+        QCOMPARE(seen, QString("20 20 20, 13 13 13, 9 9 0, 16 16 16, "));
+    }
+
+    void cleanup()
+    {
+        Window.reset();
+        QCOMPARE(LeftOver(), QString());
+    }
+
+    void documentMirrorsTheTags()
+    {
+        const Form form
+            = Build(Definition(Check("a", "g/x") + Widget("silent", "CheckBox", {"parameterXmlTag=String:g/s"})
+                + Check("b", "/h//x") + Check("c", "g/y") + Check("d", "g/x") + Check("e", "only/inner")));
+        form->GetSheet().SelectWidgets({"only/inner"}, false);
+        QCOMPARE(Compact(form->GetXmlString(false)),
+            QString("<Parameters><g><x>false</x><y>false</y><x>false</x></g><h><x>false</x></h><only/></Parameters>"));
+        QVERIFY2(form->GetXmlString(false).startsWith('\n'), "no document start is written");
+    }
+
+    void rootCarriesTypeAndAttributes()
+    {
+        const Form form
+            = Build(Definition("<Properties><Property name='parametersXmlRootTag'><String>Rx</String></Property>"
+                               "<Property name='parametersXmlTypeAttribute'><String>Foo</String></Property>"
+                               "<Property name='Attribute_Site'><String>set</String></Property>"
+                               "<Property name='Attribute_None'><String>not declared</String></Property></Properties>"
+                               "<CustomProperties><Property name='Attribute_Zone'><String>unused</String></Property>"
+                               "<Property name='Attribute_Site'><String>unused</String></Property></CustomProperties>"
+                + Check("a", "a")));
+        QCOMPARE(Compact(form->GetEmptyXmlElement()), QString("<Rx type=\"Foo\" Site=\"set\" Zone=\"\"/>"));
+        form->SetXmlString("<Parameters><a>true</a></Parameters>");
+        QVERIFY(!Delegate(form, "a")->property("checked").toBool());
+        form->SetXmlString("<x><Rx><a>true</a></Rx></x>");
+        QVERIFY(Delegate(form, "a")->property("checked").toBool());
+    }
+
+    void onlyWhatChangedIsWritten()
+    {
+        const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b") + Check("c", "g/c")));
+        auto *apply = Window->findChild<QPushButton *>("applyButton");
+        QCOMPARE(form->GetXmlString(true), QString());
+
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY(apply->isEnabled() && form->GetSheet().isWidgetModified());
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><g><a>true</a></g></Parameters>"));
+        QVERIFY(!apply->isEnabled() && !Delegate(form, "a")->isModified());
+        QCOMPARE(form->GetXmlString(true), QString());
+
+        Window->findChild<QCheckBox *>("a")->click();
+        form->GetXmlString(false);
+        QCOMPARE(form->GetXmlString(true), QString());
+    }
+
+    void unselectedWidgetsStayOutThoughModified()
+    {
+        const Form form = Build(Definition(Check("a", "g/a") + Check("b", "h/b")));
+        form->GetSheet().SelectWidgets({"g/a"}, false);
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY2(!form->GetSheet().isWidgetModified(), "an unselected widget does not count");
+        Window->findChild<QCheckBox *>("b")->click();
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><g/><h><b>true</b></h></Parameters>"));
+        QVERIFY(Delegate(form, "a")->isModified());
+        form->SelectWidgets(QStringList(), true);
+        QVERIFY(form->GetXmlString(false).contains("<a>true</a>"));
+    }
+
+    void aSheetMayAskForAllParameters()
+    {
+        const QString all = "<Property name='emitOnlyModifiedParameters'><Bool>false</Bool></Property>";
+        const Form form = Build(Definition("<Properties>" + all + "</Properties>" + Check("a", "a") + Check("b", "b")));
+        Window->findChild<QCheckBox *>("a")->click();
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters><a>true</a><b>false</b></Parameters>"));
+    }
+
+    void readingTakesElementsInAnyOrder()
+    {
+        const Form form
+            = Build(Definition(Check("a", "g/x") + Check("b", "h/x") + Check("c", "g/x") + Check("d", "y")));
+        QSignalSpy parameters(form.data(), &OrbelFormular::si_parametersModified);
+        form->SetXmlString("<Parameters><y>true</y><h><none><x/></none><x>true</x></h><g/><g><x>true</x><x>true</x></g>"
+                           "</Parameters><Parameters>");
+        QStringList checked;
+        for (const char *name : {"a", "b", "c", "d"}) {
+            if (Delegate(form, name)->property("checked").toBool())
+                checked << name;
+            QVERIFY(!Delegate(form, name)->isModified());
+        }
+        QCOMPARE(checked.join(' '), QString("a b d"));
+        QVERIFY(parameters.isEmpty() && !form->GetSheet().isModified() && form->GetSheet().isActive());
+    }
+
+    void aControlWithoutParameterXmlNeverBecomesModified()
+    {
+        const Form form = Build(Definition(Widget("a", "CheckBox") + Check("b", "b")));
+        Window->findChild<QCheckBox *>("a")->click();
+        QVERIFY(!Delegate(form, "a")->isModified() && !form->GetSheet().isModified());
+        Window->findChild<QCheckBox *>("b")->click();
+        Delegate(form, "b")->setGenerateParameterXml(false);
+        QVERIFY(Delegate(form, "b")->isModified());
+        QCOMPARE(Compact(form->GetXmlString(true)), QString("<Parameters/>"));
+    }
+
+    void onlyWhatIsAskedForIsBuilt()
+    {
+        const QStringList registered = TranslationCenter::Instance().GetRegistered();
+        OrbelFormularManager manager;
+        manager.SetVTPath("/Rx//");
+        for (const char *name : {"Form 06", "Form 07/x", "Form 08"})
+            manager.DefineFormular(name, OneCheck());
+        manager.DefineFormular("broken", "<none/>");
+        QVERIFY(manager.GetNames().size() == 4 && Tree::Instance()->GetPaths().isEmpty());
+
+        auto form = manager.GetFormular("Form 07/x");
+        QCOMPARE(manager.GetFormular("Form 07/x").data(), form.data());
+        QCOMPARE(form->GetName(), QString("Form 07/x"));
+        QCOMPARE(Tree::Instance()->GetPaths(), QStringList("/Rx//Form07x/a"));
+        QVERIFY(form->GetGUI()->isHidden());
+        manager.DefineFormular("Form 07/x", "other");
+        QCOMPARE(manager.GetOrbel("Form 07/x"), OneCheck());
+        QVERIFY(!manager.GetFormular("broken") && !manager.GetFormular("unknown"));
+        manager.DefineFormular("broken", OneCheck());
+        QVERIFY(manager.GetFormular("broken"));
+        QVERIFY(TranslationCenter::Instance().GetRegistered().contains("broken"));
+
+        form.reset();
+        manager.Reset();
+        QCOMPARE(LeftOver(), QString());
+        QCOMPARE(TranslationCenter::Instance().GetRegistered(), registered);
+        QVERIFY(manager.GetNames().isEmpty() && !manager.GetFormular("Form 08") && !manager.GetCurrentFormular());
+    }
+
+    void oneFormIsCurrent()
+    {
+        OrbelFormularManager manager;
+        const QSignalSpy parameters(&manager, &OrbelFormularManager::si_parametersModified);
+        manager.DefineFormular("one", OneCheck());
+        manager.DefineFormular("two", OneCheck());
+        QVERIFY2(!manager.ShowFormular("one"), "not built yet");
+        const auto one = manager.GetFormular("one"), two = manager.GetFormular("two");
+        QVERIFY(manager.ShowFormular("one") && manager.GetCurrentName() == "one" && manager.ShowFormular("two"));
+        QVERIFY(one->GetGUI()->isHidden() && two->GetGUI()->isVisible());
+        for (const auto &form : {one, two}) {
+            QCOMPARE(parameters.size(), 0);
+            form->GetGUI()->findChild<QCheckBox *>("a")->click();
+            form->applyNow();
+        }
+        QCOMPARE(parameters.size(), 1);
+        QVERIFY(manager.isWidgetModified());
+        QVERIFY(manager.GetXmlString(true).contains("<a>true</a>"));
+        QVERIFY(!manager.isWidgetModified());
+        manager.SetXmlString("<Parameters><a>false</a></Parameters>");
+        QVERIFY(manager.GetXmlString(false).contains("<a>false</a>"));
+        QVERIFY(!manager.ShowFormular("none"));
+        QVERIFY(two->GetGUI()->isHidden() && manager.GetCurrentName().isEmpty());
+    }
+
+    void automaticApplyGoesAlong()
+    {
+        OrbelFormularManager manager;
+        const QString off = "<Property name='autoApplyEnabled'><Bool>false</Bool></Property>";
+        manager.DefineFormular("on", OneCheck());
+        manager.DefineFormular("off", OneCheck(off));
+        const auto on = manager.GetFormular("on");
+        const auto offForm = manager.GetFormular("off");
+        manager.ShowFormular("off");
+        QVERIFY2(!offForm->GetSheet().isAutoApplyEnabled(), "the first form keeps its own setting");
+        manager.ShowFormular("on");
+        QVERIFY(!on->GetSheet().isAutoApplyEnabled());
+        on->GetGUI()->findChild<QCheckBox *>("autoApply")->click();
+        manager.ShowFormular("off");
+        QVERIFY(offForm->GetSheet().isAutoApplyEnabled());
+    }
+
+    void configurationIsShared()
+    {
+        QObject configuration;
+        configuration.setProperty("c-fontsize", 19);
+        OrbelFormularManager manager;
+        manager.DefineFormular("one", OneCheck());
+        manager.DefineFormular("two", OneCheck());
+        const auto one = manager.GetFormular("one");
+        manager.SetConfigObject(&configuration, "c");
+        const auto two = manager.GetFormular("two");
+        const auto sizes = [&] {
+            return QList<int>{one->GetGUI()->font().pointSize(), two->GetGUI()->font().pointSize()};
+        };
+        QCOMPARE(sizes(), (QList<int>{19, QApplication::font().pointSize()}));
+        manager.ShowFormular("two");
+        QCOMPARE(sizes(), (QList<int>{19, 19}));
+        configuration.setProperty("c-fontsize", 21);
+        manager.RestoreConfiguration();
+        QCOMPARE(sizes(), (QList<int>{19, 21}));
+    }
+
+private:
+    Form Build(const QString &definition)
+    {
+        Form form = Bind(definition);
+        form->CreateGUI(true);
+        Window.reset(form->GetGUI());
+        return form;
+    }
+
+    std::unique_ptr<QWidget> Window;
 };
 
 ORBEL_TEST_MAIN(TestFormular)

@@ -1,14 +1,7 @@
 // A change of the language while a form lives: what it shows follows, and nothing else changes.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
 #include "translationcenter.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -98,11 +91,6 @@ QString StateOf(const Form &form)
     return state;
 }
 
-Form Example()
-{
-    return Form(OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel"));
-}
-
 /// Ends something when a widget gets another tooltip.
 class AtToolTip : public QObject
 {
@@ -121,30 +109,26 @@ private:
 
 } // namespace
 
-class TestLanguage : public QObject
+class TestLanguage : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void everyTextFollows_data()
     {
-        QTest::addColumn<QString>("script");
-        AddRow("as it is made", QString());
-        AddRow("groups are collapsed", QString("texts.setGroupVisible(false); comboBox.setGroupVisible(false)"));
-        AddRow("controls are locked", QString("lineEdit.setEnabled(false); frequencyEdit.setReadOnly(true)"));
-        AddRow("texts of a script",
-            QString("lineEdit.setLabelText('new label'); label.setText('new text');"
-                    "spinBox.setMaximum(7); pushButton.setText('another'); "
-                    "spacings.setHeaderLabel('another header');"
-                    "scriptControl.setCustomProperty('scriptloaded', true)"));
+        const auto row = Columns<QString>({"script"});
+        // clang-format off
+        row("as it is made", QString());
+        row("groups are collapsed", QString("texts.setGroupVisible(false); comboBox.setGroupVisible(false)"));
+        row("controls are locked", QString("lineEdit.setEnabled(false); frequencyEdit.setReadOnly(true)"));
+        row("texts of a script", QString("lineEdit.setLabelText('new label'); label.setText('new text');spinBox.setMaximum(7); pushButton.setText('another'); spacings.setHeaderLabel('another header');scriptControl.setCustomProperty('scriptloaded', true)"));
+        // clang-format on
     }
 
     void everyTextFollows()
     {
-        QFETCH(QString, script);
-        const Form form = Example();
+        const auto [script] = Fetch<QString>({"script"});
+        const Form form = Example("all_controls.orbel");
         form->GetSheet().InsertWidget("external", "from the host", new QWidget, -1);
         form->CreateValueTree("/Form");
         form->CreateGUI(true);
@@ -165,15 +149,11 @@ private Q_SLOTS:
         {
             const Quoting language;
             QCoreApplication::processEvents();
-            const QStringList texts = TextsOf(window.get());
-            QCOMPARE(texts.size(), plain.size());
-            QCOMPARE(Unquoted(texts).join('\n'), QString());
+            QCOMPARE(TextsOf(window.get()).size(), plain.size());
+            QCOMPARE(Unquoted(TextsOf(window.get())).join('\n'), QString());
             QCOMPARE(box->currentText(), QString("«Upper sideband»"));
-            const Form late = Example();
-            late->CreateValueTree("/Late");
-            late->CreateGUI(true);
-            const std::unique_ptr<QWidget> lateWindow(late->GetGUI());
-            QCOMPARE(Unquoted(TextsOf(lateWindow.get())).join('\n'), QString());
+            const AllControls late;
+            QCOMPARE(Unquoted(TextsOf(late.window.get())).join('\n'), QString());
         }
         QCoreApplication::processEvents();
         QCOMPARE(TextsOf(window.get()), plain);
@@ -298,14 +278,9 @@ private Q_SLOTS:
 
     void aShorterLanguageTakesNoMoreRoomThanBefore()
     {
-        const Form form = Example();
-        form->CreateValueTree("/Form");
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
-        window->resize(800, 900);
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-        const QWidget *content = window->findChild<QScrollArea *>()->widget();
+        const AllControls all;
+        QVERIFY(QTest::qWaitForWindowExposed(all.window.get()));
+        const QWidget *content = all.window->findChild<QScrollArea *>()->widget();
         QTRY_VERIFY(content->minimumWidth() > 100);
         const QSize before = content->minimumSize();
         {

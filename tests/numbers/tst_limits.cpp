@@ -4,16 +4,8 @@
 #include "frequencytext.h"
 #include "liveform.h"
 #include "numberreader.h"
-#include "rows.h"
-#include "testmain.h"
-#include "tree.h"
 #include "valuenumeric.h"
 #include "vcnumericfloatspin.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -85,13 +77,6 @@ QString Held(const LiveForm &live, const Control &face)
     return all.join(' ');
 }
 
-void Type(const LiveForm &live, const QString &field, const QString &text)
-{
-    live.Find(field)->setFocus();
-    QTest::keyClick(live.window->focusWidget(), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(live.window->focusWidget(), text + '\r');
-}
-
 template <class Node> void Init(const LiveForm &live, const QString &limits)
 {
     Node node("n");
@@ -117,7 +102,7 @@ void Do(const LiveForm &live, const Control &face, const QString &act)
     else if (road == "definition")
         live.form->SetChangedORBEL(Definition(Widget("n", "", {name + "=String:" + value})));
     else if (road == "typed")
-        Type(live, place.Field, text);
+        TypeOver(live.Find(place.Field), text + '\r');
     else if (road == "node")
         live.form->GetVTValue("n")->SetStringValue(text, nullptr);
     else if (road == "int")
@@ -130,13 +115,11 @@ void Do(const LiveForm &live, const Control &face, const QString &act)
 
 } // namespace
 
-class TestLimits : public QObject
+class TestLimits : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     /// From 15000 within 10000...20000, and for a range from 14000 to 15000: what is held after the number told has met
     /// the limits. A document's number is announced as it was told.
     void theNodeDecides_data()
@@ -167,13 +150,10 @@ private Q_SLOTS:
             row({}, act, "50000", "15000", "14000 15000");
         for (const char *act : {"document:nan", "document:-inf"})
             row({}, act, "50000", "10000", "14000 10001");
-        QTest::newRow("DoubleSpinBox with a new factor")
-            << 1 << QStringList() << "script:n.setDisplayScalingFactor(0.5)"
-            << "50000"
-            << "20000";
-        QTest::newRow("BandwidthEdit with a new scale") << 2 << QStringList() << "script:n.setUnitScale(1000)"
-                                                        << "50000000"
-                                                        << "10000000";
+        // clang-format off
+        QTest::newRow("DoubleSpinBox with a new factor") << 1 << QStringList() << "script:n.setDisplayScalingFactor(0.5)" << "50000" << "20000";
+        QTest::newRow("BandwidthEdit with a new scale") << 2 << QStringList() << "script:n.setUnitScale(1000)" << "50000000" << "10000000";
+        // clang-format on
     }
 
     void theNodeDecides()
@@ -192,88 +172,9 @@ private Q_SLOTS:
         live.form->EvaluateScript("n.setMinimum(0); n.setMaximum(1000000)");
         QCOMPARE(Held(live, face), held);
         const double shown = told.toDouble() * (face.IsFrequency() ? 1 : Factor(live));
-        Type(live, face.Places.last().Field, FrequencyText::Plain(shown));
+        TypeOver(live.Find(face.Places.last().Field), FrequencyText::Plain(shown) + '\r');
         QVERIFY2(live.log.Seen().contains(told + ')') && live.Get("n")->isModified(), "a change");
         QVERIFY(Held(live, face).endsWith(told));
-    }
-
-    void aRangeNeverStandsInverted_data()
-    {
-        const auto row = Columns<QString, int, QString, QString>({"script", "field", "typed", "held"});
-        const char *narrowed = "n.setRange(500000, 500001); n.setMaximum(300000); n.setMaximum(1000000)";
-        row("narrowed and widened, then the start", narrowed, 0, "500 k", "500000 500001");
-        row("narrowed and widened, then the stop", narrowed, 1, "500 k", "299999 500000");
-        row("raised and lowered, then the stop",
-            "n.setRange(500000, 500001); n.setMinimum(700000); n.setMaximum(1000000); n.setMinimum(0)", 1, "500 k",
-            "499999 500000");
-        row("no room between the limits", "n.setMinimum(12000); n.setMaximum(12000)", 0, "15 k", "11999 12000");
-        row("limits the wrong way round", "n.setMaximum(5000); n.setMinimum(6000)", 1, "1 k", "6000 6001");
-    }
-
-    void aRangeNeverStandsInverted()
-    {
-        QFETCH(QString, script);
-        QFETCH(int, field);
-        QFETCH(QString, typed);
-        const Control &face = Faces[std::size(Faces) - 1];
-        LiveForm live(ControlOf(face, Limits));
-        live.form->EvaluateScript("n.setMaximum(1000000)");
-        for (const QString &line : script.split(';')) {
-            live.form->EvaluateScript(line);
-            const QStringList held = Held(live, face).split(' ');
-            QVERIFY2(held.at(0).toLongLong() < held.at(1).toLongLong(), qPrintable(line + ": " + held.join(' ')));
-        }
-        Type(live, face.Places.at(field).Field, typed);
-        QTest::keyClick(live.window->focusWidget(), Qt::Key_Escape);
-        QTEST(Held(live, face), "held");
-    }
-
-    /// However a frequency is spelled.
-    void documentsHoldWholeHertz_data()
-    {
-        QTest::addColumn<QString>("act");
-        for (const char *act : {"script:n.%1 = 2400000000", "script:n.%1 = 2400000000.9", "script:n.%1 = '2.4e9'",
-                 "property:%1=2.4e9", "document:2.4e9"})
-            AddRow(act, QString(act));
-    }
-
-    void documentsHoldWholeHertz()
-    {
-        QFETCH(QString, act);
-        for (const Control &face : Faces) {
-            if (!face.IsFrequency())
-                continue;
-            LiveForm live(ControlOf(face, {"value=String:15000"}));
-            Do(live, face, act);
-            const QString document = live.form->GetXmlString(false);
-            QVERIFY2(document.contains(">2400000000<"), qPrintable(document));
-            live.log.Watch("n", live.Get("n"));
-            live.form->SetXmlString(document);
-            QCOMPARE(live.log.Take(), face.IsRange() ? "" : "n.valueChanged(2400000000)");
-        }
-    }
-
-    /// Numbers that differ in the thirteenth digit, after an edit has left a double in the property.
-    void neighboursAreTwoNumbers_data()
-    {
-        QTest::addColumn<QString>("act");
-        for (const char *act : {"typed:%3", "script:n.setValue(%3)", "document:%3", "node:%3"})
-            AddRow(act, QString(act));
-    }
-
-    void neighboursAreTwoNumbers()
-    {
-        QFETCH(QString, act);
-        const auto heldAfter
-            = [&](const Control &face, const QStringList &properties, const char *before, const char *number) {
-                  LiveForm live(ControlOf(face, properties));
-                  Do(live, face, QString("typed:") + before);
-                  Do(live, face, QString(act).replace("%3", number));
-                  return Held(live, face);
-              };
-        QCOMPARE(heldAfter(Faces[1], {"singleStep=Double:5e-7", "decimals=Int:7"}, "1000000", "1000000.0000005"),
-            "1000000.0000005");
-        QCOMPARE(heldAfter(Faces[2], {}, "2000000000000", "2000000000001"), "2000000000001");
     }
 };
 

@@ -1,15 +1,11 @@
-// Numeric spin controls: limits and units, documents, and what operator, script and node each cause.
+// Numbers, lists of them and choices: limits, units and names, documents, and what operator, script and node each
+// cause.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
+#include "orbelcombobox.h"
 #include "valuenumeric.h"
+#include "valueselection.h"
 #include "vcnumericfloatspin.h"
-
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -21,15 +17,49 @@ IValueNumeric *Node(const LiveForm &live)
     return dynamic_cast<IValueNumeric *>(live.form->GetVTValue("n"));
 }
 
+struct LiveList : LiveForm {
+    LiveList(const QString &className, const QStringList &properties)
+        : LiveForm(Widget("n", className,
+            QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i", "value=Int:4"} + properties))
+    {
+        log.Watch("n", Get("n"));
+    }
+    /// What a script finds, as text.
+    QString Ask(const QString &expression) const
+    {
+        form->EvaluateScript("answer = '' + [" + expression + ']');
+        return form->GetScriptValues().value("answer").toString();
+    }
+    VCNumericFloatSpin *Spin(int index) const { return Find<VCNumericFloatSpin>(QString("n_%1").arg(index)); }
+    int Count() const { return window->findChildren<VCNumericFloatSpin *>().size(); }
+};
+
+/// A form with one combo box "c" over the enumeration "modes", whose rows are "display=value".
+struct Choice : LiveForm {
+    explicit Choice(const QString &rows, const QStringList &properties = {})
+        : LiveForm(
+            Widget("c", "ComboBox", QStringList{"enumName=String:modes", "generateParameterXml=Bool:true"} + properties)
+            + "</Sheet>" + Enum("modes", rows) + "<Sheet name='sheet'>"),
+          combo(Get<OrbelComboBox>("c")), box(Find<QComboBox>("c")),
+          node(dynamic_cast<ValueSelection *>(form->GetVTValue("c")))
+    {
+        log.Watch("c", combo);
+    }
+    /// What was told, the property and what is shown.
+    QString Found() { return log.Take() + '|' + combo->property("currentValue").toString() + '|' + box->currentText(); }
+
+    OrbelComboBox *combo;
+    QComboBox *box;
+    ValueSelection *node;
+};
+
 } // namespace
 
-class TestNumbers : public QObject
+class TestNumbers : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void properties_data()
     {
         const auto row = Columns<QString, QStringList, QString, QString, QString>(
@@ -38,41 +68,35 @@ private Q_SLOTS:
             "minimum=Int:10", "maximum=Int:20", "singleStep=Int:2", "displayScalingFactor=Double:0.5"};
         const char *set = "n.setMinimum(5); n.setMaximum(30); n.setSingleStep(3)";
         const char *scaled = "20 40 4 w<br>10...20 10.0";
+        // clang-format off
         row("limits of integers are scaled only at first", "SpinBox", half, set, scaled, "5 30 3 w<br>5...30 10.0");
         row("limits of doubles are always scaled", "DoubleSpinBox", half, set, scaled, "10 60 6 w<br>5...30 10.0");
-        row("limits of 64 bits are always scaled", "BandwidthEdit", half, set, scaled, "10 60 6 w<br>5...30 10.0");
-        row("a new factor", "DoubleSpinBox", half, "n.setDisplayScalingFactor(0.25)", scaled,
-            "40 80 8 w<br>10...20 10.0");
+        row("a new factor", "DoubleSpinBox", half, "n.setDisplayScalingFactor(0.25)", scaled, "40 80 8 w<br>10...20 10.0");
         row("a new factor counts for no integer", "SpinBox", half, "n.displayScalingFactor = 1", scaled, scaled);
-        row("bounds of 64 bits drop out of the tooltip when set", "BandwidthEdit",
-            {"minimum=Int:1", "maximum=Int:3000000000"}, "n.setMinimum(2)", "1 3e+09 1 w<br>1...3000000000 1",
-            "2 3e+09 1 w<br>2... 2");
-        row("the upper bound alone", "DoubleSpinBox", {"maximum=Int:10", "decimals=Int:1"}, "n.setDecimals(2)",
-            "-1e+308 10 1 w<br>...10.0 0.0", "-1e+308 10 1 w<br>...10.0 0.00");
+        row("bounds of 64 bits drop out of the tooltip when set", "BandwidthEdit", {"minimum=Int:1", "maximum=Int:3000000000"}, "n.setMinimum(2)", "1 3e+09 1 w<br>1...3000000000 1", "2 3e+09 1 w<br>2... 2");
+        // clang-format on
         const QStringList texts{"prefix=String:<", "suffix=String:s", "wrapping=Bool:true", "minimum=Int:0"};
         const char *change = "n.setPrefix('['); n.setSuffix('m'); n.setWrapping(false); n.setMaximum(9)";
-        row("texts of integers", "SpinBox", texts, change, "0 2.14748e+09 1 w<br>0... <0s wraps",
-            "0 9 1 w<br>0...9 [0m");
-        row("texts of doubles", "DoubleSpinBox", texts, change, "0 1e+308 1 w<br>0... <0s wraps",
-            "0 9 1 w<br>0...9 [0m");
+        // clang-format off
+        row("texts of doubles", "DoubleSpinBox", texts, change, "0 1e+308 1 w<br>0... <0s wraps", "0 9 1 w<br>0...9 [0m");
+        // clang-format on
         const QStringList scale{"unitScale=UInt64:1000", "value=Int64:1500000", "minimum=Int:10"};
         const char *kilo = "10000 1e+308 1000 w<br>10... 1 500.000 kHz";
-        row("mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo,
-            "1e+07 1e+308 1e+06 w<br>10... 10.000 000 MHz");
-        row("giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo,
-            "0 1e+308 1e+09 w<br>0... 0.001 500 000 GHz");
+        // clang-format off
+        row("mega", "BandwidthEdit", scale, "n.setUnitScale(1000000)", kilo, "1e+07 1e+308 1e+06 w<br>10... 10.000 000 MHz");
+        row("giga", "BandwidthEdit", scale, "n.setMinimum(0); n.setUnitScale(1000000000)", kilo, "0 1e+308 1e+09 w<br>0... 0.001 500 000 GHz");
+        // clang-format on
         const char *hertz = "10 1e+308 1 w<br>10... 1 500 000 Hz";
+        // clang-format off
         row("any other scale", "BandwidthEdit", scale, "n.setUnitScale(10)", kilo, hertz);
-        row("any text for a scale", "BandwidthEdit", scale, "n.setUnitScale('MHz')", kilo, hertz);
-        row("a scale wins over what else is stated", "BandwidthEdit",
-            scale + QStringList{"suffix=String:x", "singleStep=Int:5", "decimals=Int:5"}, "", kilo, kilo);
+        row("a scale wins over what else is stated", "BandwidthEdit", scale + QStringList{"suffix=String:x", "singleStep=Int:5", "decimals=Int:5"}, "", kilo, kilo);
+        // clang-format on
     }
 
     void properties()
     {
-        QFETCH(QString, script);
-        QFETCH(QString, className);
-        QFETCH(QStringList, properties);
+        auto [className, properties, script]
+            = Fetch<QString, QStringList, QString>({"className", "properties", "script"});
         const ContextTranslator translator("n");
         LiveForm live(Widget("n", className,
             properties << "labelText=String:w"
@@ -98,15 +122,14 @@ private Q_SLOTS:
             AddRow(name, className, properties, "<n" + written + "</n>", read, announced, node);
         };
         const QString one("decimals=Int:1"), offset("displayAdditiveOffset=Int:1"), unit("unit=String:s");
+        // clang-format off
         row("integer with offset", "SpinBox", {"value=Int:5", offset}, ">4", "4", "5", 5);
         row("no number reads as 0", "SpinBox", {"value=Int:5", unit}, " unit=\"s\">5", "x", "0", 0);
-        row("whole with one place", "DoubleSpinBox", {"value=Double:3", one}, ">3", "2.5", "2.5", 2.5);
         row("rounded to whole with one place", "DoubleSpinBox", {"value=Double:3.04", one}, ">3", "x", "0", 0);
         row("fraction with one place", "BaudRateSpinBox", {"value=Double:12.5", one}, ">12.5", "7", "7", 7);
-        row("two places", "DoubleSpinBox", {"value=Double:3", "decimals=Int:2", unit}, " unit=\"s\">3.00", "1", "1", 1);
-        row("64 bits as they stand", "BandwidthEdit", {"value=Int64:007", unit}, " unit=\"s\">007", "9000000001",
-            "9000000001", 9000000001);
+        row("64 bits as they stand", "BandwidthEdit", {"value=Int64:007", unit}, " unit=\"s\">007", "9000000001", "9000000001", 9000000001);
         row("64 bits with an exponent are announced as 0", "BandwidthEdit", {"value=Int64:1"}, ">1", "1e7", "0", 1e7);
+        // clang-format on
     }
 
     void documents()
@@ -146,6 +169,192 @@ private Q_SLOTS:
         QCOMPARE(names, QStringList({"tag", "", "c"}));
         live.form->EvaluateScript("b.setValue(7); b.setMaximum(8)");
         QVERIFY(live.form->GetXmlString(false).contains(">7<"));
+    }
+
+    void counts_data()
+    {
+        const auto row = Columns<QString, QStringList, int>({"className", "properties", "count"});
+        const QString shifts("shiftCount=Int:3"), huge("itemCount=Int:2147483647");
+        row("shifts when no items are stated", "ShiftList", QStringList{shifts}, 3);
+        row("stating no items wins", "ShiftList", QStringList{"itemCount=Int:0", shifts}, 0);
+        row("integers have no shifts", "SpinBoxList", QStringList{shifts}, 0);
+    }
+
+    void counts()
+    {
+        const auto [className, properties] = Fetch<QString, QStringList>({"className", "properties"});
+        LiveList live(className, properties);
+        QTEST(live.Count(), "count");
+        live.form->EvaluateScript("n.itemCount = 7; n.shiftCount = 7");
+        QCOMPARE(live.form->GetXmlString(false).count("<i "), live.Count());
+    }
+
+    void items_data()
+    {
+        const auto row = Columns<QString>({"className"});
+        row("integers", "SpinBoxList");
+        row("doubles", "DoubleSpinBoxList");
+    }
+
+    void items()
+    {
+        QFETCH(QString, className);
+        LiveList live(className, {"itemCount=Int:3", "maximum=Int:9", "labelText=String:w"});
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
+        QCOMPARE(live.Ask("n.itemValue(0), n.itemValue(2), n.itemValue(-1), n.itemValue(3)"), QString("4,4,0,0"));
+        const auto told = [&](const QString &arguments) {
+            const QString shift = " n.shiftValueChanged(" + arguments + ')';
+            return "n.valueChanged(" + arguments + ')' + (className == "SpinBoxList" ? QString() : shift);
+        };
+        live.form->EvaluateScript("n.setItemValue(1, 12); n.setItemValue(3, 1); n.setItemValue(-1, 1)");
+        QCOMPARE(live.log.Take(), told("1, 9"));
+        QVERIFY(live.Get("n")->isModified());
+        QCOMPARE(live.Spin(1)->text() + live.Spin(1)->toolTip(), QString("9<html>w<br>...9"));
+        QVERIFY2(live.Spin(1)->minimumWidth() == live.Find("n")->width(), "as wide as the list");
+        live.Spin(2)->setFocus();
+        QTest::keyClick(live.Spin(2), Qt::Key_Up);
+        QCOMPARE(live.log.Take(), told("2, 5"));
+        live.form->EvaluateScript("n.setShiftValue ? n.setShiftValue(0, 3) : n.setItemValue(0, 3)");
+        QCOMPARE(live.log.Take(), told("0, 3"));
+        QCOMPARE(live.Ask("n.shiftValue ? n.shiftValue(0) : n.itemValue(0), n.value"), QString("3,4"));
+
+        Tree::Instance()->RemoveNode("/Form/n_0");
+        live.form->EvaluateScript("n.setItemValue(0, 7); n.setItemValue(2, 7)");
+        QCOMPARE(live.log.Take(), told("0, 7"));
+        QCOMPARE(live.Spin(0)->text() + live.Spin(1)->text(), QString("37"));
+    }
+
+    void documentsOfLists_data()
+    {
+        const auto row
+            = Columns<QString, QStringList, QString, QString>({"className", "properties", "read", "written"});
+        const QStringList none, offset{"displayAdditiveOffset=Int:1", "unit=String:s"}, place{"decimals=Int:1"};
+        row("an item without a number counts on", "SpinBoxList", none, "<i index='1'>5</i><x>6</x>", "0>4 1>5 2>6");
+        row("integers take no offset", "SpinBoxList", offset, "<i>5</i>", "0>5 1>4 2>4");
+        row("one place stays with doubles", "ShiftList", place, "<i>3</i><i>x</i>", "0>3.0 1>0.0 2>4.0");
+        row("entries without a name", "SpinBoxList", {"parameterListItemTag=String:"}, "<i>5</i>", "0>5 1>4 2>4");
+    }
+
+    void documentsOfLists()
+    {
+        const auto [className, properties, read]
+            = Fetch<QString, QStringList, QString>({"className", "properties", "read"});
+        LiveList live(className, properties + QStringList{"itemCount=Int:3"});
+        live.form->SetXmlString("<Parameters><n>" + read + "</n></Parameters>");
+        QVERIFY2(live.log.Take().startsWith("n.valueChanged("), "reading tells like an operator");
+        const QString tag = properties.contains("parameterListItemTag=String:") ? "" : "i";
+        const QString start = '<' + tag + (properties.contains("unit=String:s") ? " unit=\"s\" index=\"" : " index=\"");
+        const QString document = live.form->GetXmlString(false).section("<n>", 1).section("</n>", 0, 0);
+        QTEST(QString(document).remove(start).remove('"').remove("</" + tag + '>').simplified(), "written");
+    }
+
+    void nothingReachesIntegers()
+    {
+        LiveList live("SpinBoxList", {"itemCount=Int:2", "enabled=Bool:true", "prefix=String:("});
+        live.form->EvaluateScript("n.setPrefix('['); n.setEnabled(0, false); n.setEnabled(false); n.setFocus()");
+        live.Spin(1)->setFocus();
+        QTest::keyClicks(live.Spin(1), "7");
+        live.form->EnableInput(false);
+        QVERIFY2(live.Spin(1)->text().contains('7') && live.window->focusWidget() == live.Spin(1), "typing goes on");
+        QCOMPARE(live.Ask("n.isEnabled(0), n.isEnabled(2), n.value, n.prefix"), QString("false,false,[,("));
+        QVERIFY(live.Spin(0)->isEnabled() && live.Spin(0)->prefix() == "(" && !live.Spin(0)->hasFocus());
+    }
+
+    void enabledItems()
+    {
+        LiveList live("DoubleSpinBoxList", {"itemCount=Int:3", "enabled=Bool:true", "prefix=String:("});
+        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
+        const QString question("n.isEnabled(0), n.isEnabled(1), n.isEnabled(2), n.isEnabled(3)");
+        live.form->EvaluateScript("n.setPrefix('['); n.setEnabled(1, false); n.setEnabled(3, true); n.setFocus()");
+        QCOMPARE(live.Ask(question), QString("true,false,true,false"));
+        QVERIFY(live.Spin(0)->hasFocus() && live.Spin(2)->prefix() == "[");
+        live.form->EnableInput(false);
+        live.form->EvaluateScript("n.setEnabled(2, false); n.setEnabled(2, true); n.setEnabled(0, false)");
+        QCOMPARE(live.Ask(question), QString("false,false,false,false"));
+        live.form->EnableInput(true);
+        QCOMPARE(live.Ask(question), QString("false,false,true,false"));
+        live.form->EvaluateScript("n.setEnabled(false); n.setMaximum(1)");
+        live.form->EnableInput(false);
+        live.form->EnableInput(true);
+        QVERIFY2(live.Spin(2)->isEnabled(), "the items' own state counts");
+        QCOMPARE(live.Spin(2)->maximum(), 1e308);
+    }
+
+    void scriptChoice_data()
+    {
+        const auto row = Columns<QString, QString, QString>({"rows", "script", "found"});
+        const QString numbers("Low=-5 Mid=2.5 High=10"), words("Am=a Fm=f Cw=c");
+        row("unknown in the definition is the first", words, "", "|a|Am");
+        row("first despite its name", words, "c.setFirstValueAsCurrent('c')", "|c|Cw");
+        row("a number is the row not below", numbers, "c.setCurrentValue('3')", "|10|High");
+        row("an unknown text counts as 0", numbers, "c.setCurrentValue('x')", "|2.5|Mid");
+        row("a number above all rows", numbers, "c.setCurrentValue('11')", "|11|Low");
+        row("words count from 0", words, "c.setCurrentValue('1.5')", "|c|Cw");
+        row("no rows", "", "c.setCurrentValue('3')", "|3|");
+    }
+
+    void scriptChoice()
+    {
+        const auto [script, rows] = Fetch<QString, QString>({"script", "rows"});
+        Choice choice(rows, {"currentValue=String:unknown"});
+        choice.form->EvaluateScript(script);
+        QTEST(choice.Found(), "found");
+        QVERIFY(!choice.combo->isModified());
+        const QString value = choice.combo->property("currentValue").toString();
+        QVERIFY(choice.form->GetXmlString(false).contains("<c>" + value + "</c>"));
+    }
+
+    void operatorsChoice_data()
+    {
+        const auto row = Columns<QString, QString>({"rows", "found"});
+        row("another row", "Am=a Fm=f", "c.currentValueChanged(f)|f|Fm");
+        row("of equal names the first", "Fm=f Cw=c Fm=c", "c.currentValueChanged(f)|f|Fm");
+        row("an equal value text tells nothing", "Am=a Fm=a", "|a|Fm");
+    }
+
+    void operatorsChoice()
+    {
+        QFETCH(QString, rows);
+        Choice choice(rows);
+        QVERIFY(QTest::qWaitForWindowActive(choice.window.get()));
+        choice.form->EvaluateScript("c.setCurrentValue('c'); c.setFocus()");
+        choice.log.Take();
+        QTest::keyClick(choice.box, rows.startsWith("Fm") ? Qt::Key_End : Qt::Key_Down);
+        QTEST(choice.Found(), "found");
+    }
+
+    void hostsChoice()
+    {
+        Choice choice("Low=1 Mid=5 High=9");
+        QVERIFY(choice.combo->setMinValueGreaterThanOrEqualTo(1.5));
+        QCOMPARE(choice.Found(), QString("c.currentValueChanged(5)|5|Mid"));
+        QVERIFY(choice.combo->isModified() && !choice.combo->setMinValueGreaterThanOrEqualTo(9.5));
+        QCOMPARE(choice.combo->getCurrentValue(), 5.0);
+        choice.node->DeleteItems(choice.combo);
+        choice.node->AddItem("Own", 3, 1, nullptr);
+        QCOMPARE(choice.Found(), QString("c.currentValueChanged(1)|1|Own"));
+    }
+
+    void changedDefinition_data()
+    {
+        const auto row = Columns<QString, QString>({"enums", "found"});
+        row("the name still exists", Enum("modes", "New=n Fm=x"), "|f|Fm");
+        row("the name is gone", Enum("modes", "New=n"), "|f|New");
+        row("another enumeration", Enum("others", "Own=o Fm=y"), "|f|others:Fm");
+        row("no rows", Enum("modes", ""), "|f|");
+    }
+
+    void changedDefinition()
+    {
+        QFETCH(QString, enums);
+        const ContextTranslator translator("others");
+        Choice choice("Am=a Fm=f", {"currentValue=String:f"});
+        choice.combo->setEnumName(enums.contains("others") ? "others" : "modes");
+        choice.form->SetChangedORBEL("<ZkParamGui>" + enums + "</ZkParamGui>");
+        QTEST(choice.Found(), "found");
+        choice.form->EvaluateScript("c.setEnumName('unknown')");
+        choice.form->SetChangedORBEL("<ZkParamGui/>");
+        QTEST(choice.Found(), "found");
     }
 };
 

@@ -1,20 +1,14 @@
 // What an operator types or pastes: what each kind of field understands, shows and applies. Besides a table of texts
-// there are random ones, as many as ORBEL_TYPED_STEPS says, of which fields get each tenth; ORBEL_TYPED_SEED varies
+// there are random ones, as many as ORBEL_TYPED_STEPS says; ORBEL_TYPED_SEED varies
 // them, and a run of more than five minutes wants QTEST_FUNCTION_TIMEOUT, in milliseconds.
 
 #include "fieldnote.h"
 #include "frequencytext.h"
 #include "liveform.h"
 #include "numberreader.h"
-#include "testmain.h"
-#include "tree.h"
 #include "vclineedit.h"
 
 #include <cmath>
-#include <QClipboard>
-#include <QtTest>
-
-using namespace KV218;
 
 namespace
 {
@@ -48,18 +42,16 @@ const QMap<QString, Field> Fields = [] {
 NumberReader Reader(const QString &kind, const QLocale &locale)
 {
     NumberReader reader = NumberReader::OfHertz(locale);
-    reader.IsFrequency = kind != "number dBm" && kind != "integer";
+    reader.IsFrequency = kind != "number dBm";
     if (kind.startsWith("box")) {
         reader.TakesShownUnit = true;
         reader.IsWhole = true;
         reader.Suffix = kind.mid(4);
         reader.ShownPower = FrequencyText::PowerOfUnit(reader.Suffix).value_or(0);
         reader.Decimals = reader.ShownPower;
-    } else if (kind == "number dBm") {
+    } else if (!reader.IsFrequency) {
         reader.Suffix = " dBm";
         reader.Decimals = 2;
-    } else if (kind == "integer") {
-        reader.Decimals = 0;
     }
     return reader;
 }
@@ -71,162 +63,87 @@ constexpr struct { const char *Kind, *Text, *Note, *Applied; } Texts[] = {
     // An integer is in hertz where that lies within the limits, else in the shown unit; a number with a point the other way.
     {"MHz",        "145.5",                       "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "145,5",                       "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "145",                         "= 145.000 000 MHz",                  "145000000"},
     {"MHz",        "9",                           "= 9.000 000 MHz",                    "9000000"},
-    {"MHz",        "8999",                        "= 8.999 000 000 GHz",                "8999000000"},
     {"MHz",        "9000",                        "= 9.000 kHz",                        "9000"},
-    {"MHz",        "145500000",                   "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "145500",                      "= 145.500 kHz",                      "145500"},
     {"MHz",        "145500000.0",                 "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "27000",                       "= 27.000 kHz",                       "27000"},
-    {"MHz",        "27000.0",                     "= 27.000 kHz",                       "27000"},
-    {"MHz",        "26500.0",                     "= 26.500 000 000 GHz",               "26500000000"},
     {"MHz",        "0",                           "below 9 kHz",                        nullptr},
-    {"MHz",        "0.008",                       "below 9 kHz",                        nullptr},
     {"MHz",        "0.009",                       "= 9.000 kHz",                        "9000"},
     {"MHz",        "26500000001",                 "above 26.5 GHz",                     nullptr},
     {"MHz",        "-145.5",                      "below 9 kHz",                        nullptr},
     {"kHz",        "12.5",                        "= 12.500 kHz",                       "12500"},
-    {"kHz",        "12",                          "= 12.000 kHz",                       "12000"},
     {"kHz",        "8",                           "below 9 kHz",                        nullptr},
     {"kHz",        "145500.5",                    "= 145.500 500 MHz",                  "145500500"},
-    {"kHz",        "8999",                        "= 8.999 000 MHz",                    "8999000"},
-    {"GHz",        "2.4",                         "= 2.400 000 000 GHz",                "2400000000"},
-    {"GHz",        "26",                          "= 26.000 000 000 GHz",               "26000000000"},
     {"GHz",        "27",                          "above 26.5 GHz",                     nullptr},
     {"GHz",        "145500.0",                    "= 145.500 kHz",                      "145500"},
     {"Hz",         "145.5",                       "= 146 Hz",                           "146"},
     {"Hz",         "20001",                       "above 20 kHz",                       nullptr},
-    {"Hz",         "-1",                          "below 0 Hz",                         nullptr},
-    {"Hz",         "15 kHz",                      "= 15.000 kHz",                       "15000"},
     {"Hz",         "12.5k",                       "= 12.500 kHz",                       "12500"},
-    {"Hz",         "9000",                        "= 9.000 kHz",                        "9000"},
     {"open MHz",   "145",                         "= 145 Hz",                           "145"},
-    {"open MHz",   "145.5",                       "= 145.500 000 MHz",                  "145500000"},
     {"open MHz",   "-3",                          "= -3 Hz",                            "-3"},
     {"reader",     "145.5",                       "= 145.5 Hz",                         "145.5"},
-    {"reader",     "99999999999",                 "= 99.999 999 999 GHz",               "99999999999"},
     {"large",      "145.5",                       "= 145.500 000 MHz",                  "145500000"},
-    {"large",      "145",                         "= 145.000 000 MHz",                  "145000000"},
     {"large",      "90g",                         "above 26.5 GHz",                     nullptr},
-    {"large",      "8",                           "= 8.000 000 MHz",                    "8000000"},
-    {"large",      "abc",                         "no number",                          nullptr},
-    {"large",      "M145",                        "no number",                          nullptr},
-    {"large",      "145.5 M",                     "= 145.500 000 MHz",                  "145500000"},
-    {"large",      "145500 kHz",                  "= 145.500 000 MHz",                  "145500000"},
     {"start",      "144.8",                       "= 144.800 000 MHz",                  "144800000"},
-    {"start",      "8",                           "= 8.000 000 MHz",                    "8000000"},
-    {"start",      "8 k",                         "= 8.000 kHz",                        "8000"},
     {"start",      "26.5 G",                      "above 26.499 999 999 GHz",           nullptr},
     {"start",      "300",                         "= 300.000 000 MHz",                  "300000000"},
-    {"stop",       "146",                         "= 146.000 000 MHz",                  "146000000"},
     {"stop",       "26.5 G",                      "= 26.500 000 000 GHz",               "26500000000"},
     {"stop",       "8 k",                         "below 8.001 kHz",                    nullptr},
     {"stop",       "50",                          "= 50.000 000 MHz",                   "50000000"},
     // Units.
-    {"open Hz",    "145.5M",                      "= 145.500 000 MHz",                  "145500000"},
     {"open Hz",    "145.5 mhz",                   "= 145.500 000 MHz",                  "145500000"},
-    {"open Hz",    "145500000 hZ",                "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "145500 k",                    "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "9000 Hz",                     "= 9.000 kHz",                        "9000"},
     {"MHz",        "9 Hz",                        "below 9 kHz",                        nullptr},
-    {"MHz",        "2.4 GHZ",                     "= 2.400 000 000 GHz",                "2400000000"},
     {"MHz",        "1g",                          "= 1.000 000 000 GHz",                "1000000000"},
     {"MHz",        "26.6 G",                      "above 26.5 GHz",                     nullptr},
     {"MHz",        "145.5 MH",                    "",                                   nullptr},
     {"MHz",        "145.5 H",                     "",                                   nullptr},
     {"MHz",        "145.5 MB",                    "unknown unit \"MB\"",                nullptr},
     {"MHz",        "1e6",                         "unknown unit \"e6\"",                nullptr},
-    {"MHz",        "145.5x",                      "unknown unit \"x\"",                 nullptr},
-    {"MHz",        "100 megahertz ago",           "unknown unit \"megahertzago\"",      nullptr},
     {"MHz",        "145.5 M-5",                   "unknown unit \"M-5\"",               nullptr},
     {"MHz",        "MHz",                         "no number",                          nullptr},
     {"MHz",        "nan",                         "no number",                          nullptr},
-    {"MHz",        "inf",                         "no number",                          nullptr},
-    {"MHz",        "0x10",                        "unknown unit \"x10\"",               nullptr},
     {"MHz",        "",                            "",                                   nullptr},
-    {"MHz",        "  ",                          "",                                   nullptr},
     {"MHz",        "-",                           "",                                   nullptr},
-    {"MHz",        "+",                           "",                                   nullptr},
     {"MHz",        ".",                           "",                                   nullptr},
     {"MHz",        "..",                          "two decimal points",                 nullptr},
     // Points and groups.
     {"MHz",        "145.500.000",                 "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "145,500,000",                 "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "1.234.567,8",                 "= 1.234 568 MHz",                    "1234568"},
-    {"MHz",        "1,234,567.8 Hz",              "= 1.234 568 MHz",                    "1234568"},
     {"MHz",        "1,234.5",                     "= 1.234 500 000 GHz",                "1234500000"},
-    {"MHz",        "1.234,5",                     "= 1.234 500 000 GHz",                "1234500000"},
     {"MHz",        "1.234,567,890 G",             "= 1.234 567 890 GHz",                "1234567890"},
     {"MHz",        "1.5,000,000",                 "groups have three digits",           nullptr},
     {"MHz",        "1.2.3",                       "two decimal points",                 nullptr},
     {"MHz",        "145.5.",                      "two decimal points",                 nullptr},
     {"MHz",        "1.234.5",                     "",                                   nullptr},
-    {"MHz",        "1.234.",                      "",                                   nullptr},
     {"MHz",       "1.234.5 k",                   "two decimal points",                 nullptr},
-    {"reader",    "-0.4 Hz",                     "= -0.4 Hz",                          "-0.4"},
     {"open Hz",   "-0.4 Hz",                     "= 0 Hz",                             "0"},
-    {"MHz",        "1.2345.678",                  "two decimal points",                 nullptr},
-    {"MHz",        "12,34.5",                     "two decimal points",                 nullptr},
     {"MHz",        "1,2,3,4",                     "groups have three digits",           nullptr},
     {"MHz",        "1.234.567,890,123",           "groups have three digits",           nullptr},
-    {"MHz",        "145'500'000",                 "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "_145_500_000 Hz'",            "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "145\u2019500\u2019000",       "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        " 145 . 5 M Hz ",              "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "144.800 000 MHz",             "= 144.800 000 MHz",                  "144800000"},
     {"MHz",        "144\u00a0" "800\u202f" "000\u2009", "= 144.800 000 MHz",                  "144800000"},
     {"MHz",        "\ufeff\u200e" "145.5\u200b",  "= 145.500 000 MHz",                  "145500000"},
-    {"MHz",        "14 5,5",                      "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        ".5",                          "= 500.000 kHz",                      "500000"},
     {"MHz",        "5.",                          "= 5.000 000 MHz",                    "5000000"},
     {"MHz",        "+5",                          "= 5.000 000 MHz",                    "5000000"},
     {"reader",     "\u2212" "3",                  "= -3 Hz",                            "-3"},
-    {"reader",     "-12.5k",                      "= -12.500 kHz",                      "-12500"},
     {"reader",     "-0",                          "= 0 Hz",                             "0"},
     {"reader",     "\u0661\u0662k",               "= 12.000 kHz",                       "12000"},
     {"reader",     "\U0001d7d9\U0001d7da",        "= 12 Hz",                            "12"},
     {"reader",     "--3",                         "no number",                          nullptr},
     // Whole hertz.
-    {"MHz",        "145.5000004",                 "= 145.500 000 MHz",                  "145500000"},
     {"MHz",        "145.5000005",                 "= 145.500 001 MHz",                  "145500001"},
     {"MHz",        "26500.0000004",               "= 26.500 000 000 GHz",               "26500000000"},
     {"MHz",        "8999.5 Hz",                   "= 9.000 kHz",                        "9000"},
-    {"reader",     "0.000000001 GHz",             "= 1 Hz",                             "1"},
     {"reader",     "1.0000005M",                  "= 1.000 000 5 MHz",                  "1000000.5"},
     // Boxes.
-    {"box Hz",     "15k",                         "= 15.000 kHz",                       "15000"},
-    {"box Hz",     "15 kHz",                      "= 15.000 kHz",                       "15000"},
     {"box Hz",     "15kHzHz",                     "= 15.000 kHz",                       "15000"},
-    {"box Hz",     "15 Hz",                       "= 15 Hz",                            "15"},
     {"box Hz",     "15Hz Hz",                     "= 15 Hz",                            "15"},
-    {"box Hz",     "15",                          "= 15 Hz",                            "15"},
-    {"box Hz",     "15.4",                        "= 15 Hz",                            "15"},
-    {"box Hz",     "Hz",                          "",                                   nullptr},
     {"box Hz",     "15kH Hz",                     "",                                   nullptr},
-    {"box Hz",     "x Hz",                        "no number",                          nullptr},
-    {"box kHz",    "12.5",                        "= 12.500 kHz",                       "12500"},
-    {"box kHz",    "12",                          "= 12.000 kHz",                       "12000"},
-    {"box kHz",    "12500 Hz kHz",                "= 12.500 kHz",                       "12500"},
     {"box kHz",    "2 MkHz",                      "= 2.000 000 MHz",                    "2000000"},
     {"box kHz",    "1.0015",                      "= 1.002 kHz",                        "1002"},
-    {"box MHz",    "0.0000005",                   "= 1 Hz",                             "1"},
-    {"box MHz",    "1 kHz",                       "= 1.000 kHz",                        "1000"},
-    {"number dBm", "-12.5",                       "= -12.5 dBm",                        nullptr},
-    {"number dBm", "-12,50 dbm",                  "= -12.5 dBm",                        nullptr},
     {"number dBm", "-12.5 dBm dBm",               "= -12.5 dBm",                        nullptr},
-    {"number dBm", "1 000.25",                    "= 1000.25 dBm",                      nullptr},
-    {"number dBm", "1.234,5",                     "= 1234.5 dBm",                       nullptr},
-    {"number dBm", "1.255",                       "at most 2 digits behind the point",  nullptr},
-    {"number dBm", "5 dB",                        "",                                   nullptr},
-    {"number dBm", "5k",                          "unknown unit \"k\"",                 nullptr},
-    {"number dBm", "5 k dBm",                     "unknown unit \"k\"",                 nullptr},
     {"number dBm", "- dBm",                       "",                                   nullptr},
-    {"integer",    "1.000",                       "= 1",                                nullptr},
-    {"integer",    "1.000.000",                   "= 1000000",                          nullptr},
-    {"integer",    "1 000",                       "= 1000",                             nullptr},
-    {"integer",    "1.5",                         "whole numbers only",                 nullptr},
-    {"integer",    "5k",                          "unknown unit \"k\"",                 nullptr},
 };
 // clang-format on
 
@@ -235,9 +152,11 @@ const QMap<QString, Field> Boxes{
     {"dB", {"DoubleSpinBox", {"minimum=Double:-10", "maximum=Double:100", "decimals=Int:2", "suffix=String: dB"}}},
     {"count", {"SpinBox", {"minimum=Int:0", "maximum=Int:1000"}}},
     {"off", {"SpinBox", {"minimum=Int:0", "maximum=Int:1000", "suffix=String: s", "specialValueText=String:off"}}},
-    {"Hz", {"BandwidthEdit", {"unitScale=UInt64:1", "minimum=Int64:100", "maximum=Int64:10000000", "value=Int64:1000"}}},
+    {"Hz",
+        {"BandwidthEdit", {"unitScale=UInt64:1", "minimum=Int64:100", "maximum=Int64:10000000", "value=Int64:1000"}}},
     {"kHz", {"BandwidthEdit", {"unitScale=UInt64:1000", "minimum=Int64:1", "maximum=Int64:5000", "value=Int64:12500"}}},
-    {"MHz", {"DoubleSpinBox", {"suffix=String: MHz", "decimals=Int:6", "minimum=Double:0.009", "maximum=Double:26500"}}},
+    {"MHz",
+        {"DoubleSpinBox", {"suffix=String: MHz", "decimals=Int:6", "minimum=Double:0.009", "maximum=Double:26500"}}},
     {"3 MHz", {"DoubleSpinBox", {"suffix=String: mhz", "decimals=Int:3", "maximum=Double:26500"}}},
     {"unit", {"DoubleSpinBox", {"unit=String:kHz", "decimals=Int:3", "maximum=Double:5000"}}},
     {"scaled", {"DoubleSpinBox", {"unit=String:Hz", "displayScalingFactor=Double:0.001", "decimals=Int:3"}}},
@@ -251,77 +170,43 @@ const QMap<QString, Field> Boxes{
 constexpr struct { const char *Kind, *Text, *Note, *Shown, *Applied; } BoxTexts[] = {
     {"dB",       "7.25",          "",                                  "7.25 dB",          "7.25"},
     {"dB",       "7,25",          "= 7.25 dB",                         "7.25 dB",          "7.25"},
-    {"dB",       "-7",            "",                                  "-7.00 dB",         "-7"},
     {"dB",       "\u2212" "7",     "= -7 dB",                           "-7.00 dB",         "-7"},
-    {"dB",       "7 dB",          "= 7 dB",                            "7.00 dB",          "7"},
     {"dB",       "7DB",           "= 7 dB",                            "7.00 dB",          "7"},
     {"dB",       "7 d",           "",                                  nullptr,            nullptr},
-    {"dB",       "7.250",         "= 7.25 dB",                                  "7.25 dB",          "7.25"},
     {"dB",       "7.255",         "at most 2 digits behind the point", nullptr,            nullptr},
     {"dB",       "0.000.001",     "= 1 dB",                            "1.00 dB",          "1"},
-    {"dB",       "500",           "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
-    {"dB",       "1.000.000",     "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
     {"dB",       "1.000,5",       "above 100 dB: 100 dB is taken",     "100.00 dB",        "100"},
     {"dB",       "-11",           "below -10 dB: -10 dB is taken",     "-10.00 dB",        "-10"},
-    {"dB",       "1 2",           "= 12 dB",                           "12.00 dB",         "12"},
-    {"dB",       "15k",           "unknown unit \"k\"",                nullptr,            nullptr},
     {"dB",       "7 MHz",         "unknown unit \"MHz\"",              nullptr,            nullptr},
-    {"dB",       "1e1",           "unknown unit \"e1\"",               nullptr,            nullptr},
-    {"dB",       "1.2.3",         "two decimal points",                nullptr,            nullptr},
     {"dB",       "x",             "no number",                         nullptr,            nullptr},
-    {"dB",       "-",             "",                                  nullptr,            nullptr},
     {"dB",       "",              "",                                  nullptr,            nullptr},
-    {"count",    "12",            "",                                  "12",               "12"},
     {"count",    "1'000",         "= 1000",                            "1000",             "1000"},
     {"count",    "1.000",         "= 1",                               "1",                "1"},
-    {"count",    "1.000.000",     "above 1000: 1000 is taken",         "1000",             "1000"},
     {"count",    "7.6",           "whole numbers only",                nullptr,            nullptr},
     {"count",    "-1",            "below 0: 0 is taken",               "0",                "0"},
-    {"count",    "99999999999",   "above 1000: 1000 is taken",         "1000",             "1000"},
     {"off",      "Off",           "= off",                                  "off",              "0"},
     {"off",      "7 s",           "= 7 s",                                  "7 s",              "7"},
     {"off",      "of",            "no number",                         nullptr,            nullptr},
-    {"Hz",       "15000",         "",                                  "15 000 Hz",          "15000"},
     {"Hz",       "15k",           "= 15.000 kHz",                      "15 000 Hz",          "15000"},
-    {"Hz",       "15 kHz",        "= 15.000 kHz",                      "15 000 Hz",          "15000"},
-    {"Hz",       "15KHZ",         "= 15.000 kHz",                      "15 000 Hz",          "15000"},
     {"Hz",       "2.5 M",         "= 2.500 000 MHz",                   "2 500 000 Hz",        "2500000"},
     {"Hz",       "1 GHz",         "above 10 MHz: 10 MHz is taken",     "10 000 000 Hz",       "10000000"},
     {"Hz",       "50",            "below 100 Hz: 100 Hz is taken",     "100 Hz",            "100"},
     {"Hz",       "150.6",         "= 151 Hz",                          "151 Hz",            "151"},
-    {"Hz",       "15 kB",         "unknown unit \"kB\"",               nullptr,            nullptr},
-    {"kHz",      "12.5",          "",                                  "12.500 kHz",        "12500"},
     {"kHz",      "12500 Hz",      "= 12.500 kHz",                      "12.500 kHz",        "12500"},
     {"kHz",      "0.0254 M",      "= 25.400 kHz",                      "25.400 kHz",        "25400"},
-    {"kHz",      "25.4 kHz",      "= 25.400 kHz",                                  "25.400 kHz",        "25400"},
     {"kHz",      "1.000,5",       "= 1.000 500 MHz",                   "1 000.500 kHz",      "1000500"},
     {"kHz",      "25.4007",       "= 25.401 kHz",                      "25.401 kHz",        "25401"},
-    {"kHz",      "5 M",           "= 5.000 000 MHz",                   "5 000.000 kHz",      "5000000"},
-    {"kHz",      "5.1 M",         "above 5 MHz: 5 MHz is taken",       "5 000.000 kHz",      "5000000"},
-    {"MHz",      "145.5",         "",                                  "145.500 000 MHz",   "145.5"},
     {"MHz",      "145500 k",      "= 145.500 000 MHz",                 "145.500 000 MHz",   "145.5"},
-    {"MHz",      "145.500 000 MHz", "= 145.500 000 MHz",               "145.500 000 MHz",   "145.5"},
     {"MHz",      "26.6G",         "above 26.5 GHz: 26.5 GHz is taken", "26 500.000 000 MHz", "26500"},
-    {"MHz",      "0",             "below 9 kHz: 9 kHz is taken",       "0.009 000 MHz",     "0.009"},
     {"3 MHz",    "145500.5 k",    "at most 3 digits behind the point", nullptr,            nullptr},
-    {"3 MHz",    "2 GHz",         "= 2.000 000 000 GHz",               "2 000.000 mhz",     "2000"},
-    {"unit",     "15",            "",                                  "15.000",           "15"},
     {"unit",     "15000 Hz",      "= 15.000 kHz",                      "15.000",           "15"},
     {"unit",     "6 MHz",         "above 5 MHz: 5 MHz is taken",       "5000.000",         "5000"},
-    {"scaled",   "15",            "",                                  "15.000",           "15000"},
     {"scaled",   "0.015 MHz",     "= 15.000 kHz",                      "15.000",           "15000"},
-    {"list",     "6.25",          "",                                  "6.250 kHz",         "6.25"},
     {"list",     "6250 Hz",       "= 6.250 kHz",                       "6.250 kHz",         "6.25"},
-    {"list",     "6250 Hs",       "unknown unit \"Hs\"",               nullptr,            nullptr},
-    {"cell",     "12.5",          "",                                  "12.50",            "12.5"},
     {"cell",     "12,5",          "= 12.5",                            "12.50",            "12.5"},
-    {"cell",     "1 000",         "= 1000",                            "1000.00",          "1000"},
     {"cell",     "1.234.567",     "above 1000: 1000 is taken",         "1000.00",          "1000"},
-    {"cell",     "-1",            "below 0: 0 is taken",               "0.00",             "0"},
     {"cell",     "12.505",        "at most 2 digits behind the point", nullptr,            nullptr},
-    {"cell",     "12k",           "unknown unit \"k\"",                nullptr,            nullptr},
     {"cell kHz", "12500 Hz",      "= 12.500 kHz",                      "12.50",            "12.5"},
-    {"cell kHz", "2 MHz",         "above 1 MHz: 1 MHz is taken",       "1000.00",          "1000"},
 };
 // clang-format on
 
@@ -366,7 +251,7 @@ public:
 
 private:
     static constexpr double Scales[] = {1, 1e3, 1e6, 1e9};
-    QRandomGenerator Random{quint32(qEnvironmentVariableIntValue("ORBEL_TYPED_SEED"))};
+    QRandomGenerator Random{quint32(FromEnvironment("ORBEL_TYPED_SEED", 0))};
 };
 
 /// What is wrong with the reading of a text; empty for nothing.
@@ -391,16 +276,9 @@ QString Faults(const NumberReader &reader, const QString &text)
     return apart <= std::fabs(typed.Number) * 3e-16 ? QString() : "shown is " + plain;
 }
 
-int Steps()
-{
-    bool stated = false;
-    const int steps = qEnvironmentVariableIntValue("ORBEL_TYPED_STEPS", &stated);
-    return stated ? steps : 20000;
-}
-
 } // namespace
 
-class TestTyped : public QObject
+class TestTyped : public TestCase
 {
     Q_OBJECT
 
@@ -413,55 +291,44 @@ private Q_SLOTS:
 
     void texts_data()
     {
-        QTest::addColumn<QString>("kind");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("note");
-        QTest::addColumn<QString>("applied");
-        for (const auto &row : Texts)
-            QTest::addRow("%s: %s", row.Kind, row.Text) << QString(row.Kind) << QString::fromUtf8(row.Text)
-                                                        << QString::fromUtf8(row.Note) << QString(row.Applied);
+        const auto row = Columns<QString, QString, QString, QString>({"kind", "text", "note", "applied"});
+        const auto add = [&](const char *kind, const QString &text, const char *note, const char *applied) {
+            row(qPrintable(QString("%1: %2").arg(kind, text.left(40))), kind, text, note, applied);
+        };
+        for (const auto &[kind, text, note, applied] : Texts)
+            add(kind, text, note, applied);
         for (const char *kind : {"reader", "MHz", "large"})
-            QTest::addRow("%s: too long for a number", kind) << kind << QString(400, '9') << "too large" << QString();
-        QTest::newRow("ten thousand blanks") << "reader" << QString(10000, ' ') + "7"
-                                             << "= 7 Hz"
-                                             << "7";
+            add(kind, QString(400, '9'), "too large", nullptr);
+        add("reader", QString(10000, ' ') + "7", "= 7 Hz", "7");
     }
     void texts()
     {
-        QFETCH(QString, kind);
-        QFETCH(QString, text);
-        QFETCH(QString, note);
-        QFETCH(QString, applied);
+        auto [kind, text, note, applied]
+            = Fetch<QString, QString, QString, QString>({"kind", "text", "note", "applied"});
         for (const QLocale &locale : {QLocale::c(), QLocale(QLocale::German)}) {
             // The point is the locale's in what is told, never in what is understood.
             if (!note.startsWith("unknown"))
                 note.replace('.', locale.decimalPoint());
-            if (!Fields.contains(kind)) {
-                QCOMPARE(Reader(kind, locale).Read(text).Note(), note);
-                continue;
-            }
             QLocale::setDefault(locale);
-            for (const bool paste : {false, true})
-                Enter(Fields[kind], text, paste, note, applied);
+            if (!Fields.contains(kind))
+                QCOMPARE(Reader(kind, locale).Read(text).Note(), note);
+            else
+                for (const bool paste : {false, true})
+                    Enter(Fields[kind], text, paste, note, applied);
         }
     }
 
     void boxes_data()
     {
-        for (const char *column : {"kind", "text", "note", "shown", "applied"})
-            QTest::addColumn<QString>(column);
-        for (const auto &row : BoxTexts)
-            QTest::addRow("%s: %s", row.Kind, row.Text)
-                << QString(row.Kind) << QString::fromUtf8(row.Text) << QString::fromUtf8(row.Note) << QString(row.Shown)
-                << QString(row.Applied);
+        const auto row
+            = Columns<QString, QString, QString, QString, QString>({"kind", "text", "note", "shown", "applied"});
+        for (const auto &[kind, text, note, shown, applied] : BoxTexts)
+            row(qPrintable(QString("%1: %2").arg(kind, text)), kind, text, note, shown, applied);
     }
     void boxes()
     {
-        QFETCH(QString, kind);
-        QFETCH(QString, text);
-        QFETCH(QString, note);
-        QFETCH(QString, shown);
-        QFETCH(QString, applied);
+        auto [kind, text, note, shown, applied]
+            = Fetch<QString, QString, QString, QString, QString>({"kind", "text", "note", "shown", "applied"});
         for (const QLocale &locale : {QLocale::c(), QLocale(QLocale::German)}) {
             QLocale::setDefault(locale);
             // The point of the other locale is told.
@@ -472,12 +339,16 @@ private Q_SLOTS:
             note.replace('.', locale.decimalPoint());
             shown.replace('.', locale.decimalPoint());
             for (const bool paste : {false, true}) {
-                LiveForm live(Form(Boxes[kind]));
+                LiveForm live(ControlOf(Boxes[kind]));
                 const QString before = ShownOf(live, kind), held = AppliedBy(live, kind);
-                const QPointer<QWidget> field = TypeInto(live, kind, text, paste);
-                const QColor own = live.window->palette().color(QPalette::Text);
+                QWidget *control = live.Find(Boxes[kind].Name);
+                auto *table = qobject_cast<QTableWidget *>(control);
+                const QPointer<QWidget> field = table ? OpenCell(table, 0) : control;
+                TypeOrPaste(field, text, paste);
                 QCOMPARE(FieldNote::TextOf(field), note);
-                QCOMPARE(field->palette().color(QPalette::Text) != own, applied.isNull() && !note.isEmpty());
+                const bool refused = applied.isNull() && !note.isEmpty();
+                QCOMPARE(
+                    field->palette().color(QPalette::Text) != live.window->palette().color(QPalette::Text), refused);
                 const QString typed = field->findChild<QLineEdit *>()->text();
                 QTest::keyClick(field, Qt::Key_Return);
                 if (applied.isNull()) {
@@ -485,8 +356,7 @@ private Q_SLOTS:
                     QVERIFY(!FieldNote::TextOf(field).isEmpty());
                     QTest::keyClick(field, Qt::Key_Escape);
                 }
-                QCoreApplication::processEvents();
-                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                PassEvents();
                 QCOMPARE(ShownOf(live, kind), applied.isNull() ? before : shown);
                 QCOMPARE(AppliedBy(live, kind), applied.isNull() ? held : applied);
                 QCOMPARE(FieldNote::TextOf(field), QString());
@@ -498,60 +368,54 @@ private Q_SLOTS:
     {
         Dice dice;
         int numbers = 0;
-        for (int step = Steps(); step > 0; --step) {
+        const int steps = FromEnvironment("ORBEL_TYPED_STEPS", 20000);
+        for (int step = steps; step > 0; --step) {
             const NumberReader reader = dice.Reader();
             const QString text = dice.Text();
             QCOMPARE(Faults(reader, text) + " of " + text, " of " + text);
             numbers += reader.Read(text).IsNumber();
         }
-        qInfo("%d of %d texts are numbers", numbers, Steps());
+        qInfo("%d of %d texts are numbers", numbers, steps);
     }
 
-    void anyTextIsAppliedAsItIsShown()
+    void shownTexts_data()
     {
-        Dice dice;
-        for (const QString kind : {"MHz", "large", "start", "Hz", "open Hz"}) {
-            const Field &place = Fields[kind];
-            LiveForm live(Form(place));
-            auto *field = live.Find<VCLineEdit>(place.Name);
-            OrbelDelegate *f = live.Get("f");
-            const auto held = [&] { return f->property(place.Property.toLatin1()).toDouble(); };
-            field->setFocus();
-            for (int step = Steps() / 50; step > 0; --step) {
-                const QString text = dice.Text();
-                field->selectAll();
-                field->insert(text);
-                const TypedNumber typed = field->GetReader().Read(field->text());
-                const double expected
-                    = field->text() != FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
-                QTest::keyClick(field, dice.Roll(2) ? Qt::Key_Return : Qt::Key_Tab);
-                QTest::keyClick(field, Qt::Key_Escape);
-                field->setFocus();
-                QVERIFY2(held() == expected, qPrintable(text));
-                QVERIFY2(NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
-                QVERIFY2(
-                    !typed.IsNumber() || (held() >= field->GetReader().Minimum && held() <= field->GetReader().Maximum),
-                    qPrintable(text));
-            }
-        }
+        const auto row = Columns<double, int, QString>({"hertz", "leastPower", "text"});
+        row("zero", 0, 0, "0 Hz");
+        row("below a kilohertz", 999, 0, "999 Hz");
+        row("a kilohertz", 1000, 0, "1.000 kHz");
+        row("more than there is a unit for", 12345e9, 0, "12 345.000 000 000 GHz");
+        row("fraction of a hertz", 1000000.9, 0, "1.000 000 9 MHz");
+        row("negative", -2500, 0, "-2.500 kHz");
+        row("zeros up to a digit", 8000, 8, "000.008 000 MHz");
+        row("infinity", qInf(), 0, "");
+    }
+    void shownTexts()
+    {
+        const auto [hertz, leastPower] = Fetch<double, int>({"hertz", "leastPower"});
+        QTEST(FrequencyText::Write(hertz, leastPower), "text");
+    }
+
+    void everyDigitKnowsItsPlace()
+    {
+        const QString text = FrequencyText::Write(-1234567890.5);
+        QCOMPARE(text, QString("-1.234 567 890 5 GHz"));
+        for (int power = 9; power >= -1; --power)
+            QCOMPARE(FrequencyText::PowerAt(text, FrequencyText::PositionOf(text, power)), std::optional<int>(power));
+        for (int position : {-1, 0, 2, 6, 16, 100})
+            QVERIFY(!FrequencyText::PowerAt(text, position));
+        QCOMPARE(FrequencyText::PositionOf(text, 10), -1);
     }
 
 private:
-    static QString Form(const Field &place)
+    static QString ControlOf(const Field &place)
     {
-        return forms::Widget(
-            "f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"});
+        return Widget("f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"});
     }
-    /// Writes over what a box or a first cell holds; gives the box.
-    static QWidget *TypeInto(const LiveForm &live, const QString &kind, const QString &text, bool paste)
+    /// QTest knows the keys of Latin letters only.
+    static void TypeOrPaste(QWidget *field, const QString &text, bool paste)
     {
-        QWidget *field = live.Find(Boxes[kind].Name);
         field->setFocus();
-        if (auto *table = qobject_cast<QTableWidget *>(field)) {
-            table->setCurrentCell(0, 0);
-            QTest::keyClick(table, Qt::Key_F2);
-            field = table->findChild<QAbstractSpinBox *>();
-        }
         QTest::keySequence(field, QKeySequence::SelectAll);
         QTest::keyClick(field, Qt::Key_Delete);
         QApplication::clipboard()->setText(text);
@@ -559,7 +423,6 @@ private:
             QTest::keySequence(field, QKeySequence::Paste);
         for (const QChar letter : paste ? QString() : text)
             QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
-        return field;
     }
     static QString ShownOf(const LiveForm &live, const QString &kind)
     {
@@ -577,24 +440,14 @@ private:
     }
     void Enter(const Field &place, const QString &text, bool paste, const QString &note, const QString &applied)
     {
-        LiveForm live(
-            forms::Widget("f", place.Class, place.Properties + QStringList{"visible=Bool:true", "enabled=Bool:true"}));
+        LiveForm live(ControlOf(place));
         QWidget *field = live.Find(place.Name);
         const QString before = field->property("text").toString();
         const QColor colour = field->palette().color(QPalette::Text);
         const QVariant held = live.Get("f")->property(place.Property.toLatin1());
-        field->setFocus();
-        QTest::keySequence(field, QKeySequence::SelectAll);
-        QTest::keyClick(field, Qt::Key_Delete);
-        QApplication::clipboard()->setText(text);
-        if (paste)
-            QTest::keySequence(field, QKeySequence::Paste);
-        // QTest knows the keys of Latin letters only.
-        for (const QChar letter : paste ? QString() : text)
-            QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+        TypeOrPaste(field, text, paste);
         QCOMPARE(FieldNote::TextOf(field), note);
-        const bool refused = applied.isNull() && !note.isEmpty();
-        QCOMPARE(field->palette().color(QPalette::Text) != colour, refused);
+        QCOMPARE(field->palette().color(QPalette::Text) != colour, applied.isNull() && !note.isEmpty());
         // What is typed ends with Return or Escape, what is pasted when the field is left.
         QFocusEvent leave(QEvent::FocusOut, Qt::TabFocusReason);
         if (paste)

@@ -1,40 +1,141 @@
-// The main job on a real window: an operator edits a form, its script reacts, Apply hands out the parameter document.
+// Real keys, mouse and wheel on real windows: a whole form by the keyboard alone, and what only a window system shows.
 
-#include "exampleform.h"
-#include "testmain.h"
-
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QPushButton>
-
-using namespace forms;
+#include "liveform.h"
+#include "valuecommentedrangemap.h"
+#include "xoperator.h"
 
 namespace
 {
 
-/// The receiver form with what it hands out.
-struct Receiver : ExampleForm {
-    Receiver() : ExampleForm("receiver.orbel", "/Receiver", {600, 900})
+/// A form of the examples in a window under the operator's hands.
+struct ExampleForm {
+    ExampleForm(const QString &file, const QString &path, const QSize &size) : form(Example(file))
     {
-        QObject::connect(form.data(), &KV218::OrbelFormular::si_parametersModified,
-            [this] { documents << form->GetXmlString(true); });
+        form->CreateValueTree(path);
+        form->CreateGUI(true);
+        window.reset(form->GetGUI());
+        window->resize(size);
     }
+    template <class Control> Control *Find(const QString &name) const { return window->findChild<Control *>(name); }
 
-    QStringList documents;
+    Form form;
+    std::unique_ptr<QWidget> window;
 };
+
+/// What the nodes and the cells hold.
+QStringList Held(const ExampleForm &all)
+{
+    QStringList held;
+    for (const QString &path : Tree::Instance()->GetPaths())
+        held << path + '=' + Tree::Instance()->GetNode(path)->GetStringValue();
+    for (const QTableWidget *table : all.window->findChildren<QTableWidget *>()) {
+        for (int cell = 0; cell < table->rowCount() * table->columnCount(); ++cell) {
+            const auto *item = table->item(cell / table->columnCount(), cell % table->columnCount());
+            held << (item ? item->text() : QString());
+        }
+    }
+    return held;
+}
+
+/// Presses the key of undo or redo until the stack has come to its end.
+void GoThroughAll(const ExampleForm &all, const QString &key, const QStringList &held)
+{
+    const QUndoStack *stack = all.form->GetUndoStack();
+    QVERIFY(stack->count() > 20);
+    while (key == "ctrl+z" ? stack->canUndo() : stack->canRedo()) {
+        const int index = stack->index();
+        XOperator::Press(key);
+        QTRY_VERIFY(stack->index() != index);
+    }
+    QCOMPARE(Held(all).join('\n'), held.join('\n'));
+}
 
 } // namespace
 
-class TestOperator : public QObject
+class TestOperator : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+    void theWholeFormIsFilledUndoneAndAppliedWithoutAMouse()
+    {
+        ExampleForm all("all_controls.orbel", "/All", {700, 1000});
+        QStringList documents;
+        connect(all.form.data(), &OrbelFormular::si_parametersModified,
+            [&] { documents << all.form->GetXmlString(true).simplified(); });
+        all.form->GetSheet().setAutoApplyEnabled(false);
+        QVERIFY(XOperator::Show(all.window.get()));
+        // What the button does is the script's, and not undone.
+        all.form->EvaluateScript("spacings.setAllSpacingValues(12.5)");
+        const QStringList empty = Held(all);
+        QStringList filled;
+
+        // What has the focus, and what is done there; Tab leads on. "=" types, all else are keys.
+        const QVector<QPair<QString, QStringList>> way{
+            {"lineEdit", {"F2", "=north"}},
+            {"ipEdit", {"=10.0.0.7"}},
+            {"checkBox", {"space"}},
+            {"comboBox", {"Home"}},
+            {"pushButton", {"space"}},
+            {"numbers", {}},
+            {"SpinBox", {"=20", "Up"}},
+            {"doubleSpinBox", {"=2", "Down"}},
+            {"baudRate", {"=4800"}},
+            {"bandwidth", {"=8"}},
+            {"frequency", {"Left", "Up", "Page_Up"}},
+            {"entry", {}},
+            {"history", {}},
+            {"frequencyRangeEdit_StartFrequency", {"=100 MHz"}},
+            {"frequencyRangeEdit_StopFrequency", {"=200 MHz", "Up"}},
+            {"offset", {"=250"}},
+            {"lists", {}},
+            {"spinBoxList_0", {"=4"}},
+            {"spinBoxList_1", {"=5"}},
+            {"spinBoxList_2", {"=6"}},
+            {"doubleSpinBoxList_0", {"=1.5"}},
+            {"doubleSpinBoxList_1", {"Up"}},
+            {"shiftList_0", {"=170"}},
+            {"shiftList_1", {"=425"}},
+            {"tableWidget", {"Right", "F2", "=cell", "Return"}},
+            {"spacings", {"Down", "F2", "=25", "Tab", "=50", "Return"}},
+            {"scriptControl_LoadButton", {}},
+            {"scriptControl_EditButton", {}},
+            {"scriptControlClearButton", {"undo", "redo"}},
+            // Its press takes the document away, and with it the focus.
+            {"applyButton", {"space"}},
+        };
+        for (const auto &[name, actions] : way) {
+            const auto focus
+                = [] { return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString(); };
+            QTRY_COMPARE(focus(), name);
+            for (const QString &action : actions) {
+                if (action == "undo")
+                    filled = Held(all);
+                if (action.endsWith("do"))
+                    GoThroughAll(all, action == "undo" ? "ctrl+z" : "ctrl+shift+z", action == "undo" ? empty : filled);
+                else
+                    action.startsWith('=') ? XOperator::Type(action.mid(1)) : XOperator::Press(action);
+            }
+            XOperator::Press("Tab");
+        }
+
+        QTRY_COMPARE(documents.size(), 1);
+        const QString document = documents.first();
+        for (const char *part :
+            {"<LineEdit>north<", "<IPEdit>10.0.0.7<", "<CheckBox>false<", "<SpinBox unit=\"dB\">21<",
+                "<DoubleSpinBox>1.5<", "<BaudRateSpinBox>4800<", "<BandwidthEdit unit=\"kHz\">8000<",
+                "<FrequencyEdit>145610000<", "<StartFrequency>100000000<", "<StopFrequency>200000001<",
+                "<FrequencyOffsetEdit>250<", "index=\"0\">4<", "index=\"1\">5<", "index=\"2\">6<", "index=\"0\">1.5<",
+                "index=\"0\">170<", "index=\"1\">425<", ">25.00<", ">50.00<", ">12.50<"})
+            QVERIFY2(document.contains(part), qPrintable(part + QString(" in ") + document));
+    }
 
     void applyHandsOutWhatWasEdited()
     {
-        Receiver receiver;
+        ExampleForm receiver("receiver.orbel", "/Receiver", {600, 900});
+        QStringList documents;
+        connect(receiver.form.data(), &OrbelFormular::si_parametersModified,
+            [&] { documents << receiver.form->GetXmlString(true); });
         QVERIFY(XOperator::Show(receiver.window.get()));
         auto *station = receiver.Find<QLineEdit>("stationName");
         XOperator::Enter(station, "Summit 7", "End");
@@ -46,39 +147,98 @@ private Q_SLOTS:
         QTRY_VERIFY(preamplifier->isChecked());
         QCOMPARE(receiver.form->GetVTValue("Station/Name")->GetStringValue(), QString("Summit 7"));
 
-        QVERIFY(receiver.documents.isEmpty());
+        QVERIFY(documents.isEmpty());
         auto *apply = receiver.Find<QPushButton>("applyButton");
         QVERIFY(apply->isEnabled());
         XOperator::Click(apply);
-        QTRY_COMPARE(receiver.documents.size(), 1);
-        QVERIFY2(receiver.documents.first().contains("<Name>Summit 7</Name>"), qPrintable(receiver.documents.first()));
-        QVERIFY(receiver.documents.first().contains("<Preamplifier>on</Preamplifier>"));
-        QVERIFY2(!receiver.documents.first().contains("Antenna"), "nobody touched the antenna");
+        QTRY_COMPARE(documents.size(), 1);
+        QVERIFY2(documents.first().contains("<Name>Summit 7</Name>"), qPrintable(documents.first()));
+        QVERIFY(documents.first().contains("<Preamplifier>on</Preamplifier>"));
+        QVERIFY2(!documents.first().contains("Antenna"), "nobody touched the antenna");
         QVERIFY(!apply->isEnabled());
     }
 
-    void theScriptReacts()
+    void wheelAndCell()
     {
-        Receiver receiver;
-        QVERIFY(XOperator::Show(receiver.window.get()));
-        auto *gain = receiver.Find<QLineEdit>("gain");
-        QVERIFY(gain->isHidden());
-        XOperator::Click(receiver.Find<QCheckBox>("agc"));
-        QTRY_VERIFY(gain->isVisible());
-        QVERIFY(receiver.Find<QLabel>("labelgain")->isVisible());
+        const QStringList usable{"visible=Bool:true", "enabled=Bool:true"};
+        LiveForm live(Widget("a", "SpinBox",
+                          usable + QStringList{"minimum=Int:0", "maximum=Int:10", "value=Int:9", "wrapping=Bool:true"})
+            + Widget("t", "ChannelSpacingTable", usable + QStringList{"spacingsCount=Int:3", "decimals=Int:2"})
+            + Widget("other", "LineEdit", usable));
+        QVERIFY(XOperator::Show(live.window.get()));
+        QWidget *spin = live.Find("a");
+        XOperator::Click(live.Find("other"));
+        XOperator::Click(spin, 4);
+        XOperator::Click(spin);
+        QTRY_VERIFY(spin->hasFocus());
+        QVERIFY2(live.Node("a") == "9", "the wheel steps with the focus only");
+        for (const char *after : {"10", "0"}) {
+            XOperator::Click(spin, 4);
+            QTRY_COMPARE(live.Node("a"), QString(after));
+        }
 
-        auto *record = receiver.Find<QCheckBox>("recording");
-        XOperator::Click(record);
-        auto *prefix = receiver.Find<QLineEdit>("prefix");
-        QTRY_VERIFY(prefix->isVisible());
-        XOperator::Enter(prefix, "north", "Return");
-        QTRY_COMPARE(receiver.Find<QLabel>("fileName")->text(), QString("captures/north-Hilltop.wav"));
-        // Return pushes the parameters out at once.
-        QTRY_COMPARE(receiver.documents.size(), 1);
-        QVERIFY(receiver.documents.first().contains("<Prefix>north</Prefix>"));
+        auto *table = live.Find<QTableWidget>("t");
+        const QPoint cell = table->visualRect(table->model()->index(1, 0)).center();
+        XOperator::ClickAt(table->viewport(), cell);
+        QTRY_COMPARE(table->currentRow(), 1);
+        XOperator::Press("F2");
+        QTRY_VERIFY(table->findChild<QDoubleSpinBox *>());
+        for (const char *keys : {"ctrl+a", "4", "Return"})
+            XOperator::Press(keys);
+        QTRY_COMPARE(live.Get("t")->GetEdits(), (QVariantList{0.0, 4.0, 0.0}));
+        QString title;
+        XOperator::PressInMenu({"Down", "Return"}, [&](QMenu *menu) { title = menu->actions().first()->text(); });
+        XOperator::ClickAt(table->viewport(), cell, 3);
+        QTRY_COMPARE(title, QString("Set to all"));
+        QTRY_COMPARE(live.Get("t")->GetEdits(), (QVariantList{4.0, 4.0, 4.0}));
+    }
 
-        XOperator::Click(receiver.Find<QPushButton>("defaultsButton"));
-        QTRY_VERIFY(gain->isHidden());
+    void theListIsEdited()
+    {
+        const ExampleForm detection("detection.orbel", "/Form", {600, 900});
+        const auto &form = detection.form;
+        const auto &window = detection.window;
+        QVERIFY(XOperator::Show(window.get()));
+        // Opens the list, edits it, ends with a button of the dialog, and gives the numbers that are to be applied.
+        const auto edit = [&](QDialogButtonBox::StandardButton end, const std::function<void(QTableWidget *)> &act) {
+            QTimer poll;
+            connect(&poll, &QTimer::timeout, [&] {
+                auto *dialog = window->findChild<QDialog *>();
+                if (!dialog)
+                    return;
+                poll.stop();
+                QVERIFY(XOperator::Show(dialog));
+                act(dialog->findChild<QTableWidget *>());
+                XOperator::Click(dialog->findChild<QDialogButtonBox *>()->button(end));
+            });
+            poll.start(20);
+            XOperator::Click(window->findChild<QPushButton *>("hoppingExclusionButton"));
+            [&] { QTRY_VERIFY(!poll.isActive() && !window->findChild<QDialog *>()); }();
+            QString list = form->GetXmlString(true).section("ExclusionRanges>", 1, 1);
+            return list.replace(QRegularExpression("\\s*<[^>]*>?\\s*"), " ").remove(".00").simplified();
+        };
+        const auto deleteFirst = [](QTableWidget *table) {
+            XOperator::ClickAt(table->viewport(), table->visualItemRect(table->item(0, 0)).center());
+            XOperator::Press("shift+Right");
+            XOperator::Press("Delete");
+            QTRY_COMPARE(table->rowCount(), 1);
+        };
+        const QString added = edit(QDialogButtonBox::Ok, [](QTableWidget *table) {
+            for (const char *keys : {"ctrl+w", "Delete"})
+                XOperator::Press(keys);
+            for (const char *row : {"2 GHz\t2100M\n", "145500\t146000\n"}) {
+                XOperator::Press("ctrl+w");
+                XOperator::Type(row);
+            }
+            XOperator::Press("alt+s");
+            QTRY_COMPARE(table->item(1, 0)->text(), QString("145500 kHz"));
+        });
+        QCOMPARE(added, QString("0 0 145500000 146000000 2000000000 2100000000"));
+        auto *node = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/Hopping/ExclusionRanges"));
+        QCOMPARE(node->data().at(2).GetRangeStop(), 2100e6);
+        QCOMPARE(Delegate(form, "lastAction")->property("text").toString(), QString("excluded ranges"));
+        QVERIFY2(edit(QDialogButtonBox::Cancel, deleteFirst).isEmpty(), "there is nothing to apply");
+        QVERIFY2(edit(QDialogButtonBox::Ok, deleteFirst) == "2000000000 2100000000", "the next row goes along");
     }
 };
 

@@ -1,13 +1,7 @@
 #include "xoperator.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QMenu>
-#include <QProcess>
-#include <QStyleOptionButton>
-#include <QTimer>
 #include <QtTest>
-#include <QWidget>
+#include <QtWidgets>
 
 void XOperator::Run(const QStringList &arguments)
 {

@@ -3,10 +3,8 @@
 #include "exclusiondialog.h"
 #include "fieldnote.h"
 #include "freqrangetable.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "valuecommentedrangemap.h"
-
-#include <QtTest>
 
 using namespace KV218;
 
@@ -53,34 +51,21 @@ QString Input()
 
 } // namespace
 
-class TestFreqRangeTable : public QObject
+class TestFreqRangeTable : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void texts_data()
     {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("note"); // behind "is read as" where the reading is none that is meant
-        QTest::newRow("kHz, comma: 5,5 ") << "7000..5500"
-                                          << "= 5.500 kHz";
-        QTest::newRow("kHz as it is shown: 5.5 kHz") << "7000..5500" << QString();
-        QTest::newRow("hertz: 5 Hz") << "7000..5"
-                                     << "= 0.005 kHz";
-        QTest::newRow("mega without rounding: 1.001 mhZ") << "7000..1001000"
-                                                          << "= 1 001.000 kHz";
-        QTest::newRow("giga, negative: -2g") << "7000..-2000000000"
-                                             << "= -2 000 000.000 kHz";
-        QTest::newRow("kilo goes before mega: 3 MK") << "7000..3000"
-                                                     << "3.000 kHz";
-        QTest::newRow("an exponent's letter is lost: 1e3") << "7000..13000"
-                                                           << "13.000 kHz";
-        QTest::newRow("no number: 1 2") << "7000..0"
-                                        << "0.000 kHz";
-        QTest::newRow("groups: 1.234,5") << "7000..0"
-                                         << "0.000 kHz";
+        const auto row = Columns<QString, QString>({"stored", "note"}); // behind "is read as" where none is meant
+        row("kHz, comma: 5,5 ", "7000..5500", "= 5.500 kHz");
+        row("kHz as it is shown: 5.5 kHz", "7000..5500", QString());
+        row("mega without rounding: 1.001 mhZ", "7000..1001000", "= 1 001.000 kHz");
+        row("giga, negative: -2g", "7000..-2000000000", "= -2 000 000.000 kHz");
+        row("kilo goes before mega: 3 MK", "7000..3000", "3.000 kHz");
+        row("an exponent's letter is lost: 1e3", "7000..13000", "13.000 kHz");
+        row("groups: 1.234,5", "7000..0", "0.000 kHz");
     }
 
     void texts()
@@ -105,11 +90,11 @@ private Q_SLOTS:
 
     void deletion_data()
     {
-        QTest::addColumn<QString>("left");
-        QTest::newRow("one cell: 11") << "0 1 2 3 3 4";
-        QTest::newRow("both cells take the next row along: 10 11") << "0 1 3 4";
-        QTest::newRow("both cells of the last row: 30 31") << "0 1 1 2 2 3";
-        QTest::newRow("both cells of two rows: 00 01 20 21") << "";
+        const auto row = Columns<QString>({"left"});
+        row("one cell: 11", "0 1 2 3 3 4");
+        row("both cells take the next row along: 10 11", "0 1 3 4");
+        row("both cells of the last row: 30 31", "0 1 1 2 2 3");
+        row("both cells of two rows: 00 01 20 21", "");
     }
 
     void deletion()

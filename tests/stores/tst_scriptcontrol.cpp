@@ -1,12 +1,6 @@
 // The row of a script file: what its buttons tell, and what definition, script and host make of them.
 
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QtTest>
-
-using namespace forms;
 
 namespace
 {
@@ -32,30 +26,28 @@ QString Row(const LiveForm &live)
 
 } // namespace
 
-class TestScriptControl : public QObject
+class TestScriptControl : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void states_data()
     {
         const auto row = Columns<QStringList, QString, QString>({"properties", "script", "row"});
         const QString load("s.setCustomProperty('scriptloaded', true);");
         const QString drop("s.setCustomProperty('scriptloaded', false);");
+        // clang-format off
         row("all stated: Clear is usable without a script", AllOn, "", "- Load Edit Clear");
         row("absent ones hide", AllOn.mid(3), "", "-");
         row("absent ones lock", Shown, "", "- (Load) (Edit) (Clear)");
         row("loaded", Shown, load, "* (Load) (Edit) Clear");
         row("loaded and forgotten: Clear locks", AllOn, load + drop, "- Load Edit (Clear)");
         row("until the next refresh", Shown, drop + "s.setEnabledClear(true)", "- (Load) (Edit) Clear");
-        row("slots act on the buttons alone", AllOn,
-            "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)", "- (Load)");
+        row("slots act on the buttons alone", AllOn, "s.setEnabledLoad(false); s.setVisibleEdit(false); s.setVisibleClear(!s.visibleEdit)", "- (Load)");
         row("a hidden row keeps its lamp", AllOn, "s.setVisible(false)", "-");
-        row("shown again, all buttons show", AllOn.mid(3), "s.setVisible(false); s.setVisible(true)",
-            "- Load Edit Clear");
+        row("shown again, all buttons show", AllOn.mid(3), "s.setVisible(false); s.setVisible(true)", "- Load Edit Clear");
         row("locked as a whole", AllOn, "s.setEnabled(false)", "- (Load) (Edit) (Clear)");
+        // clang-format on
     }
 
     void states()
@@ -97,21 +89,13 @@ private Q_SLOTS:
             const QPixmap picture = button->icon().pixmap(live.window->windowHandle(), QSize(64, 64));
             QCOMPARE(picture.width(), 64 * button->devicePixelRatio());
         }
+        live.log.Watch("s", live.Get("s"));
+        for (const QString &name : Buttons)
+            live.Find<QPushButton>(name)->click();
+        QCOMPARE(live.log.Take(), QString("s.loadScriptClicked() s.editScriptClicked() s.clearScriptClicked()"));
         live.Get("s")->setProperty("toolTip", "own");
         for (const QString &name : Buttons)
             QCOMPARE(live.Find(name)->toolTip(), QString("own"));
-    }
-
-    void clicksAreTold()
-    {
-        LiveForm live(Widget("s", "ScriptControl", AllOn));
-        live.log.Watch("s", live.Get("s"));
-        for (const QString &name : Buttons)
-            QTest::mouseClick(live.Find(name), Qt::LeftButton);
-        QCOMPARE(live.log.Take(), QString("s.loadScriptClicked() s.editScriptClicked() s.clearScriptClicked()"));
-        live.form.reset();
-        QTest::mouseClick(live.Find("s_LoadButton"), Qt::LeftButton);
-        QCOMPARE(live.log.Take(), QString());
     }
 };
 

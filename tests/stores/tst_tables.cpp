@@ -2,13 +2,6 @@
 
 #include "fieldnote.h"
 #include "liveform.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QtTest>
-#include <QXmlStreamReader>
-
-using namespace KV218;
 
 namespace
 {
@@ -21,7 +14,7 @@ const QStringList Shape{"spacingsCount=Int:3", "rowCount=Int:2", "columnCount=In
 struct LiveStore : LiveForm {
     explicit LiveStore(const QString &className, const QStringList &properties = {})
         : LiveForm(
-            forms::Widget("s", className,
+            Widget("s", className,
                 properties
                     + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i", "unit=String:m"}),
             false)
@@ -50,25 +43,18 @@ struct LiveTable : LiveStore {
     using LiveStore::LiveStore;
     QTableWidget *Table() const { return Find<QTableWidget>("s"); }
 
-    /// Opens a cell's editor with F2.
     QWidget *Edit(int row, int column)
     {
-        Table()->setCurrentCell(row, column);
-        QTest::keyClick(Table(), Qt::Key_F2);
+        QWidget *editor = OpenCell(Table(), row, column);
         log.Take();
-        QWidget *editor = nullptr;
-        for (QWidget *child : Table()->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-            editor = child->isVisible() ? child : editor;
         return editor;
     }
-    /// Types a text into a cell, over the one it has, and ends with Return.
     void Type(int row, int column, const QString &text)
     {
         QWidget *editor = Edit(row, column);
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        PassEvents();
     }
     void Paste(const QString &text)
     {
@@ -108,13 +94,11 @@ struct LiveTable : LiveStore {
 
 } // namespace
 
-class TestTables : public QObject
+class TestTables : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void stores_data()
     {
         const auto row = Columns<QString, QStringList, QString, QString, QString, QString, QString>(
@@ -123,67 +107,30 @@ private Q_SLOTS:
         const QString list("HiddenList"), map("HiddenMap"), table("HiddenTable");
         const QString hidden("m00:%1 m01: m02:%2 m10: m11: m12:%3");
         const QStringList two{"itemCount=Int:2"}, grid{"rowCount=Int:2", "columnCount=Int:3"};
+        // clang-format off
         row("list: an index equal to the length is refused", list, {}, "s.setItemValue(0, 'a')", no, "", "", "");
-        row("list: one beyond makes room", list, {}, "s.setItemValue(1, 'b'); r = s.itemValue(0) + s.itemValue(1)", no,
-            "apply s.itemValueChanged(1, b)", "b", "m0: m1:b");
-        row("list: a stated count grows with it", list, two,
-            "s.setItemValue(2, 'b'); s.setItemValue(3, 'b'); s.setItemValue(3, 'b'); r = s.itemCount", no,
-            "apply s.itemValueChanged(3, b)", "4", "m0: m1: m2: m3:b");
-        row("list: clearing leaves the count", list, two, "s.clear(); s.setItemCount(2); r = s.itemCount", no, "", "2",
-            "");
-        row("list: reading loses the first item and the one behind the last", list, {}, no, "<i>a</i><x>b</x><i>c</i>",
-            "s.itemValueChanged(1, b)", "", "m0: m1:b");
-        row("list: reading finds no room where the count says there is", list, two, "s.setItemValue(0, 'a')",
-            "<i index='1'>b</i>", "apply s.itemValueChanged(0, a)", "", "");
-        row("map: add, change, remove", map, {},
-            "s.setValue('b', '1'); s.setValue('a', '2'); s.setValue('b', '1'); s.setValue('c', '3'); s.remove('c');"
-            "s.remove('z'); r = s.keys().join() + s.value('z') + s.contains('z') + s.value('a')",
-            no,
-            "s.valueAdded(b, 1) apply s.valueAdded(a, 2) s.valueChanged(b, 1) s.valueAdded(c, 3) s.valueRemoved(c, 3)",
-            "a,bfalse2", "a:2 b:1");
-        row("map: clearing is silent", map, {}, "s.setValue('a', '1'); s.clear()", no, "s.valueAdded(a, 1) apply", "",
-            "");
-        row("map: reading replaces silently", map, {}, "s.setValue('a', '1')",
-            "<i key='b'>2</i><i>3</i><i key='b'>4</i>", "s.valueAdded(a, 1) apply", "", ":3 b:4");
-        row("table: a cell signals once", table, grid,
-            "s.setItemValue(1, 2, 'f'); s.setItemValue(1, 2, 'f'); r = s.itemValue(0, 5) + s.itemValue(9, 9)", no,
-            "apply s.itemValueChanged(1, 2, f)", "f", hidden.arg("", "", "f"));
-        row("table: fewer rows and more again, then cleared", table, grid,
-            "s.setItemValue(0, 2, 'c'); s.setItemValue(1, 2, 'f'); s.setRowCount(1); s.setRowCount(2);"
-            "r = s.itemValue(0, 2) + s.itemValue(1, 2) + s.rowCount; s.clear()",
-            no, "apply s.itemValueChanged(0, 2, c) s.itemValueChanged(1, 2, f) s.tableCleared()", "c2",
-            hidden.arg("", "", ""));
-        row("table: without columns it gets no rows", table, {"rowCount=Int:2"},
-            "s.setColumnCount(3); s.setRowCount(2)", no, "", "", "");
-        row("table: reading clears, then sets", table, grid, no,
-            "<i>a</i><i row='1' column='2'>f</i><i row='7' column='0'>x</i><i row='-1'>y</i>",
-            "s.tableCleared() s.itemValueChanged(0, 0, a) s.itemValueChanged(1, 2, f)", "", hidden.arg("a", "", "f"));
-        row("spacings: a script's change counts as an edit", Spacings, Shape + QStringList{"decimals=Int:1"},
-            "s.setSpacingValue(1, 2.26); s.setSpacingValue(1, 2.26); r = s.spacingValue(1) + s.spacingValue(3)", no,
-            "apply s.spacingChanged(1) s.spacingValueChanged(1, 2.26)", "2.26", spacings.arg("0.0", "2.3", "0.0"));
-        row("spacings: more keep, fewer drop the last", Spacings, {"spacingsCount=Int:1"},
-            "s.setSpacingValue(0, 4); s.setSpacingsCount(3); s.setSpacingValue(2, 9); s.setSpacingsCount(2);"
-            "s.setSpacingsCount(3)",
-            no, "apply s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)",
-            "", spacings.arg("4", "0", "0"));
-        row("spacings: reading is silent", Spacings, Shape, no, "<i index='1'>6</i><i>7</i><i>8</i><i index='0'>x</i>",
-            "", "", spacings.arg("0", "6", "7"));
-        row("grid: a script's change is silent and keeps its type", Grid, Shape,
-            "s.setItemValue(1, 0, 2.5); s.setItemValue(2, 0, 9); r = typeof s.itemValue(1, 0) + typeof s.itemValue(0, "
-            "0)",
-            no, "", "numberundefined", cells.arg("", "", "2.5", ""));
-        row("grid: clearing keeps the shape", Grid, Shape, "s.setItemValue(0, 0, 'a'); s.clear()", no,
-            "s.tableCleared()", "", cells.arg("", "", "", ""));
-        row("grid: fewer rows keep their cells", Grid, Shape,
-            "s.setItemValue(0, 1, 'b'); s.setItemValue(1, 1, 'd'); s.setRowCount(1); s.setRowCount(2)", no, "", "",
-            cells.arg("", "b", "", ""));
-        row("grid: more columns take the next row's first cells", Grid, {"rowCount=Int:2", "columnCount=Int:1"},
-            "s.setItemValue(0, 0, 'a'); s.setItemValue(1, 0, 'b'); s.setColumnCount(2)", no, "", "",
-            cells.arg("a", "b", "b", ""));
-        row("grid: without rows it gets no columns", Grid, {"columnCount=Int:2"},
-            "s.setRowCount(3); s.setColumnCount(4)", no, "", "", "");
-        row("grid: reading clears silently and makes texts", Grid, Shape, "s.setItemValue(0, 1, 'old')",
-            "<i>5</i><i row='1' column='1'>6</i><i row='9'>7</i>", "", "", cells.arg("5", "", "", "6"));
+        row("list: one beyond makes room", list, {}, "s.setItemValue(1, 'b'); r = s.itemValue(0) + s.itemValue(1)", no, "apply s.itemValueChanged(1, b)", "b", "m0: m1:b");
+        row("list: a stated count grows with it", list, two, "s.setItemValue(2, 'b'); s.setItemValue(3, 'b'); s.setItemValue(3, 'b'); r = s.itemCount", no, "apply s.itemValueChanged(3, b)", "4", "m0: m1: m2: m3:b");
+        row("list: clearing leaves the count", list, two, "s.clear(); s.setItemCount(2); r = s.itemCount", no, "", "2", "");
+        row("list: reading loses the first item and the one behind the last", list, {}, no, "<i>a</i><x>b</x><i>c</i>", "s.itemValueChanged(1, b)", "", "m0: m1:b");
+        row("list: reading finds no room where the count says there is", list, two, "s.setItemValue(0, 'a')", "<i index='1'>b</i>", "apply s.itemValueChanged(0, a)", "", "");
+        row("map: add, change, remove", map, {}, "s.setValue('b', '1'); s.setValue('a', '2'); s.setValue('b', '1'); s.setValue('c', '3'); s.remove('c');s.remove('z'); r = s.keys().join() + s.value('z') + s.contains('z') + s.value('a')", no, "s.valueAdded(b, 1) apply s.valueAdded(a, 2) s.valueChanged(b, 1) s.valueAdded(c, 3) s.valueRemoved(c, 3)", "a,bfalse2", "a:2 b:1");
+        row("map: clearing is silent", map, {}, "s.setValue('a', '1'); s.clear()", no, "s.valueAdded(a, 1) apply", "", "");
+        row("map: reading replaces silently", map, {}, "s.setValue('a', '1')", "<i key='b'>2</i><i>3</i><i key='b'>4</i>", "s.valueAdded(a, 1) apply", "", ":3 b:4");
+        row("table: a cell signals once", table, grid, "s.setItemValue(1, 2, 'f'); s.setItemValue(1, 2, 'f'); r = s.itemValue(0, 5) + s.itemValue(9, 9)", no, "apply s.itemValueChanged(1, 2, f)", "f", hidden.arg("", "", "f"));
+        row("table: fewer rows and more again, then cleared", table, grid, "s.setItemValue(0, 2, 'c'); s.setItemValue(1, 2, 'f'); s.setRowCount(1); s.setRowCount(2);r = s.itemValue(0, 2) + s.itemValue(1, 2) + s.rowCount; s.clear()", no, "apply s.itemValueChanged(0, 2, c) s.itemValueChanged(1, 2, f) s.tableCleared()", "c2", hidden.arg("", "", ""));
+        row("table: without columns it gets no rows", table, {"rowCount=Int:2"}, "s.setColumnCount(3); s.setRowCount(2)", no, "", "", "");
+        row("table: reading clears, then sets", table, grid, no, "<i>a</i><i row='1' column='2'>f</i><i row='7' column='0'>x</i><i row='-1'>y</i>", "s.tableCleared() s.itemValueChanged(0, 0, a) s.itemValueChanged(1, 2, f)", "", hidden.arg("a", "", "f"));
+        row("spacings: a script's change counts as an edit", Spacings, Shape + QStringList{"decimals=Int:1"}, "s.setSpacingValue(1, 2.26); s.setSpacingValue(1, 2.26); r = s.spacingValue(1) + s.spacingValue(3)", no, "apply s.spacingChanged(1) s.spacingValueChanged(1, 2.26)", "2.26", spacings.arg("0.0", "2.3", "0.0"));
+        row("spacings: more keep, fewer drop the last", Spacings, {"spacingsCount=Int:1"}, "s.setSpacingValue(0, 4); s.setSpacingsCount(3); s.setSpacingValue(2, 9); s.setSpacingsCount(2);s.setSpacingsCount(3)", no, "apply s.spacingChanged(0) s.spacingValueChanged(0, 4) s.spacingChanged(2) s.spacingValueChanged(2, 9)", "", spacings.arg("4", "0", "0"));
+        row("spacings: reading is silent", Spacings, Shape, no, "<i index='1'>6</i><i>7</i><i>8</i><i index='0'>x</i>", "", "", spacings.arg("0", "6", "7"));
+        row("grid: a script's change is silent and keeps its type", Grid, Shape, "s.setItemValue(1, 0, 2.5); s.setItemValue(2, 0, 9); r = typeof s.itemValue(1, 0) + typeof s.itemValue(0, 0)", no, "", "numberundefined", cells.arg("", "", "2.5", ""));
+        row("grid: clearing keeps the shape", Grid, Shape, "s.setItemValue(0, 0, 'a'); s.clear()", no, "s.tableCleared()", "", cells.arg("", "", "", ""));
+        row("grid: fewer rows keep their cells", Grid, Shape, "s.setItemValue(0, 1, 'b'); s.setItemValue(1, 1, 'd'); s.setRowCount(1); s.setRowCount(2)", no, "", "", cells.arg("", "b", "", ""));
+        row("grid: more columns take the next row's first cells", Grid, {"rowCount=Int:2", "columnCount=Int:1"}, "s.setItemValue(0, 0, 'a'); s.setItemValue(1, 0, 'b'); s.setColumnCount(2)", no, "", "", cells.arg("a", "b", "b", ""));
+        row("grid: without rows it gets no columns", Grid, {"columnCount=Int:2"}, "s.setRowCount(3); s.setColumnCount(4)", no, "", "", "");
+        row("grid: reading clears silently and makes texts", Grid, Shape, "s.setItemValue(0, 1, 'old')", "<i>5</i><i row='1' column='1'>6</i><i row='9'>7</i>", "", "", cells.arg("5", "", "", "6"));
+        // clang-format on
     }
     /// The script leaves its result in r, then a document with the entries is read, unless they are null. Of the
     /// events, "apply" is the sheet's.
@@ -206,20 +153,18 @@ private Q_SLOTS:
     {
         const auto bounds = [](LiveTable &live) {
             const auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
-            const QString text("%1 %2 %3 %4, %5");
-            return !spin ? QString()
-                         : text.arg(spin->minimum())
-                               .arg(spin->maximum())
-                               .arg(spin->singleStep())
-                               .arg(spin->decimals())
-                               .arg(live.Table()->toolTip());
+            return QString("%1 %2 %3 %4, ")
+                       .arg(spin->minimum())
+                       .arg(spin->maximum())
+                       .arg(spin->singleStep())
+                       .arg(spin->decimals())
+                + live.Table()->toolTip();
         };
         LiveTable absent(Spacings, Shape);
         QCOMPARE(bounds(absent), QString("0 1000 1 0, <html>"));
-        LiveTable stated(Spacings,
-            Shape
-                + QStringList{
-                    "minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"});
+        const QStringList limits{
+            "minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"};
+        LiveTable stated(Spacings, Shape + limits);
         QCOMPARE(bounds(stated), QString("-5 2000.5 12.5 1, <html><br>-5.0...2000.5"));
         stated.form->EvaluateScript("s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)");
         stated.Type(0, 0, "5");
@@ -258,12 +203,10 @@ private Q_SLOTS:
 
     void setToAll_data()
     {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("row"); // -1: by key
-        Columns<QString, QString>({"menu", "shown"});
-        AddRow("keyboard, the current row", 3, -1, "Set to all", "20 20 20");
-        AddRow("below the last row", 3, 9, "", "10 20 30");
-        AddRow("one row alone", 1, 0, "", "10");
+        const auto row = Columns<int, int, QString, QString>({"count", "row", "menu", "shown"}); // -1: by key
+        row("keyboard, the current row", 3, -1, "Set to all", "20 20 20");
+        row("below the last row", 3, 9, "", "10 20 30");
+        row("one row alone", 1, 0, "", "10");
     }
 
     void setToAll()
@@ -306,12 +249,10 @@ private Q_SLOTS:
     void mouseAndCurrentCellAreTold_data()
     {
         const auto row = Columns<QString, QString>({"className", "events"});
-        row("grid", Grid,
-            "s.currentCellChanged(1, 0, 0, 0) s.cellPressed(1, 0) s.cellClicked(1, 0)"
-            " s.cellDoubleClicked(1, 0) s.cellActivated(1, 0)");
-        row("spacings", Spacings,
-            "s.currentSpacingChanged(1, 0) s.spacingPressed(1) s.spacingClicked(1)"
-            " s.spacingDoubleClicked(1) s.spacingActivated(1)");
+        // clang-format off
+        row("grid", Grid, "s.currentCellChanged(1, 0, 0, 0) s.cellPressed(1, 0) s.cellClicked(1, 0) s.cellDoubleClicked(1, 0) s.cellActivated(1, 0)");
+        row("spacings", Spacings, "s.currentSpacingChanged(1, 0) s.spacingPressed(1) s.spacingClicked(1) s.spacingDoubleClicked(1) s.spacingActivated(1)");
+        // clang-format on
     }
 
     void mouseAndCurrentCellAreTold()
@@ -329,17 +270,16 @@ private Q_SLOTS:
 
     void clipboard_data()
     {
-        QTest::addColumn<QString>("className");
-        QTest::addColumn<QPoint>("start"); // column and row
-        QTest::addColumn<QString>("pasted");
-        QTest::addColumn<QString>("copied"); // with all cells selected
-        QTest::addColumn<QString>("note"); // what is told of the last cell
-        AddRow("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td", "");
-        AddRow("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td", "");
-        AddRow("spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "12,6\n2000\n-1\n",
-            "13\n1000\n0", "below 0: 0 is taken");
-        AddRow("spacings: what is no number stays out", Spacings, QPoint(0, 1), "7\nx", "5\n7\n5", "not taken: x");
-        AddRow("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5", "");
+        // Pasted from a column and row on; all cells are copied, and something may be told of the last one.
+        const auto row
+            = Columns<QString, QPoint, QString, QString, QString>({"className", "start", "pasted", "copied", "note"});
+        // clang-format off
+        row("grid: as much as fits", Grid, QPoint(0, 0), "a\tb\tx\r\nc\td\r\ne", "a\tb\nc\td", "");
+        row("grid: from the selected cell on", Grid, QPoint(1, 1), "d", "\t\n\td", "");
+        row("spacings: bounded and rounded like typed ones", Spacings, QPoint(0, 0), "12,6\n2000\n-1\n", "13\n1000\n0", "below 0: 0 is taken");
+        row("spacings: what is no number stays out", Spacings, QPoint(0, 1), "7\nx", "5\n7\n5", "not taken: x");
+        row("nothing", Spacings, QPoint(0, 0), "", "5\n5\n5", "");
+        // clang-format on
     }
 
     void clipboard()

@@ -2,16 +2,8 @@
 
 #include "liveform.h"
 #include "orbelformularmanager.h"
-#include "orbelsheetui.h"
 #include "translationcenter.h"
-#include "tree.h"
 #include "valueselection.h"
-
-#include <functional>
-#include <QApplication>
-#include <QLineEdit>
-#include <QScriptEngine>
-#include <QtTest>
 
 /// Hears signals, nodes, events and scripts, and acts once: when it hears what is wanted.
 class Ears : public QObject, public IObserver
@@ -162,7 +154,7 @@ public:
 
     void Make(Stage stage)
     {
-        form = forms::Parse(DefinitionOf(Class));
+        form = Parse(DefinitionOf(Class));
         form->SetName("Ends");
         form->setObjectName("form");
         form->GetSheet().GetUi()->setObjectName("sheet");
@@ -244,7 +236,7 @@ public:
 
     Ears ears;
     QObject config;
-    forms::Form form;
+    Form form;
     std::unique_ptr<KV218::OrbelFormularManager> manager;
     QPointer<QWidget> window;
     QPointer<QLabel> guest;
@@ -255,17 +247,15 @@ private:
         const QStringList furnished{"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2",
             "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i"};
         const QStringList shown{"visible=Bool:true", "generateParameterXml=Bool:true"};
-        return forms::Definition(forms::Widget("h", "Headline", {"visible=Bool:true", "text=String:h"})
-                + forms::Widget("subject", className, furnished + shown)
-                + forms::Widget("z", "LineEdit", shown + QStringList{"text=String:fresh"}),
-            "<Enums><Enum name='e'><EnumValue><DisplayName>One</DisplayName><Value>1</Value></EnumValue><EnumValue>"
-            "<DisplayName>Two</DisplayName><Value>2</Value></EnumValue></Enum></Enums>"
-            "<Script>if (this.hear) hear('runs');</Script>");
+        return Definition(Widget("h", "Headline", {"visible=Bool:true", "text=String:h"})
+                + Widget("subject", className, furnished + shown)
+                + Widget("z", "LineEdit", shown + QStringList{"text=String:fresh"}),
+            Enum("e", "One=1 Two=2") + "<Script>if (this.hear) hear('runs');</Script>");
     }
     /// The paths of a form that nobody has touched.
     static QStringList NodesOf(const QString &className)
     {
-        const forms::Form form = forms::Bind(DefinitionOf(className));
+        const Form form = Bind(DefinitionOf(className));
         return Tree::Instance()->GetPaths();
     }
     void OpenEars()

@@ -4,11 +4,6 @@
 #include "delegatefactory.h"
 #include "errorhandler.h"
 #include "formendscase.h"
-#include "rows.h"
-#include "testmain.h"
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -311,7 +306,7 @@ int Outlive(const QByteArray &what, int argc, char **argv)
 
 Q_DECLARE_METATYPE(const Road *)
 
-class TestFormEnds : public QObject
+class TestFormEnds : public TestCase
 {
     Q_OBJECT
 

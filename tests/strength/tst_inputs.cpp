@@ -2,9 +2,7 @@
 // the fuzzing programs, which end the process when something is wrong.
 
 #include "fuzzsupport.h"
-#include "testmain.h"
-
-#include <QtTest>
+#include "testcase.h"
 
 using Feed = int (*)(const uint8_t *data, size_t size);
 
@@ -26,7 +24,7 @@ const QMap<QString, Feed> Programs{{"definition", fuzz_definition}, {"changed", 
 
 } // namespace
 
-class TestInputs : public QObject
+class TestInputs : public TestCase
 {
     Q_OBJECT
 

@@ -7,21 +7,11 @@
 
 #include "delegatefactory.h"
 #include "liveform.h"
-#include "testmain.h"
-#include "tree.h"
 #include "valueselection.h"
 #include "vclineedit.h"
 #include "vcnumericfloatspin.h"
 
 #include <cmath>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QStyledItemDelegate>
-#include <QTableWidget>
-#include <QtTest>
-
-using namespace KV218;
-using namespace forms;
 
 namespace
 {
@@ -380,9 +370,8 @@ private:
     {
         bool isNumber = true;
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
-        const double shown = spin
-            ? spin->cleanText().remove(' ').toDouble(&isNumber) / Factor(place)
-            : NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
+        const double shown = spin ? spin->cleanText().remove(' ').toDouble(&isNumber) / Factor(place)
+                                  : NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
         return isNumber ? shown : qQNaN();
     }
     /// The integer's control, and those of a list, take it only when they are built.
@@ -531,22 +520,13 @@ private:
     int Steps = 0;
 };
 
-int FromEnvironment(const char *name, int otherwise)
-{
-    bool stated = false;
-    const int value = qEnvironmentVariableIntValue(name, &stated);
-    return stated ? value : otherwise;
-}
-
 } // namespace
 
-class TestWalk : public QObject
+class TestWalk : public TestCase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QCOMPARE(LeftOver(), QString()); }
-
     void everythingAgreesAfterEachStep()
     {
         const int seed = FromEnvironment("ORBEL_WALK_SEED", 1);

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "orbeldelegate.h"
+#include "delegatefactory.h"
 #include "orbelformular.h"
 #include "orbelparser.h"
+#include "orbelsheetui.h"
+#include "testcase.h"
+#include "tree.h"
 
-#include <QExplicitlySharedDataPointer>
+#include <QtScript>
 
 /// Small helpers that tests use to get at a form and its controls.
 namespace forms
@@ -30,6 +33,16 @@ inline QString Widget(const QString &name, const QString &className, const QStri
                         property.mid(colon + 1).toHtmlEscaped());
     }
     return text + "</Widget>";
+}
+
+/// An enumeration. `rows` has its rows as "display=value", parted by blanks.
+inline QString Enum(const QString &name, const QString &rows)
+{
+    QString text;
+    for (const QString &row : rows.split(' ', Qt::SkipEmptyParts))
+        text += QString("<EnumValue><DisplayName>%1</DisplayName><Value>%2</Value></EnumValue>")
+                    .arg(row.section('=', 0, 0), row.section('=', 1));
+    return "<Enums><Enum name='" + name + "'>" + text + "</Enum></Enums>";
 }
 
 inline Form Parse(const QString &definition)
@@ -65,4 +78,42 @@ inline QString Names(const Form &form)
     return names.join(' ');
 }
 
+inline QScriptEngine *EngineOf(const Form &form)
+{
+    return form->GetScriptValues().value("sheet").engine();
+}
+
+/// What the file at the path holds; empty for a file that cannot be read.
+inline QByteArray BytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A form of the examples, by the name of its file.
+inline Form Example(const QString &file)
+{
+    return Form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/" + file));
+}
+
+/// The example that holds every class once, in a window on the screen.
+struct AllControls {
+    AllControls() : form(Example("all_controls.orbel"))
+    {
+        form->CreateValueTree("/All");
+        form->CreateGUI(true);
+        window.reset(form->GetGUI());
+        window->resize(900, 900);
+        window->show();
+        QApplication::setActiveWindow(window.get());
+    }
+
+    Form form;
+    std::unique_ptr<QWidget> window;
+};
+
 } // namespace forms
+
+// Whoever tests forms speaks of them without their namespaces.
+using namespace KV218;
+using namespace forms;

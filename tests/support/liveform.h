@@ -1,13 +1,6 @@
 #pragma once
 
 #include "forms.h"
-#include "orbelsheetui.h"
-#include "valuebase.h"
-
-#include <QApplication>
-#include <QMetaMethod>
-#include <QTimer>
-#include <QTranslator>
 
 /// Everything that some objects emit and some nodes tell, in one order: "name.signal(arguments)" and "name=text".
 class EventLog : public QObject, public IObserver
@@ -75,8 +68,8 @@ private:
 /// A form with its window on the screen and a log that watches the sheet as "sheet". Automatic apply waits 100 ms.
 struct LiveForm {
     explicit LiveForm(const QString &body, bool applyUi = true, const QString &path = "/Form")
-        : form(forms::Parse(forms::Definition(
-            "<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>" + body)))
+        : form(Parse(
+            Definition("<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>" + body)))
     {
         form->CreateValueTree(path);
         form->CreateGUI(applyUi);
@@ -95,11 +88,47 @@ struct LiveForm {
         return window->findChild<Widget *>(name);
     }
 
+    /// The text of a node.
+    QString Node(const QString &name) const { return form->GetVTValue(name)->GetStringValue(); }
+
     // The first to come and the last to go: it does not let go of the nodes it watches.
     EventLog log;
-    forms::Form form;
+    Form form;
     std::unique_ptr<QWidget> window;
 };
+
+/// Types a text over what a field holds.
+inline void TypeOver(QWidget *field, const QString &text)
+{
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, text);
+}
+
+/// Opens the editor of a cell, as an operator does; gives it.
+inline QWidget *OpenCell(QTableWidget *table, int row, int column = 0)
+{
+    table->setFocus();
+    table->setCurrentCell(row, column);
+    QTest::keyClick(table, Qt::Key_F2);
+    return table->indexWidget(table->currentIndex());
+}
+
+/// Lets go what waits for the event loop: closed editors, ended forms.
+inline void PassEvents()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// Types a text over what a cell holds, and ends with Return.
+inline void EnterCell(QTableWidget *table, int row, const QString &text, int column = 0)
+{
+    QWidget *editor = OpenCell(table, row, column);
+    TypeOver(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    PassEvents();
+}
 
 /// Lets all timers go off that are due within these milliseconds: timers go off in the order in which they are due,
 /// however late that is.

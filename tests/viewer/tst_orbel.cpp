@@ -3,13 +3,7 @@
 #include "command.h"
 #include "nearestnames.h"
 #include "orbelcommand.h"
-#include "rows.h"
-#include "testmain.h"
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QMainWindow>
-#include <QtTest>
+#include "testcase.h"
 
 namespace
 {
@@ -54,7 +48,7 @@ Result Orbel(const QStringList &arguments)
 
 Q_COREAPP_STARTUP_FUNCTION(StartOperator)
 
-class TestOrbel : public QObject
+class TestOrbel : public TestCase
 {
     Q_OBJECT
 
@@ -99,19 +93,13 @@ private Q_SLOTS:
         // clang-format off
         add("no subcommand", {}, 2, "a subcommand");
         add("unknown subcommand", {"parms"}, 2, "\"params\"");
-        add("unknown option", {"params", "--sett", form}, 2, "sett");
-        add("view: other word than debug", {"view", form, "debgu"}, 2, "debgu");
         add("missing file", {"params", missing}, 1, missing + ": No such file");
-        add("set without =", {"params", form, "--set", "Group/first"}, 2, "PATH=TEXT");
         add("set at an unknown path", {"params", form, "--set", "Group/frist=1"}, 2, "nearest: \"Group/first\"");
         add("set at a control without a value", {"params", form, "--set", "note=1"}, 2, "no value at \"note\"");
         add("document of another form", {"params", form, "--params", document}, 1, document + ": there is no element");
         add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
-        add("component of a definition", {"params", form, "--component", "A"}, 2, form + ": it is no component list");
         add("component unknown", {"params", Components, "--component", "Sito"}, 2, "nearest: \"Site\"");
         add("no picture", {"render", form}, 2, "-o OUT.png");
-        add("unknown style", {"render", form, "-o", "a.png", "--style", "nouveau"}, 2, "Fusion");
-        add("unknown palette", {"render", form, "-o", "a.png", "--palette", "blue"}, 2, "light, dark, contrast");
         for (const char *wrong : {"--scale=0.5", "--scale=5", "--scale=nan", "--scale=big"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--scale wants");
         add("a picture too large", {"render", form, "-o", "a.png", "--size=9000x10", "--scale=2"}, 2, "is at most");
@@ -119,8 +107,6 @@ private Q_SLOTS:
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
         for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--font-size wants");
-        add("no language", {"render", form, "-o", "a.png", "--language", "xx"}, 2, "no language \"xx\"");
-        add("no file of translations", {"strings", form, "-o", "a.txt"}, 2, "-o FILE.ts");
         add("form cut short", {"strings", cut, "-o", noFolder + ".ts"}, 1, cut + ": line 3: ");
         add("translations malformed", {"strings", form, "-o", Write("cut.ts", "<TS>\n<context>")}, 1, "cut.ts:2: ");
         // clang-format on
@@ -163,8 +149,7 @@ private Q_SLOTS:
         // clang-format off
         add("document read", {"--params", read}, document("1", two));
         add("document in another encoding", {"--params", latin}, document(QChar(0xe4), two));
-        add("sets in their order, after the document", {"--set", "first=a", "--set", "Group/first=b=c", "--params", read},
-            document("b=c", two));
+        add("sets in their order, after the document", {"--set", "first=a", "--set", "Group/first=b=c", "--params", read}, document("b=c", two));
         add("change last", {"--changed", change, "--params", read, "--set", "second=a"}, document("1", "<second>new</second>"));
         add("only modified", {"--params", read, "--only-modified", "--set", "first=a"}, document("a", ""));
         add("nothing modified", {"--params", read, "--only-modified"}, "");
@@ -180,26 +165,17 @@ private Q_SLOTS:
         QCOMPARE(result.Status, 0);
     }
 
-    void formsWithFaultsAreToldAndUsed_data()
-    {
-        Columns<QString, QString, QString, int>({"script", "behind", "told", "status"});
-        const QString handler = "first.textChanged.connect(function () { missing.text = 1 })";
-        // clang-format off
-        QTest::newRow("script prints")            << "print('hello', 1 + 1)" << ""   << "hello 2\n"                         << 0;
-        QTest::newRow("script throws")            << "missing.text = 1"      << ""   << "ReferenceError"                    << 0;
-        QTest::newRow("handler throws")           << handler                 << ""   << "form.orbel: script: ReferenceError" << 0;
-        QTest::newRow("malformed behind the form") << ""                     << "<<" << "form.orbel: line 1: "              << 1;
-        // clang-format on
-    }
-
     void formsWithFaultsAreToldAndUsed()
     {
-        const auto [script, behind, told, status]
-            = Fetch<QString, QString, QString, int>({"script", "behind", "told", "status"});
-        const Result result = Orbel({"params", WriteForm(script, behind), "--set", "first=a"});
-        QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
-        QVERIFY2(result.Out.startsWith("<Parameters>") && result.Out.contains("<first>a<"), qPrintable(result.Out));
-        QCOMPARE(result.Status, status);
+        const auto use = [this](const QString &script, const QString &behind, const QString &told, int status) {
+            const Result result = Orbel({"params", WriteForm(script, behind), "--set", "first=a"});
+            QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
+            QVERIFY2(result.Out.startsWith("<Parameters>") && result.Out.contains("<first>a<"), qPrintable(result.Out));
+            QCOMPARE(result.Status, status);
+        };
+        use("print('hello', 1 + 1); missing.text = 1", "", "hello 2\n** OrbelFormular Script Exception ReferenceError", 0);
+        use("first.textChanged.connect(function () { missing.text = 1 })", "", "form.orbel: script: ReferenceError", 0);
+        use("", "<<", "form.orbel: line 1: ", 1);
     }
 
     /// Texts of the form in turn, each with a German word; a second run knows them again.

@@ -1,12 +1,8 @@
 // The library as a plug-in, found by name in its file.
 
 #include "idllinstance.h"
-#include "testmain.h"
+#include "testcase.h"
 #include "translationcenter.h"
-
-#include <QApplication>
-#include <QLibrary>
-#include <QtTest>
 
 namespace
 {
@@ -20,7 +16,7 @@ using DestroyFunction = void (*)(IDllInstance *);
 
 } // namespace
 
-class TestPlugin : public QObject
+class TestPlugin : public TestCase
 {
     Q_OBJECT
 

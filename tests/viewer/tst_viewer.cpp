@@ -7,18 +7,9 @@
 #include "orbelformular.h"
 #include "orbeltest.h"
 #include "orbeltestmain.h"
-#include "rows.h"
-#include "testmain.h"
 #include "tree.h"
 
-#include <QCheckBox>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QtTest>
-
 #include <stdexcept>
-
-using namespace KV218;
 
 namespace
 {
@@ -31,18 +22,8 @@ void Listen(QtMsgType, const QMessageLogContext &context, const QString &text)
         Told << text;
 }
 
-const QString MuteForm = forms::Definition(
-    forms::Widget("mute", "CheckBox", {"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"}));
-
-QString Component(const QString &name)
-{
-    return QString("<Component name=\"%1\"/>").arg(name);
-}
-
-QString Definition(const QString &id, const QString &text)
-{
-    return QString("<ValueString id=\"%1\" value=\"%2\"/>").arg(id, text.toHtmlEscaped());
-}
+const QString MuteForm = Definition(
+    Widget("mute", "CheckBox", {"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"}));
 
 /// Records what the error handler is given.
 struct HandlerLog : IErrorHandler {
@@ -59,7 +40,7 @@ struct HandlerLog : IErrorHandler {
 
 } // namespace
 
-class TestViewer : public QObject
+class TestViewer : public TestCase
 {
     Q_OBJECT
 
@@ -79,8 +60,6 @@ private:
             arguments << argument.constData();
         return Viewer->Init(arguments.size(), arguments.data());
     }
-
-    QTabWidget *Tabs() const { return qobject_cast<QTabWidget *>(Viewer->GetWindow()->centralWidget()); }
 
     QTemporaryDir Folder;
     QScopedPointer<OrbelTest> Viewer;
@@ -128,39 +107,22 @@ private Q_SLOTS:
         QCOMPARE(Viewer->GetFormular()->GetXmlString(true), QString());
     }
 
-    void componentListGetsATabForEachForm_data()
-    {
-        Columns<QString, QString, QString>({"name", "list", "titles"});
-
-        const QString form = Definition("ORBEL", MuteForm);
-        const QString one = Component("One");
-        const QString two = Component("Two");
-        const QString other = Definition("orbel", MuteForm);
-        const QString noForm = Definition("ORBEL", "<Form/>");
-        // clang-format off
-        QTest::newRow("two components")                  << "list.xml"   << one + form + two + form   << "One;Two;";
-        QTest::newRow("two forms of one component")      << "list.xml"   << one + form + form         << "One;One;";
-        QTest::newRow("what is no form")                 << "list.xml"   << one + noForm + two + form << "Two;";
-        QTest::newRow("malformed behind the first form") << "list.xml"   << one + form + "<<"         << "One;";
-        QTest::newRow("missing file opens the window")   << ""           << ""                        << "";
-        // clang-format on
-    }
-
     void componentListGetsATabForEachForm()
     {
-        const auto [name, list, titles] = Fetch<QString, QString, QString>({"name", "list", "titles"});
-        QVERIFY(Init({name.isEmpty() ? "missing.xml" : Write(name, "<List>" + list + "</List>")}));
-        QVERIFY(Viewer->GetWindow()->isVisible());
-        QVERIFY(Tabs());
+        const auto component = [](const QString &name) { return "<Component name=\"" + name + "\"/>"; };
+        const auto form
+            = [](const QString &text) { return "<ValueString id=\"ORBEL\" value=\"" + text.toHtmlEscaped() + "\"/>"; };
+        const QString one = component("One") + form(MuteForm), two = component("Two") + form(MuteForm);
+        QVERIFY(Init({Write("list.xml", "<List>" + one + form(MuteForm) + form("<Form/>") + two + "<<")}));
+        const auto *tabs = qobject_cast<QTabWidget *>(Viewer->GetWindow()->centralWidget());
+        QVERIFY(tabs && Viewer->GetWindow()->isVisible());
         QString found;
-        for (int i = 0; i < Tabs()->count(); ++i) {
-            found += Tabs()->tabText(i) + ";";
+        for (int i = 0; i < tabs->count(); ++i) {
+            found += tabs->tabText(i) + ";";
             QVERIFY(Tree::Instance()->GetNode(QString("/OrbelTest/Form_%1/mute").arg(i + 1)));
         }
-        QCOMPARE(found, titles);
-        QVERIFY(!Tabs()->findChild<QPushButton *>("applyButton"));
-        QVERIFY(!Viewer->GetFormular());
-        QVERIFY(Told.isEmpty());
+        QCOMPARE(found, QString("One;One;Two;"));
+        QVERIFY(!tabs->findChild<QPushButton *>("applyButton") && !Viewer->GetFormular() && Told.isEmpty());
     }
 
     void failedConstructionIsHandedOver()

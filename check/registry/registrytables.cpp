@@ -1,0 +1,110 @@
+#include "registrytables.h"
+
+#include "propertynames.h"
+
+#include <map>
+#include <string>
+
+namespace Orbel
+{
+
+namespace
+{
+
+namespace prop = KV218::prop;
+
+// Words of the rows.
+constexpr QLatin1String None;
+constexpr unsigned Field = ekRow | ekShown | ekWrites;
+constexpr unsigned Number = Field | ekLimits;
+const char NumberBecomesValue[] = "The element's text becomes the value; a text that is no number reads as 0.";
+const char TextBecomesValue[] = "The element's text becomes the value.";
+const char ItemsByIndex[]
+    = "Items land by their attribute \"index\", or one behind the other; the element name of an item is not "
+      "looked at, and items beyond the count are dropped.";
+
+struct Rows {
+    QVector<PropertyInfo> Common;
+    QVector<PropertyInfo> Sheet;
+    std::map<std::string, DelegateInfo> Delegates; ///< By the class names that are no aliases.
+};
+
+/// Takes the rows one after the other.
+class RowReader
+{
+public:
+    Rows Read;
+
+    void Begin(QVector<PropertyInfo> &properties) { Properties = &properties; }
+
+    void Begin(const char *name, const DelegateInfo &info)
+    {
+        DelegateInfo &added = Read.Delegates[name] = info;
+        Type = info.valueType;
+        Begin(added.properties);
+    }
+
+    template <class... Groups> void Use(const Groups &...groups)
+    {
+        for (const QVector<PropertyInfo> *group : {&groups...}) {
+            for (PropertyInfo property : *group) {
+                if (property.type == ValueType::AsValue)
+                    property.type = Type;
+                Add(property);
+            }
+        }
+    }
+
+    void Add(const PropertyInfo &property) { Properties->append(property); }
+
+private:
+    QVector<PropertyInfo> *Properties = nullptr; ///< Those of the next rows.
+    ValueType Type = ValueType::Text; ///< Of the last class.
+};
+
+Rows ReadRows()
+{
+    RowReader reader;
+    // clang-format off
+#define ORBEL_PROPERTIES(group) QVector<PropertyInfo> group; reader.Begin(group);
+#define ORBEL_SHEET() reader.Begin(reader.Read.Sheet);
+#define ORBEL_CLASS(name, delegate, type, ...) reader.Begin(#name, {#delegate, ValueType::type, __VA_ARGS__});
+#define ORBEL_USES(...) reader.Use(__VA_ARGS__);
+#define ORBEL_PROPERTY(constant, name, ...) ORBEL_ALSO(constant, __VA_ARGS__)
+#define ORBEL_ALSO(constant, type, absent, unit, use, ...) \
+    reader.Add({prop::constant, ValueType::type, absent, unit, PropertyUse::use, __VA_ARGS__});
+#include "controlclasses.inc"
+    // clang-format on
+    reader.Read.Common = EveryControl;
+    return reader.Read;
+}
+
+const Rows &AllRows()
+{
+    static const Rows rows = ReadRows();
+    return rows;
+}
+
+} // namespace
+
+const QVector<ClassInfo> &ClassTable()
+{
+    static const QVector<ClassInfo> table = {
+#define ORBEL_CLASS(name, ...) {#name, &AllRows().Delegates.at(#name), ""},
+#define ORBEL_ALIAS(name, same, remark) {#name, &AllRows().Delegates.at(#same), remark},
+#include "controlclasses.inc"
+    };
+    return table;
+}
+
+const QVector<PropertyInfo> &CommonTable()
+{
+    return AllRows().Common;
+}
+
+const QVector<PropertyInfo> &SheetTable()
+{
+    return AllRows().Sheet;
+}
+
+} // namespace Orbel

@@ -1,0 +1,14 @@
+#include "formcheck.h"
+
+namespace Orbel
+{
+
+void CheckForm(const FormModel &form, FindingSink &sink)
+{
+    constexpr FormCheck checks[] = {CheckAttributes, CheckProperties, CheckNames, CheckEnums, CheckLimits, CheckRows,
+        CheckParameterPlaces, CheckConventions, CheckScript};
+    for (const FormCheck check : checks)
+        check(form, sink);
+}
+
+} // namespace Orbel

@@ -1,0 +1,110 @@
+#include "scriptdeclarations.h"
+
+#include "scriptbuiltins.h"
+
+namespace Orbel
+{
+
+ScriptDeclarations::ScriptDeclarations(const QString &code) : Tokens(ScanScript(code))
+{
+    FindMade();
+}
+
+bool ScriptDeclarations::IsMark(int at, char mark) const
+{
+    return at >= 0 && at < Tokens.size() && Tokens.at(at).What == ScriptToken::Mark
+        && Tokens.at(at).Text == QLatin1Char(mark);
+}
+
+bool ScriptDeclarations::IsName(int at) const
+{
+    return at >= 0 && at < Tokens.size() && Tokens.at(at).What == ScriptToken::Name;
+}
+
+bool ScriptDeclarations::IsWord(int at, const char *word) const
+{
+    return IsName(at) && Tokens.at(at).Text == QLatin1String(word);
+}
+
+bool ScriptDeclarations::IsAssigned(int at) const
+{
+    return IsMark(at + 1, '=') && !IsMark(at + 2, '=');
+}
+
+/// A key of an object literal, or a label.
+bool ScriptDeclarations::IsKey(int at) const
+{
+    return IsMark(at + 1, ':') && !IsMark(at - 1, '?') && !IsWord(at - 1, "case")
+        && (at == 0 || Tokens.at(at - 1).What == ScriptToken::Mark);
+}
+
+void ScriptDeclarations::FindMade()
+{
+    for (int i = 0; i < Tokens.size(); ++i) {
+        if (!IsName(i))
+            continue;
+        const QString &text = Tokens.at(i).Text;
+        if (IsMark(i - 1, '.')) {
+            if (IsAssigned(i) && IsName(i - 2))
+                SetMembers.insert(Tokens.at(i - 2).Text + QLatin1Char('.') + text);
+        } else if (IsWord(i, "var")) {
+            FindVariables(i + 1);
+        } else if (IsWord(i, "function") || IsWord(i, "catch")) {
+            FindParameters(i + 1);
+        } else if (IsWord(i, "eval") || IsWord(i, "with")) {
+            IsOpaque = true;
+        } else if (IsAssigned(i) || IsWord(i - 1, "typeof")) {
+            Made.insert(text);
+        }
+    }
+}
+
+/// The names of a `var` statement, from its first one on.
+void ScriptDeclarations::FindVariables(int at)
+{
+    int depth = 0;
+    bool isExpected = true;
+    for (; at < Tokens.size() && !IsMark(at, ';') && depth >= 0; ++at) {
+        if (isExpected && IsName(at))
+            Made.insert(Tokens.at(at).Text);
+        isExpected = depth == 0 && IsMark(at, ',');
+        if (IsMark(at, '(') || IsMark(at, '[') || IsMark(at, '{'))
+            ++depth;
+        else if (IsMark(at, ')') || IsMark(at, ']') || IsMark(at, '}'))
+            --depth;
+        else if (depth == 0 && IsWord(at, "var"))
+            return;
+    }
+}
+
+/// The name of a function, if it has one, and its parameters.
+void ScriptDeclarations::FindParameters(int at)
+{
+    for (; at < Tokens.size() && !IsMark(at, ')'); ++at) {
+        if (IsName(at))
+            Made.insert(Tokens.at(at).Text);
+    }
+}
+
+QVector<ScriptReference> ScriptDeclarations::Undeclared() const
+{
+    QVector<ScriptReference> references;
+    for (int i = 0; i < Tokens.size() && !IsOpaque; ++i) {
+        if (!IsName(i) || IsMark(i - 1, '.') || IsKey(i))
+            continue;
+        const QString &name = Tokens.at(i).Text;
+        const bool isLabel = IsWord(i - 1, "break") || IsWord(i - 1, "continue");
+        if (isLabel || Made.contains(name) || ReservedWords().contains(name))
+            continue;
+        if (!ScriptBuiltins().contains(name))
+            references.append({QString(), name, Tokens.at(i).Index});
+        if (!IsMark(i + 1, '.') || !IsName(i + 2))
+            continue;
+        const QString &member = Tokens.at(i + 2).Text;
+        if (!SetMembers.contains(name + QLatin1Char('.') + member))
+            references.append({name, member, Tokens.at(i + 2).Index});
+    }
+    return references;
+}
+
+} // namespace Orbel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "scriptscanner.h"
+
+#include <QSet>
+
+namespace Orbel
+{
+
+/// A place where a script speaks of something: of a name of its own, or with `Owner` of something behind a dot.
+struct ScriptReference {
+    QString Owner;
+    QString Name;
+    int Index;
+};
+
+/// What a script makes, and what it takes to be there.
+class ScriptDeclarations
+{
+public:
+    explicit ScriptDeclarations(const QString &code);
+
+    /// Names that the script makes nowhere, and members of such names that it sets nowhere. Nothing when the script can
+    /// make names in ways that cannot be seen.
+    QVector<ScriptReference> Undeclared() const;
+
+private:
+    void FindMade();
+    void FindVariables(int at);
+    void FindParameters(int at);
+    bool IsMark(int at, char mark) const;
+    bool IsName(int at) const;
+    bool IsWord(int at, const char *word) const;
+    bool IsAssigned(int at) const;
+    bool IsKey(int at) const;
+
+    QVector<ScriptToken> Tokens;
+    QSet<QString> Made;
+    QSet<QString> SetMembers;
+    bool IsOpaque = false;
+};
+
+} // namespace Orbel

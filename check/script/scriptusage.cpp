@@ -1,0 +1,56 @@
+#include "scriptusage.h"
+
+#include "scriptscanner.h"
+
+#include <QRegularExpression>
+
+namespace Orbel
+{
+
+namespace
+{
+
+bool IsDot(const QVector<ScriptToken> &tokens, int at)
+{
+    return at >= 0 && at < tokens.size() && tokens.at(at).What == ScriptToken::Mark
+        && tokens.at(at).Text == QLatin1Char('.');
+}
+
+} // namespace
+
+ScriptUsage::ScriptUsage(const QString &code)
+{
+    const QVector<ScriptToken> tokens = ScanScript(code);
+    for (int i = 0; i < tokens.size(); ++i) {
+        const ScriptToken &token = tokens.at(i);
+        if (token.What == ScriptToken::Mark || token.Text.isEmpty())
+            continue;
+        const bool isName = token.What == ScriptToken::Name;
+        if (isName && (token.Text == QLatin1String("eval") || token.Text == QLatin1String("with")))
+            AddWords(code);
+        if (!isName || IsDot(tokens, i - 1))
+            Members.insert(token.Text);
+        if (!isName || !IsDot(tokens, i + 1))
+            PassedOn.insert(token.Text);
+        else if (i + 2 < tokens.size())
+            Pairs.insert(token.Text + QLatin1Char('.') + tokens.at(i + 2).Text);
+    }
+}
+
+bool ScriptUsage::MayCall(const QString &owner, const QString &member) const
+{
+    return Pairs.contains(owner + QLatin1Char('.') + member) || (PassedOn.contains(owner) && Members.contains(member));
+}
+
+void ScriptUsage::AddWords(const QString &code)
+{
+    static const QRegularExpression word(QStringLiteral("[\\w$]+"), QRegularExpression::UseUnicodePropertiesOption);
+    auto match = word.globalMatch(code);
+    while (match.hasNext()) {
+        const QString text = match.next().captured();
+        Members.insert(text);
+        PassedOn.insert(text);
+    }
+}
+
+} // namespace Orbel

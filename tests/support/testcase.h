@@ -1,0 +1,39 @@
+#pragma once
+
+#include "rows.h"
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include <functional>
+
+/// Runs the tests of `test` in an application with the style, font and locale that all tests share.
+/// Returns the exit status of QTest::qExec.
+int RunOrbelTest(QObject *test, int argc, char **argv);
+
+/// What a finished test case left behind, as text; empty when nothing was left. Call it in a cleanup() of your own.
+QString LeftOver();
+
+/// A number that an environment variable states, or another one.
+inline int FromEnvironment(const char *name, int otherwise)
+{
+    bool stated = false;
+    const int value = qEnvironmentVariableIntValue(name, &stated);
+    return stated ? value : otherwise;
+}
+
+/// A test after each case of which nothing may be left behind.
+class TestCase : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QCOMPARE(LeftOver(), QString()); }
+};
+
+#define ORBEL_TEST_MAIN(TestClass)                                                                                     \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        TestClass test;                                                                                                \
+        return RunOrbelTest(&test, argc, argv);                                                                        \
+    }
