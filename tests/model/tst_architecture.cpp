@@ -6,23 +6,24 @@ namespace
 {
 
 /// From the lowest to the highest: a file includes from its own room and from those before it.
-const QStringList Rooms{"host/services", "host/valuetree", "host/controls", "orbelparser", "orbelparser/widgets",
-    "form", "viewer", "check/document", "check/findings", "check/registry", "check/script", "check/rules", "check",
-    "apps/orbel"};
-/// Files of orbelparser/ itself that stand above the controls, without their endings.
-const QStringList FormFiles{"formdoor.cpp", "formfactory", "orbelformular", "formbody", "formbodyvalues", "managerbody",
-    "orbelformularmanager", "orbelparser", "orbelsheet", "orbelelement", "widgetindex", "orbelwidget.cpp",
-    "formconfiguration"};
-const QStringList ViewerFiles{"orbeltest", "orbeltestmain", "loadinterface"};
+const QStringList Rooms{"host/services", "host/valuetree", "host/controls", "orbelparser/names", "orbelparser/layout",
+    "orbelparser/delegate", "orbelparser/widgets", "orbelparser/form", "orbelparser/viewer", "check/document",
+    "check/findings", "check/registry", "check/script", "check/rules", "check", "apps/orbel"};
+/// Where classes count that hosts know, and that therefore stand in orbelparser/ itself; the others belong to the form.
+const QHash<QString, QString> RoomOfHostsClass{{"applymode", "names"}, {"floatgrouplayout", "layout"},
+    {"floatscrollarea", "layout"}, {"orbeldelegate", "delegate"}, {"orbelenum", "delegate"},
+    {"orbelenumvalue", "delegate"}, {"orbelwidget.h", "delegate"}, {"loadinterface", "viewer"}};
 
 QString RoomOf(const QFileInfo &file)
 {
     const QString folder = QDir(ORBEL_SOURCE_DIR).relativeFilePath(file.path());
-    const auto isIn
-        = [&](const QStringList &names) { return names.contains(file.baseName()) || names.contains(file.fileName()); };
+    // The door is seen from both sides: what a control may ask, and how the form answers.
+    if (file.fileName() == "formdoor.cpp")
+        return "orbelparser/form";
     if (folder != "orbelparser")
         return folder;
-    return isIn(ViewerFiles) ? "viewer" : isIn(FormFiles) ? "form" : folder;
+    const QString byFile = RoomOfHostsClass.value(file.fileName());
+    return "orbelparser/" + (byFile.isEmpty() ? RoomOfHostsClass.value(file.baseName(), "form") : byFile);
 }
 
 QFileInfoList Sources()
