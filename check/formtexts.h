@@ -19,6 +19,6 @@ struct FormText {
 /// The texts of a form definition, or of all those of a component list, in the order of the file. What a script gives a
 /// widget to show counts where it stands there as a text: `name.setText("...")`, `name.text = "..."`. Documents are
 /// bytes as they stand in a file; a broken one gives the texts up to the fault.
-ORBEL_CHECK_EXPORT QVector<FormText> TextsOf(const QByteArray &document, bool isList);
+ORBEL_CHECK_INTERNAL QVector<FormText> TextsOf(const QByteArray &document, bool isList);
 
 } // namespace Orbel

@@ -63,6 +63,8 @@ set(same "(= ${PROJECT_VERSION})")
 set(qt "qtbase5-dev (>= 5.15), qtscript5-dev (>= 5.15)")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME "${runtime}")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+# The icons are drawn by a plug-in of Qt, which no library names.
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_DEPENDS libqt5svg5)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "The libraries that hosts link.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME liborbelparser-dev)

@@ -29,12 +29,12 @@ if(top_level)
             "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros
             "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ORBEL_CCACHE}")
     endif()
-endif()
 
-# Every test links the whole library; the usual linker takes ten times as long as this one.
-find_program(ORBEL_LLD ld.lld)
-if(ORBEL_LLD AND CMAKE_SOURCE_DIR STREQUAL PROJECT_SOURCE_DIR)
-    add_link_options(-fuse-ld=lld)
+    # Every test links the whole library; the usual linker takes ten times as long as this one.
+    find_program(ORBEL_LLD ld.lld)
+    if(ORBEL_LLD)
+        add_link_options(-fuse-ld=lld)
+    endif()
 endif()
 
 if(ORBEL_SANITIZE)

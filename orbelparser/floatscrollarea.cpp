@@ -1,5 +1,6 @@
 #include "floatscrollarea.h"
 
+#include <QEvent>
 #include <QLayout>
 #include <QPointer>
 #include <QVector>

@@ -276,6 +276,11 @@ void OrbelFormular::SetScriptValue(const QString &name, const QString &value)
     Run()->SetScriptValue(name, QScriptValue(value));
 }
 
+void OrbelFormular::SetScriptValue(const QString &name, const char *value)
+{
+    Run()->SetScriptValue(name, QScriptValue(QString::fromUtf8(value)));
+}
+
 QMap<QString, QScriptValue> OrbelFormular::GetScriptValues() const
 {
     return Run()->GetScriptValues();

@@ -11,6 +11,9 @@
 #include <QObject>
 #include <QScriptValue>
 
+#include <cstddef>
+#include <type_traits>
+
 class QUndoStack;
 class QXmlStreamReader;
 class ValueBase;
@@ -144,6 +147,15 @@ public:
     void SetScriptValue(const QString &name, bool value);
     void SetScriptValue(const QString &name, double value);
     void SetScriptValue(const QString &name, const QString &value);
+    /// In UTF-8. Without this one a literal would count as a bool.
+    void SetScriptValue(const QString &name, const char *value);
+    void SetScriptValue(const QString &name, std::nullptr_t) { SetScriptValue(name, static_cast<QObject *>(nullptr)); }
+    /// Any whole number; scripts know numbers as double alone.
+    template <class Whole, std::enable_if_t<std::is_integral_v<Whole> && !std::is_same_v<Whole, bool>, int> = 0>
+    void SetScriptValue(const QString &name, Whole value)
+    {
+        SetScriptValue(name, static_cast<double>(value));
+    }
     /// All valid globals of the script, the language's own among them.
     QMap<QString, QScriptValue> GetScriptValues() const;
     /// Attaches a debugger that stops at the next statement; once.

@@ -125,7 +125,7 @@ void OrbelFormularManager::GetVTValues(const QList<ValueBase *> &locals, IObserv
     }
     for (int i = locals.size() - 1; init && i >= 0; --i) {
         if (ValueBase *local = locals.at(i))
-            local->SetStringValue(QStringLiteral(""), nullptr);
+            local->SetStringValue(QLatin1String(""), nullptr);
     }
 }
 

@@ -31,6 +31,11 @@ OrbelFormular *OrbelParser::ParseORBEL(const QString &document)
     return ParseORBEL(reader);
 }
 
+OrbelFormular *OrbelParser::ParseORBEL(const char *document)
+{
+    return ParseORBEL(QByteArray(document));
+}
+
 OrbelFormular *OrbelParser::ParseORBEL(QXmlStreamReader &reader)
 {
     return NewFormular(reader);

@@ -29,6 +29,8 @@ public:
     /// The bytes are decoded as their XML declaration says.
     OrbelFormular *ParseORBEL(const QByteArray &document);
     OrbelFormular *ParseORBEL(const QString &document);
+    /// As the bytes; ends with a zero. Null is an empty document.
+    OrbelFormular *ParseORBEL(const char *document);
     /// `reader` stands before the document's first element.
     OrbelFormular *ParseORBEL(QXmlStreamReader &reader);
 };

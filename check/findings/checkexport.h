@@ -8,3 +8,6 @@
 #else
 #define ORBEL_CHECK_EXPORT Q_DECL_IMPORT
 #endif
+
+/// Marks what the command `orbel` takes besides. Headers with it are not installed.
+#define ORBEL_CHECK_INTERNAL ORBEL_CHECK_EXPORT

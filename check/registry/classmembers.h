@@ -11,13 +11,13 @@ namespace Orbel
 
 /// What scripts and hosts can call or connect to, as signatures with the names of the arguments, in the order of the
 /// meta-object.
-struct ORBEL_CHECK_EXPORT ClassMembers {
+struct ORBEL_CHECK_INTERNAL ClassMembers {
     QStringList Signals;
     QStringList Slots; ///< Public ones.
     QStringList Invokables;
 };
 
 /// The members of a class and of its bases, as far as they are not members of `base`.
-ORBEL_CHECK_EXPORT ClassMembers MembersOf(const QMetaObject *metaObject, const QMetaObject &base);
+ORBEL_CHECK_INTERNAL ClassMembers MembersOf(const QMetaObject *metaObject, const QMetaObject &base);
 
 } // namespace Orbel

@@ -25,7 +25,7 @@ enum class ValueType {
 };
 
 /// "Bool", "Int", "Int64", "UInt64", "Double", "String": the name of the value element that fits; empty for Other.
-ORBEL_CHECK_EXPORT QString NameOf(ValueType type);
+ORBEL_CHECK_INTERNAL QString NameOf(ValueType type);
 
 /// What the library does with a property.
 enum class PropertyUse {
@@ -79,7 +79,7 @@ struct ClassInfo {
 
 /// All that is known about the control classes, the sheet and their properties, from the rows of controlclasses.inc.
 /// Feeds the checks, the schema, the reference and `orbel classes`.
-class ORBEL_CHECK_EXPORT Registry
+class ORBEL_CHECK_INTERNAL Registry
 {
 public:
     /// In the order of the class table.

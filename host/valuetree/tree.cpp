@@ -154,7 +154,8 @@ void Tree::TakeOut(TreeItem *item)
 void Tree::Sweep()
 {
     // By path, since the end of one node may be the end of others.
-    for (const QString &path : Entered.keys()) {
+    const QStringList paths = Entered.keys();
+    for (const QString &path : paths) {
         ValueBase *node = GetNode(path);
         if (node && !node->HasObservers())
             delete node;

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QSet>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 
 #include <algorithm>

@@ -117,7 +117,7 @@ bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iter
     QVariantList values = control->GetEdits();
     QVector<Part *> standing;
     for (auto part = first; part != last; ++part) {
-        if (!part->Stands(values, back))
+        if (!part->Stands(values, back)) // clazy:exclude=strict-iterators
             continue;
         values[part->Index] = part->Side(back);
         standing.append(&*part);

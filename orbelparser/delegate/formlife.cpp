@@ -117,7 +117,8 @@ void FormLife::SettleLater(int milliseconds)
     if (!QCoreApplication::instance())
         Settle();
     else if (!std::exchange(IsDue, true))
-        QTimer::singleShot(milliseconds, [self] {
+        // The handler keeps what it needs.
+        QTimer::singleShot(milliseconds, [self] { // clazy:exclude=connect-3arg-lambda
             self->IsDue = false;
             self->Settle();
         });

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGroupBox>
+#include <QShowEvent>
 
 namespace KV218
 {

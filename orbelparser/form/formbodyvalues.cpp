@@ -176,7 +176,7 @@ ValueBase *FormBody::GetVTValue(ValueBase *local, IObserver *observer, bool init
         source = GetVTValue(local->GetName());
     if (!source) {
         if (init)
-            local->SetStringValue(QStringLiteral(""), observer);
+            local->SetStringValue(QLatin1String(""), observer);
         return nullptr;
     }
     // Observers of the application's value may end it, or the form with the source.

@@ -3,8 +3,10 @@
 #include "firstline.h"
 #include "readablecolor.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 
 RowLabel::RowLabel(const QString &text, QWidget *parent) : QLabel(text, parent) { }
 
@@ -116,7 +118,7 @@ void RowLabel::PaintText(QPainter &painter) const
 {
     QRect place = contentsRect();
     place.setTop(Baseline() - fontMetrics().ascent());
-    const int flags = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignTop;
+    const int flags = int(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignTop);
     style()->drawItemText(&painter, place, flags, palette(), isEnabled(), text(), foregroundRole());
 }
 

@@ -1,6 +1,7 @@
 #include "sectionline.h"
 
 #include <climits>
+#include <QEvent>
 #include <QStyleOptionGroupBox>
 #include <QStylePainter>
 

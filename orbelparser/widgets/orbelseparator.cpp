@@ -3,6 +3,8 @@
 #include "floatgrouplayout.h"
 #include "newcontrol.h"
 
+#include <QGroupBox>
+
 namespace KV218
 {
 

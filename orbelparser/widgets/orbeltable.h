@@ -4,9 +4,7 @@
 #include "propertynames.h"
 
 #include <QPointer>
-
-class QTableWidget;
-class QTableWidgetItem;
+#include <QTableWidget>
 
 namespace KV218
 {

@@ -29,9 +29,8 @@ dpkg_root --install "$work"/debs/*.deb
     || fail "the command"
 gzip -dc "$usr/share/man/man1/orbel-check.1.gz" | grep -q -- '\\-\\-run' || fail "the manual pages"
 bash -n "$usr/share/bash-completion/completions/orbel" || fail "the completion"
-for header in $(grep -lE '^class ORBEL_EXPORT ' orbelparser/*.h orbelparser/*/*.h); do
-    [ -e "$usr/include/orbelparser/$(basename "$header")" ] \
-        || fail "$header declares an exported class, and is not installed"
+for header in $(grep -rlE --include='*.h' 'ORBEL_(HOST_|CHECK_)?EXPORT ' host orbelparser check); do
+    [ -n "$(find "$usr/include" -name "$(basename "$header")")" ] || fail "$header exports something, and is not installed"
 done
 
 # build_and_run SOURCE COMMAND...: against the packages by find_package(), then runs the command in the build.

@@ -14,8 +14,14 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QExplicitlySharedDataPointer<KV218::OrbelFormular> form(KV218::OrbelParser().ParseORBEL(
-        QString("<ZkParamGui><Sheet name='sheet'><Widget name='Mode' class='LineEdit'>"
-                "<Property name='generateParameterXml'><Bool>true</Bool></Property></Widget></Sheet></ZkParamGui>")));
+        "<ZkParamGui><Sheet name='sheet'><Widget name='Mode' class='LineEdit'>"
+        "<Property name='generateParameterXml'><Bool>true</Bool></Property></Widget></Sheet></ZkParamGui>"));
+    form->SetScriptValue("name", "text");
+    form->SetScriptValue("n", 5);
+    form->SetScriptValue("none", nullptr);
+    const QMap<QString, QScriptValue> values = form->GetScriptValues();
+    if (!values["name"].isString() || !values["n"].isNumber() || !values["none"].isNull())
+        return 2;
     form->CreateValueTree("/Consumer");
     form->CreateGUI(true);
     const std::unique_ptr<QWidget> window(form->GetGUI());
