@@ -362,7 +362,7 @@ private Q_SLOTS:
         node.AddItem("b", 7.5, 9, nullptr);
         node.AddItem(nullptr, nullptr);
         QCOMPARE(witness.Told(), QString("6 3 6"));
-        QCOMPARE(node.GetKeyForItemName("unknown"), -1L);
+        QVERIFY(node.GetKeyForItemName("unknown") == -1 && node.GetKeyForItemName("a") == 1);
         QVERIFY(!node.GetItemIndex(3) && !node.GetItemIndex(-1) && !node.GetItem(9.0));
         QVERIFY(node.Select(9L, nullptr) && node.Select(L"b", &witness) && !node.Select(99L, nullptr));
         QCOMPARE(witness.Told(), QString("3"));
@@ -435,6 +435,7 @@ private Q_SLOTS:
         QCOMPARE(witness.Told(), QString("5 3 8 3 7 3"));
         QCOMPARE(InOrder(node), QString("0:1 1:3 2:5"));
         QCOMPARE(node.data().at(0).GetID(), 4u);
+        QCOMPARE(node.data().at(0).GetFrequency(), 1.5);
         QCOMPARE(node.CreateNewUniqueKey(), 3u);
         QCOMPARE(node.CreateNewUniqueKey(), 4u);
         copy.Assign(node);
