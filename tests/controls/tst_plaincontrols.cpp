@@ -53,32 +53,6 @@ class TestPlainControls : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
-    void boxTexts_data()
-    {
-        const auto row = Columns<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
-        const QStringList own{"checkedValue=String:on", "uncheckedValue=String:off"};
-        const QStringList empty{"checkedValue=String:", "uncheckedValue=String:"};
-        row("another case is unchecked", QStringList(), "TRUE", false, "<c>false</c>");
-        row("own text for checked", own, "on", true, "<c>on</c>");
-        row("neither of the own texts is unchecked", own, "1", false, "<c>off</c>");
-        row("empty own texts count as absent", empty, "true", true, "<c>true</c>");
-    }
-
-    void boxTexts()
-    {
-        auto [properties, text, checked, written]
-            = Fetch<QStringList, QString, bool, QString>({"properties", "text", "checked", "written"});
-        LiveForm live(Widget("c", "CheckBox", properties << Written));
-        live.log.Watch("c", live.Get("c"));
-        for (int pass = 0; pass < 2; ++pass) {
-            live.form->SetXmlString("<Parameters><c>" + text + "</c></Parameters>");
-            QCOMPARE(live.log.Take(), QString("c.toggled(%1)").arg(QVariant(checked).toString()));
-        }
-        QVERIFY(!live.form->GetSheet().isModified());
-        QCOMPARE(live.Find<QCheckBox>("c")->isChecked(), checked);
-        const QString document = live.form->GetXmlString(false);
-        QVERIFY2(document.contains(written), qPrintable(document));
-    }
 
     void boxChanges()
     {

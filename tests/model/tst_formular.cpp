@@ -409,23 +409,19 @@ private Q_SLOTS:
         const auto restore = [&] { form->SetConfigObject(&configuration, "f"); };
         embeddedFirst ? (embed(), restore()) : (restore(), embed());
         form->ApplyConfiguration();
-        QString seen;
-        const auto look = [&] {
-            seen += QString("%1 %2 %3, ")
-                        .arg(gui->font().pointSize())
-                        .arg(gui->findChild<QLabel *>()->font().pointSize())
-                        .arg(configuration.property("f-fontsize").toInt());
-        };
         window.show();
-        look();
+        const auto sizes = [&] {
+            return QList<int>{gui->font().pointSize(), gui->findChild<QLabel *>()->font().pointSize(),
+                configuration.property("f-fontsize").toInt()};
+        };
+        QCOMPARE(sizes(), (QList<int>{20, 20, 20}));
         Q_EMIT form->GetSheet().GetUi()->si_chooseFontSize(13);
-        look();
-        for (const QVariant &kept : {QVariant(), QVariant(16)}) {
-            configuration.setProperty("f-fontsize", kept);
+        QCOMPARE(sizes(), (QList<int>{13, 13, 13}));
+        for (const int kept : {0, 16}) {
+            configuration.setProperty("f-fontsize", kept ? QVariant(kept) : QVariant());
             form->RestoreConfiguration();
-            look();
+            QCOMPARE(sizes(), (QList<int>{kept ? kept : 9, kept ? kept : 9, kept}));
         }
-        QCOMPARE(seen, QString("20 20 20, 13 13 13, 9 9 0, 16 16 16, "));
     }
 
     void cleanup()
