@@ -12,7 +12,7 @@ constexpr QLatin1Char Minus('-');
 constexpr QLatin1Char Point('.');
 constexpr QLatin1Char Comma(',');
 constexpr QLatin1Char Zero('0');
-constexpr double Unlimited = 1e308;
+constexpr double LargestNumber = 1e308;
 constexpr double LargestWhole = 9.2e18; // what 64 bits hold
 
 bool IsBlank(uint character)
@@ -252,7 +252,7 @@ double NumberReader::Value(const Digits &digits, int power) const
 
 bool NumberReader::IsInRange(double number) const
 {
-    return std::fabs(number) < (IsWhole ? LargestWhole : Unlimited);
+    return std::fabs(number) < (IsWhole ? LargestWhole : LargestNumber);
 }
 
 bool NumberReader::IsWithin(double number) const

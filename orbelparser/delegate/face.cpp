@@ -14,7 +14,7 @@ namespace KV218
 namespace
 {
 
-QString Translated(const char *text)
+QString FaceText(const char *text)
 {
     return QCoreApplication::translate("KV218::Face", text);
 }
@@ -34,7 +34,7 @@ QString SpokenFrequency(double hertz)
 
 QString CellPlace(const QAbstractItemModel &cells, int row, int column)
 {
-    return Translated(QT_TRANSLATE_NOOP("KV218::Face", "column %1, row %2"))
+    return FaceText(QT_TRANSLATE_NOOP("KV218::Face", "column %1, row %2"))
         .arg(cells.headerData(column, Qt::Horizontal).toString(), cells.headerData(row, Qt::Vertical).toString());
 }
 
@@ -49,9 +49,9 @@ QString SpokenNumber(QString number)
 QString BoundsText(const QString &lowest, const QString &highest)
 {
     if (lowest.isEmpty())
-        return highest.isEmpty() ? QString() : Translated(QT_TRANSLATE_NOOP("KV218::Face", "up to %1")).arg(highest);
-    return highest.isEmpty() ? Translated(QT_TRANSLATE_NOOP("KV218::Face", "from %1")).arg(lowest)
-                             : Translated(QT_TRANSLATE_NOOP("KV218::Face", "%1 to %2")).arg(lowest, highest);
+        return highest.isEmpty() ? QString() : FaceText(QT_TRANSLATE_NOOP("KV218::Face", "up to %1")).arg(highest);
+    return highest.isEmpty() ? FaceText(QT_TRANSLATE_NOOP("KV218::Face", "from %1")).arg(lowest)
+                             : FaceText(QT_TRANSLATE_NOOP("KV218::Face", "%1 to %2")).arg(lowest, highest);
 }
 
 QString FrequencyBounds(double lowest, double highest)

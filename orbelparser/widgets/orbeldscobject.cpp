@@ -13,7 +13,7 @@ namespace KV218
 namespace
 {
 
-constexpr ExclusionListFormat ListFormat{
+constexpr ExclusionListFormat DscListFormat{
     Latin1("ExclusionFrequencyList"), Latin1("ExclusionFrequency"), Latin1("Start"), Latin1("Stop"), 0, true};
 
 /// A band's element in the document of scan ranges, and the label that shows it.
@@ -45,7 +45,7 @@ OrbelDelegate *NewSpecialObject_DSC(OrbelWidget *widget)
     return NewControl<OrbelDSCObject>(widget);
 }
 
-OrbelDSCObject::OrbelDSCObject(OrbelWidget *widget) : ExclusionListDelegate(widget, ListFormat), ExclusionMap(this)
+OrbelDSCObject::OrbelDSCObject(OrbelWidget *widget) : ExclusionListDelegate(widget, DscListFormat), ExclusionMap(this)
 {
 }
 

@@ -12,7 +12,7 @@ namespace KV218
 namespace
 {
 
-constexpr ExclusionListFormat ListFormat{
+constexpr ExclusionListFormat FhpListFormat{
     Latin1("ExclusionRanges"), Latin1("ExclusionRange"), Latin1("StartFreq"), Latin1("StopFreq"), 2, false};
 
 } // namespace
@@ -22,7 +22,7 @@ OrbelDelegate *NewSpecialObject_FHP(OrbelWidget *widget)
     return NewControl<OrbelFHPObject>(widget);
 }
 
-OrbelFHPObject::OrbelFHPObject(OrbelWidget *widget) : ExclusionListDelegate(widget, ListFormat), ExclusionRanges(this)
+OrbelFHPObject::OrbelFHPObject(OrbelWidget *widget) : ExclusionListDelegate(widget, FhpListFormat), ExclusionRanges(this)
 {
 }
 
