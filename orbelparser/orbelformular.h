@@ -97,9 +97,9 @@ public:
     /// to the form and goes some time after it. An entry undone puts back the values that stand as its change left
     /// them, with signals and mark as if the operator had, and leaves alone what host or script have set since. One
     /// that finds nothing to put back is dropped, so that such an undo() changes nothing; one whose control is locked
-    /// keeps its place and is passed over. The text of an entry names the control; when the event loop comes round it names
-    /// the values, too, and undoTextChanged() tells so. Do not change the stack from within its own signals or from a handler that
-    /// an undo has called.
+    /// keeps its place and is passed over. The text of an entry is the element's name; when the event loop comes round
+    /// it names label and values, and undoTextChanged() tells so. Do not change the stack from within its own signals
+    /// or from a handler that an undo has called.
     QUndoStack *GetUndoStack() const;
     void SelectWidgets(const QStringList &paths, bool select);
     void ShowGroup(const QString &name, bool show);

@@ -47,10 +47,12 @@ bool TypedSpinBox::Enter(const QString &text, QString *note)
 
 QString TypedSpinBox::textFromValue(double number) const
 {
-    QLocale plain = locale();
-    plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    Spelled = FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), locale().decimalPoint());
+    QLocale plain = locale();
+    // Smaller numbers have no groups, and a changed locale is a new one.
+    if (std::fabs(finite) >= 999)
+        plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    Spelled = FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), plain.decimalPoint());
     SpelledNumber = number;
     return Spelled;
 }

@@ -13,7 +13,7 @@ namespace KV218
 ChangeEntry::ChangeEntry(const QString &text) : QUndoCommand(text), Session(0), Spelled(true) { }
 
 ChangeEntry::ChangeEntry(const OrbelDelegate *control, int session)
-    : QUndoCommand(control->GetCaption()), Session(session), Spelled(false)
+    : QUndoCommand(control->objectName()), Session(session), Spelled(false)
 {
 }
 

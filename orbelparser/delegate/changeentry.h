@@ -16,8 +16,8 @@ class ChangeEntry : public QUndoCommand
 {
 public:
     explicit ChangeEntry(const QString &text);
-    /// A change of one control, whose name is the text until Spell(). Entries of one `session` other than 0 that follow
-    /// one another are one.
+    /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that
+    /// follow one another are one.
     ChangeEntry(const OrbelDelegate *control, int session);
 
     /// Takes in the values of a control that differ.
