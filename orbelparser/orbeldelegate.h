@@ -361,6 +361,8 @@ protected:
     void SetDoubleTooltip(QWidget *control);
     /// The number with at most `decimals` digits behind the point, no trailing zeros, and `suffix`.
     static QString formatString(double value, int decimals, const QString &suffix);
+    /// A frequency by formatString(), in MHz or kHz where it is greater than one of them, down to 0.001 Hz.
+    static QString formatHertz(double hertz);
 
     /// The number of a text in a parameter document: one that is infinite or none is 0.
     static QString FiniteText(const QString &text);

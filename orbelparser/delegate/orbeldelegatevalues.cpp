@@ -3,6 +3,7 @@
 #include "orbeldelegate.h"
 
 #include "formlimits.h"
+#include "frequencyunit.h"
 #include "itreeitem.h"
 #include "orbelenum.h"
 #include "propertynames.h"
@@ -289,6 +290,15 @@ QString OrbelDelegate::formatString(double value, int decimals, const QString &s
             text.chop(1);
     }
     return text + suffix;
+}
+
+QString OrbelDelegate::formatHertz(double hertz)
+{
+    // Meant: great ones do not go on to GHz.
+    const FrequencyUnit *unit = std::begin(FrequencyUnits) + 1;
+    while (unit->Power > 0 && !(hertz > unit->Hertz))
+        ++unit;
+    return formatString(hertz / unit->Hertz, unit->Power + 3, QLatin1Char(' ') + QLatin1String(unit->Name));
 }
 
 } // namespace KV218

@@ -1,42 +1,14 @@
 #include "orbelint64spinbox.h"
 
+#include "frequencyunit.h"
 #include "newcontrol.h"
 #include "saturate.h"
 
-#include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <QXmlStreamReader>
 
 namespace KV218
 {
-
-namespace
-{
-
-struct UnitRow {
-    quint64 scale;
-    const char *unit;
-    double factor;
-    int decimals;
-};
-
-// clang-format off
-constexpr UnitRow UnitRows[] = {
-    {1000,       "kHz", 0.001,       3},
-    {1000000,    "MHz", 0.000001,    6},
-    {1000000000, "GHz", 0.000000001, 9},
-    {1,          "Hz",  1.0,         0}, // any other scale
-};
-// clang-format on
-
-const UnitRow &FindUnitRow(quint64 scale)
-{
-    const UnitRow *last = std::end(UnitRows) - 1;
-    return *std::find_if(std::begin(UnitRows), last, [scale](const UnitRow &row) { return row.scale == scale; });
-}
-
-} // namespace
 
 OrbelDelegate *NewBandwidthEdit(OrbelWidget *widget)
 {
@@ -99,12 +71,12 @@ void OrbelInt64SpinBox::ApplyUnitScale()
 {
     if (property(prop::UnitScale.data()).isNull())
         return;
-    const UnitRow &row = FindUnitRow(GetUInt64(prop::UnitScale, 0));
+    const FrequencyUnit &unit = FrequencyUnit::OfHertz(double(GetUInt64(prop::UnitScale, 0)));
     const QPair<QLatin1String, QVariant> changes[] = {
-        {prop::Unit, QLatin1String(row.unit)},
-        {prop::Suffix, QLatin1String(row.unit)},
-        {prop::DisplayScalingFactor, row.factor},
-        {prop::Decimals, row.decimals},
+        {prop::Unit, QLatin1String(unit.Name)},
+        {prop::Suffix, QLatin1String(unit.Name)},
+        {prop::DisplayScalingFactor, 1 / unit.Hertz},
+        {prop::Decimals, unit.Power},
         {prop::SingleStep, 1},
     };
     for (const auto &[name, value] : changes)
