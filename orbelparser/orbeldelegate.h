@@ -371,14 +371,10 @@ protected:
     /// Writes the attribute `unit` when the property is not empty.
     void WriteUnitAttribute(QXmlStreamWriter &writer) const;
 
-    /// Cells of a table kept as a flat list, row by row; row and column count from 0. An index out of range gives an
-    /// invalid variant, or false.
+    /// A CellGrid in a list of the control's own, in rows of `columns` cells.
     static QVariant GetListValue(const QList<QVariant> &list, int row, int column, int columns);
     static bool SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns);
-    /// Gives the list the new shape; false, and no change, when a number is negative or the size stays the same.
     static bool ResizeList(QList<QVariant> &list, int rows, int columns, int oldColumns);
-    /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
-    static int CountOf(const QVariant &value);
 
     /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended, and
     /// with `node` null when whoever waited for the path has removed the node.
