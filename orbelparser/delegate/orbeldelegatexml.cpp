@@ -17,7 +17,7 @@ namespace KV218
 void OrbelDelegate::ResyncValueTree()
 {
     if (ErrorHandler::Instance().GetTraceMask() & ekTraceResync)
-        _Q_Trace(QStringLiteral("ResyncValueTree empty implementation for %1").arg(XmlTagName),
+        _Q_Trace(QStringLiteral("ResyncValueTree empty implementation for %1").arg(GetXmlTagName()),
             QStringLiteral("orbeldelegate"), __LINE__);
 }
 
@@ -27,27 +27,15 @@ void OrbelDelegate::ReadXml(QXmlStreamReader &) {}
 
 void OrbelDelegate::SetXmlPath(const QString &tag)
 {
-    const QString before = XmlTagName;
-    XmlPath = tag.isEmpty() ? objectName() : tag;
-    XmlTagName = XmlPath.mid(XmlPath.lastIndexOf(QLatin1Char('/')) + 1);
-    // Meant: every further parse of the same element adds the name again.
-    if (!tag.isEmpty())
-        XmlTags.append(XmlTagName);
-    if (XmlTagName != before)
+    if (Place.SetPath(tag, objectName()))
         Form().TagChanged();
 }
 
 void OrbelDelegate::AddXmlTag(const QString &tag)
 {
-    if (!ContainsXmlTag(tag))
-        XmlTags.append(tag);
+    Place.AddTag(tag);
     // In this very spelling, which is the one that is written.
     Form().TagAdded(tag);
-}
-
-bool OrbelDelegate::ContainsXmlTag(const QString &tag) const
-{
-    return XmlTags.contains(tag, Qt::CaseInsensitive);
 }
 
 void OrbelDelegate::WriteUnitAttribute(QXmlStreamWriter &writer) const
