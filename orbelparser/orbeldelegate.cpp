@@ -136,34 +136,17 @@ void OrbelDelegate::Retranslate()
 {
     if (Label)
         Label->setText(GetTranslated(prop::LabelText));
-    // By index: a host that watches a control's tooltip may change its bounds, and so its tooltip.
-    for (int i = 0; i < OwnToolTips.size(); ++i) {
-        const QPointer<QWidget> control = OwnToolTips.at(i).Control;
-        const QString text = InLanguage(OwnToolTips.at(i).Text);
-        const QString former = std::exchange(OwnToolTips[i].Shown, text);
-        if (control && text != former && control->toolTip() == former)
-            control->setToolTip(text);
-    }
+    if (ToolTips)
+        ToolTips->Retranslate(objectName());
 }
 
 void OrbelDelegate::SetOwnToolTip(QWidget *control, const ToolTipText &text)
 {
     if (!control)
         return;
-    // Given again, it is the only one or the last; an older entry would stand aside, since its text shows no more.
-    if (OwnToolTips.isEmpty() || OwnToolTips.last().Control != control)
-        OwnToolTips.append({control, {}, {}});
-    const QString shown = InLanguage(text);
-    OwnToolTips.last().Text = text;
-    OwnToolTips.last().Shown = shown;
-    control->setToolTip(shown);
-}
-
-QString OrbelDelegate::InLanguage(const ToolTipText &text) const
-{
-    const QString source = text.Context ? QCoreApplication::translate(text.Context, text.Source.toUtf8().constData())
-                                        : Translate(text.Source);
-    return text.Head + source + text.Tail;
+    if (!ToolTips)
+        ToolTips = std::make_unique<OwnToolTips>();
+    ToolTips->Set(control, text, objectName());
 }
 
 OrbelDelegate::ToolTipText OrbelDelegate::LabelOrTag() const
@@ -328,7 +311,10 @@ QVariant &OrbelDelegate::StatedValue(const QString &name)
 {
     const auto isIt = [&](const auto &entry) { return entry.first == name; };
     const auto found = std::find_if(Stated.begin(), Stated.end(), isIt);
-    return found != Stated.end() ? found->second : Stated.emplace_back(name, QVariant()).second;
+    if (found != Stated.end())
+        return found->second;
+    Stated.append({name, QVariant()});
+    return Stated.last().second;
 }
 
 QString OrbelDelegate::FiniteText(const QString &text)
@@ -561,10 +547,7 @@ QString OrbelDelegate::GetTranslated(const PropertyKey &name) const
 
 QString OrbelDelegate::Translate(const QString &text) const
 {
-    if (text.isEmpty())
-        return QString();
-    const QByteArray source = text.left(limit::ShownText).toUtf8();
-    return QCoreApplication::translate(objectName().toUtf8().constData(), source.constData());
+    return TranslateOf(objectName(), text);
 }
 
 QVariant OrbelDelegate::customProperty(QString name)

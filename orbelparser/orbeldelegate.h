@@ -5,14 +5,14 @@
 #include "formlife.h"
 #include "iobserver.h"
 #include "orbelexport.h"
+#include "owntooltips.h"
 #include "propertykey.h"
 #include "rowlabel.h"
 #include "value.h"
 #include "valuenumeric.h"
+#include "xmlplace.h"
 
 #include <memory>
-#include <utility>
-#include <vector>
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QMap>
@@ -23,6 +23,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
+#include <utility>
 
 class FloatGroupLayout;
 class IValueNumeric;
@@ -162,14 +163,14 @@ public:
 
     /// Sets the path of the parameter element; an empty `tag` means the object name.
     void SetXmlPath(const QString &tag);
-    const QString &GetXmlPath() const { return XmlPath; }
+    const QString &GetXmlPath() const { return Place.GetPath(); }
     /// The last part of the path: the name of the element that the control writes.
-    const QString &GetXmlTagName() const { return XmlTagName; }
+    const QString &GetXmlTagName() const { return Place.GetTagName(); }
     /// The element names that are read into this control; empty for one named after its object name.
-    const QStringList &GetAllTags() const { return XmlTags; }
+    const QStringList &GetAllTags() const { return Place.GetTags(); }
     /// Whether the element name, in any case, is read into this control.
-    bool ContainsXmlTag(const QString &tag) const;
-    bool HasSeveralXmlTags() const { return XmlTags.size() > 1; }
+    bool ContainsXmlTag(const QString &tag) const { return Place.Contains(tag); }
+    bool HasSeveralXmlTags() const { return Place.GetTags().size() > 1; }
 
 Q_SIGNALS:
     /// A custom property changed through setCustomProperty().
@@ -341,15 +342,7 @@ protected:
     /// Gives `value` these limits. Nobody must watch it yet who could end it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
-    /// What a control has for a tooltip of its own: a text in the operator's language between parts that stay as they
-    /// are.
-    struct ToolTipText {
-        QString Source;
-        QString Head = QString();
-        QString Tail = QString();
-        /// The translation context; null for the object name.
-        const char *Context = nullptr;
-    };
+    using ToolTipText = OwnToolTips::Text;
     /// Gives `control` a tooltip in place of any other. It follows the language for as long as nobody gives the control
     /// another one. A null control is none.
     void SetOwnToolTip(QWidget *control, const ToolTipText &text);
@@ -361,6 +354,8 @@ protected:
     void SetDoubleTooltip(QWidget *control);
     /// The number with at most `decimals` digits behind the point, no trailing zeros, and `suffix`.
     static QString formatString(double value, int decimals, const QString &suffix);
+    /// A frequency by formatString(), in MHz or kHz where it is greater than one of them, down to 0.001 Hz.
+    static QString formatHertz(double hertz);
 
     /// The number of a text in a parameter document: one that is infinite or none is 0.
     static QString FiniteText(const QString &text);
@@ -369,14 +364,10 @@ protected:
     /// Writes the attribute `unit` when the property is not empty.
     void WriteUnitAttribute(QXmlStreamWriter &writer) const;
 
-    /// Cells of a table kept as a flat list, row by row; row and column count from 0. An index out of range gives an
-    /// invalid variant, or false.
+    /// A CellGrid in a list of the control's own, in rows of `columns` cells.
     static QVariant GetListValue(const QList<QVariant> &list, int row, int column, int columns);
     static bool SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns);
-    /// Gives the list the new shape; false, and no change, when a number is negative or the size stays the same.
     static bool ResizeList(QList<QVariant> &list, int rows, int columns, int oldColumns);
-    /// A count as a script or definition states it; one beyond int is the greatest int, which no list takes.
-    static int CountOf(const QVariant &value);
 
     /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended, and
     /// with `node` null when whoever waited for the path has removed the node.
@@ -405,12 +396,6 @@ private:
     void Store(const PropertyKey &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 
-    struct OwnToolTip {
-        QPointer<QWidget> Control;
-        ToolTipText Text;
-        QString Shown;
-    };
-    QString InLanguage(const ToolTipText &text) const;
     void SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest);
 
     /// What others set in one of the nodes, while the operator sets another one, is no part of his change.
@@ -432,26 +417,24 @@ private:
     OrbelWidget *OwnerWidget;
     /// Null for a delegate in no form.
     std::shared_ptr<FormLife> Life;
-    SetInProgress *InProgress = nullptr;
-    /// While this sets a property of its own, until its event comes.
-    bool OwnSet = false;
+    XmlPlace Place;
+    /// The property `unit`.
+    QString Unit;
+    QString VTPath;
+    QStringList DefinedProperties;
     /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
-    std::vector<std::pair<QString, QVariant>> Stated;
-    /// While a set is told to nobody.
-    bool Quiet = false;
+    QVector<QPair<QString, QVariant>> Stated;
+    /// Null until there is one.
+    std::unique_ptr<OwnToolTips> ToolTips;
+
+    SetInProgress *InProgress = nullptr;
     /// The property that EnableProperty() forces while the delegate has no value of its own for it.
     const QString *Forced = nullptr;
     /// What controls were before that, by name and control; an entry goes when it is given back.
     QHash<QPair<QString, const QObject *>, bool> BeforeForced;
-    QString XmlPath;
-    QString XmlTagName;
-    /// The property `unit`.
-    QString Unit;
-    QString VTPath;
-    QStringList XmlTags;
-    QStringList DefinedProperties;
-    QVector<OwnToolTip> OwnToolTips;
-    eApplyMode ApplyMode = eApplyMode(0);
+    /// The node of which the tree tells that it enters.
+    const ValuePtr<ValueBase> *Entering = nullptr;
+
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
     /// The same while the operator sets a node of the control's.
@@ -459,14 +442,18 @@ private:
     /// The indices that notices have named in a change of the operator's, and how many notices run.
     QSet<int> OwnEdits;
     int Notices = 0;
+    int ListDepth = 0;
     std::unique_ptr<QVariantList> Applied;
+
+    eApplyMode ApplyMode = eApplyMode(0);
+    /// While this sets a property of its own, until its event comes.
+    bool OwnSet = false;
+    /// While a set is told to nobody.
+    bool Quiet = false;
     /// The sheet was active at a change: what a form's script sets at its start is none.
     bool ChangeShows = false;
-    int ListDepth = 0;
     bool InValueTree = false;
     bool Closed = false;
-    /// The node of which the tree tells that it enters.
-    const ValuePtr<ValueBase> *Entering = nullptr;
 };
 
 } // namespace KV218

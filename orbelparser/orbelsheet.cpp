@@ -27,6 +27,11 @@ static QSharedPointer<OrbelSheetUi> NewUi(const std::shared_ptr<FormLife> &life,
     return QSharedPointer<OrbelSheetUi>(ui, &OrbelDelegate::End);
 }
 
+static bool IsHeadline(const OrbelWidget &widget)
+{
+    return widget.GetClass() == widgetclass::Headline;
+}
+
 OrbelSheet::OrbelSheet(OrbelFormular *formular)
     : Life(std::make_shared<FormLife>()), Changes(new FormChanges(Life.get())), Root(new OrbelElement),
       Formular(formular), Ui(NewUi(Life, Changes.data()))
@@ -82,6 +87,13 @@ OrbelWidget *OrbelSheet::FindWidget(const QString &className) const
             return widget.data();
     }
     return nullptr;
+}
+
+OrbelWidget *OrbelSheet::FindHeadline(const QString &name) const
+{
+    const auto isIt = [&](const Widget &widget) { return IsHeadline(*widget) && widget->GetName() == name; };
+    const auto found = std::find_if(Widgets.cbegin(), Widgets.cend(), isIt);
+    return found == Widgets.cend() ? nullptr : found->data();
 }
 
 int OrbelSheet::IndexOfWidget(Widget widget) const
@@ -185,7 +197,7 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
     }
     if (!Closed) {
         Ui->FinishFrame();
-        ReapplyInput();
+        Switches.TellAtStart(TellControls());
     }
     // The form ended in here, so that nobody was given the window; a handler that took it shows it, or has made it a child.
     QWidget *const window = Closed ? GetGUI() : nullptr;
@@ -232,37 +244,44 @@ void OrbelSheet::SelectWidgets(const QStringList &list, bool select)
     }
 }
 
-void OrbelSheet::ShowGroup(const QString &name, bool show)
+/// Has `act` take the delegates of groups: of each widget that `begins` answers true for and of those behind it, up to
+/// the next headline.
+template <class Begins, class Act> void OrbelSheet::ForGroups(Begins begins, Act act)
 {
     const CallScope call(GetLife());
     const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
     const LayoutPause pause(Ui->GetLayout());
     bool inGroup = false;
     for (const Widget &widget : Snapshot()) {
-        if (widget->GetClass() == widgetclass::Headline) {
-            if (inGroup)
-                return;
-            inGroup = widget->GetName() == name;
-        }
+        inGroup = begins(widget.data()) || (inGroup && !IsHeadline(*widget));
         if (inGroup)
-            widget->GetDelegate()->SetPropertyAlways(prop::Visible, show);
+            act(widget->GetDelegate());
     }
+}
+
+void OrbelSheet::ShowGroup(const QString &name, bool show)
+{
+    ForGroups([headline = FindHeadline(name)](const OrbelWidget *widget) { return widget == headline; },
+        [show](OrbelDelegate *delegate) { delegate->SetPropertyAlways(prop::Visible, show); });
 }
 
 void OrbelSheet::setGroupVisible(OrbelWidget *headline, bool visible)
 {
-    const CallScope call(GetLife());
-    const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
-    const LayoutPause pause(Ui->GetLayout());
-    bool inGroup = false;
-    for (const Widget &widget : Snapshot()) {
-        if (widget.data() == headline)
-            inGroup = true;
-        else if (inGroup && widget->GetClass() == widgetclass::Headline)
-            return;
-        if (inGroup)
-            widget->GetDelegate()->setGroupVisible(visible);
-    }
+    ForGroups([headline](const OrbelWidget *widget) { return widget == headline; },
+        [visible](OrbelDelegate *delegate) { delegate->setGroupVisible(visible); });
+}
+
+void OrbelSheet::SetCollapsed(const QStringList &names)
+{
+    const QSet<QString> collapsed(names.cbegin(), names.cend());
+    bool visible = true;
+    const auto begins = [&](const OrbelWidget *widget) {
+        if (!IsHeadline(*widget))
+            return false;
+        visible = !collapsed.contains(widget->GetName());
+        return true;
+    };
+    ForGroups(begins, [&visible](OrbelDelegate *delegate) { delegate->setGroupVisible(visible); });
 }
 
 void OrbelSheet::ShowWidget(OrbelWidget *widget)
@@ -270,7 +289,7 @@ void OrbelSheet::ShowWidget(OrbelWidget *widget)
     const CallScope call(GetLife());
     OrbelWidget *headline = nullptr;
     for (const Widget &each : Snapshot()) {
-        if (each->GetClass() == widgetclass::Headline)
+        if (IsHeadline(*each))
             headline = each.data();
         if (each.data() == widget)
             break;
@@ -288,29 +307,10 @@ QStringList OrbelSheet::GetCollapsed() const
 {
     QStringList names;
     for (const Widget &widget : Widgets) {
-        if (widget->GetClass() == widgetclass::Headline && !widget->GetDelegate()->isGroupVisible())
+        if (IsHeadline(*widget) && !widget->GetDelegate()->isGroupVisible())
             names.append(widget->GetName());
     }
     return names;
-}
-
-void OrbelSheet::SetCollapsed(const QStringList &names)
-{
-    const CallScope call(GetLife());
-    const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
-    const LayoutPause pause(Ui->GetLayout());
-    // One walk for all groups: each headline rules the widgets behind it, up to the next one.
-    const QSet<QString> collapsed(names.cbegin(), names.cend());
-    bool inGroup = false;
-    bool visible = true;
-    for (const Widget &widget : Snapshot()) {
-        if (widget->GetClass() == widgetclass::Headline) {
-            inGroup = true;
-            visible = !collapsed.contains(widget->GetName());
-        }
-        if (inGroup)
-            widget->GetDelegate()->setGroupVisible(visible);
-    }
 }
 
 void OrbelSheet::GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified) const
@@ -405,34 +405,12 @@ void OrbelSheet::Retranslate()
 void OrbelSheet::EnableInput(bool enable, eEnableScope scope)
 {
     const CallScope call(GetLife());
-    if (scope < EnableScopeInput || scope > EnableScopePartial || enable == InputEnabled[scope])
-        return;
-    InputEnabled[scope] = enable;
-    if (scope == EnableScopePartial) {
-        if (InputEnabled[EnableScopeInput] && InputEnabled[EnableScopeSheet])
-            SetEnableInput(enable, true);
-        return;
-    }
-    if (!InputEnabled[scope == EnableScopeInput ? EnableScopeSheet : EnableScopeInput])
-        return;
-    SetEnableInput(enable, false);
-    if (enable && !InputEnabled[EnableScopePartial])
-        SetEnableInput(false, true);
+    Switches.Turn(InputSwitches::Switch(scope), enable, TellControls());
 }
 
-/// Gives switches that were turned off before there were controls their effect.
-void OrbelSheet::ReapplyInput()
+InputSwitches::Tell OrbelSheet::TellControls()
 {
-    const bool enabled = InputEnabled[EnableScopeInput] && InputEnabled[EnableScopeSheet];
-    if (enabled && InputEnabled[EnableScopePartial])
-        return;
-    SetEnableInput(true, false);
-    SetEnableInput(false, enabled);
-}
-
-bool OrbelSheet::IsInputEnabled(eEnableScope scope) const
-{
-    return scope >= EnableScopeInput && scope <= EnableScopePartial && InputEnabled[scope];
+    return [this](bool enable, bool partial) { SetEnableInput(enable, partial); };
 }
 
 void OrbelSheet::SetEnableInput(bool enable, bool partial)

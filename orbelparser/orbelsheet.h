@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inputswitches.h"
 #include "orbelwidget.h"
 #include "sheetplace.h"
 #include "widgetindex.h"
@@ -25,7 +26,11 @@ class ORBEL_EXPORT OrbelSheet
 {
 public:
     /// What input depends on: the host's lock, the sheet's own switch, and a switch that takes away a secondary part.
-    enum eEnableScope { EnableScopeInput, EnableScopeSheet, EnableScopePartial };
+    enum eEnableScope {
+        EnableScopeInput = InputSwitches::Host,
+        EnableScopeSheet = InputSwitches::Sheet,
+        EnableScopePartial = InputSwitches::Part
+    };
     using Widget = QExplicitlySharedDataPointer<OrbelWidget>;
 
     /// `formular` owns the sheet.
@@ -114,7 +119,7 @@ public:
 
     /// Input is free when both EnableScopeInput and EnableScopeSheet are on; EnableScopePartial then takes a part away.
     void EnableInput(bool enable, eEnableScope scope);
-    bool IsInputEnabled(eEnableScope scope) const;
+    bool IsInputEnabled(eEnableScope scope) const { return Switches.IsOn(InputSwitches::Switch(scope)); }
 
     /// What keeps the parts of the form while calls run inside of them; never null.
     FormLife *GetLife() const { return Life.get(); }
@@ -134,9 +139,11 @@ private:
     /// The list to walk while controls act: a handler may add to the real one.
     const QList<Widget> Snapshot() const { return Widgets; }
     void ParseWidget(QXmlStreamReader &reader);
+    OrbelWidget *FindHeadline(const QString &name) const;
+    template <class Begins, class Act> void ForGroups(Begins begins, Act act);
+    InputSwitches::Tell TellControls();
     void SetEnableInput(bool enable, bool partial);
     void Retranslate();
-    void ReapplyInput();
 
     friend class OrbelWidget;
 
@@ -149,7 +156,7 @@ private:
     QSharedPointer<OrbelElement> Root;
     QPointer<OrbelFormular> Formular;
     QSharedPointer<OrbelSheetUi> Ui;
-    bool InputEnabled[3] = {true, true, true};
+    InputSwitches Switches;
     bool Active = true;
     bool Closed = false;
     WidgetIndex Index;

@@ -1,6 +1,5 @@
 #include "vcnumericfloatspin.h"
 
-#include "decimalarithmetic.h"
 #include "editend.h"
 #include "fieldnote.h"
 #include "inputlock.h"
@@ -15,9 +14,6 @@
 
 #include <cmath>
 #include <limits>
-
-static constexpr double Unlimited = 1e308; // a limit that is none, in whatever unit
-static constexpr int MostPlaces = 323; // what the base class takes
 
 VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking) : TypedSpinBox(parent)
 {
@@ -34,8 +30,7 @@ bool VCNumericFloatSpin::SetNumericValue(IValueNumeric *node)
 {
     const bool bound = Node.Bind(node);
     if (bound) {
-        OwnMinimum.reset();
-        OwnMaximum.reset();
+        Number.DropOwnLimits();
         ReadNode();
     }
     ShowNode();
@@ -58,14 +53,14 @@ void VCNumericFloatSpin::setSuffix(const QString &suffix)
 
 void VCNumericFloatSpin::setAdditionalPrecision(int places)
 {
-    AdditionalPrecision = qBound(0, places, MostPlaces);
+    Number.SetAdditionalPlaces(places);
     if (Node)
         ShowNodeAfterEdit();
 }
 
 void VCNumericFloatSpin::SetFactor(double factor)
 {
-    Factor = std::isfinite(factor) && factor != 0 ? factor : 1;
+    Number.SetFactor(factor);
     if (Node)
         ShowNode();
 }
@@ -78,21 +73,19 @@ void VCNumericFloatSpin::disableStep(bool disable)
 
 double VCNumericFloatSpin::minimum() const
 {
-    const double ofNode = Factor > 0 ? ToShown(Last.Min) : ToShown(Last.Max);
-    return std::max(ofNode, OwnMinimum.value_or(ofNode));
+    return Number.Minimum();
 }
 
 double VCNumericFloatSpin::maximum() const
 {
-    const double ofNode = Factor > 0 ? ToShown(Last.Max) : ToShown(Last.Min);
-    return std::min(ofNode, OwnMaximum.value_or(ofNode));
+    return Number.Maximum();
 }
 
 void VCNumericFloatSpin::setMinimum(double minimum)
 {
     if (!(minimum < qInf()))
         return;
-    OwnMinimum = minimum;
+    Number.SetMinimum(minimum);
     ShowNodeAfterEdit();
 }
 
@@ -100,7 +93,7 @@ void VCNumericFloatSpin::setMaximum(double maximum)
 {
     if (!(maximum > -qInf()))
         return;
-    OwnMaximum = maximum;
+    Number.SetMaximum(maximum);
     ShowNodeAfterEdit();
 }
 
@@ -134,7 +127,8 @@ void VCNumericFloatSpin::stepBy(int steps)
         StepSession = OperatorAct::NewSession();
     LastStep.start();
     Late.After([this, steps] {
-        Put(Stepped(steps), StepSession);
+        const double from = PendingNumber().value_or(Number.Shown());
+        Put(Number.Stepped(from, steps, Wraps()), StepSession);
         selectAll();
     });
 }
@@ -171,7 +165,7 @@ QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
 {
     if (!HasStep() || isReadOnly())
         return StepNone;
-    const double number = Clamped(PendingNumber().value_or(ToShown(Last.Value)));
+    const double number = Number.Clamped(PendingNumber().value_or(Number.Shown()));
     StepEnabled enabled = StepNone;
     enabled.setFlag(StepUpEnabled, Wraps() || number < maximum());
     enabled.setFlag(StepDownEnabled, Wraps() || number > minimum());
@@ -217,57 +211,6 @@ void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
         TypedSpinBox::focusOutEvent(event);
 }
 
-/// What the node's number is on the screen, without what binary arithmetic adds to it.
-double VCNumericFloatSpin::ToShown(double number) const
-{
-    if (std::fabs(number) >= Unlimited)
-        return std::copysign(Unlimited, number * Factor);
-    const double shown = Factor == 1 ? number : WithoutNoise(number * Factor);
-    return qBound(-Unlimited, shown, Unlimited);
-}
-
-double VCNumericFloatSpin::ToNode(double shown) const
-{
-    // What the node has already keeps all its digits.
-    for (const double known : {Last.Value, Last.Min, Last.Max}) {
-        if (ToShown(known) == shown)
-            return known;
-    }
-    const double quotient = qBound(-Unlimited, shown / Factor, Unlimited);
-    if (Factor == 1)
-        return quotient;
-    // A quotient that has no end, such as 0.7 / 0.3, is kept as it is: with fewer digits it would not show as before.
-    const double plain = WithoutNoise(quotient);
-    return ToShown(plain) == shown ? plain : quotient;
-}
-
-double VCNumericFloatSpin::Clamped(double shown) const
-{
-    return std::max(minimum(), std::min(shown, maximum()));
-}
-
-/// The limits for the base class, which clamps what it shows and has a special text for its minimum: a node outside of
-/// our own limits is shown as it is. Infinity spares it the hundreds of digits of a limit that is none.
-std::pair<double, double> VCNumericFloatSpin::BaseRange() const
-{
-    const double shown = ToShown(Last.Value);
-    const bool openBelow = minimum() <= -Unlimited || shown < minimum();
-    const bool openAbove = maximum() >= Unlimited || shown > maximum();
-    return {openBelow ? -qInf() : minimum(), openAbove ? qInf() : maximum()};
-}
-
-/// Looks at the digits of step and factor only when one is new: every number that is shown asks.
-int VCNumericFloatSpin::PlacesNeeded()
-{
-    const std::pair<double, double> now{Last.Step, Factor};
-    if (now != PlacesOf) {
-        PlacesOf = now;
-        StepPlaces = DecimalPlaces(ToShown(Last.Step));
-        FactorPlaces = PlacesOfFirstDigit(Factor);
-    }
-    return std::min(MostPlaces, std::max(StepPlaces + AdditionalPrecision, FactorPlaces));
-}
-
 bool VCNumericFloatSpin::IsPending() const
 {
     return (Typed != ShownText || NodeWaits) && Typed == lineEdit()->text();
@@ -286,25 +229,13 @@ std::optional<double> VCNumericFloatSpin::PendingNumber() const
 
 bool VCNumericFloatSpin::HasStep() const
 {
-    return Node && !StepDisabled && std::isfinite(Last.Step) && Last.Step != 0;
+    return Node && !StepDisabled && Number.HasStep();
 }
 
 bool VCNumericFloatSpin::Wraps() const
 {
     const bool integers = dynamic_cast<const ValueInt *>(Node.get());
-    const double widest = integers ? std::fabs(ToShown(std::numeric_limits<int>::max())) : Unlimited;
-    return wrapping() && -widest < minimum() && minimum() < maximum() && maximum() < widest;
-}
-
-double VCNumericFloatSpin::Stepped(int steps) const
-{
-    const double from = Clamped(PendingNumber().value_or(ToShown(Last.Value)));
-    const double to = WithSteps(from, std::fabs(ToShown(Last.Step)), steps);
-    if (Wraps() && to > maximum())
-        return minimum();
-    if (Wraps() && to < minimum())
-        return maximum();
-    return Clamped(to);
+    return wrapping() && Number.HasTwoEnds(integers ? std::numeric_limits<int>::max() : ScaledNumber::Unlimited);
 }
 
 /// Commits what is pending, if it may be, and shows the node. False when somebody who heard of it has deleted the box.
@@ -351,8 +282,7 @@ void VCNumericFloatSpin::TellTyping()
 bool VCNumericFloatSpin::Put(double shown, int session)
 {
     Session = session;
-    const double before = std::exchange(Last.Value, ToNode(Clamped(shown)));
-    const bool changes = Last.Value != before;
+    const bool changes = Number.Put(shown);
     ShowNode();
     return !changes || Late.Request(&VCNumericFloatSpin::WriteNode);
 }
@@ -360,20 +290,14 @@ bool VCNumericFloatSpin::Put(double shown, int session)
 void VCNumericFloatSpin::WriteNode()
 {
     if (Node)
-        Node.Write(this, [this] { Node->SetValue(Last.Value, this); }, Session);
+        Node.Write(
+            this, [this] { Node->SetValue(Number.InNode(), this); }, Session);
 }
 
 void VCNumericFloatSpin::ReadNode()
 {
-    if (!Node)
-        return;
-    const auto before = Last;
-    Last = {Node->GetValue(), Node->GetMin(), Node->GetMax(), Node->GetStep()};
-    const bool minimumFirst = Factor > 0;
-    if (Last.Min != before.Min)
-        (minimumFirst ? OwnMinimum : OwnMaximum).reset();
-    if (Last.Max != before.Max)
-        (minimumFirst ? OwnMaximum : OwnMinimum).reset();
+    if (Node)
+        Number.Take({Node->GetValue(), Node->GetMin(), Node->GetMax(), Node->GetStep()});
 }
 
 /// Whether the base class shows the number as it last did, so that it need not spell it again.
@@ -384,9 +308,11 @@ bool VCNumericFloatSpin::StandsAlready(double shown) const
 
 void VCNumericFloatSpin::ShowNode()
 {
-    const int places = PlacesNeeded();
-    const auto range = BaseRange();
-    const double shown = ToShown(Last.Value);
+    const int places = Number.Places();
+    // The base class clamps what it shows and has a special text for its minimum: a node outside of our own limits is
+    // shown as it is. Infinity spares it the hundreds of digits of a limit that is none.
+    const auto range = Number.OpenRange();
+    const double shown = Number.Shown();
     const bool sameForm = places == decimals() && range == AppliedRange;
     if (places != decimals())
         setDecimals(places);

@@ -3,6 +3,7 @@
 #include "ivaluenumeric.h"
 #include "lateacts.h"
 #include "nodebinding.h"
+#include "scalednumber.h"
 #include "typedspinbox.h"
 #include "undorecordingcontrolbase.h"
 
@@ -80,7 +81,7 @@ Q_SIGNALS:
 protected:
     std::pair<double, double> TypedRange() const override { return {minimum(), maximum()}; }
     bool IsTyping() const override { return IsPending(); }
-    double Scale() const override { return Factor; }
+    double Scale() const override { return Number.GetFactor(); }
     StepEnabled stepEnabled() const override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
@@ -90,18 +91,11 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    double ToShown(double number) const;
-    double ToNode(double shown) const;
-    double Clamped(double shown) const;
-    std::pair<double, double> BaseRange() const;
-    int PlacesNeeded();
     bool StandsAlready(double shown) const;
-
     bool IsPending() const;
     std::optional<double> PendingNumber() const;
     bool HasStep() const;
     bool Wraps() const;
-    double Stepped(int steps) const;
 
     bool FinishEdit();
     void DropEdit();
@@ -115,16 +109,8 @@ private:
 
     NodeBinding<IValueNumeric> Node{this};
     LateActs<VCNumericFloatSpin> Late{this};
-    // What the node held when it last spoke, in its own units.
-    struct {
-        double Value = 0, Min = -1e308, Max = 1e308, Step = 1;
-    } Last;
-    double Factor = 1;
-    int AdditionalPrecision = 0;
-    bool StepDisabled = false;
-    // Set from outside, in shown units.
-    std::optional<double> OwnMinimum;
-    std::optional<double> OwnMaximum;
+    // What the node held when it last spoke.
+    ScaledNumber Number;
     // What the base class was last given: its limits, and the number; and what it made of that: the number rounded to
     // the decimal places, and its text.
     std::pair<double, double> AppliedRange{qQNaN(), qQNaN()};
@@ -135,10 +121,7 @@ private:
     QString Typed;
     // The node has another number than the shown one by now, and a pending text keeps it from the screen.
     bool NodeWaits = false;
-    // What PlacesNeeded() last looked at, and its answer without the additional places.
-    std::pair<double, double> PlacesOf{qQNaN(), qQNaN()};
-    int StepPlaces = 0;
-    int FactorPlaces = 0;
+    bool StepDisabled = false;
     // Of the change that is written, and of the steps that are one change; see OperatorAct.
     int Session = 0;
     int StepSession = 0;

@@ -1,16 +1,12 @@
 #include "frequencytext.h"
 
+#include "frequencyunit.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace
 {
-
-struct Scale {
-    int Power;
-    const char *Unit;
-};
-constexpr Scale Scales[] = {{9, "GHz"}, {6, "MHz"}, {3, "kHz"}, {0, "Hz"}};
 
 /// Groups of three digits; a shorter one leads the digits, or ends them.
 QString Grouped(const QString &digits, bool shorterLeads)
@@ -35,8 +31,8 @@ QString FrequencyText::Write(double hertz, int leastPower, QChar point)
     const int end = plain.indexOf(QLatin1Char('.'));
     QString whole = plain.left(end);
     const int highest = std::max(whole.size() - 1, leastPower);
-    const auto scale = std::find_if(
-        std::begin(Scales), std::end(Scales) - 1, [highest](const Scale &candidate) { return candidate.Power <= highest; });
+    const auto scale = std::find_if(std::begin(FrequencyUnits), std::end(FrequencyUnits) - 1,
+        [highest](const FrequencyUnit &candidate) { return candidate.Power <= highest; });
     whole = whole.rightJustified(std::max(leastPower, scale->Power) + 1, QLatin1Char('0'));
     QString rest = whole.right(scale->Power);
     if (end >= 0)
@@ -47,7 +43,7 @@ QString FrequencyText::Write(double hertz, int leastPower, QChar point)
     text += Grouped(whole, true);
     if (!rest.isEmpty())
         text += point + Grouped(rest, false);
-    return text + QLatin1Char(' ') + QLatin1String(scale->Unit);
+    return text + QLatin1Char(' ') + QLatin1String(scale->Name);
 }
 
 QString FrequencyText::BeforeSuffix(const QString &number, const QString &suffix, QChar point)
@@ -91,18 +87,17 @@ QString FrequencyText::OfNode(const QString &nodeText, const QLocale &locale, in
 QStringList FrequencyText::Units()
 {
     QStringList units;
-    for (const Scale &scale : Scales)
-        units.append(QLatin1String(scale.Unit));
+    for (const FrequencyUnit &unit : FrequencyUnits)
+        units.append(QLatin1String(unit.Name));
     return units;
 }
 
 std::optional<int> FrequencyText::PowerOfUnit(const QString &unit)
 {
-    for (const Scale &scale : Scales) {
-        const QLatin1String full(scale.Unit);
-        const bool prefixAlone = scale.Power > 0 && unit.compare(full.left(1), Qt::CaseInsensitive) == 0;
-        if (prefixAlone || unit.compare(full, Qt::CaseInsensitive) == 0)
-            return scale.Power;
+    for (const FrequencyUnit &known : FrequencyUnits) {
+        const bool prefixAlone = known.Power > 0 && unit.compare(known.Prefix(), Qt::CaseInsensitive) == 0;
+        if (prefixAlone || unit.compare(QLatin1String(known.Name), Qt::CaseInsensitive) == 0)
+            return known.Power;
     }
     return {};
 }

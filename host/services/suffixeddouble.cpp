@@ -1,5 +1,7 @@
 #include "suffixeddouble.h"
 
+#include "frequencyunit.h"
+
 #include <QLocale>
 
 #include <algorithm>
@@ -48,13 +50,12 @@ void SuffixedDouble::SetSuffix(ESuffix suffix)
 
 QString SuffixedDouble::GetString(double number) const
 {
-    static const QLatin1String prefixes[]
-        = {QLatin1String(""), QLatin1String("k"), QLatin1String("M"), QLatin1String("G")};
     const int scale = Suffix - ekPlain;
+    const QLatin1String prefix = FrequencyUnits[ekGiga - Suffix].Prefix();
     QString text;
     if (Base == DecimalBase && std::isfinite(number))
         text = ShiftPoint(Plain(number), 3 * scale);
     else
         text = Plain(number / std::pow(Base, scale));
-    return text + (Tight ? QLatin1String("") : QLatin1String(" ")) + prefixes[scale] + Unit;
+    return text + (Tight ? QLatin1String("") : QLatin1String(" ")) + prefix + Unit;
 }

@@ -3,6 +3,7 @@
 #include "orbeldelegate.h"
 
 #include "formlimits.h"
+#include "frequencyunit.h"
 #include "itreeitem.h"
 #include "orbelenum.h"
 #include "propertynames.h"
@@ -35,14 +36,6 @@ int LastPartIndex(const QString &path)
     return slash < 1 ? -1 : slash + 1;
 }
 
-/// What a tooltip tells of bounds; an empty one is not set.
-QString BoundsMarkup(const QString &lowest, const QString &highest)
-{
-    if (lowest.isEmpty() && highest.isEmpty())
-        return QString();
-    return QLatin1String("<br>") + lowest + QLatin1String("...") + highest;
-}
-
 /// A bound as text, empty when it is the type's own bound.
 template <class Integer> QString IntegerBound(Integer bound, Integer none)
 {
@@ -69,7 +62,7 @@ QVector<ValueBase *> OrbelDelegate::GetNodes() const
 void OrbelDelegate::SetVTPath(const QString &path)
 {
     const bool closed = path.isEmpty() || path.endsWith(QLatin1Char('/'));
-    VTPath = closed ? path + XmlPath : path + QLatin1Char('/') + XmlPath;
+    VTPath = closed ? path + GetXmlPath() : path + QLatin1Char('/') + GetXmlPath();
 }
 
 QString OrbelDelegate::GetVTNodePath() const
@@ -245,9 +238,7 @@ void OrbelDelegate::ConfigureValueNumeric(IValueNumeric *value)
 
 void OrbelDelegate::SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest)
 {
-    // The opening tag makes Qt show it as rich text.
-    SetOwnToolTip(
-        control, {property(prop::LabelText.data()).toString(), QStringLiteral("<html>"), BoundsMarkup(lowest, highest)});
+    SetOwnToolTip(control, OwnToolTips::WithBounds(property(prop::LabelText.data()).toString(), lowest, highest));
 }
 
 void OrbelDelegate::SetIntTooltip(QWidget *control)
@@ -289,6 +280,15 @@ QString OrbelDelegate::formatString(double value, int decimals, const QString &s
             text.chop(1);
     }
     return text + suffix;
+}
+
+QString OrbelDelegate::formatHertz(double hertz)
+{
+    // Meant: great ones do not go on to GHz.
+    const FrequencyUnit *unit = std::begin(FrequencyUnits) + 1;
+    while (unit->Power > 0 && !(hertz > unit->Hertz))
+        ++unit;
+    return formatString(hertz / unit->Hertz, unit->Power + 3, QLatin1Char(' ') + QLatin1String(unit->Name));
 }
 
 } // namespace KV218

@@ -7,7 +7,7 @@ namespace KV218
 
 void CellDelegate::CreateValueTree()
 {
-    Reshape(GetInt(prop::RowCount, 0), GetInt(prop::ColumnCount, 0));
+    Cells.Resize(GetInt(prop::RowCount, 0), GetInt(prop::ColumnCount, 0));
 }
 
 void CellDelegate::GetXml(QXmlStreamWriter &writer) const
@@ -15,21 +15,12 @@ void CellDelegate::GetXml(QXmlStreamWriter &writer) const
     if (!GenerateXml)
         return;
     const QString entryName = GetString(prop::ParameterListItemTag, QString());
-    WriteEntries(writer, GetXmlTagName(), entryName, Cells.size(), [&](int i) {
+    WriteEntries(writer, GetXmlTagName(), entryName, Cells.Size(), [&](int i) {
         WriteUnitAttribute(writer);
-        writer.writeAttribute(attribute::Row, QString::number(i / ColumnCount));
-        writer.writeAttribute(attribute::Column, QString::number(i % ColumnCount));
-        writer.writeCharacters(Cells.at(i).toString());
+        writer.writeAttribute(attribute::Row, QString::number(Cells.RowOf(i)));
+        writer.writeAttribute(attribute::Column, QString::number(Cells.ColumnOf(i)));
+        writer.writeCharacters(Cells.GetCells().at(i).toString());
     });
-}
-
-bool CellDelegate::Reshape(int rows, int columns)
-{
-    if (!ResizeList(Cells, rows, columns, ColumnCount))
-        return false;
-    RowCount = rows;
-    ColumnCount = columns;
-    return true;
 }
 
 } // namespace KV218

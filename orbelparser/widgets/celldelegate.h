@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cellgrid.h"
 #include "listelements.h"
 #include "orbeldelegate.h"
 
@@ -7,7 +8,7 @@ namespace KV218
 {
 
 /// What tables without a node have in common: cells that hold any value, invalid until set, and travel in parameter
-/// documents as one entry each. Rows and columns count from 0; a cell outside the table is invalid and takes nothing.
+/// documents as one entry each.
 class CellDelegate : public OrbelDelegate
 {
 public:
@@ -17,15 +18,6 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
 
 protected:
-    /// Gives the table a shape. False, and no change, for one with as many cells as there are, with a negative number,
-    /// or with more than limit::ListCells cells.
-    bool Reshape(int rows, int columns);
-    QVariant Cell(int row, int column) const { return GetListValue(Cells, row, column, ColumnCount); }
-    /// True when the cell exists and had another value.
-    bool SetCell(int row, int column, const QVariant &value)
-    {
-        return SetListValue(Cells, value, row, column, ColumnCount);
-    }
     /// Reads the table's element; `onCell(row, column, text)` gets each entry, and ends the reading by returning false.
     template <class OnCell> static void ReadCells(QXmlStreamReader &reader, OnCell onCell)
     {
@@ -34,10 +26,7 @@ protected:
         });
     }
 
-    /// Row by row; always `RowCount` times `ColumnCount` long.
-    QList<QVariant> Cells;
-    int RowCount = 0;
-    int ColumnCount = 0;
+    CellGrid Cells;
 };
 
 } // namespace KV218

@@ -6,31 +6,22 @@
 namespace KV218
 {
 
-FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : BoundDelegate(widget) { }
+FloatSpinDelegate::FloatSpinDelegate(OrbelWidget *widget) : SpinDelegate(widget) { }
 
-QVector<Face> FloatSpinDelegate::GetFaces() const
+void FloatSpinDelegate::CreateValueTree()
 {
-    return {{Control.data(), {}, [this] { return SpinBounds(*this, Control); }}};
+    ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
 }
 
-void FloatSpinDelegate::WriteProperty(const QString &name, const QVariant &value)
+bool FloatSpinDelegate::WriteToNode(const QString &name, const QVariant &value)
 {
-    if (ValueNode)
-        WritePropertyToNode(name, value);
-    if (Control)
-        WritePropertyToControl(name, value);
-}
-
-void FloatSpinDelegate::WritePropertyToNode(const QString &name, const QVariant &value)
-{
+    const bool isLimit = name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
+        || name == prop::DisplayScalingFactor;
     if (name == prop::Value)
         ValueNode->SetValue(value.toDouble(), this);
-    else if (name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
-        || name == prop::DisplayScalingFactor)
+    else if (isLimit)
         WriteLimitsToNode();
-    else
-        return;
-    TakeNode();
+    return isLimit || name == prop::Value;
 }
 
 void FloatSpinDelegate::WriteLimitsToNode()
@@ -42,11 +33,6 @@ void FloatSpinDelegate::WriteLimitsToNode()
         ValueNode->SetMax(limits.Maximum, this);
     if (ValueNode)
         ValueNode->SetStep(limits.Step, this);
-}
-
-bool FloatSpinDelegate::IsNumber(const QString &name) const
-{
-    return name == prop::Value || OrbelDelegate::IsNumber(name);
 }
 
 QVariant FloatSpinDelegate::HeldNumber(const QString &name) const
@@ -70,23 +56,14 @@ void FloatSpinDelegate::TakeNode()
         TakeNumber(prop::Value, ValueNode->GetValue());
 }
 
-QString FloatSpinDelegate::SpellEdit(int, const QVariant &value) const
+void FloatSpinDelegate::WriteToControl(const QString &name, const QVariant &value)
 {
-    return SpellNumber(*this, value.toDouble());
-}
-
-void FloatSpinDelegate::WritePropertyToControl(const QString &name, const QVariant &value)
-{
-    if (name == prop::Suffix)
-        Control->setSuffix(value.toString());
-    else if (name == prop::Unit)
-        Control->SetUnit(value.toString());
-    else if (name == prop::Wrapping)
-        Control->EnableWrapAround(value.toBool());
-    else if (name == prop::Decimals)
+    if (name == prop::Decimals)
         Control->setAdditionalPrecision(GetInt(prop::Decimals, 0));
     else if (name == prop::DisplayScalingFactor)
         Control->SetFactor(DisplayFactor(*this));
+    else
+        SpinDelegate::WriteToControl(name, value);
 }
 
 } // namespace KV218

@@ -2,62 +2,20 @@
 
 #include "cellitemdelegate.h"
 #include "fieldnote.h"
-#include "frequencytext.h"
-#include "numberreader.h"
-#include "suffixeddouble.h"
 #include "survives.h"
 #include "tablefont.h"
 #include "tablekeys.h"
-#include "todoubleex.h"
 #include "tree.h"
 
-#include <algorithm>
 #include <QAction>
 #include <QHeaderView>
 #include <QLineEdit>
-#include <QRegularExpression>
 #include <QScopedValueRollback>
 
-#include <cmath>
 #include <vector>
 
 namespace KV218
 {
-
-namespace
-{
-
-struct Unit {
-    QLatin1Char Letter;
-    double Factor;
-    int Zeros;
-    SuffixedDouble::ESuffix Suffix;
-};
-
-/// In the order in which their letters are looked for.
-constexpr Unit Units[] = {
-    {QLatin1Char('K'), 1e3, 3, SuffixedDouble::ekKilo},
-    {QLatin1Char('M'), 1e6, 6, SuffixedDouble::ekMega},
-    {QLatin1Char('G'), 1e9, 9, SuffixedDouble::ekGiga},
-    {QLatin1Char('H'), 1.0, 0, SuffixedDouble::ekPlain},
-};
-
-const Unit &UnitOfScale(double scale)
-{
-    const auto isIt = [scale](const Unit &unit) { return unit.Factor == scale; };
-    return *std::find_if(std::begin(Units), std::end(Units) - 1, isIt);
-}
-
-/// The unit that an upper-case text names; the unit of `scale` when it names none.
-const Unit &UnitOfText(const QString &text, double scale)
-{
-    // Meant: one letter anywhere tells the unit, so "MK" is kilo and an exponent is no exponent.
-    const auto isIt = [&](const Unit &unit) { return text.contains(unit.Letter); };
-    const Unit *unit = std::find_if(std::begin(Units), std::end(Units), isIt);
-    return unit == std::end(Units) ? UnitOfScale(scale) : *unit;
-}
-
-} // namespace
 
 /// Draws frequencies as fields show them, and tells while a text is typed how the table will read it.
 class FreqRangeTable::Cells : public CellItemDelegate
@@ -75,7 +33,8 @@ public:
     }
     QString displayText(const QVariant &value, const QLocale &) const override
     {
-        return Table->SpellAsFields(Table->ReadText(value.toString()));
+        const RangeCellText text = Table->Text();
+        return text.SpellAsFields(text.Read(value.toString()));
     }
 
 private:
@@ -192,63 +151,26 @@ void FreqRangeTable::FillTable(const Ranges &ranges)
 
 void FreqRangeTable::WriteCell(int row, int column, double value)
 {
-    setItem(row, column, new QTableWidgetItem(Spell(value)));
-}
-
-QString FreqRangeTable::Spell(double value) const
-{
-    SuffixedDouble format(QStringLiteral("Hz"), 1000, false);
-    format.SetSuffix(UnitOfScale(UnitScale).Suffix);
-    return format.GetString(std::isfinite(value) ? value : 0.0);
-}
-
-QString FreqRangeTable::SpellAsFields(double value) const
-{
-    const QStringList parts = Spell(value).split(QLatin1Char(' '));
-    const QStringList digits = parts.first().split(QLatin1Char('.'));
-    const QString fraction = digits.value(1).leftJustified(UnitOfScale(UnitScale).Zeros, QLatin1Char('0'));
-    const QChar point = locale().decimalPoint();
-    const QString number = fraction.isEmpty() ? digits.first() : digits.first() + point + fraction;
-    return FrequencyText::BeforeSuffix(number, parts.last(), point) + parts.last();
+    setItem(row, column, new QTableWidgetItem(Text().Spell(value)));
 }
 
 double FreqRangeTable::ReadCell(int row, int column) const
 {
     const QTableWidgetItem *cell = item(row, column);
-    return cell ? ReadText(cell->text()) : 0.0;
-}
-
-double FreqRangeTable::ReadText(const QString &typed) const
-{
-    static const QRegularExpression letters(QStringLiteral("[A-Z]"));
-    const QString text = typed.toUpper();
-    const int zeros = UnitOfText(text, UnitScale).Zeros;
-    const QString number = QString(text).remove(letters).trimmed();
-    // The factor goes in as an exponent: 1.001 times 1000 would be 1000.9999999999999.
-    return Ember::toDoubleEx(number + QLatin1Char('e') + QString::number(zeros), nullptr);
-}
-
-/// Whether the told reading is the one of all other fields.
-bool FreqRangeTable::IsReadAsMeant(const QString &text) const
-{
-    NumberReader reader = NumberReader::OfHertz(locale());
-    reader.TakesShownUnit = true;
-    reader.ShownPower = UnitOfScale(UnitScale).Zeros;
-    const TypedNumber meant = reader.Read(text);
-    return meant.IsNumber() && meant.Number == ReadText(text);
+    return cell ? Text().Read(cell->text()) : 0.0;
 }
 
 QString FreqRangeTable::Misreading(const QString &text) const
 {
-    return tr("\"%1\" is read as %2").arg(text, SpellAsFields(ReadText(text)));
+    return tr("\"%1\" is read as %2").arg(text, Text().SpellAsFields(Text().Read(text)));
 }
 
 void FreqRangeTable::TellReading(QWidget *editor, const QString &text) const
 {
-    const double frequency = ReadText(text);
-    const QString spelled = SpellAsFields(frequency);
-    const bool isSpelled = text == Spell(frequency);
-    if (!IsReadAsMeant(text))
+    const double frequency = Text().Read(text);
+    const QString spelled = Text().SpellAsFields(frequency);
+    const bool isSpelled = text == Text().Spell(frequency);
+    if (!Text().IsReadAsMeant(text))
         FieldNote::Show(editor, tr("is read as %1").arg(spelled), FieldNote::Refused);
     else
         FieldNote::Show(editor, isSpelled ? QString() : QStringLiteral("= ") + spelled, FieldNote::Understood);
@@ -312,7 +234,7 @@ void FreqRangeTable::SlotValueChanged(int row, int column)
     if (UpdateDepth != 0)
         return;
     const QTableWidgetItem *typed = item(row, column);
-    const QString misread = typed && !IsReadAsMeant(typed->text()) ? Misreading(typed->text()) : QString();
+    const QString misread = typed && !Text().IsReadAsMeant(typed->text()) ? Misreading(typed->text()) : QString();
     {
         const QScopedValueRollback<int> depth(UpdateDepth, 1);
         WriteCell(row, column, ReadCell(row, column));

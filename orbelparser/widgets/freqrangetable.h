@@ -1,6 +1,7 @@
 #pragma once
 
 #include "iobserver.h"
+#include "rangecelltext.h"
 #include "valuecommentedrangemap.h"
 #include "valueobservingptr.h"
 
@@ -57,12 +58,7 @@ private:
     void FillTable(const Ranges &ranges);
     void WriteCell(int row, int column, double value);
     double ReadCell(int row, int column) const;
-    double ReadText(const QString &text) const;
-    /// The text of a cell: "1000.5 kHz".
-    QString Spell(double value) const;
-    /// What is drawn and told of it: "1 000.500 kHz".
-    QString SpellAsFields(double value) const;
-    bool IsReadAsMeant(const QString &text) const;
+    RangeCellText Text() const { return RangeCellText(UnitScale, locale()); }
     QString Misreading(const QString &text) const;
     void TellReading(QWidget *editor, const QString &text) const;
     Ranges CollectRanges() const;

@@ -1,6 +1,7 @@
 #include "orbelchannelspacingtable.h"
 
 #include "celledit.h"
+#include "cellgrid.h"
 #include "channelspacingitemdelegate.h"
 #include "floatgrouplayout.h"
 #include "formlimits.h"
@@ -169,7 +170,7 @@ void OrbelChannelSpacingTable::PropertyChanged(const QString &name, const QVaria
     if (name == prop::HeaderLabel) {
         ShowHeaderLabel(Translate(value.toString()));
     } else if (name == prop::SpacingsCount) {
-        ResizeSpacings(CountOf(value));
+        ResizeSpacings(CellGrid::CountOf(value));
         FillTable();
     } else if (name == prop::Decimals && Control) {
         Control->viewport()->update();

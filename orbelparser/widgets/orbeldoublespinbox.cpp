@@ -1,26 +1,12 @@
 #include "orbeldoublespinbox.h"
 
-#include "floatgrouplayout.h"
 #include "newcontrol.h"
 #include "spinbuilder.h"
 
 #include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
 namespace KV218
 {
-
-namespace
-{
-
-QString DocumentText(double number, int decimals)
-{
-    const QString text = QString::number(number, 'f', decimals);
-    // Meant: whole numbers lose their zero with one decimal place, and with no other count of places.
-    return decimals == 1 && text.contains(QLatin1String(".0")) ? QString::number(number, 'f', 0) : text;
-}
-
-} // namespace
 
 OrbelDelegate *NewDoubleSpinBox(OrbelWidget *widget)
 {
@@ -35,30 +21,18 @@ OrbelDoubleSpinBox::OrbelDoubleSpinBox(OrbelWidget *widget) : FloatSpinDelegate(
     DefineProperty(prop::SpecialValueText);
 }
 
-void OrbelDoubleSpinBox::CreateValueTree()
+void OrbelDoubleSpinBox::ShowBounds()
 {
-    ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
-}
-
-void OrbelDoubleSpinBox::CreateGUI(FloatGroupLayout *layout)
-{
-    OrbelDelegate::CreateGUI(layout);
-    Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
-    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
-    PropagateProperties(Control);
     SetDoubleTooltip(Control);
-    layout->addWidget(Control);
-    layout->addGroup();
 }
 
-void OrbelDoubleSpinBox::GetXml(QXmlStreamWriter &writer) const
+QString OrbelDoubleSpinBox::DocumentText() const
 {
-    if (!GenerateXml)
-        return;
-    writer.writeStartElement(GetXmlTagName());
-    WriteUnitAttribute(writer);
-    writer.writeCharacters(DocumentText(Number, Decimals));
-    writer.writeEndElement();
+    const double number = GetDouble(prop::Value, 0.0);
+    const int decimals = DocumentDecimals(*this);
+    const QString text = QString::number(number, 'f', decimals);
+    // Meant: whole numbers lose their zero with one decimal place, and with no other count of places.
+    return decimals == 1 && text.contains(QLatin1String(".0")) ? QString::number(number, 'f', 0) : text;
 }
 
 void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
@@ -68,29 +42,10 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
     Q_EMIT valueChanged(number);
 }
 
-void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
+void OrbelDoubleSpinBox::EmitNumber(double number)
 {
-    OrbelDelegate::PropertyChanged(name, value);
-    if (name == prop::Value)
-        Number = GetDouble(prop::Value, 0.0);
-    else if (name == prop::Decimals)
-        Decimals = DocumentDecimals(*this);
-    WriteProperty(name, value);
-    if (name == prop::Minimum || name == prop::Maximum)
-        SetDoubleTooltip(Control);
-    PropagateProperty(name, Control);
-}
-
-void OrbelDoubleSpinBox::NodeChanged(Observable *subject, TChangeCode code)
-{
-    if (!ValueNode.HasNews(subject, code))
-        return;
-    const double number = ValueNode->GetValue();
-    if (!ChangeProperty(prop::Value, number))
-        return;
     Q_EMIT valueChanged(number);
     Q_EMIT editingFinished();
-    setModified(true);
 }
 
 } // namespace KV218

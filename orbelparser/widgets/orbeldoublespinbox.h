@@ -16,9 +16,6 @@ class OrbelDoubleSpinBox : public FloatSpinDelegate
 public:
     explicit OrbelDoubleSpinBox(OrbelWidget *widget);
 
-    void CreateValueTree() override;
-    void CreateGUI(FloatGroupLayout *layout) override;
-    void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
 
 Q_SIGNALS:
@@ -42,13 +39,9 @@ public Q_SLOTS:
     void forceFinishEditing() override { FinishControl(); }
 
 protected:
-    void PropertyChanged(const QString &name, const QVariant &value) override;
-    void NodeChanged(Observable *subject, TChangeCode code) override;
-
-private:
-    /// What a parameter document says; kept since the properties hold texts at first.
-    double Number = 0;
-    int Decimals = 0;
+    void ShowBounds() override;
+    QString DocumentText() const override;
+    void EmitNumber(double number) override;
 };
 
 } // namespace KV218

@@ -1,6 +1,5 @@
 #include "orbeldscobject.h"
 
-#include "displayscale.h"
 #include "exclusiondialog.h"
 #include "formdoor.h"
 #include "newcontrol.h"
@@ -111,11 +110,7 @@ QString OrbelDSCObject::ReadBand(QXmlStreamReader &reader)
 {
     QString text;
     int possible = 0;
-    const auto appendFrequency = [&] {
-        const double frequency = reader.readElementText().toDouble();
-        const DisplayScale &scale = ScaleFor(frequency, FrequencyScales);
-        text += formatString(frequency / scale.divisor, scale.decimals, scale.suffix);
-    };
+    const auto appendFrequency = [&] { text += formatHertz(reader.readElementText().toDouble()); };
     ForEachStart(reader, [&](const QStringRef &name) {
         // Meant: the order of the elements is the order of the text, and an unknown one is entered and ends the band.
         if (name == Latin1("ScanPossible")) {

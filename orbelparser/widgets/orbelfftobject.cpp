@@ -1,6 +1,6 @@
 #include "orbelfftobject.h"
 
-#include "displayscale.h"
+#include "latin1.h"
 #include "newcontrol.h"
 
 namespace KV218
@@ -10,12 +10,7 @@ namespace
 {
 
 constexpr double MicrosecondsPerSecond = 1000000.0;
-
-// Meant: long times do not go on to seconds.
-constexpr DisplayScale MicrosecondScales[] = {
-    {1000.0, 1000.0, 6, Latin1(" ms")},
-    {0.0, 1.0, 0, Latin1(" \xB5s")},
-};
+constexpr double MicrosecondsPerMillisecond = 1000.0;
 
 } // namespace
 
@@ -57,16 +52,17 @@ QString OrbelFFTObject::frequencyResolutionString()
 {
     if (!(FrequencyResolution > 0.0))
         return QStringLiteral("-");
-    const DisplayScale &scale = ScaleFor(FrequencyResolution, FrequencyScales);
-    return formatString(FrequencyResolution / scale.divisor, scale.decimals, scale.suffix);
+    return formatHertz(FrequencyResolution);
 }
 
 QString OrbelFFTObject::timeResolutionString()
 {
     if (!(TimeResolution > 0.0))
         return QStringLiteral("-");
-    const DisplayScale &scale = ScaleFor(TimeResolution, MicrosecondScales);
-    return formatString(TimeResolution / scale.divisor, scale.decimals, scale.suffix);
+    // Meant: long times do not go on to seconds.
+    if (TimeResolution > MicrosecondsPerMillisecond)
+        return formatString(TimeResolution / MicrosecondsPerMillisecond, 6, Latin1(" ms"));
+    return formatString(TimeResolution, 0, Latin1(" \xB5s"));
 }
 
 } // namespace KV218

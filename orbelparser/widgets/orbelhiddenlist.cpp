@@ -18,7 +18,7 @@ OrbelHiddenList::OrbelHiddenList(OrbelWidget *widget) : OrbelDelegate(widget) { 
 
 void OrbelHiddenList::CreateValueTree()
 {
-    ResizeList(Items, GetInt(prop::ItemCount, 0), 1, 1);
+    Items.Resize(GetInt(prop::ItemCount, 0), 1);
 }
 
 void OrbelHiddenList::GetXml(QXmlStreamWriter &writer) const
@@ -26,17 +26,17 @@ void OrbelHiddenList::GetXml(QXmlStreamWriter &writer) const
     if (!GenerateXml)
         return;
     const QString entryName = GetString(prop::ParameterListItemTag, QString());
-    WriteEntries(writer, GetXmlTagName(), entryName, Items.size(), [&](int i) {
+    WriteEntries(writer, GetXmlTagName(), entryName, Items.Size(), [&](int i) {
         WriteUnitAttribute(writer);
         writer.writeAttribute(attribute::Index, QString::number(i));
-        writer.writeCharacters(Items.at(i).toString());
+        writer.writeCharacters(Items.GetCells().at(i).toString());
     });
 }
 
 void OrbelHiddenList::ReadXml(QXmlStreamReader &reader)
 {
     // Meant: `itemCount` stays, so items that make the list no longer than it says find no room and are lost.
-    Items.clear();
+    Items.Clear();
     ReadIndexedEntries(reader, [&](int index, const QString &text) {
         setItemValue(index, text);
         return true;
@@ -47,20 +47,20 @@ void OrbelHiddenList::PropertyChanged(const QString &name, const QVariant &value
 {
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::ItemCount)
-        ResizeList(Items, CountOf(value), 1, 1);
+        Items.Resize(CellGrid::CountOf(value), 1);
 }
 
 QString OrbelHiddenList::itemValue(int index)
 {
-    return GetListValue(Items, index, 0, 1).toString();
+    return Items.Get(index, 0).toString();
 }
 
 void OrbelHiddenList::setItemValue(int index, QString value)
 {
     // Meant: an index equal to the length makes no room and is refused below.
-    if (index > Items.size() && index < limit::ListCells)
+    if (index > Items.Size() && index < limit::ListCells)
         setItemCount(index + 1);
-    if (!SetListValue(Items, value, index, 0, 1))
+    if (!Items.Set(index, 0, value))
         return;
     const Call call(this);
     setModified(true);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cellgrid.h"
 #include "orbeldelegate.h"
 #include "propertynames.h"
 
@@ -24,7 +25,7 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     /// Drops all items; `itemCount` keeps its value.
-    void clear() { Items.clear(); }
+    void clear() { Items.Clear(); }
     void setItemCount(int count) { ChangeProperty(prop::ItemCount, count); }
 
 public:
@@ -38,7 +39,7 @@ protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
 
 private:
-    QList<QVariant> Items;
+    CellGrid Items;
 };
 
 } // namespace KV218

@@ -26,13 +26,13 @@ void OrbelHiddenTable::ReadXml(QXmlStreamReader &reader)
 void OrbelHiddenTable::clear()
 {
     const Call call(this);
-    std::fill(Cells.begin(), Cells.end(), QVariant());
+    Cells.Empty();
     Q_EMIT tableCleared();
 }
 
 void OrbelHiddenTable::setItemValue(int row, int column, QString value)
 {
-    if (!SetCell(row, column, value))
+    if (!Cells.Set(row, column, value))
         return;
     const Call call(this);
     setModified(true);

@@ -25,11 +25,11 @@ public Q_SLOTS:
     /// Empties all cells; the shape stays.
     void clear();
     /// These keep the shape when the number of cells would stay the same; so a table without cells gets none.
-    void setColumnCount(int columns) { Reshape(RowCount, columns); }
-    void setRowCount(int rows) { Reshape(rows, ColumnCount); }
+    void setColumnCount(int columns) { Cells.Resize(Cells.GetRows(), columns); }
+    void setRowCount(int rows) { Cells.Resize(rows, Cells.GetColumns()); }
 
 public:
-    Q_INVOKABLE QString itemValue(int row, int column) { return Cell(row, column).toString(); }
+    Q_INVOKABLE QString itemValue(int row, int column) { return Cells.Get(row, column).toString(); }
     Q_INVOKABLE void setItemValue(int row, int column, QString value);
 };
 

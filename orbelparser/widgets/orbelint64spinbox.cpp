@@ -1,45 +1,14 @@
 #include "orbelint64spinbox.h"
 
-#include "floatgrouplayout.h"
+#include "frequencyunit.h"
 #include "newcontrol.h"
 #include "saturate.h"
-#include "spinbuilder.h"
 
-#include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
 namespace KV218
 {
-
-namespace
-{
-
-struct UnitRow {
-    quint64 scale;
-    const char *unit;
-    double factor;
-    int decimals;
-};
-
-// clang-format off
-constexpr UnitRow UnitRows[] = {
-    {1000,       "kHz", 0.001,       3},
-    {1000000,    "MHz", 0.000001,    6},
-    {1000000000, "GHz", 0.000000001, 9},
-    {1,          "Hz",  1.0,         0}, // any other scale
-};
-// clang-format on
-
-const UnitRow &FindUnitRow(quint64 scale)
-{
-    const UnitRow *last = std::end(UnitRows) - 1;
-    return *std::find_if(std::begin(UnitRows), last, [scale](const UnitRow &row) { return row.scale == scale; });
-}
-
-} // namespace
 
 OrbelDelegate *NewBandwidthEdit(OrbelWidget *widget)
 {
@@ -51,29 +20,24 @@ OrbelInt64SpinBox::OrbelInt64SpinBox(OrbelWidget *widget) : FloatSpinDelegate(wi
 void OrbelInt64SpinBox::CreateValueTree()
 {
     ApplyUnitScale();
-    ValueNode.Adopt(CreateValueNumericFloat(prop::Value));
+    FloatSpinDelegate::CreateValueTree();
 }
 
-void OrbelInt64SpinBox::CreateGUI(FloatGroupLayout *layout)
+void OrbelInt64SpinBox::ShowFirstBounds()
 {
-    OrbelDelegate::CreateGUI(layout);
-    Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), WidgetName());
-    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
-    PropagateProperties(Control);
     SetInt64Tooltip(Control);
-    layout->addWidget(Control);
-    layout->addGroup();
 }
 
-void OrbelInt64SpinBox::GetXml(QXmlStreamWriter &writer) const
+void OrbelInt64SpinBox::ShowBounds()
 {
-    if (!GenerateXml)
-        return;
-    writer.writeStartElement(GetXmlTagName());
-    WriteUnitAttribute(writer);
+    // Meant: the 32-bit form, so a greater bound is left out of the tooltip once any bound has changed.
+    SetIntTooltip(Control);
+}
+
+QString OrbelInt64SpinBox::DocumentText() const
+{
     // Meant: as the property's present type spells it, so a large number from the node may have an exponent.
-    writer.writeCharacters(property(prop::Value.data()).toString());
-    writer.writeEndElement();
+    return property(prop::Value.data()).toString();
 }
 
 void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
@@ -86,26 +50,15 @@ void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
 
 void OrbelInt64SpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
-    OrbelDelegate::PropertyChanged(name, value);
-    WriteProperty(name, value);
-    // Meant: the 32-bit form, so a greater bound is left out of the tooltip once any bound has changed.
-    if (name == prop::Minimum || name == prop::Maximum)
-        SetIntTooltip(Control);
-    else if (name == prop::UnitScale)
+    FloatSpinDelegate::PropertyChanged(name, value);
+    if (name == prop::UnitScale)
         ApplyUnitScale();
-    PropagateProperty(name, Control);
 }
 
-void OrbelInt64SpinBox::NodeChanged(Observable *subject, TChangeCode code)
+void OrbelInt64SpinBox::EmitNumber(double number)
 {
-    if (!ValueNode.HasNews(subject, code))
-        return;
-    const double number = ValueNode->GetValue();
-    if (!ChangeProperty(prop::Value, number))
-        return;
     Q_EMIT valueChanged(Saturated<qint64>(std::trunc(number)));
     Q_EMIT editingFinished();
-    setModified(true);
 }
 
 void OrbelInt64SpinBox::setUnitScale(QString)
@@ -118,12 +71,12 @@ void OrbelInt64SpinBox::ApplyUnitScale()
 {
     if (property(prop::UnitScale.data()).isNull())
         return;
-    const UnitRow &row = FindUnitRow(GetUInt64(prop::UnitScale, 0));
+    const FrequencyUnit &unit = FrequencyUnit::OfHertz(double(GetUInt64(prop::UnitScale, 0)));
     const QPair<QLatin1String, QVariant> changes[] = {
-        {prop::Unit, QLatin1String(row.unit)},
-        {prop::Suffix, QLatin1String(row.unit)},
-        {prop::DisplayScalingFactor, row.factor},
-        {prop::Decimals, row.decimals},
+        {prop::Unit, QLatin1String(unit.Name)},
+        {prop::Suffix, QLatin1String(unit.Name)},
+        {prop::DisplayScalingFactor, 1 / unit.Hertz},
+        {prop::Decimals, unit.Power},
         {prop::SingleStep, 1},
     };
     for (const auto &[name, value] : changes)

@@ -18,8 +18,6 @@ public:
     explicit OrbelInt64SpinBox(OrbelWidget *widget);
 
     void CreateValueTree() override;
-    void CreateGUI(FloatGroupLayout *layout) override;
-    void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
 
 Q_SIGNALS:
@@ -46,7 +44,10 @@ public Q_SLOTS:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
-    void NodeChanged(Observable *subject, TChangeCode code) override;
+    void ShowBounds() override;
+    void ShowFirstBounds() override;
+    QString DocumentText() const override;
+    void EmitNumber(double number) override;
 
 private:
     void ApplyUnitScale();

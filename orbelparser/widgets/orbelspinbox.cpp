@@ -1,12 +1,9 @@
 #include "orbelspinbox.h"
 
-#include "floatgrouplayout.h"
 #include "newcontrol.h"
-#include "spinbuilder.h"
 
 #include <limits>
 #include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
 namespace KV218
 {
@@ -16,7 +13,7 @@ OrbelDelegate *NewSpinBox(OrbelWidget *widget)
     return NewControl<OrbelSpinBox>(widget);
 }
 
-OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : BoundDelegate(widget)
+OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : SpinDelegate(widget)
 {
     DefineProperty(prop::Prefix);
     DefineProperty(prop::Minimum);
@@ -30,28 +27,20 @@ void OrbelSpinBox::CreateValueTree()
     ValueNode.Adopt(CreateValueNumericInt(prop::Value));
 }
 
-void OrbelSpinBox::CreateGUI(FloatGroupLayout *layout)
+QString OrbelSpinBox::ControlName() const
 {
-    OrbelDelegate::CreateGUI(layout);
     // Meant: named after the node, which a parameter path names otherwise than the widget.
-    const QString name = ValueNode ? ValueNode->GetName() : QString();
-    Control = BuildSpin(*this, ValueNode.get(), layout->parentWidget(), name);
-    connect(Control, &VCNumericFloatSpin::signalTextEdited, this, [this] { MarkTyping(); });
-    PropagateProperties(Control);
-    SetIntTooltip(Control);
-    layout->addWidget(Control);
-    layout->addGroup();
+    return ValueNode ? ValueNode->GetName() : QString();
 }
 
-void OrbelSpinBox::GetXml(QXmlStreamWriter &writer) const
+void OrbelSpinBox::ShowBounds()
 {
-    if (!GenerateXml)
-        return;
-    const qint64 number = qint64(GetInt(prop::Value, 0)) - GetInt(prop::DisplayAdditiveOffset, 0);
-    writer.writeStartElement(GetXmlTagName());
-    WriteUnitAttribute(writer);
-    writer.writeCharacters(QString::number(number));
-    writer.writeEndElement();
+    SetIntTooltip(Control);
+}
+
+QString OrbelSpinBox::DocumentText() const
+{
+    return QString::number(qint64(GetInt(prop::Value, 0)) - GetInt(prop::DisplayAdditiveOffset, 0));
 }
 
 void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
@@ -62,31 +51,10 @@ void OrbelSpinBox::ReadXml(QXmlStreamReader &reader)
     Q_EMIT valueChanged(number);
 }
 
-QVector<Face> OrbelSpinBox::GetFaces() const
+bool OrbelSpinBox::WriteToNode(const QString &name, const QVariant &)
 {
-    return {{Control.data(), {}, [this] { return SpinBounds(*this, Control); }}};
-}
-
-void OrbelSpinBox::PropertyChanged(const QString &name, const QVariant &value)
-{
-    OrbelDelegate::PropertyChanged(name, value);
-    if (ValueNode)
-        WritePropertyToNode(name);
-    // Meant: `decimals` and `displayScalingFactor` count for the control only while it is built.
-    if (name == prop::Minimum || name == prop::Maximum)
-        SetIntTooltip(Control);
-    else if (name == prop::Suffix && Control)
-        Control->setSuffix(value.toString());
-    else if (name == prop::Unit && Control)
-        Control->SetUnit(value.toString());
-    else if (name == prop::Wrapping && Control)
-        Control->EnableWrapAround(value.toBool());
-    PropagateProperty(name, Control);
-}
-
-void OrbelSpinBox::WritePropertyToNode(const QString &name)
-{
-    // Meant: bounds and step are not scaled here, though they are when the node is made.
+    // Meant: bounds and step are not scaled here, though they are when the node is made. `displayScalingFactor` and
+    // `decimals` count for node and control only when these are made.
     if (name == prop::Value)
         ValueNode->SetValue(GetNearestInt(name, 0), this);
     else if (name == prop::Minimum)
@@ -96,13 +64,8 @@ void OrbelSpinBox::WritePropertyToNode(const QString &name)
     else if (name == prop::SingleStep)
         ValueNode->SetStep(GetNearestInt(name, 0), this);
     else
-        return;
-    TakeNode();
-}
-
-bool OrbelSpinBox::IsNumber(const QString &name) const
-{
-    return name == prop::Value || OrbelDelegate::IsNumber(name);
+        return false;
+    return true;
 }
 
 QVariant OrbelSpinBox::HeldNumber(const QString &name) const
@@ -132,21 +95,10 @@ void OrbelSpinBox::TakeNode()
         SetPropertyAlways(prop::Value, ValueNode->GetValue());
 }
 
-QString OrbelSpinBox::SpellEdit(int, const QVariant &value) const
+void OrbelSpinBox::EmitNumber(int number)
 {
-    return SpellNumber(*this, value.toDouble());
-}
-
-void OrbelSpinBox::NodeChanged(Observable *subject, TChangeCode code)
-{
-    if (!ValueNode.HasNews(subject, code))
-        return;
-    const int number = ValueNode->GetValue();
-    if (!ChangeProperty(prop::Value, number))
-        return;
     Q_EMIT valueChanged(number);
     Q_EMIT editingFinished();
-    setModified(true);
 }
 
 } // namespace KV218

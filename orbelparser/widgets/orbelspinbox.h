@@ -1,8 +1,7 @@
 #pragma once
 
-#include "bounddelegate.h"
 #include "propertynames.h"
-#include "vcnumericfloatspin.h"
+#include "spindelegate.h"
 
 namespace KV218
 {
@@ -10,7 +9,7 @@ namespace KV218
 /// A field for a whole number. Class name: `SpinBox`. Value property: `value`, an int in node units; `minimum`,
 /// `maximum` and `singleStep` are display units (node units times `displayScalingFactor`) when the node is made, and
 /// node units when they are set later. Parameter documents carry the value less `displayAdditiveOffset`.
-class OrbelSpinBox : public BoundDelegate<ValueInt, VCNumericFloatSpin>
+class OrbelSpinBox : public SpinDelegate<ValueInt>
 {
     Q_OBJECT
 
@@ -18,12 +17,8 @@ public:
     explicit OrbelSpinBox(OrbelWidget *widget);
 
     void CreateValueTree() override;
-    void CreateGUI(FloatGroupLayout *layout) override;
-    void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
-    QVector<Face> GetFaces() const override;
-    QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:
     void editingFinished();
@@ -45,13 +40,12 @@ public Q_SLOTS:
     void forceFinishEditing() override { FinishControl(); }
 
 protected:
-    void PropertyChanged(const QString &name, const QVariant &value) override;
-    void NodeChanged(Observable *subject, TChangeCode code) override;
-    bool IsNumber(const QString &name) const override;
+    QString ControlName() const override;
+    void ShowBounds() override;
+    QString DocumentText() const override;
+    void EmitNumber(int number) override;
+    bool WriteToNode(const QString &name, const QVariant &value) override;
     QVariant HeldNumber(const QString &name) const override;
-
-private:
-    void WritePropertyToNode(const QString &name);
 };
 
 } // namespace KV218

@@ -54,31 +54,31 @@ void OrbelTable::FillTable()
     const QScopedValueRollback<bool> updating(Updating, true);
     // A stretching header would measure all its sections again at each new label.
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    Control->setColumnCount(ColumnCount);
+    Control->setColumnCount(Cells.GetColumns());
     // Cells that go may take one with them that is being edited, and a handler the window.
     if (Control)
-        Control->setRowCount(RowCount);
+        Control->setRowCount(Cells.GetRows());
     if (!Control)
         return;
     LabelHeaders();
     Control->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     int next = 0;
-    for (int row = 0; row < RowCount; ++row) {
-        for (int column = 0; column < ColumnCount; ++column) {
+    for (int row = 0; row < Cells.GetRows(); ++row) {
+        for (int column = 0; column < Cells.GetColumns(); ++column) {
             // Meant: values do not keep to their cells; each item that is found takes the next one.
             if (QTableWidgetItem *item = ItemFor(row, column))
-                item->setData(Qt::DisplayRole, Cells.value(next++));
+                item->setData(Qt::DisplayRole, Cells.GetCells().value(next++));
         }
     }
 }
 
 void OrbelTable::LabelHeaders()
 {
-    for (int column = 0; column < ColumnCount; ++column) {
+    for (int column = 0; column < Cells.GetColumns(); ++column) {
         if (!Control->horizontalHeaderItem(column))
             Control->setHorizontalHeaderItem(column, new QTableWidgetItem(QString::number(column)));
     }
-    for (int row = 0; row < RowCount; ++row) {
+    for (int row = 0; row < Cells.GetRows(); ++row) {
         if (!Control->verticalHeaderItem(row))
             Control->setVerticalHeaderItem(row, new QTableWidgetItem(QString::number(row)));
     }
@@ -101,7 +101,7 @@ void OrbelTable::ReadXml(QXmlStreamReader &reader)
     const QScopedValueRollback<bool> updating(Updating, true);
     clear();
     ReadCells(reader, [this](int row, int column, const QString &text) {
-        if (SetCell(row, column, text))
+        if (Cells.Set(row, column, text))
             ShowValue(row, column, text);
         return true;
     });
@@ -124,9 +124,9 @@ void OrbelTable::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::ColumnCount)
-        Reshape(RowCount, CountOf(value));
+        Cells.Resize(Cells.GetRows(), CellGrid::CountOf(value));
     else if (name == prop::RowCount)
-        Reshape(CountOf(value), ColumnCount);
+        Cells.Resize(CellGrid::CountOf(value), Cells.GetColumns());
     if (name == prop::ColumnCount || name == prop::RowCount)
         FillTable();
     PropagateProperty(name, Control);
@@ -135,9 +135,9 @@ void OrbelTable::PropertyChanged(const QString &name, const QVariant &value)
 void OrbelTable::clear()
 {
     const Call call(this);
-    for (int row = 0; row < RowCount; ++row) {
-        for (int column = 0; column < ColumnCount; ++column) {
-            SetCell(row, column, QVariant());
+    for (int row = 0; row < Cells.GetRows(); ++row) {
+        for (int column = 0; column < Cells.GetColumns(); ++column) {
+            Cells.Set(row, column, QVariant());
             // Meant: a shown cell that empties counts as the operator's change.
             ShowValue(row, column, QVariant());
         }
@@ -150,7 +150,7 @@ void OrbelTable::setItemValue(int row, int column, QVariant value)
 {
     const Call call(this);
     const bool isNone = value.userType() == QMetaType::Double && !std::isfinite(value.toDouble());
-    if (isNone || !SetCell(row, column, value))
+    if (isNone || !Cells.Set(row, column, value))
         return;
     const QScopedValueRollback<bool> updating(Updating, true);
     ShowValue(row, column, value);
@@ -162,24 +162,24 @@ void OrbelTable::sl_cellChanged(int row, int column)
     if (!item)
         return;
     // Meant: the row alone is the place in the flat list, so an edit in several columns lands in the first rows.
-    if (row >= 0 && row < Cells.size())
-        Cells[row] = item->data(Qt::DisplayRole);
-    const EditNotice notice(this, {2 * row, 2 * (row * ColumnCount + column) + 1});
+    if (row >= 0 && row < Cells.Size())
+        Cells.Put(row, item->data(Qt::DisplayRole));
+    const EditNotice notice(this, {2 * row, 2 * (row * Cells.GetColumns() + column) + 1});
     setModified(true);
     Q_EMIT cellChanged(row, column);
 }
 
 QVariant OrbelTable::ShownValue(int index) const
 {
-    const QTableWidgetItem *item = Control ? Control->item(index / ColumnCount, index % ColumnCount) : nullptr;
+    const QTableWidgetItem *item = Control ? Control->item(Cells.RowOf(index), Cells.ColumnOf(index)) : nullptr;
     return item ? item->data(Qt::DisplayRole) : QVariant();
 }
 
 /// In its own cell, unlike ShowValue(). A cell that shows nothing has no item, as at the start.
 void OrbelTable::ShowOwnValue(int index, const QVariant &value)
 {
-    const int row = index / ColumnCount;
-    const int column = index % ColumnCount;
+    const int row = Cells.RowOf(index);
+    const int column = Cells.ColumnOf(index);
     if (!value.isValid())
         delete Control->takeItem(row, column);
     else if (QTableWidgetItem *item = Control->item(row, column))
@@ -191,8 +191,8 @@ void OrbelTable::ShowOwnValue(int index, const QVariant &value)
 QVariantList OrbelTable::GetEdits() const
 {
     QVariantList values;
-    for (int i = 0; i < Cells.size(); ++i)
-        values << Cells.at(i) << ShownValue(i);
+    for (int i = 0; i < Cells.Size(); ++i)
+        values << Cells.GetCells().at(i) << ShownValue(i);
     return values;
 }
 
@@ -207,14 +207,14 @@ void OrbelTable::PutEdits(const QVariantList &values)
     bool isChange = false;
     {
         const QScopedValueRollback<bool> updating(Updating, true);
-        for (int i = 0; i < Cells.size() && Control; ++i) {
+        for (int i = 0; i < Cells.Size() && Control; ++i) {
             const int value = 2 * i;
             const int shown = value + 1;
             isChange |= !IsSameEdit(before.at(value), values.at(value));
-            Cells[i] = values.at(value);
+            Cells.Put(i, values.at(value));
             if (IsSameEdit(before.at(shown), values.at(shown)))
                 continue;
-            const QPoint cell(i % ColumnCount, i / ColumnCount);
+            const QPoint cell(Cells.ColumnOf(i), Cells.RowOf(i));
             const bool told = ItemFor(cell.y(), cell.x());
             ShowOwnValue(i, values.at(shown));
             if (told || ItemFor(cell.y(), cell.x()))
@@ -240,7 +240,8 @@ QString OrbelTable::SpellChange(const QVariantList &before, const QVariantList &
 
 QString OrbelTable::SpellEditPart(int index) const
 {
-    return ColumnCount == 0 ? QString() : QStringLiteral("%1/%2").arg(index / ColumnCount).arg(index % ColumnCount);
+    return Cells.GetColumns() == 0 ? QString()
+                                   : QStringLiteral("%1/%2").arg(Cells.RowOf(index)).arg(Cells.ColumnOf(index));
 }
 
 } // namespace KV218

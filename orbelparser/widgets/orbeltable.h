@@ -24,7 +24,7 @@ public:
     QVector<Face> GetFaces() const override { return {{Control.data()}}; }
     /// Row by row, of each cell its value and what it shows.
     QVariantList GetEdits() const override;
-    int GetEditShape() const override { return ColumnCount; }
+    int GetEditShape() const override { return Cells.GetColumns(); }
     void PutEdits(const QVariantList &values) override;
     QString SpellChange(const QVariantList &before, const QVariantList &after) const override;
 
@@ -50,7 +50,7 @@ public Q_SLOTS:
     void forceFinishEditing() override;
 
 public:
-    Q_INVOKABLE QVariant itemValue(int row, int column) { return Cell(row, column); }
+    Q_INVOKABLE QVariant itemValue(int row, int column) { return Cells.Get(row, column); }
     /// Neither signals nor marks the control modified.
     Q_INVOKABLE void setItemValue(int row, int column, QVariant value);
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+
+namespace KV218
+{
+
+/// The switches on which the operator's input depends, all on at first. Input is free while those of the host and of
+/// the sheet are both on; the third one then takes a secondary part away.
+class InputSwitches
+{
+public:
+    enum Switch { Host, Sheet, Part };
+    /// Has all controls free or lock their input, or only the secondary part of it.
+    using Tell = std::function<void(bool enable, bool partial)>;
+
+    /// False for what is no switch.
+    bool IsOn(Switch which) const { return IsSwitch(which) && On[which]; }
+    /// Turns a switch, and tells the controls what follows from it now. What is no switch is ignored.
+    void Turn(Switch which, bool on, const Tell &tell);
+    /// Tells controls just made, which are free.
+    void TellAtStart(const Tell &tell) const;
+
+private:
+    static bool IsSwitch(int which) { return which >= Host && which <= Part; }
+    bool IsFree() const { return On[Host] && On[Sheet]; }
+
+    bool On[3] = {true, true, true};
+};
+
+} // namespace KV218
