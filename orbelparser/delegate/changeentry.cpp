@@ -10,10 +10,13 @@
 namespace KV218
 {
 
-ChangeEntry::ChangeEntry(const QString &text) : QUndoCommand(text), Session(0), Spelled(true) { }
+ChangeEntry::ChangeEntry(const QString &text, Moves moves)
+    : QUndoCommand(text), HasOwnText(true), Session(0), MovesOfForm(std::move(moves))
+{
+}
 
-ChangeEntry::ChangeEntry(const OrbelDelegate *control, int session)
-    : QUndoCommand(control->objectName()), Session(session), Spelled(false)
+ChangeEntry::ChangeEntry(const OrbelDelegate *control, int session, Moves moves)
+    : QUndoCommand(control->objectName()), HasOwnText(false), Session(session), MovesOfForm(std::move(moves))
 {
 }
 
@@ -29,7 +32,7 @@ bool ChangeEntry::Spell()
 {
     if (std::exchange(Spelled, true))
         return false;
-    const OrbelDelegate *control = Parts.first().Control;
+    const OrbelDelegate *control = HasOwnText ? nullptr : Parts.first().Control.data();
     if (!control)
         return true;
     QVariantList before = control->GetEdits();
@@ -74,7 +77,7 @@ bool ChangeEntry::mergeWith(const QUndoCommand *next)
     Part &own = Parts.first();
     const Part &further = other->Parts.first();
     // Between the two a host may have set another value.
-    const bool follows = own.Control == further.Control && own.Index == further.Index
+    const bool follows = own.Control == further.Control && own.Index == further.Index && own.Shape == further.Shape
         && OrbelDelegate::IsSameEdit(own.After, further.Before);
     if (!follows)
         return false;
@@ -96,6 +99,7 @@ void ChangeEntry::Move(bool back)
     if (Moving)
         return;
     const QScopedValueRollback<bool> moving(Moving, true);
+    const QScopedValueRollback<int> moves(*MovesOfForm, *MovesOfForm + 1);
     const OrbelDelegate *locked = FindLocked(back);
     bool moved = false;
     for (auto first = Parts.begin(); first != Parts.end();) {

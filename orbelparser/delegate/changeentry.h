@@ -5,6 +5,8 @@
 #include <QVariant>
 #include <QVector>
 
+#include <memory>
+
 namespace KV218
 {
 
@@ -15,17 +17,19 @@ class OrbelDelegate;
 class ChangeEntry : public QUndoCommand
 {
 public:
-    explicit ChangeEntry(const QString &text);
-    /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that
-    /// follow one another are one.
-    ChangeEntry(const OrbelDelegate *control, int session);
+    /// How many entries of a form are on their way: a host may have the stack move several.
+    using Moves = std::shared_ptr<int>;
+
+    ChangeEntry(const QString &text, Moves moves);
+    /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that follow
+    /// one another are one.
+    ChangeEntry(const OrbelDelegate *control, int session, Moves moves);
 
     /// Takes in the values of a control that differ.
     void Add(OrbelDelegate *control, const QVariantList &before, const QVariantList &after);
     bool IsEmpty() const { return Parts.isEmpty(); }
-    /// Makes a text of the control and its values. False when it stands already.
+    /// Makes a text of the control and its values where none was given. False when that was done already.
     bool Spell();
-    bool IsMoving() const { return Moving; }
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
     /// Whether there is a value to move: `back` by undo.
@@ -33,7 +37,8 @@ public:
     /// The first control with such a value that the operator may not change now; null for none.
     const OrbelDelegate *FindLocked(bool back) const;
 
-    int id() const override { return Session ? 1 : -1; }
+    /// Another one than those that a host's commands are likely to have.
+    int id() const override { return Session ? 0x4f42454c : -1; }
     bool mergeWith(const QUndoCommand *next) override;
     void undo() override { Move(true); }
     void redo() override;
@@ -54,10 +59,12 @@ private:
     void Move(bool back);
     bool MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back);
 
+    const bool HasOwnText;
     const int Session;
+    const Moves MovesOfForm;
     /// Those of one control follow one another.
     QVector<Part> Parts;
-    bool Spelled;
+    bool Spelled = false;
     bool Done = false;
     bool Moving = false;
 };

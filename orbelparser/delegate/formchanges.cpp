@@ -35,7 +35,7 @@ FormChanges::~FormChanges()
 void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int session)
 {
     const QVariantList after = control->GetEdits();
-    auto entry = std::make_unique<ChangeEntry>(control, session);
+    auto entry = std::make_unique<ChangeEntry>(control, session, Moves);
     entry->Add(control, before, after);
     if (entry->IsEmpty())
         return;
@@ -62,21 +62,12 @@ void FormChanges::PushWaiting()
     }
 }
 
-/// A host may move the stack itself.
-bool FormChanges::IsMoving() const
-{
-    const auto moves = [this](int index) {
-        const auto *entry = dynamic_cast<const ChangeEntry *>(Stack->command(index));
-        return entry && entry->IsMoving();
-    };
-    return Busy || moves(Stack->index() - 1) || moves(Stack->index());
-}
-
 void FormChanges::Go(bool back)
 {
     if (IsMoving())
         return;
     const CallScope call(Life);
+    PushWaiting();
     const auto rest = qScopeGuard([this] { PushWaiting(); });
     const QScopedValueRollback<bool> busy(Busy, true);
     const ExceptionStop::Zone zone; // as above
@@ -100,7 +91,7 @@ void FormChanges::Go(bool back)
 void FormChanges::RevertAll()
 {
     const CallScope call(Life);
-    auto entry = std::make_unique<ChangeEntry>(tr("Revert all"));
+    auto entry = std::make_unique<ChangeEntry>(tr("Revert all"), Moves);
     for (OrbelDelegate *control : GetChanged()) {
         if (const QVariantList *applied = control->GetApplied())
             entry->Add(control, control->GetEdits(), *applied);
@@ -142,6 +133,8 @@ void FormChanges::Tell()
 {
     Due = false;
     const CallScope call(Life);
+    // A stack that a host moved to where it was does not tell that it is done.
+    PushWaiting();
     Settle();
     SpellEntries();
     Q_EMIT changed();
@@ -178,7 +171,9 @@ void FormChanges::SpellEntries()
     for (int i = Stack->count() - 1; i >= 0; --i) {
         // The stack gives its entries as constants, but made none of them.
         auto *entry = const_cast<ChangeEntry *>(dynamic_cast<const ChangeEntry *>(Stack->command(i)));
-        if (!entry || !entry->Spell())
+        if (!entry)
+            continue;
+        if (!entry->Spell())
             break;
         spelled = true;
     }

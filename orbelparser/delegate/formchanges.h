@@ -60,7 +60,8 @@ Q_SIGNALS:
     void applyWanted();
 
 private:
-    bool IsMoving() const;
+    /// A host may move the stack itself, by many entries at once.
+    bool IsMoving() const { return Busy || *Moves > 0; }
     void PushWaiting();
     void Go(bool back);
     void Push(ChangeEntry *entry);
@@ -80,6 +81,7 @@ private:
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;
+    const std::shared_ptr<int> Moves = std::make_shared<int>(0);
     std::vector<std::unique_ptr<ChangeEntry>> Waiting;
 };
 

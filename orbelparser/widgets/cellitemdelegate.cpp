@@ -3,11 +3,11 @@
 #include "editend.h"
 #include "fieldnote.h"
 #include "inputlock.h"
-#include "survives.h"
 #include "typedspinbox.h"
 
 #include <QLineEdit>
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -48,9 +48,16 @@ bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
 
 void CellItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
+    const auto end = qScopeGuard([self = QPointer<const CellItemDelegate>(this)] {
+        if (self && --self->Commits == 0)
+            self->DestroyClosed();
+    });
     ++Commits;
-    if (!Survives(this, [&] { Commit(editor, model, index); }) || --Commits > 0)
-        return;
+    Commit(editor, model, index);
+}
+
+void CellItemDelegate::DestroyClosed() const
+{
     for (const QPointer<QWidget> &closed : std::exchange(Closed, {})) {
         if (closed)
             closed->deleteLater();

@@ -31,6 +31,7 @@ protected:
     static QLineEdit *FieldOf(QWidget *editor);
 
 private:
+    void DestroyClosed() const;
     void DropEdit(QWidget *editor);
 
     mutable int Commits = 0;
