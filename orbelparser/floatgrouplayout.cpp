@@ -35,13 +35,13 @@ FloatGroupLayout::FloatGroupLayout(QWidget *parent) : QLayout(parent)
 
 FloatGroupLayout::FloatGroupLayout(QScrollArea *area) : FloatGroupLayout(area->widget())
 {
-    scrollArea = area;
+    ScrollArea = area;
     area->installEventFilter(this);
 }
 
 FloatGroupLayout::~FloatGroupLayout()
 {
-    qDeleteAll(items);
+    qDeleteAll(Items);
 }
 
 void FloatGroupLayout::addGroup()
@@ -84,10 +84,10 @@ QGroupBox *FloatGroupLayout::addHeadline(const QString &title, int margin, const
 
 void FloatGroupLayout::watchLook()
 {
-    if (lookWatch || !parentWidget())
+    if (Look || !parentWidget())
         return;
-    lookWatch = new LookWatch(parentWidget(), this, [this] {
-        for (QLayoutItem *item : qAsConst(items)) {
+    Look = new LookWatch(parentWidget(), this, [this] {
+        for (QLayoutItem *item : qAsConst(Items)) {
             if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
                 line->FollowParent();
         }
@@ -119,17 +119,17 @@ void FloatGroupLayout::addRow(const QString &text, QWidget *widget)
 
 void FloatGroupLayout::setVerticalSpacing(int spacing)
 {
-    verticalSpacing = spacing;
+    VerticalSpacing = spacing;
 }
 
 void FloatGroupLayout::setHorizontalSpacing(int spacing)
 {
-    horizontalSpacing = spacing;
+    HorizontalSpacing = spacing;
 }
 
 void FloatGroupLayout::removeAllWidgets()
 {
-    while (!items.isEmpty()) {
+    while (!Items.isEmpty()) {
         // All items go before the first widget does: a layout looks for each dying child among the items it has.
         QVector<QPointer<QWidget>> widgets;
         QList<QLayoutItem *> taken;
@@ -142,62 +142,62 @@ void FloatGroupLayout::removeAllWidgets()
             delete taken.at(i);
         }
     }
-    flags.clear();
+    Flags.clear();
     // Meant: with no items left, the size of the last arrangement remains the answer.
-    hints.clear();
+    Hints.clear();
 }
 
 void FloatGroupLayout::addItem(QLayoutItem *item)
 {
     clearHints();
-    items.append(item);
-    flags.append(0);
+    Items.append(item);
+    Flags.append(0);
 }
 
 int FloatGroupLayout::count() const
 {
-    return items.size();
+    return Items.size();
 }
 
 QLayoutItem *FloatGroupLayout::itemAt(int index) const
 {
-    return items.value(index);
+    return Items.value(index);
 }
 
 QLayoutItem *FloatGroupLayout::takeAt(int index)
 {
-    if (index < 0 || index >= items.size())
+    if (index < 0 || index >= Items.size())
         return nullptr;
     // Meant: flags keep their places, so the items behind take over those of their neighbours.
-    return items.takeAt(index);
+    return Items.takeAt(index);
 }
 
 void FloatGroupLayout::invalidate()
 {
     clearHints();
-    if (pauses == 0) {
+    if (Pauses == 0) {
         QLayout::invalidate();
         return;
     }
     // To the base class nothing has happened, and so it has nothing to activate when a child asks for it.
-    if (!std::exchange(owed, true))
+    if (!std::exchange(Owed, true))
         QMetaObject::invokeMethod(this, &FloatGroupLayout::settle, Qt::QueuedConnection);
 }
 
 void FloatGroupLayout::pause()
 {
-    ++pauses;
+    ++Pauses;
 }
 
 void FloatGroupLayout::resume()
 {
-    if (--pauses == 0)
+    if (--Pauses == 0)
         settle();
 }
 
 void FloatGroupLayout::settle()
 {
-    if (!std::exchange(owed, false))
+    if (!std::exchange(Owed, false))
         return;
     QLayout::invalidate();
     if (parentWidget() && parentWidget()->isVisible())
@@ -228,26 +228,26 @@ QSize FloatGroupLayout::sizeHint() const
 QSize FloatGroupLayout::minimumSize() const
 {
     // Meant: only the first item counts, so a form can be squeezed to its size.
-    return items.isEmpty() ? QSize(horizontalSpacing, verticalSpacing) : items.first()->sizeHint();
+    return Items.isEmpty() ? QSize(HorizontalSpacing, VerticalSpacing) : Items.first()->sizeHint();
 }
 
 void FloatGroupLayout::setGeometry(const QRect &rect)
 {
     const QSize size = sizeHint(rect.width(), 0);
-    const unsigned arranged = changeCount;
-    const unsigned placed = placeCount;
-    if (const auto *area = qobject_cast<QScrollArea *>(scrollArea); area && area->widget())
+    const unsigned arranged = ChangeCount;
+    const unsigned placed = PlaceCount;
+    if (const auto *area = qobject_cast<QScrollArea *>(ScrollArea); area && area->widget())
         area->widget()->setMinimumSize(size);
     QLayout::setGeometry(rect);
     // A widget that had to grow has come here already, with this same arrangement.
-    if (placeCount != placed && changeCount == arranged)
+    if (PlaceCount != placed && ChangeCount == arranged)
         return;
-    ++placeCount;
+    ++PlaceCount;
     // Placing an item can arrange anew, and can take away items, this one among them.
-    for (int i = 0; changeCount == arranged && i < items.size() && i < hints.size(); ++i) {
-        QLayoutItem *item = items.at(i);
+    for (int i = 0; ChangeCount == arranged && i < Items.size() && i < Hints.size(); ++i) {
+        QLayoutItem *item = Items.at(i);
         item->setGeometry(placeOf(i));
-        if (items.value(i) == item && (flags.at(i) & FloatGroupItem::ItemList))
+        if (Items.value(i) == item && (Flags.at(i) & FloatGroupItem::ItemList))
             setListGeometry(item);
     }
 }
@@ -255,10 +255,10 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
 bool FloatGroupLayout::eventFilter(QObject *watched, QEvent *event)
 {
     // Once all widgets have heard of it and asked for their new sizes.
-    if (event->type() == QEvent::LanguageChange && watched == scrollArea)
+    if (event->type() == QEvent::LanguageChange && watched == ScrollArea)
         QMetaObject::invokeMethod(this, &FloatGroupLayout::dropListWidths, Qt::QueuedConnection);
     // The area sends other events even while it is destroyed, and must not be touched then.
-    if (event->type() != QEvent::Resize || watched != scrollArea)
+    if (event->type() != QEvent::Resize || watched != ScrollArea)
         return QLayout::eventFilter(watched, event);
     invalidate();
     update();
@@ -269,53 +269,53 @@ bool FloatGroupLayout::eventFilter(QObject *watched, QEvent *event)
 QSize FloatGroupLayout::sizeHint(int width, int columnCount) const
 {
     // Meant: a valid arrangement answers requests for any width and column count.
-    if (hints.size() == items.size())
-        return totalSize;
-    if (scrollArea && scrollArea->width() > 0)
-        width = qMin(width, scrollArea->width());
+    if (Hints.size() == Items.size())
+        return TotalSize;
+    if (ScrollArea && ScrollArea->width() > 0)
+        width = qMin(width, ScrollArea->width());
     QVector<FloatGroupItem> measured;
     if (!scanItems(measured))
-        return totalSize;
-    FloatGroupArranger arranger(std::move(measured), horizontalSpacing, verticalSpacing);
+        return TotalSize;
+    FloatGroupArranger arranger(std::move(measured), HorizontalSpacing, VerticalSpacing);
     arranger.arrange(width, columnCount);
-    hints = arranger.hints();
-    totalSize = arranger.totalSize();
-    return totalSize;
+    Hints = arranger.hints();
+    TotalSize = arranger.totalSize();
+    return TotalSize;
 }
 
 /// Measures all items. False when there is none, or when measuring took items away or added some.
 bool FloatGroupLayout::scanItems(QVector<FloatGroupItem> &measured) const
 {
     clearHints();
-    totalSize = QSize(0, 0);
-    measured.resize(items.size());
+    TotalSize = QSize(0, 0);
+    measured.resize(Items.size());
     FloatGroupItem *next = measured.data();
     // A widget that is asked for the first time takes on its style and may invalidate this layout: nothing may rely on
-    // `hints` here, nor on the items.
-    const QList<QLayoutItem *> asked = items;
-    for (int i = 0; i < asked.size() && items == asked; ++i) {
-        const int itemFlags = flags.at(i);
+    // `Hints` here, nor on the items.
+    const QList<QLayoutItem *> asked = Items;
+    for (int i = 0; i < asked.size() && Items == asked; ++i) {
+        const int itemFlags = Flags.at(i);
         const int topMargin = itemFlags & FloatGroupItem::ItemSection ? TopMargin(asked.at(i)) : 0;
         const QSize hint = asked.at(i)->sizeHint();
         *next++ = {itemFlags, hint.width(), hint.height(), topMargin};
     }
-    return !measured.isEmpty() && items == asked;
+    return !measured.isEmpty() && Items == asked;
 }
 
 /// Where the item goes: a label that stands beside its control may need more height than it was arranged with.
 QRect FloatGroupLayout::placeOf(int index) const
 {
-    QRect place = hints.at(index);
-    if (!(flags.at(index) & FloatGroupItem::ItemLabel) || place.height() <= 0)
+    QRect place = Hints.at(index);
+    if (!(Flags.at(index) & FloatGroupItem::ItemLabel) || place.height() <= 0)
         return place;
-    auto *label = qobject_cast<RowLabel *>(items.at(index)->widget());
+    auto *label = qobject_cast<RowLabel *>(Items.at(index)->widget());
     if (!label)
         return place;
     const int next = index + 1;
-    const bool inRow = next < items.size() && !(flags.at(next) & FloatGroupItem::ItemGroup)
-        && hints.at(next).height() > 0 && hints.at(next).top() == place.top();
-    QWidget *control = inRow ? items.at(next)->widget() : nullptr;
-    place.setHeight(label->StandBeside(control, inRow ? hints.at(next).size() : QSize(), place.height()));
+    const bool inRow = next < Items.size() && !(Flags.at(next) & FloatGroupItem::ItemGroup)
+        && Hints.at(next).height() > 0 && Hints.at(next).top() == place.top();
+    QWidget *control = inRow ? Items.at(next)->widget() : nullptr;
+    place.setHeight(label->StandBeside(control, inRow ? Hints.at(next).size() : QSize(), place.height()));
     return place;
 }
 
@@ -334,22 +334,22 @@ void FloatGroupLayout::setListGeometry(QLayoutItem *item)
 
 void FloatGroupLayout::setFlag(int index, int flag)
 {
-    if (flags.size() <= index)
-        flags.resize(index + 1);
-    flags[index] |= flag;
+    if (Flags.size() <= index)
+        Flags.resize(index + 1);
+    Flags[index] |= flag;
 }
 
 void FloatGroupLayout::clearHints() const
 {
-    ++changeCount;
-    hints.clear();
+    ++ChangeCount;
+    Hints.clear();
 }
 
 /// Shorter labels leave a list less width, while its rows go on asking for what they were stretched to.
 void FloatGroupLayout::dropListWidths()
 {
-    for (int i = 0; i < items.size(); ++i) {
-        QWidget *list = flags.at(i) & FloatGroupItem::ItemList ? items.at(i)->widget() : nullptr;
+    for (int i = 0; i < Items.size(); ++i) {
+        QWidget *list = Flags.at(i) & FloatGroupItem::ItemList ? Items.at(i)->widget() : nullptr;
         if (!list || !list->layout())
             continue;
         for (int row = 0; row < list->layout()->count(); ++row) {

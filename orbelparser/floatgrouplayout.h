@@ -116,26 +116,26 @@ private:
     void clearHints() const;
     void settle();
 
-    int verticalSpacing = 4;
-    int horizontalSpacing = 4;
+    int VerticalSpacing = 4;
+    int HorizontalSpacing = 4;
     /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being destroyed
     /// only a widget is left of it.
-    QPointer<QWidget> scrollArea;
+    QPointer<QWidget> ScrollArea;
     /// Tells the section lines of the parent's font and colours; made with the first of them.
-    QObject *lookWatch = nullptr;
+    QObject *Look = nullptr;
     /// Owned.
-    QList<QLayoutItem *> items;
-    /// FloatGroupItem::Flag of the item at the same index. Longer than `items` when marks wait for the next item.
-    QVector<int> flags;
-    /// The arrangement, in the coordinates of the layout: written by sizeHint(), valid while as long as `items`.
-    mutable QVector<QRect> hints;
+    QList<QLayoutItem *> Items;
+    /// FloatGroupItem::Flag of the item at the same index. Longer than `Items` when marks wait for the next item.
+    QVector<int> Flags;
+    /// The arrangement, in the coordinates of the layout: written by sizeHint(), valid while as long as `Items`.
+    mutable QVector<QRect> Hints;
     /// The size of the last arrangement, valid or not.
-    mutable QSize totalSize = QSize(0, 0);
-    /// Raised whenever `hints` are dropped, so that setGeometry() notices that somebody arranges anew meanwhile.
-    mutable unsigned changeCount = 0;
+    mutable QSize TotalSize = QSize(0, 0);
+    /// Raised whenever `Hints` are dropped, so that setGeometry() notices that somebody arranges anew meanwhile.
+    mutable unsigned ChangeCount = 0;
     /// Raised whenever setGeometry() places the items.
-    unsigned placeCount = 0;
+    unsigned PlaceCount = 0;
     /// How many pauses run, and whether there is something to arrange for one.
-    int pauses = 0;
-    bool owed = false;
+    int Pauses = 0;
+    bool Owed = false;
 };

@@ -45,13 +45,13 @@ const OrbelEnumValue &OrbelEnum::FindValue(const QString &value, bool *found) co
     const int index = firstIndexOfValue(value);
     if (found)
         *found = index >= 0;
-    // Meant: a miss gives the first row.
+    // Meant: a miss gives the first row, so an unknown value shows as the first choice.
     return GetValueAt(qMax(0, index));
 }
 
 const OrbelEnumValue &OrbelEnum::FindName(const QString &displayName) const
 {
-    // Meant: a miss gives the first row.
+    // Meant: a miss gives the first row, so an unknown value shows as the first choice.
     return GetValueAt(qMax(0, firstIndexOfName(displayName)));
 }
 

@@ -41,8 +41,9 @@ public:
         Base = nullptr;
     }
 
-    /// Whether a notification calls for showing the bound node anew. Releases the node when it tells its end.
-    bool HasNews(const Observable *subject, TChangeCode code)
+    /// True for a notification after which the bound node has to be shown anew: every one but a change of state. Releases
+    /// the node if the notification announces its destruction.
+    bool TakeNotification(const Observable *subject, TChangeCode code)
     {
         if (!Side || subject != Side)
             return false;

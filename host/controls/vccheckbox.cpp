@@ -15,7 +15,7 @@ bool VCCheckBox::SetBoolean(ValueBoolean *node)
 
 void VCCheckBox::Update(Observable *subject, TChangeCode code)
 {
-    if (Node.HasNews(subject, code))
+    if (Node.TakeNotification(subject, code))
         ShowNode();
 }
 

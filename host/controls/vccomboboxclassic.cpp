@@ -42,7 +42,7 @@ bool VCComboBoxClassic::SetValueSelection(ValueSelection *node)
 
 void VCComboBoxClassic::Update(Observable *subject, TChangeCode code)
 {
-    if (Node.HasNews(subject, code))
+    if (Node.TakeNotification(subject, code))
         ShowNode();
 }
 

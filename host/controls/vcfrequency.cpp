@@ -180,7 +180,7 @@ void VCFrequency::ApplyInput()
 
 void VCFrequency::Update(Observable *subject, TChangeCode code)
 {
-    const bool news = Bandwidth.HasNews(subject, code);
+    const bool news = Bandwidth.TakeNotification(subject, code);
     if (!news)
         BindBandwidth();
     ShowBandwidth();

@@ -114,7 +114,7 @@ void VCLineEdit::setMaxLength(int length)
 
 void VCLineEdit::Update(Observable *subject, TChangeCode code)
 {
-    if (!Node.HasNews(subject, code))
+    if (!Node.TakeNotification(subject, code))
         return;
     NodeSpoke = true;
     NodeWaits = IsPending();

@@ -112,7 +112,7 @@ void VCNumericFloatSpin::setEnabled(bool enable)
 
 void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
 {
-    if (!Node.HasNews(subject, code))
+    if (!Node.TakeNotification(subject, code))
         return;
     ReadNode();
     ShowNodeAfterEdit();

@@ -50,8 +50,8 @@ public:
 
     /// Whether a notification came from this node.
     bool IsSubject(const Observable *subject) const { return Side && subject == Side; }
-    /// Whether a notification tells a new value of this node. Forgets the node when it tells its end.
-    bool HasNews(Observable *subject, TChangeCode code)
+    /// True for a value change of this node. Drops the node if the notification announces its destruction.
+    bool TakeNotification(Observable *subject, TChangeCode code)
     {
         if (!IsSubject(subject))
             return false;

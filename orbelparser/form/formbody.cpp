@@ -63,7 +63,7 @@ void FormBody::Close()
 
 void FormBody::SetName(const QString &name)
 {
-    // Meant: an earlier name stays registered.
+    // Meant: a script that knows the form by an earlier name goes on finding it.
     Name = name;
     if (!Name.isEmpty())
         TranslationCenter::Instance().Register(Name);

@@ -102,7 +102,7 @@ void InitDelegate(OrbelDelegate *delegate, ValueBase *value)
     case ekTypeSelection: {
         const auto *source = dynamic_cast<ValueSelection *>(value);
         auto *node = dynamic_cast<ValueSelection *>(delegate->GetVTValue());
-        // Meant: an empty source leaves the items in place.
+        // Meant: an empty source leaves the items in place, so the operator keeps the choices that there were.
         if (source && node && node != source && source->GetItemCount() > 0)
             GiveItems(delegate, node, source);
         break;
@@ -202,7 +202,7 @@ ValueBase *FormBody::GetVTValue(ValueBase *local, IObserver *observer, bool init
 
 void FormBody::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init)
 {
-    // Meant: from the last to the first.
+    // Meant: from the last to the first, so of two values at one path the first one stands at the end.
     for (int i = locals.size() - 1; i >= 0; --i)
         GetVTValue(locals.at(i), observer, init, nullptr);
 }

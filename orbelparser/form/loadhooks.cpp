@@ -33,7 +33,7 @@ struct LoadHooks {
     }
     ~LoadHooks()
     {
-        // Meant: in the order of registration, not in the reverse one.
+        // Meant: the first context registered is translated first, so a later one of the same name never shows.
         for (const char *context : Contexts)
             TranslationCenter::Instance().Unregister(QLatin1String(context));
     }

@@ -27,7 +27,7 @@ CommentedRange ReadRange(QXmlStreamReader &reader, const ExclusionListFormat &fo
 {
     CommentedRange range;
     ForEachStart(reader, [&](const QStringRef &name) {
-        // Meant: a unit is not looked at; the numbers are in Hz.
+        // Meant: the numbers are in Hz, whatever the attribute `unit` says.
         if (name == format.start)
             range.SetRangeStart(FiniteNumber(reader.readElementText()));
         else if (name == format.stop)

@@ -72,7 +72,7 @@ QString OrbelCheckBox::SpellEdit(int, const QVariant &value) const
 
 void OrbelCheckBox::NodeChanged(Observable *subject, TChangeCode code)
 {
-    if (!ValueNode.HasNews(subject, code))
+    if (!ValueNode.TakeNotification(subject, code))
         return;
     const bool checked = ValueNode->GetValue();
     if (!ChangeProperty(prop::Checked, checked))

@@ -144,7 +144,7 @@ QString OrbelComboBox::SpellEdit(int, const QVariant &value) const
 
 void OrbelComboBox::NodeChanged(Observable *subject, TChangeCode code)
 {
-    if (!ValueNode.HasNews(subject, code))
+    if (!ValueNode.TakeNotification(subject, code))
         return;
     // Meant: of rows with equal display names the first one counts, and then becomes the choice of the node too.
     const QString value = Enum->FindName(ValueNode->GetStringValue()).GetValue();

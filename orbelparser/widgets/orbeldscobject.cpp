@@ -66,7 +66,7 @@ void OrbelDSCObject::CreateGUI(FloatGroupLayout *)
 
 void OrbelDSCObject::NodeChanged(Observable *source, TChangeCode code)
 {
-    if (ExclusionMap.HasNews(source, code))
+    if (ExclusionMap.TakeNotification(source, code))
         setModified(true);
 }
 

@@ -44,7 +44,7 @@ void OrbelFFTObject::Recompute()
 {
     FrequencyResolution = FFTLength ? double(SignalSampleRate) / double(FFTLength) : 0.0;
     TimeResolution = FrequencyResolution != 0.0 ? 1.0 / FrequencyResolution * MicrosecondsPerSecond : 0.0;
-    // Meant: told even when both stay as they were.
+    // Meant: emitted even when both stay as they were, so a script hears of each choice.
     Q_EMIT si_spectralResolutionChanged(FrequencyResolution, TimeResolution);
 }
 
@@ -59,7 +59,7 @@ QString OrbelFFTObject::timeResolutionString()
 {
     if (!(TimeResolution > 0.0))
         return QStringLiteral("-");
-    // Meant: long times do not go on to seconds.
+    // Meant: long times stay in milliseconds; there is no row for seconds.
     if (TimeResolution > MicrosecondsPerMillisecond)
         return formatString(TimeResolution / MicrosecondsPerMillisecond, 6, Latin1(" ms"));
     return formatString(TimeResolution, 0, Latin1(" \xB5s"));

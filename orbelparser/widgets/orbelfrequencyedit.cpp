@@ -290,7 +290,7 @@ void OrbelFrequencyEdit::ShowLock(bool locked)
 
 void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
 {
-    // Meant: the words of a range, though this is one frequency.
+    // Meant: the operator reads "range" here, though this is one frequency.
     lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
 }
 
@@ -301,7 +301,7 @@ QString OrbelFrequencyEdit::SpellEdit(int, const QVariant &value) const
 
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
 {
-    if (!valueNode.HasNews(source, code))
+    if (!valueNode.TakeNotification(source, code))
         return;
     const qint64 hertz = HeldHertz();
     if (!ChangeProperty(prop::Value, hertz))
@@ -325,7 +325,7 @@ void OrbelFrequencyEdit::SlotReturnPressed()
 
 void OrbelFrequencyEdit::SlotLockButtonChecked(bool checked)
 {
-    // Meant: icon and tooltip wait for somebody to set the property.
+    // Meant: until somebody sets the property, the button shows neither the new icon nor the new tooltip.
     if (!lockButton || lockUpdating)
         return;
     const Call call(this);

@@ -225,8 +225,8 @@ QString OrbelFrequencyRangeEdit::SpellEditPart(int index) const
 
 void OrbelFrequencyRangeEdit::NodeChanged(Observable *source, TChangeCode code)
 {
-    const bool startMoved = startNode.HasNews(source, code);
-    const bool stopMoved = !startMoved && stopNode.HasNews(source, code);
+    const bool startMoved = startNode.TakeNotification(source, code);
+    const bool stopMoved = !startMoved && stopNode.TakeNotification(source, code);
     if ((startMoved || stopMoved) && startNode && stopNode)
         Repair(startMoved);
 }

@@ -54,7 +54,7 @@ QVariant OrbelHidden::HeldNumber(const QString &name) const
 
 void OrbelHidden::NodeChanged(Observable *subject, TChangeCode code)
 {
-    if (!ValueNode.HasNews(subject, code))
+    if (!ValueNode.TakeNotification(subject, code))
         return;
     const QString text = ValueNode->GetValue();
     // Meant: node and property agree from here on, so that a change of the node marks nothing modified.

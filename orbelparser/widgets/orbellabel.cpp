@@ -61,7 +61,7 @@ void OrbelLabel::PropertyChanged(const QString &name, const QVariant &value)
 
 void OrbelLabel::NodeChanged(Observable *subject, TChangeCode code)
 {
-    if (ValueNode.HasNews(subject, code) && ChangeProperty(prop::Text, ValueNode->GetValue()))
+    if (ValueNode.TakeNotification(subject, code) && ChangeProperty(prop::Text, ValueNode->GetValue()))
         setModified(true);
 }
 

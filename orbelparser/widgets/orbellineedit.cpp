@@ -79,7 +79,7 @@ QVariant OrbelLineEdit::HeldNumber(const QString &name) const
 
 void OrbelLineEdit::NodeChanged(Observable *subject, TChangeCode code)
 {
-    if (!ValueNode.HasNews(subject, code))
+    if (!ValueNode.TakeNotification(subject, code))
         return;
     const QString text = ValueNode->GetValue();
     if (!ChangeProperty(prop::Text, text))

@@ -61,7 +61,7 @@ void OrbelScriptControl::CreateGUI(FloatGroupLayout *layout)
     constexpr int LeastLoadWidth = 80;
     load->setMinimumWidth(LeastLoadWidth);
     QPushButton *edit = NewButton(name + QLatin1String("_EditButton"), QStringLiteral("Edit"), QStringLiteral("Edit "));
-    // Meant: this one name has no underscore.
+    // Meant: without the underscore of its siblings; style sheets of hosts find it by this name.
     QPushButton *clear = NewButton(name + QLatin1String("ClearButton"), QStringLiteral("Clear"), QStringLiteral("Clear "));
     Buttons[Load] = {load};
     Buttons[Edit] = {edit};
@@ -87,7 +87,7 @@ QPushButton *OrbelScriptControl::NewButton(const QString &name, const QString &i
     auto *button = new QPushButton(Container);
     button->setObjectName(name);
     button->setIcon(SharedIcon(icon));
-    // Meant: the verb is not translated, its tail is.
+    // Meant: the verb stays English in every language; only the label behind it is translated.
     SetOwnToolTip(button, {GetString(prop::LabelText, QString()), verb});
     return button;
 }

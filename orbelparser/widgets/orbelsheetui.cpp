@@ -83,7 +83,7 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     ApplyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     ApplyButton->setEnabled(Modified);
     row->addWidget(ApplyButton);
-    // Meant: the button acts when it goes down.
+    // Meant: changes are announced when the button goes down, so no release outside of it takes them back.
     connect(ApplyButton, &QPushButton::pressed, this, &OrbelSheetUi::applyNow);
 
     AutoApplyBox = new QCheckBox(box);
@@ -241,7 +241,7 @@ void OrbelSheetUi::emitParametersXml()
 
 void OrbelSheetUi::emitParametersXml(bool)
 {
-    // Meant: false acts as true.
+    // Meant: false announces, too; a caller cannot ask for less.
     applyNow();
 }
 

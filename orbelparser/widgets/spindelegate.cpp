@@ -79,7 +79,7 @@ template <class Node> void SpinDelegate<Node>::WriteToControl(const QString &nam
 
 template <class Node> void SpinDelegate<Node>::NodeChanged(Observable *subject, TChangeCode code)
 {
-    if (!this->ValueNode.HasNews(subject, code))
+    if (!this->ValueNode.TakeNotification(subject, code))
         return;
     const Number number = this->ValueNode->GetValue();
     if (!this->ChangeProperty(prop::Value, number))

@@ -119,7 +119,7 @@ template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subje
         [subject](const OwnedNode<Node> &item) { return item.IsSubject(subject); });
     if (node == ValueNodes.end())
         return;
-    if (node->HasNews(subject, code)) {
+    if (node->TakeNotification(subject, code)) {
         EmitNumber(int(node - ValueNodes.begin()), (*node)->GetValue());
         setModified(true);
     } else if (!*node) {

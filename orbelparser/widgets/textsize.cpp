@@ -27,7 +27,7 @@ void SetSizeOf(QWidget *widget, int size)
     // A new sheet of a widget that is not polished yet is never read, once a child has come across the old one.
     const QPointer<QWidget> polished = widget;
     widget->ensurePolished();
-    // Meant: the whole style sheet is replaced.
+    // Meant: the whole style sheet is replaced; what a host has set there is lost.
     if (polished)
         widget->setStyleSheet(QStringLiteral("font-size: %1pt;").arg(size));
 }

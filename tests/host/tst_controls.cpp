@@ -13,7 +13,7 @@ struct Watcher : IObserver {
     explicit Watcher(ValueBase *node, const std::function<void()> &action = {}) : Act(action) { Link.Bind(node); }
     void Update(Observable *subject, TChangeCode code) override
     {
-        const bool news = Link.HasNews(subject, code) && code == ekChangeValue;
+        const bool news = Link.TakeNotification(subject, code) && code == ekChangeValue;
         Count += news;
         if (news && Act)
             Act();
