@@ -101,8 +101,9 @@ public:
 private:
     friend class KV218::LayoutPause;
 
-    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once, and
-    /// when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything otherwise.
+    /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once,
+    /// and when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything
+    /// otherwise.
     void pause();
     void resume();
 
@@ -118,8 +119,8 @@ private:
 
     int VerticalSpacing = 4;
     int HorizontalSpacing = 4;
-    /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being destroyed
-    /// only a widget is left of it.
+    /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being
+    /// destroyed only a widget is left of it.
     QPointer<QWidget> ScrollArea;
     /// Tells the section lines of the parent's font and colours; made with the first of them.
     QObject *Look = nullptr;

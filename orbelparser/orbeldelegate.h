@@ -47,9 +47,9 @@ class OrbelWidget;
 /// forwarded to the Qt control (DefineProperty()); and custom properties, which never reach the control and never run
 /// PropertyChanged().
 ///
-/// Any handler that is called from in here may end the form. The delegate then lives on until the calls that run inside of
-/// it have returned: its events, its notifications and its sets of properties keep it, and whatever else goes on after it
-/// has called somebody begins with a Call. What it still asks of its form is harmless.
+/// Any handler that is called from in here may end the form. The delegate then lives on until the calls that run inside
+/// of it have returned: its events, its notifications and its sets of properties keep it, and whatever else goes on
+/// after it has called somebody begins with a Call. What it still asks of its form is harmless.
 ///
 /// A plain OrbelDelegate is a valid control that shows at most a label. All of it belongs to the GUI thread.
 class ORBEL_EXPORT OrbelDelegate : public QObject, public IObserver
@@ -65,8 +65,8 @@ public:
     virtual void CreateValueTree();
     /// Brings the node in line with a changed definition.
     virtual void ResyncValueTree();
-    /// Has the value property state what the node holds, where that is another value than it was given: no signal, no mark.
-    /// The base has no value property.
+    /// Has the value property state what the node holds, where that is another value than it was given: no signal, no
+    /// mark. The base has no value property.
     virtual void TakeNode() { }
     /// Commits what the operator is still typing, in every face of the control. The base does what the slot
     /// forceFinishEditing() does.
@@ -150,10 +150,11 @@ public:
     /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
     void LanguageChanged();
 
-    /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay; another
-    /// path moves them.
+    /// The first time makes the nodes under `path`, by CreateValueTree(). After that nodes and their bindings stay;
+    /// another path moves them.
     void EnterValueTree(const QString &path);
-    /// Sets the full path of the node: `path`, "/", the parameter path. No "/" is added behind one, nor to an empty path.
+    /// Sets the full path of the node: `path`, "/", the parameter path. No "/" is added behind one, nor to an empty
+    /// path.
     void SetVTPath(const QString &path);
     const QString &GetVTPath() const { return VTPath; }
     /// The node path before the last "/"; empty when that is missing or leads the path.
@@ -272,8 +273,8 @@ protected:
     /// PropagateProperty().
     virtual void PropertyChanged(const QString &name, const QVariant &value);
 
-    /// Emits `own`, a signal of this delegate, whenever `control` emits `its`; arguments that `own` does not take are left
-    /// out.
+    /// Emits `own`, a signal of this delegate, whenever `control` emits `its`; arguments that `own` does not take are
+    /// left out.
     template <class Control, class Base, class... Its, class Self, class... Own>
     void Relay(const Control *control, void (Base::*its)(Its...), void (Self::*own)(Own...))
     {
@@ -292,8 +293,8 @@ protected:
     bool IsDefined(const QString &name) const { return DefinedProperties.contains(name); }
     /// In the order in which they were defined.
     const QStringList &GetDefinedProperties() const { return DefinedProperties; }
-    /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none. A `visible` or
-    /// `enabled` that is not set gives back to `target` what it was before a collapse or a lock.
+    /// Forwards one property to `target`, if it is defined, set, and different there. A null target is none. A
+    /// `visible` or `enabled` that is not set gives back to `target` what it was before a collapse or a lock.
     void PropagateProperty(const QString &name, QObject *target);
     /// Forwards all defined properties that are set to a control just made, and hides it when its group
     /// is collapsed.
@@ -307,16 +308,16 @@ protected:
     void SetPropertyQuietly(const PropertyKey &name, const QVariant &value);
     /// The property as int: a number beyond int gives the nearest bound, all else counts as for GetInt().
     int GetNearestInt(const PropertyKey &name, int defaultValue) const;
-    /// Has the property state `held`, the number that the node holds, where it states another one: no signal, no mark. A
-    /// text that is no number stays.
+    /// Has the property state `held`, the number that the node holds, where it states another one: no signal, no mark.
+    /// A text that is no number stays.
     void TakeNumber(const PropertyKey &name, const QVariant &held);
     /// The number that the property states: 0 where it is absent, no number (NaN) where a text is none.
     double GetStatedNumber(const PropertyKey &name) const;
-    /// Whether the property of that name is read as a number. An infinite one, or one that is none, then counts for nothing,
-    /// as a text too: the property takes HeldNumber() again. The base knows those of limits and counts.
+    /// Whether the property of that name is read as a number. An infinite one, or one that is none, then counts for
+    /// nothing, as a text too: the property takes HeldNumber() again. The base knows those of limits and counts.
     virtual bool IsNumber(const QString &name) const;
-    /// What the nodes hold of the property of that name, in its units, a text where that is one; invalid for nothing, as in
-    /// the base.
+    /// What the nodes hold of the property of that name, in its units, a text where that is one; invalid for nothing,
+    /// as in the base.
     virtual QVariant HeldNumber(const QString &name) const;
     /// The text in the operator's language, in the translation context of the object name.
     QString Translate(const QString &text) const;
@@ -369,8 +370,8 @@ protected:
     static bool SetListValue(QList<QVariant> &list, const QVariant &value, int row, int column, int columns);
     static bool ResizeList(QList<QVariant> &list, int rows, int columns, int oldColumns);
 
-    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended, and
-    /// with `node` null when whoever waited for the path has removed the node.
+    /// Enters a node at its path. False, with a trace, when the tree refuses it; false, too, when the form has ended,
+    /// and with `node` null when whoever waited for the path has removed the node.
     bool EnterNode(ValueBase *&node);
     /// Whether the form has ended.
     bool IsClosed() const { return Closed; }

@@ -22,7 +22,7 @@ QStringList PathParts(const QString &path)
 
 } // namespace
 
-OrbelElement::OrbelElement(const QString &tag) : Tags(tag) {}
+OrbelElement::OrbelElement(const QString &tag) : Tags(tag) { }
 
 OrbelElement::OrbelElement(QExplicitlySharedDataPointer<OrbelWidget> widget) : LeafWidget(widget)
 {

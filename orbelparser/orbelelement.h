@@ -23,8 +23,8 @@ public:
     virtual ~OrbelElement();
     Q_DISABLE_COPY(OrbelElement)
 
-    /// Hangs a leaf for `widget` at its path below this node, making the inner nodes that are missing. A path of more than
-    /// limit::ParameterPathParts parts is left out.
+    /// Hangs a leaf for `widget` at its path below this node, making the inner nodes that are missing. A path of more
+    /// than limit::ParameterPathParts parts is left out.
     void AddWidget(QExplicitlySharedDataPointer<OrbelWidget> widget);
     /// Lets the leaf of a widget answer to a further element name; a widget without a leaf is none.
     void AddTag(const OrbelWidget *widget, const QString &tag);

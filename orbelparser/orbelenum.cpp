@@ -11,17 +11,16 @@ namespace KV218
 namespace
 {
 
-template <class Accessor>
-int FirstIndex(const QList<OrbelEnumValue> &values, Accessor accessor, const QString &text)
+template <class Accessor> int FirstIndex(const QList<OrbelEnumValue> &values, Accessor accessor, const QString &text)
 {
-    const auto found = std::find_if(values.cbegin(), values.cend(),
-        [&](const OrbelEnumValue &value) { return (value.*accessor)() == text; });
+    const auto found = std::find_if(
+        values.cbegin(), values.cend(), [&](const OrbelEnumValue &value) { return (value.*accessor)() == text; });
     return found == values.cend() ? -1 : int(found - values.cbegin());
 }
 
 } // namespace
 
-OrbelEnum::OrbelEnum(const QString &name) : Name(name) {}
+OrbelEnum::OrbelEnum(const QString &name) : Name(name) { }
 
 OrbelEnum::~OrbelEnum() = default;
 

@@ -26,8 +26,8 @@ public:
     /// The lowest index whose value text, or display name, equals the text in the same case; -1 without one.
     int firstIndexOfValue(const QString &value) const;
     int firstIndexOfName(const QString &displayName) const;
-    /// The first row with that value text, or display name. Without one the *first* row, and an empty one only when there
-    /// is no row at all; `found`, unless null, tells the cases apart.
+    /// The first row with that value text, or display name. Without one the *first* row, and an empty one only when
+    /// there is no row at all; `found`, unless null, tells the cases apart.
     const OrbelEnumValue &FindValue(const QString &value, bool *found) const;
     const OrbelEnumValue &FindName(const QString &displayName) const;
 

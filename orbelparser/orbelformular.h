@@ -26,14 +26,15 @@ class FormBody;
 template <class Body> class Running;
 
 /// One form: enumerations, the sheet with its controls, the script and its engine, and the link to the value tree and
-/// to the host's configuration object. Shared through QExplicitlySharedDataPointer, or deleted by whoever holds it alone.
+/// to the host's configuration object. Shared through QExplicitlySharedDataPointer, or deleted by whoever holds it
+/// alone.
 ///
-/// Use it in one order: parse, CreateValueTree(), CreateGUI(), show GetGUI(). The widget is not deleted with the form: it
-/// belongs to its parent, or to whoever shows it. Either may go first.
+/// Use it in one order: parse, CreateValueTree(), CreateGUI(), show GetGUI(). The widget is not deleted with the form:
+/// it belongs to its parent, or to whoever shows it. Either may go first.
 ///
-/// Any handler may end the form: of its signals and its controls' signals, of a node, a script, an event, in an event loop
-/// of its own. At once its nodes leave the tree, its name is withdrawn and its signals fall silent; what a call that still
-/// runs works on lives on until that call has returned.
+/// Any handler may end the form: of its signals and its controls' signals, of a node, a script, an event, in an event
+/// loop of its own. At once its nodes leave the tree, its name is withdrawn and its signals fall silent; what a call
+/// that still runs works on lives on until that call has returned.
 ///
 /// All of it belongs to the GUI thread. Bad input is never reported: a lookup that fails gives null, -1 or an empty
 /// object, and a malformed document leaves what was read of it.
@@ -62,24 +63,24 @@ public:
 
     /// Reads the `ZkParamGui` element on which `reader` stands.
     void ParseORBEL(QXmlStreamReader &reader);
-    /// Patches the form with a changed definition: enumerations, properties of widgets that exist, and the script, which
-    /// does not run. Then brings the nodes in line.
+    /// Patches the form with a changed definition: enumerations, properties of widgets that exist, and the script,
+    /// which does not run. Then brings the nodes in line.
     void SetChangedORBEL(const QString &text);
     void ProcessChangedORBEL(QXmlStreamReader &reader);
 
     /// The enumeration of that name; for an unknown one the form's one empty enumeration, never null.
     QExplicitlySharedDataPointer<OrbelEnum> GetEnum(const QString &name) const;
     bool HasEnum(const QString &name) const;
-    /// Rewrites an enumeration from a selection's items. The value texts come from `identifiers`, and where that is null
-    /// or too short from the items' values with two decimals. Unknown names and a null selection are ignored.
+    /// Rewrites an enumeration from a selection's items. The value texts come from `identifiers`, and where that is
+    /// null or too short from the items' values with two decimals. Unknown names and a null selection are ignored.
     void InitEnumeration(const QString &name, ValueSelection *selection, const QStringList *identifiers);
 
-    /// Makes the controls' nodes under `path`, then runs the form's script. Called again it keeps the nodes and what is bound
-    /// to them, moves them if the path is another one, and runs the script again. A path belongs to one form: where another
-    /// node stands, the control gets none, and a trace tells.
+    /// Makes the controls' nodes under `path`, then runs the form's script. Called again it keeps the nodes and what is
+    /// bound to them, moves them if the path is another one, and runs the script again. A path belongs to one form:
+    /// where another node stands, the control gets none, and a trace tells.
     void CreateValueTree(const QString &path);
-    /// Builds all controls, below them an apply row if wanted, and restores the configuration. Does nothing while the window
-    /// exists; once that was deleted, builds a new one.
+    /// Builds all controls, below them an apply row if wanted, and restores the configuration. Does nothing while the
+    /// window exists; once that was deleted, builds a new one.
     void CreateGUI(bool applyUi);
     /// Builds the controls whose name or element name stands in `names`, or with `exclude` the others; those left out
     /// also leave the parameter document.
@@ -127,8 +128,8 @@ public:
     /// the form is modified. True when the control's text was another one before the call.
     bool SetVTValue(ValueBase *local, IObserver *observer, bool apply);
     bool SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply);
-    /// Gives a control the limits and step, or the items, of the application's value, not the value itself. Exceptions of
-    /// the nodes end here, with a trace.
+    /// Gives a control the limits and step, or the items, of the application's value, not the value itself. Exceptions
+    /// of the nodes end here, with a trace.
     void InitVTValue(const QString &name, ValueBase *value);
     /// Copies limits, step and value, or the items, between nodes of one type.
     static void InitVTValue(ValueBase *destination, ValueBase *source, IObserver *observer);

@@ -16,12 +16,12 @@ namespace KV218
 class ManagerBody;
 template <class Body> class Running;
 
-/// Keeps many forms, of which one at a time is shown: their definitions by name, each built when it is first asked for, and
-/// what must be the same for all: the root of their node paths, whether they have an apply row, the configuration object,
-/// and the operator's choice of automatic apply, which goes along from form to form.
+/// Keeps many forms, of which one at a time is shown: their definitions by name, each built when it is first asked for,
+/// and what must be the same for all: the root of their node paths, whether they have an apply row, the configuration
+/// object, and the operator's choice of automatic apply, which goes along from form to form.
 ///
-/// Operations on the current form are harmless without one: they do nothing, or give an empty string, false or null. All of
-/// it belongs to the GUI thread.
+/// Operations on the current form are harmless without one: they do nothing, or give an empty string, false or null.
+/// All of it belongs to the GUI thread.
 class ORBEL_EXPORT OrbelFormularManager : public QObject
 {
     Q_OBJECT
@@ -45,8 +45,8 @@ public:
     QList<QString> GetNames() const;
     /// The definition of that name; empty without one.
     QString GetOrbel(const QString &name) const;
-    /// The form of that name, built on the first call: parsed, bound to nodes below the root at the letters and digits of
-    /// its name, with its controls, hidden. Null when there is neither a form nor a definition that holds one.
+    /// The form of that name, built on the first call: parsed, bound to nodes below the root at the letters and digits
+    /// of its name, with its controls, hidden. Null when there is neither a form nor a definition that holds one.
     Formular GetFormular(const QString &name);
     Formular GetCurrentFormular() const;
     QString GetCurrentName() const;

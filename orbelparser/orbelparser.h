@@ -21,7 +21,7 @@ class ORBEL_EXPORT OrbelParser
 {
 public:
     OrbelParser() = default;
-    OrbelParser(const OrbelParser &) {}
+    OrbelParser(const OrbelParser &) { }
     OrbelParser &operator=(const OrbelParser &) { return *this; }
     virtual ~OrbelParser();
 

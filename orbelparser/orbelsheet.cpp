@@ -199,7 +199,8 @@ void OrbelSheet::CreateGUI(bool applyUi, const QStringList &list, bool exclude)
         Ui->FinishFrame();
         Switches.TellAtStart(TellControls());
     }
-    // The form ended in here, so that nobody was given the window; a handler that took it shows it, or has made it a child.
+    // The form ended in here, so that nobody was given the window; a handler that took it shows it, or has made it a
+    // child.
     QWidget *const window = Closed ? GetGUI() : nullptr;
     if (window && !window->parent() && !window->isVisible())
         GetLife()->EndControl(window);

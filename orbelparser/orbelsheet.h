@@ -80,7 +80,8 @@ public:
     void CreateValueTree(const QString &path);
     void ResyncValueTree();
 
-    /// Selects the widgets whose parameter path stands in `list`, or all for an empty list; the others get the opposite.
+    /// Selects the widgets whose parameter path stands in `list`, or all for an empty list; the others get the
+    /// opposite.
     void SelectWidgets(const QStringList &list, bool select);
     /// Sets `visible` of the named headline and of the widgets behind it, up to the next headline.
     void ShowGroup(const QString &name, bool show);

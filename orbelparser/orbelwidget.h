@@ -2,9 +2,9 @@
 
 #include "orbelexport.h"
 
+#include <memory>
 #include <QSharedData>
 #include <QString>
-#include <memory>
 
 class FloatGroupLayout;
 class QWidget;

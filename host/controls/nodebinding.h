@@ -41,8 +41,8 @@ public:
         Base = nullptr;
     }
 
-    /// True for a notification after which the bound node has to be shown anew: every one but a change of state. Releases
-    /// the node if the notification announces its destruction.
+    /// True for a notification after which the bound node has to be shown anew: every one but a change of state.
+    /// Releases the node if the notification announces its destruction.
     bool TakeNotification(const Observable *subject, TChangeCode code)
     {
         if (!Side || subject != Side)
@@ -53,8 +53,8 @@ public:
     }
 
     /// Runs `set`, by which the operator sets the node and which leaves `control` out, and has the control show what
-    /// the node holds then; `session` as of OperatorAct. False when somebody who was told has deleted the control, which
-    /// holds this.
+    /// the node holds then; `session` as of OperatorAct. False when somebody who was told has deleted the control,
+    /// which holds this.
     template <class Control, class Set> bool Write(Control *control, const Set &set, int session = 0)
     {
         const OperatorAct act(Base, session);

@@ -196,8 +196,7 @@ void VCFrequency::BindBandwidth()
 void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
-        BandwidthLabel->setText(
-            tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
+        BandwidthLabel->setText(tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 

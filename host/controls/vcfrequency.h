@@ -41,9 +41,9 @@ public:
 
     /// Disables the step buttons until input is freed again.
     void DisableButtons();
-    /// Locks the input, as for a read-only field, or frees it; input is locked, too, without a frequency node. A lock takes
-    /// back a text that is being typed, and tells it. The lock
-    /// ends as well with setEnabled(true) and setReadOnly(false).
+    /// Locks the input, as for a read-only field, or frees it; input is locked, too, without a frequency node. A lock
+    /// takes back a text that is being typed, and tells it. The lock ends as well with setEnabled(true) and
+    /// setReadOnly(false).
     virtual void EnableInput(bool enable);
     bool isReadOnly() const { return ReadOnly; }
     /// A text that is being typed is committed before.

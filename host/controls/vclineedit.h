@@ -12,9 +12,9 @@
 /// until Return or leaving the field commits it; Escape takes it back. A field without the focus thus always shows what
 /// its node holds: a pending text that the input mask does not accept goes when the focus goes, and so does one in a
 /// field that is read-only, disabled or without a node, which commits nothing. A change of the node from elsewhere
-/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. A switch
-/// to another window does not. Disabling the field itself commits a pending text first; a lock of the input (InputLock)
-/// takes it back and tells it. F2 selects the whole text.
+/// leaves a pending text alone and is shown when the edit ends; a new input mask or maximum length ends the edit. A
+/// switch to another window does not. Disabling the field itself commits a pending text first; a lock of the input
+/// (InputLock) takes it back and tells it. F2 selects the whole text.
 ///
 /// A field of the frequency kind lets every text stand while it is typed, and tells by a note what it understands. What
 /// is no frequency, or lies beyond the limits of the node, is red, is not committed, and goes like any pending text.

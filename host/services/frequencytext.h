@@ -21,8 +21,7 @@ ORBEL_HOST_EXPORT QString Write(double hertz, int leastPower = 0, QChar point = 
 ORBEL_HOST_EXPORT QString Group(const QString &number, QChar point);
 /// A decimal number as it stands before a suffix in a field: where the suffix ends in "Hz", in groups, and with a blank
 /// unless the suffix brings its own.
-ORBEL_HOST_EXPORT QString BeforeSuffix(
-    const QString &number, const QString &suffix, QChar point = QLatin1Char('.'));
+ORBEL_HOST_EXPORT QString BeforeSuffix(const QString &number, const QString &suffix, QChar point = QLatin1Char('.'));
 
 /// As Write(), without the zeros at the end: "26.5 GHz", for messages.
 ORBEL_HOST_EXPORT QString Short(double hertz, QChar point = QLatin1Char('.'));

@@ -82,8 +82,8 @@ std::vector<TranslationCenter::Entry>::iterator TranslationCenter::Find(const QS
     return std::find_if(Entries.begin(), Entries.end(), [&name](const Entry &entry) { return entry.Name == name; });
 }
 
-/// Loads the catalogue of a registered name. The application tells everybody of a catalogue that comes or goes, and some
-/// may register names in turn, so the entry is looked up anew.
+/// Loads the catalogue of a registered name. The application tells everybody of a catalogue that comes or goes, and
+/// some may register names in turn, so the entry is looked up anew.
 void TranslationCenter::Install(const QString &name)
 {
     if (!QCoreApplication::instance())

@@ -21,8 +21,8 @@ public:
     using Moves = std::shared_ptr<int>;
 
     ChangeEntry(const QString &text, Moves moves);
-    /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that follow
-    /// one another are one.
+    /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that
+    /// follow one another are one.
     ChangeEntry(const OrbelDelegate *control, int session, Moves moves);
 
     /// Takes in the values of a control that differ.

@@ -19,7 +19,7 @@ class OrbelWidget;
 class FormDoor
 {
 public:
-    explicit FormDoor(OrbelWidget *widget) : Widget(widget) {}
+    explicit FormDoor(OrbelWidget *widget) : Widget(widget) { }
 
     /// The enumeration of that name; null when the form knows none.
     QExplicitlySharedDataPointer<OrbelEnum> FindEnum(const QString &name) const;

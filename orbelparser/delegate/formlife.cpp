@@ -77,9 +77,8 @@ void FormLife::EndControl(QWidget *control)
     if (!IsInHandlersLoop())
         EndWindow(control);
     else
-        QTimer::singleShot(MillisecondsOfLoop, control, [self = shared_from_this(), control] {
-            self->EndControl(control);
-        });
+        QTimer::singleShot(
+            MillisecondsOfLoop, control, [self = shared_from_this(), control] { self->EndControl(control); });
 }
 
 bool FormLife::IsInHandlersLoop() const
@@ -94,8 +93,8 @@ bool FormLife::IsBusy() const
 
 void FormLife::EndPart(const std::function<void()> &destroy)
 {
-    // An engine does not tell of a script that handles a signal and sets a property, whose event ends the form: while there
-    // is one, nothing is destroyed before the event loop has come round, and not in one of a handler's own.
+    // An engine does not tell of a script that handles a signal and sets a property, whose event ends the form: while
+    // there is one, nothing is destroyed before the event loop has come round, and not in one of a handler's own.
     if (!IsBusy() && (!Engine || !QCoreApplication::instance())) {
         destroy();
         return;

@@ -13,9 +13,10 @@ namespace KV218
 {
 
 /// How long the parts of a form live: its inside with the script engine, and the delegates of its widgets. Any handler
-/// may end the form, or drop a widget, from within a call that runs inside of them. Whatever ends then is closed at once
-/// and kept; it is destroyed when the outermost of these calls has returned and the event loop has come round, since a script
-/// may go on after them. In a form without an engine, what ends while nothing runs is destroyed at once. So code of a form never outlives its own object and needs no guards.
+/// may end the form, or drop a widget, from within a call that runs inside of them. Whatever ends then is closed at
+/// once and kept; it is destroyed when the outermost of these calls has returned and the event loop has come round,
+/// since a script may go on after them. In a form without an engine, what ends while nothing runs is destroyed at once.
+/// So code of a form never outlives its own object and needs no guards.
 ///
 /// All parts of one form share one of these, and it lives as long as the last of them. GUI thread only.
 class ORBEL_EXPORT FormLife : public std::enable_shared_from_this<FormLife>
@@ -34,11 +35,11 @@ public:
         EndPart([part] { delete part; });
     }
 
-    /// Deletes `window` later, and not before nothing runs in the form any more: a call may be about to show or hide it, and
-    /// the event loop of a handler's own would delete it then and there. It may go before.
+    /// Deletes `window` later, and not before nothing runs in the form any more: a call may be about to show or hide
+    /// it, and the event loop of a handler's own would delete it then and there. It may go before.
     void EndWindow(QWidget *window);
-    /// Deletes `control` when no event loop of a handler's own runs: Qt itself may be about to give it the focus further
-    /// up, which is why the form ends. It may go before.
+    /// Deletes `control` when no event loop of a handler's own runs: Qt itself may be about to give it the focus
+    /// further up, which is why the form ends. It may go before.
     void EndControl(QWidget *control);
 
     /// Whether an engine of any form tells that a script runs in it; it does not tell of each.

@@ -13,11 +13,11 @@
 #include "valueselection.h"
 
 #include <deque>
+#include <limits>
 #include <memory>
 #include <QScopedValueRollback>
 #include <QScopeGuard>
 #include <QWidget>
-#include <limits>
 
 namespace KV218
 {
@@ -44,7 +44,7 @@ template <class Integer> QString IntegerBound(Integer bound, Integer none)
 
 } // namespace
 
-void OrbelDelegate::CreateValueTree() {}
+void OrbelDelegate::CreateValueTree() { }
 
 ValueBase *OrbelDelegate::GetVTValue() const
 {
@@ -196,8 +196,7 @@ ValueString *OrbelDelegate::CreateValueString(const QString &name)
     return Enter(node, true);
 }
 
-ValueSelection *OrbelDelegate::CreateValueSelection(
-    const QString &name, QExplicitlySharedDataPointer<OrbelEnum> values)
+ValueSelection *OrbelDelegate::CreateValueSelection(const QString &name, QExplicitlySharedDataPointer<OrbelEnum> values)
 {
     if (!values)
         return nullptr;

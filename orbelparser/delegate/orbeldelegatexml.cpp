@@ -21,9 +21,9 @@ void OrbelDelegate::ResyncValueTree()
             QStringLiteral("orbeldelegate"), __LINE__);
 }
 
-void OrbelDelegate::GetXml(QXmlStreamWriter &) const {}
+void OrbelDelegate::GetXml(QXmlStreamWriter &) const { }
 
-void OrbelDelegate::ReadXml(QXmlStreamReader &) {}
+void OrbelDelegate::ReadXml(QXmlStreamReader &) { }
 
 void OrbelDelegate::SetXmlPath(const QString &tag)
 {

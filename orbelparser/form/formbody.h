@@ -6,9 +6,9 @@
 #include "orbelscript.h"
 #include "orbelsheet.h"
 
+#include <memory>
 #include <QMap>
 #include <QScriptValue>
-#include <memory>
 
 class QScriptEngine;
 class QScriptEngineDebugger;

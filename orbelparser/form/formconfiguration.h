@@ -7,8 +7,8 @@
 namespace KV218
 {
 
-/// What a form keeps on the host's configuration object, as dynamic properties: its text size, its collapsed groups, and
-/// the host's lock of all input. Without an object nothing is kept.
+/// What a form keeps on the host's configuration object, as dynamic properties: its text size, its collapsed groups,
+/// and the host's lock of all input. Without an object nothing is kept.
 class FormConfiguration
 {
 public:

@@ -13,8 +13,8 @@ namespace KV218
 class FormLife;
 class OrbelFormularManager;
 
-/// The inside of a manager of forms: lives on, as FormLife tells, when the manager is deleted by a handler of a form. See
-/// OrbelFormularManager for the operations.
+/// The inside of a manager of forms: lives on, as FormLife tells, when the manager is deleted by a handler of a form.
+/// See OrbelFormularManager for the operations.
 class ManagerBody
 {
 public:

@@ -7,8 +7,8 @@ namespace KV218
 
 class OrbelSheet;
 
-/// Where the widgets of a sheet find it: null once the sheet has been closed or is gone. A copied sheet has a place of its
-/// own.
+/// Where the widgets of a sheet find it: null once the sheet has been closed or is gone. A copied sheet has a place of
+/// its own.
 class SheetPlace
 {
 public:

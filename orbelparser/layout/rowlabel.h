@@ -2,9 +2,9 @@
 
 #include "orbelexport.h"
 
+#include <optional>
 #include <QLabel>
 #include <QPointer>
-#include <optional>
 
 /// The label at the start of a row: FloatGroupLayout::addLabel() makes it. Its text stands on the baseline of the first
 /// line of the control beside it, whatever the height of either.

@@ -32,7 +32,7 @@ public:
         }
         *byte = '\0';
     }
-    PropertyKey(const char *name) : PropertyKey(QLatin1String(name)) {}
+    PropertyKey(const char *name) : PropertyKey(QLatin1String(name)) { }
 
     const char *data() const { return Bytes.constData(); }
     /// The bytes as text again.

@@ -22,7 +22,8 @@ OrbelDelegate *NewSpecialObject_FHP(OrbelWidget *widget)
     return NewControl<OrbelFHPObject>(widget);
 }
 
-OrbelFHPObject::OrbelFHPObject(OrbelWidget *widget) : ExclusionListDelegate(widget, FhpListFormat), ExclusionRanges(this)
+OrbelFHPObject::OrbelFHPObject(OrbelWidget *widget)
+    : ExclusionListDelegate(widget, FhpListFormat), ExclusionRanges(this)
 {
 }
 

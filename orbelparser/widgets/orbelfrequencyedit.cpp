@@ -134,9 +134,8 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
 
 QVector<Face> OrbelFrequencyEdit::GetFaces() const
 {
-    const auto bounds = [this] {
-        return valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString();
-    };
+    const auto bounds
+        = [this] { return valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString(); };
     if (!frequencyControl)
         return {{lineEdit.data(), {}, bounds}};
     return {{frequencyControl.data()}, {frequencyControl->focusProxy(), {}, bounds},
@@ -269,7 +268,8 @@ void OrbelFrequencyEdit::ShowLockWithRow()
     HideIfCollapsed(lockButton);
 }
 
-/// Qt tells nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another value.
+/// Qt tells nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another
+/// value.
 void OrbelFrequencyEdit::KeepLockOpenToAnswers()
 {
     const QVariant locked = property(prop::FrequencyLock.data());

@@ -20,7 +20,10 @@ public:
     explicit OrbelPushButton(OrbelWidget *widget);
 
     void CreateGUI(FloatGroupLayout *layout) override;
-    QVector<Face> GetFaces() const override { return {{Button.data(), [this] { return Button ? Button->text() : QString(); }}}; }
+    QVector<Face> GetFaces() const override
+    {
+        return {{Button.data(), [this] { return Button ? Button->text() : QString(); }}};
+    }
 
 Q_SIGNALS:
     void clicked();

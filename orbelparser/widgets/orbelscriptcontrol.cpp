@@ -62,7 +62,8 @@ void OrbelScriptControl::CreateGUI(FloatGroupLayout *layout)
     load->setMinimumWidth(LeastLoadWidth);
     QPushButton *edit = NewButton(name + QLatin1String("_EditButton"), QStringLiteral("Edit"), QStringLiteral("Edit "));
     // Meant: without the underscore of its siblings; style sheets of hosts find it by this name.
-    QPushButton *clear = NewButton(name + QLatin1String("ClearButton"), QStringLiteral("Clear"), QStringLiteral("Clear "));
+    QPushButton *clear
+        = NewButton(name + QLatin1String("ClearButton"), QStringLiteral("Clear"), QStringLiteral("Clear "));
     Buttons[Load] = {load};
     Buttons[Edit] = {edit};
     Buttons[Clear] = {clear};

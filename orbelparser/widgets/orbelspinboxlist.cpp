@@ -21,8 +21,8 @@ void OrbelSpinBoxList::CreateValueTree()
 
 void OrbelSpinBoxList::CreateGUI(FloatGroupLayout *layout)
 {
-    // Meant: the controls are not kept, so nothing reaches them later but their nodes. A collapse or a lock of this moment
-    // would never end for them.
+    // Meant: the controls are not kept, so nothing reaches them later but their nodes. A collapse or a lock of this
+    // moment would never end for them.
     for (VCNumericFloatSpin *spin : CreateControls(layout)) {
         PropagateState(spin);
         spin->installEventFilter(this);

@@ -73,8 +73,12 @@ QString PlainForm()
             + W("n", "SpinBox", Written + P("parameterXmlTag", "String", "Rx/N"))
             + W("box", "CheckBox", Written + P("checkedValue", "String", "on"))
             + W("mode", "ComboBox", Written + P("enumName", "String", "Mode"))
-            + W("list", "SpinBoxList", Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I") + P("maximum", "Int", "8"))
-            + W("table", "HiddenTable", Written + P("rowCount", "Int", "2") + P("columnCount", "Int", "3") + P("parameterListItemTag", "String", "I"))
+            + W("list", "SpinBoxList",
+                Written + P("itemCount", "Int", "2") + P("parameterListItemTag", "String", "I")
+                    + P("maximum", "Int", "8"))
+            + W("table", "HiddenTable",
+                Written + P("rowCount", "Int", "2") + P("columnCount", "Int", "3")
+                    + P("parameterListItemTag", "String", "I"))
             + W("holder", "SpecialObject_Generic"),
         Enum(Row("A", "A", "1") + Row("B", "B", "2")) + "<Script>var x = n.own;</Script>");
 }

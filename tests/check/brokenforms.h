@@ -3,8 +3,8 @@
 #include <QString>
 #include <QVector>
 
-/// A document with mistakes. In its text, each @ marks a place, and `codes` tells the findings there: those of one place
-/// joined with +, places parted by blanks, in the order of the file.
+/// A document with mistakes. In its text, each @ marks a place, and `codes` tells the findings there: those of one
+/// place joined with +, places parted by blanks, in the order of the file.
 struct BrokenForm {
     enum Kind { Definition, List, Change, Parameters, Run };
     const char *name;
