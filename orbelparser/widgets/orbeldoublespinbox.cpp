@@ -28,11 +28,9 @@ void OrbelDoubleSpinBox::ShowBounds()
 
 QString OrbelDoubleSpinBox::DocumentText() const
 {
-    const double number = GetDouble(prop::Value, 0.0);
-    const int decimals = DocumentDecimals(*this);
-    const QString text = QString::number(number, 'f', decimals);
+    const QString text = QString::number(Number, 'f', Decimals);
     // Meant: whole numbers lose their zero with one decimal place, and with no other count of places.
-    return decimals == 1 && text.contains(QLatin1String(".0")) ? QString::number(number, 'f', 0) : text;
+    return Decimals == 1 && text.contains(QLatin1String(".0")) ? QString::number(Number, 'f', 0) : text;
 }
 
 void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
@@ -40,6 +38,16 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
     const double number = FiniteText(reader.readElementText()).toDouble();
     SetPropertyAlways(prop::Value, number);
     Q_EMIT valueChanged(number);
+}
+
+void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
+{
+    // Before anybody hears of it, who may ask for the document.
+    if (name == prop::Value)
+        Number = GetDouble(prop::Value, 0.0);
+    else if (name == prop::Decimals)
+        Decimals = DocumentDecimals(*this);
+    FloatSpinDelegate::PropertyChanged(name, value);
 }
 
 void OrbelDoubleSpinBox::EmitNumber(double number)

@@ -42,6 +42,12 @@ protected:
     void ShowBounds() override;
     QString DocumentText() const override;
     void EmitNumber(double number) override;
+    void PropertyChanged(const QString &name, const QVariant &value) override;
+
+private:
+    // What a parameter document asks for at each writing.
+    double Number = 0;
+    int Decimals = 0;
 };
 
 } // namespace KV218
