@@ -39,8 +39,10 @@ bool ChangeEntry::Spell()
     QVariantList after = before;
     for (const Part &part : qAsConst(Parts)) {
         // A list or table of the control may have another shape now.
-        if (part.Index >= before.size() || part.Shape != control->GetEditShape())
+        if (part.Index >= before.size() || part.Shape != control->GetEditShape()) {
+            setText(control->GetCaption());
             return true;
+        }
         before[part.Index] = part.Before;
         after[part.Index] = part.After;
     }
