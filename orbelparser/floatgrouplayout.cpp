@@ -315,7 +315,9 @@ QRect FloatGroupLayout::placeOf(int index) const
     const bool inRow = next < Items.size() && !(Flags.at(next) & FloatGroupItem::ItemGroup)
         && Hints.at(next).height() > 0 && Hints.at(next).top() == place.top();
     QWidget *control = inRow ? Items.at(next)->widget() : nullptr;
-    place.setHeight(label->StandBeside(control, inRow ? Hints.at(next).size() : QSize(), place.height()));
+    // The item knows the hint of its widget without asking anew.
+    const int own = Items.at(index)->sizeHint().height();
+    place.setHeight(label->StandBeside(control, inRow ? Hints.at(next).size() : QSize(), place.height(), own));
     return place;
 }
 

@@ -209,10 +209,11 @@ void OrbelDelegate::ReadBackProperties()
 bool OrbelDelegate::ChangeProperty(const PropertyKey &name, const QVariant &value)
 {
     // The new value stands on the left: a comparison of variants converts the right side to the left side's type.
-    if (IsSame(value, property(name.data())))
+    const QVariant before = property(name.data());
+    if (IsSame(value, before))
         return false;
     const Call call(this);
-    Store(name, value);
+    Store(name, value, before);
     return true;
 }
 
@@ -227,7 +228,8 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
     {
         // The change of a declared property comes with no event.
         const QScopedValueRollback<SetInProgress *> inProgress(InProgress, declared ? outer : &set);
-        Store(name, value);
+        const bool isReal = value.userType() == QMetaType::Double;
+        Store(name, value, isReal && !declared ? property(name.data()) : before);
     }
     if (outer)
         outer->Value = nullptr;
@@ -241,14 +243,11 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
     }
 }
 
-void OrbelDelegate::Store(const PropertyKey &name, const QVariant &value)
+void OrbelDelegate::Store(const PropertyKey &name, const QVariant &value, const QVariant &before)
 {
     // Qt keeps the number that it has when the new one is nearly the same.
-    if (value.userType() == QMetaType::Double) {
-        const QVariant before = property(name.data());
-        if (before == value && !IsSame(value, before))
-            SetPropertyQuietly(name, QVariant());
-    }
+    if (value.userType() == QMetaType::Double && before == value && !IsSame(value, before))
+        SetPropertyQuietly(name, QVariant());
     const QScopedValueRollback<bool> ownSet(OwnSet, true);
     setProperty(name.data(), value);
 }

@@ -394,7 +394,7 @@ private:
     void KeepApplied();
     QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
-    void Store(const PropertyKey &name, const QVariant &value);
+    void Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
     void GiveBack(const QString &name, QObject *target);
 
     void SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest);

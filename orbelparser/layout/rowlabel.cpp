@@ -18,9 +18,8 @@ void RowLabel::SetMarked(bool marked)
     update();
 }
 
-int RowLabel::StandBeside(QWidget *control, const QSize &size, int least)
+int RowLabel::StandBeside(QWidget *control, const QSize &size, int least, int own)
 {
-    const int own = sizeHint().height();
     if (control != Control || size != ControlSize || own != TextHeight) {
         Control = control;
         ControlSize = size;

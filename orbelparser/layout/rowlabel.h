@@ -20,8 +20,8 @@ public:
     bool IsMarked() const { return Marked; }
 
     /// Takes `control` as the one beside it, which is to have that size, or null. Gives the height that the text needs
-    /// for it, `least` or more, in pixels.
-    int StandBeside(QWidget *control, const QSize &size, int least);
+    /// for it, `least` or more, in pixels; `own` is that of the size hint.
+    int StandBeside(QWidget *control, const QSize &size, int least, int own);
     /// Where the text has its first baseline, in pixels from the top.
     int Baseline() const;
 
