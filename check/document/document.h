@@ -6,6 +6,8 @@
 #include <QString>
 #include <QVector>
 
+class QXmlStreamReader;
+
 namespace Orbel
 {
 
@@ -69,8 +71,8 @@ public:
 
 private:
     void Read();
-    void Open(int from, int to, const class QXmlStreamReader &reader);
-    void ReadAttributes(Element &element, int to, const class QXmlStreamReader &reader);
+    void Open(int from, int to, const QXmlStreamReader &reader);
+    void ReadAttributes(Element &element, int to, const QXmlStreamReader &reader);
     void Close(int from);
 
     PlacedText Source;
