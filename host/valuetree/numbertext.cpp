@@ -6,8 +6,39 @@
 
 #include <cmath>
 
+/// Whole thousandths, as most numbers of forms are, without the search for the shortest text: of all decimals with 15
+/// digits only one is nearest to a double, and a quotient of integers is that double. Null for other numbers.
+static QString ThousandthsToText(double number)
+{
+    constexpr double most = 1e12;
+    if (!(std::fabs(number) < most) || number == 0)
+        return QString();
+    const qint64 thousandths = std::llround(number * 1000);
+    if (double(thousandths) / 1000 != number)
+        return QString();
+    qint64 rest = std::abs(thousandths);
+    int places = 3;
+    for (; places > 0 && rest % 10 == 0; --places)
+        rest /= 10;
+    char text[24];
+    char *const end = text + sizeof text;
+    char *first = end;
+    for (int place = 0; place < places; ++place, rest /= 10)
+        *--first = char('0' + rest % 10);
+    if (places > 0)
+        *--first = '.';
+    for (; rest > 0 || first == end || *first == '.'; rest /= 10)
+        *--first = char('0' + rest % 10);
+    if (number < 0)
+        *--first = '-';
+    return QString::fromLatin1(first, int(end - first));
+}
+
 QString NumberToText(double number)
 {
+    const QString plain = ThousandthsToText(number);
+    if (!plain.isEmpty())
+        return plain;
     const double size = std::fabs(number);
     const bool ordinary = size == 0 || (size >= 1e-15 && size < 1e21);
     return QString::number(number, ordinary ? 'f' : 'g', QLocale::FloatingPointShortest);

@@ -282,6 +282,20 @@ private Q_SLOTS:
     }
 
     /// `value` is null where the node refuses the text.
+    void numbersAreSpelledShort()
+    {
+        QRandomGenerator random(11);
+        for (int i = 0; i < 200000; ++i) {
+            const qint64 thousandths = qint64(random.generate64()) >> random.bounded(64);
+            const double number = double(thousandths) / std::pow(10, random.bounded(5));
+            for (double near : {number, -number, std::nextafter(number, 0.0), number / 3}) {
+                const bool ordinary = near == 0 || (std::fabs(near) >= 1e-15 && std::fabs(near) < 1e21);
+                QCOMPARE(
+                    NumberToText(near), QString::number(near, ordinary ? 'f' : 'g', QLocale::FloatingPointShortest));
+            }
+        }
+    }
+
     void textsOfValues_data()
     {
         Columns<QString, QString, QString>({"type", "text", "value"});
