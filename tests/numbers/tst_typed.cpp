@@ -435,6 +435,35 @@ private Q_SLOTS:
         }
     }
 
+    void anyTextIsAppliedAsItIsShown()
+    {
+        Dice dice;
+        for (const QString kind : {"MHz", "large", "start", "Hz", "open Hz"}) {
+            const Field &place = Fields[kind];
+            LiveForm live(ControlOf(place));
+            auto *field = live.Find<VCLineEdit>(place.Name);
+            OrbelDelegate *f = live.Get("f");
+            const auto held = [&] { return f->property(place.Property.toLatin1()).toDouble(); };
+            field->setFocus();
+            for (int step = FromEnvironment("ORBEL_TYPED_STEPS", 20000) / 50; step > 0; --step) {
+                const QString text = dice.Text();
+                field->selectAll();
+                field->insert(text);
+                const TypedNumber typed = field->GetReader().Read(field->text());
+                const double expected
+                    = field->text() != FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
+                QTest::keyClick(field, dice.Roll(2) ? Qt::Key_Return : Qt::Key_Tab);
+                QTest::keyClick(field, Qt::Key_Escape);
+                field->setFocus();
+                QVERIFY2(held() == expected, qPrintable(text));
+                QVERIFY2(NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
+                QVERIFY2(
+                    !typed.IsNumber() || (held() >= field->GetReader().Minimum && held() <= field->GetReader().Maximum),
+                    qPrintable(text));
+            }
+        }
+    }
+
     void anyTextIsReadAsItIsTold()
     {
         Dice dice;
