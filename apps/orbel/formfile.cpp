@@ -7,6 +7,9 @@
 #include "orbelparser.h"
 #include "xmlwalk.h"
 
+namespace Orbel
+{
+
 FormFile::FormFile(const QString &path) : Path(path)
 {
     if (IsList())
@@ -94,3 +97,5 @@ FormFile::Form FormFile::Parse(const QString &component) const
         throw InputFailure(Path, QStringLiteral("there is no form in it"));
     return form;
 }
+
+} // namespace Orbel

@@ -6,6 +6,9 @@
 
 #include <cstdio>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -58,3 +61,5 @@ QString Quoted(const QStringList &names)
 {
     return QLatin1Char('"') + names.join(QLatin1String("\", \"")) + QLatin1Char('"');
 }
+
+} // namespace Orbel

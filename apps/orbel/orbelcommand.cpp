@@ -18,6 +18,9 @@
 #include <cstdio>
 #include <memory>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -148,3 +151,5 @@ int RunOrbel(int argc, char **argv)
         return failure.Status;
     }
 }
+
+} // namespace Orbel
