@@ -112,6 +112,7 @@ public:
     /// The property's text in the operator's language, in the translation context of the object name.
     QString GetTranslated(const PropertyKey &name) const;
 
+    /// The property; on where none is stated.
     bool isEnabled() const;
     /// False while the group of this control is collapsed.
     bool isGroupVisible() const { return GroupVisible; }
@@ -178,6 +179,7 @@ Q_SIGNALS:
     void customPropertyChanged(QString name, QVariant value);
 
 public Q_SLOTS:
+    /// Each of these sets the property of its name; the first one the apply mode itself.
     void setApplyMode(eApplyMode applyMode) { ApplyMode = applyMode; }
     void setEnabled(bool flag);
     void setGenerateParameterXml(bool flag);
@@ -335,14 +337,17 @@ protected:
     /// Limits in the units of a node: the properties `minimum`, `maximum` and `singleStep`, divided by
     /// `displayScalingFactor`. An absent bound is -1e308 or 1e308.
     struct NodeLimits {
+        /// The bounds and the step, as the node takes them.
         double Minimum;
         double Maximum;
         double Step;
     };
+    /// See NodeLimits.
     NodeLimits LimitsForNode() const;
     /// Gives `value` these limits. Nobody must watch it yet who could end it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
+    /// A tooltip as it is made anew in each language.
     using ToolTipText = OwnToolTips::Text;
     /// Gives `control` a tooltip in place of any other. It follows the language for as long as nobody gives the control
     /// another one. A null control is none.
@@ -376,10 +381,13 @@ protected:
     /// Whether the form has ended.
     bool IsClosed() const { return Closed; }
 
+    /// All that the delegate may ask its form; harmless once that has ended.
     FormDoor Form() const;
     /// Name of the owning element; empty without one.
     QString WidgetName() const;
 
+    /// The state that controls read: custom properties, whether the control writes parameters, its modified mark, and
+    /// whether its group is expanded.
     QMap<QString, QVariant> CustomProperties;
     bool GenerateXml = false;
     bool Modified = false;

@@ -33,6 +33,7 @@ public:
         return true;
     }
 
+    /// Ends the binding; nothing without one.
     void Release()
     {
         if (Observable *side = std::exchange(Side, nullptr))
@@ -62,6 +63,7 @@ public:
             && (!Side || Survives(control, [this, control] { control->Update(Side, ekChangeValue); }));
     }
 
+    /// The bound node; null without one.
     Node *get() const { return Held; }
     Node *operator->() const { return Held; }
     explicit operator bool() const { return Held; }

@@ -45,6 +45,7 @@ protected:
     virtual bool IsTyping() const;
     virtual double Scale() const { return 1; }
 
+    /// What a text means to the box now, in shown units.
     TypedNumber ReadText(const QString &text) const;
     /// Marks the text that stands there, and tells what it means.
     void TellReading();

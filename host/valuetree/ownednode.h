@@ -60,6 +60,7 @@ public:
         return code == ekChangeValue;
     }
 
+    /// The node; null, and not to be followed, without one.
     Node *get() const { return Held; }
     Node *operator->() const { return Held; }
     Node &operator*() const { return *Held; }

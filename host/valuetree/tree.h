@@ -22,6 +22,7 @@ class ValueBase;
 class ORBEL_HOST_EXPORT Tree
 {
 public:
+    /// The one tree of the process.
     static Tree *Instance();
 
     Tree(const Tree &) = delete;

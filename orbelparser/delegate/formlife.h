@@ -98,6 +98,7 @@ template <class Body> class Running
 {
 public:
     Running(FormLife *life, Body *body) : Scope(life), Inside(body) { }
+    /// Alive as long as this is.
     Body *operator->() const { return Inside; }
 
 private:

@@ -15,6 +15,7 @@ class OwnToolTips
 public:
     /// A text in the operator's language between parts that stay as they are.
     struct Text {
+        /// The translated part, and what stands before and behind it.
         QString Source;
         QString Head = QString();
         QString Tail = QString();

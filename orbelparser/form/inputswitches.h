@@ -10,6 +10,7 @@ namespace KV218
 class InputSwitches
 {
 public:
+    /// Who may take input away.
     enum Switch { Host, Sheet, Part };
     /// Has all controls free or lock their input, or only the secondary part of it.
     using Tell = std::function<void(bool enable, bool partial)>;

@@ -12,6 +12,7 @@ class OrbelSheet;
 class SheetPlace
 {
 public:
+    /// Widgets hold the place itself, so that it outlives the sheet.
     using Shared = std::shared_ptr<OrbelSheet *>;
 
     SheetPlace() = default;
@@ -19,12 +20,14 @@ public:
     SheetPlace &operator=(const SheetPlace &) { return *this; }
     ~SheetPlace() { Clear(); }
 
+    /// The place, which names `sheet` from the first call on.
     Shared Of(OrbelSheet *sheet)
     {
         if (!Sheet)
             Sheet = std::make_shared<OrbelSheet *>(sheet);
         return Sheet;
     }
+    /// The place names no sheet from now on.
     void Clear()
     {
         if (Sheet)

@@ -15,6 +15,7 @@ class OrbelWidget;
 class WidgetIndex
 {
 public:
+    /// A widget of the sheet.
     using Widget = QExplicitlySharedDataPointer<OrbelWidget>;
 
     /// Must be told when the list changed.
