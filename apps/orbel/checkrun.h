@@ -1,5 +1,6 @@
 #pragma once
 
+#include "latin1.h"
 #include "orbelcheck.h"
 
 namespace Orbel
@@ -17,7 +18,7 @@ Findings RunForms(bool isList);
 Findings RunInProcess(const QByteArray &document, bool isList);
 
 /// The kinds of documents behind --run-here, by which the process of its own is told what it gets.
-inline constexpr QLatin1String DefinitionKind("definition");
-inline constexpr QLatin1String ListKind("list");
+inline constexpr QLatin1String DefinitionKind = KV218::Latin1("definition");
+inline constexpr QLatin1String ListKind = KV218::Latin1("list");
 
 } // namespace Orbel

@@ -8,6 +8,7 @@
 #include "tree.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScopedValueRollback>
