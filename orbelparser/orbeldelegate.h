@@ -90,10 +90,10 @@ public:
     RowLabel *GetRowLabel() const { return Label; }
     /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
     virtual void EnableInput(bool enable, bool partial);
-    /// Hands what a node tells to NodeChanged().
+    /// Passes a node's notification to NodeChanged().
     void Update(Observable *subject, TChangeCode code) final;
 
-    /// Sets a property that differs, and tells whether it did. Numbers differ when any digit does.
+    /// Sets a property that differs, and returns whether it did. Numbers differ when any digit does.
     bool ChangeProperty(const PropertyKey &name, const QVariant &value);
     /// Sets a property, equal or not, and runs PropertyChanged() in every case. An invalid value removes the property.
     void SetPropertyAlways(const PropertyKey &name, const QVariant &value);
@@ -244,7 +244,7 @@ public:
 
     /// Makes this a part of a form.
     void SetLife(const std::shared_ptr<FormLife> &life) { Life = life; }
-    /// The form has ended: the nodes leave the tree, the signals fall silent.
+    /// The form has ended: removes the nodes from the tree and blocks all signals.
     void Close();
     /// Closes a delegate that nobody holds any more and destroys it when nothing runs inside its form; null is none.
     static void End(OrbelDelegate *delegate);
@@ -252,7 +252,7 @@ public:
 protected:
     /// Deletes a control of this delegate's when nothing runs inside its form and no handler's event loop.
     void EndControl(QWidget *control);
-    /// A node of this delegate changed or goes away; see IObserver. The base does nothing.
+    /// A node of this delegate changed or is destroyed; see IObserver. The base does nothing.
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
@@ -306,7 +306,7 @@ protected:
     /// Hides a control just made, when its group was collapsed before it existed.
     void HideIfCollapsed(QObject *target);
 
-    /// Keeps `value` under the name and tells nobody.
+    /// Stores `value` under the name and notifies nobody.
     void SetPropertyQuietly(const PropertyKey &name, const QVariant &value);
     /// The property as int: a number beyond int gives the nearest bound, all else counts as for GetInt().
     int GetNearestInt(const PropertyKey &name, int defaultValue) const;
@@ -344,7 +344,7 @@ protected:
     };
     /// See NodeLimits.
     NodeLimits LimitsForNode() const;
-    /// Gives `value` these limits. Nobody must watch it yet who could end it.
+    /// Sets these limits on `value`, which must have no observer yet that could destroy it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
     /// A tooltip as it is made anew in each language.
@@ -457,7 +457,7 @@ private:
     eApplyMode ApplyMode = eApplyMode(0);
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
-    /// While a set is told to nobody.
+    /// While a set notifies nobody.
     bool Quiet = false;
     /// The sheet was active at a change: what a form's script sets at its start is none.
     bool ChangeShows = false;

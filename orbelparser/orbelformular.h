@@ -33,7 +33,7 @@ template <class Body> class Running;
 /// it belongs to its parent, or to whoever shows it. Either may go first.
 ///
 /// Any handler may end the form: of its signals and its controls' signals, of a node, a script, an event, in an event
-/// loop of its own. At once its nodes leave the tree, its name is withdrawn and its signals fall silent; what a call
+/// loop of its own. At once its nodes leave the tree, its name is withdrawn and it emits nothing more; what a call
 /// that still runs works on lives on until that call has returned.
 ///
 /// All of it belongs to the GUI thread. Bad input is never reported: a lookup that fails gives null, -1 or an empty

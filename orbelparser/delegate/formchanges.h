@@ -36,7 +36,7 @@ public:
     /// See OrbelFormular::GetUndoStack().
     QUndoStack *GetStack() const { return Stack; }
 
-    /// Undoes or redoes the last change that is not dropped by it; tells refused() where that is locked.
+    /// Undoes or redoes the last change that is not dropped by it; emits refused() where that is locked.
     void Undo() { Go(true); }
     void Redo() { Go(false); }
     /// Puts back what was applied last, as one change; where that is not known, nothing.
@@ -46,16 +46,16 @@ public:
 
     /// The operator changed a control, which had these values before. Changes of one `session` other than 0 become one.
     void Record(OrbelDelegate *control, const QVariantList &before, int session);
-    /// A control's modified state, or the value of a modified one, may be another.
+    /// A control's modified state, or the value of a modified one, may have changed.
     void Note(OrbelDelegate *control);
     /// The controls with changes that wait to be applied, in the order in which they were changed.
     QVector<OrbelDelegate *> GetChanged();
 
 Q_SIGNALS:
-    /// The stack or the list of changed controls is another one. Emitted once an event round, and never from within a
+    /// The stack or the list of changed controls has changed. Emitted once an event round, and never from within a
     /// change; a slot may end the form.
     void changed();
-    /// Nothing was undone, for the reason told.
+    /// Nothing was undone, for this reason.
     void refused(const QString &reason);
     void applyWanted();
 

@@ -17,9 +17,9 @@ public:
 
     /// False for what is no switch.
     bool IsOn(Switch which) const { return IsSwitch(which) && On[which]; }
-    /// Turns a switch, and tells the controls what follows from it now. What is no switch is ignored.
+    /// Sets a switch, and locks or frees the controls by what follows from it now. What is no switch is ignored.
     void Turn(Switch which, bool on, const Tell &tell);
-    /// Tells controls just made, which are free.
+    /// Locks controls just made, which are free, where a switch is off.
     void TellAtStart(const Tell &tell) const;
 
 private:

@@ -126,7 +126,7 @@ void FreqRangeTable::ReloadFromValue()
     Ranges ranges;
     for (const auto &entry : RangeMap->data())
         ranges.push_back(entry.second);
-    // Meant: what is being typed goes with the ranges that it was typed for.
+    // Meant: a reload discards the edit in progress.
     FillTable(ranges);
 }
 
