@@ -52,7 +52,8 @@ Findings FindingsFromJson(const QByteArray &text, bool *isValid)
     const QJsonDocument document = QJsonDocument::fromJson(text);
     *isValid = document.isArray();
     Findings findings;
-    for (const QJsonValue &value : document.array()) {
+    const QJsonArray list = document.array();
+    for (const QJsonValue &value : list) {
         const QJsonObject object = value.toObject();
         findings.append({object.value(LineKey).toInt(), object.value(Column).toInt(),
             SeverityOf(object.value(SeverityKey).toString()), object.value(Code).toString(),

@@ -18,6 +18,6 @@ void WriteDocument(const QString &xml);
 void Complain(const QString &message);
 
 /// The names in quotation marks, for messages.
-QString Quoted(const QStringList &names);
+QString QuotedNames(const QStringList &names);
 
 } // namespace Orbel

@@ -80,8 +80,8 @@ const Row &FindRow(const QString &name)
             return row;
         names.append(QLatin1String(row.name));
     }
-    throw UsageFailure(
-        QStringLiteral("there is no subcommand \"%1\"; nearest: %2").arg(name, Quoted(NearestNames(name, names, 1))));
+    throw UsageFailure(QStringLiteral("there is no subcommand \"%1\"; nearest: %2")
+                           .arg(name, QuotedNames(NearestNames(name, names, 1))));
 }
 
 /// Qt ends the process at once when there is no display; with a platform that shows nothing, a subcommand still gets to

@@ -236,7 +236,7 @@ void TypedSpinBox::focusOutEvent(QFocusEvent *event)
         QDoubleSpinBox::focusOutEvent(event);
         return;
     }
-    // The edit goes on afterwards. The base class would take over what was typed so far.
+    // The edit goes on afterwards. QAbstractSpinBox would take over what was typed so far.
     lineEdit()->event(event);
     QWidget::focusOutEvent(event);
 }

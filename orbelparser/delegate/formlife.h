@@ -81,6 +81,7 @@ public:
         if (Life)
             Life->Enter();
     }
+    // NOLINTNEXTLINE(bugprone-exception-escape): a form's life is shared while a call runs in it.
     ~CallScope()
     {
         if (Life)

@@ -150,7 +150,7 @@ template <class Node> Node *OrbelDelegate::Enter(Node *node, bool keepRefused)
     ValueBase *entering = node;
     const auto letGo = qScopeGuard([&] {
         if (!alive)
-            made.release();
+            static_cast<void>(made.release());
     });
     const bool entered = EnterNode(entering);
     return alive && (entered || (keepRefused && !Closed)) ? made.release() : nullptr;

@@ -17,6 +17,7 @@ public:
 
     SheetPlace() = default;
     SheetPlace(const SheetPlace &) { }
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is taken over.
     SheetPlace &operator=(const SheetPlace &) { return *this; }
     ~SheetPlace() { Clear(); }
 
