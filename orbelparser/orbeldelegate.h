@@ -147,7 +147,7 @@ public:
     /// Brings the control before the operator's eyes, with the focus.
     void ComeIntoView();
 
-    /// Shows the control in the language of now: what the definition, a script or the host gave it to show is
+    /// Shows the control in the present language: what the definition, a script or the host gave it to show is
     /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
     void LanguageChanged();
 
@@ -227,8 +227,8 @@ public:
         QVariantList Before;
     };
 
-    /// Stands while a control tells that its values at `indices` of GetEdits() have changed. What changes meanwhile is
-    /// the work of those who hear of it, and no part of the operator's change.
+    /// Stands while a control notifies others that its values at `indices` of GetEdits() have changed. What changes
+    /// meanwhile is the work of those who are notified, and no part of the operator's change.
     class EditNotice
     {
     public:
@@ -441,7 +441,7 @@ private:
     const QString *Forced = nullptr;
     /// What controls were before that, by name and control; an entry goes when it is given back.
     QHash<QPair<QString, const QObject *>, bool> BeforeForced;
-    /// The node of which the tree tells that it enters.
+    /// The node of which the tree notifies observers that it enters.
     const ValuePtr<ValueBase> *Entering = nullptr;
 
     /// The values from which a change of the operator's that is on its way has started; null without one.

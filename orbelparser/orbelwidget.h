@@ -29,7 +29,7 @@ public:
     OrbelWidget(const OrbelWidget &other);
     virtual ~OrbelWidget();
 
-    /// Null once the sheet is gone or its form has ended.
+    /// Null once the sheet was destroyed or its form has ended.
     OrbelSheet *GetSheet() const { return Place ? *Place : nullptr; }
     /// The form of the sheet; null without a sheet.
     OrbelFormular *GetFormular() const;

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-/// What a bound control holds of its node: watches it for the control, and lets go of it when it goes away. `Node` is
+/// What a bound control holds of its node: observes it for the control, and releases it when it is destroyed. `Node` is
 /// ValueBase, a class derived from it, or an interface that the node has beside it.
 template <class Node> class NodeBinding
 {

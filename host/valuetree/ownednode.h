@@ -7,7 +7,7 @@
 #include <utility>
 
 /// Owns a node that an observer watches: attaches the observer, detaches it and deletes the node at the end, and lets
-/// go of a node that goes away before. Movable, so that a list of nodes is a list of these.
+/// go of a node that is destroyed before. Movable, so that a list of nodes is a list of these.
 template <class Node> class OwnedNode
 {
 public:

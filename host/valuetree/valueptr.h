@@ -7,7 +7,7 @@
 
 #include <memory>
 
-/// Points to a node of the tree without owning it, and to null once the node goes away.
+/// Points to a node of the tree without owning it, and to null once the node is destroyed.
 template <class T> class ValuePtr : public IObserver
 {
 public:

@@ -18,7 +18,7 @@ struct Face {
     /// Makes the text when it is asked for.
     using Text = std::function<QString()>;
 
-    /// Not owned; null once it is gone.
+    /// Not owned; null once it was destroyed.
     QPointer<QWidget> Widget;
     /// What tells it from the control's other ones, in the operator's language; none for the control itself.
     Text Part = nullptr;

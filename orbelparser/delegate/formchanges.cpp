@@ -133,7 +133,7 @@ void FormChanges::Tell()
 {
     Due = false;
     const CallScope call(Life);
-    // A stack that a host moved to where it was does not tell that it is done.
+    // A stack that a host moved to where it was emits nothing at its end.
     PushWaiting();
     Settle();
     SpellEntries();

@@ -77,7 +77,7 @@ private:
     /// The same in the order in which they came.
     QVector<OrbelDelegate *> NotedInOrder;
     QVector<QPointer<OrbelDelegate>> Changed;
-    /// Whether an event is on its way that tells of changes.
+    /// Whether an event is posted that emits the changes.
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;

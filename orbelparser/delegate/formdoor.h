@@ -51,7 +51,7 @@ public:
     /// Whether the wheel tunes the digit under the mouse without the focus.
     bool IsHoverTuning() const;
 
-    /// The widget in which the form stands; null before CreateGUI() and once it is gone.
+    /// The widget in which the form stands; null before CreateGUI() and once it was destroyed.
     QWidget *GetSheetWidget() const;
 
     /// Must be called when the element name of this widget changed.

@@ -42,7 +42,7 @@ public:
     /// further up, which is why the form ends. It may go before.
     void EndControl(QWidget *control);
 
-    /// Whether an engine of any form tells that a script runs in it; it does not tell of each.
+    /// Whether an engine of any form reports that a script runs in it; it does not report each.
     static bool IsAnyScriptRunning();
 
 private:

@@ -31,7 +31,7 @@ public:
 
     /// Gives a widget, not null, a tooltip in place of any other.
     void Set(QWidget *widget, const Text &text, const QString &objectName);
-    /// Shows all in the language of now.
+    /// Shows all in the present language.
     void Retranslate(const QString &objectName);
 
 private:

@@ -7,7 +7,7 @@ namespace KV218
 
 class OrbelSheet;
 
-/// Where the widgets of a sheet find it: null once the sheet has been closed or is gone. A copied sheet has a place of
+/// Where the widgets of a sheet find it: null once the sheet was closed or destroyed. A copied sheet has a place of
 /// its own.
 class SheetPlace
 {
