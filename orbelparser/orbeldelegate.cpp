@@ -400,7 +400,7 @@ bool OrbelDelegate::event(QEvent *e)
             SetPropertyQuietly(name, value);
             if (!value.isValid())
                 return QObject::event(e);
-        } else if (IsNumber(name) && !HeldNumber(name).isValid()) {
+        } else if (IsNumber(name)) {
             StatedValue(name) = value;
         }
         PropertyChanged(name, value);

@@ -431,7 +431,7 @@ private:
     QString Unit;
     QString VTPath;
     QStringList DefinedProperties;
-    /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
+    /// What was last stated under names that are read as numbers, for when no number comes and no node holds one.
     QVector<QPair<QString, QVariant>> Stated;
     /// Null until there is one.
     std::unique_ptr<OwnToolTips> ToolTips;

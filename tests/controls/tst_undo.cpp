@@ -192,7 +192,17 @@ private Q_SLOTS:
         for (int key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up})
             QTest::keyClick(gain, Qt::Key(key));
         QTRY_COMPARE(stack->undoText(), QString("GAIN: 5 \u2192 8"));
-        Undo(live);
+        TypeOver(gain, "20");
+        QTest::keyClick(gain, Qt::Key_Up);
+        QTRY_COMPARE(stack->undoText(), QString("GAIN: 8 \u2192 21"));
+        live.Find("text")->setFocus();
+        gain->setFocus();
+        QTest::keyClick(gain, Qt::Key_Up);
+        QTRY_COMPARE(stack->undoText(), QString("GAIN: 21 \u2192 22"));
+        for (const char *former : {"21", "8", "5"}) {
+            Undo(live);
+            QCOMPARE(live.Node("gain"), QString(former));
+        }
         QVERIFY(!stack->canUndo());
     }
 
