@@ -208,9 +208,12 @@ public:
         explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
     };
 
+    class EditNotice;
+
     /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the
-    /// form record the change at its end. Within another one, or within the operator's act on a node, it is a part of
-    /// that.
+    /// form record the change at its end. Within another one it is a part of that; but what he changes while handlers
+    /// hear of the other one, or of an entry that moves, is a change of its own, and the other one is recorded up to
+    /// there.
     class OperatorChange
     {
     public:
@@ -220,9 +223,21 @@ public:
         OperatorChange &operator=(const OperatorChange &) = delete;
 
     private:
+        friend class EditNotice;
+
+        void Begin();
+        void Record();
+
         const Call Running;
+        /// Null for a part.
         OrbelDelegate *Delegate;
         QVariantList Before;
+        int Shape = 0;
+        /// The indices that notices have named.
+        QSet<int> Own;
+        OperatorChange *Outer = nullptr;
+        const QVariantList *OuterBefore = nullptr;
+        int OuterNotices = 0;
     };
 
     /// Stands while a control tells that its values at `indices` of GetEdits() have changed. What changes meanwhile is
@@ -440,8 +455,8 @@ private:
     const QVariantList *EditsBefore = nullptr;
     /// The same while the operator sets a node of the control's.
     QVariantList *ActsBefore = nullptr;
-    /// The indices that notices have named in a change of the operator's, and how many notices run.
-    QSet<int> OwnEdits;
+    OperatorChange *OpenChange = nullptr;
+    /// How many notices run within it.
     int Notices = 0;
     int ListDepth = 0;
     std::unique_ptr<QVariantList> Applied;

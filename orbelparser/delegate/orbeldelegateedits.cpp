@@ -50,6 +50,7 @@ void OrbelDelegate::MoveEdits(const QVariantList &values)
     const Call call(this);
     const QVariantList stands = GetEdits();
     const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+    const QScopedValueRollback<OperatorChange *> change(OpenChange, nullptr);
     PutEdits(values);
 }
 
@@ -187,24 +188,46 @@ void OrbelDelegate::MarkTyping()
 
 OrbelDelegate::OperatorChange::OperatorChange(OrbelDelegate *delegate) : Running(delegate), Delegate(delegate)
 {
-    if (Delegate->EditsBefore) {
+    if (Delegate->OpenChange && Delegate->Notices == 0) {
         Delegate = nullptr;
         return;
     }
-    Before = Delegate->GetEdits();
-    Delegate->EditsBefore = &Before;
-    Delegate->OwnEdits.clear();
+    Outer = std::exchange(Delegate->OpenChange, this);
+    OuterNotices = std::exchange(Delegate->Notices, 0);
+    OuterBefore = Delegate->EditsBefore;
+    if (Outer)
+        Outer->Record();
+    Begin();
 }
 
 OrbelDelegate::OperatorChange::~OperatorChange()
 {
     if (!Delegate)
         return;
-    Delegate->EditsBefore = nullptr;
+    Delegate->OpenChange = Outer;
+    Delegate->Notices = OuterNotices;
+    Delegate->EditsBefore = OuterBefore;
+    Record();
+    if (Outer)
+        Outer->Begin();
+}
+
+void OrbelDelegate::OperatorChange::Begin()
+{
+    Before = Delegate->GetEdits();
+    Shape = Delegate->GetEditShape();
+    Delegate->EditsBefore = &Before;
+}
+
+void OrbelDelegate::OperatorChange::Record()
+{
     const QVariantList now = Delegate->GetEdits();
-    const QSet<int> own = std::exchange(Delegate->OwnEdits, {});
-    for (int i = 0; i < Before.size() && i < now.size() && !own.isEmpty(); ++i) {
-        if (!own.contains(i))
+    if (Delegate->GetEditShape() != Shape)
+        return;
+    // Handlers may have added values, or taken some away.
+    Before = Before.mid(0, now.size()) + now.mid(Before.size());
+    for (int i = 0; i < now.size() && !Own.isEmpty(); ++i) {
+        if (!Own.contains(i))
             Before[i] = now.at(i);
     }
     Delegate->Form().Record(Before, 0);
@@ -213,8 +236,8 @@ OrbelDelegate::OperatorChange::~OperatorChange()
 OrbelDelegate::EditNotice::EditNotice(OrbelDelegate *delegate, const QSet<int> &indices)
     : Running(delegate), Delegate(delegate)
 {
-    if (Delegate->Notices++ == 0 && Delegate->EditsBefore)
-        Delegate->OwnEdits += indices;
+    if (Delegate->Notices++ == 0 && Delegate->OpenChange)
+        Delegate->OpenChange->Own += indices;
 }
 
 } // namespace KV218
