@@ -135,6 +135,8 @@ public:
     virtual void PutEdits(const QVariantList &values);
     /// The same to undo or redo a change. What a control that is not modified holds is what was applied.
     void MoveEdits(const QVariantList &values);
+    /// Has the form record what the operator has changed so far, while handlers hear of it.
+    void RecordSoFar();
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
@@ -224,6 +226,7 @@ public:
 
     private:
         friend class EditNotice;
+        friend class OrbelDelegate;
 
         void Begin();
         void Record();
@@ -405,8 +408,12 @@ protected:
 private:
     friend class OrbelWidget;
 
+    struct JoinedAct;
+
     static bool IsSame(const QVariant &value, const QVariant &before);
     void KeepApplied();
+    QVariantList NodeTexts() const;
+    void BeginAnew();
     QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
@@ -453,8 +460,8 @@ private:
 
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
-    /// The same while the operator sets a node of the control's.
-    QVariantList *ActsBefore = nullptr;
+    /// While the operator sets a node of the control's.
+    JoinedAct *Act = nullptr;
     OperatorChange *OpenChange = nullptr;
     /// How many notices run within it.
     int Notices = 0;

@@ -32,6 +32,9 @@ public:
 
     /// The operator has changed this control, which had these values before; see FormChanges.
     void Record(const QVariantList &before, int session) const;
+    /// The operator begins to change this control, and has done so: handlers run between.
+    void Began() const;
+    void Ended() const;
     /// Whether changes count as the operator's.
     bool isActive() const;
     /// Must be told when this control becomes modified or is no more, and of new values of a modified one.
