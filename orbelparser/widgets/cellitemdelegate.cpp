@@ -29,12 +29,6 @@ bool CellItemDelegate::IsTyping(QWidget *editor) const
     return field && edit != Edits.constEnd() && field->text() != edit->Text;
 }
 
-void CellItemDelegate::KeepText(QWidget *editor) const
-{
-    const QLineEdit *field = FieldOf(editor);
-    Edits[editor].Text = field ? field->text() : QString();
-}
-
 bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
 {
     auto *editor = qobject_cast<QWidget *>(watched);
@@ -78,8 +72,15 @@ bool CellItemDelegate::FilterKey(QWidget *editor, const QKeyEvent &key)
 void CellItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     QStyledItemDelegate::setEditorData(editor, index);
-    KeepText(editor);
-    Edits[editor].Cell = index;
+    const QLineEdit *field = FieldOf(editor);
+    Edits[editor] = {index, field ? field->text() : QString()};
+}
+
+void CellItemDelegate::LeaveTyped(QWidget *editor, const QModelIndex &index) const
+{
+    const auto *number = qobject_cast<TypedSpinBox *>(editor);
+    const QVariant value = index.data(Qt::EditRole);
+    Edits[editor].Text = number ? number->textFromValue(value.toDouble()) : value.toString();
 }
 
 void CellItemDelegate::Finish(QWidget *editor, EndEditHint hint)
@@ -95,23 +96,23 @@ void CellItemDelegate::Finish(QWidget *editor, EndEditHint hint)
 
 void CellItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    if (auto *number = qobject_cast<TypedSpinBox *>(editor))
-        number->interpretText();
-    if (Edits.value(editor).Commits > 0 && !IsTyping(editor))
+    auto *number = qobject_cast<TypedSpinBox *>(editor);
+    const bool isOpen = Edits.contains(editor);
+    if (isOpen && number && !number->IsReadable()) {
+        // The box would go back to what it could read of the text, up to the last letter of that.
+        CellItemDelegate::setEditorData(editor, index);
         return;
-    const auto end = qScopeGuard([self = QPointer<const CellItemDelegate>(this), editor] {
-        if (!self)
-            return;
-        const auto edit = self->Edits.find(editor);
-        if (edit != self->Edits.end())
-            --edit->Commits;
-        if (--self->Commits == 0)
+    }
+    if (number)
+        number->interpretText();
+    if (isOpen && !IsTyping(editor))
+        return;
+    const auto end = qScopeGuard([self = QPointer<const CellItemDelegate>(this)] {
+        if (self && --self->Commits == 0)
             self->DestroyClosed();
     });
-    if (Edits.contains(editor)) {
-        KeepText(editor);
-        ++Edits[editor].Commits;
-    }
+    if (isOpen)
+        Edits[editor].Text = FieldOf(editor)->text();
     ++Commits;
     Commit(editor, model, index);
 }

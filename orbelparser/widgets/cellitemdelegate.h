@@ -37,20 +37,19 @@ protected:
     virtual void Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const;
     /// Where the letters of an editor are; null for one without.
     static QLineEdit *FieldOf(QWidget *editor);
-    /// Whether the operator has typed what is not committed yet.
+    /// Whether the operator has typed what the cell does not hold.
     bool IsTyping(QWidget *editor) const;
+    /// What stands in the editor stays, though the cell holds another value now.
+    void LeaveTyped(QWidget *editor, const QModelIndex &index) const;
 
 private:
     struct Edit {
         QPersistentModelIndex Cell;
-        /// The text that the cell had when it was shown or committed last.
+        /// The text of the cell, as far as it is known.
         QString Text;
-        /// How many commits of it run.
-        int Commits = 0;
     };
 
     bool FilterKey(QWidget *editor, const QKeyEvent &key);
-    void KeepText(QWidget *editor) const;
     void DestroyClosed() const;
     void DropEdit(QWidget *editor);
 

@@ -9,7 +9,9 @@ namespace KV218
 
 void RecordingCells::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    if (!IsTyping(editor))
+    if (IsTyping(editor))
+        LeaveTyped(editor, index);
+    else
         CellItemDelegate::setEditorData(editor, index);
 }
 

@@ -284,6 +284,27 @@ private Q_SLOTS:
         QTEST(live.Shown(), "shown");
     }
 
+    void whatIsTypedIsTakenWholeOrNotAtAll()
+    {
+        LiveTable live(Spacings, Shape);
+        QLineEdit other;
+        other.show();
+        QApplication::setActiveWindow(live.window.get());
+        TypeOver(live.Edit(0, 0), "2000");
+        QApplication::setActiveWindow(&other);
+        QApplication::setActiveWindow(live.window.get());
+        const auto *field = live.Table()->findChild<QLineEdit *>("qt_spinbox_lineedit");
+        QVERIFY2(field->text() == "2000", "another window leaves alone what is above the limit");
+        TypeOver(live.Table()->indexWidget(live.Table()->currentIndex()), "7x");
+        live.Table()->setFocus();
+        QVERIFY2(live.Shown() == "0 0 0", "of what is no number nothing is taken");
+        QWidget *editor = live.Edit(0, 0);
+        QTest::keyClick(editor, Qt::Key_Up);
+        live.form->EvaluateScript("s.setSpacingValue(0, 5)");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QVERIFY2(live.Shown() == "1 0 0", "a step is as good as letters");
+    }
+
     void setToAll_data()
     {
         const auto row = Columns<int, int, QString, QString>({"count", "row", "menu", "shown"}); // -1: by key
