@@ -96,23 +96,25 @@ void CellItemDelegate::Finish(QWidget *editor, EndEditHint hint)
 
 void CellItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    auto *number = qobject_cast<TypedSpinBox *>(editor);
+    const auto *number = qobject_cast<TypedSpinBox *>(editor);
     const bool isOpen = Edits.contains(editor);
+    const QLineEdit *field = FieldOf(editor);
     if (isOpen && number && !number->IsReadable()) {
         // The box would go back to what it could read of the text, up to the last letter of that.
         CellItemDelegate::setEditorData(editor, index);
         return;
     }
-    if (number)
-        number->interpretText();
-    if (isOpen && !IsTyping(editor))
+    if (auto *spin = qobject_cast<QAbstractSpinBox *>(editor))
+        spin->interpretText();
+    // A box of choices has no letters to compare.
+    if (isOpen && field && !IsTyping(editor))
         return;
     const auto end = qScopeGuard([self = QPointer<const CellItemDelegate>(this)] {
         if (self && --self->Commits == 0)
             self->DestroyClosed();
     });
-    if (isOpen)
-        Edits[editor].Text = FieldOf(editor)->text();
+    if (isOpen && field)
+        Edits[editor].Text = field->text();
     ++Commits;
     Commit(editor, model, index);
 }

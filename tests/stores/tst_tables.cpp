@@ -340,6 +340,13 @@ private Q_SLOTS:
         QCOMPARE(live.Table()->item(0, 0)->text(), QString("c"));
         QVERIFY2(live.log.Take().isEmpty() && !live.Get("s")->isModified(), "a script's change is silent here too");
         QCOMPARE(live.Written(), QString("m00:a m01:a m10:c m11:"));
+        live.form->EvaluateScript("s.setItemValue(0, 0, true)");
+        QTest::keyClick(live.Edit(0, 0), Qt::Key_Up);
+        QTest::keyClick(live.window->focusWidget(), Qt::Key_Return);
+        QVERIFY2(!live.Table()->item(0, 0)->data(Qt::DisplayRole).toBool(), "a choice");
+        live.Table()->setCurrentCell(1, 1);
+        live.form->EvaluateScript("s.setItemValue(0, 0, 'c')");
+        live.log.Take();
         live.form->EvaluateScript("s.setRowCount(1)");
         QCOMPARE(live.log.Take(), QString("s.currentCellChanged(0, 1, 1, 1)"));
         QCOMPARE(live.Table()->item(0, 0)->text(), QString("a"));
