@@ -136,6 +136,8 @@ public:
     virtual void PutEdits(const QVariantList &values);
     /// The same to undo or redo a change. What a control that is not modified holds is what was applied.
     void MoveEdits(const QVariantList &values);
+    /// Has the form record what the operator has changed so far, while handlers hear of it.
+    void RecordSoFar();
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
@@ -210,9 +212,12 @@ public:
         explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
     };
 
+    class EditNotice;
+
     /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the
-    /// form record the change at its end. Within another one, or within the operator's act on a node, it is a part of
-    /// that.
+    /// form record the change at its end. Within another one it is a part of that; but what he changes while handlers
+    /// hear of the other one, or of an entry that moves, is a change of its own, and the other one is recorded up to
+    /// there.
     class OperatorChange
     {
     public:
@@ -222,9 +227,22 @@ public:
         OperatorChange &operator=(const OperatorChange &) = delete;
 
     private:
+        friend class EditNotice;
+        friend class OrbelDelegate;
+
+        void Begin();
+        void Record();
+
         const Call Running;
+        /// Null for a part.
         OrbelDelegate *Delegate;
         QVariantList Before;
+        int Shape = 0;
+        /// The indices that notices have named.
+        QSet<int> Own;
+        OperatorChange *Outer = nullptr;
+        const QVariantList *OuterBefore = nullptr;
+        int OuterNotices = 0;
     };
 
     /// Stands while a control notifies others that its values at `indices` of GetEdits() have changed. What changes
@@ -398,8 +416,12 @@ protected:
 private:
     friend class OrbelWidget;
 
+    struct JoinedAct;
+
     static bool IsSame(const QVariant &value, const QVariant &before);
     void KeepApplied();
+    QVariantList NodeTexts() const;
+    void BeginAnew();
     QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
@@ -446,10 +468,10 @@ private:
 
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
-    /// The same while the operator sets a node of the control's.
-    QVariantList *ActsBefore = nullptr;
-    /// The indices that notices have named in a change of the operator's, and how many notices run.
-    QSet<int> OwnEdits;
+    /// While the operator sets a node of the control's.
+    JoinedAct *Act = nullptr;
+    OperatorChange *OpenChange = nullptr;
+    /// How many notices run within it.
     int Notices = 0;
     int ListDepth = 0;
     std::unique_ptr<QVariantList> Applied;

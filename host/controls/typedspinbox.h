@@ -77,6 +77,8 @@ private:
     // What was spelled last, of which number.
     mutable QString Spelled;
     mutable double SpelledNumber = 0;
+    // Another window takes the focus, and the edit goes on.
+    bool KeepsText = false;
     // An edit should have ended, so that what might become a number by typing on is wrong, too.
     bool IsFinal = false;
     TypingMark Mark{this};

@@ -44,6 +44,10 @@ public:
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
+    /// The operator begins to change a control, and has done so. What undoes or reverts in between takes in what has
+    /// been changed so far.
+    void Began(OrbelDelegate *control);
+    void Ended(OrbelDelegate *control);
     /// The operator changed a control, which had these values before. Changes of one `session` other than 0 become one.
     void Record(OrbelDelegate *control, const QVariantList &before, int session);
     /// A control's modified state, or the value of a modified one, may have changed.
@@ -62,7 +66,9 @@ Q_SIGNALS:
 private:
     /// A host may move the stack itself, by many entries at once.
     bool IsMoving() const { return Busy || *Moves > 0; }
+    bool HasHostsCommand() const;
     void PushWaiting();
+    void RecordRunning();
     void Go(bool back);
     void Push(ChangeEntry *entry);
     void TellLater();
@@ -73,6 +79,7 @@ private:
     FormLife *const Life;
     /// Deleted later: a receiver of its signals may end the form.
     QUndoStack *const Stack;
+    QVector<QPointer<OrbelDelegate>> Running;
     QHash<OrbelDelegate *, QPointer<OrbelDelegate>> Noted;
     /// The same in the order in which they came.
     QVector<OrbelDelegate *> NotedInOrder;

@@ -32,6 +32,9 @@ public:
 
     /// The operator has changed this control, which had these values before; see FormChanges.
     void Record(const QVariantList &before, int session) const;
+    /// The operator begins to change this control, and has done so: handlers run between.
+    void Began() const;
+    void Ended() const;
     /// Whether changes count as the operator's.
     bool isActive() const;
     /// Must be called when the control becomes modified or no longer is, and when a modified one has new values.

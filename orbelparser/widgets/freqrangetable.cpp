@@ -1,5 +1,6 @@
 #include "freqrangetable.h"
 
+#include "celledit.h"
 #include "cellitemdelegate.h"
 #include "fieldnote.h"
 #include "survives.h"
@@ -204,20 +205,10 @@ void FreqRangeTable::UpdateActions()
     DeleteAction->setEnabled(rowCount() > 0 && rowCount() > MinRows);
 }
 
-QWidget *FreqRangeTable::OpenEditor() const
-{
-    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
-}
-
 bool FreqRangeTable::FinishEditing()
 {
     // A mnemonic of the dialog acts without taking the focus, which would end the edit.
-    const QPointer<QWidget> editor(OpenEditor());
-    return !editor || Survives(this, [&] {
-        commitData(editor);
-        if (editor)
-            closeEditor(editor, QAbstractItemDelegate::NoHint);
-    });
+    return Survives(this, [this] { FinishCellEdit(this); });
 }
 
 void FreqRangeTable::SlotSortByStartFrequencies()

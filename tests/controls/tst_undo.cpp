@@ -5,6 +5,7 @@
 #include "formchanges.h"
 #include "liveform.h"
 #include "orbelspinbox.h"
+#include "valuecommentedrangemap.h"
 #include "vclineedit.h"
 #include "vcnumericfloatspin.h"
 
@@ -165,6 +166,76 @@ private Q_SLOTS:
         }
     }
 
+    /// What an undone or redone step of the history leaves, when it was interrupted in its handlers.
+    void undoWithinACommit_data()
+    {
+        const auto row = Columns<QString, QString, QString, QString>({"field", "typed", "how", "history"});
+        // clang-format off
+        row("a number is undone", "gain", "8", "undo", "5 7 8, at 1");
+        row("a number is reverted", "gain", "8", "revert", "5 7 8 5, at 3");
+        row("a range is reverted", "range_StopFrequency", "500 kHz", "revert", "1000000/2000000 1000000/7000000 499999/500000 1000000/2000000, at 3");
+        // clang-format on
+    }
+
+    void undoWithinACommit()
+    {
+        const auto [name, typed, how] = Fetch<QString, QString, QString>({"field", "typed", "how"});
+        Live live(Receiver());
+        auto *field = live.Find(name);
+        auto *control = live.Get(name.section('_', 0, 0));
+        TypeOver(field, name.contains('_') ? "7 MHz" : "7");
+        QTest::keyClick(field, Qt::Key_Return);
+        live.log.Watch("c", control);
+        auto *changes = live.form->GetSheet().GetChanges();
+        TypeOver(field, typed);
+        live.log.On(name == "gain" ? "c.valueChanged" : "c.rangeChanged", [&, how = how] {
+            QEventLoop loop;
+            QTimer::singleShot(0, &loop, [&] {
+                how == "undo" ? changes->Undo() : changes->RevertAll();
+                loop.quit();
+            });
+            loop.exec();
+        });
+        QTest::keyClick(field, Qt::Key_Return);
+        QUndoStack *stack = live.form->GetUndoStack();
+        const int at = stack->index();
+        QStringList history;
+        stack->setIndex(0);
+        for (int i = 0; i <= stack->count(); ++i) {
+            stack->setIndex(i);
+            QStringList texts;
+            for (const QVariant &value : control->GetEdits())
+                texts << value.toString();
+            history << texts.join('/');
+        }
+        QTEST(history.join(' ') + ", at " + QString::number(at), "history");
+    }
+
+    /// A list of ranges goes back with its keys and comments, which its dialog does not know.
+    void exclusionsKeepWhatTheirTextDoesNotTell()
+    {
+        Live live(Control("fhp", "SpecialObject_FHP"));
+        auto *ranges = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/fhp"));
+        CommentedRange range;
+        range.SetComment("a beacon");
+        ranges->SetAt(7, range, nullptr);
+        EnterExclusions(live.form, "fhp");
+        QCOMPARE(ranges->GetStringValue() + ranges->data().at(0).GetComment(), QString("100000..200000"));
+        Undo(live);
+        QCOMPARE(ranges->data().at(7).GetComment(), QString("a beacon"));
+        Redo(live);
+        QCOMPARE(ranges->GetStringValue(), QString("100000..200000"));
+    }
+
+    void aSpecialTextIsTold()
+    {
+        Live live(Control("squelch", "SpinBox",
+            {"value=Int:5", "minimum=Int:0", "specialValueText=String:off", "suffix=String: dB"}));
+        TypeOver(live.Find("squelch"), "off");
+        QTest::keyClick(live.Find("squelch"), Qt::Key_Return);
+        QTRY_COMPARE(live.form->GetUndoStack()->undoText(), QString("SQUELCH: 5 dB \u2192 off"));
+    }
+
     void aTuningSessionIsOneEntry()
     {
         Live live(Receiver());
@@ -299,6 +370,27 @@ private Q_SLOTS:
         QCOMPARE(stack->index(), 3);
         QTRY_COMPARE(stack->undoText(), QString("TEXT: one \u2192 two"));
         stack->undo();
+        QCOMPARE(live.Node("text"), QString("one"));
+    }
+
+    /// The same in a command of the host's own.
+    void aCommitWithinAHostsCommandComesAfterIt()
+    {
+        Live live(Receiver());
+        QUndoStack *stack = live.form->GetUndoStack();
+        struct FocusesGain : QUndoCommand {
+            explicit FocusesGain(QWidget *gain) : Gain(gain) { }
+            void redo() override { Gain->setFocus(); }
+            QWidget *Gain;
+        };
+        stack->push(new FocusesGain(live.Find("gain")));
+        stack->undo();
+        TypeOver(live.Find("text"), "two");
+        stack->redo();
+        QCOMPARE(live.Node("text"), QString("two"));
+        QTRY_COMPARE(stack->count(), 2);
+        QTRY_COMPARE(stack->undoText(), QString("TEXT: one \u2192 two"));
+        stack->setIndex(0);
         QCOMPARE(live.Node("text"), QString("one"));
     }
 
