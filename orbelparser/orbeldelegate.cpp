@@ -55,9 +55,8 @@ template <class Integer, class Wide> bool Fits(const QVariant &value, Wide wide)
 
 OrbelDelegate::OrbelDelegate(OrbelWidget *widget) : OwnerWidget(widget)
 {
-    // One list for all, until a control adds its own names.
     static const QStringList common{prop::Enabled, prop::ReadOnly, prop::Visible, prop::ToolTip};
-    DefinedProperties = common;
+    DefineProperties(common);
 }
 
 OrbelDelegate::~OrbelDelegate() = default;
@@ -196,9 +195,15 @@ bool OrbelDelegate::ParseProperty(QXmlStreamReader &reader, bool custom)
 
 void OrbelDelegate::ReadBackProperties()
 {
-    GenerateXml = property(prop::GenerateParameterXml.data()).toBool();
-    SetXmlPath(property(prop::ParameterXmlTag.data()).toString());
-    const QString mode = property(prop::ApplyMode.data()).toString();
+    // Most controls lack most of them, and Qt searches longest for what is not there.
+    const auto names = dynamicPropertyNames();
+    const auto read = [&](QLatin1String name) {
+        const auto isIt = [name](const QByteArray &known) { return HasLetters(known, name); };
+        return std::any_of(names.begin(), names.end(), isIt) ? property(name.data()) : QVariant();
+    };
+    GenerateXml = read(prop::GenerateParameterXml).toBool();
+    SetXmlPath(read(prop::ParameterXmlTag).toString());
+    const QString mode = read(prop::ApplyMode).toString();
     if (mode == QLatin1String("ekInstantApplyMode"))
         ApplyMode = ekInstantApplyMode;
     else if (mode == QLatin1String("ekNormalApplyMode"))
@@ -220,23 +225,15 @@ bool OrbelDelegate::ChangeProperty(const PropertyKey &name, const QVariant &valu
 
 void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &value)
 {
+    // The change of a declared property comes with no event.
     const bool declared = metaObject()->indexOfProperty(name.data()) >= 0;
-    const QVariant before = declared ? property(name.data()) : value;
+    const bool isReal = value.userType() == QMetaType::Double;
+    const QVariant before = declared || isReal ? property(name.data()) : QVariant();
     const Call call(this);
-    // A host's event filter may set a property before this object sees the event of a set.
-    SetInProgress *const outer = InProgress;
-    SetInProgress set{&name, &value, false};
-    {
-        // The change of a declared property comes with no event.
-        const QScopedValueRollback<SetInProgress *> inProgress(InProgress, declared ? outer : &set);
-        const bool isReal = value.userType() == QMetaType::Double;
-        Store(name, value, isReal && !declared ? property(name.data()) : before);
-    }
-    if (outer)
-        outer->Value = nullptr;
-    if (set.Told)
+    if (Store(name, value, before))
         return;
-    const bool equal = before.userType() == value.userType() && before == value;
+    // One that is not declared was equal, or Qt would have told of it.
+    const bool equal = !declared || (before.userType() == value.userType() && before == value);
     if (value.isValid() && equal) {
         QDynamicPropertyChangeEvent change(name.data());
         const QScopedValueRollback<bool> ownSet(OwnSet, true);
@@ -244,13 +241,23 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
     }
 }
 
-void OrbelDelegate::Store(const PropertyKey &name, const QVariant &value, const QVariant &before)
+/// Sets the property; whether its event has come. `before`, which it held, counts for numbers alone.
+bool OrbelDelegate::Store(const PropertyKey &name, const QVariant &value, const QVariant &before)
 {
-    // Qt keeps the number that it has when the new one is nearly the same.
-    if (value.userType() == QMetaType::Double && before == value && !IsSame(value, before))
-        SetPropertyQuietly(name, QVariant());
-    const QScopedValueRollback<bool> ownSet(OwnSet, true);
-    setProperty(name.data(), value);
+    // A host's event filter may set a property before this object sees the event of a set.
+    SetInProgress *const outer = InProgress;
+    SetInProgress set{&name, &value, false};
+    {
+        const QScopedValueRollback<SetInProgress *> inProgress(InProgress, &set);
+        // Qt keeps the number that it has when the new one is nearly the same.
+        if (value.userType() == QMetaType::Double && before == value && !IsSame(value, before))
+            SetPropertyQuietly(name, QVariant());
+        const QScopedValueRollback<bool> ownSet(OwnSet, true);
+        setProperty(name.data(), value);
+    }
+    if (outer)
+        outer->Value = nullptr;
+    return set.Told;
 }
 
 void OrbelDelegate::SetPropertyQuietly(const PropertyKey &name, const QVariant &value)
@@ -298,13 +305,12 @@ QVariant OrbelDelegate::HeldNumber(const QString &) const
     return QVariant();
 }
 
-bool OrbelDelegate::IsNoNumber(const QString &name, const QVariant &value) const
+bool OrbelDelegate::IsNoNumber(const QString &name, const QVariant &value, bool isNumber) const
 {
     const int type = value.userType();
     if (type == QMetaType::QString)
-        return IsNumber(name) && !std::isfinite(value.toDouble());
-    return type == QMetaType::Double && !std::isfinite(value.toDouble())
-        && (IsNumber(name) || HeldNumber(name).isValid());
+        return isNumber && !std::isfinite(value.toDouble());
+    return type == QMetaType::Double && !std::isfinite(value.toDouble()) && (isNumber || HeldNumber(name).isValid());
 }
 
 QVariant &OrbelDelegate::StatedValue(const QString &name)
@@ -385,27 +391,33 @@ bool OrbelDelegate::event(QEvent *e)
     const ExceptionStop::Zone zone(!std::exchange(OwnSet, false));
     const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
     // The set that leads here knows name and value; others are looked up.
-    const bool known = InProgress && key == InProgress->Name->data();
+    const bool known = InProgress && InProgress->Name->Is(key);
     SetInProgress *const set = known ? std::exchange(InProgress, nullptr) : nullptr;
     const QVariant *given = known ? set->Value : nullptr;
     if (known)
         set->Told = true;
     if (!key.startsWith("_q_")) {
-        QVariant value = given ? *given : property(key.constData());
         const QString name = known ? set->Name->toString() : QString::fromLatin1(key);
-        if (IsNoNumber(name, value)) {
-            value = HeldNumber(name);
-            if (!value.isValid())
-                value = StatedValue(name);
-            SetPropertyQuietly(name, value);
-            if (!value.isValid())
-                return QObject::event(e);
-        } else if (IsNumber(name)) {
-            StatedValue(name) = value;
-        }
-        PropertyChanged(name, value);
+        TakeProperty(name, given ? *given : property(key.constData()));
     }
     return QObject::event(e);
+}
+
+/// A property has got a value, which is not kept where it should be a number and is none.
+void OrbelDelegate::TakeProperty(const QString &name, const QVariant &value)
+{
+    const bool isNumber = IsNumber(name);
+    if (!IsNoNumber(name, value, isNumber)) {
+        if (isNumber)
+            StatedValue(name) = value;
+        PropertyChanged(name, value);
+        return;
+    }
+    const QVariant held = HeldNumber(name);
+    const QVariant kept = held.isValid() ? held : StatedValue(name);
+    SetPropertyQuietly(name, kept);
+    if (kept.isValid())
+        PropertyChanged(name, kept);
 }
 
 void OrbelDelegate::Update(Observable *subject, TChangeCode code)
@@ -529,9 +541,14 @@ quint64 OrbelDelegate::GetUInt64(const PropertyKey &name, quint64 defaultValue) 
 
 double OrbelDelegate::GetDouble(const PropertyKey &name, double defaultValue) const
 {
+    return FiniteNumber(property(name.data()), defaultValue);
+}
+
+double OrbelDelegate::FiniteNumber(const QVariant &value, double defaultValue)
+{
     bool ok = false;
-    const double value = property(name.data()).toDouble(&ok);
-    return ok && std::isfinite(value) ? value : defaultValue;
+    const double number = value.toDouble(&ok);
+    return ok && std::isfinite(number) ? number : defaultValue;
 }
 
 QString OrbelDelegate::GetString(const PropertyKey &name, const QString &defaultValue) const

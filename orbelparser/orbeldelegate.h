@@ -307,7 +307,10 @@ protected:
         });
     }
 
-    /// Puts a name on the list of those that are forwarded to the control.
+    /// Makes `names` the list of those that are forwarded to the control. A class has one list for all its controls:
+    /// what GetDefinedProperties() gives in its constructor, and its own names behind.
+    void DefineProperties(const QStringList &names) { DefinedProperties = names; }
+    /// Puts a further name on the list.
     void DefineProperty(const QString &name);
     void UndefineProperty(const QString &name);
     bool IsDefined(const QString &name) const { return DefinedProperties.contains(name); }
@@ -381,6 +384,8 @@ protected:
     /// A frequency by formatString(), in MHz or kHz where it is greater than one of them, down to 0.001 Hz.
     static QString formatHertz(double hertz);
 
+    /// The number in a property's value; the default for one that is infinite or none.
+    static double FiniteNumber(const QVariant &value, double defaultValue);
     /// The number of a text in a parameter document: one that is infinite or none is 0.
     static QString FiniteText(const QString &text);
     /// Adds an element name to be read into this control, unless it is there in any case.
@@ -423,8 +428,9 @@ private:
     QVariantList NodeTexts() const;
     void BeginAnew();
     QVariant &StatedValue(const QString &name);
-    bool IsNoNumber(const QString &name, const QVariant &value) const;
-    void Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
+    bool IsNoNumber(const QString &name, const QVariant &value, bool isNumber) const;
+    bool Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
+    void TakeProperty(const QString &name, const QVariant &value);
     void GiveBack(const QString &name, QObject *target);
 
     void SetBoundsTooltip(QWidget *control, const QString &lowest, const QString &highest);
@@ -438,7 +444,7 @@ private:
     bool ParseProperty(QXmlStreamReader &reader, bool custom);
     void ReadBackProperties();
 
-    /// A call of SetPropertyAlways() between the set and its event, which needs no look-up then.
+    /// An own set of a property until its event comes, which needs no look-up then.
     struct SetInProgress {
         const PropertyKey *Name;
         const QVariant *Value;

@@ -46,8 +46,9 @@ OrbelElement *OrbelElement::Append(OrbelElement *child)
 void OrbelElement::EnterTags(OrbelElement *child)
 {
     for (const QString &tag : qAsConst(child->Tags)) {
-        if (!ChildByTag.contains(tag))
-            ChildByTag.insert(tag, child);
+        OrbelElement *&known = ChildByTag[tag];
+        if (!known)
+            known = child;
     }
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QByteArray>
 #include <QLatin1String>
+
+#include <cstring>
 
 namespace KV218
 {
@@ -9,6 +12,12 @@ namespace KV218
 template <int Size> constexpr QLatin1String Latin1(const char (&text)[Size])
 {
     return QLatin1String(text, Size - 1);
+}
+
+/// Whether the bytes are those of a text, which QLatin1String would have to be told by counting them.
+inline bool HasLetters(const QByteArray &bytes, QLatin1String text)
+{
+    return bytes.size() == text.size() && std::memcmp(bytes.constData(), text.data(), size_t(text.size())) == 0;
 }
 
 } // namespace KV218

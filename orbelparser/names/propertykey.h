@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QLatin1String>
+#include "latin1.h"
+
 #include <QString>
 #include <QVarLengthArray>
 
@@ -36,6 +37,7 @@ public:
 
     /// The bytes in Latin-1, with a zero at the end; alive as long as this.
     const char *data() const { return Bytes.constData(); }
+    bool Is(const QByteArray &name) const { return HasLetters(name, QLatin1String(data(), Bytes.size() - 1)); }
     /// The bytes as text again.
     QString toString() const { return Same ? *Same : QString::fromLatin1(data()); }
 

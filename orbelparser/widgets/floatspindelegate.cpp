@@ -17,6 +17,9 @@ bool FloatSpinDelegate::WriteToNode(const QString &name, const QVariant &value)
 {
     const bool isLimit = name == prop::Minimum || name == prop::Maximum || name == prop::SingleStep
         || name == prop::DisplayScalingFactor;
+    // The node's own news comes back here.
+    if (name == prop::Value && value.userType() == QMetaType::Double && value.toDouble() == ValueNode->GetValue())
+        return false;
     if (name == prop::Value)
         ValueNode->SetValue(value.toDouble(), this);
     else if (isLimit)
@@ -38,16 +41,18 @@ void FloatSpinDelegate::WriteLimitsToNode()
 QVariant FloatSpinDelegate::HeldNumber(const QString &name) const
 {
     constexpr double none = 1e308;
-    const double factor = DisplayFactor(*this);
     if (!ValueNode)
         return QVariant();
+    if (name == prop::Value)
+        return ValueNode->GetValue();
+    const double factor = DisplayFactor(*this);
     if (name == prop::Minimum && ValueNode->GetMin() > -none)
         return ValueNode->GetMin() * factor;
     if (name == prop::Maximum && ValueNode->GetMax() < none)
         return ValueNode->GetMax() * factor;
     if (name == prop::SingleStep)
         return ValueNode->GetStep() * factor;
-    return name == prop::Value ? QVariant(ValueNode->GetValue()) : QVariant();
+    return QVariant();
 }
 
 void FloatSpinDelegate::TakeNode()

@@ -29,12 +29,10 @@ OrbelDelegate *NewFrequencyRangeEdit(OrbelWidget *widget)
 
 OrbelFrequencyRangeEdit::OrbelFrequencyRangeEdit(OrbelWidget *widget) : OrbelDelegate(widget)
 {
-    DefineProperty(prop::StartFrequency);
-    DefineProperty(prop::StartFrequencyParameterXmlTag);
-    DefineProperty(prop::StopFrequency);
-    DefineProperty(prop::StopFrequencyParameterXmlTag);
-    DefineProperty(prop::StartFrequencyUnitScale);
-    DefineProperty(prop::StopFrequencyUnitScale);
+    static const QStringList names = GetDefinedProperties()
+        + QStringList{prop::StartFrequency, prop::StartFrequencyParameterXmlTag, prop::StopFrequency,
+            prop::StopFrequencyParameterXmlTag, prop::StartFrequencyUnitScale, prop::StopFrequencyUnitScale};
+    DefineProperties(names);
 }
 
 void OrbelFrequencyRangeEdit::CreateValueTree()

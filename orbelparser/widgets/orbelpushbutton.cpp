@@ -13,8 +13,8 @@ OrbelDelegate *NewPushButton(OrbelWidget *widget)
 
 OrbelPushButton::OrbelPushButton(OrbelWidget *widget) : OrbelDelegate(widget)
 {
-    DefineProperty(prop::Icon);
-    DefineProperty(prop::IconSize);
+    static const QStringList names = GetDefinedProperties() + QStringList{prop::Icon, prop::IconSize};
+    DefineProperties(names);
 }
 
 void OrbelPushButton::CreateGUI(FloatGroupLayout *layout)

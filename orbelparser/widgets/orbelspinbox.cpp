@@ -15,11 +15,9 @@ OrbelDelegate *NewSpinBox(OrbelWidget *widget)
 
 OrbelSpinBox::OrbelSpinBox(OrbelWidget *widget) : SpinDelegate(widget)
 {
-    DefineProperty(prop::Prefix);
-    DefineProperty(prop::Minimum);
-    DefineProperty(prop::Maximum);
-    DefineProperty(prop::SpecialValueText);
-    DefineProperty(prop::DisplayAdditiveOffset);
+    static const QStringList names = GetDefinedProperties()
+        + QStringList{prop::Prefix, prop::Minimum, prop::Maximum, prop::SpecialValueText, prop::DisplayAdditiveOffset};
+    DefineProperties(names);
 }
 
 void OrbelSpinBox::CreateValueTree()

@@ -16,8 +16,8 @@ namespace KV218
 
 template <class Node> SpinListDelegate<Node>::SpinListDelegate(OrbelWidget *widget) : OrbelDelegate(widget)
 {
-    DefineProperty(prop::Prefix);
-    DefineProperty(prop::SpecialValueText);
+    static const QStringList names = GetDefinedProperties() + QStringList{prop::Prefix, prop::SpecialValueText};
+    DefineProperties(names);
 }
 
 template <class Node> QVector<ValueBase *> SpinListDelegate<Node>::GetNodes() const
