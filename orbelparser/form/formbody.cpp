@@ -6,7 +6,6 @@
 #include "loadhooks.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
-#include "scripttypes.h"
 #include "trace.h"
 #include "translationcenter.h"
 #include "xmlwalk.h"
@@ -278,7 +277,10 @@ void FormBody::EvaluateScript(const QString &text)
 
 void FormBody::SetScriptValue(const QString &name, QObject *object)
 {
-    SetScriptValue(name, Engine->newQObject(object));
+    const QScriptValue made = Engine->newQObject(object);
+    if (object)
+        Prototypes.Keep(*Engine, object->metaObject(), made);
+    SetScriptValue(name, made);
 }
 
 void FormBody::SetScriptValue(const QString &name, const QScriptValue &value)

@@ -5,6 +5,7 @@
 #include "orbelenum.h"
 #include "orbelscript.h"
 #include "orbelsheet.h"
+#include "scripttypes.h"
 
 #include <memory>
 #include <QMap>
@@ -93,6 +94,7 @@ private:
     OrbelSheet Sheet;
     OrbelScript Script;
     std::unique_ptr<QScriptEngine> Engine;
+    ScriptPrototypes Prototypes;
     std::unique_ptr<QScriptEngineDebugger> Debugger;
     FormConfiguration Configuration;
 };

@@ -32,4 +32,14 @@ void RegisterScriptTypes(QScriptEngine *engine)
     qScriptRegisterSequenceMetaType<QList<QString>>(engine);
 }
 
+void ScriptPrototypes::Keep(QScriptEngine &engine, const QMetaObject *meta, const QScriptValue &object)
+{
+    if (Given.contains(meta))
+        return;
+    Given.insert(meta);
+    const int type = QMetaType::type(QByteArray(meta->className()) + '*');
+    if (type != QMetaType::UnknownType)
+        engine.setDefaultPrototype(type, object.prototype());
+}
+
 } // namespace KV218
