@@ -4,6 +4,7 @@
 #include "valuebase.h"
 
 #include <algorithm>
+#include <utility>
 
 static OperatorAct *Innermost = nullptr;
 
@@ -22,7 +23,7 @@ OperatorAct::~OperatorAct()
     if (!Node)
         return;
     Innermost = Outer;
-    for (const End &end : qAsConst(Ends)) {
+    for (const End &end : Ends) {
         try {
             end.Then();
         } catch (...) {
@@ -43,11 +44,11 @@ int OperatorAct::NewSession()
     return ++last;
 }
 
-bool OperatorAct::AtEnd(const void *who, const std::function<void()> &then)
+bool OperatorAct::AtEnd(const void *who, std::function<void()> then)
 {
     const auto isIt = [who](const End &end) { return end.Who == who; };
-    if (std::any_of(Ends.cbegin(), Ends.cend(), isIt))
+    if (std::any_of(Ends.begin(), Ends.end(), isIt))
         return false;
-    Ends.append({who, then});
+    Ends.push_back({who, std::move(then)});
     return true;
 }

@@ -3,9 +3,9 @@
 #include "hostexport.h"
 
 #include <QString>
-#include <QVector>
 
 #include <functional>
+#include <vector>
 
 class Observable;
 class ValueBase;
@@ -33,7 +33,7 @@ public:
     int GetSession() const { return Session; }
     /// Does `then` when the node is set and everybody was told; for each `who` the first one only. False for a further
     /// one.
-    bool AtEnd(const void *who, const std::function<void()> &then);
+    bool AtEnd(const void *who, std::function<void()> then);
 
 private:
     struct End {
@@ -45,5 +45,5 @@ private:
     QString Before;
     int Session = 0;
     OperatorAct *Outer = nullptr;
-    QVector<End> Ends;
+    std::vector<End> Ends;
 };

@@ -182,14 +182,14 @@ void OrbelDelegate::JoinAct(const Observable *node)
     if (!act)
         return;
     const auto joined = std::make_shared<JoinedAct>(this, act->GetSession());
-    const auto record = [this, joined, node, outer = EditsBefore, outerAct = Act] {
+    auto record = [this, joined, node, outer = EditsBefore, outerAct = Act] {
         EditsBefore = outer;
         Act = outerAct;
         LeaveToOthers(node);
         Form().Ended();
         Form().Record(joined->Before, joined->Session);
     };
-    if (!act->AtEnd(this, record))
+    if (!act->AtEnd(this, std::move(record)))
         return;
     for (const ValueBase *own : GetNodes())
         joined->Before.append(own == node ? act->GetBefore() : own->GetStringValue());
