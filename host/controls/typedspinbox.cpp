@@ -3,6 +3,7 @@
 #include "decimalarithmetic.h"
 #include "editend.h"
 #include "frequencytext.h"
+#include "numbertext.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,6 +13,22 @@
 #include <cmath>
 
 static constexpr double RoomWithoutLimit = 9999999999.0; // what a box without a limit is wide enough for
+
+/// Not by the locale where it writes the digits as everybody does: that costs as much as all else that a box does
+/// itself to show a number.
+static QString SpellWithoutGroups(double number, int places, const QLocale &locale)
+{
+    const QChar point = locale.decimalPoint();
+    if (locale.zeroDigit() == QLatin1Char('0') && locale.negativeSign() == QLatin1Char('-')) {
+        QString text = NumberToText(number, places);
+        return point == QLatin1Char('.') ? text : text.replace(QLatin1Char('.'), point);
+    }
+    // A changed locale is a new one, and smaller numbers have no groups.
+    QLocale plain = locale;
+    if (std::fabs(number) >= 999)
+        plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
+    return plain.toString(number, 'f', places);
+}
 
 TypedSpinBox::TypedSpinBox(QWidget *parent) : QDoubleSpinBox(parent)
 {
@@ -46,14 +63,19 @@ bool TypedSpinBox::Enter(const QString &text, QString *note)
     return number.IsNumber();
 }
 
+void TypedSpinBox::PrepareDecimals(int places)
+{
+    const QScopedValueRollback<bool> preparing(IsPreparing, true);
+    setDecimals(places);
+}
+
 QString TypedSpinBox::textFromValue(double number) const
 {
+    if (IsPreparing)
+        return cleanText();
     const double finite = std::isinf(number) ? std::copysign(RoomWithoutLimit, number) : number;
-    QLocale plain = locale();
-    // Smaller numbers have no groups, and a changed locale is a new one.
-    if (std::fabs(finite) >= 999)
-        plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
-    Spelled = FrequencyText::BeforeSuffix(plain.toString(finite, 'f', decimals()), suffix(), plain.decimalPoint());
+    const QLocale ours = locale();
+    Spelled = FrequencyText::BeforeSuffix(SpellWithoutGroups(finite, decimals(), ours), suffix(), ours.decimalPoint());
     SpelledNumber = number;
     return Spelled;
 }

@@ -45,6 +45,8 @@ protected:
     virtual bool IsTyping() const;
     virtual double Scale() const { return 1; }
 
+    /// setDecimals() in a fresh box, which shows its first number next and need not lay out one in its place.
+    void PrepareDecimals(int places);
     /// What a text means to the box now, in shown units.
     TypedNumber ReadText(const QString &text) const;
     /// Marks the text that stands there, and tells what it means.
@@ -81,5 +83,7 @@ private:
     bool KeepsText = false;
     // An edit should have ended, so that what might become a number by typing on is wrong, too.
     bool IsFinal = false;
+    // The decimal places change, and the number that is to be shown comes behind.
+    bool IsPreparing = false;
     TypingMark Mark{this};
 };

@@ -317,8 +317,9 @@ void VCNumericFloatSpin::ShowNode()
     const auto range = Number.OpenRange();
     const double shown = Number.Shown();
     const bool sameForm = places == decimals() && range == AppliedRange;
+    const bool isFresh = ShownText.isNull() && QDoubleSpinBox::value() == 0;
     if (places != decimals())
-        setDecimals(places);
+        isFresh ? PrepareDecimals(places) : setDecimals(places);
     if (range != AppliedRange) {
         AppliedRange = range;
         setRange(range.first, range.second);
@@ -328,8 +329,8 @@ void VCNumericFloatSpin::ShowNode()
         Shown = QDoubleSpinBox::value();
         ShownText = lineEdit()->text();
         // Whoever heard of the change may have set another number, which does not stand for this one.
-        const double unitsApart = std::fabs(Shown - shown) * std::pow(10, decimals());
-        Given = unitsApart < 0.6 ? shown : qQNaN();
+        const bool isIt = Shown == shown || std::fabs(Shown - shown) * std::pow(10, decimals()) < 0.6; // units apart
+        Given = isIt ? shown : qQNaN();
     } else {
         // The arrows follow the step, which may have changed.
         update();

@@ -5,43 +5,60 @@
 #include <QLocale>
 
 #include <cmath>
+#include <optional>
 
-/// Whole thousandths, as most numbers of forms are, without the search for the shortest text: of all decimals with 15
-/// digits only one is nearest to a double, and a quotient of integers is that double. Null for other numbers.
-static QString ThousandthsToText(double number)
+static constexpr int MostPlaces = 3;
+
+/// The number in units of the last one of up to three decimal places, as most numbers of forms are whole: of all
+/// decimals with 15 digits only one is nearest to a double, and a quotient of integers is that double. Nothing for
+/// other numbers.
+static std::optional<qint64> WholeUnits(double number, int places)
 {
+    constexpr double powers[] = {1, 10, 100, 1000};
     constexpr double most = 1e12;
-    if (!(std::fabs(number) < most) || number == 0)
-        return QString();
-    const qint64 thousandths = std::llround(number * 1000);
-    if (double(thousandths) / 1000 != number)
-        return QString();
-    qint64 rest = std::abs(thousandths);
-    int places = 3;
-    for (; places > 0 && rest % 10 == 0; --places)
-        rest /= 10;
+    const bool isMinusZero = number == 0 && std::signbit(number);
+    if (!(std::fabs(number) < most) || isMinusZero || places < 0 || places > MostPlaces)
+        return {};
+    const qint64 units = std::llround(number * powers[places]);
+    return double(units) / powers[places] == number ? std::optional(units) : std::nullopt;
+}
+
+static QString UnitsToText(qint64 units, int places)
+{
     char text[24];
     char *const end = text + sizeof text;
     char *first = end;
+    qint64 rest = std::abs(units);
     for (int place = 0; place < places; ++place, rest /= 10)
         *--first = char('0' + rest % 10);
     if (places > 0)
         *--first = '.';
-    for (; rest > 0 || first == end || *first == '.'; rest /= 10)
+    do {
         *--first = char('0' + rest % 10);
-    if (number < 0)
+        rest /= 10;
+    } while (rest > 0);
+    if (units < 0)
         *--first = '-';
     return QString::fromLatin1(first, int(end - first));
 }
 
 QString NumberToText(double number)
 {
-    const QString plain = ThousandthsToText(number);
-    if (!plain.isEmpty())
-        return plain;
+    if (std::optional<qint64> units = WholeUnits(number, MostPlaces)) {
+        int places = MostPlaces;
+        for (; places > 0 && *units % 10 == 0; --places)
+            *units /= 10;
+        return UnitsToText(*units, places);
+    }
     const double size = std::fabs(number);
     const bool ordinary = size == 0 || (size >= 1e-15 && size < 1e21);
     return QString::number(number, ordinary ? 'f' : 'g', QLocale::FloatingPointShortest);
+}
+
+QString NumberToText(double number, int places)
+{
+    const std::optional<qint64> units = WholeUnits(number, places);
+    return units ? UnitsToText(*units, places) : QString::number(number, 'f', places);
 }
 
 bool TextToNumber(const QString &text, double &number)

@@ -1,6 +1,7 @@
 #include "orbeldoublespinbox.h"
 
 #include "newcontrol.h"
+#include "numbertext.h"
 #include "spinbuilder.h"
 
 #include <QXmlStreamReader>
@@ -15,10 +16,9 @@ OrbelDelegate *NewDoubleSpinBox(OrbelWidget *widget)
 
 OrbelDoubleSpinBox::OrbelDoubleSpinBox(OrbelWidget *widget) : FloatSpinDelegate(widget)
 {
-    DefineProperty(prop::Prefix);
-    DefineProperty(prop::Minimum);
-    DefineProperty(prop::Maximum);
-    DefineProperty(prop::SpecialValueText);
+    static const QStringList names
+        = GetDefinedProperties() + QStringList{prop::Prefix, prop::Minimum, prop::Maximum, prop::SpecialValueText};
+    DefineProperties(names);
 }
 
 void OrbelDoubleSpinBox::ShowBounds()
@@ -28,7 +28,7 @@ void OrbelDoubleSpinBox::ShowBounds()
 
 QString OrbelDoubleSpinBox::DocumentText() const
 {
-    const QString text = QString::number(Number, 'f', Decimals);
+    const QString text = NumberToText(Number, Decimals);
     // Meant: whole numbers lose their zero with one decimal place, and with no other count of places.
     return Decimals == 1 && text.contains(QLatin1String(".0")) ? QString::number(Number, 'f', 0) : text;
 }
@@ -44,7 +44,7 @@ void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &va
 {
     // Before anybody hears of it, who may ask for the document.
     if (name == prop::Value)
-        Number = GetDouble(prop::Value, 0.0);
+        Number = FiniteNumber(value, 0.0);
     else if (name == prop::Decimals)
         Decimals = DocumentDecimals(*this);
     FloatSpinDelegate::PropertyChanged(name, value);

@@ -284,6 +284,7 @@ private Q_SLOTS:
     /// `value` is null where the node refuses the text.
     void numbersAreSpelledShort()
     {
+        QCOMPARE(NumberToText(-0.0, 1), QString::number(-0.0, 'f', 1));
         QRandomGenerator random(11);
         for (int i = 0; i < 200000; ++i) {
             const qint64 thousandths = qint64(random.generate64()) >> random.bounded(64);
@@ -292,6 +293,8 @@ private Q_SLOTS:
                 const bool ordinary = near == 0 || (std::fabs(near) >= 1e-15 && std::fabs(near) < 1e21);
                 QCOMPARE(
                     NumberToText(near), QString::number(near, ordinary ? 'f' : 'g', QLocale::FloatingPointShortest));
+                const int places = int(i % 6) - 1;
+                QCOMPARE(NumberToText(near, places), QString::number(near, 'f', places));
             }
         }
     }
