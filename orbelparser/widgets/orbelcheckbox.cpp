@@ -35,30 +35,30 @@ void OrbelCheckBox::CreateGUI(FloatGroupLayout *layout)
     layout->addGroup();
 }
 
-QString OrbelCheckBox::CheckedText() const
-{
-    return GetString(prop::CheckedValue, QStringLiteral("true"));
-}
-
 void OrbelCheckBox::GetXml(QXmlStreamWriter &writer) const
 {
     if (!GenerateXml)
         return;
-    const bool checked = GetBool(prop::Checked, false);
-    writer.writeTextElement(
-        GetXmlTagName(), checked ? CheckedText() : GetString(prop::UncheckedValue, QStringLiteral("false")));
+    writer.writeTextElement(GetXmlTagName(), IsChecked ? CheckedText : UncheckedText);
 }
 
 void OrbelCheckBox::ReadXml(QXmlStreamReader &reader)
 {
     // Meant: any other text unchecks, so a misspelled one is not noticed.
-    const bool checked = reader.readElementText() == CheckedText();
+    const bool checked = reader.readElementText() == CheckedText;
     SetPropertyAlways(prop::Checked, checked);
     Q_EMIT toggled(checked);
 }
 
 void OrbelCheckBox::PropertyChanged(const QString &name, const QVariant &value)
 {
+    // Before anybody hears of it, who may ask for the document.
+    if (name == prop::Checked)
+        IsChecked = value.toBool();
+    else if (name == prop::CheckedValue)
+        CheckedText = GetString(prop::CheckedValue, QStringLiteral("true"));
+    else if (name == prop::UncheckedValue)
+        UncheckedText = GetString(prop::UncheckedValue, QStringLiteral("false"));
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::Checked && ValueNode)
         ValueNode->SetValue(value.toBool(), this);

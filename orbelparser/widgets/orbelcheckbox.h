@@ -36,8 +36,10 @@ protected:
     void NodeChanged(Observable *subject, TChangeCode code) override;
 
 private:
-    /// The text that stands for a ticked box.
-    QString CheckedText() const;
+    // What a parameter document asks for at each writing, and the texts that stand for both states there.
+    bool IsChecked = false;
+    QString CheckedText = QStringLiteral("true");
+    QString UncheckedText = QStringLiteral("false");
 };
 
 } // namespace KV218

@@ -85,7 +85,7 @@ void OrbelComboBox::GetXml(QXmlStreamWriter &writer) const
         return;
     writer.writeStartElement(GetXmlTagName());
     WriteUnitAttribute(writer);
-    writer.writeCharacters(GetString(prop::CurrentValue, QString()));
+    writer.writeCharacters(CurrentValue);
     writer.writeEndElement();
 }
 
@@ -111,6 +111,9 @@ void OrbelComboBox::TakeNode()
 
 void OrbelComboBox::PropertyChanged(const QString &name, const QVariant &value)
 {
+    // Before anybody hears of it, who may ask for the document.
+    if (name == prop::CurrentValue)
+        CurrentValue = value.toString();
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::CurrentValue && ValueNode) {
         const int index = firstIndexOfValue(value.toString());

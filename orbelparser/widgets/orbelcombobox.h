@@ -68,6 +68,8 @@ private:
 
     /// Null when the form does not know the enumeration.
     QExplicitlySharedDataPointer<OrbelEnum> Enum;
+    // What a parameter document asks for at each writing.
+    QString CurrentValue;
 };
 
 } // namespace KV218

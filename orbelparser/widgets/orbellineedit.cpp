@@ -17,8 +17,8 @@ OrbelDelegate *NewLineEdit(OrbelWidget *widget)
 
 OrbelLineEdit::OrbelLineEdit(OrbelWidget *widget) : BoundDelegate(widget)
 {
-    DefineProperty(prop::InputMask);
-    DefineProperty(prop::MaxLength);
+    static const QStringList names = GetDefinedProperties() + QStringList{prop::InputMask, prop::MaxLength};
+    DefineProperties(names);
 }
 
 void OrbelLineEdit::CreateValueTree()
@@ -48,7 +48,7 @@ void OrbelLineEdit::GetXml(QXmlStreamWriter &writer) const
         return;
     writer.writeStartElement(GetXmlTagName());
     WriteUnitAttribute(writer);
-    writer.writeCharacters(GetString(prop::Text, QString()));
+    writer.writeCharacters(Text);
     writer.writeEndElement();
 }
 
@@ -66,6 +66,9 @@ void OrbelLineEdit::forceFinishEditing()
 
 void OrbelLineEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
+    // Before anybody hears of it, who may ask for the document.
+    if (name == prop::Text)
+        Text = value.toString();
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::Text && ValueNode)
         ValueNode->SetValue(value.toString(), this);

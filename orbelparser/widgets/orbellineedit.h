@@ -45,6 +45,10 @@ private Q_SLOTS:
     void SlotTextEdited(QString text);
     void SlotTextFinallyChanged(QString value);
     void SlotReturnPressed();
+
+private:
+    // What a parameter document asks for at each writing.
+    QString Text;
 };
 
 } // namespace KV218
