@@ -3,12 +3,59 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
+
+namespace
+{
+
+/// What the room for the items of a box depends on, and how much that is.
+struct Room {
+    auto Look() const { return std::tie(Style, Texts, Font, Direction, Dpi, PixelRatio); }
+
+    QPointer<QStyle> Style;
+    QStringList Texts;
+    QFont Font;
+    Qt::LayoutDirection Direction = Qt::LeftToRight;
+    int Dpi = 0;
+    double PixelRatio = 0;
+    QSize Size;
+};
+
+/// That of the box that was measured last, of any. Never destroyed, since fonts do not outlive the application.
+Room &LastRoom()
+{
+    static auto *const last = new Room;
+    return *last;
+}
+
+/// The room that `measure` finds for a box in the standard look, which the boxes of a form mostly share.
+template <class Measure> QSize SharedRoom(const QComboBox &box, const Measure &measure)
+{
+    QStyle *const style = box.style();
+    bool isShared = !style->inherits("QStyleSheetStyle") && !qobject_cast<QProxyStyle *>(style); // may look at the box
+    QStringList texts;
+    for (int i = 0; i < box.count() && isShared; ++i) {
+        texts.append(box.itemText(i));
+        isShared = !box.itemData(i, Qt::DecorationRole).isValid();
+    }
+    if (!isShared)
+        return measure();
+    Room room{style, texts, box.font(), box.layoutDirection(), box.logicalDpiY(), box.devicePixelRatioF(), QSize()};
+    if (room.Look() != LastRoom().Look()) {
+        room.Size = measure();
+        LastRoom() = room;
+    }
+    return LastRoom().Size;
+}
+
+} // namespace
 
 static QString Translated(const QByteArray &context, const QString &name)
 {
@@ -85,8 +132,10 @@ template <class Base> QSize VCComboBoxClassic::Measured(const Base &measure) con
     const bool asMade = sizeAdjustPolicy() == AdjustToContentsOnFirstShow && minimumContentsLength() == 0
         && !isEditable() && hasFrame() && WatchedModel && model() == WatchedModel && modelColumn() == 0
         && !rootModelIndex().isValid();
-    if (!asMade || MeasuredChange != Change || MeasuredIcons != iconSize())
+    if (!asMade)
         Measure = measure();
+    else if (MeasuredChange != Change || MeasuredIcons != iconSize())
+        Measure = SharedRoom(*this, measure);
     MeasuredChange = asMade ? Change : -1;
     MeasuredIcons = iconSize();
     return Measure;
@@ -122,8 +171,10 @@ void VCComboBoxClassic::wheelEvent(QWheelEvent *event)
 void VCComboBoxClassic::changeEvent(QEvent *event)
 {
     QComboBox::changeEvent(event);
-    if (event->type() == QEvent::StyleChange)
+    if (event->type() == QEvent::StyleChange) {
         MinimumHint = QSize();
+        LastRoom() = Room();
+    }
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
         Hint = QSize();
         ++Change;

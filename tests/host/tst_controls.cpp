@@ -402,6 +402,7 @@ private Q_SLOTS:
     /// What a box remembers of its size must never be seen.
     void hintsAreThoseOfAPlainBox()
     {
+        const std::unique_ptr<QStyle> other(QStyleFactory::create("windows"));
         const std::vector<std::function<void(QComboBox &)>> steps{
             [](QComboBox &box) { box.show(); },
             [](QComboBox &box) { box.addItem("a much longer item than all the others"); },
@@ -409,8 +410,9 @@ private Q_SLOTS:
             [](QComboBox &box) { box.removeItem(1); },
             [](QComboBox &box) { box.setFont(QFont(box.font().family(), 30)); },
             [](QComboBox &box) { box.setStyle(QApplication::style()); },
+            [&](QComboBox &box) { box.setStyle(other.get()); },
             [](QComboBox &box) { box.setStyleSheet("font-size: 30pt;"); },
-            [](QComboBox &box) { box.setItemIcon(0, QPixmap(9, 9)); },
+            [](QComboBox &box) { box.setItemIcon(box.count() - 1, QPixmap(9, 9)); },
             [](QComboBox &box) {
                 (box.setIconSize({50, 50}));
             },
@@ -430,6 +432,53 @@ private Q_SLOTS:
                 steps[step](plain);
                 steps[step](ours);
                 QVERIFY2(hints(ours) == hints(plain), qPrintable(QString("step %1 of pair %2").arg(step).arg(i)));
+            }
+        }
+    }
+
+    void hintsAreNotSharedWhereTheStyleKnowsTheBox()
+    {
+        struct ByName : QProxyStyle {
+            QSize sizeFromContents(
+                ContentsType type, const QStyleOption *option, const QSize &size, const QWidget *box) const override
+            {
+                const int more = box->objectName() == "wide" ? 50 : 0;
+                return QProxyStyle::sizeFromContents(type, option, size, box) + QSize(more, 0);
+            }
+        };
+        const auto compare = [] {
+            for (const char *name : {"narrow", "wide", "narrow"}) {
+                QComboBox plain;
+                VCComboBoxClassic ours(nullptr, name);
+                plain.setObjectName(name);
+                for (QComboBox *box : {&plain, static_cast<QComboBox *>(&ours)})
+                    box->addItem("one");
+                QCOMPARE(ours.sizeHint(), plain.sizeHint());
+            }
+        };
+        const QString standard = QApplication::style()->objectName();
+        QApplication::setStyle(new ByName);
+        compare();
+        QApplication::setStyle(standard);
+        qApp->setStyleSheet("QComboBox#wide { min-width: 300px }");
+        compare();
+        qApp->setStyleSheet(QString());
+    }
+
+    void numbersAreSpelledAsByQt()
+    {
+        QDoubleSpinBox plain;
+        VCNumericFloatSpin ours;
+        using Locale = QLocale;
+        for (const Locale &locale : {Locale::c(), Locale(Locale::German), Locale(Locale::Swedish),
+                 Locale(Locale::Arabic, Locale::Egypt), Locale(Locale::Persian), Locale(Locale::Hindi)}) {
+            for (const int places : {0, 1, 2, 3, 5}) {
+                for (QDoubleSpinBox *box : {&plain, static_cast<QDoubleSpinBox *>(&ours)}) {
+                    box->setLocale(locale);
+                    box->setDecimals(places);
+                }
+                for (const double number : {0.0, -0.0, 0.5, -0.004, 999.0, 1000.0, -1234.25, 2.0 / 3, 1e6, 1e15, -7e22})
+                    QCOMPARE(ours.textFromValue(number), plain.textFromValue(number));
             }
         }
     }
