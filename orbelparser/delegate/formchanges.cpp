@@ -26,6 +26,8 @@ FormChanges::FormChanges(FormLife *life) : Life(life), Stack(new QUndoStack)
 
 FormChanges::~FormChanges()
 {
+    // A stack that goes is cleared, and would emit that to a host whose form has ended.
+    Stack->blockSignals(true);
     if (QCoreApplication::instance())
         Stack->deleteLater();
     else

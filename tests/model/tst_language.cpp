@@ -91,22 +91,6 @@ QString StateOf(const Form &form)
     return state;
 }
 
-/// Ends something when a widget gets another tooltip.
-class AtToolTip : public QObject
-{
-public:
-    explicit AtToolTip(const std::function<void()> &act) : Act(act) { }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::ToolTipChange && Act)
-            std::exchange(Act, nullptr)();
-        return false;
-    }
-
-private:
-    std::function<void()> Act;
-};
-
 } // namespace
 
 class TestLanguage : public TestCase
@@ -288,23 +272,6 @@ private Q_SLOTS:
             QTRY_VERIFY(content->minimumWidth() > before.width());
         }
         QTRY_COMPARE(content->minimumSize(), before);
-    }
-
-    void aHandlerMayEndTheForm()
-    {
-        LiveForm live(Widget("a", "LineEdit", {"labelText=String:first"})
-            + Widget("b", "SpinBoxList", {"itemCount=Int:2"}) + Widget("c", "LineEdit", {"labelText=String:last"}));
-        // The last row is out of view, and must be drawn again afterwards.
-        live.window->resize(400, 60);
-        QVERIFY(QTest::qWaitForWindowExposed(live.window.get()));
-        AtToolTip handler([&] { live.form.reset(); });
-        live.Find("a")->installEventFilter(&handler);
-        const Quoting language;
-        QCoreApplication::processEvents();
-        QVERIFY(!live.form);
-        QCOMPARE(live.Find<QLabel>("labela")->text() + live.Find<QLabel>("labelc")->text(), QString("«first»last"));
-        for (const QWidget *control : live.window->findChildren<QWidget *>())
-            QVERIFY(control->updatesEnabled());
     }
 };
 

@@ -35,6 +35,15 @@ inline QString Widget(const QString &name, const QString &className, const QStri
     return text + "</Widget>";
 }
 
+/// That a control is shown, takes input and has a parameter.
+inline const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"};
+
+/// A usable control with its name as label.
+inline QString Control(const QString &name, const QString &className, const QStringList &properties = {})
+{
+    return Widget(name, className, Usable + QStringList{"labelText=String:" + name} + properties);
+}
+
 /// An enumeration. `rows` has its rows as "display=value", parted by blanks.
 inline QString Enum(const QString &name, const QString &rows)
 {
