@@ -26,12 +26,16 @@ FormChanges::FormChanges(FormLife *life) : Life(life), Stack(new QUndoStack)
 
 FormChanges::~FormChanges()
 {
-    // A stack that goes is cleared, and would emit that to a host whose form has ended.
-    Stack->blockSignals(true);
     if (QCoreApplication::instance())
         Stack->deleteLater();
     else
         delete Stack;
+}
+
+void FormChanges::Close()
+{
+    blockSignals(true);
+    Stack->blockSignals(true);
 }
 
 void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int session)

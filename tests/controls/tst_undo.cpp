@@ -3,8 +3,8 @@
 #include "changesbutton.h"
 #include "fieldnote.h"
 #include "formchanges.h"
-#include "liveform.h"
 #include "orbelspinbox.h"
+#include "story.h"
 #include "vclineedit.h"
 #include "vcnumericfloatspin.h"
 
@@ -14,10 +14,10 @@ namespace
 /// A frequency, a text and two numbers; "gain" announces to the script's log.
 QString Receiver()
 {
-    return Control("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "value=String:145500000", "maximum=String:1e9"})
-        + Control("text", "LineEdit", {"text=String:one"})
-        + Control("gain", "SpinBox", {"value=Int:5", "maximum=Int:60"})
-        + Control("range", "FrequencyRangeEdit",
+    return Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "value=String:145500000", "maximum=String:1e9"})
+        + Labelled("text", "LineEdit", {"text=String:one"})
+        + Labelled("gain", "SpinBox", {"value=Int:5", "maximum=Int:60"})
+        + Labelled("range", "FrequencyRangeEdit",
             {"startFrequency=String:1000000", "stopFrequency=String:2000000",
                 "startFrequencyParameterXmlTag=String:Start", "stopFrequencyParameterXmlTag=String:Stop"});
 }
@@ -116,6 +116,87 @@ private Q_SLOTS:
         }
     }
 
+    void stories_data()
+    {
+        const auto row = Stories();
+        const QString spacings = Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:3", "decimals=Int:1"});
+        // clang-format off
+        row("a tuning session is one entry", Receiver(), {
+            "focus frequency", "press Up Up Up Up Up",
+            "stack => 1 f: 145.500 000 MHz \u2192 145.505 000 MHz",
+            "focus text", "focus frequency", "press Down",
+            "stack => 2 f: 145.505 000 MHz \u2192 145.504 000 MHz",
+            "press Ctrl+Z", "hold f => 145505000", "press Ctrl+Z", "hold f => 145500000",
+            "press Up Down", "stack => 0",
+            "focus gain", "press Up Up Up", "stack => 1 gain: 5 \u2192 8", "press Ctrl+Z", "hold gain => 5"});
+        row("only the operator's own control is recorded", Receiver(), {
+            "script gain['valueChanged(int)'].connect(function (v) { text.setText('g' + v); }); text.setText('script'); gain.setValue(9)",
+            "node gain=11", "document <gain>12</gain>",
+            "stack => 0",
+            "focus gain", "press Up", "stack => 1 gain: 12 \u2192 13",
+            "press Ctrl+Z", "hold text => g12"});
+        row("an item that a script sets is not", Labelled("list", "SpinBoxList", {"itemCount=Int:3", "maximum=Int:99", "value=Int:1"}), {
+            "script list['valueChanged(int,int)'].connect(function (i, v) { if (i == 0) list.setItemValue(1, 6 * v); })",
+            "focus list_0", "enter 7", "stack => 1 list 1: 1 \u2192 7",
+            "press Ctrl+Z", "hold list_0 list_1 => 1|6"});
+        row("a cell that a script sets is not", spacings, {
+            "script t.spacingValueChanged.connect(function (row, v) { if (row == 0) t.setSpacingValue(2, 13 + v); })",
+            "cell t 0 0", "enter 20", "stack => 1 t 1: 0.0 \u2192 20.0",
+            "press Ctrl+Z", "cells t => 0|0|13"});
+        row("cells in a grid of another shape", Labelled("t", "TableWidget", {"rowCount=Int:2", "columnCount=Int:2"}), {
+            "cell t 0 0", "enter a", "cell t 1 1", "enter b", "cells t => a|||b", "stack => 2 t 1/1: (empty) \u2192 b",
+            "script t.setRowCount(3)", "cells t => |||b||",
+            "press Ctrl+Z", "cells t => |||||",
+            "script t.setColumnCount(3)",
+            "press Ctrl+Z", "stack => 1"});
+        row("a value that the limits keep out is dropped", Receiver(), {
+            "focus text", "enter two", "focus gain", "press Up",
+            "script gain.setMinimum(6)",
+            "press Ctrl+Z", "hold gain text => 6|one", "stack => 1"});
+        row("typing is taken back first", Receiver(), {
+            "focus gain", "enter 7", "focus text", "enter two", "type x",
+            "press Ctrl+Z", "see text.text => two", "hold text => two",
+            "press Ctrl+Z", "see text.text => one", "hold text gain => one|7",
+            "press Ctrl+Z", "hold gain => 5",
+            "press Ctrl+Shift+Z", "focus gain", "type 42",
+            "press Ctrl+Z", "hold gain => 7"});
+        row("a cell in its editor reaches the form", Labelled("gain", "SpinBox", {"value=Int:5"}) + spacings, {
+            "focus gain", "enter 7", "cell t 1 0",
+            "press Ctrl+Z", "hold gain => 5", "press Esc"});
+        row("a lock keeps the entry", Receiver() + Labelled("check", "CheckBox"), {
+            "focus gain", "enter 7", "focus text",
+            "script gain.setEnabled(false)",
+            "press Ctrl+Z", "hold gain => 7", "note text => gain is locked",
+            "script gain.setEnabled(true); gain.setReadOnly(true)",
+            "press Ctrl+Z", "hold gain => 7",
+            "script gain.setReadOnly(false); check.setReadOnly(true)",
+            "press Ctrl+Z", "hold gain => 5",
+            "click check", "press Ctrl+Z", "see check.checked => false"});
+        // clang-format on
+    }
+    void stories() { PlayStory(); }
+
+    /// What a host has set since stays, the other cells go back.
+    void severalCellsAreOneEntry()
+    {
+        Story live(Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:3", "decimals=Int:1"}));
+        QGuiApplication::clipboard()->setText("1\n2\n3");
+        live.Play({"focus t", "press Ctrl+V", "stack => 1 t: 0.0, 0.0, 0.0 \u2192 1.0, 2.0, 3.0",
+            "script t.setSpacingValue(1, 9)", "press Ctrl+Z", "cells t => 0|9|0"});
+    }
+
+    /// A handler's event loop lets the operator go on.
+    void whatTheOperatorDoesInAHandlerIsRecorded()
+    {
+        LiveForm live(Labelled("list", "SpinBoxList", {"itemCount=Int:3", "maximum=Int:99", "value=Int:1"}));
+        live.log.Watch("list", live.Get("list"));
+        live.log.On("list.valueChanged(0", [&] { Enter(live.Find("list_2"), "8"); });
+        Enter(live.Find("list_0"), "7");
+        QTRY_COMPARE(live.form->GetUndoStack()->undoText(), QString::fromUtf8("list 1: 1 \u2192 7"));
+        Undo(live);
+        QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "8"}));
+    }
+
     void signalsAreTheOperators()
     {
         for (const char *name : {"gain", "text"}) {
@@ -139,100 +220,6 @@ private Q_SLOTS:
         }
     }
 
-    void aTuningSessionIsOneEntry()
-    {
-        LiveForm live(Receiver());
-        auto *field = live.Find("frequency");
-        QUndoStack *stack = live.form->GetUndoStack();
-        field->setFocus();
-        for (int i = 0; i < 5; ++i)
-            QTest::keyClick(field, Qt::Key_Up);
-        QCOMPARE(stack->count(), 1);
-        QTRY_COMPARE(stack->undoText(), QString("f: 145.500 000 MHz \u2192 145.505 000 MHz"));
-        live.Find("text")->setFocus();
-        field->setFocus();
-        QTest::keyClick(field, Qt::Key_Down);
-        QCOMPARE(stack->count(), 2);
-        Undo(live);
-        QCOMPARE(live.Node("f"), QString("145505000"));
-        Undo(live);
-        QCOMPARE(live.Node("f"), QString("145500000"));
-        // One back to the start is no change.
-        QTest::keyClick(field, Qt::Key_Up);
-        QTest::keyClick(field, Qt::Key_Down);
-        QVERIFY(!stack->canUndo());
-        auto *gain = live.Find("gain");
-        gain->setFocus();
-        for (int key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Up})
-            QTest::keyClick(gain, Qt::Key(key));
-        QTRY_COMPARE(stack->undoText(), QString("gain: 5 \u2192 8"));
-        Undo(live);
-        QVERIFY(!stack->canUndo());
-    }
-
-    void onlyTheOperatorsOwnControlIsRecorded()
-    {
-        LiveForm live(Receiver());
-        live.form->EvaluateScript("gain['valueChanged(int)'].connect(function (v) { text.setText('g' + v); });"
-                                  "text.setText('script'); gain.setValue(9);");
-        live.form->GetVTValue("gain")->SetStringValue("11", nullptr);
-        live.form->SetXmlString("<Parameters><gain>12</gain></Parameters>");
-        const QUndoStack *stack = live.form->GetUndoStack();
-        QCOMPARE(stack->count(), 0);
-        QTest::keyClick(live.Find("gain"), Qt::Key_Up);
-        QCOMPARE(stack->count(), 1);
-        Undo(live);
-        QCOMPARE(live.Get("text")->property("text").toString(), QString("g12"));
-    }
-
-    void whatAScriptSetsIsNotRecorded()
-    {
-        LiveForm live(Control("list", "SpinBoxList", {"itemCount=Int:3", "maximum=Int:99", "value=Int:1"}));
-        live.form->EvaluateScript("list['valueChanged(int,int)'].connect(function (i, v) {"
-                                  "if (i == 0) list.setItemValue(1, 6 * v); });");
-        const auto items = live.Find("list")->findChildren<VCNumericFloatSpin *>();
-        // A handler's event loop lets the operator go on.
-        live.log.Watch("list", live.Get("list"));
-        live.log.On("list.valueChanged(0", [&] { Enter(items.at(2), "8"); });
-        Enter(items.at(0), "7");
-        QTRY_COMPARE(live.form->GetUndoStack()->undoText(), QString::fromUtf8("list 1: 1 \u2192 7"));
-        Undo(live);
-        QVERIFY2(live.Get("list")->GetEdits() == QVariantList({"1", "6", "8"}), "the script follows back");
-
-        LiveForm cells(Control("t", "ChannelSpacingTable", {"spacingsCount=Int:3"}), true, "/Cells");
-        cells.form->EvaluateScript(
-            "t.spacingValueChanged.connect(function (row, v) { if (row == 0) t.setSpacingValue(2, 13 + v); });");
-        EnterCell(cells.Find<QTableWidget>("t"), 0, "20");
-        QTRY_COMPARE(cells.form->GetUndoStack()->undoText(), QString::fromUtf8("t 1: 0 \u2192 20"));
-        Undo(cells);
-        QCOMPARE(cells.Get("t")->GetEdits(), (QVariantList{0.0, 0.0, 13.0}));
-    }
-
-    void cellsInAGridOfAnotherShape()
-    {
-        LiveForm live(Control("t", "TableWidget", {"rowCount=Int:2", "columnCount=Int:2"}));
-        auto *table = live.Find<QTableWidget>("t");
-        EnterCell(table, 0, "a", 0);
-        EnterCell(table, 1, "b", 1);
-        live.form->EvaluateScript("t.setRowCount(3)");
-        Undo(live);
-        QVERIFY2(!table->item(1, 1), "more rows leave the places");
-        live.form->EvaluateScript("t.setColumnCount(3)");
-        Undo(live);
-        QVERIFY2(table->item(0, 0) && !live.form->GetUndoStack()->canUndo(), "more columns do not");
-    }
-
-    void aValueThatTheLimitsKeepOutIsDropped()
-    {
-        LiveForm live(Receiver());
-        TypeOver(live.Find("text"), "two");
-        QTest::keyClick(live.Find("gain"), Qt::Key_Up);
-        live.form->EvaluateScript("gain.setMinimum(6)");
-        Undo(live);
-        QCOMPARE(live.Node("gain") + live.Node("text"), QString("6one"));
-        QCOMPARE(live.form->GetUndoStack()->count(), 1);
-    }
-
     /// A host moves the stack over several entries, and what it tells of takes the focus from a field in which somebody
     /// types.
     void aCommitWithinARedoComesAfterIt()
@@ -254,72 +241,6 @@ private Q_SLOTS:
         QTRY_COMPARE(stack->undoText(), QString("text: one \u2192 two"));
         stack->undo();
         QCOMPARE(live.Node("text"), QString("one"));
-    }
-
-    void typingIsTakenBackFirst()
-    {
-        LiveForm live(Receiver());
-        auto *text = live.Find<QLineEdit>("text");
-        auto *gain = live.Find<VCNumericFloatSpin>("gain");
-        TypeOver(gain, "7");
-        Enter(text, "two");
-        QTest::keyClicks(text, "x");
-        for (const char *left : {"two", "one"}) {
-            Undo(live);
-            QCOMPARE(text->text() + live.Node("text"), QString(left).repeated(2));
-        }
-        Undo(live);
-        QCOMPARE(gain->value(), 5.0);
-        Redo(live);
-        TypeOver(gain, "42");
-        Undo(live);
-        QVERIFY(gain->text() != "42");
-        QCOMPARE(live.Node("gain"), QString("7"));
-    }
-
-    void aCellInItsEditorReachesTheForm()
-    {
-        LiveForm live(Control("gain", "SpinBox", {"value=Int:5"})
-            + Control("table", "ChannelSpacingTable", {"spacingsCount=Int:3", "decimals=Int:1"}));
-        auto *table = live.Find<QTableWidget>("table");
-        TypeOver(live.Find("gain"), "7");
-        OpenCell(table, 1);
-        Undo(live);
-        QCOMPARE(live.Node("gain"), QString("5"));
-        QTest::keyClick(live.window->focusWidget(), Qt::Key_Escape);
-
-        QGuiApplication::clipboard()->setText("1\n2\n3");
-        table->setCurrentCell(0, 0);
-        QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
-        QTRY_COMPARE(live.form->GetUndoStack()->undoText(), QString("table: 0.0, 0.0, 0.0 \u2192 1.0, 2.0, 3.0"));
-        // What a host has set since stays, the other cells go back.
-        live.form->EvaluateScript("table.setSpacingValue(1, 9)");
-        Undo(live);
-        QCOMPARE(live.Get("table")->GetEdits(), (QVariantList{0.0, 9.0, 0.0}));
-    }
-
-    void aLockKeepsTheEntry()
-    {
-        LiveForm live(Receiver() + Control("check", "CheckBox"));
-        TypeOver(live.Find("gain"), "7");
-        live.Find("text")->setFocus();
-        live.form->EvaluateScript("gain.setEnabled(false)");
-        Undo(live);
-        QCOMPARE(live.Node("gain"), QString("7"));
-        QCOMPARE(FieldNote::TextOf(live.Find("text")), QString("gain is locked"));
-        live.form->GetUndoStack()->undo();
-        QCOMPARE(live.form->GetUndoStack()->count(), 1);
-        live.form->GetUndoStack()->redo();
-        live.form->EvaluateScript("gain.setEnabled(true); gain.setReadOnly(true)");
-        Undo(live);
-        QCOMPARE(live.form->GetVTValue("gain")->GetStringValue(), QString("7"));
-        live.form->EvaluateScript("gain.setReadOnly(false); check.setReadOnly(true)");
-        Undo(live);
-        QCOMPARE(live.form->GetVTValue("gain")->GetStringValue(), QString("5"));
-        // A check box takes no notice of it, and goes back, too.
-        QTest::keyClick(live.Find("check"), Qt::Key_Space);
-        Undo(live);
-        QVERIFY(!live.Find<QCheckBox>("check")->isChecked());
     }
 
     void marks()

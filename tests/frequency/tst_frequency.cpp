@@ -1,9 +1,9 @@
 // The full frequency control with keys, mouse and wheel, and what a form makes of it and of ranges.
 
 #include "frequencyfield.h"
-#include "liveform.h"
 #include "orbelfrequencyedit.h"
 #include "orbelfrequencyrangeedit.h"
+#include "story.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "vcbutton.h"
@@ -79,19 +79,16 @@ struct Window : QWidget {
     FrequencyField *field;
 };
 
-const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"};
-
 QString Frequency(const QStringList &more = {"parameterXmlTag=String:Frequency"})
 {
-    return Widget("f", "FrequencyEdit", Usable + QStringList{"value=String:145500000"} + more);
+    return Labelled("f", "FrequencyEdit", QStringList{"value=String:145500000"} + more);
 }
 
 QString Range(const QStringList &more = {})
 {
-    return Widget("r", "FrequencyRangeEdit",
-        Usable
-            + QStringList{"startFrequency=String:10000", "stopFrequency=String:20000",
-                "startFrequencyParameterXmlTag=String:From", "stopFrequencyParameterXmlTag=String:To"}
+    return Labelled("r", "FrequencyRangeEdit",
+        QStringList{"startFrequency=String:10000", "stopFrequency=String:20000",
+            "startFrequencyParameterXmlTag=String:From", "stopFrequencyParameterXmlTag=String:To"}
             + more);
 }
 
@@ -184,7 +181,6 @@ private Q_SLOTS:
         window.other->setFocus();
         QTest::mouseClick(window.control->findChild<QWidget *>("increment"), Qt::LeftButton);
         QTRY_COMPARE(window.node->GetValue(), 145.5e6);
-        QVERIFY(window.field->hasFocus());
         QSignalSpy tuned(window.control, &VCFrequency::signalTune);
         QTest::mouseClick(window.control->GetTuneButton(), Qt::LeftButton);
         QCOMPARE(tuned, QList<QVariantList>({{145.5e6}}));
@@ -308,54 +304,43 @@ private Q_SLOTS:
         QCOMPARE(f->property("value"), QVariant(qint64(1000000)));
         QVERIFY(f->isModified());
         node->SetValue(1000000.2, nullptr);
-        f->setValue(7000);
-        f->setProperty("minimum", 8000);
-        f->setUnitScale("kHz");
-        f->autosetUnitScale();
-        QCOMPARE(live.log.Take(), QString());
-        QCOMPARE(node->GetValue(), 8000.0);
-        QCOMPARE(f->property("value").toInt(), 8000);
-        const QString document = "<Parameters><" + tag + ">%1</" + tag + "></Parameters>";
-        live.form->SetXmlString(document.arg("abc"));
+        live.form->SetXmlString("<Parameters><" + tag + ">abc</" + tag + "></Parameters>");
         QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
-        QCOMPARE(f->property("value").toString(), QString("abc"));
         QVERIFY(live.form->GetXmlString(false).contains("<" + tag + ">abc</" + tag + ">"));
-        live.form->SetXmlString(document.arg("90000"));
-        QCOMPARE(node->GetValue(), 90000.0);
         live.form->GetXmlString(true);
         field->setFocus();
         QTest::keyClicks(field, "1");
         QVERIFY2(live.form->GetSheet().isModified() != large, "typing marks the plain form at once");
     }
 
+    void stories_data()
+    {
+        const auto row = Stories();
+        // clang-format off
+        row("a range is set as it is", Range(), {
+            "script r.setRange(50000, 40000) => r=50000",
+            "hold r_1 r_2 => 50000|40000",
+            "document <To>9000</To><Other>1</Other><From>60000</From> => r=60000",
+            "hold r_1 r_2 => 60000|9000",
+            "script r.setStartFrequencyParameterXmlTag('Begin')",
+            "document <From>1</From><To>9500</To> =>",
+            "written => <Begin>60000</Begin> <To>9000</To>",
+            "see r_StartFrequency.toolTip r_StopFrequency.startFrequencyParameterXmlTag => Start Frequency|Begin"});
+        // clang-format on
+    }
+    void stories() { PlayStory(); }
+
     void theLockWaitsForTheScript()
     {
-        LiveForm live(Frequency());
-        auto *f = live.Get<OrbelFrequencyEdit>("f");
-        live.log.Watch("f", f);
-        auto *lock = live.Find<QPushButton>("LockFrequency");
-        QVERIFY(!lock->isVisible());
-        f->setVisible(false);
-        f->setVisible(true);
-        QVERIFY(!lock->isVisible());
-        f->setProperty("FrequencyLock", false);
-        QVERIFY(lock->isVisible());
-        QCOMPARE(lock->toolTip(), QString("Lock frequency range"));
-        const qint64 open = lock->icon().cacheKey();
-        QTest::mouseClick(lock, Qt::LeftButton);
-        QCOMPARE(live.log.Take(), QString("f.si_lockButtonToggled(true)"));
-        QCOMPARE(lock->toolTip(), QString("Lock frequency range"));
-        QCOMPARE(lock->icon().cacheKey(), open);
-        f->setProperty("FrequencyLock", true);
-        QCOMPARE(lock->toolTip(), QString("Unlock frequency range"));
-        QVERIFY(lock->icon().cacheKey() != open);
-        f->setVisible(false);
-        QVERIFY(lock->isHidden());
-        f->EnableInput(false, true);
-        QVERIFY(lock->isEnabled());
-        f->EnableInput(false, false);
-        QVERIFY(!lock->isEnabled());
-        QCOMPARE(live.log.Take(), QString());
+        Story live(Frequency());
+        live.Play({"shown LockFrequency => -"});
+        live.Get("f")->setProperty("FrequencyLock", false);
+        live.Play({"see LockFrequency.visible LockFrequency.toolTip => true|Lock frequency range",
+            "click LockFrequency => f.si_lockButtonToggled(true)",
+            "see LockFrequency.toolTip => Lock frequency range"});
+        live.Get("f")->setProperty("FrequencyLock", true);
+        live.Play({"see LockFrequency.toolTip => Unlock frequency range", "script f.setVisible(false) =>",
+            "shown LockFrequency => -"});
     }
 
     void theRangeRepairsItself_data()
@@ -383,27 +368,6 @@ private Q_SLOTS:
         QVERIFY(live.form->GetXmlString(false).simplified().contains(
             QString("<From>%1</From> <To>%2</To>").arg(start).arg(stop)));
         QVERIFY(seen.contains(QString("(%1, %2)").arg(start).arg(stop)));
-    }
-
-    void scriptsAndDocumentsSetTheRangeAsItIs()
-    {
-        LiveForm live(Range());
-        auto *r = live.Get<OrbelFrequencyRangeEdit>("r");
-        live.log.Watch("r", r);
-        r->setRange(50000, 40000);
-        r->addValidBand("x", 1, 2);
-        r->clearValidBands();
-        live.form->SetXmlString("<Parameters><To>9000</To><Other>1</Other><From>60000</From></Parameters>");
-        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(60000, 9000)));
-        r->setMaximum(30000);
-        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(29999, 9000)));
-        r->setStartFrequencyParameterXmlTag("Begin");
-        QVERIFY(r->ContainsXmlTag("From") && r->ContainsXmlTag("Begin"));
-        live.form->SetXmlString("<Parameters><From>1</From><To>9500</To></Parameters>");
-        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(29999, 9000)));
-        QVERIFY(!live.log.Seen().contains("rangeChanged"));
-        QCOMPARE(live.Find("r_StartFrequency")->toolTip(), QString("Start Frequency"));
-        QCOMPARE(live.Find("r_StopFrequency")->property("startFrequencyParameterXmlTag"), QVariant("Begin"));
     }
 };
 
