@@ -202,7 +202,7 @@ int Arrange(const QVector<ItemSize> &items, int width, QVector<QRect> &rectangle
     }
     QVector<Column> columns;
     int fitting = groups.size();
-    for (int count = 0; count != fitting;) {
+    for (int count = 0; fitting > 0 && count != fitting;) {
         count = fitting;
         const int share = (groups.size() + count - 1) / count;
         columns.clear();

@@ -49,8 +49,21 @@ if(ORBEL_FUZZ)
     add_link_options(-fsanitize=${fuzz_sanitizers})
 endif()
 
+# CMake has moc run only after a change of a file that it knows; this has it know the list of headers, too, so that a new
+# one counts in a build folder that is there already.
+function(orbel_watch_headers target)
+    get_target_property(headers ${target} SOURCES)
+    list(FILTER headers INCLUDE REGEX "\\.h$")
+    if(headers)
+        set(list "${CMAKE_CURRENT_BINARY_DIR}/${target}_headers.txt")
+        file(CONFIGURE OUTPUT "${list}" CONTENT "${headers}\n" @ONLY)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${list}")
+    endif()
+endfunction()
+
 # orbel_settings(TARGET): language level, warnings and hidden symbols.
 function(orbel_settings target)
+    orbel_watch_headers(${target})
     set_target_properties(${target} PROPERTIES
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)

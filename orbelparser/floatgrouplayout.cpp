@@ -268,7 +268,7 @@ bool FloatGroupLayout::eventFilter(QObject *watched, QEvent *event)
 
 QSize FloatGroupLayout::sizeHint(int width, int columnCount) const
 {
-    // Meant: a valid arrangement answers requests for any width and column count.
+    // Meant: until invalidate() another width or column count gets the size of the first one, too.
     if (Hints.size() == Items.size())
         return TotalSize;
     if (ScrollArea && ScrollArea->width() > 0)

@@ -119,10 +119,10 @@ private:
 
     int VerticalSpacing = 4;
     int HorizontalSpacing = 4;
-    /// Set by the constructor; null when there is none or it is gone. Not as a scroll area: while that is being
+    /// Set by the constructor; null when there is none or it was destroyed. Not as a scroll area: while that is being
     /// destroyed only a widget is left of it.
     QPointer<QWidget> ScrollArea;
-    /// Tells the section lines of the parent's font and colours; made with the first of them.
+    /// Notifies the section lines of the parent's font and colours; made with the first of them.
     QObject *Look = nullptr;
     /// Owned.
     QList<QLayoutItem *> Items;

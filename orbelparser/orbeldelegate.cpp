@@ -83,7 +83,8 @@ void OrbelDelegate::Close()
     LeaveWindow();
 }
 
-/// A node that goes tells this, which forgets it. One that is going already is deleted by whoever began it.
+/// A node that is destroyed notifies this, which drops it. One that is being destroyed already is deleted by whoever
+/// began.
 ValueBase *OrbelDelegate::LastLiveNode() const
 {
     const auto nodes = GetNodes();
@@ -338,7 +339,7 @@ void OrbelDelegate::EnableProperty(const QString &name, bool enable, const QVari
     if (enable) {
         const Call call(this);
         DefineProperty(name);
-        // Qt tells nobody of a property that is not there and stays away.
+        // Qt sends no event for a property that was not set and is not set now.
         if (own.isValid())
             SetPropertyAlways(name, own);
         else
@@ -399,7 +400,7 @@ bool OrbelDelegate::event(QEvent *e)
             SetPropertyQuietly(name, value);
             if (!value.isValid())
                 return QObject::event(e);
-        } else if (IsNumber(name) && !HeldNumber(name).isValid()) {
+        } else if (IsNumber(name)) {
             StatedValue(name) = value;
         }
         PropertyChanged(name, value);

@@ -90,10 +90,10 @@ public:
     RowLabel *GetRowLabel() const { return Label; }
     /// Locks or frees the operator's input. `partial` leaves a control's secondary part alone, where it has one.
     virtual void EnableInput(bool enable, bool partial);
-    /// Hands what a node tells to NodeChanged().
+    /// Passes a node's notification to NodeChanged().
     void Update(Observable *subject, TChangeCode code) final;
 
-    /// Sets a property that differs, and tells whether it did. Numbers differ when any digit does.
+    /// Sets a property that differs, and returns whether it did. Numbers differ when any digit does.
     bool ChangeProperty(const PropertyKey &name, const QVariant &value);
     /// Sets a property, equal or not, and runs PropertyChanged() in every case. An invalid value removes the property.
     void SetPropertyAlways(const PropertyKey &name, const QVariant &value);
@@ -112,6 +112,7 @@ public:
     /// The property's text in the operator's language, in the translation context of the object name.
     QString GetTranslated(const PropertyKey &name) const;
 
+    /// The property; on where none is stated.
     bool isEnabled() const;
     /// False while the group of this control is collapsed.
     bool isGroupVisible() const { return GroupVisible; }
@@ -135,6 +136,8 @@ public:
     virtual void PutEdits(const QVariantList &values);
     /// The same to undo or redo a change. What a control that is not modified holds is what was applied.
     void MoveEdits(const QVariantList &values);
+    /// Has the form record what the operator has changed so far, while handlers hear of it.
+    void RecordSoFar();
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
@@ -146,7 +149,7 @@ public:
     /// Brings the control before the operator's eyes, with the focus.
     void ComeIntoView();
 
-    /// Shows the control in the language of now: what the definition, a script or the host gave it to show is
+    /// Shows the control in the present language: what the definition, a script or the host gave it to show is
     /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
     void LanguageChanged();
 
@@ -178,6 +181,7 @@ Q_SIGNALS:
     void customPropertyChanged(QString name, QVariant value);
 
 public Q_SLOTS:
+    /// Each of these sets the property of its name; the first one the apply mode itself.
     void setApplyMode(eApplyMode applyMode) { ApplyMode = applyMode; }
     void setEnabled(bool flag);
     void setGenerateParameterXml(bool flag);
@@ -208,9 +212,12 @@ public:
         explicit Call(const OrbelDelegate *delegate) : CallScope(delegate->Life.get()) { }
     };
 
+    class EditNotice;
+
     /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the
-    /// form record the change at its end. Within another one, or within the operator's act on a node, it is a part of
-    /// that.
+    /// form record the change at its end. Within another one it is a part of that; but what he changes while handlers
+    /// hear of the other one, or of an entry that moves, is a change of its own, and the other one is recorded up to
+    /// there.
     class OperatorChange
     {
     public:
@@ -220,13 +227,26 @@ public:
         OperatorChange &operator=(const OperatorChange &) = delete;
 
     private:
+        friend class EditNotice;
+        friend class OrbelDelegate;
+
+        void Begin();
+        void Record();
+
         const Call Running;
+        /// Null for a part.
         OrbelDelegate *Delegate;
         QVariantList Before;
+        int Shape = 0;
+        /// The indices that notices have named.
+        QSet<int> Own;
+        OperatorChange *Outer = nullptr;
+        const QVariantList *OuterBefore = nullptr;
+        int OuterNotices = 0;
     };
 
-    /// Stands while a control tells that its values at `indices` of GetEdits() have changed. What changes meanwhile is
-    /// the work of those who hear of it, and no part of the operator's change.
+    /// Stands while a control notifies others that its values at `indices` of GetEdits() have changed. What changes
+    /// meanwhile is the work of those who are notified, and no part of the operator's change.
     class EditNotice
     {
     public:
@@ -242,7 +262,7 @@ public:
 
     /// Makes this a part of a form.
     void SetLife(const std::shared_ptr<FormLife> &life) { Life = life; }
-    /// The form has ended: the nodes leave the tree, the signals fall silent.
+    /// The form has ended: removes the nodes from the tree and blocks all signals.
     void Close();
     /// Closes a delegate that nobody holds any more and destroys it when nothing runs inside its form; null is none.
     static void End(OrbelDelegate *delegate);
@@ -250,7 +270,7 @@ public:
 protected:
     /// Deletes a control of this delegate's when nothing runs inside its form and no handler's event loop.
     void EndControl(QWidget *control);
-    /// A node of this delegate changed or goes away; see IObserver. The base does nothing.
+    /// A node of this delegate changed or is destroyed; see IObserver. The base does nothing.
     virtual void NodeChanged(Observable *subject, TChangeCode code);
     /// The nodes that the delegate owns, in the order in which it makes them. The base gives the main one.
     virtual QVector<ValueBase *> GetNodes() const;
@@ -304,7 +324,7 @@ protected:
     /// Hides a control just made, when its group was collapsed before it existed.
     void HideIfCollapsed(QObject *target);
 
-    /// Keeps `value` under the name and tells nobody.
+    /// Stores `value` under the name and notifies nobody.
     void SetPropertyQuietly(const PropertyKey &name, const QVariant &value);
     /// The property as int: a number beyond int gives the nearest bound, all else counts as for GetInt().
     int GetNearestInt(const PropertyKey &name, int defaultValue) const;
@@ -335,14 +355,17 @@ protected:
     /// Limits in the units of a node: the properties `minimum`, `maximum` and `singleStep`, divided by
     /// `displayScalingFactor`. An absent bound is -1e308 or 1e308.
     struct NodeLimits {
+        /// The bounds and the step, as the node takes them.
         double Minimum;
         double Maximum;
         double Step;
     };
+    /// See NodeLimits.
     NodeLimits LimitsForNode() const;
-    /// Gives `value` these limits. Nobody must watch it yet who could end it.
+    /// Sets these limits on `value`, which must have no observer yet that could destroy it.
     void ConfigureValueNumeric(IValueNumeric *value);
 
+    /// A tooltip as it is made anew in each language.
     using ToolTipText = OwnToolTips::Text;
     /// Gives `control` a tooltip in place of any other. It follows the language for as long as nobody gives the control
     /// another one. A null control is none.
@@ -376,10 +399,13 @@ protected:
     /// Whether the form has ended.
     bool IsClosed() const { return Closed; }
 
+    /// All that the delegate may ask its form; harmless once that has ended.
     FormDoor Form() const;
     /// Name of the owning element; empty without one.
     QString WidgetName() const;
 
+    /// The state that controls read: custom properties, whether the control writes parameters, its modified mark, and
+    /// whether its group is expanded.
     QMap<QString, QVariant> CustomProperties;
     bool GenerateXml = false;
     bool Modified = false;
@@ -390,8 +416,12 @@ protected:
 private:
     friend class OrbelWidget;
 
+    struct JoinedAct;
+
     static bool IsSame(const QVariant &value, const QVariant &before);
     void KeepApplied();
+    QVariantList NodeTexts() const;
+    void BeginAnew();
     QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
@@ -423,7 +453,7 @@ private:
     QString Unit;
     QString VTPath;
     QStringList DefinedProperties;
-    /// What was last stated under names that are read as numbers and that no node holds, for when no number comes.
+    /// What was last stated under names that are read as numbers, for when no number comes and no node holds one.
     QVector<QPair<QString, QVariant>> Stated;
     /// Null until there is one.
     std::unique_ptr<OwnToolTips> ToolTips;
@@ -433,15 +463,15 @@ private:
     const QString *Forced = nullptr;
     /// What controls were before that, by name and control; an entry goes when it is given back.
     QHash<QPair<QString, const QObject *>, bool> BeforeForced;
-    /// The node of which the tree tells that it enters.
+    /// The node of which the tree notifies observers that it enters.
     const ValuePtr<ValueBase> *Entering = nullptr;
 
     /// The values from which a change of the operator's that is on its way has started; null without one.
     const QVariantList *EditsBefore = nullptr;
-    /// The same while the operator sets a node of the control's.
-    QVariantList *ActsBefore = nullptr;
-    /// The indices that notices have named in a change of the operator's, and how many notices run.
-    QSet<int> OwnEdits;
+    /// While the operator sets a node of the control's.
+    JoinedAct *Act = nullptr;
+    OperatorChange *OpenChange = nullptr;
+    /// How many notices run within it.
     int Notices = 0;
     int ListDepth = 0;
     std::unique_ptr<QVariantList> Applied;
@@ -449,7 +479,7 @@ private:
     eApplyMode ApplyMode = eApplyMode(0);
     /// While this sets a property of its own, until its event comes.
     bool OwnSet = false;
-    /// While a set is told to nobody.
+    /// While a set notifies nobody.
     bool Quiet = false;
     /// The sheet was active at a change: what a form's script sets at its start is none.
     bool ChangeShows = false;

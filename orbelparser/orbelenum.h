@@ -19,6 +19,7 @@ public:
     OrbelEnum(const OrbelEnum &other) = default;
     virtual ~OrbelEnum();
 
+    /// The `name` of the definition, and the number of rows.
     const QString &GetName() const { return Name; }
     int GetValueCount() const { return Values.size(); }
     /// The row, or an empty one for an index out of range; valid as long as the enumeration is not changed.
@@ -31,6 +32,7 @@ public:
     const OrbelEnumValue &FindValue(const QString &value, bool *found) const;
     const OrbelEnumValue &FindName(const QString &displayName) const;
 
+    /// Adds a row at the end; equal ones are kept.
     void AppendEnumValue(const QString &displayName, const QString &enumIdentifier, const QString &value);
     /// Drops the rows and keeps the name.
     void ClearValues();

@@ -20,6 +20,7 @@ public:
     OrbelEnumValue &operator=(const OrbelEnumValue &) = default;
     virtual ~OrbelEnumValue();
 
+    /// As they stand in the definition; empty for what is missing.
     const QString &GetDisplayName() const { return DisplayName; }
     const QString &GetEnumIdentifier() const { return EnumIdentifier; }
     const QString &GetValue() const { return Value; }

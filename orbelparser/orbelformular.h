@@ -33,7 +33,7 @@ template <class Body> class Running;
 /// it belongs to its parent, or to whoever shows it. Either may go first.
 ///
 /// Any handler may end the form: of its signals and its controls' signals, of a node, a script, an event, in an event
-/// loop of its own. At once its nodes leave the tree, its name is withdrawn and its signals fall silent; what a call
+/// loop of its own. At once its nodes leave the tree, its name is withdrawn and it emits nothing more; what a call
 /// that still runs works on lives on until that call has returned.
 ///
 /// All of it belongs to the GUI thread. Bad input is never reported: a lookup that fails gives null, -1 or an empty
@@ -99,7 +99,7 @@ public:
     /// them, with signals and mark as if the operator had, and leaves alone what host or script have set since. One
     /// that finds nothing to put back is dropped, so that such an undo() changes nothing; one whose control is locked
     /// keeps its place and is passed over. The text of an entry is the element's name; when the event loop comes round
-    /// it names label and values, and undoTextChanged() tells so. Do not change the stack from within its own signals
+    /// it names label and values, and undoTextChanged() is emitted. Do not change the stack from within its own signals
     /// or from a handler that an undo has called.
     QUndoStack *GetUndoStack() const;
     void SelectWidgets(const QStringList &paths, bool select);
@@ -119,13 +119,13 @@ public:
     /// The node of the control with that parameter path or element name; owned by the control; null without one.
     ValueBase *GetVTValue(const QString &name) const;
     /// Copies a control's value into the application's `local`, found by its name unless `source` is given. With `init`
-    /// limits and items too, and an empty text when there is no such control. `observer` is not told of the change.
+    /// limits and items too, and an empty text when there is no such control. `observer` is not notified.
     /// Returns the node read, null without one.
     ValueBase *GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source = nullptr);
     /// The same for many values, from the last to the first.
     void GetVTValues(const QList<ValueBase *> &locals, IObserver *observer, bool init);
-    /// Copies the application's value into the control of the same name; with `apply` then announces the parameters if
-    /// the form is modified. True when the control's text was another one before the call.
+    /// Copies the application's value into the control of the same name; with `apply` then emits
+    /// si_parametersModified() if the form is modified. True when the control's text was another one before the call.
     bool SetVTValue(ValueBase *local, IObserver *observer, bool apply);
     bool SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply);
     /// Gives a control the limits and step, or the items, of the application's value, not the value itself. Exceptions

@@ -27,6 +27,7 @@ class ORBEL_EXPORT OrbelFormularManager : public QObject
     Q_OBJECT
 
 public:
+    /// A form of the manager, shared with whoever holds it.
     using Formular = QExplicitlySharedDataPointer<OrbelFormular>;
 
     OrbelFormularManager();
@@ -72,6 +73,7 @@ public:
     bool SetVTValue(ValueBase *local, IObserver *observer);
 
 public Q_SLOTS:
+    /// Has the current form load its configuration; see OrbelFormular.
     void RestoreConfiguration();
 
 Q_SIGNALS:

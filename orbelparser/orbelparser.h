@@ -25,6 +25,7 @@ public:
     OrbelParser &operator=(const OrbelParser &) { return *this; }
     virtual ~OrbelParser();
 
+    /// Reads a file in the encoding that it declares.
     OrbelFormular *ParseORBELFile(const QString &path);
     /// The bytes are decoded as their XML declaration says.
     OrbelFormular *ParseORBEL(const QByteArray &document);

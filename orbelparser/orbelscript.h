@@ -18,6 +18,7 @@ public:
     OrbelScript &operator=(const OrbelScript &) = default;
     virtual ~OrbelScript();
 
+    /// The attribute `language` as it stands, and the text to run.
     const QString &GetLanguage() const { return Language; }
     const QString &GetCode() const { return Code; }
 

@@ -31,6 +31,7 @@ public:
         EnableScopeSheet = InputSwitches::Sheet,
         EnableScopePartial = InputSwitches::Part
     };
+    /// A widget of the sheet, shared with whoever holds it.
     using Widget = QExplicitlySharedDataPointer<OrbelWidget>;
 
     /// `formular` owns the sheet.
@@ -39,11 +40,13 @@ public:
     OrbelSheet &operator=(const OrbelSheet &other);
     virtual ~OrbelSheet();
 
+    /// The `name` of the definition, and the path that CreateValueTree() was given.
     const QString &GetName() const { return Name; }
     const QString &GetVTPath() const { return VTPath; }
     /// Null once the form has ended.
     OrbelFormular *GetFormular() const;
 
+    /// In definition order, among them headlines and hidden controls.
     int GetWidgetCount() const { return Widgets.size(); }
     /// `index` must be valid.
     Widget GetWidgetAt(int index) const { return Widgets.at(index); }
@@ -75,8 +78,10 @@ public:
     QWidget *GetGUI() const;
     /// The sheet's own delegate.
     OrbelDelegate *GetDelegate() const;
+    /// The same by its class; never null.
     OrbelSheetUi *GetUi() const { return Ui.data(); }
 
+    /// Have all delegates make their nodes under `path`, or bring them in line with their properties.
     void CreateValueTree(const QString &path);
     void ResyncValueTree();
 
@@ -98,6 +103,7 @@ public:
     /// Reads the content of the root element; nothing becomes modified by it.
     void ReadXml(QXmlStreamReader &reader);
 
+    /// The mark of the form, apply button and timer with it; see OrbelDelegate::setModified(). Nothing while inactive.
     void setModified(bool autoApply);
     void resetModified();
     bool isModified() const;
@@ -105,8 +111,10 @@ public:
     bool isWidgetModified() const;
     /// While inactive, changes do not count as the operator's.
     bool isActive() const { return Active; }
+    /// See isActive().
     void setActive(bool active) { Active = active; }
 
+    /// Automatic apply, its timer, and what the apply button does.
     bool isAutoApplyEnabled() const;
     void setAutoApplyEnabled(bool enable);
     void killAutoApplyTimer();
@@ -120,6 +128,7 @@ public:
 
     /// Input is free when both EnableScopeInput and EnableScopeSheet are on; EnableScopePartial then takes a part away.
     void EnableInput(bool enable, eEnableScope scope);
+    /// Whether that one switch is on.
     bool IsInputEnabled(eEnableScope scope) const { return Switches.IsOn(InputSwitches::Switch(scope)); }
 
     /// What keeps the parts of the form while calls run inside of them; never null.

@@ -29,7 +29,7 @@ public:
     OrbelWidget(const OrbelWidget &other);
     virtual ~OrbelWidget();
 
-    /// Null once the sheet is gone or its form has ended.
+    /// Null once the sheet was destroyed or its form has ended.
     OrbelSheet *GetSheet() const { return Place ? *Place : nullptr; }
     /// The form of the sheet; null without a sheet.
     OrbelFormular *GetFormular() const;
@@ -53,6 +53,7 @@ public:
     /// Makes this the element of a host's own control, which must not be null and stays the host's.
     void SetExtWidget(QString name, QString labelText, QWidget *widget);
 
+    /// The delegate makes its nodes under `path`, or brings them in line with its properties.
     void CreateValueTree(const QString &path);
     void ResyncValueTree();
     /// The delegate must exist.

@@ -13,6 +13,9 @@
 #include <algorithm>
 #include <cstdio>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -28,23 +31,23 @@ void PrintText(const QString &text)
     std::fputs(text.toUtf8().constData(), stdout);
 }
 
-bool IsFormMissing(const Orbel::Finding &finding)
+bool IsFormMissing(const Finding &finding)
 {
     return finding.Code == QLatin1String("form-missing");
 }
 
 /// A definition under another name is taken for a component list, in which no form is found.
-void TellName(const QByteArray &document, Orbel::Findings &findings)
+void TellName(const QByteArray &document, Findings &findings)
 {
     const auto missing = std::find_if(findings.begin(), findings.end(), IsFormMissing);
     if (missing == findings.end())
         return;
-    const Orbel::Findings asForm = Orbel::Check::Definition(document);
+    const Findings asForm = Check::Definition(document);
     if (std::none_of(asForm.cbegin(), asForm.cend(), IsFormMissing))
         missing->Text += QStringLiteral("; it is a definition, whose file name must end in \".orbel\"");
 }
 
-bool IsBefore(const Orbel::Finding &a, const Orbel::Finding &b)
+bool IsBefore(const Finding &a, const Finding &b)
 {
     return a.Line < b.Line || (a.Line == b.Line && a.Column < b.Column);
 }
@@ -79,7 +82,7 @@ int CheckCommand::Run(const QCommandLineParser &parser)
     if (parser.isSet(Codes)) {
         if (parser.isSet(Json))
             throw UsageFailure(QStringLiteral("--codes prints a page, and does not go with --json"));
-        PrintText(Orbel::Check::Explanations());
+        PrintText(Check::Explanations());
         return ekFine;
     }
     if (parser.isSet(RunHere)) {
@@ -107,7 +110,7 @@ void CheckCommand::CheckFile(const QString &path)
 {
     const QByteArray document = ReadFile(path);
     const bool isList = IsComponentList(path);
-    Orbel::Findings findings = isList ? Orbel::Check::ComponentList(document) : Orbel::Check::Definition(document);
+    Findings findings = isList ? Check::ComponentList(document) : Check::Definition(document);
     if (isList)
         TellName(document, findings);
     if (Parser->isSet(RunOption)) {
@@ -124,15 +127,15 @@ void CheckCommand::CheckFile(const QString &path)
 void CheckCommand::CheckAgainst(const QString &option, const QByteArray &form)
 {
     const QString path = Parser->value(option);
-    const auto check = option == Params ? Orbel::Check::Parameters : Orbel::Check::Changed;
+    const auto check = option == Params ? Check::Parameters : Check::Changed;
     Take(path, check(ReadFile(path), form));
 }
 
-void CheckCommand::Take(const QString &path, const Orbel::Findings &findings)
+void CheckCommand::Take(const QString &path, const Findings &findings)
 {
-    for (const Orbel::Finding &finding : findings)
+    for (const Finding &finding : findings)
         Lines.append({path, finding});
-    if (!Orbel::Check::IsClean(findings))
+    if (!Check::IsClean(findings))
         Status = ekInputAtFault;
 }
 
@@ -144,7 +147,7 @@ void CheckCommand::Print() const
                           .arg(line.Path)
                           .arg(line.Found.Line)
                           .arg(line.Found.Column)
-                          .arg(Orbel::NameOf(line.Found.Level), line.Found.Text, line.Found.Code));
+                          .arg(NameOf(line.Found.Level), line.Found.Text, line.Found.Code));
         return;
     }
     QJsonArray array;
@@ -152,3 +155,5 @@ void CheckCommand::Print() const
         array.append(ToJson(line.Found, line.Path));
     PrintText(JsonText(array));
 }
+
+} // namespace Orbel

@@ -4,6 +4,9 @@
 #include "orbelcheck.h"
 #include "subcommand.h"
 
+namespace Orbel
+{
+
 /// `orbel check`: tells what is wrong with definitions, component lists, and documents that go with them.
 class CheckCommand : public Subcommand
 {
@@ -14,15 +17,17 @@ public:
 private:
     void CheckFile(const QString &path);
     void CheckAgainst(const QString &option, const QByteArray &form);
-    void Take(const QString &path, const Orbel::Findings &findings);
+    void Take(const QString &path, const Findings &findings);
     void Print() const;
 
     struct Line {
         QString Path;
-        Orbel::Finding Found;
+        Finding Found;
     };
 
     const QCommandLineParser *Parser = nullptr;
     QVector<Line> Lines;
     ExitStatus Status = ekFine;
 };
+
+} // namespace Orbel

@@ -4,6 +4,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -14,21 +17,21 @@ const QLatin1String SeverityKey("severity");
 const QLatin1String Code("code");
 const QLatin1String Text("text");
 
-Orbel::Severity SeverityOf(const QString &name)
+Severity SeverityOf(const QString &name)
 {
-    for (const Orbel::Severity severity : {Orbel::Severity::Error, Orbel::Severity::Warning}) {
-        if (Orbel::NameOf(severity) == name)
+    for (const Severity severity : {Severity::Error, Severity::Warning}) {
+        if (NameOf(severity) == name)
             return severity;
     }
-    return Orbel::Severity::Note;
+    return Severity::Note;
 }
 
 } // namespace
 
-QJsonObject ToJson(const Orbel::Finding &finding, const QString &path)
+QJsonObject ToJson(const Finding &finding, const QString &path)
 {
-    return {{File, path}, {LineKey, finding.Line}, {Column, finding.Column},
-        {SeverityKey, Orbel::NameOf(finding.Level)}, {Code, finding.Code}, {Text, finding.Text}};
+    return {{File, path}, {LineKey, finding.Line}, {Column, finding.Column}, {SeverityKey, NameOf(finding.Level)},
+        {Code, finding.Code}, {Text, finding.Text}};
 }
 
 QString JsonText(const QJsonArray &array)
@@ -36,20 +39,21 @@ QString JsonText(const QJsonArray &array)
     return QString::fromUtf8(QJsonDocument(array).toJson(QJsonDocument::Indented));
 }
 
-QString FindingsToJson(const Orbel::Findings &findings)
+QString FindingsToJson(const Findings &findings)
 {
     QJsonArray array;
-    for (const Orbel::Finding &finding : findings)
+    for (const Finding &finding : findings)
         array.append(ToJson(finding, QString()));
     return JsonText(array);
 }
 
-Orbel::Findings FindingsFromJson(const QByteArray &text, bool *isValid)
+Findings FindingsFromJson(const QByteArray &text, bool *isValid)
 {
     const QJsonDocument document = QJsonDocument::fromJson(text);
     *isValid = document.isArray();
-    Orbel::Findings findings;
-    for (const QJsonValue &value : document.array()) {
+    Findings findings;
+    const QJsonArray list = document.array();
+    for (const QJsonValue &value : list) {
         const QJsonObject object = value.toObject();
         findings.append({object.value(LineKey).toInt(), object.value(Column).toInt(),
             SeverityOf(object.value(SeverityKey).toString()), object.value(Code).toString(),
@@ -57,3 +61,5 @@ Orbel::Findings FindingsFromJson(const QByteArray &text, bool *isValid)
     }
     return findings;
 }
+
+} // namespace Orbel

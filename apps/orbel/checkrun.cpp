@@ -9,6 +9,9 @@
 
 #include <cstdio>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -23,9 +26,9 @@ constexpr int BuildTime = 120000;
 const char Begins[] = "+\n";
 const char Ends[] = "-\n";
 
-Orbel::Finding Fault(const char *code, const char *text)
+Finding Fault(const char *code, const char *text)
 {
-    return {1, 1, Orbel::Severity::Error, QLatin1String(code), QLatin1String(text)};
+    return {1, 1, Severity::Error, QLatin1String(code), QLatin1String(text)};
 }
 
 /// Whether the process ended by itself in time. Gives what it printed behind the lines about scripts.
@@ -62,15 +65,15 @@ bool IsComponentList(const QString &path)
     return !path.endsWith(QLatin1String(".orbel"));
 }
 
-Orbel::Findings RunForms(bool isList)
+Findings RunForms(bool isList)
 {
     QFile input;
     const QByteArray document = input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
-    return isList ? Orbel::Check::RunComponentList(document, RunTime, TellWatcher)
-                  : Orbel::Check::RunDefinition(document, RunTime, TellWatcher);
+    return isList ? Check::RunComponentList(document, RunTime, TellWatcher)
+                  : Check::RunDefinition(document, RunTime, TellWatcher);
 }
 
-Orbel::Findings RunInProcess(const QByteArray &document, bool isList)
+Findings RunInProcess(const QByteArray &document, bool isList)
 {
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
@@ -86,8 +89,10 @@ Orbel::Findings RunInProcess(const QByteArray &document, bool isList)
         return {Fault("script-endless", "The script did not end, and could not be stopped")};
     }
     bool isValid = false;
-    const Orbel::Findings findings = FindingsFromJson(output, &isValid);
+    const Findings findings = FindingsFromJson(output, &isValid);
     if (isValid)
         return findings;
     return {Fault("script-exception", "The run ended by a fault before it could tell anything")};
 }
+
+} // namespace Orbel

@@ -11,6 +11,9 @@
 
 #include <cstdio>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -21,34 +24,33 @@ QString Text(const char *text)
     return QString::fromUtf8(text);
 }
 
-QJsonArray ToJson(const QVector<Orbel::PropertyInfo> &properties)
+QJsonArray ToJson(const QVector<PropertyInfo> &properties)
 {
     QJsonArray array;
-    for (const Orbel::PropertyInfo &property : properties)
+    for (const PropertyInfo &property : properties)
         array.append(QJsonObject{{QStringLiteral("name"), property.name},
-            {QStringLiteral("type"), Orbel::NameOf(property.type)}, {QStringLiteral("absent"), Text(property.absent)},
+            {QStringLiteral("type"), NameOf(property.type)}, {QStringLiteral("absent"), Text(property.absent)},
             {QStringLiteral("unit"), Text(property.unit)},
-            {QStringLiteral("storedOnly"), property.use == Orbel::PropertyUse::Stored},
+            {QStringLiteral("storedOnly"), property.use == PropertyUse::Stored},
             {QStringLiteral("choices"), Text(property.choices)}, {QStringLiteral("meaning"), Text(property.meaning)}});
     return array;
 }
 
 void AddMembers(QJsonObject &object, const QString &className)
 {
-    const Orbel::ClassMembers members
-        = Orbel::MembersOf(Orbel::Registry::MetaObjectOf(className), QObject::staticMetaObject);
+    const ClassMembers members = MembersOf(Registry::MetaObjectOf(className), QObject::staticMetaObject);
     object.insert(QStringLiteral("signals"), QJsonArray::fromStringList(members.Signals));
     object.insert(QStringLiteral("slots"), QJsonArray::fromStringList(members.Slots));
     object.insert(QStringLiteral("invokables"), QJsonArray::fromStringList(members.Invokables));
 }
 
-QJsonObject ToJson(const Orbel::ClassInfo &info)
+QJsonObject ToJson(const ClassInfo &info)
 {
     const QString name = Text(info.name);
     QJsonObject object{{QStringLiteral("class"), name}, {QStringLiteral("delegate"), Text(info.delegate->delegate)},
         {QStringLiteral("shows"), Text(info.delegate->shows)}, {QStringLiteral("remark"), Text(info.remark)},
         {QStringLiteral("valueProperty"), QString(info.delegate->valueProperty)},
-        {QStringLiteral("properties"), ToJson(Orbel::Registry::PropertiesOf(info))}};
+        {QStringLiteral("properties"), ToJson(Registry::PropertiesOf(info))}};
     AddMembers(object, name);
     return object;
 }
@@ -56,9 +58,9 @@ QJsonObject ToJson(const Orbel::ClassInfo &info)
 QByteArray AllAsJson()
 {
     QJsonArray classes;
-    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
+    for (const ClassInfo &info : Registry::Classes())
         classes.append(ToJson(info));
-    QJsonObject sheet{{QStringLiteral("properties"), ToJson(Orbel::Registry::SheetProperties())}};
+    QJsonObject sheet{{QStringLiteral("properties"), ToJson(Registry::SheetProperties())}};
     AddMembers(sheet, QString());
     const QJsonObject all{{QStringLiteral("classes"), classes}, {QStringLiteral("sheet"), sheet}};
     return QJsonDocument(all).toJson();
@@ -67,7 +69,7 @@ QByteArray AllAsJson()
 QByteArray AllAsText()
 {
     QString text;
-    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
+    for (const ClassInfo &info : Registry::Classes())
         text += QStringLiteral("%1  %2  %3\n")
                     .arg(Text(info.name), -21)
                     .arg(QString(info.delegate->valueProperty), -12)
@@ -94,3 +96,5 @@ int ClassesCommand::Run(const QCommandLineParser &parser)
     std::fputs((parser.isSet(Json) ? AllAsJson() : AllAsText()).constData(), stdout);
     return ekFine;
 }
+
+} // namespace Orbel

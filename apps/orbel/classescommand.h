@@ -2,6 +2,9 @@
 
 #include "subcommand.h"
 
+namespace Orbel
+{
+
 /// `orbel classes`: the control classes, their properties, signals, slots and invokables.
 class ClassesCommand : public Subcommand
 {
@@ -9,3 +12,5 @@ public:
     void Define(QCommandLineParser &parser) const override;
     int Run(const QCommandLineParser &parser) override;
 };
+
+} // namespace Orbel

@@ -10,6 +10,9 @@
 #include <QLocale>
 #include <QRegularExpression>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -80,3 +83,5 @@ QString ComponentName(const QCommandLineParser &parser)
 {
     return parser.value(ComponentOption());
 }
+
+} // namespace Orbel

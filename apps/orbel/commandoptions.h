@@ -4,6 +4,9 @@
 
 class QCommandLineParser;
 
+namespace Orbel
+{
+
 /// What several subcommands have on their command lines.
 
 /// Adds the argument FILE.
@@ -22,3 +25,5 @@ void DefineLanguage(QCommandLineParser &parser);
 void SpeakLanguage(const QCommandLineParser &parser, const QString &path);
 /// Whether the text names a language, as "de" or "de_CH".
 bool IsLanguage(const QString &text);
+
+} // namespace Orbel

@@ -2,6 +2,9 @@
 
 #include <QString>
 
+namespace Orbel
+{
+
 /// How the command ends.
 enum ExitStatus {
     ekFine = 0,
@@ -26,3 +29,5 @@ inline Failure UsageFailure(const QString &reason)
 {
     return Failure{ekWrongUsage, reason};
 }
+
+} // namespace Orbel

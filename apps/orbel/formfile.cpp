@@ -7,6 +7,9 @@
 #include "orbelparser.h"
 #include "xmlwalk.h"
 
+namespace Orbel
+{
+
 FormFile::FormFile(const QString &path) : Path(path)
 {
     if (IsList())
@@ -79,9 +82,9 @@ const FormFile::Definition &FormFile::Pick(const QString &component) const
     if (!IsList())
         throw UsageFailure(QStringLiteral("%1: it is no component list, so --component means nothing").arg(Path));
     if (component.isEmpty())
-        throw UsageFailure(QStringLiteral("%1: choose a form with --component: %2").arg(Path, Quoted(names)));
+        throw UsageFailure(QStringLiteral("%1: choose a form with --component: %2").arg(Path, QuotedNames(names)));
     throw UsageFailure(QStringLiteral("%1: there is no component \"%2\" in it; nearest: %3")
-                           .arg(Path, component, Quoted(NearestNames(component, names, 3))));
+                           .arg(Path, component, QuotedNames(NearestNames(component, names, 3))));
 }
 
 FormFile::Form FormFile::Parse(const QString &component) const
@@ -94,3 +97,5 @@ FormFile::Form FormFile::Parse(const QString &component) const
         throw InputFailure(Path, QStringLiteral("there is no form in it"));
     return form;
 }
+
+} // namespace Orbel

@@ -7,6 +7,9 @@
 #include <QStringList>
 #include <QVector>
 
+namespace Orbel
+{
+
 /// A file that holds a form definition, or for any name that does not end in ".orbel" a component list with several.
 /// What is malformed in it is told on standard error at once; the rest can be used, as far as it was read.
 class FormFile
@@ -43,3 +46,5 @@ private:
     QVector<Definition> Definitions;
     ExitStatus Status = ekFine;
 };
+
+} // namespace Orbel

@@ -7,6 +7,9 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+namespace Orbel
+{
+
 QByteArray ReadFile(const QString &path)
 {
     QFile file(path);
@@ -44,3 +47,5 @@ QString ErrorText(const QXmlStreamReader &reader)
 {
     return QStringLiteral("line %1: %2").arg(reader.lineNumber()).arg(reader.errorString());
 }
+
+} // namespace Orbel

@@ -5,6 +5,9 @@
 
 class QXmlStreamReader;
 
+namespace Orbel
+{
+
 /// The bytes of a file that is read as a whole. Throws a Failure when it cannot be read.
 QByteArray ReadFile(const QString &path);
 
@@ -14,3 +17,5 @@ QString ReadDocument(const QString &path, const QString &element);
 
 /// The error of a reader with its line, for messages.
 QString ErrorText(const QXmlStreamReader &reader);
+
+} // namespace Orbel

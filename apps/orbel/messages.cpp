@@ -6,6 +6,9 @@
 
 #include <cstdio>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -54,7 +57,9 @@ void Complain(const QString &message)
     WriteLine(stderr, "orbel: " + message.toLocal8Bit());
 }
 
-QString Quoted(const QStringList &names)
+QString QuotedNames(const QStringList &names)
 {
     return QLatin1Char('"') + names.join(QLatin1String("\", \"")) + QLatin1Char('"');
 }
+
+} // namespace Orbel

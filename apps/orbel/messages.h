@@ -2,6 +2,9 @@
 
 #include <QStringList>
 
+namespace Orbel
+{
+
 /// Sends what the process has to say to its place: the parameter documents of the form viewer to standard output, and
 /// all else that goes through Qt's messages, such as what scripts print, to standard error. Traces of failures go to
 /// standard error as well.
@@ -15,4 +18,6 @@ void WriteDocument(const QString &xml);
 void Complain(const QString &message);
 
 /// The names in quotation marks, for messages.
-QString Quoted(const QStringList &names);
+QString QuotedNames(const QStringList &names);
+
+} // namespace Orbel

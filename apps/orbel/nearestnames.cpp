@@ -2,6 +2,9 @@
 
 #include "editdistance.h"
 
+namespace Orbel
+{
+
 QStringList NearestNames(const QString &name, const QStringList &names, int count)
 {
     struct Candidate {
@@ -12,7 +15,7 @@ QStringList NearestNames(const QString &name, const QStringList &names, int coun
     distinct.removeDuplicates();
     QVector<Candidate> candidates;
     for (const QString &candidate : qAsConst(distinct))
-        candidates.append({candidate, Orbel::EditDistance(name.toLower(), candidate.toLower())});
+        candidates.append({candidate, EditDistance(name.toLower(), candidate.toLower())});
     std::stable_sort(candidates.begin(), candidates.end(),
         [](const Candidate &a, const Candidate &b) { return a.Distance < b.Distance; });
     QStringList nearest;
@@ -23,3 +26,5 @@ QStringList NearestNames(const QString &name, const QStringList &names, int coun
     }
     return nearest;
 }
+
+} // namespace Orbel

@@ -18,6 +18,9 @@
 #include <cstdio>
 #include <memory>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -77,8 +80,8 @@ const Row &FindRow(const QString &name)
             return row;
         names.append(QLatin1String(row.name));
     }
-    throw UsageFailure(
-        QStringLiteral("there is no subcommand \"%1\"; nearest: %2").arg(name, Quoted(NearestNames(name, names, 1))));
+    throw UsageFailure(QStringLiteral("there is no subcommand \"%1\"; nearest: %2")
+                           .arg(name, QuotedNames(NearestNames(name, names, 1))));
 }
 
 /// Qt ends the process at once when there is no display; with a platform that shows nothing, a subcommand still gets to
@@ -148,3 +151,5 @@ int RunOrbel(int argc, char **argv)
         return failure.Status;
     }
 }
+
+} // namespace Orbel

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -54,3 +57,5 @@ std::optional<QPalette> NamedPalette(const QString &name)
     const Row *row = std::find_if(std::begin(Table), std::end(Table), isIt);
     return row == std::end(Table) ? std::nullopt : std::optional(Make(*row));
 }
+
+} // namespace Orbel

@@ -14,6 +14,9 @@
 
 #include <memory>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -101,5 +104,7 @@ void ParamsCommand::Set(KV218::OrbelFormular &form, const QString &assignment) c
         return;
     }
     throw UsageFailure(QStringLiteral("%1: there is no value at \"%2\"; nearest: %3")
-                           .arg(Path, path, Quoted(NearestNames(path, ValuePaths(form.GetSheet()), 3))));
+                           .arg(Path, path, QuotedNames(NearestNames(path, ValuePaths(form.GetSheet()), 3))));
 }
+
+} // namespace Orbel

@@ -3,6 +3,9 @@
 #include "formfile.h"
 #include "subcommand.h"
 
+namespace Orbel
+{
+
 /// `orbel params`: the road of a form from its definition to its parameter document, without an operator.
 class ParamsCommand : public Subcommand
 {
@@ -15,3 +18,5 @@ private:
 
     QString Path;
 };
+
+} // namespace Orbel

@@ -9,6 +9,9 @@
 #include <QFile>
 #include <QStyleFactory>
 
+namespace Orbel
+{
+
 void ReferenceCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(QStringLiteral(
@@ -26,10 +29,10 @@ int ReferenceCommand::Run(const QCommandLineParser &parser)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     Write(QStringLiteral("README.md"), IndexPage());
     Write(QStringLiteral("Sheet.md"), SheetPage());
-    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes()) {
+    for (const ClassInfo &info : Registry::Classes()) {
         const QString name = QLatin1String(info.name);
         Write(name + QLatin1String(".md"), ClassPage(info));
-        if (info.delegate->traits & Orbel::ekShown)
+        if (info.delegate->traits & ekShown)
             Draw(name);
     }
     return ekFine;
@@ -49,3 +52,5 @@ void ReferenceCommand::Draw(const QString &className) const
     if (!PictureOf(ExampleOf(className)).save(path))
         throw InputFailure(path, QStringLiteral("the picture cannot be written"));
 }
+
+} // namespace Orbel

@@ -4,6 +4,9 @@
 
 #include <QDir>
 
+namespace Orbel
+{
+
 /// `orbel reference`: writes the reference of all control classes into a folder.
 class ReferenceCommand : public Subcommand
 {
@@ -17,3 +20,5 @@ private:
 
     QDir Folder;
 };
+
+} // namespace Orbel

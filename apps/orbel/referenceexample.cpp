@@ -13,6 +13,9 @@
 
 #include <memory>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -90,3 +93,5 @@ QString DocumentOf(const QString &definition)
     std::unique_ptr<QWidget> gui;
     return Build(definition, gui)->GetXmlString(false).trimmed();
 }
+
+} // namespace Orbel

@@ -4,6 +4,9 @@
 #include "orbeldelegate.h"
 #include "referenceexample.h"
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -18,14 +21,14 @@ QString Cell(const QString &text)
     return QString(text).replace(QLatin1Char('|'), QLatin1String("\\|"));
 }
 
-QString ReadAs(const Orbel::PropertyInfo &property)
+QString ReadAs(const PropertyInfo &property)
 {
-    const QString type = Orbel::NameOf(property.type);
+    const QString type = NameOf(property.type);
     return (type.isEmpty() ? QStringLiteral("no text") : type)
-        + (property.use == Orbel::PropertyUse::Stored ? QStringLiteral(", stored only") : QString());
+        + (property.use == PropertyUse::Stored ? QStringLiteral(", stored only") : QString());
 }
 
-QString Meaning(const Orbel::PropertyInfo &property)
+QString Meaning(const PropertyInfo &property)
 {
     const QString meaning = Text(property.meaning);
     if (!*property.choices)
@@ -34,10 +37,10 @@ QString Meaning(const Orbel::PropertyInfo &property)
         + QStringLiteral(" One of: `%1`.").arg(Text(property.choices).replace(QLatin1Char(' '), QLatin1String("`, `")));
 }
 
-QString PropertyTable(const QVector<Orbel::PropertyInfo> &properties)
+QString PropertyTable(const QVector<PropertyInfo> &properties)
 {
     QString table = QStringLiteral("| Property | Read as | When absent | Unit | Meaning |\n|---|---|---|---|---|\n");
-    for (const Orbel::PropertyInfo &property : properties)
+    for (const PropertyInfo &property : properties)
         table += QStringLiteral("| `%1` | %2 | %3 | %4 | %5 |\n")
                      .arg(QString(property.name), ReadAs(property), Cell(Text(property.absent)), Text(property.unit),
                          Cell(Meaning(property)));
@@ -53,7 +56,7 @@ QString MemberList(const char *title, const QStringList &members)
 
 QString Members(const QMetaObject *metaObject, const QMetaObject &base)
 {
-    const Orbel::ClassMembers members = Orbel::MembersOf(metaObject, base);
+    const ClassMembers members = MembersOf(metaObject, base);
     return MemberList("Signals", members.Signals) + MemberList("Slots", members.Slots)
         + MemberList("Invokables", members.Invokables);
 }
@@ -63,10 +66,10 @@ QString Block(const QString &xml)
     return QStringLiteral("```xml\n%1\n```\n\n").arg(xml.trimmed());
 }
 
-QString Head(const Orbel::ClassInfo &info)
+QString Head(const ClassInfo &info)
 {
     QStringList siblings;
-    for (const Orbel::ClassInfo &other : Orbel::Registry::Classes()) {
+    for (const ClassInfo &other : Registry::Classes()) {
         if (other.delegate == info.delegate)
             siblings.append(QStringLiteral("`%1`").arg(Text(other.name)));
     }
@@ -74,16 +77,16 @@ QString Head(const Orbel::ClassInfo &info)
     QString head = QStringLiteral("# %1\n\n%2\n\n").arg(Text(info.name), Text(info.delegate->shows));
     if (*info.remark)
         head += Text(info.remark) + QLatin1String("\n\n");
-    if (info.delegate->traits & Orbel::ekShown)
+    if (info.delegate->traits & ekShown)
         head += QStringLiteral("![%1](images/%1.png)\n\n").arg(Text(info.name));
     head += QStringLiteral("- Class names: %1\n").arg(siblings.join(QLatin1String(", ")));
     head += QStringLiteral("- Delegate: `%1`\n").arg(Text(info.delegate->delegate));
     return head + (value.isEmpty() ? QStringLiteral("\n") : QStringLiteral("- Value property: `%1`\n\n").arg(value));
 }
 
-QString ParameterPart(const Orbel::ClassInfo &info, const QString &example)
+QString ParameterPart(const ClassInfo &info, const QString &example)
 {
-    if (!(info.delegate->traits & Orbel::ekWrites))
+    if (!(info.delegate->traits & ekWrites))
         return QStringLiteral("## Parameter document\n\nThe control writes no element.\n\n");
     return QStringLiteral("## Parameter document\n\nOut: %1 The example writes:\n\n%2In: %3\n\n")
         .arg(Text(info.delegate->writes), Block(DocumentOf(example)), Text(info.delegate->reads));
@@ -91,15 +94,15 @@ QString ParameterPart(const Orbel::ClassInfo &info, const QString &example)
 
 } // namespace
 
-QString ClassPage(const Orbel::ClassInfo &info)
+QString ClassPage(const ClassInfo &info)
 {
     const QString example = ExampleOf(Text(info.name));
-    const QVector<Orbel::PropertyInfo> &own = info.delegate->properties;
+    const QVector<PropertyInfo> &own = info.delegate->properties;
     QString page = Head(info) + QStringLiteral("## Properties\n\n");
     if (!own.isEmpty())
         page += PropertyTable(own);
     page += QStringLiteral("And those of [every control](README.md).\n\n## For scripts\n\n");
-    page += Members(Orbel::Registry::MetaObjectOf(Text(info.name)), KV218::OrbelDelegate::staticMetaObject);
+    page += Members(Registry::MetaObjectOf(Text(info.name)), KV218::OrbelDelegate::staticMetaObject);
     page += QStringLiteral("And those of [every control](README.md).\n\n");
     return page + ParameterPart(info, example) + QStringLiteral("## Example\n\n") + Block(example).trimmed()
         + QLatin1Char('\n');
@@ -109,10 +112,10 @@ QString SheetPage()
 {
     return QStringLiteral("# The sheet\n\nThe form as a whole: its properties stand in the `Properties` of the element "
                           "`Sheet`.\n\n## Properties\n\n")
-        + PropertyTable(Orbel::Registry::SheetProperties())
+        + PropertyTable(Registry::SheetProperties())
         + QStringLiteral("A custom property `Attribute_X` makes an attribute `X` of the parameter document's root "
                          "element; its value is the property of the same name in `Properties`.\n\n## For scripts\n\n")
-        + Members(Orbel::Registry::MetaObjectOf(QString()), KV218::OrbelDelegate::staticMetaObject).trimmed()
+        + Members(Registry::MetaObjectOf(QString()), KV218::OrbelDelegate::staticMetaObject).trimmed()
         + QLatin1Char('\n');
 }
 
@@ -121,13 +124,15 @@ QString IndexPage()
     QString page
         = QStringLiteral("# Reference\n\nWritten by `orbel reference`.\n\n| Class | What the operator sees | Value "
                          "property |\n|---|---|---|\n| [Sheet](Sheet.md) | The form as a whole. | |\n");
-    for (const Orbel::ClassInfo &info : Orbel::Registry::Classes()) {
+    for (const ClassInfo &info : Registry::Classes()) {
         const QString value = info.delegate->valueProperty;
         page += QStringLiteral("| [%1](%1.md) | %2 | %3 |\n")
                     .arg(Text(info.name), Cell(Text(info.delegate->shows)),
                         value.isEmpty() ? value : QLatin1Char('`') + value + QLatin1Char('`'));
     }
     return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n")
-        + PropertyTable(Orbel::Registry::CommonProperties())
+        + PropertyTable(Registry::CommonProperties())
         + Members(&KV218::OrbelDelegate::staticMetaObject, QObject::staticMetaObject).trimmed() + QLatin1Char('\n');
 }
+
+} // namespace Orbel

@@ -15,6 +15,9 @@
 
 #include <memory>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -186,3 +189,5 @@ int RenderCommand::Run(const QCommandLineParser &parser)
     Save(Draw(gui.get(), size), output);
     return file.GetStatus();
 }
+
+} // namespace Orbel

@@ -2,6 +2,9 @@
 
 #include "subcommand.h"
 
+namespace Orbel
+{
+
 /// `orbel render`: draws a form into a picture file, without a display.
 class RenderCommand : public Subcommand
 {
@@ -10,3 +13,5 @@ public:
     void Prepare(const QCommandLineParser &parser) override;
     int Run(const QCommandLineParser &parser) override;
 };
+
+} // namespace Orbel

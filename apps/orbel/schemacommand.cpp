@@ -7,6 +7,9 @@
 
 #include <cstdio>
 
+namespace Orbel
+{
+
 void SchemaCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(
@@ -21,3 +24,5 @@ int SchemaCommand::Run(const QCommandLineParser &parser)
     std::fputs(FormSchema().constData(), stdout);
     return ekFine;
 }
+
+} // namespace Orbel

@@ -2,6 +2,9 @@
 
 #include "subcommand.h"
 
+namespace Orbel
+{
+
 /// `orbel schema`: prints the XML schema of form definitions.
 class SchemaCommand : public Subcommand
 {
@@ -9,3 +12,5 @@ public:
     void Define(QCommandLineParser &parser) const override;
     int Run(const QCommandLineParser &parser) override;
 };
+
+} // namespace Orbel

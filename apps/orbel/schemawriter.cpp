@@ -7,6 +7,9 @@
 #include <QMap>
 #include <QXmlStreamWriter>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -204,17 +207,16 @@ private:
     void WriteValues()
     {
         struct Value {
-            Orbel::ValueType type;
+            ValueType type;
             const char *schemaType;
         };
-        constexpr Value values[] = {{Orbel::ValueType::Bool, "bool"}, {Orbel::ValueType::Int, "int"},
-            {Orbel::ValueType::Int64, "int64"}, {Orbel::ValueType::UInt64, "uint64"},
-            {Orbel::ValueType::Double, "xs:double"}, {Orbel::ValueType::Text, "xs:string"}};
+        constexpr Value values[] = {{ValueType::Bool, "bool"}, {ValueType::Int, "int"}, {ValueType::Int64, "int64"},
+            {ValueType::UInt64, "uint64"}, {ValueType::Double, "xs:double"}, {ValueType::Text, "xs:string"}};
         Begin("group");
         Set("name", QStringLiteral("value"));
         Begin("choice");
         for (const Value &value : values)
-            Element(Orbel::NameOf(value.type), QLatin1String(value.schemaType));
+            Element(NameOf(value.type), QLatin1String(value.schemaType));
         End();
         End();
         BeginNames("bool");
@@ -275,9 +277,9 @@ private:
     {
         QMap<QString, QStringList> meanings;
         BeginNames("className");
-        for (const Orbel::ClassInfo &info : Orbel::Registry::Classes()) {
+        for (const ClassInfo &info : Registry::Classes()) {
             Name(QLatin1String(info.name), QString::fromUtf8(info.delegate->shows));
-            for (const Orbel::PropertyInfo &property : Orbel::Registry::PropertiesOf(info)) {
+            for (const PropertyInfo &property : Registry::PropertiesOf(info)) {
                 QStringList &known = meanings[property.name];
                 const QString meaning = QString::fromUtf8(property.meaning);
                 if (!known.contains(meaning))
@@ -290,7 +292,7 @@ private:
             Name(property.key(), property->join(QStringLiteral(" Or: ")));
         EndNames();
         BeginNames("knownSheetPropertyName");
-        for (const Orbel::PropertyInfo &property : Orbel::Registry::SheetProperties())
+        for (const PropertyInfo &property : Registry::SheetProperties())
             Name(property.name, QString::fromUtf8(property.meaning));
         EndNames();
         WriteSheetNames();
@@ -323,3 +325,5 @@ QByteArray FormSchema()
     SchemaWriter(&text).Write();
     return text;
 }
+
+} // namespace Orbel

@@ -12,6 +12,9 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -60,10 +63,12 @@ int StringsCommand::Run(const QCommandLineParser &parser)
         // Half of a form would take the texts of the other half for gone.
         if (FormFile(form).GetStatus() != ekFine)
             throw InputFailure(form, QStringLiteral("it must be whole; nothing is written"));
-        for (const Orbel::FormText &text : Orbel::TextsOf(ReadFile(form), IsComponentList(form)))
+        for (const FormText &text : TextsOf(ReadFile(form), IsComponentList(form)))
             catalogue.Add(text.Context, text.Source, form, text.Line);
     }
     catalogue.Write();
     std::printf("%s: %s\n", qPrintable(path), qPrintable(catalogue.Summary()));
     return ekFine;
 }
+
+} // namespace Orbel

@@ -2,6 +2,9 @@
 
 #include "subcommand.h"
 
+namespace Orbel
+{
+
 /// `orbel strings`: collects the texts of forms for translators.
 class StringsCommand : public Subcommand
 {
@@ -9,3 +12,5 @@ public:
     void Define(QCommandLineParser &parser) const override;
     int Run(const QCommandLineParser &parser) override;
 };
+
+} // namespace Orbel

@@ -4,6 +4,9 @@
 
 class QCommandLineParser;
 
+namespace Orbel
+{
+
 /// One subcommand of `orbel`.
 class Subcommand
 {
@@ -18,3 +21,5 @@ public:
     /// Does the work, with a parsed command line that did not ask for help. Throws a Failure, or gives the exit status.
     virtual int Run(const QCommandLineParser &parser) = 0;
 };
+
+} // namespace Orbel

@@ -9,6 +9,9 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -191,3 +194,5 @@ int TextCatalogue::CountOf(const std::function<bool(const Message &)> &counts) c
         count += int(std::count_if(context.Messages.cbegin(), context.Messages.cend(), counts));
     return count;
 }
+
+} // namespace Orbel

@@ -10,6 +10,9 @@
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
+namespace Orbel
+{
+
 /// The texts of forms with their translations: a file of Qt Linguist (TS, version 2.1). Texts are told anew each time;
 /// those of before keep their translations, and the translations of texts that are gone stay as "vanished".
 class TextCatalogue
@@ -62,3 +65,5 @@ private:
     QString SourceLanguage = QStringLiteral("en");
     QVector<Context> Contexts;
 };
+
+} // namespace Orbel

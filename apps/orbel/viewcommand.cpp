@@ -15,6 +15,9 @@
 
 #include <memory>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -83,3 +86,5 @@ int ViewCommand::Run(const QCommandLineParser &parser)
     RunViewer(file.GetPath(), option);
     return file.GetStatus();
 }
+
+} // namespace Orbel

@@ -21,7 +21,7 @@ ORBEL_CHECK_EXPORT QString NameOf(Severity severity);
 struct Finding {
     int Line; ///< In the file, from 1.
     int Column; ///< In characters, from 1.
-    Severity Level;
+    Severity Level; ///< How bad it is.
     QString Code; ///< Stable; docs/checks.md explains each.
     QString Text; ///< One sentence, without a full stop.
 };

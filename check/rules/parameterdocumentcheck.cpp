@@ -1,6 +1,7 @@
 #include "parameterdocumentcheck.h"
 
 #include "formlimits.h"
+#include "latin1.h"
 #include "propertynames.h"
 #include "widgetnumbers.h"
 
@@ -16,9 +17,9 @@ namespace prop = KV218::prop;
 namespace limit = KV218::limit;
 
 // Attributes of items.
-constexpr QLatin1String Index("index");
-constexpr QLatin1String Row("row");
-constexpr QLatin1String Column("column");
+constexpr QLatin1String Index = KV218::Latin1("index");
+constexpr QLatin1String Row = KV218::Latin1("row");
+constexpr QLatin1String Column = KV218::Latin1("column");
 
 /// A place in the parameter document: an enclosing element, or that of a control.
 struct Place {

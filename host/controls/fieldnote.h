@@ -14,6 +14,7 @@ class QWidget;
 namespace FieldNote
 {
 
+/// How the note is drawn: plain, or red for what is refused.
 enum Kind { Understood, Refused };
 
 /// Lets the text stand at the field until Hide(), the end of the field, or a text elsewhere; an empty text hides it.

@@ -17,6 +17,7 @@ public:
     /// With `belowZero` tuning goes on below 0 Hz, where the node's limits let it.
     FrequencyField(QWidget *parent, bool belowZero);
 
+    /// Whether the field is bound.
     bool HasNode() const { return BoundNode(); }
     /// Lets the wheel tune the digit under the mouse without the focus, too. The tuning ends when the mouse leaves
     /// then.

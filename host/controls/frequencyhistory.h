@@ -6,6 +6,7 @@
 class FrequencyHistory
 {
 public:
+    /// How many are kept.
     static constexpr int Length = 12;
 
     /// Puts a frequency in front; the oldest goes when there are too many. Infinity and NaN are no frequencies.

@@ -11,6 +11,7 @@ class ORBEL_HOST_EXPORT GlyphButton : public QToolButton
     Q_OBJECT
 
 public:
+    /// What is drawn on the button.
     enum Glyph { Up, Down, Pencil, Clock };
 
     GlyphButton(Glyph glyph, QWidget *parent);

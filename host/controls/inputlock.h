@@ -12,5 +12,6 @@ class ORBEL_HOST_EXPORT InputLock : public QEvent
 public:
     InputLock() : QEvent(Kind()) { }
 
+    /// The type that Qt has registered for this event.
     static QEvent::Type Kind();
 };

@@ -10,6 +10,7 @@
 template <class Control> class LateActs
 {
 public:
+    /// What is done late: a member function of the control.
     using Act = void (Control::*)();
 
     /// `owner` is the control that holds this.

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-/// What a bound control holds of its node: watches it for the control, and lets go of it when it goes away. `Node` is
+/// What a bound control holds of its node: observes it for the control, and releases it when it is destroyed. `Node` is
 /// ValueBase, a class derived from it, or an interface that the node has beside it.
 template <class Node> class NodeBinding
 {
@@ -33,6 +33,7 @@ public:
         return true;
     }
 
+    /// Ends the binding; nothing without one.
     void Release()
     {
         if (Observable *side = std::exchange(Side, nullptr))
@@ -62,6 +63,7 @@ public:
             && (!Side || Survives(control, [this, control] { control->Update(Side, ekChangeValue); }));
     }
 
+    /// The bound node; null without one.
     Node *get() const { return Held; }
     Node *operator->() const { return Held; }
     explicit operator bool() const { return Held; }

@@ -16,6 +16,7 @@ public:
 
     /// In the units of the node.
     struct Content {
+        /// The number, its limits and its step.
         double Value = 0;
         double Min = -Unlimited;
         double Max = Unlimited;
@@ -29,6 +30,7 @@ public:
     /// The node's value, in its own units.
     double InNode() const { return Held.Value; }
 
+    /// What a shown number is of the node's.
     double GetFactor() const { return Factor; }
     /// Zero, infinity and NaN count as 1.
     void SetFactor(double factor);
@@ -50,6 +52,7 @@ public:
     /// apart.
     int Places();
 
+    /// Whether the node states a step other than 0.
     bool HasStep() const;
     /// Whether both limits are limits for a node whose numbers end at `widest`, in its units.
     bool HasTwoEnds(double widest) const;

@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <cmath>
@@ -96,7 +97,7 @@ void TypedSpinBox::fixup(QString &text) const
 {
     const TypedNumber number = ReadText(text);
     const auto [lowest, highest] = TypedRange();
-    if (number.IsNumber())
+    if (number.IsNumber() && !KeepsText)
         text = prefix() + textFromValue(std::max(lowest, std::min(number.Shown, highest))) + suffix();
 }
 
@@ -215,7 +216,11 @@ void TypedSpinBox::TellReading()
 
 void TypedSpinBox::changeEvent(QEvent *event)
 {
-    QDoubleSpinBox::changeEvent(event);
+    // As in focusOutEvent().
+    if (event->type() == QEvent::ActivationChange && IsTyping())
+        QWidget::changeEvent(event);
+    else
+        QDoubleSpinBox::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         Mark.FollowPalette();
     else if (event->type() == QEvent::LanguageChange && IsTyping())
@@ -236,7 +241,8 @@ void TypedSpinBox::focusOutEvent(QFocusEvent *event)
         QDoubleSpinBox::focusOutEvent(event);
         return;
     }
-    // The edit goes on afterwards. The base class would take over what was typed so far.
+    // The edit goes on afterwards. QAbstractSpinBox would take over what was typed so far, and its line edit clamp it.
+    const QScopedValueRollback<bool> keepsText(KeepsText, true);
     lineEdit()->event(event);
     QWidget::focusOutEvent(event);
 }

@@ -45,6 +45,7 @@ protected:
     virtual bool IsTyping() const;
     virtual double Scale() const { return 1; }
 
+    /// What a text means to the box now, in shown units.
     TypedNumber ReadText(const QString &text) const;
     /// Marks the text that stands there, and tells what it means.
     void TellReading();
@@ -76,6 +77,8 @@ private:
     // What was spelled last, of which number.
     mutable QString Spelled;
     mutable double SpelledNumber = 0;
+    // Another window takes the focus, and the edit goes on.
+    bool KeepsText = false;
     // An edit should have ended, so that what might become a number by typing on is wrong, too.
     bool IsFinal = false;
     TypingMark Mark{this};

@@ -16,6 +16,7 @@ public:
     /// `field` holds this; its palette gives the red.
     explicit TypingMark(QWidget *field) : Field(field) { }
 
+    /// Tells a note at the field; `refused` also turns its text red. An empty note is none.
     void Show(const TypedNumber &typed) { Show(typed.Note(), typed.State == QValidator::Invalid); }
     void Show(const QString &note, bool refused);
     /// The edit has ended. A note that was not shown by this stays.

@@ -273,7 +273,7 @@ void VCFrequency::OpenHistory()
     if (menu->isEmpty())
         menu->addAction(tr("No frequency yet"))->setEnabled(false);
     menu->popup(Field->mapToGlobal(QPoint(0, Field->height())));
-    if (QAction *first = menu->actions().first(); first->isEnabled())
+    if (QAction *first = menu->actions().constFirst(); first->isEnabled())
         menu->setActiveAction(first);
 }
 

@@ -19,6 +19,7 @@ class VCMiniFrequency;
 class ORBEL_HOST_EXPORT VCFrequency : public QWidget, public Control, public IObserver
 {
     Q_OBJECT
+    /// As isEnabled() and isReadOnly() tell.
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
 

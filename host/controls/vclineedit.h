@@ -24,12 +24,15 @@
 class ORBEL_HOST_EXPORT VCLineEdit : public QLineEdit, public IObserver
 {
     Q_OBJECT
+    /// As of the base class, told to this class.
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(QString inputMask READ inputMask WRITE setInputMask)
     Q_PROPERTY(int maxLength READ maxLength WRITE setMaxLength)
 
 public:
+    /// What the field reads: any text, or frequencies in Hz.
     enum LineEditType { ekText = 0, ekFrequency = 1 };
+    /// Turns one text into another.
     using Conversion = std::function<QString(const QString &)>;
 
     /// `name`, which may be null, becomes the object name.

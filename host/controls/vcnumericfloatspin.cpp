@@ -122,8 +122,8 @@ void VCNumericFloatSpin::stepBy(int steps)
 {
     if (!HasStep())
         return;
-    constexpr int pause = 1000; // milliseconds; steps without one between them are one change
-    if (!LastStep.isValid() || LastStep.hasExpired(pause))
+    constexpr int pause = 1000; // milliseconds; steps without one, nor a typed number between them, are one change
+    if (!LastStep.isValid() || LastStep.hasExpired(pause) || PendingNumber())
         StepSession = OperatorAct::NewSession();
     LastStep.start();
     Late.After([this, steps] {
@@ -206,7 +206,10 @@ void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
 {
-    const bool refused = LeavesField(*event) && IsPending();
+    const bool leaves = LeavesField(*event);
+    if (leaves)
+        LastStep.invalidate();
+    const bool refused = leaves && IsPending();
     if (!refused || Survives(this, [this] { ShowNode(); }))
         TypedSpinBox::focusOutEvent(event);
 }

@@ -24,6 +24,7 @@ class ORBEL_HOST_EXPORT VCNumericFloatSpin : public TypedSpinBox,
                                              public virtual UndoRecordingControlBase
 {
     Q_OBJECT
+    /// As of the base class, told to this class.
     Q_PROPERTY(bool enabled READ isEnabled WRITE setEnabled)
     Q_PROPERTY(double minimum READ minimum WRITE setMinimum)
     Q_PROPERTY(double maximum READ maximum WRITE setMaximum)
@@ -40,6 +41,7 @@ public:
     /// Binds to the node at that full path of the tree. False, and unbound, when there is no numeric node.
     bool SetNumeric_ValuePath(const QString &path);
 
+    /// As of the base class; the name and the suffix are translated in the context that the name gives.
     void setObjectName(const QString &name) { QDoubleSpinBox::setObjectName(name); }
     void setSuffix(const QString &suffix);
     /// Decimal places beyond those that the step needs; negative counts as 0. In any case there are as many as it takes

@@ -18,6 +18,7 @@ public:
     /// Takes one finished line, without a line end.
     using Sink = std::function<void(const QString &line)>;
 
+    /// The one handler of the process.
     static ErrorHandler &Instance();
     /// What exceptions are handed to; never null.
     static IErrorHandler *Interface();

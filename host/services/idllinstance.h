@@ -17,6 +17,7 @@ public:
     virtual void Start();
     virtual void Stop();
 
+    /// The name that the plug-in was made with.
     const QString &GetInstanceName() const { return InstanceName; }
 
 private:

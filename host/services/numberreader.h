@@ -41,6 +41,7 @@ struct ORBEL_HOST_EXPORT NumberReader {
 public:
     /// The locale's decimal point, group separator and minus are understood, too, and texts are spelled with its point.
     QLocale Locale = QLocale::c();
+    /// Whether the base unit is Hz, and units from Hz to GHz are understood.
     bool IsFrequency = false;
     /// The field shows numbers in 10^ShownPower base units: 6 for MHz.
     int ShownPower = 0;
@@ -60,6 +61,7 @@ public:
     /// A reader of frequencies that are shown in Hz and have no limits.
     static NumberReader OfHertz(const QLocale &locale = QLocale::c());
 
+    /// What the text means to the field; a text that it cannot read says why.
     TypedNumber Read(const QString &text) const;
     /// A number in base units as the notes spell it: frequencies as FrequencyText::Short(), others with the suffix.
     QString Spell(double number) const;

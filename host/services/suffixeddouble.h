@@ -8,6 +8,7 @@
 class ORBEL_HOST_EXPORT SuffixedDouble
 {
 public:
+    /// The scales, by powers of the base.
     enum ESuffix { ekPlain = 1, ekKilo = 2, ekMega = 3, ekGiga = 4 };
 
     /// `base` is the ratio of one scale to the next, 1000 or 1024; one below 2 counts as 1000. `tight` leaves out the

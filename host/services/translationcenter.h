@@ -21,6 +21,7 @@ public:
     /// Called at each Register() with true and at each Unregister() with false.
     using Listener = std::function<void(bool registered, const QString &name)>;
 
+    /// The one centre of the process.
     static TranslationCenter &Instance();
 
     TranslationCenter(const TranslationCenter &) = delete;

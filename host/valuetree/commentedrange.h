@@ -24,6 +24,7 @@ public:
     void SetBandwidth(double bandwidth) override;
     double GetFrequency() const override { return Start + (Stop - Start) / 2; }
     double GetBandwidth() const override { return Stop - Start; }
+    /// A text for the operator; empty at first.
     void SetComment(const QString &comment) { Comment = comment; }
     QString GetComment() const { return Comment; }
 

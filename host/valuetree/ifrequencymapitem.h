@@ -6,6 +6,7 @@
 class ORBEL_HOST_EXPORT IFrequencyMapItem : public IFrequencyMapReadOnlyItem
 {
 public:
+    /// Sets one end, in Hz; the other stays.
     virtual void SetRangeStart(const double &start) = 0;
     virtual void SetRangeStop(const double &stop) = 0;
     /// Moves the range so that its middle is here; its width stays.

@@ -8,6 +8,7 @@ class ORBEL_HOST_EXPORT IFrequencyMapReadOnlyItem
 public:
     virtual ~IFrequencyMapReadOnlyItem() = default;
 
+    /// The ends, in Hz.
     virtual double GetRangeStart() const = 0;
     virtual double GetRangeStop() const = 0;
     /// The middle of the range.

@@ -11,6 +11,7 @@ template <class Key> class ORBEL_HOST_EXPORT IKeyItemTemplate
 public:
     virtual ~IKeyItemTemplate() = default;
 
+    /// The id; any number.
     virtual void SetID(Key id) = 0;
     virtual Key GetID() const = 0;
 };

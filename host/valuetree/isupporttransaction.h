@@ -11,6 +11,7 @@ class ORBEL_HOST_EXPORT ISupportTransaction
 public:
     virtual ~ISupportTransaction() = default;
 
+    /// Keeps back all notifications until the end.
     virtual void StartTransaction(IObserver *observer) = 0;
     /// Notifies once with `code` all observers but the given one, whatever changed. Without a start it does nothing.
     virtual void EndTransaction(TChangeCode code, IObserver *except) = 0;

@@ -11,10 +11,12 @@ class ORBEL_HOST_EXPORT IValueNumeric
 public:
     virtual ~IValueNumeric() = default;
 
+    /// In the units of the node. `except`, which may be null, is not notified.
     virtual void SetValue(double value, IObserver *except) = 0;
     virtual void SetMin(double min, IObserver *except) = 0;
     virtual void SetMax(double max, IObserver *except) = 0;
     virtual void SetStep(double step, IObserver *except) = 0;
+    /// An integer node of 64 bits gives the nearest double.
     virtual double GetMin() const = 0;
     virtual double GetMax() const = 0;
     virtual double GetStep() const = 0;

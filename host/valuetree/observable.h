@@ -30,6 +30,7 @@ public:
     /// Calls Update() on all observers but `except`, which may be null.
     virtual void NotifyObservers(TChangeCode code, IObserver *except);
 
+    /// Whether anybody is on the list.
     bool HasObservers() const;
 
 protected:

@@ -7,7 +7,7 @@
 #include <utility>
 
 /// Owns a node that an observer watches: attaches the observer, detaches it and deletes the node at the end, and lets
-/// go of a node that goes away before. Movable, so that a list of nodes is a list of these.
+/// go of a node that is destroyed before. Movable, so that a list of nodes is a list of these.
 template <class Node> class OwnedNode
 {
 public:
@@ -60,6 +60,7 @@ public:
         return code == ekChangeValue;
     }
 
+    /// The node; null, and not to be followed, without one.
     Node *get() const { return Held; }
     Node *operator->() const { return Held; }
     Node &operator*() const { return *Held; }

@@ -13,6 +13,7 @@ public:
     SelectionItem &operator=(const SelectionItem &) = delete;
     virtual ~SelectionItem();
 
+    /// What the item was made of; the name is not translated.
     QString GetName() const { return Name; }
     double GetValue() const { return Value; }
     long GetKey() const { return Key; }

@@ -22,6 +22,7 @@ class ValueBase;
 class ORBEL_HOST_EXPORT Tree
 {
 public:
+    /// The one tree of the process.
     static Tree *Instance();
 
     Tree(const Tree &) = delete;
@@ -33,8 +34,8 @@ public:
     /// is empty or ends in "/". True when the tree owns the node from now on. False, and nothing happens, for null, a
     /// node that is entered already or is going away, a name that is empty or has a "/", and a path that is taken.
     bool AddNode(const QString &nodePath, ValueBase *value);
-    /// Tells the observers of the node, while it is whole, that it goes away, takes it out and deletes it. A path
-    /// without a node does nothing.
+    /// Notifies the observers of the node, while it is whole, that it is being destroyed, removes and deletes it. A
+    /// path without a node does nothing.
     void RemoveNode(const QString &pathName);
 
     /// Has `observer`, which is not owned, told with ekChangeState whenever a node is entered at the full path; the

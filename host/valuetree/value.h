@@ -40,6 +40,7 @@ public:
         Content = value;
         Announce({ekChangeValue}, except);
     }
+    /// What the node holds.
     virtual T GetValue() const { return Content; }
 
 protected:

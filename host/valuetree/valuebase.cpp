@@ -7,7 +7,7 @@ ValueBase::ValueBase(const QString &name, TValueState state) : Name(name), State
 
 ValueBase::~ValueBase()
 {
-    // For a class that has not announced it itself: late, but before the observers are left with nothing.
+    // For a class that has not notified the observers itself: late, but before they are left with nothing.
     AnnounceEnd();
     LeaveTree();
 }

@@ -51,9 +51,9 @@ protected:
     /// Notifies with the codes in turn, unless a transaction runs. The node may be gone afterwards: a setter calls this
     /// last.
     void Announce(std::initializer_list<TChangeCode> codes, IObserver *except);
-    /// Tells the observers that the node goes away, and takes it out of the tree. Each class that can be instantiated
-    /// calls this first in its destructor, while the node is whole; only the first call acts. False when an observer
-    /// has deleted the node meanwhile.
+    /// Notifies the observers that the node is being destroyed, and removes it from the tree. Each class that can be
+    /// instantiated calls this first in its destructor, while the node is whole; only the first call acts. False when
+    /// an observer has deleted the node meanwhile.
     bool AnnounceEnd();
 
 private:

@@ -14,6 +14,7 @@ class ORBEL_HOST_EXPORT ValueCommentedRangeMap
     : public ValueFrequencyItemMap<CommentedRange, CommentedRangeItemFormat, CommentedRangeItemAdapter>
 {
 public:
+    /// The ranges by their keys.
     using Ranges = Items;
 
     explicit ValueCommentedRangeMap(QString name = QString(), TValueState state = ekStateUsable);

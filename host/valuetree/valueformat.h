@@ -14,6 +14,7 @@
 
 /// "true" and "false"; in any case, and "1" and "0" too, on the way in.
 template <class T> struct ORBEL_HOST_EXPORT FormatBool {
+    /// A value as text, and back.
     static QString ToText(T value) { return value ? QStringLiteral("true") : QStringLiteral("false"); }
     static bool FromText(const QString &text, T &value)
     {
@@ -27,6 +28,7 @@ template <class T> struct ORBEL_HOST_EXPORT FormatBool {
 
 /// Decimal; on the way in also "12.0" or "1e3". An integer out of range gives the nearest bound of the type.
 template <class T> struct ORBEL_HOST_EXPORT FormatInt {
+    /// A value as text, and back.
     static QString ToText(T value) { return QString::number(value); }
     static bool FromText(const QString &text, T &value)
     {
@@ -41,12 +43,14 @@ template <class T> struct ORBEL_HOST_EXPORT FormatInt {
 
 /// As NumberToText() spells it.
 template <class T> struct ORBEL_HOST_EXPORT FormatFloat {
+    /// A value as text, and back.
     static QString ToText(T value) { return NumberToText(value); }
     static bool FromText(const QString &text, T &value) { return TextToNumber(text, value); }
 };
 
 /// The text itself.
 template <class T> struct ORBEL_HOST_EXPORT FormatString {
+    /// A value as text, and back.
     static QString ToText(const T &value) { return value; }
     static bool FromText(const QString &text, T &value)
     {
@@ -57,6 +61,7 @@ template <class T> struct ORBEL_HOST_EXPORT FormatString {
 
 /// How a text from outside meets a format: blanks around it do not matter, but in a text value they belong to it.
 template <class T, class Format> struct ORBEL_HOST_EXPORT StreamFormat {
+    /// The text of a value, and back.
     static QString Write(const T &value) { return Format::ToText(value); }
     static bool Read(const QString &text, T &value)
     {

@@ -17,6 +17,7 @@ class ORBEL_HOST_EXPORT ValueItemMapBase : public ValueBase,
                                            public valueitemmap::IHasChangeLogValueTemplate<unsigned int>
 {
 public:
+    /// The items by their keys, in no order.
     using Items = std::unordered_map<unsigned int, Item>;
 
     /// Replaces the content. A text that is no list of items changes nothing.

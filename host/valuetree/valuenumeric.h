@@ -21,6 +21,7 @@ public:
     explicit ValueNumeric(const QString &name, TValueState state = ekStateUsable) : Typed(name, state) { }
     ~ValueNumeric() override { this->AnnounceEnd(); }
 
+    /// See ValueWithLimits.
     using Typed::GetMax;
     using Typed::GetMin;
     using Typed::GetStep;

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-/// Points to a node of the tree without owning it, and to null once the node goes away.
+/// Points to a node of the tree without owning it, and to null once the node is destroyed.
 template <class T> class ValuePtr : public IObserver
 {
 public:
@@ -69,6 +69,7 @@ public:
     /// that the tree does not take, since something else is there, lives as long as this pointer holds it.
     bool CreateNode(const QString &path);
 
+    /// The node; null, and not to be followed, without one.
     T *get() const { return Node; }
     T *operator->() const { return Node; }
     T &operator*() const { return *Node; }
@@ -80,6 +81,7 @@ protected:
     {
         return Side && subject == Side && code == ekChangeState && Node->GetState() == ekStateDeleted;
     }
+    /// The held node as its observers see it; null without one.
     Observable *HeldSide() const { return Side; }
 
 private:

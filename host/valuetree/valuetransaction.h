@@ -22,7 +22,7 @@ private:
     void Update(Observable *subject, TChangeCode code) override;
     void TellCodes();
 
-    /// Null once the node goes away.
+    /// Null once the node is destroyed.
     ValueBase *Node = nullptr;
     std::vector<TChangeCode> Codes;
     IObserver *Except;

@@ -27,6 +27,7 @@ public:
         return same && Base::Compare(same) && same->Min == Min && same->Max == Max && same->Step == Step;
     }
 
+    /// Clamped to the limits; NaN changes nothing. `except`, which may be null, is not notified.
     using Base::GetValue;
     void SetValue(T value, IObserver *except) override
     {
@@ -40,6 +41,7 @@ public:
         if (!IsNaN(min) && !IsNaN(max) && !IsNaN(step))
             Change({std::min(min, max), max, step}, GetValue(), except);
     }
+    /// A limit that passes the other one takes it along, and the value moves to the nearer limit. NaN changes nothing.
     virtual void SetMin(T min, IObserver *except)
     {
         if (!IsNaN(min))
@@ -55,6 +57,7 @@ public:
         if (!IsNaN(step))
             Change({Min, Max, step}, GetValue(), except);
     }
+    /// The type's own bounds, and a step of 1, until others are set.
     virtual T GetMin() const { return Min; }
     virtual T GetMax() const { return Max; }
     virtual T GetStep() const { return Step; }

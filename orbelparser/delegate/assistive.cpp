@@ -93,7 +93,8 @@ public:
     void accessibilityActiveChanged(bool active) override
     {
         if (!std::exchange(IsOn, active) && active) {
-            for (const QWidget *form : Forms().keys()) {
+            const QList<const QWidget *> forms = Forms().keys();
+            for (const QWidget *form : forms) {
                 for (QWidget *widget : form->findChildren<QWidget *>())
                     AssistiveView::Renew(widget);
             }

@@ -26,9 +26,9 @@ public:
     explicit Assistive(QWidget *form);
     ~Assistive() override;
 
-    /// Takes in a control whose widgets were made. Not owned; it may end before.
+    /// Adds a control whose widgets were made. Not owned; it may be destroyed before.
     void Add(OrbelDelegate *delegate);
-    /// Tells tools that listen to ask again for what follows from a property of a control.
+    /// Notifies tools that listen to ask again for what follows from a property of a control.
     static void PropertyChanged(OrbelDelegate *delegate, const QString &property);
 
     /// Whether a tool listens.

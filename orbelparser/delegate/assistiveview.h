@@ -8,7 +8,7 @@ namespace KV218
 {
 
 /// What an assistive tool sees of a widget in a form: all that Qt tells of it, with the name, the description and the
-/// label that Assistive knows. Qt owns it, and it ends with the widget.
+/// label that Assistive knows. Qt owns it and destroys it with the widget.
 class AssistiveView : public QAccessibleInterface
 {
 public:

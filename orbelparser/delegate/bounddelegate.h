@@ -34,7 +34,7 @@ protected:
 
     /// Null before CreateValueTree(), when the tree refused the node, and once the node is withdrawn.
     OwnedNode<Node> ValueNode;
-    /// Null before CreateGUI() and once the window is gone.
+    /// Null before CreateGUI() and once the window was destroyed.
     QPointer<Widget> Control;
 };
 

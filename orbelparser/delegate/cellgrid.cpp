@@ -38,7 +38,7 @@ bool CellGrid::Resize(int rows, int columns)
     if (rows < 0 || columns < 0 || ColumnCount < 0)
         return false;
     const qint64 cells = qint64(rows) * columns;
-    // Meant: an equal count of cells changes nothing, whatever the shape.
+    // Meant: only the count decides, so 2 by 3 asked of a grid of 3 by 2 leaves its shape.
     if (cells == Cells.size() || cells > limit::ListCells)
         return false;
     if (columns == ColumnCount) {

@@ -15,14 +15,17 @@ namespace KV218
 /// A widget by which the operator meets a control, as assistive tools tell of it. Most controls have one, a range two,
 /// a list one for each item. Its texts are made when a tool asks for them; null is no text.
 struct Face {
+    /// Makes the text when it is asked for.
     using Text = std::function<QString()>;
 
+    /// Not owned; null once it was destroyed.
     QPointer<QWidget> Widget;
     /// What tells it from the control's other ones, in the operator's language; none for the control itself.
     Text Part = nullptr;
     /// Limits with their unit.
     Text Bounds = nullptr;
 
+    /// The same as texts; empty for none.
     QString GetPart() const { return Part ? Part() : QString(); }
     QString GetBounds() const { return Bounds ? Bounds() : QString(); }
 };

@@ -38,6 +38,27 @@ void FormChanges::Close()
     Stack->blockSignals(true);
 }
 
+void FormChanges::Began(OrbelDelegate *control)
+{
+    Running.append(control);
+}
+
+void FormChanges::Ended(OrbelDelegate *control)
+{
+    const int last = Running.lastIndexOf(control);
+    if (last >= 0)
+        Running.remove(last);
+}
+
+void FormChanges::RecordRunning()
+{
+    const auto running = Running;
+    for (const QPointer<OrbelDelegate> &control : running) {
+        if (control)
+            control->RecordSoFar();
+    }
+}
+
 void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int session)
 {
     const QVariantList after = control->GetEdits();
@@ -53,7 +74,20 @@ void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int
 void FormChanges::Push(ChangeEntry *entry)
 {
     Waiting.emplace_back(entry);
-    PushWaiting();
+    // A command of a host's own does not tell that it runs, and the stack would destroy it.
+    if (HasHostsCommand())
+        TellLater();
+    else
+        PushWaiting();
+}
+
+bool FormChanges::HasHostsCommand() const
+{
+    for (int i = 0; i < Stack->count(); ++i) {
+        if (!dynamic_cast<const ChangeEntry *>(Stack->command(i)))
+            return true;
+    }
+    return false;
 }
 
 void FormChanges::PushWaiting()
@@ -73,6 +107,7 @@ void FormChanges::Go(bool back)
     if (IsMoving())
         return;
     const CallScope call(Life);
+    RecordRunning();
     PushWaiting();
     const auto rest = qScopeGuard([this] { PushWaiting(); });
     const QScopedValueRollback<bool> busy(Busy, true);
@@ -97,6 +132,7 @@ void FormChanges::Go(bool back)
 void FormChanges::RevertAll()
 {
     const CallScope call(Life);
+    RecordRunning();
     auto entry = std::make_unique<ChangeEntry>(tr("Revert all"), Moves);
     for (OrbelDelegate *control : GetChanged()) {
         if (const QVariantList *applied = control->GetApplied())
@@ -139,7 +175,7 @@ void FormChanges::Tell()
 {
     Due = false;
     const CallScope call(Life);
-    // A stack that a host moved to where it was does not tell that it is done.
+    // A stack that a host moved to where it was emits nothing at its end.
     PushWaiting();
     Settle();
     SpellEntries();

@@ -39,7 +39,7 @@ public:
     /// From now on nothing is emitted, nor by the stack, which is cleared when it is destroyed: the form has ended.
     void Close();
 
-    /// Undoes or redoes the last change that is not dropped by it; tells refused() where that is locked.
+    /// Undoes or redoes the last change that is not dropped by it; emits refused() where that is locked.
     void Undo() { Go(true); }
     void Redo() { Go(false); }
     /// Puts back what was applied last, as one change; where that is not known, nothing.
@@ -47,25 +47,31 @@ public:
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
+    /// The operator begins to change a control, and has done so. What undoes or reverts in between takes in what has
+    /// been changed so far.
+    void Began(OrbelDelegate *control);
+    void Ended(OrbelDelegate *control);
     /// The operator changed a control, which had these values before. Changes of one `session` other than 0 become one.
     void Record(OrbelDelegate *control, const QVariantList &before, int session);
-    /// A control's modified state, or the value of a modified one, may be another.
+    /// A control's modified state, or the value of a modified one, may have changed.
     void Note(OrbelDelegate *control);
     /// The controls with changes that wait to be applied, in the order in which they were changed.
     QVector<OrbelDelegate *> GetChanged();
 
 Q_SIGNALS:
-    /// The stack or the list of changed controls is another one. Emitted once an event round, and never from within a
+    /// The stack or the list of changed controls has changed. Emitted once an event round, and never from within a
     /// change; a slot may end the form.
     void changed();
-    /// Nothing was undone, for the reason told.
+    /// Nothing was undone, for this reason.
     void refused(const QString &reason);
     void applyWanted();
 
 private:
     /// A host may move the stack itself, by many entries at once.
     bool IsMoving() const { return Busy || *Moves > 0; }
+    bool HasHostsCommand() const;
     void PushWaiting();
+    void RecordRunning();
     void Go(bool back);
     void Push(ChangeEntry *entry);
     void TellLater();
@@ -76,11 +82,12 @@ private:
     FormLife *const Life;
     /// Deleted later: a receiver of its signals may end the form.
     QUndoStack *const Stack;
+    QVector<QPointer<OrbelDelegate>> Running;
     QHash<OrbelDelegate *, QPointer<OrbelDelegate>> Noted;
     /// The same in the order in which they came.
     QVector<OrbelDelegate *> NotedInOrder;
     QVector<QPointer<OrbelDelegate>> Changed;
-    /// Whether an event is on its way that tells of changes.
+    /// Whether an event is posted that emits the changes.
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;

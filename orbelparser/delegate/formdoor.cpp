@@ -41,6 +41,18 @@ void FormDoor::Record(const QVariantList &before, int session) const
         sheet->GetChanges()->Record(Widget->GetDelegate(), before, session);
 }
 
+void FormDoor::Began() const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->Began(Widget->GetDelegate());
+}
+
+void FormDoor::Ended() const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->Ended(Widget->GetDelegate());
+}
+
 bool FormDoor::isActive() const
 {
     const OrbelSheet *sheet = Sheet();

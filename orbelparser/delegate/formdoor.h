@@ -32,14 +32,17 @@ public:
 
     /// The operator has changed this control, which had these values before; see FormChanges.
     void Record(const QVariantList &before, int session) const;
+    /// The operator begins to change this control, and has done so: handlers run between.
+    void Began() const;
+    void Ended() const;
     /// Whether changes count as the operator's.
     bool isActive() const;
-    /// Must be told when this control becomes modified or is no more, and of new values of a modified one.
+    /// Must be called when the control becomes modified or no longer is, and when a modified one has new values.
     void Note() const;
     /// Brings this control before the operator's eyes: expands its group, scrolls to it, and gives it the focus.
     void Show() const;
 
-    /// Announces the parameters of the form, if it is modified.
+    /// Emits the sheet's si_parametersModified(), if the form is modified.
     void applyNow() const;
 
     /// Shows or collapses the group that begins at this widget.
@@ -51,12 +54,12 @@ public:
     /// Whether the wheel tunes the digit under the mouse without the focus.
     bool IsHoverTuning() const;
 
-    /// The widget in which the form stands; null before CreateGUI() and once it is gone.
+    /// The widget in which the form stands; null before CreateGUI() and once it was destroyed.
     QWidget *GetSheetWidget() const;
 
-    /// Must be told when the element name of this widget changed.
+    /// Must be called when the element name of this widget changed.
     void TagChanged() const;
-    /// Must be told when this widget answers to a further element name.
+    /// Must be called when this widget answers to a further element name.
     void TagAdded(const QString &tag) const;
 
 private:

@@ -93,7 +93,7 @@ bool FormLife::IsBusy() const
 
 void FormLife::EndPart(const std::function<void()> &destroy)
 {
-    // An engine does not tell of a script that handles a signal and sets a property, whose event ends the form: while
+    // An engine does not report a script that handles a signal and sets a property, whose event ends the form: while
     // there is one, nothing is destroyed before the event loop has come round, and not in one of a handler's own.
     if (!IsBusy() && (!Engine || !QCoreApplication::instance())) {
         destroy();

@@ -42,7 +42,7 @@ public:
     /// further up, which is why the form ends. It may go before.
     void EndControl(QWidget *control);
 
-    /// Whether an engine of any form tells that a script runs in it; it does not tell of each.
+    /// Whether an engine of any form reports that a script runs in it; it does not report each.
     static bool IsAnyScriptRunning();
 
 private:
@@ -81,6 +81,7 @@ public:
         if (Life)
             Life->Enter();
     }
+    // NOLINTNEXTLINE(bugprone-exception-escape): a form's life is shared while a call runs in it.
     ~CallScope()
     {
         if (Life)
@@ -98,6 +99,7 @@ template <class Body> class Running
 {
 public:
     Running(FormLife *life, Body *body) : Scope(life), Inside(body) { }
+    /// Alive as long as this is.
     Body *operator->() const { return Inside; }
 
 private:

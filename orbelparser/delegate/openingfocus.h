@@ -7,8 +7,8 @@ namespace KV218
 {
 
 /// Gives the first control of a form the focus when the form is shown for the first time, unless a widget of its window
-/// has it already: a host that shows a form in a window in use keeps its own. Headlines are passed over. Ends after
-/// that.
+/// has it already: a host that shows a form in a window in use keeps its own. Headlines are passed over. Deletes itself
+/// after that.
 class OpeningFocus : public QObject
 {
 public:

@@ -26,12 +26,26 @@ static bool IsReadOnly(const Face &face)
         && widget->property(prop::ReadOnly.data()).toBool();
 }
 
-QVariantList OrbelDelegate::GetEdits() const
+/// Kept to the end of the act, which is the control's and may be over later than the form.
+struct OrbelDelegate::JoinedAct {
+    JoinedAct(const OrbelDelegate *delegate, int session) : Running(delegate), Session(session) { }
+
+    const Call Running;
+    const int Session;
+    QVariantList Before;
+};
+
+QVariantList OrbelDelegate::NodeTexts() const
 {
     QVariantList texts;
     for (const ValueBase *node : GetNodes())
         texts.append(node->GetStringValue());
     return texts;
+}
+
+QVariantList OrbelDelegate::GetEdits() const
+{
+    return NodeTexts();
 }
 
 void OrbelDelegate::PutEdits(const QVariantList &values)
@@ -48,9 +62,32 @@ void OrbelDelegate::PutEdits(const QVariantList &values)
 void OrbelDelegate::MoveEdits(const QVariantList &values)
 {
     const Call call(this);
+    RecordSoFar();
     const QVariantList stands = GetEdits();
-    const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
-    PutEdits(values);
+    {
+        const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+        const QScopedValueRollback<OperatorChange *> change(OpenChange, nullptr);
+        PutEdits(values);
+    }
+    BeginAnew();
+}
+
+void OrbelDelegate::RecordSoFar()
+{
+    if (Act)
+        Form().Record(Act->Before, Act->Session);
+    if (OpenChange)
+        OpenChange->Record();
+    BeginAnew();
+}
+
+/// What is changed from now on belongs to the change that is on its way.
+void OrbelDelegate::BeginAnew()
+{
+    if (Act)
+        Act->Before = NodeTexts();
+    if (OpenChange)
+        OpenChange->Begin();
 }
 
 QString OrbelDelegate::SpellEdit(int, const QVariant &value) const
@@ -144,36 +181,31 @@ void OrbelDelegate::JoinAct(const Observable *node)
     OperatorAct *const act = OperatorAct::On(node);
     if (!act)
         return;
-    // Kept to the end of the act, which is the control's and may be over later than the form.
-    struct Joined {
-        explicit Joined(const OrbelDelegate *delegate) : Running(delegate) { }
-        const Call Running;
-        QVariantList Before;
-    };
-    const auto joined = std::make_shared<Joined>(this);
-    const int session = act->GetSession();
-    const auto record = [this, joined, node, session, outer = EditsBefore, outerActs = ActsBefore] {
+    const auto joined = std::make_shared<JoinedAct>(this, act->GetSession());
+    const auto record = [this, joined, node, outer = EditsBefore, outerAct = Act] {
         EditsBefore = outer;
-        ActsBefore = outerActs;
+        Act = outerAct;
         LeaveToOthers(node);
-        Form().Record(joined->Before, session);
+        Form().Ended();
+        Form().Record(joined->Before, joined->Session);
     };
     if (!act->AtEnd(this, record))
         return;
     for (const ValueBase *own : GetNodes())
         joined->Before.append(own == node ? act->GetBefore() : own->GetStringValue());
     EditsBefore = &joined->Before;
-    ActsBefore = &joined->Before;
+    Act = joined.get();
+    Form().Began();
 }
 
 void OrbelDelegate::LeaveToOthers(const Observable *node)
 {
-    if (!ActsBefore || OperatorAct::On(node))
+    if (!Act || OperatorAct::On(node))
         return;
     const auto nodes = GetNodes();
-    for (int i = 0; i < nodes.size() && i < ActsBefore->size(); ++i) {
+    for (int i = 0; i < nodes.size() && i < Act->Before.size(); ++i) {
         if (nodes.at(i) == node)
-            (*ActsBefore)[i] = nodes.at(i)->GetStringValue();
+            Act->Before[i] = nodes.at(i)->GetStringValue();
     }
 }
 
@@ -187,24 +219,48 @@ void OrbelDelegate::MarkTyping()
 
 OrbelDelegate::OperatorChange::OperatorChange(OrbelDelegate *delegate) : Running(delegate), Delegate(delegate)
 {
-    if (Delegate->EditsBefore) {
+    if (Delegate->OpenChange && Delegate->Notices == 0) {
         Delegate = nullptr;
         return;
     }
-    Before = Delegate->GetEdits();
-    Delegate->EditsBefore = &Before;
-    Delegate->OwnEdits.clear();
+    Outer = std::exchange(Delegate->OpenChange, this);
+    OuterNotices = std::exchange(Delegate->Notices, 0);
+    OuterBefore = Delegate->EditsBefore;
+    if (Outer)
+        Outer->Record();
+    Begin();
+    Delegate->Form().Began();
 }
 
 OrbelDelegate::OperatorChange::~OperatorChange()
 {
     if (!Delegate)
         return;
-    Delegate->EditsBefore = nullptr;
+    Delegate->OpenChange = Outer;
+    Delegate->Notices = OuterNotices;
+    Delegate->EditsBefore = OuterBefore;
+    Delegate->Form().Ended();
+    Record();
+    if (Outer)
+        Outer->Begin();
+}
+
+void OrbelDelegate::OperatorChange::Begin()
+{
+    Before = Delegate->GetEdits();
+    Shape = Delegate->GetEditShape();
+    Delegate->EditsBefore = &Before;
+}
+
+void OrbelDelegate::OperatorChange::Record()
+{
     const QVariantList now = Delegate->GetEdits();
-    const QSet<int> own = std::exchange(Delegate->OwnEdits, {});
-    for (int i = 0; i < Before.size() && i < now.size() && !own.isEmpty(); ++i) {
-        if (!own.contains(i))
+    if (Delegate->GetEditShape() != Shape)
+        return;
+    // Handlers may have added values, or taken some away.
+    Before = Before.mid(0, now.size()) + now.mid(Before.size());
+    for (int i = 0; i < now.size() && !Own.isEmpty(); ++i) {
+        if (!Own.contains(i))
             Before[i] = now.at(i);
     }
     Delegate->Form().Record(Before, 0);
@@ -213,8 +269,8 @@ OrbelDelegate::OperatorChange::~OperatorChange()
 OrbelDelegate::EditNotice::EditNotice(OrbelDelegate *delegate, const QSet<int> &indices)
     : Running(delegate), Delegate(delegate)
 {
-    if (Delegate->Notices++ == 0 && Delegate->EditsBefore)
-        Delegate->OwnEdits += indices;
+    if (Delegate->Notices++ == 0 && Delegate->OpenChange)
+        Delegate->OpenChange->Own += indices;
 }
 
 } // namespace KV218

@@ -74,7 +74,7 @@ QString OrbelDelegate::GetVTNodePath() const
 QString OrbelDelegate::GetVTName() const
 {
     const int name = LastPartIndex(VTPath);
-    // Meant: a path without a slash in it names no node.
+    // Meant: without a slash the whole path is no name, so a lookup by it finds no node.
     return name < 0 ? QString() : VTPath.mid(name);
 }
 
@@ -150,7 +150,7 @@ template <class Node> Node *OrbelDelegate::Enter(Node *node, bool keepRefused)
     ValueBase *entering = node;
     const auto letGo = qScopeGuard([&] {
         if (!alive)
-            made.release();
+            static_cast<void>(made.release());
     });
     const bool entered = EnterNode(entering);
     return alive && (entered || (keepRefused && !Closed)) ? made.release() : nullptr;
@@ -283,7 +283,7 @@ QString OrbelDelegate::formatString(double value, int decimals, const QString &s
 
 QString OrbelDelegate::formatHertz(double hertz)
 {
-    // Meant: great ones do not go on to GHz.
+    // Meant: MHz is the greatest unit, so 3 GHz read 3000 MHz.
     const FrequencyUnit *unit = std::begin(FrequencyUnits) + 1;
     while (unit->Power > 0 && !(hertz > unit->Hertz))
         ++unit;

@@ -46,6 +46,7 @@ void OwnToolTips::Set(QWidget *widget, const Text &text, const QString &objectNa
 void OwnToolTips::Retranslate(const QString &objectName)
 {
     // By index: a host that watches a widget's tooltip may change its bounds, and so its tooltip.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (int i = 0; i < Entries.size(); ++i) {
         const QPointer<QWidget> widget = Entries.at(i).Widget;
         const QString text = Entries.at(i).Source.InLanguage(objectName);

@@ -15,6 +15,7 @@ class OwnToolTips
 public:
     /// A text in the operator's language between parts that stay as they are.
     struct Text {
+        /// The translated part, and what stands before and behind it.
         QString Source;
         QString Head = QString();
         QString Tail = QString();
@@ -30,7 +31,7 @@ public:
 
     /// Gives a widget, not null, a tooltip in place of any other.
     void Set(QWidget *widget, const Text &text, const QString &objectName);
-    /// Shows all in the language of now.
+    /// Shows all in the present language.
     void Retranslate(const QString &objectName);
 
 private:

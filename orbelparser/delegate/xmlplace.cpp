@@ -8,7 +8,7 @@ bool XmlPlace::SetPath(const QString &path, const QString &objectName)
     const QString before = TagName;
     Path = path.isEmpty() ? objectName : path;
     TagName = Path.mid(Path.lastIndexOf(QLatin1Char('/')) + 1);
-    // Meant: every further parse of the same element adds the name again.
+    // Meant: each further parse of the same element adds the name again, so callers see it more than once.
     if (!path.isEmpty())
         Tags.append(TagName);
     return TagName != before;

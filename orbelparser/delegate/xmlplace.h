@@ -10,6 +10,7 @@ namespace KV218
 class XmlPlace
 {
 public:
+    /// The whole path.
     const QString &GetPath() const { return Path; }
     /// The last part of the path: the name of the element that is written.
     const QString &GetTagName() const { return TagName; }

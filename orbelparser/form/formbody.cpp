@@ -63,7 +63,7 @@ void FormBody::Close()
 
 void FormBody::SetName(const QString &name)
 {
-    // Meant: a script that knows the form by an earlier name goes on finding it.
+    // Meant: an earlier name is not withdrawn, so a script that uses it still finds the form.
     Name = name;
     if (!Name.isEmpty())
         TranslationCenter::Instance().Register(Name);

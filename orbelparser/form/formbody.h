@@ -30,7 +30,7 @@ public:
     FormBody &operator=(const FormBody &) = delete;
     ~FormBody();
 
-    /// The form ends: nodes leave the tree, the name is withdrawn, delegates fall silent.
+    /// The form ends: removes nodes and name, and blocks the signals of the delegates.
     void Close();
     bool IsOpen() const { return Form; }
 

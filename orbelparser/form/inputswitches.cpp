@@ -16,7 +16,7 @@ void InputSwitches::Turn(Switch which, bool on, const Tell &tell)
     if (!On[which == Host ? Sheet : Host])
         return;
     tell(on, false);
-    // Whoever was told may have turned the third switch.
+    // Whoever was notified may have set the third switch.
     if (on && !On[Part])
         tell(false, true);
 }

@@ -10,15 +10,16 @@ namespace KV218
 class InputSwitches
 {
 public:
+    /// Who may take input away.
     enum Switch { Host, Sheet, Part };
     /// Has all controls free or lock their input, or only the secondary part of it.
     using Tell = std::function<void(bool enable, bool partial)>;
 
     /// False for what is no switch.
     bool IsOn(Switch which) const { return IsSwitch(which) && On[which]; }
-    /// Turns a switch, and tells the controls what follows from it now. What is no switch is ignored.
+    /// Sets a switch, and locks or frees the controls by what follows from it now. What is no switch is ignored.
     void Turn(Switch which, bool on, const Tell &tell);
-    /// Tells controls just made, which are free.
+    /// Locks controls just made, which are free, where a switch is off.
     void TellAtStart(const Tell &tell) const;
 
 private:

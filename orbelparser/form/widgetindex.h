@@ -15,11 +15,12 @@ class OrbelWidget;
 class WidgetIndex
 {
 public:
+    /// A widget of the sheet.
     using Widget = QExplicitlySharedDataPointer<OrbelWidget>;
 
-    /// Must be told when the list changed.
+    /// Must be called when the list changed.
     void Drop() { HasNames = HasTags = false; }
-    /// Must be told when an element name changed.
+    /// Must be called when an element name changed.
     void DropTags() { HasTags = false; }
     Widget FindName(const QList<Widget> &widgets, const QString &name) const;
     Widget FindTag(const QList<Widget> &widgets, const QString &tag) const;

@@ -20,10 +20,11 @@ void RowLabel::SetMarked(bool marked)
 
 int RowLabel::StandBeside(QWidget *control, const QSize &size, int least, int own)
 {
-    if (control != Control || size != ControlSize || own != TextHeight) {
+    if (control != Control || size != ControlSize || own != TextHeight || text() != TextBeside) {
         Control = control;
         ControlSize = size;
         TextHeight = own;
+        TextBeside = text();
         NeededHeight = HeightBeside(least);
         update();
     }

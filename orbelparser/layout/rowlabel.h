@@ -51,7 +51,8 @@ private:
     mutable Measure Measured;
     QPointer<QWidget> Control;
     QSize ControlSize;
-    /// What the text takes and the label needs beside the control; written by StandBeside().
+    /// The text, what it takes, and what the label needs beside the control; written by StandBeside().
+    QString TextBeside;
     int TextHeight = -1;
     int NeededHeight = 0;
     bool Marked = false;

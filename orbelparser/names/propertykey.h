@@ -34,6 +34,7 @@ public:
     }
     PropertyKey(const char *name) : PropertyKey(QLatin1String(name)) { }
 
+    /// The bytes in Latin-1, with a zero at the end; alive as long as this.
     const char *data() const { return Bytes.constData(); }
     /// The bytes as text again.
     QString toString() const { return Same ? *Same : QString::fromLatin1(data()); }

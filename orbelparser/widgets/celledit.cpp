@@ -1,6 +1,7 @@
 #include "celledit.h"
 
-#include <QAbstractItemDelegate>
+#include "cellitemdelegate.h"
+
 #include <QPointer>
 #include <QTableWidget>
 
@@ -12,14 +13,12 @@ void FinishCellEdit(QTableWidget *table)
     if (!table)
         return;
     // Whoever hears of the change may delete the table with its editors.
-    const QPointer<QAbstractItemDelegate> cells(table->itemDelegate());
+    const QPointer<CellItemDelegate> cells(qobject_cast<CellItemDelegate *>(table->itemDelegate()));
     const auto children = table->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
     const QVector<QPointer<QWidget>> editors(children.begin(), children.end());
     for (const QPointer<QWidget> &editor : editors) {
         if (cells && editor)
-            Q_EMIT cells->commitData(editor);
-        if (cells && editor)
-            Q_EMIT cells->closeEditor(editor, QAbstractItemDelegate::NoHint);
+            cells->Finish(editor, QAbstractItemDelegate::NoHint);
     }
 }
 

@@ -45,9 +45,7 @@ QWidget *ChannelSpacingItemDelegate::createEditor(
 
 void ChannelSpacingItemDelegate::Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    auto *spin = qobject_cast<TypedSpinBox *>(editor);
-    if (spin)
-        spin->interpretText();
+    const auto *spin = qobject_cast<TypedSpinBox *>(editor);
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
     if (!leavesIt)

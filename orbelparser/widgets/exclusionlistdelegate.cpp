@@ -1,5 +1,6 @@
 #include "exclusionlistdelegate.h"
 
+#include "numbertext.h"
 #include "propertynames.h"
 #include "valuecommentedrangemap.h"
 #include "xmlwalk.h"
@@ -7,6 +8,7 @@
 #include <QXmlStreamWriter>
 
 #include <cmath>
+#include <map>
 
 namespace KV218
 {
@@ -102,10 +104,44 @@ void ExclusionListDelegate::ReadXml(QXmlStreamReader &reader)
         GetRanges()->NotifyObservers(ekChangeValue, this);
 }
 
+QVariantList ExclusionListDelegate::GetEdits() const
+{
+    const ValueCommentedRangeMap *ranges = GetRanges();
+    if (!ranges)
+        return {};
+    std::map<unsigned, QString> texts;
+    for (const auto &[key, range] : ranges->data())
+        texts[key] = QStringLiteral("%1 %2 %3 ")
+                         .arg(key)
+                         .arg(NumberToText(range.GetRangeStart()), NumberToText(range.GetRangeStop()))
+            + range.GetComment();
+    QStringList list;
+    for (const auto &entry : texts)
+        list.append(entry.second);
+    return {QVariant(list)};
+}
+
+void ExclusionListDelegate::PutEdits(const QVariantList &values)
+{
+    if (!GetRanges() || values.isEmpty())
+        return;
+    constexpr QLatin1Char separator(' ');
+    ValueCommentedRangeMap content;
+    for (const QString &text : values.first().toStringList()) {
+        CommentedRange range;
+        const unsigned key = text.section(separator, 0, 0).toUInt();
+        range.SetID(key);
+        range.SetRangeStart(text.section(separator, 1, 1).toDouble());
+        range.SetRangeStop(text.section(separator, 2, 2).toDouble());
+        range.SetComment(text.section(separator, 3));
+        content.SetAt(key, range, nullptr);
+    }
+    GetRanges()->Assign(content);
+}
+
 QString ExclusionListDelegate::SpellEdit(int, const QVariant &value) const
 {
-    const QString ranges = value.toString();
-    const int count = ranges.isEmpty() ? 0 : ranges.count(QLatin1Char(';')) + 1;
+    const int count = value.toStringList().size();
     return count == 1 ? tr("1 range") : tr("%1 ranges").arg(count);
 }
 

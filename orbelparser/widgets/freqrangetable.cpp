@@ -1,5 +1,6 @@
 #include "freqrangetable.h"
 
+#include "celledit.h"
 #include "cellitemdelegate.h"
 #include "fieldnote.h"
 #include "survives.h"
@@ -8,6 +9,7 @@
 #include "tree.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -125,7 +127,7 @@ void FreqRangeTable::ReloadFromValue()
     Ranges ranges;
     for (const auto &entry : RangeMap->data())
         ranges.push_back(entry.second);
-    // Meant: what is being typed goes with the ranges that it was typed for.
+    // Meant: a reload discards the edit in progress.
     FillTable(ranges);
 }
 
@@ -203,20 +205,10 @@ void FreqRangeTable::UpdateActions()
     DeleteAction->setEnabled(rowCount() > 0 && rowCount() > MinRows);
 }
 
-QWidget *FreqRangeTable::OpenEditor() const
-{
-    return state() == EditingState ? indexWidget(currentIndex()) : nullptr;
-}
-
 bool FreqRangeTable::FinishEditing()
 {
     // A mnemonic of the dialog acts without taking the focus, which would end the edit.
-    const QPointer<QWidget> editor(OpenEditor());
-    return !editor || Survives(this, [&] {
-        commitData(editor);
-        if (editor)
-            closeEditor(editor, QAbstractItemDelegate::NoHint);
-    });
+    return Survives(this, [this] { FinishCellEdit(this); });
 }
 
 void FreqRangeTable::SlotSortByStartFrequencies()

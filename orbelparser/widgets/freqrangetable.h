@@ -64,7 +64,6 @@ private:
     Ranges CollectRanges() const;
     void StoreRanges(const Ranges &ranges);
     void UpdateActions();
-    QWidget *OpenEditor() const;
     /// False when an observer of the map has ended the table meanwhile.
     bool FinishEditing();
     /// Keeps the rows of an ascending list, and removes all others.

@@ -51,7 +51,7 @@ void OrbelCheckBox::GetXml(QXmlStreamWriter &writer) const
 
 void OrbelCheckBox::ReadXml(QXmlStreamReader &reader)
 {
-    // Meant: any text but the one for checked means unchecked.
+    // Meant: any other text unchecks, so a misspelled one is not noticed.
     const bool checked = reader.readElementText() == CheckedText();
     SetPropertyAlways(prop::Checked, checked);
     Q_EMIT toggled(checked);

@@ -38,6 +38,7 @@ Q_SIGNALS:
     void currentValueChanged(QString);
 
 public Q_SLOTS:
+    /// As setCurrentValue() with an empty text.
     void clearCurrentValue() { setCurrentValue(QString()); }
     /// Chooses the first row with that value text. Any other text counts as a number, 0 when it is none, and chooses
     /// the row with the least number not below.

@@ -42,7 +42,7 @@ void OrbelFHPObject::CreateValueTree()
         return;
     TraceFailure(QStringLiteral("OrbelFHPObject::CreateValueTree: exclusion ranges map already existing in VT"),
         "orbelfhpobject", __LINE__);
-    // Meant: the list of the form that was there first is lost.
+    // Meant: this deletes the ranges of the form that was there first.
     ExclusionRanges->Clear(this);
 }
 

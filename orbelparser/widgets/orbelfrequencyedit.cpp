@@ -161,7 +161,7 @@ void OrbelFrequencyEdit::setFocus()
 
 void OrbelFrequencyEdit::forceFinishEditing()
 {
-    // Meant: a text that is being typed into the main form goes on.
+    // Meant: an edit in progress in the main form is not committed, so its text is not applied with the others.
     if (lineEdit)
         lineEdit->endEdit();
 }

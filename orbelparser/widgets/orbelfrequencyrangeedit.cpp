@@ -147,7 +147,7 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
 {
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::StartFrequencyParameterXmlTag || name == prop::StopFrequencyParameterXmlTag)
-        // Meant: the tag before stays on the list.
+        // Meant: the former tag stays on the list, so documents that use it are read, too.
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);

@@ -35,15 +35,18 @@ public:
     QPair<qint64, qint64> getCurrentRange() const;
 
 Q_SIGNALS:
+    /// The operator finished an edit of one of the two fields.
     void editingFinished();
     /// The operator or a host changed the range; start and stop in Hz.
     void rangeChanged(qint64, qint64);
+    /// Return was pressed in one of them.
     void returnPressed();
     /// For scripts; never emitted here, as the next one.
     void startFrequencyUnitChanged(QString);
     void stopFrequencyUnitChanged(QString);
 
 public Q_SLOTS:
+    /// These set the properties of their names; frequencies in Hz.
     void setStartFrequency(qint64 fValue) { ChangeProperty(prop::StartFrequency, fValue); }
     void setStopFrequency(qint64 fValue) { ChangeProperty(prop::StopFrequency, fValue); }
     void setStartFrequencyParameterXmlTag(QString sTag) { ChangeProperty(prop::StartFrequencyParameterXmlTag, sTag); }

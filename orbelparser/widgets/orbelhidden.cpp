@@ -32,7 +32,7 @@ void OrbelHidden::ReadXml(QXmlStreamReader &reader)
     if (text == GetString(prop::Value, QString()))
         return;
     SetPropertyAlways(prop::Value, text);
-    // Meant: the set has signalled already, so a new text is told twice.
+    // Meant: the set has emitted already, so a new text emits valueChanged twice.
     Q_EMIT valueChanged(text);
 }
 

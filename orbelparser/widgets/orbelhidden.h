@@ -8,7 +8,7 @@ namespace KV218
 {
 
 /// A text that the operator does not see. Class name: `HiddenParameter`. Value property: `value`. Unlike the other
-/// controls it signals and marks itself modified for a script's change too; a change of its node signals only.
+/// controls it emits and marks itself modified for a script's change too; a change of its node emits only.
 class OrbelHidden : public OrbelDelegate
 {
     Q_OBJECT

@@ -53,7 +53,7 @@ void OrbelHiddenMap::setValue(QString key, QString value)
     const bool known = Entries.contains(key);
     Entries.insert(key, value);
     const Call call(this);
-    // Meant: an equal text signals and marks the control modified too.
+    // Meant: an equal text emits valueChanged and marks the control modified, too.
     if (known)
         Q_EMIT valueChanged(key, value);
     else

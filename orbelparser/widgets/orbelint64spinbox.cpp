@@ -44,7 +44,7 @@ void OrbelInt64SpinBox::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = FiniteText(reader.readElementText());
     SetPropertyAlways(prop::Value, text);
-    // Meant: a text with an exponent or a fraction sets the node but is announced as 0.
+    // Meant: a text with an exponent or a fraction sets the node, but valueChanged is emitted with 0.
     Q_EMIT valueChanged(text.toLongLong());
 }
 
@@ -63,7 +63,7 @@ void OrbelInt64SpinBox::EmitNumber(double number)
 
 void OrbelInt64SpinBox::setUnitScale(QString)
 {
-    // Meant: no text names a scale; what a script gets from this is hertz.
+    // Meant: every text sets the scale to hertz, so a script cannot choose one by name.
     setUnitScale(quint64(1));
 }
 

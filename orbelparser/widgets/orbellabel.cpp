@@ -53,7 +53,7 @@ void OrbelLabel::Retranslate()
 void OrbelLabel::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    // Meant: a new text does not go into the node.
+    // Meant: a new text is shown, and observers of the node are not notified of it.
     if (name == prop::Text && Control)
         Control->setText(Translate(value.toString()));
     PropagateProperty(name, Control);

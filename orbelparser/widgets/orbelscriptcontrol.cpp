@@ -54,7 +54,7 @@ void OrbelScriptControl::CreateGUI(FloatGroupLayout *layout)
     Container->setObjectName(name);
     StatusLabel = new QLabel(Container);
     StatusLabel->setObjectName(name + QLatin1String("StatusLabel"));
-    // Meant: a state that was told before the row existed is forgotten, though the custom property keeps it.
+    // Meant: a state that was set before the row existed is lost, though the custom property keeps it.
     ScriptLoaded = false;
     ShowLamp();
     QPushButton *load = NewButton(name + QLatin1String("_LoadButton"), QStringLiteral("Open"), QStringLiteral("Load "));

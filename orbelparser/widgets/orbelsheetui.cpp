@@ -83,7 +83,7 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     ApplyButton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     ApplyButton->setEnabled(Modified);
     row->addWidget(ApplyButton);
-    // Meant: changes are announced when the button goes down, so no release outside of it takes them back.
+    // Meant: the signal is emitted when the button goes down, so a release outside of it does not cancel.
     connect(ApplyButton, &QPushButton::pressed, this, &OrbelSheetUi::applyNow);
 
     AutoApplyBox = new QCheckBox(box);
@@ -220,7 +220,7 @@ void OrbelSheetUi::PropertyChanged(const QString &name, const QVariant &value)
     }
     if (name != prop::AutoApplyEnabled)
         return;
-    // Meant: a timer that runs goes on, and still announces.
+    // Meant: a running timer is not stopped, so it emits once more after a script has switched this off.
     AutoApplyEnabled = value.toBool();
     if (AutoApplyBox && AutoApplyBox->isChecked() != AutoApplyEnabled)
         AutoApplyBox->setChecked(AutoApplyEnabled);
@@ -241,7 +241,7 @@ void OrbelSheetUi::emitParametersXml()
 
 void OrbelSheetUi::emitParametersXml(bool)
 {
-    // Meant: false announces, too; a caller cannot ask for less.
+    // Meant: false emits, too; a caller cannot suppress the signal by it.
     applyNow();
 }
 
@@ -275,7 +275,7 @@ void OrbelSheetUi::setModified(bool autoApply)
 
 void OrbelSheetUi::resetModified()
 {
-    // Meant: a timer that runs while nothing is modified goes on.
+    // Meant: while nothing is modified a running timer is not stopped; it then emits nothing.
     if (!Modified)
         return;
     const Call call(this);

@@ -2,8 +2,6 @@
 
 #include "orbeldelegate.h"
 
-#include <QLineEdit>
-
 #include <optional>
 
 namespace KV218
@@ -11,8 +9,9 @@ namespace KV218
 
 void RecordingCells::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    const QLineEdit *field = FieldOf(editor);
-    if (!field || !field->isModified())
+    if (IsTyping(editor))
+        LeaveTyped(editor, index);
+    else
         CellItemDelegate::setEditorData(editor, index);
 }
 

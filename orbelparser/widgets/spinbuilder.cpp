@@ -8,6 +8,8 @@
 
 #include <QLocale>
 
+#include <cmath>
+
 namespace KV218
 {
 
@@ -44,11 +46,18 @@ double DisplayFactor(const OrbelDelegate &delegate)
     return delegate.GetDouble(prop::DisplayScalingFactor, 1.0);
 }
 
-QString SpellNumber(const OrbelDelegate &delegate, double number)
+static bool IsShownAsMinimum(double shown, const VCNumericFloatSpin &spin)
+{
+    return std::fabs(shown - spin.minimum()) * std::pow(10, spin.decimals()) < 0.5;
+}
+
+QString SpellNumber(const OrbelDelegate &delegate, double number, const VCNumericFloatSpin *spin)
 {
     // Without what binary arithmetic adds to the product.
     constexpr int digits = 15;
     const double shown = QString::number(number * DisplayFactor(delegate), 'g', digits).toDouble();
+    if (spin && !spin->specialValueText().isEmpty() && IsShownAsMinimum(shown, *spin))
+        return spin->specialValueText();
     const int decimals = qMax(0, DocumentDecimals(delegate));
     const bool fits = QString::number(shown, 'f', decimals).toDouble() == shown;
     QLocale plain;

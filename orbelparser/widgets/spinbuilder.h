@@ -21,8 +21,9 @@ QString SpinBounds(const OrbelDelegate &delegate, const VCNumericFloatSpin *spin
 /// The property `displayScalingFactor`: controls show the node's number times this.
 double DisplayFactor(const OrbelDelegate &delegate);
 
-/// A node's number as the operator reads it: in display units, with the suffix.
-QString SpellNumber(const OrbelDelegate &delegate, double number);
+/// A node's number as the operator reads it in `spin`, which may be null: in display units, with the suffix, or as the
+/// text that stands there for the minimum.
+QString SpellNumber(const OrbelDelegate &delegate, double number, const VCNumericFloatSpin *spin);
 
 /// How many decimal places a parameter document gives a number: the property `decimals`, within bounds.
 int DocumentDecimals(const OrbelDelegate &delegate);

@@ -47,7 +47,7 @@ template <class Node> QVector<Face> SpinDelegate<Node>::GetFaces() const
 
 template <class Node> QString SpinDelegate<Node>::SpellEdit(int, const QVariant &value) const
 {
-    return SpellNumber(*this, value.toDouble());
+    return SpellNumber(*this, value.toDouble(), this->Control);
 }
 
 template <class Node> bool SpinDelegate<Node>::IsNumber(const QString &name) const

@@ -129,7 +129,7 @@ template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subje
 
 template <class Node> QString SpinListDelegate<Node>::SpellEdit(int, const QVariant &value) const
 {
-    return SpellNumber(*this, value.toDouble());
+    return SpellNumber(*this, value.toDouble(), Container ? Container->findChild<VCNumericFloatSpin *>() : nullptr);
 }
 
 template <class Node> QList<VCNumericFloatSpin *> SpinListDelegate<Node>::Spins() const

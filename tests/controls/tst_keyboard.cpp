@@ -1,6 +1,6 @@
 // A form without a mouse and without a screen: where the focus goes, and what an assistive tool hears.
 
-#include "liveform.h"
+#include "story.h"
 
 namespace
 {
@@ -244,45 +244,29 @@ private Q_SLOTS:
         QTRY_VERIFY(late->GetGUI()->isVisible());
         QCOMPARE(window.focusWidget(), before);
     }
-
-    void f2SelectsAll()
+    void stories_data()
     {
-        for (const char *className : {"LineEdit", "FrequencyEdit", "DoubleSpinBox"}) {
-            LiveForm live(Labelled("a", className, {"text=String:abc", "value=String:100", "suffix=String: dB"}));
-            auto *field
-                = live.Find<QLineEdit>("a") ? live.Find<QLineEdit>("a") : live.Find("a")->findChild<QLineEdit *>();
-            QVERIFY(field && !field->hasSelectedText());
-            QTest::keyClick(live.Find("a"), Qt::Key_F2);
-            QVERIFY(field->hasSelectedText() && field->text().startsWith(field->selectedText()));
-        }
-    }
-
-    void upAndDownFollowTheGrid_data()
-    {
-        const auto row = Columns<QStringList, int, double>({"properties", "key", "value"});
+        const auto row = Stories();
         const QStringList grid{"value=Int64:145510000", "singleStep=Double:25000", "maximum=Int64:145530000"};
         const QStringList on{"value=Int64:145525000", "singleStep=Double:25000", "maximum=Int64:145530000"};
         const QStringList fine{"value=Int64:1000", "singleStep=Double:0.4"}, none{"value=Int64:100"};
-        row("up to the next", grid, Qt::Key_Up, 145525000);
-        row("down to the next", grid, Qt::Key_Down, 145500000);
-        row("from one to the next", on, Qt::Key_Down, 145500000);
-        row("within the limits", on, Qt::Key_Up, 145530000);
-        row("a grid below whole hertz", fine, Qt::Key_Down, 999);
-        row("no grid: one hertz", none, Qt::Key_Up, 101);
-        row("locked", none + QStringList{"readOnly=Bool:true"}, Qt::Key_Up, 100);
+        const auto edit = [](const QStringList &properties) { return Labelled("a", "FrequencyEdit", properties); };
+        const auto told
+            = [](const char *value) { return QString(" => a.valueChanged(%1) a.editingFinished() a=%1").arg(value); };
+        // clang-format off
+        row("F2 selects a text", Labelled("a", "LineEdit", {"text=String:abc"}), {"press F2", "see a.selectedText => abc"});
+        row("F2 selects a number", Labelled("a", "DoubleSpinBox", {"value=String:100", "suffix=String: dB"}), {"press F2", "see qt_spinbox_lineedit.selectedText => 100"});
+        row("F2 selects a frequency", edit(none), {"press F2", "see a.selectedText => 100 Hz"});
+        row("up to the next of a grid", edit(grid), {"press Up" + told("145525000"), "modified a => yes"});
+        row("down to the next", edit(grid), {"press Down" + told("145500000")});
+        row("from one to the next", edit(on), {"press Down" + told("145500000")});
+        row("within the limits", edit(on), {"press Up" + told("145530000")});
+        row("a grid below whole hertz", edit(fine), {"press Down" + told("999")});
+        row("no grid: one hertz", edit(none), {"press Up" + told("101")});
+        row("locked", edit(none + QStringList{"readOnly=Bool:true"}), {"press Up =>", "modified a => no"});
+        // clang-format on
     }
-    void upAndDownFollowTheGrid()
-    {
-        const auto [properties, key, value] = Fetch<QStringList, int, double>({"properties", "key", "value"});
-        LiveForm live(Labelled("a", "FrequencyEdit", properties));
-        live.log.Watch("a", live.Get("a"));
-        const double before = live.Get("a")->property("value").toDouble();
-        QTest::keyClick(live.Find("a"), Qt::Key(key));
-        QCOMPARE(live.Get("a")->property("value").toDouble(), value);
-        const QString told = QString("a.valueChanged(%1) a.editingFinished()").arg(qint64(value));
-        QCOMPARE(live.log.Take(), value == before ? QString() : told);
-        QCOMPARE(live.Get("a")->isModified(), value != before);
-    }
+    void stories() { PlayStory(); }
 };
 
 ORBEL_TEST_MAIN(TestKeyboard)

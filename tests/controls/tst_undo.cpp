@@ -5,6 +5,7 @@
 #include "formchanges.h"
 #include "orbelspinbox.h"
 #include "story.h"
+#include "valuecommentedrangemap.h"
 #include "vclineedit.h"
 #include "vcnumericfloatspin.h"
 
@@ -128,7 +129,12 @@ private Q_SLOTS:
             "stack => 2 f: 145.505 000 MHz \u2192 145.504 000 MHz",
             "press Ctrl+Z", "hold f => 145505000", "press Ctrl+Z", "hold f => 145500000",
             "press Up Down", "stack => 0",
-            "focus gain", "press Up Up Up", "stack => 1 gain: 5 \u2192 8", "press Ctrl+Z", "hold gain => 5"});
+            "focus gain", "press Up Up Up", "stack => 1 gain: 5 \u2192 8",
+            "press Ctrl+A", "type 20", "press Up", "stack => 2 gain: 8 \u2192 21",
+            "focus text", "focus gain", "press Up", "stack => 3 gain: 21 \u2192 22",
+            "press Ctrl+Z", "hold gain => 21", "press Ctrl+Z", "hold gain => 8", "press Ctrl+Z", "hold gain => 5"});
+        row("a special text is told", Labelled("squelch", "SpinBox", {"value=Int:5", "minimum=Int:0", "specialValueText=String:off", "suffix=String: dB"}), {
+            "focus squelch", "enter off", "stack => 1 squelch: 5 dB \u2192 off"});
         row("only the operator's own control is recorded", Receiver(), {
             "script gain['valueChanged(int)'].connect(function (v) { text.setText('g' + v); }); text.setText('script'); gain.setValue(9)",
             "node gain=11", "document <gain>12</gain>",
@@ -220,6 +226,66 @@ private Q_SLOTS:
         }
     }
 
+    /// What an undone or redone step of the history leaves, when it was interrupted in its handlers.
+    void undoWithinACommit_data()
+    {
+        const auto row = Columns<QString, QString, QString, QString>({"field", "typed", "how", "history"});
+        // clang-format off
+        row("a number is undone", "gain", "8", "undo", "5 7 8, at 1");
+        row("a number is reverted", "gain", "8", "revert", "5 7 8 5, at 3");
+        row("a range is reverted", "range_StopFrequency", "500 kHz", "revert", "1000000/2000000 1000000/7000000 499999/500000 1000000/2000000, at 3");
+        // clang-format on
+    }
+
+    void undoWithinACommit()
+    {
+        const auto [name, typed, how] = Fetch<QString, QString, QString>({"field", "typed", "how"});
+        LiveForm live(Receiver());
+        auto *field = live.Find(name);
+        auto *control = live.Get(name.section('_', 0, 0));
+        Enter(field, name.contains('_') ? "7 MHz" : "7");
+        live.log.Watch("c", control);
+        auto *changes = live.form->GetSheet().GetChanges();
+        TypeOver(field, typed);
+        live.log.On(name == "gain" ? "c.valueChanged" : "c.rangeChanged", [&, how = how] {
+            QEventLoop loop;
+            QTimer::singleShot(0, &loop, [&] {
+                how == "undo" ? changes->Undo() : changes->RevertAll();
+                loop.quit();
+            });
+            loop.exec();
+        });
+        QTest::keyClick(field, Qt::Key_Return);
+        QUndoStack *stack = live.form->GetUndoStack();
+        const int at = stack->index();
+        QStringList history;
+        stack->setIndex(0);
+        for (int i = 0; i <= stack->count(); ++i) {
+            stack->setIndex(i);
+            QStringList texts;
+            for (const QVariant &value : control->GetEdits())
+                texts << value.toString();
+            history << texts.join('/');
+        }
+        QTEST(history.join(' ') + ", at " + QString::number(at), "history");
+    }
+
+    /// A list of ranges goes back with its keys and comments, which its dialog does not know.
+    void exclusionsKeepWhatTheirTextDoesNotTell()
+    {
+        LiveForm live(Labelled("fhp", "SpecialObject_FHP"));
+        auto *ranges = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/fhp"));
+        CommentedRange range;
+        range.SetComment("a beacon");
+        ranges->SetAt(7, range, nullptr);
+        EnterExclusions(live.form, "fhp");
+        QCOMPARE(ranges->GetStringValue() + ranges->data().at(0).GetComment(), QString("100000..200000"));
+        Undo(live);
+        QCOMPARE(ranges->data().at(7).GetComment(), QString("a beacon"));
+        Redo(live);
+        QCOMPARE(ranges->GetStringValue(), QString("100000..200000"));
+    }
+
     /// A host moves the stack over several entries, and what it tells of takes the focus from a field in which somebody
     /// types.
     void aCommitWithinARedoComesAfterIt()
@@ -240,6 +306,27 @@ private Q_SLOTS:
         QCOMPARE(stack->index(), 3);
         QTRY_COMPARE(stack->undoText(), QString("text: one \u2192 two"));
         stack->undo();
+        QCOMPARE(live.Node("text"), QString("one"));
+    }
+
+    /// The same in a command of the host's own.
+    void aCommitWithinAHostsCommandComesAfterIt()
+    {
+        LiveForm live(Receiver());
+        QUndoStack *stack = live.form->GetUndoStack();
+        struct FocusesGain : QUndoCommand {
+            explicit FocusesGain(QWidget *gain) : Gain(gain) { }
+            void redo() override { Gain->setFocus(); }
+            QWidget *Gain;
+        };
+        stack->push(new FocusesGain(live.Find("gain")));
+        stack->undo();
+        TypeOver(live.Find("text"), "two");
+        stack->redo();
+        QCOMPARE(live.Node("text"), QString("two"));
+        QTRY_COMPARE(stack->count(), 2);
+        QTRY_COMPARE(stack->undoText(), QString("text: one \u2192 two"));
+        stack->setIndex(0);
         QCOMPARE(live.Node("text"), QString("one"));
     }
 

@@ -227,6 +227,16 @@ private Q_SLOTS:
         QCOMPARE(area.minimumSizeHint(), area.QAbstractScrollArea::minimumSizeHint().boundedTo(QSize(9999, 20)));
     }
 
+    void aTextThatTurnsPlainGetsTheHeightOfOne()
+    {
+        QSpinBox control;
+        RowLabel label("<b>Gain:</b>", nullptr);
+        const auto beside = [&] { return label.StandBeside(&control, QSize(90, 80), 10, 20); };
+        QCOMPARE(beside(), 20);
+        label.setText("Gain:");
+        QVERIFY(beside() > 40);
+    }
+
     void aRowLabelHintsAtTheSizesOfAnyLabel()
     {
         RowLabel own("Gain:", nullptr);

@@ -229,7 +229,7 @@ private Q_SLOTS:
     {
         QApplication::setLayoutDirection(Qt::LeftToRight);
         QApplication::setStyle("Fusion");
-        QApplication::setPalette(*NamedPalette("light"));
+        QApplication::setPalette(*Orbel::NamedPalette("light"));
         QCOMPARE(LeftOver(), QString());
     }
 
@@ -238,7 +238,7 @@ private Q_SLOTS:
     {
         Shown shown;
         for (const char *colours : {"light", "dark", "contrast"}) {
-            QApplication::setPalette(*NamedPalette(colours));
+            QApplication::setPalette(*Orbel::NamedPalette(colours));
             for (RowLabel *label : shown.All<RowLabel>()) {
                 const QSize size = label->sizeHint();
                 const QImage before = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -265,14 +265,14 @@ private Q_SLOTS:
         const QColor plain = field->palette().color(QPalette::Text);
         QTest::keyClicks(field, "no");
         for (const char *colours : {"light", "dark", "contrast"}) {
-            QApplication::setPalette(*NamedPalette(colours));
+            QApplication::setPalette(*Orbel::NamedPalette(colours));
             const QColor wrong = field->palette().color(QPalette::Text);
             QVERIFY(wrong.hue() < 20 && wrong.saturation() > 100);
             QVERIFY(Contrast(wrong.rgb(), field->palette().color(QPalette::Base).rgb()) >= LeastContrast);
         }
         QTest::keyClick(field, Qt::Key_Escape);
         QCOMPARE(field->palette().color(QPalette::Text), QColor(Qt::white));
-        QApplication::setPalette(*NamedPalette("light"));
+        QApplication::setPalette(*Orbel::NamedPalette("light"));
         QCOMPARE(field->palette().color(QPalette::Text), plain);
     }
 
@@ -309,7 +309,7 @@ private Q_SLOTS:
         const auto [colours, style, mirrored] = Fetch<QString, QString, bool>({"colours", "style", "mirrored"});
         Shown shown;
         QApplication::setStyle(style);
-        QApplication::setPalette(*NamedPalette(colours));
+        QApplication::setPalette(*Orbel::NamedPalette(colours));
         QApplication::setLayoutDirection(mirrored ? Qt::RightToLeft : Qt::LeftToRight);
         QStringList faults;
         for (int points : {8, 9, 12, 18, 24}) {

@@ -141,6 +141,16 @@ private Q_SLOTS:
         QVERIFY2(live.log.Seen().contains(told + ')') && live.Get("n")->isModified(), "a change");
         QVERIFY(Held(face).endsWith(told));
     }
+
+    void aRefusedNumberLeavesWhatTheNodeHeldLast()
+    {
+        LiveForm live(ControlOf(Faces[1], Limits));
+        live.form->EvaluateScript("n.setValue(17000)");
+        delete live.form->GetVTValue("n");
+        live.form->EvaluateScript("n.setValue(NaN)");
+        QCOMPARE(live.Get("n")->property("value").toString(), QString("17000"));
+        QVERIFY(live.form->GetXmlString(false).contains(">17000<"));
+    }
 };
 
 ORBEL_TEST_MAIN(TestLimits)

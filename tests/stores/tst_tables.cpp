@@ -55,6 +55,13 @@ struct LiveTable : LiveStore {
         QTest::keyClick(editor, Qt::Key_Return);
         PassEvents();
     }
+    QString Shown() const
+    {
+        QStringList texts;
+        for (int row = 0; row < Table()->rowCount(); ++row)
+            texts << Table()->model()->index(row, 0).data().toString();
+        return texts.join(' ');
+    }
     void Paste(const QString &text)
     {
         QApplication::clipboard()->setText(text);
@@ -143,18 +150,116 @@ private Q_SLOTS:
             "cells s => a|||b",
             "fetch",
             "script s.setItemValue(1, 0, 'c') =>", "cells s => c|||b", "modified s => no", // silent here too
+            "script s.setItemValue(0, 0, true)", "cell s 0 0", "press Up", "press Return", "cells s => false|||b", // a choice
+            "script s.setItemValue(0, 0, 'c')", "cell s 1 1", "press Esc",
             "script s.setRowCount(1) => s.currentCellChanged(0, 1, 1, 1)", "cells s => a|",
             "document <s><i column='1'>d</i></s> =>", "cells s => d|"});
         // clang-format on
     }
     void stories() { PlayStory(); }
 
-    void aHandlersEventLoopLetsTheOperatorGoOn()
+    /// While handlers hear of the commit of the first cell, the operator enters something into another one.
+    void aCellEnteredWithinACommit_data()
+    {
+        const auto row = Columns<QString, QString, QString>({"className", "how", "shown"});
+        for (const QString &className : {Spacings, Grid}) {
+            row(qPrintable(className + ": ended by Return"), className, "return", "7 8");
+            row(qPrintable(className + ": by Tab"), className, "tab", "7 8");
+            row(qPrintable(className + ": by the focus"), className, "focus", "7 8");
+            row(qPrintable(className + ": by the host"), className, "host", "7 8");
+            row(qPrintable(className + ": taken back"), className, "escape", "7 5");
+            row(qPrintable(className + ": not ended"), className, "open", "7 8");
+            row(qPrintable(className + ": in the same editor"), className, "same", "71 5");
+            row(qPrintable(className + ": while the first is undone"), className, "undo", "5 8");
+        }
+        row("the rows move up", Spacings, "rows", "7");
+        row("the form ends", Spacings, "form", "7 8");
+        row("the window ends", Spacings, "window", "");
+    }
+
+    void aCellEnteredWithinACommit()
+    {
+        const auto [className, how] = Fetch<QString, QString>({"className", "how"});
+        LiveTable live(className, {"spacingsCount=Int:2", "rowCount=Int:2", "columnCount=Int:1"});
+        QApplication::setActiveWindow(live.window.get());
+        for (int row : {0, 1})
+            live.Type(row, 0, "5");
+        live.form->GetXmlString(true);
+        QUndoStack *stack = live.form->GetUndoStack();
+        const int before = stack->count();
+        const auto enter = [&, how = how] {
+            if (how == "same") {
+                QTest::keyClicks(live.Table()->indexWidget(live.Table()->currentIndex()), "1");
+                return;
+            }
+            QWidget *editor = live.Edit(1, 0);
+            TypeOver(editor, "8");
+            const QHash<QString, Qt::Key> keys{{"return", Qt::Key_Return}, {"undo", Qt::Key_Return},
+                {"rows", Qt::Key_Return}, {"form", Qt::Key_Return}, {"tab", Qt::Key_Tab}, {"escape", Qt::Key_Escape}};
+            if (keys.contains(how))
+                QTest::keyClick(editor, keys.value(how));
+            else if (how == "focus")
+                live.Table()->setFocus();
+            else if (how == "host")
+                live.form->FinishEditing();
+            else if (how == "window")
+                live.window.release()->deleteLater();
+            if (how == "rows")
+                live.form->EvaluateScript("s.setSpacingsCount(1)");
+            if (how == "form")
+                live.form.reset();
+        };
+        const auto loop = [&] {
+            QEventLoop loop;
+            QTimer::singleShot(0, &loop, enter);
+            QTimer::singleShot(20, &loop, &QEventLoop::quit);
+            loop.exec();
+        };
+        if (how == "undo") {
+            live.Type(0, 0, "7");
+            live.log.On(className == Grid ? "s.cellChanged(0" : "s.spacingChanged(0", loop);
+            stack->undo();
+        } else {
+            live.log.On(className == Grid ? "s.cellChanged(0" : "s.spacingChanged(0", loop);
+            live.Type(0, 0, "7");
+        }
+        if (!live.window)
+            return;
+        if (how == "open" || how == "same")
+            QTest::keyClick(live.window->focusWidget(), Qt::Key_Return);
+        QTEST(live.Shown(), "shown");
+        if (!live.form)
+            return;
+        if (className == Spacings)
+            QCOMPARE(live.Written(), "m0:" + live.Shown().replace(' ', " m1:"));
+        const bool isOne = how == "escape" || how == "undo";
+        QCOMPARE(stack->count() - before, isOne ? 1 : 2);
+        stack->setIndex(before);
+        if (how != "rows")
+            QCOMPARE(live.Shown(), QString("5 5"));
+        stack->setIndex(stack->count());
+        QTEST(live.Shown(), "shown");
+    }
+
+    void whatIsTypedIsTakenWholeOrNotAtAll()
     {
         LiveTable live(Spacings, Shape);
-        live.log.On("s.spacingChanged(0)", [&] { live.Type(1, 0, "8"); });
-        live.Type(0, 0, "7");
-        QCOMPARE(live.Table()->item(0, 0)->text(), QString("7"));
+        QLineEdit other;
+        other.show();
+        QApplication::setActiveWindow(live.window.get());
+        TypeOver(live.Edit(0, 0), "2000");
+        QApplication::setActiveWindow(&other);
+        QApplication::setActiveWindow(live.window.get());
+        const auto *field = live.Table()->findChild<QLineEdit *>("qt_spinbox_lineedit");
+        QVERIFY2(field->text() == "2000", "another window leaves alone what is above the limit");
+        TypeOver(live.Table()->indexWidget(live.Table()->currentIndex()), "7x");
+        live.Table()->setFocus();
+        QVERIFY2(live.Shown() == "0 0 0", "of what is no number nothing is taken");
+        QWidget *editor = live.Edit(0, 0);
+        QTest::keyClick(editor, Qt::Key_Up);
+        live.form->EvaluateScript("s.setSpacingValue(0, 5)");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QVERIFY2(live.Shown() == "1 0 0", "a step is as good as letters");
     }
 
     /// The context menu of a row, or by key that of the current one.

@@ -280,7 +280,8 @@ private:
             "throw 'late'; } ears.told.connect(function () { hear('hears the host'); ears.heard = 1; });");
         Parts = {form->GetScriptValues().value("sheet").engine(), form.data()};
         form->GetUndoStack()->setObjectName("stack");
-        ears.Listen(form->GetUndoStack());
+        // It tells its other signals with this one, or when the loop comes round.
+        QObject::connect(form->GetUndoStack(), &QUndoStack::indexChanged, &ears, &Ears::hearSignal);
         ears.Listen(form.data());
         for (const char *name : {"sheet", "subject", "z"}) {
             QObject *object = form->GetScriptValues().value(name).toQObject();

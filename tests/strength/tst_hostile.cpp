@@ -156,8 +156,9 @@ private Q_SLOTS:
                 {"CheckBox", "parameterXmlTag"}, {"ComboBox", "enumName"}, {"ComboBox", "currentValue"},
                 {"DoubleSpinBox", "suffix"}, {"DoubleSpinBox", "value"}, {"ChannelSpacingTable", "headerLabel"}}) {
             const QStringList properties{"visible=Bool:true", "spacingsCount=Int:2", property + QString("=String:")};
-            row(qPrintable(QString("ten megabytes of %1 in a %2").arg(property, name)),
-                [=] { return Definition(Widget("big", name, properties.mid(0, 2) << properties.last() + text)); });
+            row(qPrintable(QString("ten megabytes of %1 in a %2").arg(property, name)), [=, name = name] {
+                return Definition(Widget("big", name, properties.mid(0, 2) << properties.last() + text));
+            });
         }
         const auto choice = [](const QString &rows) {
             return Definition(Widget("c", "ComboBox", {"enumName=String:e", "visible=Bool:true", "labelText=String:l"}),

@@ -39,7 +39,7 @@ void StartOperator()
         new Operator;
 }
 
-Result Orbel(const QStringList &arguments)
+Result RunCommand(const QStringList &arguments)
 {
     return Run(ORBEL_COMMAND, arguments);
 }
@@ -109,7 +109,7 @@ private Q_SLOTS:
     void mistakesAreToldWithTheirPlace()
     {
         const auto [arguments, status, told] = Fetch<QStringList, int, QString>({"arguments", "status", "told"});
-        const Result result = Orbel(arguments);
+        const Result result = RunCommand(arguments);
         QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
         QVERIFY2(result.Err.startsWith("orbel: "), qPrintable(result.Err));
         QCOMPARE(result.Status, status);
@@ -118,9 +118,9 @@ private Q_SLOTS:
     void nearestNames()
     {
         const QStringList names{"far away", "frost", "FIRST", "frist", "frost"};
-        QCOMPARE(NearestNames("first", names, 3).join(' '), QString("FIRST frost frist"));
-        QCOMPARE(NearestNames("first", names, 9).size(), 3);
-        QCOMPARE(NearestNames("zzzz", {"abcdef", "bcdefa"}, 9), QStringList("abcdef"));
+        QCOMPARE(Orbel::NearestNames("first", names, 3).join(' '), QString("FIRST frost frist"));
+        QCOMPARE(Orbel::NearestNames("first", names, 9).size(), 3);
+        QCOMPARE(Orbel::NearestNames("zzzz", {"abcdef", "bcdefa"}, 9), QStringList("abcdef"));
     }
 
     void paramsPrintsWhatTheFormHolds_data()
@@ -151,7 +151,7 @@ private Q_SLOTS:
     void paramsPrintsWhatTheFormHolds()
     {
         const auto [options, printed] = Fetch<QStringList, QString>({"options", "printed"});
-        Result result = Orbel(QStringList{"params", WriteForm()} + options);
+        Result result = RunCommand(QStringList{"params", WriteForm()} + options);
         QCOMPARE(result.Err, QString());
         QCOMPARE(result.Out.remove(QRegularExpression("\\n *")), printed);
         QCOMPARE(result.Status, 0);
@@ -160,7 +160,7 @@ private Q_SLOTS:
     void formsWithFaultsAreToldAndUsed()
     {
         const auto use = [this](const QString &script, const QString &behind, const QString &told, int status) {
-            const Result result = Orbel({"params", WriteForm(script, behind), "--set", "first=a"});
+            const Result result = RunCommand({"params", WriteForm(script, behind), "--set", "first=a"});
             QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
             QVERIFY2(result.Out.startsWith("<Parameters>") && result.Out.contains("<first>a<"), qPrintable(result.Out));
             QCOMPARE(result.Status, status);
@@ -179,7 +179,7 @@ private Q_SLOTS:
             const QString form = Write("note.orbel",
                 "<ZkParamGui>\n<Sheet name='sheet'>\n<Widget name='note' class='Label'>" + properties
                     + "</Widget></Sheet><Script>note.setText('by &amp; by');</Script></ZkParamGui>");
-            const Result result = Orbel({"strings", form, "-o", catalogue});
+            const Result result = RunCommand({"strings", form, "-o", catalogue});
             return result.Err + QString::fromUtf8(BytesOf(catalogue)).remove(QRegularExpression("\\n *"));
         };
         const auto text = [](const QString &name, const QString &value) {
@@ -208,7 +208,7 @@ private Q_SLOTS:
 #ifdef ORBEL_LRELEASE
         const auto draw = [&](const QString &language) {
             const QString picture = Folder.filePath(language + ".png");
-            Orbel({"render", Folder.filePath("note.orbel"), "--language", language, "-o", picture});
+            RunCommand({"render", Folder.filePath("note.orbel"), "--language", language, "-o", picture});
             return QImage(picture);
         };
         const QImage before = draw("de");
@@ -268,7 +268,7 @@ private Q_SLOTS:
 int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsSet("ORBEL_OPERATOR"))
-        return RunOrbel(argc, argv);
+        return Orbel::RunOrbel(argc, argv);
     TestOrbel test;
     return RunOrbelTest(&test, argc, argv);
 }
