@@ -55,6 +55,7 @@ void OrbelSheet::Close()
     Closed = true;
     Formular = nullptr;
     Place.Clear();
+    Changes->Close();
     Ui->Close();
     for (const Widget &widget : Snapshot()) {
         if (OrbelDelegate *delegate = widget->GetDelegate())

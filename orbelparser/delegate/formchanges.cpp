@@ -32,6 +32,12 @@ FormChanges::~FormChanges()
         delete Stack;
 }
 
+void FormChanges::Close()
+{
+    blockSignals(true);
+    Stack->blockSignals(true);
+}
+
 void FormChanges::Began(OrbelDelegate *control)
 {
     Running.append(control);

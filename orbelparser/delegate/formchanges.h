@@ -36,6 +36,9 @@ public:
     /// See OrbelFormular::GetUndoStack().
     QUndoStack *GetStack() const { return Stack; }
 
+    /// From now on nothing is emitted, nor by the stack, which is cleared when it is destroyed: the form has ended.
+    void Close();
+
     /// Undoes or redoes the last change that is not dropped by it; emits refused() where that is locked.
     void Undo() { Go(true); }
     void Redo() { Go(false); }

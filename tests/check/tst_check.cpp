@@ -154,8 +154,7 @@ private Q_SLOTS:
         Asked asked;
         const Form form(OrbelParser().ParseORBELFile(path));
         form->CreateValueTree("/Form");
-        form->CreateGUI(true);
-        const std::unique_ptr<QWidget> window(form->GetGUI());
+        const auto window = Build(form);
         for (const QString &missing : asked.Texts - told) // a script computes others
             QVERIFY2(!definition.contains(missing.section(": ", 1).toUtf8()), qPrintable(missing));
         // Other scripts set texts before anybody sees those of the definition, or only later.
@@ -325,16 +324,6 @@ private Q_SLOTS:
         }
     }
 
-    void hostileDocumentsEnd()
-    {
-        for (const QString &text : {QString("<ZkParamGui><Sheet>") + QString("<Widget>").repeated(200000),
-                 QString("<ZkParamGui><Sheet><Widget>") + QString("<CustomProperties>").repeated(200000),
-                 Definition("", "<Script>" + QString("{{CR}}{{LF}}(").repeated(50000) + "</Script>")}) {
-            QVERIFY(!Check::Definition(text.toUtf8()).isEmpty());
-            Check::Parameters(text.toUtf8(), PlainForm().toUtf8());
-        }
-    }
-
     void traitsAreTrue_data()
     {
         const auto row = Columns<QString>({"className"});
@@ -353,8 +342,7 @@ private Q_SLOTS:
         for (const bool asked : {false, true}) {
             const QStringList more = asked ? QStringList("generateParameterXml=Bool:true") : QStringList();
             const Form form = Bind(Definition(Widget("w", className, properties + more), Enum("E", "A=1")));
-            form->CreateGUI(false);
-            const std::unique_ptr<QWidget> gui(form->GetGUI());
+            const auto gui = Build(form, false);
             const QString document = form->GetXmlString(false);
             const bool writes = document.contains("<w") || document.contains("<A");
             QCOMPARE(writes, bool(traits & (asked ? ekWrites : ekAlwaysWrites)));

@@ -1,16 +1,9 @@
 // A form without a mouse and without a screen: where the focus goes, and what an assistive tool hears.
 
-#include "liveform.h"
+#include "story.h"
 
 namespace
 {
-
-const QStringList Usable{"visible=Bool:true", "enabled=Bool:true"};
-
-QString Labelled(const QString &name, const QString &className, const QStringList &properties = {})
-{
-    return Widget(name, className, Usable + QStringList{"labelText=String:" + name} + properties);
-}
 
 QAccessibleInterface *Heard(QWidget *widget)
 {
@@ -43,7 +36,6 @@ struct Curious : QObject {
         heard->text(QAccessible::Name);
         heard->text(QAccessible::Description);
         heard->relations();
-        heard->focusChild();
         for (int i = 0; i < heard->childCount(); ++i)
             heard->indexOfChild(heard->child(i));
         return false;
@@ -236,13 +228,13 @@ private Q_SLOTS:
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
         QStringList way;
-        for (int i = 0; i < 13; ++i) {
+        for (int i = 0; i < 14; ++i) {
             way << QApplication::focusWidget()->objectName();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
         QCOMPARE(way.join(' '),
-            QString("range_StartFrequency range_StopFrequency first second table spacings list_0 list_1 last autoApply "
-                    "before h range_StartFrequency"));
+            QString("range_StartFrequency range_StopFrequency first second table spacings list_0 list_1 last "
+                    "applyButton autoApply before h range_StartFrequency"));
 
         // A window in use keeps its focus.
         const Form late = Bind(Definition(Labelled("a", "LineEdit")));
@@ -252,57 +244,29 @@ private Q_SLOTS:
         QTRY_VERIFY(late->GetGUI()->isVisible());
         QCOMPARE(window.focusWidget(), before);
     }
-
-    void f2SelectsAll()
+    void stories_data()
     {
-        for (const char *className : {"LineEdit", "FrequencyEdit", "DoubleSpinBox"}) {
-            LiveForm live(Labelled("a", className, {"text=String:abc", "value=String:100", "suffix=String: dB"}));
-            auto *field
-                = live.Find<QLineEdit>("a") ? live.Find<QLineEdit>("a") : live.Find("a")->findChild<QLineEdit *>();
-            QVERIFY(field && !field->hasSelectedText());
-            QTest::keyClick(live.Find("a"), Qt::Key_F2);
-            QVERIFY(field->hasSelectedText() && field->text().startsWith(field->selectedText()));
-        }
-    }
-
-    void upAndDownFollowTheGrid_data()
-    {
-        const auto row = Columns<QStringList, int, double>({"properties", "key", "value"});
+        const auto row = Stories();
         const QStringList grid{"value=Int64:145510000", "singleStep=Double:25000", "maximum=Int64:145530000"};
         const QStringList on{"value=Int64:145525000", "singleStep=Double:25000", "maximum=Int64:145530000"};
         const QStringList fine{"value=Int64:1000", "singleStep=Double:0.4"}, none{"value=Int64:100"};
-        row("up to the next", grid, Qt::Key_Up, 145525000);
-        row("down to the next", grid, Qt::Key_Down, 145500000);
-        row("from one to the next", on, Qt::Key_Down, 145500000);
-        row("within the limits", on, Qt::Key_Up, 145530000);
-        row("a grid below whole hertz", fine, Qt::Key_Down, 999);
-        row("no grid: one hertz", none, Qt::Key_Up, 101);
-        row("locked", none + QStringList{"readOnly=Bool:true"}, Qt::Key_Up, 100);
+        const auto edit = [](const QStringList &properties) { return Labelled("a", "FrequencyEdit", properties); };
+        const auto told
+            = [](const char *value) { return QString(" => a.valueChanged(%1) a.editingFinished() a=%1").arg(value); };
+        // clang-format off
+        row("F2 selects a text", Labelled("a", "LineEdit", {"text=String:abc"}), {"press F2", "see a.selectedText => abc"});
+        row("F2 selects a number", Labelled("a", "DoubleSpinBox", {"value=String:100", "suffix=String: dB"}), {"press F2", "see qt_spinbox_lineedit.selectedText => 100"});
+        row("F2 selects a frequency", edit(none), {"press F2", "see a.selectedText => 100 Hz"});
+        row("up to the next of a grid", edit(grid), {"press Up" + told("145525000"), "modified a => yes"});
+        row("down to the next", edit(grid), {"press Down" + told("145500000")});
+        row("from one to the next", edit(on), {"press Down" + told("145500000")});
+        row("within the limits", edit(on), {"press Up" + told("145530000")});
+        row("a grid below whole hertz", edit(fine), {"press Down" + told("999")});
+        row("no grid: one hertz", edit(none), {"press Up" + told("101")});
+        row("locked", edit(none + QStringList{"readOnly=Bool:true"}), {"press Up =>", "modified a => no"});
+        // clang-format on
     }
-    void upAndDownFollowTheGrid()
-    {
-        const auto [properties, key, value] = Fetch<QStringList, int, double>({"properties", "key", "value"});
-        LiveForm live(Labelled("a", "FrequencyEdit", properties + QStringList{"generateParameterXml=Bool:true"}));
-        live.log.Watch("a", live.Get("a"));
-        const double before = live.Get("a")->property("value").toDouble();
-        QTest::keyClick(live.Find("a"), Qt::Key(key));
-        QCOMPARE(live.Get("a")->property("value").toDouble(), value);
-        const QString told = QString("a.valueChanged(%1) a.editingFinished()").arg(qint64(value));
-        QCOMPARE(live.log.Take(), value == before ? QString() : told);
-        QCOMPARE(live.Get("a")->isModified(), value != before);
-    }
-
-    void aStepCountsFromWhatIsTypedAndKeepsARange()
-    {
-        LiveForm live(Labelled("a", "FrequencyRangeEdit",
-            {"startFrequency=Int64:10000", "stopFrequency=Int64:50000", "singleStep=Double:10000"}));
-        auto *start = live.Find("a_StartFrequency");
-        QTest::keyClick(start, Qt::Key_F2);
-        QTest::keyClicks(start, "44k");
-        QTest::keyClick(start, Qt::Key_Up);
-        QCOMPARE(live.Get("a")->property("startFrequency").toDouble(), 50000.0);
-        QCOMPARE(live.Get("a")->property("stopFrequency").toDouble(), 50001.0);
-    }
+    void stories() { PlayStory(); }
 };
 
 ORBEL_TEST_MAIN(TestKeyboard)

@@ -1,6 +1,6 @@
 // The frame of a form: apply row, automatic apply, text size menu, root element.
 
-#include "liveform.h"
+#include "story.h"
 
 namespace
 {
@@ -51,8 +51,6 @@ private Q_SLOTS:
         LiveForm live("");
         QCOMPARE(live.window->objectName(), QString("sheet"));
         QVERIFY(!live.Find("applyButton")->isEnabled() && live.Find<QCheckBox>("autoApply")->isChecked());
-        live.form->CreateGUI(false);
-        QVERIFY2(live.form->GetGUI() == live.window.get(), "built once");
         live.form->EnableInput(false);
         QVERIFY(!live.Find("applyButtonBox")->isEnabled() && live.Find<QScrollArea>("")->isEnabled());
         live.form->EvaluateScript("sheet.setVisible(false)");
@@ -118,21 +116,10 @@ private Q_SLOTS:
 
     void applyRow()
     {
-        LiveForm live("");
-        auto *button = live.Find<QPushButton>("applyButton");
-        auto *box = live.Find<QCheckBox>("autoApply");
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-        QCOMPARE(live.form->GetSheet().GetDelegate()->property("autoApplyEnabled"), QVariant(false));
-        live.form->EvaluateScript("sheet.setModified(true)");
-        QVERIFY(button->isEnabled());
-        QTest::mousePress(button, Qt::LeftButton);
-        QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified()"));
-        QTest::mouseRelease(button, Qt::LeftButton);
-        QVERIFY2(live.log.Take().isEmpty() && button->isEnabled(), "the host has not fetched anything yet");
-        live.form->GetXmlString(true);
-        QVERIFY(!button->isEnabled());
-        live.form->EvaluateScript("sheet.setAutoApplyEnabled(true)");
-        QVERIFY(box->isChecked());
+        Story("").Play({"click autoApply", "script sheet.setModified(true) =>", "see applyButton.enabled => true",
+            "click applyButton => sheet.si_parametersModified()", "see applyButton.enabled => true", "fetch",
+            "see applyButton.enabled => false", "script sheet.setAutoApplyEnabled(true)",
+            "see autoApply.checked => true"});
     }
 
     void textSizes()

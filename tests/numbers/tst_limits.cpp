@@ -1,80 +1,49 @@
-// One truth for numbers: whatever sets a value or a limit, screen, node, property and document state the same number
-// afterwards, nothing counts as the operator's change, and what the operator types next does.
+// The node decides about a number: whatever sets a value or a limit, nothing counts as the operator's change, and what
+// the operator types next does. That screen, property and document agree with the node is seen by the random walk.
 
 #include "frequencytext.h"
 #include "liveform.h"
-#include "numberreader.h"
 #include "valuenumeric.h"
-#include "vcnumericfloatspin.h"
 
 namespace
 {
 
-/// Where a number stands: its field on the screen, its node, its property, its element in the document.
-struct Place {
-    QString Field, Node, Property, Element;
-};
-/// A control "n" in one of its faces. Its value stands in the last place.
-struct Control {
+/// A control "n" in one of its faces: its field, the property and the element of its value, and its nodes.
+struct NumberFace {
     const char *Name;
     QString Class;
     QStringList Properties;
-    QVector<Place> Places;
-    bool IsRange() const { return Places.size() > 1; }
-    bool IsFrequency() const { return Class.startsWith("Frequency"); }
+    QString Field = "n", Property = "value", Element = "n";
+    QStringList Nodes{"n"};
+    bool IsRange() const { return Nodes.size() > 1; }
 };
 
-const QVector<Place> Single{{"n", "n", "value", "n"}};
-const Control Faces[] = {
-    {"SpinBox", "SpinBox", {}, Single},
-    {"DoubleSpinBox", "DoubleSpinBox", {"decimals=Int:1"}, Single},
-    {"BandwidthEdit", "BandwidthEdit", {}, Single},
-    {"plain FrequencyEdit", "FrequencyEdit", {}, Single},
-    {"main FrequencyEdit", "FrequencyEdit", {"MainFreqEdit=Bool:true"}, {{"frequency", "n", "value", "n"}}},
+const NumberFace Faces[] = {
+    {"SpinBox", "SpinBox", {}},
+    {"DoubleSpinBox", "DoubleSpinBox", {"decimals=Int:1"}},
+    {"BandwidthEdit", "BandwidthEdit", {}},
+    {"plain FrequencyEdit", "FrequencyEdit", {}},
+    {"main FrequencyEdit", "FrequencyEdit", {"MainFreqEdit=Bool:true"}, "frequency"},
     {"FrequencyRangeEdit", "FrequencyRangeEdit",
         {"startFrequency=String:14000", "startFrequencyParameterXmlTag=String:From",
             "stopFrequencyParameterXmlTag=String:To"},
-        {{"n_StartFrequency", "n_1", "startFrequency", "From"}, {"n_StopFrequency", "n_2", "stopFrequency", "To"}}},
+        "n_StopFrequency", "stopFrequency", "To", {"n_1", "n_2"}},
 };
 const QStringList Limits{"value=String:15000", "minimum=String:10000", "maximum=String:20000"};
 
-/// The face with further properties; "value" is what it calls its value.
-QString ControlOf(const Control &face, const QStringList &more)
+QString ControlOf(const NumberFace &face, const QStringList &more)
 {
-    QStringList properties = face.Properties + more
-        + QStringList{"generateParameterXml=Bool:true", "visible=Bool:true", "enabled=Bool:true"};
-    properties.replaceInStrings(QRegularExpression("^value="), face.Places.last().Property + '=');
-    return Widget("n", face.Class, properties);
+    QStringList properties = face.Properties + more;
+    properties.replaceInStrings(QRegularExpression("^value="), face.Property + '=');
+    return Labelled("n", face.Class, properties);
 }
 
-/// What the control shows of a node's number: frequency fields show hertz.
-double Factor(const LiveForm &live)
+QString Held(const NumberFace &face)
 {
-    return live.Get("n")->GetDouble("displayScalingFactor", 1);
-}
-
-double OnScreen(const LiveForm &live, const QString &field)
-{
-    if (const auto *spin = live.Find<VCNumericFloatSpin>(field))
-        return spin->cleanText().remove(QLatin1Char(' ')).toDouble() / Factor(live);
-    return NumberReader::OfHertz().Read(live.Find<QLineEdit>(field)->text()).Number;
-}
-
-/// The number in each place of the face; where the four that state it differ, all of them.
-QString Held(const LiveForm &live, const Control &face)
-{
-    QStringList all;
-    const QString document = live.form->GetXmlString(false);
-    for (const Place &place : face.Places) {
-        const auto *node = dynamic_cast<IValueNumeric *>(Tree::Instance()->GetNode("/Form/" + place.Node));
-        const QString written = document.section('<' + place.Element, 1).section('>', 1).section('<', 0, 0);
-        QStringList held{FrequencyText::Plain(OnScreen(live, place.Field)), FrequencyText::Plain(node->GetValue()),
-            FrequencyText::Plain(live.Get("n")->property(place.Property.toLatin1()).toDouble()),
-            face.IsFrequency() ? written : FrequencyText::Plain(written.toDouble())};
-        held.removeDuplicates();
-        all << held.join('|');
-    }
-    return all.join(' ');
+    QStringList held;
+    for (const QString &name : face.Nodes)
+        held << Tree::Instance()->GetNode("/Form/" + name)->GetStringValue();
+    return held.join(' ');
 }
 
 template <class Node> void Init(const LiveForm &live, const QString &limits)
@@ -86,25 +55,20 @@ template <class Node> void Init(const LiveForm &live, const QString &limits)
 }
 
 /// Sets something on the road that stands before the colon. %1 is the property of the value, %2 its setter.
-void Do(const LiveForm &live, const Control &face, const QString &act)
+void Do(const LiveForm &live, const NumberFace &face, const QString &act)
 {
-    const Place &place = face.Places.last();
-    const QString setter = "set" + place.Property.left(1).toUpper() + place.Property.mid(1);
+    const QString setter = "set" + face.Property.left(1).toUpper() + face.Property.mid(1);
     const QString road = act.section(':', 0, 0);
-    const QString text = act.section(':', 1).replace("%1", place.Property).replace("%2", setter);
+    const QString text = act.section(':', 1).replace("%1", face.Property).replace("%2", setter);
     const QString name = text.section('=', 0, 0), value = text.section('=', 1);
     if (road == "script")
         live.form->EvaluateScript(text);
     else if (road == "document")
-        live.form->SetXmlString(QString("<Parameters><%1>%2</%1></Parameters>").arg(place.Element, text));
+        live.form->SetXmlString(QString("<Parameters><%1>%2</%1></Parameters>").arg(face.Element, text));
     else if (road == "property")
         live.Get("n")->setProperty(name.toLatin1(), value.toDouble());
     else if (road == "definition")
         live.form->SetChangedORBEL(Definition(Widget("n", "", {name + "=String:" + value})));
-    else if (road == "typed")
-        TypeOver(live.Find(place.Field), text + '\r');
-    else if (road == "node")
-        live.form->GetVTValue("n")->SetStringValue(text, nullptr);
     else if (road == "int")
         Init<ValueInt>(live, text);
     else if (road == "int64")
@@ -160,21 +124,22 @@ private Q_SLOTS:
     {
         const auto [index, definition, act, told, held]
             = Fetch<int, QStringList, QString, QString, QString>({"face", "definition", "act", "told", "held"});
-        const Control &face = Faces[index];
+        const NumberFace &face = Faces[index];
         LiveForm live(ControlOf(face, Limits + definition));
         live.log.Watch("n", live.Get("n"));
         Do(live, face, act);
         const QString announced = act == "document:50000" ? "n.valueChanged(50000)" : "n.valueChanged(0)";
         QCOMPARE(live.log.Take(), act.startsWith("document") && !face.IsRange() ? announced : QString());
         QVERIFY(!live.form->GetSheet().isModified());
-        QCOMPARE(Held(live, face), held);
+        QCOMPARE(Held(face), held);
 
         live.form->EvaluateScript("n.setMinimum(0); n.setMaximum(1000000)");
-        QCOMPARE(Held(live, face), held);
-        const double shown = told.toDouble() * (face.IsFrequency() ? 1 : Factor(live));
-        TypeOver(live.Find(face.Places.last().Field), FrequencyText::Plain(shown) + '\r');
+        QCOMPARE(Held(face), held);
+        const double factor
+            = face.Class.startsWith("Frequency") ? 1 : live.Get("n")->GetDouble("displayScalingFactor", 1);
+        Enter(live.Find(face.Field), FrequencyText::Plain(told.toDouble() * factor));
         QVERIFY2(live.log.Seen().contains(told + ')') && live.Get("n")->isModified(), "a change");
-        QVERIFY(Held(live, face).endsWith(told));
+        QVERIFY(Held(face).endsWith(told));
     }
 
     void aRefusedNumberLeavesWhatTheNodeHeldLast()

@@ -1,8 +1,8 @@
 // Numbers, lists of them and choices: limits, units and names, documents, and what operator, script and node each
 // cause.
 
-#include "liveform.h"
 #include "orbelcombobox.h"
+#include "story.h"
 #include "valuenumeric.h"
 #include "valueselection.h"
 #include "vcnumericfloatspin.h"
@@ -60,6 +60,39 @@ class TestNumbers : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void stories_data()
+    {
+        const auto row = Stories();
+        const QStringList list{"itemCount=Int:3", "enabled=Bool:true", "prefix=String:("};
+        // clang-format off
+        row("large numbers", Widget("n", "BandwidthEdit", {Written}), {
+            "node n=-10.7 => n.valueChanged(-10) n.editingFinished() n=-10.7",
+            "node n=1e300 => n.valueChanged(9223372036854775807) n.editingFinished() n=1e+300",
+            "node n=10000000 => n.valueChanged(10000000) n.editingFinished() n=10000000",
+            "written => <n>1e+07</n>"});
+        row("nothing reaches integers", Widget("n", "SpinBoxList", list), {
+            "script n.setPrefix('['); n.setEnabled(0, false); n.setEnabled(false); n.setFocus()",
+            "focus n_1",
+            "type 7",
+            "input off",
+            "focused => n_1",
+            "ask n.isEnabled(0), n.isEnabled(3), n.value, n.prefix => false,false,[,(",
+            "see n_0.enabled n_0.prefix => true|("});
+        row("items have a state of their own", Widget("n", "DoubleSpinBoxList", list), {
+            "script n.setPrefix('['); n.setEnabled(1, false); n.setEnabled(3, true); n.setFocus()",
+            "focused => n_0", "see n_2.prefix => [", "see n_0.enabled n_1.enabled n_2.enabled => true|false|true",
+            "input off",
+            "script n.setEnabled(2, false); n.setEnabled(2, true); n.setEnabled(0, false)",
+            "ask n.isEnabled(0), n.isEnabled(1), n.isEnabled(2), n.isEnabled(3) => false,false,false,false",
+            "input on",
+            "ask n.isEnabled(0), n.isEnabled(1), n.isEnabled(2), n.isEnabled(3) => false,false,true,false",
+            "script n.setEnabled(false); n.setMaximum(1)",
+            "input off", "input on",
+            "see n_2.enabled n_2.maximum => true|1e+308"});
+        // clang-format on
+    }
+    void stories() { PlayStory(); }
+
     void properties_data()
     {
         const auto row = Columns<QString, QStringList, QString, QString, QString>(
@@ -155,18 +188,6 @@ private Q_SLOTS:
         QVERIFY(className.endsWith("List") || !live.Get("n")->isModified());
     }
 
-    void largeNumbers()
-    {
-        LiveForm live(Widget("n", "BandwidthEdit", {Written}));
-        live.log.Watch("n", live.Get("n"));
-        const QPair<double, QString> numbers[] = {{-10.7, "-10"}, {1e300, "9223372036854775807"}, {1e7, "10000000"}};
-        for (const auto &[number, announced] : numbers) {
-            Node(live)->SetValue(number, nullptr);
-            QCOMPARE(live.log.Take(), "n.valueChanged(" + announced + ") n.editingFinished()");
-        }
-        QVERIFY2(live.form->GetXmlString(false).contains(">1e+07<"), "the node's number in its own spelling");
-    }
-
     void namesAndRefusedNodes()
     {
         const QStringList tag{"parameterXmlTag=String:x/tag", Written};
@@ -209,7 +230,6 @@ private Q_SLOTS:
     {
         QFETCH(QString, className);
         LiveList live(className, {"itemCount=Int:3", "maximum=Int:9", "labelText=String:w"});
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
         QCOMPARE(live.Ask("n.itemValue(0), n.itemValue(2), n.itemValue(-1), n.itemValue(3)"), QString("4,4,0,0"));
         const auto told = [&](const QString &arguments) {
             const QString shift = " n.shiftValueChanged(" + arguments + ')';
@@ -231,38 +251,6 @@ private Q_SLOTS:
         live.form->EvaluateScript("n.setItemValue(0, 7); n.setItemValue(2, 7)");
         QCOMPARE(live.log.Take(), told("0, 7"));
         QCOMPARE(live.Spin(0)->text() + live.Spin(1)->text(), QString("37"));
-    }
-
-    void nothingReachesIntegers()
-    {
-        LiveList live("SpinBoxList", {"itemCount=Int:2", "enabled=Bool:true", "prefix=String:("});
-        live.form->EvaluateScript("n.setPrefix('['); n.setEnabled(0, false); n.setEnabled(false); n.setFocus()");
-        live.Spin(1)->setFocus();
-        QTest::keyClicks(live.Spin(1), "7");
-        live.form->EnableInput(false);
-        QVERIFY2(live.Spin(1)->text().contains('7') && live.window->focusWidget() == live.Spin(1), "typing goes on");
-        QCOMPARE(live.Ask("n.isEnabled(0), n.isEnabled(2), n.value, n.prefix"), QString("false,false,[,("));
-        QVERIFY(live.Spin(0)->isEnabled() && live.Spin(0)->prefix() == "(" && !live.Spin(0)->hasFocus());
-    }
-
-    void enabledItems()
-    {
-        LiveList live("DoubleSpinBoxList", {"itemCount=Int:3", "enabled=Bool:true", "prefix=String:("});
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        const QString question("n.isEnabled(0), n.isEnabled(1), n.isEnabled(2), n.isEnabled(3)");
-        live.form->EvaluateScript("n.setPrefix('['); n.setEnabled(1, false); n.setEnabled(3, true); n.setFocus()");
-        QCOMPARE(live.Ask(question), QString("true,false,true,false"));
-        QVERIFY(live.Spin(0)->hasFocus() && live.Spin(2)->prefix() == "[");
-        live.form->EnableInput(false);
-        live.form->EvaluateScript("n.setEnabled(2, false); n.setEnabled(2, true); n.setEnabled(0, false)");
-        QCOMPARE(live.Ask(question), QString("false,false,false,false"));
-        live.form->EnableInput(true);
-        QCOMPARE(live.Ask(question), QString("false,false,true,false"));
-        live.form->EvaluateScript("n.setEnabled(false); n.setMaximum(1)");
-        live.form->EnableInput(false);
-        live.form->EnableInput(true);
-        QVERIFY2(live.Spin(2)->isEnabled(), "the items' own state counts");
-        QCOMPARE(live.Spin(2)->maximum(), 1e308);
     }
 
     void scriptChoice_data()
@@ -295,7 +283,6 @@ private Q_SLOTS:
         for (const auto &[rows, found] : {std::pair("Am=a Fm=f", "c.currentValueChanged(f)|f|Fm"),
                  {"Fm=f Cw=c Fm=c", "c.currentValueChanged(f)|f|Fm"}, {"Am=a Fm=a", "|a|Fm"}}) {
             Choice choice(rows);
-            QVERIFY(QTest::qWaitForWindowActive(choice.window.get()));
             choice.form->EvaluateScript("c.setCurrentValue('c'); c.setFocus()");
             choice.log.Take();
             QTest::keyClick(choice.box, *rows == 'F' ? Qt::Key_End : Qt::Key_Down);

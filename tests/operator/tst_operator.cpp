@@ -1,29 +1,13 @@
 // Real keys, mouse and wheel on real windows: a whole form by the keyboard alone, and what only a window system shows.
 
 #include "liveform.h"
-#include "valuecommentedrangemap.h"
 #include "xoperator.h"
 
 namespace
 {
 
-/// A form of the examples in a window under the operator's hands.
-struct ExampleForm {
-    ExampleForm(const QString &file, const QString &path, const QSize &size) : form(Example(file))
-    {
-        form->CreateValueTree(path);
-        form->CreateGUI(true);
-        window.reset(form->GetGUI());
-        window->resize(size);
-    }
-    template <class Control> Control *Find(const QString &name) const { return window->findChild<Control *>(name); }
-
-    Form form;
-    std::unique_ptr<QWidget> window;
-};
-
 /// What the nodes and the cells hold.
-QStringList Held(const ExampleForm &all)
+QStringList Held(const AllControls &all)
 {
     QStringList held;
     for (const QString &path : Tree::Instance()->GetPaths())
@@ -38,7 +22,7 @@ QStringList Held(const ExampleForm &all)
 }
 
 /// Presses the key of undo or redo until the stack has come to its end.
-void GoThroughAll(const ExampleForm &all, const QString &key, const QStringList &held)
+void GoThroughAll(const AllControls &all, const QString &key, const QStringList &held)
 {
     const QUndoStack *stack = all.form->GetUndoStack();
     QVERIFY(stack->count() > 20);
@@ -59,7 +43,8 @@ class TestOperator : public TestCase
 private Q_SLOTS:
     void theWholeFormIsFilledUndoneAndAppliedWithoutAMouse()
     {
-        ExampleForm all("all_controls.orbel", "/All", {700, 1000});
+        AllControls all;
+        all.window->resize(700, 1000);
         QStringList documents;
         connect(all.form.data(), &OrbelFormular::si_parametersModified,
             [&] { documents << all.form->GetXmlString(true).simplified(); });
@@ -130,34 +115,6 @@ private Q_SLOTS:
             QVERIFY2(document.contains(part), qPrintable(part + QString(" in ") + document));
     }
 
-    void applyHandsOutWhatWasEdited()
-    {
-        ExampleForm receiver("receiver.orbel", "/Receiver", {600, 900});
-        QStringList documents;
-        connect(receiver.form.data(), &OrbelFormular::si_parametersModified,
-            [&] { documents << receiver.form->GetXmlString(true); });
-        QVERIFY(XOperator::Show(receiver.window.get()));
-        auto *station = receiver.Find<QLineEdit>("stationName");
-        XOperator::Enter(station, "Summit 7", "End");
-        QTRY_COMPARE(station->text(), QString("Summit 7"));
-        QVERIFY(Delegate(receiver.form, "stationName")->isModified());
-
-        auto *preamplifier = receiver.Find<QCheckBox>("preamplifier");
-        XOperator::Click(preamplifier);
-        QTRY_VERIFY(preamplifier->isChecked());
-        QCOMPARE(receiver.form->GetVTValue("Station/Name")->GetStringValue(), QString("Summit 7"));
-
-        QVERIFY(documents.isEmpty());
-        auto *apply = receiver.Find<QPushButton>("applyButton");
-        QVERIFY(apply->isEnabled());
-        XOperator::Click(apply);
-        QTRY_COMPARE(documents.size(), 1);
-        QVERIFY2(documents.first().contains("<Name>Summit 7</Name>"), qPrintable(documents.first()));
-        QVERIFY(documents.first().contains("<Preamplifier>on</Preamplifier>"));
-        QVERIFY2(!documents.first().contains("Antenna"), "nobody touched the antenna");
-        QVERIFY(!apply->isEnabled());
-    }
-
     void wheelAndCell()
     {
         const QStringList usable{"visible=Bool:true", "enabled=Bool:true"};
@@ -191,54 +148,6 @@ private Q_SLOTS:
         XOperator::ClickAt(table->viewport(), cell, 3);
         QTRY_COMPARE(title, QString("Set to all"));
         QTRY_COMPARE(live.Get("t")->GetEdits(), (QVariantList{4.0, 4.0, 4.0}));
-    }
-
-    void theListIsEdited()
-    {
-        const ExampleForm detection("detection.orbel", "/Form", {600, 900});
-        const auto &form = detection.form;
-        const auto &window = detection.window;
-        QVERIFY(XOperator::Show(window.get()));
-        // Opens the list, edits it, ends with a button of the dialog, and gives the numbers that are to be applied.
-        const auto edit = [&](QDialogButtonBox::StandardButton end, const std::function<void(QTableWidget *)> &act) {
-            QTimer poll;
-            connect(&poll, &QTimer::timeout, [&] {
-                auto *dialog = window->findChild<QDialog *>();
-                if (!dialog)
-                    return;
-                poll.stop();
-                QVERIFY(XOperator::Show(dialog));
-                act(dialog->findChild<QTableWidget *>());
-                XOperator::Click(dialog->findChild<QDialogButtonBox *>()->button(end));
-            });
-            poll.start(20);
-            XOperator::Click(window->findChild<QPushButton *>("hoppingExclusionButton"));
-            [&] { QTRY_VERIFY(!poll.isActive() && !window->findChild<QDialog *>()); }();
-            QString list = form->GetXmlString(true).section("ExclusionRanges>", 1, 1);
-            return list.replace(QRegularExpression("\\s*<[^>]*>?\\s*"), " ").remove(".00").simplified();
-        };
-        const auto deleteFirst = [](QTableWidget *table) {
-            XOperator::ClickAt(table->viewport(), table->visualItemRect(table->item(0, 0)).center());
-            XOperator::Press("shift+Right");
-            XOperator::Press("Delete");
-            QTRY_COMPARE(table->rowCount(), 1);
-        };
-        const QString added = edit(QDialogButtonBox::Ok, [](QTableWidget *table) {
-            for (const char *keys : {"ctrl+w", "Delete"})
-                XOperator::Press(keys);
-            for (const char *row : {"2 GHz\t2100M\n", "145500\t146000\n"}) {
-                XOperator::Press("ctrl+w");
-                XOperator::Type(row);
-            }
-            XOperator::Press("alt+s");
-            QTRY_COMPARE(table->item(1, 0)->text(), QString("145500 kHz"));
-        });
-        QCOMPARE(added, QString("0 0 145500000 146000000 2000000000 2100000000"));
-        auto *node = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/Hopping/ExclusionRanges"));
-        QCOMPARE(node->data().at(2).GetRangeStop(), 2100e6);
-        QCOMPARE(Delegate(form, "lastAction")->property("text").toString(), QString("excluded ranges"));
-        QVERIFY2(edit(QDialogButtonBox::Cancel, deleteFirst).isEmpty(), "there is nothing to apply");
-        QVERIFY2(edit(QDialogButtonBox::Ok, deleteFirst) == "2000000000 2100000000", "the next row goes along");
     }
 };
 

@@ -48,15 +48,6 @@ void XOperator::Type(const QString &text)
     Run({"type", "--delay", "5", text});
 }
 
-void XOperator::Enter(QWidget *field, const QString &text, const QString &key)
-{
-    Click(field);
-    QTRY_VERIFY(field->hasFocus());
-    Press("ctrl+a");
-    Type(text);
-    Press(key);
-}
-
 void XOperator::PressInMenu(const QStringList &keys, const std::function<void(QMenu *)> &look)
 {
     auto *poll = new QTimer(qApp);

@@ -20,8 +20,6 @@ public:
     static void ClickAt(QWidget *widget, const QPoint &point, int button = 1);
     /// Types a text.
     static void Type(const QString &text);
-    /// Clicks into a field, types over what it holds, and presses a key.
-    static void Enter(QWidget *field, const QString &text, const QString &key);
     /// Presses keys by their X names: "Tab", "Return", "ctrl+a".
     static void Press(const QString &keys);
     /// Presses keys, one after the other, in the menu that the next action opens; the action returns when the menu is

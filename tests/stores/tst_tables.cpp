@@ -1,7 +1,6 @@
 // Stores and tables: what scripts and documents cause and what is written, and edits of the tables on the screen.
 
-#include "fieldnote.h"
-#include "liveform.h"
+#include "story.h"
 
 namespace
 {
@@ -56,39 +55,17 @@ struct LiveTable : LiveStore {
         QTest::keyClick(editor, Qt::Key_Return);
         PassEvents();
     }
-    void Paste(const QString &text)
-    {
-        QApplication::clipboard()->setText(text);
-        QTest::keySequence(Table(), QKeySequence::Paste);
-    }
-    /// Asks for the context menu of a row, by mouse or, for row -1, by key; takes its first action, gives all titles.
-    QString Menu(int row)
-    {
-        QStringList titles;
-        QTimer open;
-        QObject::connect(&open, &QTimer::timeout, [&] {
-            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            for (const QAction *action : menu->actions())
-                titles << action->text();
-            QTest::keyClick(menu, Qt::Key_Down);
-            QTest::keyClick(menu, Qt::Key_Return);
-        });
-        open.start(0);
-        const bool outside = row >= Table()->rowCount();
-        const QPoint place(5, outside ? Table()->viewport()->height() - 1 : Table()->rowViewportPosition(row) + 5);
-        QContextMenuEvent ask(QContextMenuEvent::Mouse, place, Table()->viewport()->mapToGlobal(place));
-        if (row < 0)
-            QTest::keyClick(Table(), Qt::Key_F10, Qt::ShiftModifier);
-        else
-            QCoreApplication::sendEvent(Table()->viewport(), &ask);
-        return titles.join(' ');
-    }
     QString Shown() const
     {
         QStringList texts;
         for (int row = 0; row < Table()->rowCount(); ++row)
             texts << Table()->model()->index(row, 0).data().toString();
         return texts.join(' ');
+    }
+    void Paste(const QString &text)
+    {
+        QApplication::clipboard()->setText(text);
+        QTest::keySequence(Table(), QKeySequence::Paste);
     }
 };
 
@@ -149,57 +126,37 @@ private Q_SLOTS:
         QTEST(store.Written(), "written");
     }
 
-    void spacingEditorHasTheBounds()
+    void stories_data()
     {
-        const auto bounds = [](LiveTable &live) {
-            const auto *spin = qobject_cast<QDoubleSpinBox *>(live.Edit(0, 0));
-            return QString("%1 %2 %3 %4, ")
-                       .arg(spin->minimum())
-                       .arg(spin->maximum())
-                       .arg(spin->singleStep())
-                       .arg(spin->decimals())
-                + live.Table()->toolTip();
-        };
-        LiveTable absent(Spacings, Shape);
-        QCOMPARE(bounds(absent), QString("0 1000 1 0, <html>"));
-        const QStringList limits{
-            "minimum=Double:-5", "maximum=Double:2000.5", "singleStep=Double:12.5", "decimals=Int:1"};
-        LiveTable stated(Spacings, Shape + limits);
-        QCOMPARE(bounds(stated), QString("-5 2000.5 12.5 1, <html><br>-5.0...2000.5"));
-        stated.form->EvaluateScript("s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)");
-        stated.Type(0, 0, "5");
-        QVERIFY2(bounds(stated) == "1 9 2 0, <html><br>-5.0...2000.5", "the next editor follows, the tooltip does not");
+        const auto row = Stories();
+        const QStringList writes
+            = Shape + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i"};
+        // clang-format off
+        row("spacings", Widget("s", Spacings, writes + QStringList{"headerLabel=String:Step", "enabled=Bool:false"}), {
+            "see s.enabled => true", // the definition's state reaches the table with its next change only
+            "script s.setFocus()", "focused => s",
+            "cell s 1 0", "type 2", "script s.setSpacingValue(1, 9)", "type 5",
+            "press Return => s.spacingChanged(1) s.spacingValueChanged(1, 25)",
+            "document <s><i index='2'>8</i></s> =>", "cells s => 0|25|8",
+            "script s.setEnabled(true); s.setEnabled(false)", "see s.enabled => false"});
+        row("spacings: bounds of the next editor", Widget("s", Spacings, writes + QStringList{"maximum=Double:2000", "decimals=Int:1"}), {
+            "cell s 0 0", "enter 2000.5", "cells s => 2000|0|0",
+            "script s.setMinimum(1); s.setMaximum(9); s.setSingleStep(2); s.setDecimals(0)",
+            "cell s 1 0", "press Up Up Up", "press Return", "cells s => 2000|7|0",
+            "cell s 2 0", "enter 99", "cells s => 2000|7|9", "see s.toolTip => <html><br>...2000.0"});
+        row("grid: edits land by place and row", Widget("s", Grid, writes), {
+            "cell s 1 1", "enter lost =>", "modified s => no", // no item stands in the corner yet
+            "cell s 0 0", "enter a => s.cellChanged(0, 0)", "cell s 1 1", "enter b => s.cellChanged(1, 1)",
+            "cells s => a|||b",
+            "fetch",
+            "script s.setItemValue(1, 0, 'c') =>", "cells s => c|||b", "modified s => no", // silent here too
+            "script s.setItemValue(0, 0, true)", "cell s 0 0", "press Up", "press Return", "cells s => false|||b", // a choice
+            "script s.setItemValue(0, 0, 'c')", "cell s 1 1", "press Esc",
+            "script s.setRowCount(1) => s.currentCellChanged(0, 1, 1, 1)", "cells s => a|",
+            "document <s><i column='1'>d</i></s> =>", "cells s => d|"});
+        // clang-format on
     }
-
-    void spacingEdits()
-    {
-        const ContextTranslator translator("s");
-        LiveTable live(Spacings, Shape + QStringList{"headerLabel=String:Step", "enabled=Bool:false"});
-        QVERIFY2(live.Table()->isEnabled(), "the definition's state reaches the table with its next change only");
-        QCOMPARE(live.Table()->horizontalHeaderItem(0)->text(), QString("s:Step"));
-        QCOMPARE(live.Table()->verticalHeaderItem(2)->text(), QString("3"));
-        live.form->EvaluateScript("s.setHeaderLabel('Width'); s.setFocus()");
-        QCOMPARE(live.Table()->horizontalHeaderItem(0)->text(), QString("s:Width"));
-        QVERIFY(QTest::qWaitForWindowActive(live.window.get()));
-        QVERIFY(live.Table()->hasFocus());
-
-        QWidget *editor = live.Edit(1, 0);
-        QTest::keyClicks(editor, "2");
-        live.form->EvaluateScript("s.setSpacingValue(1, 9)");
-        live.log.Take();
-        QTest::keyClicks(editor, "5");
-        QTest::keyClick(editor, Qt::Key_Return);
-        QCoreApplication::sendPostedEvents();
-        QVERIFY2(live.log.Take() == "s.spacingChanged(1) s.spacingValueChanged(1, 25)", "over what a script sets");
-        QCOMPARE(live.Written(), QString("m0:0 m1:25 m2:0"));
-        live.Read("<i index='2'>8</i>");
-        QCOMPARE(live.Shown(), QString("0 25 8"));
-        live.log.On("s.spacingChanged(0)", [&] { live.Type(1, 0, "8"); });
-        live.Type(0, 0, "7");
-        QVERIFY2(live.Shown() == "7 8 8", "a handler's event loop lets the operator go to another cell");
-        live.form->EvaluateScript("s.setEnabled(true); s.setEnabled(false)");
-        QVERIFY(!live.Table()->isEnabled());
-    }
+    void stories() { PlayStory(); }
 
     /// While handlers hear of the commit of the first cell, the operator enters something into another one.
     void aCellEnteredWithinACommit_data()
@@ -305,56 +262,23 @@ private Q_SLOTS:
         QVERIFY2(live.Shown() == "1 0 0", "a step is as good as letters");
     }
 
-    void setToAll_data()
-    {
-        const auto row = Columns<int, int, QString, QString>({"count", "row", "menu", "shown"}); // -1: by key
-        row("keyboard, the current row", 3, -1, "Set to all", "20 20 20");
-        row("below the last row", 3, 9, "", "10 20 30");
-        row("one row alone", 1, 0, "", "10");
-    }
-
+    /// The context menu of a row, or by key that of the current one.
     void setToAll()
     {
-        const auto [count, row] = Fetch<int, int>({"count", "row"});
-        LiveTable live(Spacings, {QString("spacingsCount=Int:%1").arg(count)});
-        live.Read("<i>10</i><i>20</i><i>30</i>");
-        live.Table()->setCurrentCell(1, 0);
-        QTEST(live.Menu(row), "menu");
-        QTEST(live.Shown(), "shown");
-    }
-
-    void gridEditsLandByPlaceAndRow()
-    {
-        LiveTable live(Grid, Shape);
-        QCOMPARE(live.Table()->horizontalHeaderItem(0)->text(), QString("0"));
-        QCOMPARE(live.Table()->verticalHeaderItem(1)->text(), QString("1"));
-        live.Type(1, 1, "lost");
-        QVERIFY2(live.log.Take().isEmpty() && !live.Get("s")->isModified(), "no item stands in the corner yet");
-        live.Type(0, 0, "a");
-        QCOMPARE(live.log.Take(), QString("sheet.si_parametersModified() s.cellChanged(0, 0)"));
-        live.Type(1, 1, "b");
-        QCOMPARE(live.log.Take(), QString("s.cellChanged(1, 1)"));
-        QCOMPARE(live.Written(), QString("m00:a m01:a m10: m11:"));
-
-        live.form->EvaluateScript("s.setItemValue(1, 0, 'c')");
-        QCOMPARE(live.Table()->item(0, 0)->text(), QString("c"));
-        QVERIFY2(live.log.Take().isEmpty() && !live.Get("s")->isModified(), "a script's change is silent here too");
-        QCOMPARE(live.Written(), QString("m00:a m01:a m10:c m11:"));
-        live.form->EvaluateScript("s.setItemValue(0, 0, true)");
-        QTest::keyClick(live.Edit(0, 0), Qt::Key_Up);
-        QTest::keyClick(live.window->focusWidget(), Qt::Key_Return);
-        QVERIFY2(!live.Table()->item(0, 0)->data(Qt::DisplayRole).toBool(), "a choice");
-        live.Table()->setCurrentCell(1, 1);
-        live.form->EvaluateScript("s.setItemValue(0, 0, 'c')");
-        live.log.Take();
-        live.form->EvaluateScript("s.setRowCount(1)");
-        QCOMPARE(live.log.Take(), QString("s.currentCellChanged(0, 1, 1, 1)"));
-        QCOMPARE(live.Table()->item(0, 0)->text(), QString("a"));
-        live.Read("<i column='1'>d</i>");
-        QCOMPARE(live.Table()->item(0, 0)->text(), QString("d"));
-        QCOMPARE(live.log.Take(), QString());
-        live.form->EvaluateScript("s.clear()");
-        QVERIFY2(live.log.Take().endsWith("s.cellChanged(0, 0) s.tableCleared()"), "an emptied cell counts as an edit");
+        Story live(Widget(
+            "s", Spacings, Shape + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i"}));
+        live.Play({"document <s><i>10</i><i>20</i><i>30</i></s>"});
+        auto *table = live.Find<QTableWidget>("s");
+        table->setCurrentCell(1, 0);
+        QStringList titles;
+        const DialogCloser menu([&] {
+            auto *open = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            titles << open->actions().first()->text();
+            open->actions().first()->trigger();
+        });
+        QTest::keyClick(table, Qt::Key_F10, Qt::ShiftModifier);
+        QCOMPARE(titles.join(' '), QString("Set to all"));
+        live.Play({"cells s => 20|20|20"});
     }
 
     void mouseAndCurrentCellAreTold_data()

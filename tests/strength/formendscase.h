@@ -59,6 +59,8 @@ public:
             hear(object->objectName() + (event->type() == QEvent::Show ? " is shown" : " is hidden"));
         else if (event->type() == QEvent::DynamicPropertyChange)
             hear(object->objectName() + " is changed");
+        else if (event->type() == QEvent::ToolTipChange)
+            hear(object->objectName() + " gets a tooltip");
         return false;
     }
 
@@ -169,6 +171,10 @@ public:
             return;
         form->CreateGUI(stage > Stage::Built);
         TakeWindow();
+        for (const char *name : {"subject", "z"}) {
+            if (auto *control = Replaced ? nullptr : window->findChild<QWidget *>(name))
+                control->installEventFilter(&ears);
+        }
         window->resize(300, 300);
         if (stage == Stage::Managed) {
             manager = std::make_unique<KV218::OrbelFormularManager>();
@@ -246,7 +252,7 @@ private:
     {
         const QStringList furnished{"enumName=String:e", "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:2",
             "spacingsCount=Int:2", "text=String:t", "parameterListItemTag=String:i"};
-        const QStringList shown{"visible=Bool:true", "generateParameterXml=Bool:true"};
+        const QStringList shown{"visible=Bool:true", "generateParameterXml=Bool:true", "labelText=String:l"};
         return Definition(Widget("h", "Headline", {"visible=Bool:true", "text=String:h"})
                 + Widget("subject", className, furnished + shown)
                 + Widget("z", "LineEdit", shown + QStringList{"text=String:fresh"}),
@@ -273,6 +279,9 @@ private:
             "subject.setCustomProperty('c', 1); z.setText('late'); sheet.setModified(true); sheet.applyNow();"
             "throw 'late'; } ears.told.connect(function () { hear('hears the host'); ears.heard = 1; });");
         Parts = {form->GetScriptValues().value("sheet").engine(), form.data()};
+        form->GetUndoStack()->setObjectName("stack");
+        // It tells its other signals with this one, or when the loop comes round.
+        QObject::connect(form->GetUndoStack(), &QUndoStack::indexChanged, &ears, &Ears::hearSignal);
         ears.Listen(form.data());
         for (const char *name : {"sheet", "subject", "z"}) {
             QObject *object = form->GetScriptValues().value(name).toQObject();

@@ -3,6 +3,7 @@
 
 #include "delegatefactory.h"
 #include "errorhandler.h"
+#include "formchanges.h"
 #include "formendscase.h"
 
 namespace
@@ -125,6 +126,18 @@ const Road Roads[] = {
         s->Hide();
     }},
     {"the operator types", Stage::Built, false, Type},
+    {"edits are undone", Stage::Built, false, [](Scene &s) {
+        Type(s);
+        for (int i = 0; i < 3 && !s.ears.IsOver(); ++i)
+            i == 1 ? s->GetUndoStack()->redo() : s->GetUndoStack()->undo();
+        s->GetUndoStack()->setIndex(s->GetUndoStack()->count());
+        if (!s.ears.IsOver())
+            s->GetSheet().GetChanges()->RevertAll();
+    }},
+    {"the language changes", Stage::Built, false, [](Scene &) {
+        const ContextTranslator language("subject");
+        QCoreApplication::processEvents();
+    }},
     {"input is locked", Stage::Built, false, [](Scene &s) {
         BeginEdit(s);
         s->EnableInput(false);

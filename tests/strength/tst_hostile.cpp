@@ -246,18 +246,10 @@ private Q_SLOTS:
         QCOMPARE(WitnessOf(form), QString());
     }
 
-    void aHostStopsAScriptThatLoops_data()
-    {
-        const auto row = Columns<QString>({"script"});
-        row("the form's script", "while (true) {}");
-        row("a handler", "store.valueChanged.connect(function () { while (true) {} });");
-    }
-
     void aHostStopsAScriptThatLoops()
     {
-        QFETCH(QString, script);
-        const Form form = Parse(Definition(
-            Witness() + Widget("store", "HiddenParameter"), "<Script>" + script.toHtmlEscaped() + "</Script>"));
+        const Form form = Parse(Definition(Witness() + Widget("store", "HiddenParameter"),
+            "<Script>store.valueChanged.connect(function () { while (true) {} }); while (true) {}</Script>"));
         QScriptEngine *engine = EngineOf(form);
         engine->setProcessEventsInterval(20);
         int stopped = 0;
@@ -273,29 +265,13 @@ private Q_SLOTS:
         Delegate(form, "store")->setProperty("value", "x");
         QMetaObject::invokeMethod(Delegate(form, "store"), "setValue", Q_ARG(QString, "y"));
         watchdog.stop();
-        QVERIFY(stopped > 0);
+        QVERIFY(stopped > 1);
         // A stop that met no script waits for the next one, unless it is taken back.
         engine->evaluate(QString());
         form->EvaluateScript(
             "var sum = 0; store.customPropertyChanged.connect(function () { while (sum < 1000000) ++sum; });");
         Delegate(form, "store")->setCustomProperty("n", 1);
         QCOMPARE(form->GetScriptValues().value("sum").toInt32(), 1000000);
-        QCOMPARE(WitnessOf(form), QString());
-    }
-
-    void aDocumentComesInsideTheReadingOfOne()
-    {
-        const Form form
-            = Parse(Definition(Witness() + Widget("store", "HiddenParameter", {"generateParameterXml=Bool:true"})));
-        const auto window = Live(form);
-        int depth = 0;
-        connect(Delegate(form, "store"), SIGNAL(valueChanged(QString)), form.data(), SIGNAL(si_parametersModified()));
-        connect(form.data(), &OrbelFormular::si_parametersModified, [&] {
-            if (++depth < 50)
-                form->SetXmlString("<Parameters><store>" + QString::number(depth) + "</store></Parameters>");
-        });
-        form->SetXmlString("<Parameters><store>0</store></Parameters>");
-        QVERIFY(depth >= 50);
         QCOMPARE(WitnessOf(form), QString());
     }
 };

@@ -52,9 +52,7 @@ private Q_SLOTS:
         QFETCH(QString, path);
         const Feed feed = Programs.value(path.section('/', -2, -2));
         QVERIFY2(feed, "the folder is named like a fuzzing program");
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray bytes = file.readAll();
+        const QByteArray bytes = BytesOf(path);
         const auto *data = reinterpret_cast<const uint8_t *>(bytes.constData());
         QCOMPARE(feed(data, size_t(bytes.size())), 0);
         QCOMPARE(feed(data, size_t(bytes.size())), 0);

@@ -35,6 +35,15 @@ inline QString Widget(const QString &name, const QString &className, const QStri
     return text + "</Widget>";
 }
 
+/// That a control is shown, takes input and has a parameter.
+inline const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"};
+
+/// A usable control with its name as label.
+inline QString Labelled(const QString &name, const QString &className, const QStringList &properties = {})
+{
+    return Widget(name, className, Usable + QStringList{"labelText=String:" + name} + properties);
+}
+
 /// An enumeration. `rows` has its rows as "display=value", parted by blanks.
 inline QString Enum(const QString &name, const QString &rows)
 {
@@ -56,6 +65,13 @@ inline Form Bind(const QString &definition)
     Form form = Parse(definition);
     form->CreateValueTree("/Form");
     return form;
+}
+
+/// Makes the controls of a form; gives its window, which is not shown yet.
+inline std::unique_ptr<QWidget> Build(const Form &form, bool applyUi = true)
+{
+    form->CreateGUI(applyUi);
+    return std::unique_ptr<QWidget>(form->GetGUI());
 }
 
 /// The delegate of the first widget of that name; null without one.
@@ -83,13 +99,6 @@ inline QScriptEngine *EngineOf(const Form &form)
     return form->GetScriptValues().value("sheet").engine();
 }
 
-/// What the file at the path holds; empty for a file that cannot be read.
-inline QByteArray BytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 /// A form of the examples, by the name of its file.
 inline Form Example(const QString &file)
 {
@@ -101,8 +110,7 @@ struct AllControls {
     AllControls() : form(Example("all_controls.orbel"))
     {
         form->CreateValueTree("/All");
-        form->CreateGUI(true);
-        window.reset(form->GetGUI());
+        window = Build(form);
         window->resize(900, 900);
         window->show();
         QApplication::setActiveWindow(window.get());

@@ -76,7 +76,7 @@ struct LiveForm {
         window.reset(form->GetGUI());
         window->resize(400, 400);
         window->show();
-        window->activateWindow();
+        QApplication::setActiveWindow(window.get());
         log.Watch("sheet", form->GetSheet().GetUi());
     }
     template <class Delegate = KV218::OrbelDelegate> Delegate *Get(const QString &name) const
@@ -97,12 +97,26 @@ struct LiveForm {
     std::unique_ptr<QWidget> window;
 };
 
+/// Presses a key in what has the focus of the form, or else in its window.
+inline void Press(const LiveForm &live, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QWidget *focus = live.window->focusWidget();
+    QTest::keyClick(focus ? focus : live.window.get(), key, modifiers);
+}
+
 /// Types a text over what a field holds.
 inline void TypeOver(QWidget *field, const QString &text)
 {
     field->setFocus();
     QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClicks(field, text);
+}
+
+/// The same, and ends with Return.
+inline void Enter(QWidget *field, const QString &text)
+{
+    TypeOver(field, text);
+    QTest::keyClick(field, Qt::Key_Return);
 }
 
 /// Opens the editor of a cell, as an operator does; gives it.
@@ -124,9 +138,7 @@ inline void PassEvents()
 /// Types a text over what a cell holds, and ends with Return.
 inline void EnterCell(QTableWidget *table, int row, const QString &text, int column = 0)
 {
-    QWidget *editor = OpenCell(table, row, column);
-    TypeOver(editor, text);
-    QTest::keyClick(editor, Qt::Key_Return);
+    Enter(OpenCell(table, row, column), text);
     PassEvents();
 }
 

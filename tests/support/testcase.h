@@ -14,6 +14,20 @@ int RunOrbelTest(QObject *test, int argc, char **argv);
 /// What a finished test case left behind, as text; empty when nothing was left. Call it in a cleanup() of your own.
 QString LeftOver();
 
+/// What the file at the path holds; empty for a file that cannot be read.
+inline QByteArray BytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Writes a file into a folder; gives its path, or nothing.
+inline QString WriteFile(const QTemporaryDir &folder, const QString &name, const QByteArray &content)
+{
+    QFile file(folder.filePath(name));
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName() : QString();
+}
+
 /// A number that an environment variable states, or another one.
 inline int FromEnvironment(const char *name, int otherwise)
 {

@@ -47,9 +47,7 @@ class TestViewer : public TestCase
 private:
     QByteArray Write(const QString &name, const QString &text)
     {
-        QFile file(Folder.filePath(name));
-        return file.open(QIODevice::WriteOnly) && file.write(text.toUtf8()) >= 0 ? file.fileName().toUtf8()
-                                                                                 : QByteArray();
+        return WriteFile(Folder, name, text.toUtf8()).toUtf8();
     }
 
     /// Calls Init with `own` behind the arguments of the frame, which are four unless some are missing.
