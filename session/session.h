@@ -34,6 +34,8 @@ struct SessionOptions {
     bool ApplyRow = true;
     /// Where the nodes stand in the value tree; empty for a path that is free.
     QString NodePath;
+    /// As Session::SetScriptLimit(), for the start of the script, too.
+    int ScriptLimit = 0;
 };
 
 /// What opening gave: the session, and all that the checker has to say of the definition, with places. Without a
@@ -78,10 +80,10 @@ public:
     QString GetNodePath() const;
 
     /// Takes text size, collapsed groups and values from `settings`, as far as Store() has put them there under
-    /// `group`, and from then on keeps the operator's choice of text size and groups there. The values count as
-    /// applied. `settings` stays the caller's and may end before the session.
+    /// `group`. The values count as applied.
     void Restore(QSettings &settings, const QString &group);
-    /// The same with dynamic properties of any object: "NAME-fontsize", "NAME-collapsed" and "NAME-values".
+    /// The same with dynamic properties of any object: "NAME-fontsize", "NAME-collapsed" and "NAME-values". Text size
+    /// and groups are kept there from then on, as the operator chooses them. The object may end before the session.
     void Restore(QObject &store, const QString &name);
     /// Puts text size, collapsed groups and values there: the keys "GROUP/fontsize", "GROUP/collapsed" and
     /// "GROUP/values", a parameter document. What the operator has changed is not applied by this.

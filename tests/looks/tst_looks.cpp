@@ -281,7 +281,7 @@ private Q_SLOTS:
             const QImage before = shown.window->grab().toImage();
             QRegion places;
             for (RowLabel *label : shown.All<RowLabel>()) {
-                label->SetMarked(true);
+                label->SetMark(RowLabel::Changed);
                 places += QRect(label->mapTo(shown.window.get(), QPoint()), label->size());
             }
             shown.Resize(9);
@@ -299,7 +299,7 @@ private Q_SLOTS:
             }
             Save(shown.Picture, QString("marks-%1").arg(colours));
             for (RowLabel *label : shown.All<RowLabel>())
-                label->SetMarked(false);
+                label->SetMark(RowLabel::None);
             QVERIFY(changed > 10 * shown.All<RowLabel>().size());
             QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
         }
