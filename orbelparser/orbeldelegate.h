@@ -175,7 +175,7 @@ public:
     const QVariantList *GetReported() const;
     QString SpellReported() const;
     /// How the device has answered a value that was applied: RowLabel::Refused or Unconfirmed, with what the operator
-    /// is to read of it, or None. It stands until the operator's next change.
+    /// is to read of it, empty for words of the form's own, or None. It stands until the operator's next change.
     void SetAnswer(RowLabel::Mark answer, const QString &reason);
     RowLabel::Mark GetAnswer() const;
     /// What the device says, in the operator's language, a line each; empty for nothing.
@@ -488,7 +488,7 @@ private:
     DeviceNote *NeedDevice();
     void SettleDevice(bool changed);
     void TellDevice();
-    bool HoldsNumber(const QVariant &value) const;
+    bool HoldsAlready(const QVariant &value) const;
     QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value) const;
     void Store(const PropertyKey &name, const QVariant &value, const QVariant &before);

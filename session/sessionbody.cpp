@@ -76,7 +76,7 @@ void SessionBody::Bind(const Form &form)
     connect(
         form.data(), &OrbelFormular::si_parametersModified, this, &SessionBody::AnnounceLater, Qt::UniqueConnection);
     connect(form.data(), &OrbelFormular::si_edited, this, &SessionBody::TellEdited, Qt::UniqueConnection);
-    connect(form.data(), &OrbelFormular::si_changesChanged, Owner, &Session::changesChanged, Qt::UniqueConnection);
+    connect(form.data(), &OrbelFormular::si_changesChanged, this, &SessionBody::TellChanges, Qt::UniqueConnection);
     QWidget *const gui = form->GetGUI();
     if (Holder && gui && gui->parentWidget() != Holder)
         Holder->layout()->addWidget(gui);
@@ -96,11 +96,12 @@ void SessionBody::Close()
     QWidget *const window = Holder && !Holder->parent() ? Holder.data() : nullptr;
     if (!window)
         return;
-    if (QThread::currentThread()->loopLevel() == 0) {
+    // One of its events may be what ends the session; so long as no event loop runs, a slot may.
+    const bool isCalled = self.use_count() > 2;
+    if (QThread::currentThread()->loopLevel() == 0 && !isCalled) {
         delete window;
         return;
     }
-    // One of its events may be what ends the session.
     window->hide();
     window->deleteLater();
 }
@@ -178,7 +179,7 @@ void SessionBody::TellOverdue(const QStringList &paths)
             continue;
         const OrbelDelegate::Call call(control);
         const QVariant reported = sent->Reported;
-        control->SetAnswer(RowLabel::Unconfirmed, Session::tr("The device has not confirmed the value"));
+        control->SetAnswer(RowLabel::Unconfirmed, QString());
         if (reported.isValid())
             control->Report(reported);
         if (Owner)
@@ -234,6 +235,13 @@ void SessionBody::TellEdited(const QString &path)
     const auto self = shared_from_this();
     if (Owner)
         Q_EMIT Owner->changed(path);
+}
+
+void SessionBody::TellChanges()
+{
+    const auto self = shared_from_this();
+    if (Owner)
+        Q_EMIT Owner->changesChanged();
 }
 
 /// When the script has come to its end, and whoever opens the session could connect.

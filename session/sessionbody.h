@@ -75,6 +75,7 @@ private:
     bool WaitsForAnswer(KV218::OrbelDelegate &control, const QVariant &value, QString *error);
     void TellOverdue(const QStringList &paths);
     void TellEdited(const QString &path);
+    void TellChanges();
     void TellScript(int line, const QString &text);
 
     Definition Source;

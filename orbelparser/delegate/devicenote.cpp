@@ -2,12 +2,18 @@
 
 #include "orbeldelegate.h"
 
+#include <QCoreApplication>
 #include <QHelpEvent>
 #include <QTextDocument>
 #include <QToolTip>
 
 namespace KV218
 {
+
+static QString Translated(const char *text)
+{
+    return QCoreApplication::translate("KV218::DeviceNote", text);
+}
 
 DeviceNote::DeviceNote(OrbelDelegate *control) : Control(control)
 {
@@ -27,10 +33,15 @@ void DeviceNote::Watch()
 QString DeviceNote::GetText() const
 {
     QStringList lines;
-    if (Answer != RowLabel::None)
+    if (!Reason.isEmpty())
         lines.append(Reason);
+    else if (Answer == RowLabel::Unconfirmed)
+        lines.append(Translated(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has not confirmed the value")));
+    else if (Answer == RowLabel::Refused)
+        lines.append(Translated(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has refused the value")));
     if (Reported)
-        lines.append(OrbelDelegate::tr("The device has %1").arg(Control->SpellReported()));
+        lines.append(
+            Translated(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has %1")).arg(Control->SpellReported()));
     return lines.join(QLatin1Char('\n'));
 }
 

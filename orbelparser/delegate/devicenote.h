@@ -26,7 +26,7 @@ public:
     std::optional<QVariantList> Reported;
     /// RowLabel::None without one.
     RowLabel::Mark Answer = RowLabel::None;
-    /// What the host says of the answer.
+    /// What the host says of the answer; empty for words of the form's own.
     QString Reason;
 
     bool IsEmpty() const { return !Reported && Answer == RowLabel::None; }

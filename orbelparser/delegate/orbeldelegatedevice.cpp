@@ -2,6 +2,7 @@
 
 #include "orbeldelegate.h"
 
+#include "assistive.h"
 #include "devicenote.h"
 #include "editquery.h"
 #include "formdoor.h"
@@ -60,10 +61,14 @@ bool OrbelDelegate::EditOf(const ValueBase &node, const QVariant &value, QString
     return beyond.isNull() || Refuse(beyond, error);
 }
 
-/// Nearly all reports are of single numbers that stand there already.
-bool OrbelDelegate::HoldsNumber(const QVariant &value) const
+/// Nearly all reports are of what stands there already.
+bool OrbelDelegate::HoldsAlready(const QVariant &value) const
 {
     const int type = value.userType();
+    if (type == QMetaType::QString || type == QMetaType::Bool) {
+        const QVariant held = GetValue();
+        return held.userType() == type && held == value;
+    }
     const bool isNumber = type == QMetaType::Double || type == QMetaType::Int || type == QMetaType::LongLong;
     const auto *node = isNumber ? dynamic_cast<const IValueNumeric *>(GetVTValue()) : nullptr;
     return node && node->GetValue() == NodeNumber(value.toDouble());
@@ -71,7 +76,7 @@ bool OrbelDelegate::HoldsNumber(const QVariant &value) const
 
 bool OrbelDelegate::Report(const QVariant &value, QString *error)
 {
-    if (!Modified && !Device && HoldsNumber(value))
+    if (!Modified && !Device && HoldsAlready(value))
         return true;
     QVariantList edits;
     if (!EditsOf(value, &edits, error))
@@ -160,8 +165,10 @@ void OrbelDelegate::BecomeChanged(const QVariantList *applied)
 
 DeviceNote *OrbelDelegate::NeedDevice()
 {
-    if (!Device)
+    if (!Device) {
         Device = std::make_unique<DeviceNote>(this);
+        Assistive::PropertyChanged(this, prop::ToolTip);
+    }
     return Device.get();
 }
 

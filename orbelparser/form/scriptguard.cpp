@@ -1,6 +1,5 @@
 #include "scriptguard.h"
 
-#include <QElapsedTimer>
 #include <QMetaMethod>
 #include <QScriptEngine>
 #include <QScriptEngineAgent>
@@ -8,49 +7,39 @@
 namespace KV218
 {
 
-/// Looks at the time while a script runs. Nothing else does so in the thread of the engine without letting events come
-/// in between.
-class ScriptGuard::Clock : public QScriptEngineAgent
+/// Knows when a run of scripts begins and ends, and where it is. The engine itself does not tell of handlers.
+class ScriptGuard::Watch : public QScriptEngineAgent
 {
 public:
-    Clock(QScriptEngine *engine, ScriptGuard *guard) : QScriptEngineAgent(engine), Guard(guard) { }
+    Watch(QScriptEngine *engine, ScriptGuard *guard) : QScriptEngineAgent(engine), Guard(guard) { }
 
-    int Limit = 0;
-    const QPointer<ScriptGuard> Guard;
+    bool IsRunning() const { return Depth > 0; }
 
-    void positionChange(qint64, int line, int) override
-    {
-        constexpr int between = 256; // statements from look to look
-        if (Depth == 0 && !engine()->isEvaluating())
-            Time.invalidate();
-        if (!Time.isValid())
-            Begin();
-        if (++Statements % between != 0 || IsEnded || Time.elapsed() < Limit)
-            return;
-        IsEnded = true;
-        engine()->abortEvaluation();
-        if (Guard)
-            Guard->TellEnded(line);
-    }
+    int Line = 0;
+    /// The run that goes on, or was the last, has been told to end.
+    bool IsStopped = false;
+
+    void positionChange(qint64, int line, int) override { Line = line; }
     void functionEntry(qint64) override
     {
-        if (Depth++ == 0)
-            Begin();
+        if (Depth++ > 0)
+            return;
+        IsStopped = false;
+        Guard->Timer.start();
     }
-    void functionExit(qint64, const QScriptValue &) override { Depth = qMax(0, Depth - 1); }
+    void functionExit(qint64, const QScriptValue &) override
+    {
+        if (--Depth > 0)
+            return;
+        Guard->Timer.stop();
+        if (IsStopped)
+            QMetaObject::invokeMethod(
+                Guard, [guard = Guard, line = Line] { guard->TellStopped(line); }, Qt::QueuedConnection);
+    }
 
 private:
-    void Begin()
-    {
-        Time.start();
-        Statements = 0;
-        IsEnded = false;
-    }
-
-    QElapsedTimer Time;
+    ScriptGuard *const Guard;
     int Depth = 0;
-    int Statements = 0;
-    bool IsEnded = false;
 };
 
 ScriptGuard::ScriptGuard(QScriptEngine *engine) : Engine(engine)
@@ -58,37 +47,53 @@ ScriptGuard::ScriptGuard(QScriptEngine *engine) : Engine(engine)
     connect(engine, &QScriptEngine::signalHandlerException, this, [this](const QScriptValue &exception) {
         TellException(exception, exception.property(QStringLiteral("lineNumber")).toInt32());
     });
+    connect(&Timer, &QTimer::timeout, this, &ScriptGuard::Stop);
 }
-
-ScriptGuard::~ScriptGuard() = default;
 
 void ScriptGuard::SetLimit(int milliseconds)
 {
+    const bool wasLimited = Agent && Engine->agent() == Agent;
     if (milliseconds <= 0) {
-        if (Agent && Engine->agent() == Agent)
+        Timer.stop();
+        if (wasLimited)
             Engine->setAgent(nullptr);
         return;
     }
     if (!Agent)
-        Agent = new Clock(Engine, this);
-    Agent->Limit = milliseconds;
-    Engine->setAgent(Agent);
+        Agent = new Watch(Engine, this);
+    Timer.setInterval(milliseconds);
+    Engine->setProcessEventsInterval(qMax(1, milliseconds / 2));
+    if (!wasLimited)
+        Engine->setAgent(Agent);
+}
+
+/// The engine lets events in while a script runs; this is one.
+void ScriptGuard::Stop()
+{
+    if (!Agent->IsRunning())
+        return;
+    // Handlers of signals count as running only with a context of their own.
+    Engine->pushContext();
+    Engine->abortEvaluation();
+    Engine->popContext();
+    Agent->IsStopped = true;
+}
+
+void ScriptGuard::TellStopped(int line)
+{
+    // A script that ended by itself all the same would leave the stop to the next one.
+    if (!Agent->IsRunning())
+        Engine->evaluate(QString());
+    Q_EMIT failed(line, QStringLiteral("The script was ended, since it took longer than %1 ms").arg(Timer.interval()));
 }
 
 void ScriptGuard::TellException(const QScriptValue &exception, int line)
 {
     // The text may come from a function of the script, which runs for nothing when nobody reads it.
     static const QMetaMethod told = QMetaMethod::fromSignal(&ScriptGuard::failed);
-    if (isSignalConnected(told))
+    const bool isOurs = Agent && Agent->IsStopped;
+    if (!isOurs && isSignalConnected(told))
         Q_EMIT failed(line, exception.toString());
-}
-
-void ScriptGuard::TellEnded(int line)
-{
-    const QString text = QStringLiteral("The script was ended, since it took longer than %1 ms").arg(Agent->Limit);
-    // Not from within the script that runs.
-    QMetaObject::invokeMethod(
-        this, [this, line, text] { Q_EMIT failed(line, text); }, Qt::QueuedConnection);
 }
 
 } // namespace KV218

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
+#include <QTimer>
 
 class QScriptEngine;
 class QScriptValue;
@@ -17,9 +17,9 @@ class ScriptGuard : public QObject
 public:
     /// `engine` is not owned and outlives this.
     explicit ScriptGuard(QScriptEngine *engine);
-    ~ScriptGuard() override;
 
-    /// In milliseconds for one run from outside; 0 for no limit. Scripts cost more with a limit than without.
+    /// In milliseconds for one run from outside; 0 for no limit. With a limit scripts cost more, and a script that runs
+    /// for half of it lets events in.
     void SetLimit(int milliseconds);
     /// An exception that nobody has caught.
     void TellException(const QScriptValue &exception, int line);
@@ -28,13 +28,15 @@ Q_SIGNALS:
     void failed(int line, const QString &text);
 
 private:
-    class Clock;
+    class Watch;
 
-    void TellEnded(int line);
+    void Stop();
+    void TellStopped(int line);
 
     QScriptEngine *const Engine;
+    QTimer Timer;
     /// The engine's.
-    Clock *Agent = nullptr;
+    Watch *Agent = nullptr;
 };
 
 } // namespace KV218
