@@ -161,7 +161,7 @@ public:
     /// device differs. False, with the reason in `error`, for a value that the control cannot have.
     bool Report(const QVariant &value, QString *error = nullptr);
     /// Puts a value as the operator would: marked, recorded, to be applied. False as for Report().
-    bool Enter(const QVariant &value, QString *error = nullptr);
+    bool EnterValue(const QVariant &value, QString *error = nullptr);
     /// Gives up what the operator has changed, or is typing, for what the device has, as a change of the operator's.
     /// False where the device does not differ, or the control is locked.
     bool TakeReported();

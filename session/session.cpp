@@ -135,7 +135,7 @@ bool Session::SetValue(const QString &path, const QVariant &value, QString *erro
     if (!control)
         return false;
     const KV218::OrbelDelegate::Call call(control);
-    const bool isRight = control->Enter(value, error);
+    const bool isRight = control->EnterValue(value, error);
     if (!isRight)
         NameInError(*control, error);
     return isRight;

@@ -128,7 +128,7 @@ void OrbelDelegate::TakeReport(const QVariantList &values, bool stands)
         TellDevice();
 }
 
-bool OrbelDelegate::Enter(const QVariant &value, QString *error)
+bool OrbelDelegate::EnterValue(const QVariant &value, QString *error)
 {
     QVariantList edits;
     if (!EditsOf(value, &edits, error))

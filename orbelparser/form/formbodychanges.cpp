@@ -26,7 +26,7 @@ bool FormBody::Report(const QString &path, const QVariant &value, QString *error
 bool FormBody::Enter(const QString &path, const QVariant &value, QString *error)
 {
     OrbelDelegate *const control = FindControl(path);
-    return control && control->Enter(value, error);
+    return control && control->EnterValue(value, error);
 }
 
 bool FormBody::TakeReported(const QString &path)
