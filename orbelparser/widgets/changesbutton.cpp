@@ -86,7 +86,8 @@ void ChangesButton::Place()
     const QRect place(QPoint(row->width() - size.width(), (row->height() - size.height()) / 2), size);
     setGeometry(QStyle::visualRect(row->layoutDirection(), row->rect(), place));
     const QUndoStack *stack = Changes->GetStack();
-    setVisible(fits && (text() != QLatin1String("0") || stack->canUndo() || stack->canRedo()));
+    const bool hasEntries = text() != QLatin1String("0") || stack->canUndo() || stack->canRedo();
+    setVisible(fits && (hasEntries || !Changes->GetDiffering().isEmpty()));
     raise();
 }
 

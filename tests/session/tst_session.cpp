@@ -39,7 +39,6 @@ struct Live {
         const QString form = Definition(timeout + body, "<Script><![CDATA[" + script + "]]></Script>");
         Orbel::Opening opening = Session::OpenText(
             QString(form).replace("<Sheet", Enum("Modes", "AM=1 FM=2 SSB=3") + "<Sheet").toUtf8(), options);
-        told = opening.Told;
         session = std::move(opening.Opened);
         window = session->GetWidget();
         window->resize(500, 500);
@@ -75,12 +74,17 @@ struct Live {
         }
         return text;
     }
-    /// Types over what a field holds and ends with Return.
-    void Enter(const QString &name, const QString &text) const
+    /// Types over what a field holds; \r is Return, behind which it begins anew, and \x1b is Escape.
+    void Type(const QString &name, const QString &keys) const
     {
-        TypeOver(Find(name), text);
-        QTest::keyClick(Find(name), Qt::Key_Return);
+        auto *field = Find(name);
+        for (const QString &text : keys.split('\r', Qt::SkipEmptyParts)) {
+            TypeOver(field, QString(text).remove('\x1b'));
+            if (keys.contains('\r') || keys.contains('\x1b'))
+                QTest::keyClick(field, keys.contains('\r') ? Qt::Key_Return : Qt::Key_Escape);
+        }
     }
+    void Enter(const QString &name, const QString &text) const { Type(name, text + '\r'); }
     QString Changes() const
     {
         QStringList texts;
@@ -91,7 +95,6 @@ struct Live {
 
     std::unique_ptr<Session> session;
     QPointer<QWidget> window;
-    QVector<Orbel::Finding> told;
     QStringList applied;
     QStringList documents;
 };
@@ -135,14 +138,6 @@ private Q_SLOTS:
             errors += finding.Level == Orbel::Severity::Error ? finding.Text + '\n' : QString();
         QVERIFY2(opens || !errors.isEmpty(), "no reason");
         QVERIFY2(errors.contains(told), qPrintable(errors));
-    }
-
-    void twoSessionsOfOneDefinitionShareNoNode()
-    {
-        const Live one;
-        const Live other;
-        QVERIFY(one->Report("Gain", 33));
-        QCOMPARE(other->Value("Gain"), QVariant(10));
     }
 
     void valuesAreTyped_data()
@@ -212,6 +207,8 @@ private Q_SLOTS:
     void controlsAreTold()
     {
         const Live live;
+        const Live other; // on another node path
+        QVERIFY(other->Report("Gain", 33) && live->Value("Gain") == 10);
         const QVector<Orbel::ControlInfo> controls = live->Controls();
         QCOMPARE(controls.size(), 6);
         const Orbel::ControlInfo &gain = controls.at(0);
@@ -228,35 +225,24 @@ private Q_SLOTS:
     void aReportBesideTheOperator_data()
     {
         const auto row
-            = Columns<Step, int, QString, RowLabel::Mark, QString>({"step", "reported", "shown", "mark", "changes"});
-        const Step nothing = [](Live &) {};
-        const Step type = [](Live &live) { TypeOver(live.Find("Gain"), "42"); };
-        const Step change = [](Live &live) { live.Enter("Gain", "42"); };
-        const Step changeBack = [](Live &live) {
-            live.Enter("Gain", "42");
-            live.Enter("Gain", "10");
-        };
-        const Step takeBack = [](Live &live) {
-            TypeOver(live.Find("Gain"), "42");
-            QTest::keyClick(live.Find("Gain"), Qt::Key_Escape);
-        };
+            = Columns<QString, int, QString, RowLabel::Mark, QString>({"keys", "reported", "shown", "mark", "changes"});
         // clang-format off
-        row("nothing", nothing, 20, "20 dB", RowLabel::None, "");
-        row("the same", nothing, 10, "10 dB", RowLabel::None, "");
-        row("typing", type, 20, "42 dB", RowLabel::Differs, "");
-        row("changed", change, 20, "42 dB", RowLabel::Differs, "Gain 20 dB>42 dB");
-        row("changed to that", change, 42, "42 dB", RowLabel::None, "");
-        row("changed and put back", changeBack, 20, "20 dB", RowLabel::None, "");
-        row("typed and taken back", takeBack, 20, "20 dB", RowLabel::None, "");
+        row("nothing", "", 20, "20 dB", RowLabel::None, "");
+        row("the same", "", 10, "10 dB", RowLabel::None, "");
+        row("typing", "42", 20, "42 dB", RowLabel::Differs, "");
+        row("changed", "42\r", 20, "42 dB", RowLabel::Differs, "Gain 20 dB>42 dB");
+        row("changed to that", "42\r", 42, "42 dB", RowLabel::None, "");
+        row("changed and put back", "42\r10\r", 20, "20 dB", RowLabel::None, "");
+        row("typed and taken back", "42\x1b", 20, "20 dB", RowLabel::None, "");
         // clang-format on
     }
     void aReportBesideTheOperator()
     {
-        const auto [step, reported, shown, mark, changes]
-            = Fetch<Step, int, QString, RowLabel::Mark, QString>({"step", "reported", "shown", "mark", "changes"});
+        const auto [keys, reported, shown, mark, changes]
+            = Fetch<QString, int, QString, RowLabel::Mark, QString>({"keys", "reported", "shown", "mark", "changes"});
         Live live;
         live->GetForm()->GetSheet().setAutoApplyEnabled(false);
-        step(live);
+        live.Type("Gain", keys);
         const int undoable = live->UndoStack()->count();
         QVERIFY(live->Report("Gain", reported));
         QCOMPARE(live.Mark("Gain"), mark);
@@ -280,6 +266,23 @@ private Q_SLOTS:
         QTest::keyClick(live.Find("Gain"), Qt::Key_Escape);
         QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::None);
         QCOMPARE(live.Find<QDoubleSpinBox>("Gain")->text(), QString("20 dB"));
+    }
+
+    void theMenuOffersWhatTheDeviceHas()
+    {
+        const Live live;
+        live.Enter("Gain", "42");
+        live->Report("Gain", 20);
+        QTRY_VERIFY(live.Find("changesButton")->isVisible());
+        live.Find<QToolButton>("changesButton")->click();
+        QTRY_VERIFY(live.Find("changesMenu"));
+        for (QAction *entry : live.Find("changesMenu")->actions()) {
+            if (entry->text() == "Take from the device: Gain 20 dB")
+                entry->trigger();
+        }
+        live.Find("changesMenu")->close();
+        QTRY_COMPARE(live->Value("Gain"), QVariant(20));
+        QTRY_VERIFY(live->Changes().isEmpty() && live.Mark("Gain") == RowLabel::None);
     }
 
     /// Real keys between the reports of a device that never rests.
@@ -486,28 +489,17 @@ private Q_SLOTS:
         if (ended == "both")
             live.window->setParent(&host);
         bool isOver = false;
-        const auto end = [&] {
-            if (std::exchange(isOver, true))
-                return;
+        EventLog log;
+        log.Watch("session", live.session.get());
+        log.On("session." + signal, [&] {
+            isOver = true;
             if (ended != "session")
                 delete live.window.data();
             if (ended != "window")
                 live.session.reset();
-        };
-        const auto connect = [&](auto pointer) { QObject::connect(live.session.get(), pointer, &host, end); };
-        if (signal == "changed")
-            connect(&Session::changed);
-        else if (signal == "changesChanged")
-            connect(&Session::changesChanged);
-        else if (signal == "applied")
-            connect(&Session::applied);
-        else if (signal == "unanswered")
-            connect(&Session::unanswered);
-        else
-            connect(&Session::scriptFailed);
+        });
         live->SetAnswerTime(1);
-        TypeOver(live.Find("Gain"), "42");
-        QTest::keyClick(live.Find("Gain"), Qt::Key_Return);
+        live.Enter("Gain", "42");
         if (live.window && live.session)
             live->Report("Level", 3);
         QTRY_VERIFY(isOver);
