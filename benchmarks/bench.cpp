@@ -430,6 +430,47 @@ Cell Edit(int controls)
     return cell;
 }
 
+/// What a device reports of all spin boxes in one of its turns, each value another one or the same, on the screen.
+/// Nanoseconds a value.
+Cell ReportValues(int controls, bool repeats)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    const peer::HandForm byHand(controls);
+    peer::Show(byHand.Window());
+    QVector<int> spins;
+    for (int control = 0; control < controls; ++control) {
+        if (work::KindOf(control) == work::Kind::Spin)
+            spins.append(control);
+    }
+    int version = 0;
+    const auto turn = [&](const auto &put) {
+        version += repeats ? 0 : 1;
+        return TimeOf([&] {
+            for (const int control : qAsConst(spins))
+                put(work::NameOf(control), work::SpinValue(control, version));
+            peer::RunToIdle();
+        }) / spins.size();
+    };
+    const auto ours = [&] { return turn([&](const QString &name, double value) { form->Report(name, value); }); };
+    const auto raw
+        = [&] { return turn([&](const QString &name, double value) { byHand.Spin(name)->setValue(value); }); };
+    const Cell cell = Compare(ours, raw, Repeats);
+    Require(form->GetChanged().isEmpty(), "a report counts as a change");
+    return cell;
+}
+
+Cell ReportNews(int controls)
+{
+    return ReportValues(controls, false);
+}
+
+Cell ReportAgain(int controls)
+{
+    return ReportValues(controls, true);
+}
+
 Cell Memory(int controls)
 {
     Cell cell = Compare([&] { return memory::InChild(memory::Who::Ours, controls); },
@@ -459,6 +500,8 @@ constexpr Plan Plans[] = {
     {"`SetVTValue` per value, form hidden / hash look-up plus `setValue`",           2.0,  1.4,  ExchangeValues},
     {"growth: the same per value at 10 000 / at 1000",                               1.3,  1.1,  ExchangeGrowth},
     {"operator's edit, control to modified mark / `setValue` with one slot",         2.0,  1.2,  Edit},
+    {"reported value of a device, shown, drawn / hash look-up plus `setValue`",      2.0,  1.2,  ReportNews},
+    {"the same value again / the same",                                              2.0,  1.0,  ReportAgain},
     {"expand a group of 20 rows in a visible form / one re-layout of it",            2,    1,    Expand},
     {"memory a control, form built / QUiLoader's",                                   1.5,  1.0,  Memory},
     {"parse stage / XML walk of the same text",                                      2.0,  1.4,  ParseStage},

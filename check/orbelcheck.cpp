@@ -6,6 +6,7 @@
 #include "formcheck.h"
 #include "formrun.h"
 #include "parameterdocumentcheck.h"
+#include "scriptsourcemap.h"
 #include "structurecheck.h"
 
 #include <algorithm>
@@ -32,6 +33,21 @@ void CheckXml(const FileText &file, const Document &document, FindingSink &sink)
         TellMalformed(file.PlaceOfError(), file.ErrorText(), sink);
     else if (!document.IsWhole())
         TellMalformed(document.PlaceOfError(), document.ErrorText(), sink);
+}
+
+/// Does `act` with the value of each definition in a component list and the name of its component, until it answers
+/// true.
+template <class Act> void ForEachDefinition(const Document &list, Act act)
+{
+    QString component;
+    for (int i = 0; i < list.Elements().size(); ++i) {
+        if (list.At(i).Name == element::Component)
+            component = list.AttributeOf(i, attribute::Name);
+        const bool isForm
+            = list.At(i).Name == element::ValueString && list.AttributeOf(i, attribute::Id) == QLatin1String("ORBEL");
+        if (isForm && act(i, component))
+            return;
+    }
 }
 
 /// How a definition is looked at: on paper, or by running it.
@@ -65,18 +81,12 @@ public:
 
     void ComponentList(const Document &list, FindingSink &sink) const
     {
-        QString component;
         bool found = false;
-        for (int i = 0; i < list.Elements().size(); ++i) {
-            if (list.At(i).Name == element::Component)
-                component = list.AttributeOf(i, attribute::Name);
-            const bool isForm = list.At(i).Name == element::ValueString
-                && list.AttributeOf(i, attribute::Id) == QLatin1String("ORBEL");
-            if (!isForm)
-                continue;
+        ForEachDefinition(list, [&](int value, const QString &component) {
             found = true;
-            Component(list, i, component, sink);
-        }
+            Component(list, value, component, sink);
+            return false;
+        });
         if (!found && !Milliseconds)
             sink.Add(Code::FormMissing, 0, QStringLiteral("There is no ValueString with the id \"ORBEL\" in the list"));
     }
@@ -125,6 +135,12 @@ Findings Examine(const QByteArray &bytes, bool isList, const Examination &examin
     return sink.Sorted(file);
 }
 
+int LineOfScriptIn(const Document &document, const FileText &file, int line)
+{
+    const FormModel form(document, FormOf(document));
+    return form.Script < 0 ? 1 : file.LineOf(ScriptSourceMap(document, form.Script).PlaceOfLine(line));
+}
+
 template <class CheckFunction>
 Findings ExamineAgainst(const QByteArray &bytes, const QByteArray &form, CheckFunction check)
 {
@@ -169,6 +185,26 @@ Findings Check::RunDefinition(const QByteArray &document, int milliseconds, cons
 Findings Check::RunComponentList(const QByteArray &document, int milliseconds, const RunWatch &watch)
 {
     return Examine(document, true, Examination(qMax(1, milliseconds), watch));
+}
+
+int Check::LineOfScript(const QByteArray &definition, int line)
+{
+    const FileText file(definition, FileText::AsForm);
+    return LineOfScriptIn(Document(file.Source()), file, line);
+}
+
+int Check::LineOfScript(const QByteArray &list, const QString &component, int line)
+{
+    const FileText file(list);
+    const Document document(file.Source());
+    int place = 1;
+    ForEachDefinition(document, [&](int value, const QString &name) {
+        const Attribute *text = name == component ? document.FindAttribute(value, attribute::Value) : nullptr;
+        if (text)
+            place = LineOfScriptIn(Document(document.ValueOf(*text)), file, line);
+        return text != nullptr;
+    });
+    return place;
 }
 
 bool Check::IsClean(const Findings &findings)

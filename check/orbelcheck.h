@@ -37,6 +37,12 @@ public:
     static Findings RunDefinition(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
     static Findings RunComponentList(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
 
+    /// The line of the document in which a line of a definition's script stands; both count from 1. 1 for a document
+    /// without a script.
+    static int LineOfScript(const QByteArray &definition, int line);
+    /// The same for the first definition of a component of that name in a component list.
+    static int LineOfScript(const QByteArray &list, const QString &component, int line);
+
     /// Whether there is neither an error nor a warning.
     static bool IsClean(const Findings &findings);
     /// The page docs/checks.md, from the same table as the findings.

@@ -51,6 +51,9 @@ orbel_install_library(Check
     TEXT "finds the mistakes in form definitions"
     REQUIRES "Qt5Core >= 5.15"
     REQUIRES_PRIVATE "orbelparser ${own}")
+orbel_install_library(Session
+    TEXT "one form in a host: opening, device, changes, storage, reload"
+    REQUIRES "orbelparser ${own} orbelcheck ${own}")
 
 configure_package_config_file(cmake/OrbelParserConfig.cmake.in "${generated}/OrbelParserConfig.cmake"
     INSTALL_DESTINATION "${package_dir}")

@@ -1,6 +1,7 @@
 #include "orbeldelegate.h"
 
 #include "assistive.h"
+#include "devicenote.h"
 #include "exceptionstop.h"
 #include "floatgrouplayout.h"
 #include "formdoor.h"

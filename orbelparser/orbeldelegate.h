@@ -35,6 +35,7 @@ template <class T> class ValuePtr;
 namespace KV218
 {
 
+class DeviceNote;
 class FormDoor;
 class OrbelEnum;
 class OrbelWidget;
@@ -123,7 +124,7 @@ public:
     /// What was applied last, in the order of GetEdits(); null while that is not known, and for a control that is not
     /// modified.
     const QVariantList *GetApplied() const { return Applied.get(); }
-    /// Shows or hides the mark of such a change at the row label.
+    /// Shows the mark of such a change at the row label, or what the device says, which counts for more.
     void ShowChanged(bool changed);
 
     /// The values that the operator changes by this control. The base gives the texts of the nodes.
@@ -140,7 +141,47 @@ public:
     void RecordSoFar();
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
-    virtual QString SpellChange(const QVariantList &before, const QVariantList &after) const;
+    QString SpellChange(const QVariantList &before, const QVariantList &after) const;
+    /// The first three of a list of such values.
+    QString SpellEdits(const QVariantList &edits) const;
+    /// Those of two lists of such values that differ, in the operator's words; many are only counted.
+    QPair<QString, QString> SpellSides(const QVariantList &before, const QVariantList &after) const;
+
+    /// The value of the control as a host has it, made of such a list: bool, int, double or QString as the node is, a
+    /// QVariantList of these for several nodes, and invalid for none. Numbers are those of parameter documents.
+    virtual QVariant ValueOf(const QVariantList &edits) const;
+    QVariant GetValue() const { return ValueOf(GetEdits()); }
+    /// The way back, of a value or of a text that reads as one. False, with the reason in `error`, for one that the
+    /// control cannot have.
+    virtual bool EditsOf(const QVariant &value, QVariantList *edits, QString *error) const;
+
+    /// The device has this value now. It is shown, and those who watch node or signals hear of it, but it is no change
+    /// of the operator's: no mark, no automatic apply, nothing to undo. What the operator has changed and not applied
+    /// stays, and then counts as changed from this value; what is being typed goes on. The control then shows that the
+    /// device differs. False, with the reason in `error`, for a value that the control cannot have.
+    bool Report(const QVariant &value, QString *error = nullptr);
+    /// Puts a value as the operator would: marked, recorded, to be applied. False as for Report().
+    bool EnterValue(const QVariant &value, QString *error = nullptr);
+    /// Gives up what the operator has changed, or is typing, for what the device has, as a change of the operator's.
+    /// False where the device does not differ, or the control is locked.
+    bool TakeReported();
+    /// Is changed from now on, without a change of a value, if another value stands than `applied`; null is one that is
+    /// not known, as for a control that was modified without it. Does not tell the sheet.
+    void BecomeChanged(const QVariantList *applied);
+    /// Whether it is modified, and still holds what was applied.
+    bool IsAsApplied() const { return Modified && Applied && AreSameEdits(GetEdits(), *Applied); }
+    /// What the device has where the operator's value stands in its place, in the order of GetEdits(); null without
+    /// such.
+    const QVariantList *GetReported() const;
+    QString SpellReported() const;
+    /// How the device has answered a value that was applied: RowLabel::Refused or Unconfirmed, with what the operator
+    /// is to read of it, empty for words of the form's own, or None. It stands until the operator's next change.
+    void SetAnswer(RowLabel::Mark answer, const QString &reason);
+    RowLabel::Mark GetAnswer() const;
+    /// What the device says, in the operator's language, a line each; empty for nothing.
+    QString GetDeviceText() const;
+    /// Has the marks looked at again when the event loop comes round: an edit may be over.
+    void LookAgain();
     static bool IsSameEdit(const QVariant &one, const QVariant &other);
     /// The label without its colon, in the operator's language; the name of the element without one.
     QString GetCaption() const;
@@ -284,6 +325,24 @@ protected:
     /// Shows anew what the control translated itself. An override calls the base first, which has the row label and the
     /// tooltips of SetOwnToolTip().
     virtual void Retranslate();
+    /// A number of a node as a host has it, and the way back. The base leaves both as they are.
+    virtual QVariant HostNumber(const QVariant &held) const { return held; }
+    virtual double NodeNumber(double number) const { return number; }
+    /// Whether the value is a list, be it of one item.
+    virtual bool HasSeveralValues() const { return false; }
+    /// The text for a node that stands for a value of the host's; as EditsOf().
+    virtual bool EditOf(const ValueBase &node, const QVariant &value, QString *text, QString *error) const;
+    /// Puts values of the device as a host would, in the order of GetEdits(). The base sets the nodes.
+    virtual void PutReported(const QVariantList &values);
+    /// Two lists of such values, as texts of those that differ.
+    struct Sides {
+        QStringList Before;
+        QStringList After;
+        int LastIndex = 0;
+    };
+    virtual Sides TellSides(const QVariantList &before, const QVariantList &after) const;
+    /// Whether the operator is in the middle of an edit in one of the control's widgets.
+    bool IsBeingEdited() const;
     /// The nodes stand under another path now. The base has nothing else to do.
     virtual void NodesMoved() { }
     /// Takes what the delegate owns in the window out of it: the form has ended. The base owns nothing there.
@@ -424,9 +483,17 @@ private:
     struct JoinedAct;
 
     static bool IsSame(const QVariant &value, const QVariant &before);
+    static bool AreSameEdits(const QVariantList &one, const QVariantList &other);
+    static QString ToldEdit(const QString &text);
     void KeepApplied();
     QVariantList NodeTexts() const;
     void BeginAnew();
+    void TakeReport(const QVariantList &values, bool stands);
+    void KeepAgainst(const QVariantList &values);
+    DeviceNote *NeedDevice();
+    void SettleDevice(bool changed);
+    void TellDevice();
+    bool HoldsAlready(const QVariant &value) const;
     QVariant &StatedValue(const QString &name);
     bool IsNoNumber(const QString &name, const QVariant &value, bool isNumber) const;
     bool Store(const PropertyKey &name, const QVariant &value, const QVariant &before);
@@ -481,6 +548,8 @@ private:
     int Notices = 0;
     int ListDepth = 0;
     std::unique_ptr<QVariantList> Applied;
+    /// Null while the device has nothing to say of the control.
+    std::unique_ptr<DeviceNote> Device;
 
     eApplyMode ApplyMode = eApplyMode(0);
     /// While this sets a property of its own, until its event comes.

@@ -106,23 +106,21 @@ bool OrbelElement::HasModified() const
     return false;
 }
 
-void OrbelElement::GetXml(QXmlStreamWriter &writer, bool onlyModified)
+void OrbelElement::GetXml(QXmlStreamWriter &writer, bool onlyModified, bool keepsMarks) const
 {
     if (LeafWidget) {
-        LeafWidget->GetXml(writer, onlyModified);
+        LeafWidget->GetXml(writer, onlyModified, keepsMarks);
         return;
     }
-    if (Tags.isEmpty()) {
-        for (OrbelElement *child : qAsConst(Children))
-            child->GetXml(writer, onlyModified);
+    const bool isRoot = Tags.isEmpty();
+    if (!isRoot && onlyModified && !HasModified())
         return;
-    }
-    if (onlyModified && !HasModified())
-        return;
-    writer.writeStartElement(Tags.first());
-    for (OrbelElement *child : qAsConst(Children))
-        child->GetXml(writer, onlyModified);
-    writer.writeEndElement();
+    if (!isRoot)
+        writer.writeStartElement(Tags.first());
+    for (const OrbelElement *child : qAsConst(Children))
+        child->GetXml(writer, onlyModified, keepsMarks);
+    if (!isRoot)
+        writer.writeEndElement();
 }
 
 void OrbelElement::ReadXml(QXmlStreamReader &reader)

@@ -35,8 +35,9 @@ public:
     /// Whether a leaf below, selected or not, is modified.
     bool HasModified() const;
 
-    /// Writes this node's element with all below it, and clears the mark of each modified widget that is written.
-    void GetXml(QXmlStreamWriter &writer, bool onlyModified);
+    /// Writes this node's element with all below it, and clears the mark of each modified widget that is written,
+    /// unless `keepsMarks`.
+    void GetXml(QXmlStreamWriter &writer, bool onlyModified, bool keepsMarks = false) const;
     /// Reads the element on whose start `reader` stands, to its end. Elements that fit no node are skipped.
     void ReadXml(QXmlStreamReader &reader);
 

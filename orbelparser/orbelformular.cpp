@@ -4,7 +4,9 @@
 #include "formchanges.h"
 #include "formlife.h"
 #include "orbelsheetui.h"
+#include "scriptguard.h"
 
+#include <QMetaMethod>
 #include <QWidget>
 
 namespace KV218
@@ -15,6 +17,17 @@ OrbelFormular::OrbelFormular() : Body(new FormBody(this))
     const OrbelSheetUi *ui = GetSheet().GetUi();
     connect(ui, &OrbelSheetUi::si_parametersModified, this, &OrbelFormular::si_parametersModified);
     connect(ui, &OrbelSheetUi::si_chooseFontSize, this, &OrbelFormular::sl_fontSize);
+    const FormChanges *changes = GetSheet().GetChanges();
+    connect(changes, &FormChanges::changed, this, &OrbelFormular::si_changesChanged);
+    connect(changes, &FormChanges::edited, this,
+        [this](const OrbelDelegate *control) { Q_EMIT si_edited(control->GetXmlPath()); });
+}
+
+void OrbelFormular::connectNotify(const QMetaMethod &signal)
+{
+    // The text of an exception is asked for where somebody reads it.
+    if (signal == QMetaMethod::fromSignal(&OrbelFormular::si_scriptFailed))
+        connect(&Body->GetGuard(), &ScriptGuard::failed, this, &OrbelFormular::si_scriptFailed, Qt::UniqueConnection);
 }
 
 // A form is never copied: what a copy gets is a new, empty one.
@@ -249,6 +262,61 @@ void OrbelFormular::RestoreConfiguration()
 void OrbelFormular::sl_fontSize(int size)
 {
     Run()->ChooseFontSize(size);
+}
+
+QString OrbelFormular::GetXmlSnapshot(bool onlyModified) const
+{
+    return Run()->GetXmlSnapshot(onlyModified);
+}
+
+void OrbelFormular::EnterXmlString(const QString &xml)
+{
+    Run()->EnterXmlString(xml);
+}
+
+bool OrbelFormular::Report(const QString &path, const QVariant &value, QString *error)
+{
+    return Run()->Report(path, value, error);
+}
+
+bool OrbelFormular::Enter(const QString &path, const QVariant &value, QString *error)
+{
+    return Run()->Enter(path, value, error);
+}
+
+bool OrbelFormular::TakeReported(const QString &path)
+{
+    return Run()->TakeReported(path);
+}
+
+bool OrbelFormular::Revert(const QString &path)
+{
+    return Run()->Revert(path);
+}
+
+void OrbelFormular::RevertAll()
+{
+    Run()->RevertAll();
+}
+
+QStringList OrbelFormular::GetChanged() const
+{
+    return Run()->GetChanged();
+}
+
+void OrbelFormular::DropUnchanged()
+{
+    Run()->DropUnchanged();
+}
+
+void OrbelFormular::SetLockReason(const QString &reason)
+{
+    GetSheet().GetUi()->SetLockReason(reason);
+}
+
+void OrbelFormular::SetScriptLimit(int milliseconds)
+{
+    Run()->SetScriptLimit(milliseconds);
 }
 
 void OrbelFormular::EvaluateScript(const QString &text)

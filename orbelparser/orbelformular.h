@@ -116,6 +116,38 @@ public:
     /// Reads parameter documents into the controls; nothing becomes modified by it. Other root elements pass unread.
     void SetXmlString(const QString &xml);
 
+    /// The same document as GetXmlString() gives, and nothing is applied by it: all that is modified stays so.
+    QString GetXmlSnapshot(bool onlyModified) const;
+
+    // What Orbel::Session is made of. Controls are named by parameter path, or by element name as for GetVTValue();
+    // their values are those of OrbelDelegate::GetValue(). False is given for an unknown control, too.
+
+    /// The device has this value now: see OrbelDelegate::Report().
+    bool Report(const QString &path, const QVariant &value, QString *error = nullptr);
+    /// Puts a value as the operator would: marked, recorded, to be applied. False, with the reason in `error`, for a
+    /// value that the control cannot have.
+    bool Enter(const QString &path, const QVariant &value, QString *error = nullptr);
+    /// Reads parameter documents as SetXmlString() does, but as one change of the operator's: what has another value by
+    /// it is marked, recorded, and to be applied.
+    void EnterXmlString(const QString &xml);
+    /// Gives up what the operator has changed, or is typing, for what the device has, as a change of the operator's.
+    /// False where the device does not differ.
+    bool TakeReported(const QString &path);
+    /// Puts back what was applied last, as a change of the operator's. False where that is not known, stands already,
+    /// or the control is locked.
+    bool Revert(const QString &path);
+    void RevertAll();
+    /// The paths of the controls with changes that wait to be applied, in the order of the changes. A value that was
+    /// put back is no change.
+    QStringList GetChanged() const;
+    /// Forgets that those are modified whose applied value stands again. So they do not go into the next document.
+    void DropUnchanged();
+    /// Why the input is locked, for the operator: it stands in the apply row, where that has room. Empty for nothing.
+    void SetLockReason(const QString &reason);
+    /// The longest that one run of the script may take, in milliseconds; it is ended then. 0, as at the start, for no
+    /// limit. A debugger ends the limit.
+    void SetScriptLimit(int milliseconds);
+
     /// The node of the control with that parameter path or element name; owned by the control; null without one.
     ValueBase *GetVTValue(const QString &name) const;
     /// Copies a control's value into the application's `local`, found by its name unless `source` is given. With `init`
@@ -170,6 +202,17 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// There are parameters to fetch with GetXmlString().
     void si_parametersModified();
+    /// The operator has finished a change of the control at that parameter path, or undone one. A slot may end the
+    /// form.
+    void si_edited(const QString &path);
+    /// The undo stack, the list of GetChanged() or what the device says may be another one; once an event round.
+    void si_changesChanged();
+    /// The script threw, at the start or in a handler of a signal, or took longer than it may. `line` counts from 1 in
+    /// the script; 0 where that is not known.
+    void si_scriptFailed(int line, const QString &text);
+
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
 
 private Q_SLOTS:
     void sl_fontSize(int size);

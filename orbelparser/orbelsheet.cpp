@@ -315,13 +315,13 @@ QStringList OrbelSheet::GetCollapsed() const
     return names;
 }
 
-void OrbelSheet::GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified) const
+void OrbelSheet::GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified, bool keepsMarks) const
 {
     const CallScope call(GetLife());
     const bool effective = onlyModified && Ui->GetBool(prop::EmitOnlyModifiedParameters, true);
     Ui->WriteRootStart(writer);
     if (withParameters)
-        Root->GetXml(writer, effective);
+        Root->GetXml(writer, effective, keepsMarks);
     writer.writeEndElement();
 }
 

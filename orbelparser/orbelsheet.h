@@ -98,8 +98,9 @@ public:
     void SetCollapsed(const QStringList &names);
 
     /// Writes the root element, with the parameters or empty. With `onlyModified`, unless the sheet's
-    /// `emitOnlyModifiedParameters` says no, just the modified ones.
-    void GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified) const;
+    /// `emitOnlyModifiedParameters` says no, just the modified ones. What is written is modified no more, unless
+    /// `keepsMarks`.
+    void GetXml(QXmlStreamWriter &writer, bool withParameters, bool onlyModified, bool keepsMarks = false) const;
     /// Reads the content of the root element; nothing becomes modified by it.
     void ReadXml(QXmlStreamReader &reader);
 

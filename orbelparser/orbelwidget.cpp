@@ -100,7 +100,7 @@ void OrbelWidget::CreateGUI(FloatGroupLayout *layout)
     Delegate->CreateGUI(layout);
 }
 
-void OrbelWidget::GetXml(QXmlStreamWriter &writer, bool onlyModified) const
+void OrbelWidget::GetXml(QXmlStreamWriter &writer, bool onlyModified, bool keepsMark) const
 {
     if (!Selected)
         return;
@@ -109,7 +109,7 @@ void OrbelWidget::GetXml(QXmlStreamWriter &writer, bool onlyModified) const
     const bool modified = delegate->isModified();
     if (modified || !onlyModified)
         delegate->GetXml(writer);
-    if (modified)
+    if (modified && !keepsMark)
         delegate->resetModified();
 }
 

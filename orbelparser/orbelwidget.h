@@ -58,8 +58,9 @@ public:
     void ResyncValueTree();
     /// The delegate must exist.
     void CreateGUI(FloatGroupLayout *layout);
-    /// Writes a selected widget that is modified, and clears the mark; an unmodified one only without `onlyModified`.
-    void GetXml(QXmlStreamWriter &writer, bool onlyModified) const;
+    /// Writes a selected widget that is modified, and clears the mark, unless `keepsMark`; an unmodified one only
+    /// without `onlyModified`.
+    void GetXml(QXmlStreamWriter &writer, bool onlyModified, bool keepsMark = false) const;
     /// Reads the widget's parameter element and clears the modified mark.
     void ReadXml(QXmlStreamReader &reader);
 

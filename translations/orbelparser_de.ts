@@ -52,6 +52,25 @@
             <numerusform>%n Änderungen sind noch nicht übernommen</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Take from the device: %1 %2</source>
+        <translation>Vom Gerät übernehmen: %1 %2</translation>
+    </message>
+</context>
+<context>
+    <name>KV218::DeviceNote</name>
+    <message>
+        <source>The device has not confirmed the value</source>
+        <translation>Das Gerät hat den Wert nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>The device has refused the value</source>
+        <translation>Das Gerät hat den Wert abgelehnt</translation>
+    </message>
+    <message>
+        <source>The device has %1</source>
+        <translation>Das Gerät hat %1</translation>
+    </message>
 </context>
 <context>
     <name>KV218::ExclusionListDelegate</name>
@@ -92,6 +111,10 @@
     <message>
         <source>Revert all</source>
         <translation>Alle zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
     </message>
 </context>
 <context>
@@ -179,6 +202,10 @@
     <message>
         <source>item %1</source>
         <translation>Eintrag %1</translation>
+    </message>
+    <message>
+        <source>%1 values</source>
+        <translation>%1 Werte</translation>
     </message>
 </context>
 <context>

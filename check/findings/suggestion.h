@@ -1,5 +1,7 @@
 #pragma once
 
+#include "checkexport.h"
+
 #include <QStringList>
 
 namespace Orbel
@@ -7,12 +9,12 @@ namespace Orbel
 
 /// The name nearest to `name`, when it is near enough to be meant: at most one letter in three differs. Upper and lower
 /// case count as equal. Never `name` itself. Empty when none is near.
-QString NearestName(const QString &name, const QStringList &names);
+ORBEL_CHECK_EXPORT QString NearestName(const QString &name, const QStringList &names);
 
 /// `; did you mean "X"?`, or nothing when no name is near.
-QString DidYouMean(const QString &name, const QStringList &names);
+ORBEL_CHECK_EXPORT QString DidYouMean(const QString &name, const QStringList &names);
 
 /// The names in quotation marks, for messages; beyond ten only their count.
-QString Quoted(const QStringList &names);
+ORBEL_CHECK_EXPORT QString Quoted(const QStringList &names);
 
 } // namespace Orbel

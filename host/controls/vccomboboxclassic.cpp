@@ -1,5 +1,7 @@
 #include "vccomboboxclassic.h"
 
+#include "editquery.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
@@ -91,6 +93,14 @@ void VCComboBoxClassic::Update(Observable *subject, TChangeCode code)
 {
     if (Node.TakeNotification(subject, code))
         ShowNode();
+}
+
+bool VCComboBoxClassic::event(QEvent *event)
+{
+    if (event->type() != EditQuery::Kind())
+        return QComboBox::event(event);
+    event->setAccepted(view()->isVisible());
+    return true;
 }
 
 void VCComboBoxClassic::showPopup()

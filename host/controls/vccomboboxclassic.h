@@ -32,6 +32,8 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    bool event(QEvent *event) override;
+
 protected:
     void showEvent(QShowEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;

@@ -2,9 +2,11 @@
 
 #include "decimalarithmetic.h"
 #include "editend.h"
+#include "editquery.h"
 #include "fieldnote.h"
 #include "frequencytext.h"
 #include "inputlock.h"
+#include "keptcaret.h"
 #include "typingundo.h"
 #include "valuenumeric.h"
 
@@ -118,14 +120,20 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
         return;
     NodeSpoke = true;
     NodeWaits = IsPending();
-    if (IsEditing())
+    if (IsEditing()) {
         TellTyping();
-    else
-        ShowNode();
+        return;
+    }
+    const KeptCaret caret(this, 0, 0, !OperatorAct::On(subject));
+    ShowNode();
 }
 
 bool VCLineEdit::event(QEvent *event)
 {
+    if (event->type() == EditQuery::Kind()) {
+        event->setAccepted(IsEditing());
+        return true;
+    }
     if (event->type() == InputLock::Kind()) {
         DropEdit();
         return true;

@@ -1,8 +1,10 @@
 #include "vcnumericfloatspin.h"
 
 #include "editend.h"
+#include "editquery.h"
 #include "fieldnote.h"
 #include "inputlock.h"
+#include "keptcaret.h"
 #include "tree.h"
 #include "typingundo.h"
 #include "valuenumeric.h"
@@ -115,6 +117,7 @@ void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
     if (!Node.TakeNotification(subject, code))
         return;
     ReadNode();
+    const KeptCaret caret(lineEdit(), prefix().size(), suffix().size(), !OperatorAct::On(subject));
     ShowNodeAfterEdit();
 }
 
@@ -142,6 +145,10 @@ bool VCNumericFloatSpin::event(QEvent *event)
     if (event->type() == QEvent::ShortcutOverride && IsPending()
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         event->accept();
+        return true;
+    }
+    if (event->type() == EditQuery::Kind()) {
+        event->setAccepted(IsPending());
         return true;
     }
     if (event->type() == InputLock::Kind()) {

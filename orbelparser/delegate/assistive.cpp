@@ -233,7 +233,7 @@ QString Assistive::DescriptionOf(const QWidget *widget, const QString &own)
     if (!bounds.isEmpty() || Says(name, toolTip))
         toolTip.clear();
     return Joined({IsRefused(widget) ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "not accepted")) : QString(),
-        set.isEmpty() ? bounds : set, toolTip,
+        set.isEmpty() ? bounds : set, toolTip, shown.Delegate->GetDeviceText(),
         label && label->IsMarked() ? Translated(QT_TRANSLATE_NOOP("KV218::Assistive", "changed, not applied"))
                                    : QString()});
 }

@@ -67,7 +67,30 @@ void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int
     if (entry->IsEmpty())
         return;
     entry->SkipNextRedo();
+    const CallScope call(Life);
     Push(entry.release());
+    TellEdited(control);
+}
+
+void FormChanges::RecordAll(const Former &former)
+{
+    const CallScope call(Life);
+    auto entry = std::make_unique<ChangeEntry>(tr("Parameters"), Moves);
+    QVector<QPointer<OrbelDelegate>> changed;
+    for (const auto &[control, before] : former) {
+        if (!control || before == control->GetEdits())
+            continue;
+        entry->Add(control, before, control->GetEdits());
+        changed.append(control);
+    }
+    if (!entry->IsEmpty()) {
+        entry->SkipNextRedo();
+        Push(entry.release());
+    }
+    for (const QPointer<OrbelDelegate> &control : qAsConst(changed)) {
+        if (control)
+            TellEdited(control);
+    }
 }
 
 /// What handlers bring while an entry moves comes after it: the stack takes nothing meanwhile.
@@ -144,6 +167,24 @@ void FormChanges::RevertAll()
         Push(entry.release());
 }
 
+bool FormChanges::Revert(OrbelDelegate *control)
+{
+    const CallScope call(Life);
+    const QVariantList *applied = control->GetApplied();
+    if (!applied)
+        return false;
+    auto entry = std::make_unique<ChangeEntry>(control, 0, Moves);
+    entry->Add(control, control->GetEdits(), *applied);
+    if (entry->IsEmpty())
+        return false;
+    if (const OrbelDelegate *locked = entry->FindLocked(false)) {
+        Q_EMIT refused(tr("%1 is locked").arg(locked->GetCaption()));
+        return false;
+    }
+    Push(entry.release());
+    return true;
+}
+
 void FormChanges::Note(OrbelDelegate *control)
 {
     QPointer<OrbelDelegate> &noted = Noted[control];
@@ -163,6 +204,18 @@ QVector<OrbelDelegate *> FormChanges::GetChanged()
             changed.append(control);
     }
     return changed;
+}
+
+QVector<OrbelDelegate *> FormChanges::GetDiffering()
+{
+    const CallScope call(Life);
+    Settle();
+    QVector<OrbelDelegate *> differing;
+    for (const QPointer<OrbelDelegate> &control : qAsConst(Differing)) {
+        if (control && control->GetReported())
+            differing.append(control);
+    }
+    return differing;
 }
 
 void FormChanges::TellLater()
@@ -197,6 +250,8 @@ void FormChanges::Settle()
         const bool isChanged = control && control->IsChanged();
         if (control)
             control->ShowChanged(isChanged);
+        if (control && control->GetReported() && !Differing.contains(control))
+            Differing.append(control);
         if (isChanged && !listed.contains(control)) {
             listed.insert(control);
             Changed.append(control);
@@ -204,6 +259,8 @@ void FormChanges::Settle()
     }
     const auto isOver = [](const QPointer<OrbelDelegate> &control) { return !control || !control->IsChanged(); };
     Changed.erase(std::remove_if(Changed.begin(), Changed.end(), isOver), Changed.end());
+    const auto agrees = [](const QPointer<OrbelDelegate> &control) { return !control || !control->GetReported(); };
+    Differing.erase(std::remove_if(Differing.begin(), Differing.end(), agrees), Differing.end());
 }
 
 /// Gives the last entries their sentences, which cost more than the change itself: once for all steps of a turn.

@@ -44,6 +44,8 @@ public:
     void Redo() { Go(false); }
     /// Puts back what was applied last, as one change; where that is not known, nothing.
     void RevertAll();
+    /// Puts back what was applied last in one control, as one change; false where that is not known or nothing else.
+    bool Revert(OrbelDelegate *control);
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
@@ -53,10 +55,23 @@ public:
     void Ended(OrbelDelegate *control);
     /// The operator changed a control, which had these values before. Changes of one `session` other than 0 become one.
     void Record(OrbelDelegate *control, const QVariantList &before, int session);
+    /// Controls with the values that they had before.
+    using Former = QVector<QPair<QPointer<OrbelDelegate>, QVariantList>>;
+    /// The operator has changed them at once, by a document for instance.
+    void RecordAll(const Former &former);
     /// A control's modified state, or the value of a modified one, may have changed.
     void Note(OrbelDelegate *control);
     /// The controls with changes that wait to be applied, in the order in which they were changed.
     QVector<OrbelDelegate *> GetChanged();
+    /// The controls in which the operator's value stands in place of the device's, in the order in which that began.
+    QVector<OrbelDelegate *> GetDiffering();
+
+    /// Must stand around a change that the device brings: what becomes modified by it is not the operator's.
+    void BeginReport() { ++Reports; }
+    void EndReport() { --Reports; }
+    bool IsReporting() const { return Reports > 0; }
+    /// Must be told when the operator has finished a change of a control that is not recorded.
+    void TellEdited(OrbelDelegate *control) { Q_EMIT edited(control); }
 
 Q_SIGNALS:
     /// The stack or the list of changed controls has changed. Emitted once an event round, and never from within a
@@ -65,6 +80,8 @@ Q_SIGNALS:
     /// Nothing was undone, for this reason.
     void refused(const QString &reason);
     void applyWanted();
+    /// The operator has finished a change of this control, or undone one. A slot may end the form.
+    void edited(OrbelDelegate *control);
 
 private:
     /// A host may move the stack itself, by many entries at once.
@@ -87,6 +104,8 @@ private:
     /// The same in the order in which they came.
     QVector<OrbelDelegate *> NotedInOrder;
     QVector<QPointer<OrbelDelegate>> Changed;
+    QVector<QPointer<OrbelDelegate>> Differing;
+    int Reports = 0;
     /// Whether an event is posted that emits the changes.
     bool Due = false;
     /// Entries move, or come.

@@ -65,6 +65,43 @@ void FormDoor::Note() const
         sheet->GetChanges()->Note(Widget->GetDelegate());
 }
 
+bool FormDoor::IsReporting() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet && sheet->GetChanges()->IsReporting();
+}
+
+FormDoor::Reporting::Reporting(const FormDoor &door) : Changes(door.Sheet() ? door.Sheet()->GetChanges() : nullptr)
+{
+    if (Changes)
+        Changes->BeginReport();
+}
+
+FormDoor::Reporting::~Reporting()
+{
+    if (Changes)
+        Changes->EndReport();
+}
+
+void FormDoor::TellEdited() const
+{
+    if (const OrbelSheet *sheet = Sheet())
+        sheet->GetChanges()->TellEdited(Widget->GetDelegate());
+}
+
+bool FormDoor::Revert() const
+{
+    const OrbelSheet *sheet = Sheet();
+    return sheet && sheet->GetChanges()->Revert(Widget->GetDelegate());
+}
+
+void FormDoor::SettleModified() const
+{
+    OrbelSheet *const sheet = Sheet();
+    if (sheet && sheet->isModified() && !sheet->isWidgetModified())
+        sheet->resetModified();
+}
+
 void FormDoor::Show() const
 {
     if (OrbelSheet *sheet = Sheet())

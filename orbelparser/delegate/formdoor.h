@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QExplicitlySharedDataPointer>
+#include <QPointer>
 #include <QString>
 #include <QVariant>
 
@@ -9,6 +10,7 @@ class QWidget;
 namespace KV218
 {
 
+class FormChanges;
 class OrbelDelegate;
 class OrbelEnum;
 class OrbelSheet;
@@ -39,6 +41,26 @@ public:
     bool isActive() const;
     /// Must be called when the control becomes modified or no longer is, and when a modified one has new values.
     void Note() const;
+    /// While a value of the device's is being shown, what changes is not the operator's.
+    bool IsReporting() const;
+    /// Stands while a control shows a value of the device's.
+    class Reporting
+    {
+    public:
+        explicit Reporting(const FormDoor &door);
+        ~Reporting();
+        Reporting(const Reporting &) = delete;
+        Reporting &operator=(const Reporting &) = delete;
+
+    private:
+        const QPointer<FormChanges> Changes;
+    };
+    /// The operator has changed this control.
+    void TellEdited() const;
+    /// Puts back what was applied; see FormChanges.
+    bool Revert() const;
+    /// Forgets that there is something to apply where no control has anything any more.
+    void SettleModified() const;
     /// Brings this control before the operator's eyes: expands its group, scrolls to it, and gives it the focus.
     void Show() const;
 

@@ -2,6 +2,7 @@
 
 #include "orbeldelegate.h"
 
+#include "devicenote.h"
 #include "formdoor.h"
 #include "formlimits.h"
 #include "operatoract.h"
@@ -50,6 +51,11 @@ QVariantList OrbelDelegate::GetEdits() const
 
 void OrbelDelegate::PutEdits(const QVariantList &values)
 {
+    PutReported(values);
+}
+
+void OrbelDelegate::PutReported(const QVariantList &values)
+{
     const QVariantList before = GetEdits();
     // Whoever hears of one node may end the others, or set them, which stays.
     for (int i = 0; i < values.size() && i < before.size(); ++i) {
@@ -70,6 +76,8 @@ void OrbelDelegate::MoveEdits(const QVariantList &values)
         PutEdits(values);
     }
     BeginAnew();
+    if (!AreSameEdits(stands, GetEdits()))
+        Form().TellEdited();
 }
 
 void OrbelDelegate::RecordSoFar()
@@ -100,34 +108,56 @@ QString OrbelDelegate::SpellEditPart(int index) const
     return QString::number(index + 1);
 }
 
-QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantList &after) const
+QString OrbelDelegate::ToldEdit(const QString &text)
 {
-    constexpr int mostTold = 3;
-    QStringList from;
-    QStringList to;
-    int last = 0;
-    const QString none = QCoreApplication::translate("KV218::OrbelDelegate", "(empty)");
-    const auto spelled = [&](int index, const QVariant &value) {
-        const QString text = SpellEdit(index, value).simplified();
-        if (text.size() > limit::ToldValue)
-            return text.left(limit::ToldValue) + QChar(0x2026);
-        return text.isEmpty() ? none : text;
-    };
+    const QString line = text.simplified();
+    if (line.size() > limit::ToldValue)
+        return line.left(limit::ToldValue) + QChar(0x2026);
+    return line.isEmpty() ? QCoreApplication::translate("KV218::OrbelDelegate", "(empty)") : line;
+}
+
+OrbelDelegate::Sides OrbelDelegate::TellSides(const QVariantList &before, const QVariantList &after) const
+{
+    Sides sides;
     for (int i = 0; i < before.size() && i < after.size(); ++i) {
         if (IsSameEdit(before.at(i), after.at(i)))
             continue;
-        from.append(spelled(i, before.at(i)));
-        to.append(spelled(i, after.at(i)));
-        last = i;
+        sides.Before.append(ToldEdit(SpellEdit(i, before.at(i))));
+        sides.After.append(ToldEdit(SpellEdit(i, after.at(i))));
+        sides.LastIndex = i;
     }
-    if (from.isEmpty())
-        return GetCaption();
-    if (from.size() > mostTold)
-        return QCoreApplication::translate("KV218::OrbelDelegate", "%1: %2 values").arg(GetCaption()).arg(from.size());
-    const bool isPart = from.size() == 1 && after.size() > 1;
-    const QString who = isPart ? GetCaption() + QLatin1Char(' ') + SpellEditPart(last) : GetCaption();
+    return sides;
+}
+
+static constexpr int MostTold = 3; // of values that have changed at once
+
+static QString Counted(int values)
+{
+    return QCoreApplication::translate("KV218::OrbelDelegate", "%1 values").arg(values);
+}
+
+QPair<QString, QString> OrbelDelegate::SpellSides(const QVariantList &before, const QVariantList &after) const
+{
+    const Sides sides = TellSides(before, after);
+    const int count = sides.Before.size();
+    if (count > MostTold)
+        return {Counted(count), Counted(count)};
     const QString separator = QStringLiteral(", ");
-    return QStringLiteral("%1: %2 \u2192 %3").arg(who, from.join(separator), to.join(separator));
+    return {sides.Before.join(separator), sides.After.join(separator)};
+}
+
+QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantList &after) const
+{
+    const Sides sides = TellSides(before, after);
+    const int count = sides.Before.size();
+    if (count == 0)
+        return GetCaption();
+    if (count > MostTold)
+        return QCoreApplication::translate("KV218::OrbelDelegate", "%1: %2 values").arg(GetCaption()).arg(count);
+    const bool isPart = count == 1 && after.size() > 1;
+    const QString who = isPart ? GetCaption() + QLatin1Char(' ') + SpellEditPart(sides.LastIndex) : GetCaption();
+    const QString separator = QStringLiteral(", ");
+    return QStringLiteral("%1: %2 \u2192 %3").arg(who, sides.Before.join(separator), sides.After.join(separator));
 }
 
 bool OrbelDelegate::IsSameEdit(const QVariant &one, const QVariant &other)
@@ -166,14 +196,22 @@ bool OrbelDelegate::IsChanged() const
         return false;
     if (!Applied)
         return true;
-    const QVariantList now = GetEdits();
-    return now.size() != Applied->size() || !std::equal(now.begin(), now.end(), Applied->begin(), &IsSameEdit);
+    return !AreSameEdits(GetEdits(), *Applied);
+}
+
+bool OrbelDelegate::AreSameEdits(const QVariantList &one, const QVariantList &other)
+{
+    return one.size() == other.size() && std::equal(one.begin(), one.end(), other.begin(), &IsSameEdit);
 }
 
 void OrbelDelegate::ShowChanged(bool changed)
 {
-    if (Label)
-        Label->SetMarked(changed);
+    SettleDevice(changed);
+    if (!Label)
+        return;
+    const RowLabel::Mark answer = GetAnswer();
+    const RowLabel::Mark own = changed ? RowLabel::Changed : answer;
+    Label->SetMark(answer == RowLabel::Refused ? answer : GetReported() ? RowLabel::Differs : own);
 }
 
 void OrbelDelegate::JoinAct(const Observable *node)

@@ -69,8 +69,11 @@ bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int
 
 void OrbelDelegate::setModified(bool autoApply)
 {
-    if (!GenerateXml)
+    const bool byOperator = EditsBefore;
+    if (!GenerateXml || (!byOperator && Form().IsReporting()))
         return;
+    if (byOperator && GetAnswer() != RowLabel::None)
+        SetAnswer(RowLabel::None, QString());
     KeepApplied();
     ChangeShows = ChangeShows || Form().isActive();
     Modified = true;

@@ -6,6 +6,7 @@
 #include "loadhooks.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
+#include "scriptguard.h"
 #include "trace.h"
 #include "translationcenter.h"
 #include "xmlwalk.h"
@@ -40,6 +41,7 @@ FormBody::FormBody(OrbelFormular *form)
     KeepLoadHooks();
     RegisterScriptTypes(Engine.get());
     Sheet.GetLife()->Watch(Engine.get());
+    Guard = std::make_unique<ScriptGuard>(Engine.get());
     QObject::connect(Sheet.GetChanges(), &FormChanges::applyWanted, Sheet.GetUi(), [this] { ApplyTyped(); });
 }
 
@@ -193,6 +195,15 @@ QString FormBody::GetXmlString(bool onlyModified)
     return xml;
 }
 
+QString FormBody::GetXmlSnapshot(bool onlyModified) const
+{
+    QString xml;
+    QXmlStreamWriter writer(&xml);
+    SetUp(writer);
+    Sheet.GetXml(writer, true, onlyModified, true);
+    return xml;
+}
+
 QString FormBody::GetEmptyXmlElement() const
 {
     QString xml;
@@ -263,6 +274,8 @@ void FormBody::RestoreConfiguration()
 void FormBody::RunScript()
 {
     Engine->evaluate(Script.GetCode(), QString(), 1);
+    if (Engine->hasUncaughtException())
+        Guard->TellException(Engine->uncaughtException(), Engine->uncaughtExceptionLineNumber());
     // An exception tells its text by a function of the script, which runs for nothing when nobody reads it.
     if (!Engine->hasUncaughtException() || !(ErrorHandler::Instance().GetTraceMask() & ekTraceFailure))
         return;
@@ -299,6 +312,11 @@ QMap<QString, QScriptValue> FormBody::GetScriptValues() const
             values.insert(global.name(), value);
     }
     return values;
+}
+
+void FormBody::SetScriptLimit(int milliseconds)
+{
+    Guard->SetLimit(milliseconds);
 }
 
 void FormBody::DebugScript()

@@ -20,6 +20,8 @@ class ValueSelection;
 namespace KV218
 {
 
+class ScriptGuard;
+
 /// The inside of a form: all that its calls work on. The form is deleted by whoever holds it last, at any moment; its
 /// body lives on as FormLife tells, so that what runs in here may call anybody. See OrbelFormular for the operations.
 class FormBody
@@ -55,8 +57,19 @@ public:
     void ChooseFontSize(int size);
 
     QString GetXmlString(bool onlyModified);
+    QString GetXmlSnapshot(bool onlyModified) const;
     QString GetEmptyXmlElement() const;
     void SetXmlString(const QString &xml);
+    void EnterXmlString(const QString &xml);
+
+    OrbelDelegate *FindControl(const QString &path) const;
+    bool Report(const QString &path, const QVariant &value, QString *error);
+    bool Enter(const QString &path, const QVariant &value, QString *error);
+    bool TakeReported(const QString &path);
+    bool Revert(const QString &path);
+    void RevertAll();
+    QStringList GetChanged() const;
+    void DropUnchanged();
 
     ValueBase *GetVTValue(const QString &name) const;
     ValueBase *GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source);
@@ -76,6 +89,8 @@ public:
     void SetScriptValue(const QString &name, const QScriptValue &value);
     QMap<QString, QScriptValue> GetScriptValues() const;
     void DebugScript();
+    const ScriptGuard &GetGuard() const { return *Guard; }
+    void SetScriptLimit(int milliseconds);
 
 private:
     void ParseEnums(QXmlStreamReader &reader);
@@ -96,6 +111,7 @@ private:
     std::unique_ptr<QScriptEngine> Engine;
     ScriptPrototypes Prototypes;
     std::unique_ptr<QScriptEngineDebugger> Debugger;
+    std::unique_ptr<ScriptGuard> Guard;
     FormConfiguration Configuration;
 };
 

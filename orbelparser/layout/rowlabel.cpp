@@ -10,11 +10,11 @@
 
 RowLabel::RowLabel(const QString &text, QWidget *parent) : QLabel(text, parent) { }
 
-void RowLabel::SetMarked(bool marked)
+void RowLabel::SetMark(Mark mark)
 {
-    if (marked == Marked)
+    if (mark == Shown)
         return;
-    Marked = marked;
+    Shown = mark;
     update();
 }
 
@@ -103,7 +103,7 @@ void RowLabel::paintEvent(QPaintEvent *event)
     const bool plain = IsPlainText();
     {
         QPainter painter(this);
-        if (Marked)
+        if (Shown != None)
             PaintMark(painter);
         if (plain) {
             drawFrame(&painter);
@@ -122,17 +122,26 @@ void RowLabel::PaintText(QPainter &painter) const
     style()->drawItemText(&painter, place, flags, palette(), isEnabled(), text(), foregroundRole());
 }
 
-/// A bar under the text, whose letters stand before it: there is no room beside the widest label.
+/// A bar under the text, whose letters stand before it: there is no room beside the widest label. Whole for a change,
+/// thick and red for a refusal, dashed where the device differs, dotted while it does not answer.
 void RowLabel::PaintMark(QPainter &painter) const
 {
     const QFontMetrics metrics = fontMetrics();
-    const QRect line(0, 0, qMin(width(), metrics.size(0, text()).width()), qMax(2, metrics.height() / 8));
+    const int thickness = qMax(2, metrics.height() / 8) * (Shown == Refused ? 2 : 1);
+    const QRect line(0, 0, qMin(width(), metrics.size(0, text()).width()), thickness);
     QRectF bar = QStyle::visualRect(layoutDirection(), rect(), line);
     bar.moveBottom(qMin(height(), Baseline() + metrics.descent() + 1));
+    const QColor background = palette().color(backgroundRole());
     const QColor accent = palette().color(QPalette::Highlight);
-    const bool isSeen = ReadableColor::Contrast(palette().color(backgroundRole()), accent) >= 3;
+    const bool isSeen = ReadableColor::Contrast(background, accent) >= 3;
+    const QColor plain = isSeen ? accent : palette().color(foregroundRole());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(isSeen ? accent : palette().color(foregroundRole()));
-    painter.drawRoundedRect(bar, bar.height() / 2, bar.height() / 2);
+    painter.setBrush(Shown == Refused ? ReadableColor::Refused(background) : plain);
+    const qreal piece = Shown == Differs ? 4 * bar.height() : Shown == Unconfirmed ? bar.height() : bar.width();
+    const qreal gap = Shown == Differs ? 2 * bar.height() : bar.height();
+    for (qreal left = bar.left(); left < bar.right(); left += piece + gap) {
+        const QRectF part(left, bar.top(), qMin(piece, bar.right() - left), bar.height());
+        painter.drawRoundedRect(part, bar.height() / 2, bar.height() / 2);
+    }
 }

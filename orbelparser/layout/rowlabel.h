@@ -15,9 +15,14 @@ class ORBEL_EXPORT RowLabel : public QLabel
 public:
     RowLabel(const QString &text, QWidget *parent);
 
-    /// Shows or hides the small mark of a control whose change has not been applied yet. It takes no room.
-    void SetMarked(bool marked);
-    bool IsMarked() const { return Marked; }
+    /// What is to be known of the control besides its value: its change has not been applied yet; it was applied, and
+    /// no answer came; the device has another value; the device has refused the value.
+    enum Mark { None, Changed, Unconfirmed, Differs, Refused };
+    /// Shows a small mark, or none. It takes no room, and each looks otherwise in its shape as well.
+    void SetMark(Mark mark);
+    Mark GetMark() const { return Shown; }
+    /// Whether the change of the control has not been applied.
+    bool IsMarked() const { return Shown == Changed || Shown == Differs; }
 
     /// Takes `control` as the one beside it, which is to have that size, or null. Gives the height that the text needs
     /// for it, `least` or more, in pixels; `own` is that of the size hint.
@@ -55,5 +60,5 @@ private:
     QString TextBeside;
     int TextHeight = -1;
     int NeededHeight = 0;
-    bool Marked = false;
+    Mark Shown = None;
 };

@@ -1,6 +1,7 @@
 #include "cellitemdelegate.h"
 
 #include "editend.h"
+#include "editquery.h"
 #include "fieldnote.h"
 #include "inputlock.h"
 #include "survives.h"
@@ -34,6 +35,10 @@ bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
     auto *editor = qobject_cast<QWidget *>(watched);
     if (!editor)
         return QStyledItemDelegate::eventFilter(watched, event);
+    if (event->type() == EditQuery::Kind()) {
+        event->accept();
+        return true;
+    }
     if (event->type() == InputLock::Kind()) {
         DropEdit(editor);
         return true;

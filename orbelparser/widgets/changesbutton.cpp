@@ -15,6 +15,8 @@ namespace KV218
 namespace
 {
 
+constexpr int MostListed = 30; // controls, of those that have changed, and of those where the device differs
+
 /// Shown in a menu as it stands: `&` marks no letter there. A key is only told, the form itself listens to it.
 QString MenuText(QString text, const QKeySequence &key = QKeySequence())
 {
@@ -84,7 +86,8 @@ void ChangesButton::Place()
     const QRect place(QPoint(row->width() - size.width(), (row->height() - size.height()) / 2), size);
     setGeometry(QStyle::visualRect(row->layoutDirection(), row->rect(), place));
     const QUndoStack *stack = Changes->GetStack();
-    setVisible(fits && (text() != QLatin1String("0") || stack->canUndo() || stack->canRedo()));
+    const bool hasEntries = text() != QLatin1String("0") || stack->canUndo() || stack->canRedo();
+    setVisible(fits && (hasEntries || !Changes->GetDiffering().isEmpty()));
     raise();
 }
 
@@ -109,22 +112,34 @@ void ChangesButton::FillMenu(QMenu *menu)
         stack->canRedo(), changes, &FormChanges::Redo);
     menu->addSeparator();
     AddChanges(menu);
+    AddReported(menu);
     AddEntry(menu, MenuText(tr("Apply"), int(Qt::CTRL) + Qt::Key_Return), text() != QLatin1String("0"), changes,
         &FormChanges::Apply);
     AddEntry(menu, MenuText(tr("Revert all")), text() != QLatin1String("0"), changes, &FormChanges::RevertAll);
 }
 
+/// Where the device has another value than the operator, he may take it.
+void ChangesButton::AddReported(QMenu *menu)
+{
+    const QVector<OrbelDelegate *> controls = Changes->GetDiffering();
+    for (OrbelDelegate *control : controls.mid(0, MostListed)) {
+        const QString text = tr("Take from the device: %1 %2").arg(control->GetCaption(), control->SpellReported());
+        AddEntry(menu, MenuText(text), true, control, [control] { control->TakeReported(); });
+    }
+    if (!controls.isEmpty())
+        menu->addSeparator();
+}
+
 void ChangesButton::AddChanges(QMenu *menu)
 {
-    constexpr int mostListed = 30;
     const QVector<OrbelDelegate *> controls = Changes->GetChanged();
-    for (OrbelDelegate *control : controls.mid(0, mostListed)) {
+    for (OrbelDelegate *control : controls.mid(0, MostListed)) {
         const QVariantList *applied = control->GetApplied();
         const QString change = applied ? control->SpellChange(*applied, control->GetEdits()) : control->GetCaption();
         AddEntry(menu, MenuText(change), true, control, [control] { control->ComeIntoView(); });
     }
-    if (controls.size() > mostListed)
-        menu->addAction(tr("%1 more").arg(controls.size() - mostListed))->setEnabled(false);
+    if (controls.size() > MostListed)
+        menu->addAction(tr("%1 more").arg(controls.size() - MostListed))->setEnabled(false);
     if (!controls.isEmpty())
         menu->addSeparator();
 }

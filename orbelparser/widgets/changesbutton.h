@@ -32,6 +32,7 @@ private:
     void OpenMenu();
     void FillMenu(QMenu *menu);
     void AddChanges(QMenu *menu);
+    void AddReported(QMenu *menu);
 
     const QPointer<FormChanges> Changes;
 };

@@ -9,6 +9,7 @@
 #include "newcontrol.h"
 #include "tablefont.h"
 #include "tablekeys.h"
+#include "typedvalue.h"
 
 #include <QHeaderView>
 #include <QMenu>
@@ -218,6 +219,21 @@ void OrbelChannelSpacingTable::PutEdits(const QVariantList &values)
         if (!IsSameEdit(before.at(row), values.at(row)))
             setSpacingValue(row, values.at(row).toDouble());
     }
+}
+
+bool OrbelChannelSpacingTable::EditsOf(const QVariant &value, QVariantList *edits, QString *error) const
+{
+    *edits = value.toList();
+    if (edits->size() != Spacings.size())
+        return Refuse(QStringLiteral("A list of %1 values is wanted").arg(Spacings.size()), error);
+    for (QVariant &spacing : *edits) {
+        bool isNumber = false;
+        const double number = spacing.toDouble(&isNumber);
+        if (!isNumber || !std::isfinite(number))
+            return Refuse(QStringLiteral("\"%1\" is no number").arg(spacing.toString()), error);
+        spacing = number;
+    }
+    return true;
 }
 
 QString OrbelChannelSpacingTable::SpellEdit(int, const QVariant &value) const

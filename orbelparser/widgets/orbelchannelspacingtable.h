@@ -32,6 +32,8 @@ public:
     QVector<Face> GetFaces() const override;
     QVariantList GetEdits() const override;
     void PutEdits(const QVariantList &values) override;
+    QVariant ValueOf(const QVariantList &edits) const override { return edits; }
+    bool EditsOf(const QVariant &value, QVariantList *edits, QString *error) const override;
     QString SpellEdit(int index, const QVariant &value) const override;
 
 Q_SIGNALS:

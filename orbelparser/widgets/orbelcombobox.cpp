@@ -3,6 +3,7 @@
 #include "floatgrouplayout.h"
 #include "formdoor.h"
 #include "newcontrol.h"
+#include "typedvalue.h"
 #include "valueselection.h"
 
 #include <QCoreApplication>
@@ -143,6 +144,25 @@ QString OrbelComboBox::SpellEdit(int, const QVariant &value) const
 {
     const QByteArray name = value.toString().toUtf8();
     return Enum ? QCoreApplication::translate(ContextOf(*Enum).constData(), name.constData()) : value.toString();
+}
+
+/// The application may have given items that have no row.
+QVariant OrbelComboBox::ValueOf(const QVariantList &edits) const
+{
+    const QString name = edits.value(0).toString();
+    const int row = Enum ? Enum->firstIndexOfName(name) : -1;
+    return row < 0 ? name : Enum->GetValueAt(row).GetValue();
+}
+
+bool OrbelComboBox::EditOf(const ValueBase &, const QVariant &value, QString *text, QString *error) const
+{
+    const QString wanted = value.toString();
+    const int row = firstIndexOfValue(wanted);
+    *text = row < 0 ? wanted : Enum->GetValueAt(row).GetDisplayName();
+    QStringList names;
+    for (long i = 0; i < ValueNode->GetItemCount(); ++i)
+        names.append(ValueNode->GetItemIndex(i)->GetName());
+    return names.contains(*text) || Refuse(QStringLiteral("\"%1\" is none of the choices").arg(wanted), error);
 }
 
 void OrbelComboBox::NodeChanged(Observable *subject, TChangeCode code)

@@ -25,6 +25,7 @@ public:
     void ReadXml(QXmlStreamReader &reader) override;
     void TakeNode() override;
     QString SpellEdit(int index, const QVariant &value) const override;
+    QVariant ValueOf(const QVariantList &edits) const override;
 
     /// The number that the chosen row's value text states, or the row's index from 0 where it states none; 0 without an
     /// enumeration.
@@ -60,6 +61,7 @@ public:
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
     void NodeChanged(Observable *subject, TChangeCode code) override;
+    bool EditOf(const ValueBase &node, const QVariant &value, QString *text, QString *error) const override;
 
 private:
     QExplicitlySharedDataPointer<OrbelEnum> FindEnum() const;

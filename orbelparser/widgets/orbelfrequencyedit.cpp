@@ -250,6 +250,11 @@ QVariant OrbelFrequencyEdit::HeldNumber(const QString &name) const
     return name == prop::Value ? QVariant(HeldHertz()) : QVariant();
 }
 
+QVariant OrbelFrequencyEdit::HostNumber(const QVariant &held) const
+{
+    return Saturated<qint64>(std::trunc(held.toDouble()));
+}
+
 qint64 OrbelFrequencyEdit::HeldHertz() const
 {
     return Saturated<qint64>(std::trunc(valueNode->GetValue()));

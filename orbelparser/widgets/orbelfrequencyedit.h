@@ -67,6 +67,7 @@ protected:
     void NodesMoved() override;
     bool IsNumber(const QString &name) const override;
     QVariant HeldNumber(const QString &name) const override;
+    QVariant HostNumber(const QVariant &held) const override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text);

@@ -200,6 +200,11 @@ QVariant OrbelFrequencyRangeEdit::HeldNumber(const QString &name) const
     return name == prop::Maximum ? QVariant(stopNode->GetMax()) : QVariant();
 }
 
+QVariant OrbelFrequencyRangeEdit::HostNumber(const QVariant &held) const
+{
+    return Saturated<qint64>(std::trunc(held.toDouble()));
+}
+
 void OrbelFrequencyRangeEdit::TakeNode()
 {
     const QPair<QLatin1String, OwnedNode<ValueDouble> *> bounds[]

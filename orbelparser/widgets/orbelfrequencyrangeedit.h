@@ -77,6 +77,7 @@ protected:
     QString SpellEditPart(int index) const override;
     bool IsNumber(const QString &name) const override;
     QVariant HeldNumber(const QString &name) const override;
+    QVariant HostNumber(const QVariant &held) const override;
 
 private Q_SLOTS:
     void SlotTextEdited(QString text = QString());

@@ -61,6 +61,11 @@ void OrbelInt64SpinBox::EmitNumber(double number)
     Q_EMIT editingFinished();
 }
 
+QVariant OrbelInt64SpinBox::HostNumber(const QVariant &held) const
+{
+    return Saturated<qint64>(std::trunc(held.toDouble()));
+}
+
 void OrbelInt64SpinBox::setUnitScale(QString)
 {
     // Meant: every text sets the scale to hertz, so a script cannot choose one by name.

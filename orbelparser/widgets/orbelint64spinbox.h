@@ -48,6 +48,7 @@ protected:
     void ShowFirstBounds() override;
     QString DocumentText() const override;
     void EmitNumber(double number) override;
+    QVariant HostNumber(const QVariant &held) const override;
 
 private:
     void ApplyUnitScale();

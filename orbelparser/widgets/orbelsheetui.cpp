@@ -7,6 +7,7 @@
 #include "formchanges.h"
 #include "formkeys.h"
 #include "inputlock.h"
+#include "lockline.h"
 #include "openingfocus.h"
 #include "vcfrequency.h"
 
@@ -91,10 +92,18 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
-    if (Changes)
-        new ChangesButton(box, Changes);
+    ChangesButton *const button = Changes ? new ChangesButton(box, Changes) : nullptr;
+    Line = new LockLine(box, button);
+    Line->SetReason(LockReason);
     Retranslate();
     return box;
+}
+
+void OrbelSheetUi::SetLockReason(const QString &reason)
+{
+    LockReason = reason;
+    if (Line)
+        Line->SetReason(reason);
 }
 
 void OrbelSheetUi::Retranslate()

@@ -18,6 +18,7 @@ namespace KV218
 {
 
 class FormChanges;
+class LockLine;
 
 /// The delegate of the sheet itself, which scripts reach under the sheet's name. It builds the frame in which the
 /// controls live, with or without an apply row, keeps the modified state of the form, and tells the host of parameters
@@ -47,6 +48,8 @@ public:
     FloatGroupLayout *GetLayout() const;
     /// Scrolls to the control that has the focus, when the layout has come to rest.
     void ScrollToFocus();
+    /// Why the input is locked; stands in the apply row, if there is one.
+    void SetLockReason(const QString &reason);
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
     /// Called when the frame hears that the language has changed, before the controls do.
     void SetLanguageListener(const std::function<void()> &listener) { Listener = listener; }
@@ -122,6 +125,8 @@ private:
     QPointer<QWidget> ApplyBox;
     QPointer<QPushButton> ApplyButton;
     QPointer<QCheckBox> AutoApplyBox;
+    QPointer<LockLine> Line;
+    QString LockReason;
     // What had the focus when it was parked.
     QPointer<QWidget> Parked;
     std::function<void()> Listener;

@@ -1,6 +1,7 @@
 #include "orbelspinbox.h"
 
 #include "newcontrol.h"
+#include "saturate.h"
 
 #include <limits>
 #include <QXmlStreamReader>
@@ -77,6 +78,16 @@ QVariant OrbelSpinBox::HeldNumber(const QString &name) const
     if (name == prop::SingleStep)
         return ValueNode->GetStep();
     return name == prop::Value ? QVariant(ValueNode->GetValue()) : QVariant();
+}
+
+QVariant OrbelSpinBox::HostNumber(const QVariant &held) const
+{
+    return Saturated<int>(held.toDouble() - GetInt(prop::DisplayAdditiveOffset, 0));
+}
+
+double OrbelSpinBox::NodeNumber(double number) const
+{
+    return number + GetInt(prop::DisplayAdditiveOffset, 0);
 }
 
 void OrbelSpinBox::TakeNode()

@@ -46,6 +46,8 @@ protected:
     void EmitNumber(int number) override;
     bool WriteToNode(const QString &name, const QVariant &value) override;
     QVariant HeldNumber(const QString &name) const override;
+    QVariant HostNumber(const QVariant &held) const override;
+    double NodeNumber(double number) const override;
 };
 
 } // namespace KV218

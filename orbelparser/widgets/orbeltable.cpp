@@ -6,6 +6,7 @@
 #include "recordingcells.h"
 #include "tablefont.h"
 #include "tablekeys.h"
+#include "typedvalue.h"
 
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -227,7 +228,26 @@ void OrbelTable::PutEdits(const QVariantList &values)
         Q_EMIT cellChanged(cell.y(), cell.x());
 }
 
-QString OrbelTable::SpellChange(const QVariantList &before, const QVariantList &after) const
+QVariant OrbelTable::ValueOf(const QVariantList &edits) const
+{
+    QVariantList cells;
+    for (int i = 0; i < edits.size(); i += 2)
+        cells.append(edits.at(i));
+    return cells;
+}
+
+bool OrbelTable::EditsOf(const QVariant &value, QVariantList *edits, QString *error) const
+{
+    const QVariantList cells = value.toList();
+    if (cells.size() != Cells.Size())
+        return Refuse(QStringLiteral("A list of %1 values is wanted").arg(Cells.Size()), error);
+    edits->clear();
+    for (const QVariant &cell : cells)
+        *edits << cell << cell;
+    return true;
+}
+
+OrbelDelegate::Sides OrbelTable::TellSides(const QVariantList &before, const QVariantList &after) const
 {
     const auto shown = [](const QVariantList &edits) {
         QVariantList texts;
@@ -235,7 +255,7 @@ QString OrbelTable::SpellChange(const QVariantList &before, const QVariantList &
             texts.append(edits.at(i));
         return texts;
     };
-    return OrbelDelegate::SpellChange(shown(before), shown(after));
+    return OrbelDelegate::TellSides(shown(before), shown(after));
 }
 
 QString OrbelTable::SpellEditPart(int index) const

@@ -26,7 +26,8 @@ public:
     QVariantList GetEdits() const override;
     int GetEditShape() const override { return Cells.GetColumns(); }
     void PutEdits(const QVariantList &values) override;
-    QString SpellChange(const QVariantList &before, const QVariantList &after) const override;
+    QVariant ValueOf(const QVariantList &edits) const override;
+    bool EditsOf(const QVariant &value, QVariantList *edits, QString *error) const override;
 
 Q_SIGNALS:
     void cellActivated(int, int);
@@ -56,6 +57,8 @@ public:
 
 protected:
     void PropertyChanged(const QString &name, const QVariant &value) override;
+    Sides TellSides(const QVariantList &before, const QVariantList &after) const override;
+    void PutReported(const QVariantList &values) override { PutEdits(values); }
     QString SpellEditPart(int index) const override;
 
 private Q_SLOTS:

@@ -29,6 +29,7 @@ public:
 protected:
     using Number = decltype(std::declval<const Node &>().GetValue());
 
+    bool HasSeveralValues() const override { return true; }
     /// Must emit the signals that tell an item's new number.
     virtual void EmitNumber(int index, Number number) = 0;
     /// Spells an item for a parameter document.

@@ -242,7 +242,7 @@ private Q_SLOTS:
             for (RowLabel *label : shown.All<RowLabel>()) {
                 const QSize size = label->sizeHint();
                 const QImage before = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
-                label->SetMarked(true);
+                label->SetMark(RowLabel::Changed);
                 const QImage now = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
                 QVERIFY2(label->sizeHint() == size, "the mark takes no room");
                 double strongest = 1;
@@ -252,7 +252,7 @@ private Q_SLOTS:
                         strongest = std::max(
                             strongest, Contrast(now.pixel(place), label->palette().color(QPalette::Window).rgb()));
                 }
-                label->SetMarked(false);
+                label->SetMark(RowLabel::None);
                 QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
             }
         }
