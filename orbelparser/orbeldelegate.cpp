@@ -411,20 +411,25 @@ void OrbelDelegate::TakeProperty(const QString &name, const QVariant &value)
     if (!IsNoNumber(name, value, isNumber)) {
         if (isNumber)
             StatedValue(name) = value;
+        NoteSet(name);
         PropertyChanged(name, value);
         return;
     }
     const QVariant held = HeldNumber(name);
     const QVariant kept = held.isValid() ? held : StatedValue(name);
     SetPropertyQuietly(name, kept);
-    if (kept.isValid())
+    if (kept.isValid()) {
+        NoteSet(name);
         PropertyChanged(name, kept);
+    }
 }
 
 void OrbelDelegate::Update(Observable *subject, TChangeCode code)
 {
     const Call call(this);
     JoinAct(subject);
+    if (code == ekChangeValue)
+        Touch();
     NodeChanged(subject, code);
     LeaveToOthers(subject);
     if (Applied)
@@ -444,6 +449,21 @@ void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
         Label->setText(Translate(value.toString()));
     else if (name == prop::Visible && Label && IsDefined(name))
         Label->setVisible(value.toBool());
+}
+
+/// A definition that is read counts for none.
+void OrbelDelegate::NoteSet(const QString &name)
+{
+    static const QSet<QString> values{
+        prop::Value, prop::Checked, prop::CurrentValue, prop::StartFrequency, prop::StopFrequency};
+    static const QSet<QString> states{
+        prop::Text, prop::FrequencyLock, prop::ItemCount, prop::RowCount, prop::ColumnCount, prop::SpacingsCount};
+    const bool isState = states.contains(name);
+    if (ListDepth > 0 || (!isState && !values.contains(name)) || !Form().isActive())
+        return;
+    Touched = true;
+    if (isState && !SetSince.contains(name))
+        SetSince.append(name);
 }
 
 void OrbelDelegate::PropagateProperty(const QString &name, QObject *target)
@@ -579,6 +599,8 @@ void OrbelDelegate::setCustomProperty(QString name, QVariant value)
         return;
     const Call call(this);
     CustomProperties.insert(name, value);
+    if (!CustomSetSince.contains(name) && Form().isActive())
+        CustomSetSince.append(name);
     Q_EMIT customPropertyChanged(name, value);
 }
 

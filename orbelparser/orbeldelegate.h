@@ -189,6 +189,20 @@ public:
     bool MayEdit() const;
     /// Brings the control before the operator's eyes, with the focus.
     void ComeIntoView();
+    /// Whether anybody has set the value since the form's script ran at the start: the operator, a document, the host,
+    /// a handler. Otherwise the definition's counts.
+    bool IsTouched() const { return Touched; }
+
+    /// What a control of the same class, in whose place this one comes, had as GetEdits(), in the places and terms of
+    /// this one; a place for which it had nothing keeps what stands. `former` may be closed.
+    QVariantList TranslateEdits(const OrbelDelegate &former, const QVariantList &edits) const;
+    /// The place that one of GetEdits() of such a control has here; -1 for none. The base keeps the places.
+    virtual int TranslatePlace(const OrbelDelegate &former, int place) const;
+    /// Such a value in the terms of this control. The base keeps it.
+    virtual QVariant TranslateEdit(const OrbelDelegate &former, const QVariant &value) const;
+    /// Takes such values in, and emits what tells of a value, but marks nothing for the host. The base sets the nodes,
+    /// or puts the edits of a control without any.
+    virtual void TakeValues(const OrbelDelegate &former, const QVariantList &edits);
 
     /// Shows the control in the present language: what the definition, a script or the host gave it to show is
     /// translated anew. Properties, nodes, marks and documents stay as they are, and nothing is emitted.
@@ -462,6 +476,8 @@ protected:
     bool EnterNode(ValueBase *&node);
     /// Whether the form has ended.
     bool IsClosed() const { return Closed; }
+    /// Must be called where a value is set that is neither node nor property and setModified() is not called.
+    void Touch();
 
     /// All that the delegate may ask its form; harmless once that has ended.
     FormDoor Form() const;
@@ -479,12 +495,14 @@ protected:
 
 private:
     friend class OrbelWidget;
+    friend class KeptControl;
 
     struct JoinedAct;
 
     static bool IsSame(const QVariant &value, const QVariant &before);
     static bool AreSameEdits(const QVariantList &one, const QVariantList &other);
     static QString ToldEdit(const QString &text);
+    void NoteSet(const QString &name);
     void KeepApplied();
     QVariantList NodeTexts() const;
     void BeginAnew();
@@ -560,6 +578,10 @@ private:
     bool ChangeShows = false;
     bool InValueTree = false;
     bool Closed = false;
+    bool Touched = false;
+    /// Properties that are state and no value of a node, and custom properties, set since the start.
+    QStringList SetSince;
+    QStringList CustomSetSince;
 };
 
 } // namespace KV218

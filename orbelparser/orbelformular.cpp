@@ -331,27 +331,37 @@ void OrbelFormular::SetScriptValue(const QString &name, QObject *object)
 
 void OrbelFormular::SetScriptValue(const QString &name, bool value)
 {
-    Run()->SetScriptValue(name, QScriptValue(value));
+    Run()->SetHostValue(name, QScriptValue(value));
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, double value)
 {
-    Run()->SetScriptValue(name, QScriptValue(value));
+    Run()->SetHostValue(name, QScriptValue(value));
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, const QString &value)
 {
-    Run()->SetScriptValue(name, QScriptValue(value));
+    Run()->SetHostValue(name, QScriptValue(value));
 }
 
 void OrbelFormular::SetScriptValue(const QString &name, const char *value)
 {
-    Run()->SetScriptValue(name, QScriptValue(QString::fromUtf8(value)));
+    Run()->SetHostValue(name, QScriptValue(QString::fromUtf8(value)));
 }
 
 QMap<QString, QScriptValue> OrbelFormular::GetScriptValues() const
 {
     return Run()->GetScriptValues();
+}
+
+bool OrbelFormular::TakeOver(OrbelFormular *former, QStringList *told)
+{
+    return Run()->TakeOver(former, told);
+}
+
+bool OrbelFormular::IsAtRest() const
+{
+    return Body->IsAtRest();
 }
 
 void OrbelFormular::DebugScript()

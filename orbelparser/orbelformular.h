@@ -14,6 +14,7 @@
 #include <cstddef>
 #include <type_traits>
 
+class QStringList;
 class QUndoStack;
 class QXmlStreamReader;
 class ValueBase;
@@ -88,6 +89,22 @@ public:
     /// Show and hide the widget; nothing while there is none.
     void Show();
     void Hide();
+
+    /// Puts this form, which must be freshly parsed, in the place of `former`, which ends by it: its path, its name,
+    /// and its window, if it has one: GetGUI() is the same widget then, with other controls in it. What a script or a
+    /// host then makes of it: docs/reload.md. By the names of widgets whose class is the same it takes over values that
+    /// anybody has set, changes that were not applied and their marks, texts that are being typed, focus, selections,
+    /// the place to which it was scrolled, collapsed groups, locks, the undo stack, the host's own controls and the
+    /// values of SetScriptValue(), and configuration object. Nothing is announced or applied by that.
+    ///
+    /// `former` stays the caller's, as a form that has ended; what is connected to it hears no more, and its nodes have
+    /// gone. `told`, which may be null, gets in the operator's words which values this form does not admit, and what
+    /// it has made of them. False, and nothing has changed, where one of the forms is null, used or ended, or when
+    /// `former` is not at rest.
+    bool TakeOver(OrbelFormular *former, QStringList *told = nullptr);
+    /// Whether another form may take this one's place now: no handler of it runs, nor an event loop of one, no menu or
+    /// list of it is open, and the operator holds nothing of it by the mouse.
+    bool IsAtRest() const;
 
     /// Emits the sheet's si_parametersModified() if there is a pending change.
     void applyNow();
@@ -218,6 +235,8 @@ private Q_SLOTS:
     void sl_fontSize(int size);
 
 private:
+    friend class FormBody;
+
     OrbelFormular(const OrbelFormular &);
 
     /// What may call handlers goes through this, since one of them may end the form.

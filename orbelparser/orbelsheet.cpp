@@ -52,7 +52,8 @@ OrbelFormular *OrbelSheet::GetFormular() const
 void OrbelSheet::Close()
 {
     const CallScope call(GetLife());
-    Closed = true;
+    if (std::exchange(Closed, true))
+        return;
     Formular = nullptr;
     Place.Clear();
     Changes->Close();
@@ -363,7 +364,7 @@ bool OrbelSheet::isAutoApplyEnabled() const
 
 void OrbelSheet::setAutoApplyEnabled(bool enable)
 {
-    Ui->setAutoApplyEnabled(enable);
+    Ui->ChooseAutoApply(enable);
 }
 
 void OrbelSheet::killAutoApplyTimer()

@@ -118,6 +118,7 @@ void OrbelWidget::ReadXml(QXmlStreamReader &reader)
     const OrbelDelegate::Call call(Delegate.get());
     OrbelDelegate *const delegate = Delegate.get();
     delegate->ReadXml(reader);
+    delegate->Touched = true;
     delegate->resetModified();
 }
 

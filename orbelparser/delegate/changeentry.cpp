@@ -71,6 +71,23 @@ const OrbelDelegate *ChangeEntry::FindLocked(bool back) const
     return nullptr;
 }
 
+bool ChangeEntry::HandOver(const Heirs &heirs, const Moves &moves)
+{
+    MovesOfForm = moves;
+    QVector<Part> kept;
+    for (const Part &part : qAsConst(Parts)) {
+        const OrbelDelegate *former = part.Control;
+        const auto [heir, shape] = heirs.value(former);
+        const int place = heir && part.Shape == shape ? heir->TranslatePlace(*former, part.Index) : -1;
+        if (place < 0 || place >= heir->GetEdits().size())
+            continue;
+        kept.append({heir, place, heir->GetEditShape(), heir->TranslateEdit(*former, part.Before),
+            heir->TranslateEdit(*former, part.After)});
+    }
+    Parts = kept;
+    return !Parts.isEmpty();
+}
+
 bool ChangeEntry::mergeWith(const QUndoCommand *next)
 {
     const auto *other = dynamic_cast<const ChangeEntry *>(next);
@@ -98,7 +115,7 @@ void ChangeEntry::redo()
 void ChangeEntry::Move(bool back)
 {
     // A handler may lead back here.
-    if (Moving)
+    if (Moving || Frozen)
         return;
     const QScopedValueRollback<bool> moving(Moving, true);
     const QScopedValueRollback<int> moves(*MovesOfForm, *MovesOfForm + 1);

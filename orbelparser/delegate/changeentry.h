@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QPointer>
 #include <QUndoCommand>
 #include <QVariant>
@@ -32,6 +33,17 @@ public:
     bool Spell();
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
+    /// A control of another form that takes the place of one, which had this shape when its form ended.
+    struct Heir {
+        OrbelDelegate *Control = nullptr;
+        int FormersShape = 0;
+    };
+    using Heirs = QHash<const OrbelDelegate *, Heir>;
+    /// Hands the entry over to another form; what belongs to a control without an heir goes. False when nothing is
+    /// left.
+    bool HandOver(const Heirs &heirs, const Moves &moves);
+    /// Has the entry move nothing when the stack moves it, or again what it does.
+    void Freeze(bool frozen) { Frozen = frozen; }
     /// Whether there is a value to move: `back` by undo.
     bool Stands(bool back) const;
     /// The first control with such a value that the operator may not change now; null for none.
@@ -61,12 +73,13 @@ private:
 
     const bool HasOwnText;
     const int Session;
-    const Moves MovesOfForm;
+    Moves MovesOfForm;
     /// Those of one control follow one another.
     QVector<Part> Parts;
     bool Spelled = false;
     bool Done = false;
     bool Moving = false;
+    bool Frozen = false;
 };
 
 } // namespace KV218

@@ -1,6 +1,5 @@
 #include "formchanges.h"
 
-#include "changeentry.h"
 #include "exceptionstop.h"
 #include "formlife.h"
 #include "formlimits.h"
@@ -17,10 +16,17 @@
 namespace KV218
 {
 
-FormChanges::FormChanges(FormLife *life) : Life(life), Stack(new QUndoStack)
+FormChanges::FormChanges(FormLife *life) : Life(life)
 {
+    auto *stack = new QUndoStack;
+    stack->setUndoLimit(limit::UndoneChanges);
+    Watch(stack);
+}
+
+void FormChanges::Watch(QUndoStack *stack)
+{
+    Stack = stack;
     connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::PushWaiting);
-    Stack->setUndoLimit(limit::UndoneChanges);
     connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::TellLater);
 }
 
@@ -185,6 +191,78 @@ bool FormChanges::Revert(OrbelDelegate *control)
     return true;
 }
 
+/// The stack gives its entries as constants, but made none of them. A command of a host's own is null.
+ChangeEntry *FormChanges::EntryAt(int index) const
+{
+    return const_cast<ChangeEntry *>(dynamic_cast<const ChangeEntry *>(Stack->command(index)));
+}
+
+QVector<ChangeEntry *> FormChanges::Entries() const
+{
+    QVector<ChangeEntry *> entries;
+    for (int i = 0; i < Stack->count(); ++i)
+        entries.append(EntryAt(i));
+    return entries;
+}
+
+void FormChanges::TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs)
+{
+    const CallScope call(Life);
+    disconnect(Stack, nullptr, this, nullptr);
+    disconnect(former.Stack, nullptr, &former, nullptr);
+    QUndoStack *const own = Stack;
+    Watch(former.Stack);
+    former.Watch(own);
+    const QVector<ChangeEntry *> entries = Entries();
+    QVector<ChangeEntry *> gone;
+    for (ChangeEntry *entry : entries) {
+        if (entry && !entry->HandOver(heirs, Moves))
+            gone.append(entry);
+    }
+    if (!gone.isEmpty() && !entries.contains(nullptr))
+        RemoveEntries(entries, gone);
+    TellLater();
+}
+
+/// The stack gives up a command only when it moves it. All of them move once there and back, and nothing else with
+/// them.
+void FormChanges::RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone)
+{
+    const auto left = [&](int count) {
+        return int(std::count_if(entries.begin(), entries.begin() + qMax(0, count),
+            [&](ChangeEntry *entry) { return !gone.contains(entry); }));
+    };
+    const int index = left(Stack->index());
+    const int clean = Stack->cleanIndex() < 0 ? -1 : left(Stack->cleanIndex());
+    {
+        const QSignalBlocker silent(Stack);
+        for (ChangeEntry *entry : entries)
+            entry->Freeze(true);
+        for (ChangeEntry *entry : gone)
+            entry->setObsolete(true);
+        Stack->setIndex(0);
+        Stack->setIndex(entries.size());
+        Stack->setIndex(qMax(0, clean));
+        clean < 0 ? Stack->resetClean() : Stack->setClean();
+        Stack->setIndex(index);
+        for (ChangeEntry *entry : Entries())
+            entry->Freeze(false);
+    }
+    // Whoever hears of it may end the form.
+    const QPointer<QUndoStack> stack(Stack);
+    Q_EMIT stack->indexChanged(index);
+    if (stack)
+        Q_EMIT stack->cleanChanged(stack->isClean());
+    if (stack)
+        Q_EMIT stack->canUndoChanged(stack->canUndo());
+    if (stack)
+        Q_EMIT stack->undoTextChanged(stack->undoText());
+    if (stack)
+        Q_EMIT stack->canRedoChanged(stack->canRedo());
+    if (stack)
+        Q_EMIT stack->redoTextChanged(stack->redoText());
+}
+
 void FormChanges::Note(OrbelDelegate *control)
 {
     QPointer<OrbelDelegate> &noted = Noted[control];
@@ -268,8 +346,7 @@ void FormChanges::SpellEntries()
 {
     bool spelled = false;
     for (int i = Stack->count() - 1; i >= 0; --i) {
-        // The stack gives its entries as constants, but made none of them.
-        auto *entry = const_cast<ChangeEntry *>(dynamic_cast<const ChangeEntry *>(Stack->command(i)));
+        ChangeEntry *const entry = EntryAt(i);
         if (!entry)
             continue;
         if (!entry->Spell())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "changeentry.h"
+
 #include <QHash>
 #include <QObject>
 #include <QPointer>
@@ -14,7 +16,6 @@ class QUndoStack;
 namespace KV218
 {
 
-class ChangeEntry;
 class FormLife;
 class OrbelDelegate;
 
@@ -46,6 +47,12 @@ public:
     void RevertAll();
     /// Puts back what was applied last in one control, as one change; false where that is not known or nothing else.
     bool Revert(OrbelDelegate *control);
+    /// Takes the stack of another form, whose controls have these heirs here; that one has an empty one then. Neither
+    /// may be on the way. Entries of a control without an heir are removed, as far as no command of a host's own stands
+    /// among them; an undo that meets one passes over it.
+    void TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs);
+    /// Whether an entry is on its way. A host may move the stack itself, by many entries at once.
+    bool IsMoving() const { return Busy || *Moves > 0; }
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
@@ -84,9 +91,11 @@ Q_SIGNALS:
     void edited(OrbelDelegate *control);
 
 private:
-    /// A host may move the stack itself, by many entries at once.
-    bool IsMoving() const { return Busy || *Moves > 0; }
     bool HasHostsCommand() const;
+    void Watch(QUndoStack *stack);
+    ChangeEntry *EntryAt(int index) const;
+    QVector<ChangeEntry *> Entries() const;
+    void RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone);
     void PushWaiting();
     void RecordRunning();
     void Go(bool back);
@@ -98,7 +107,7 @@ private:
 
     FormLife *const Life;
     /// Deleted later: a receiver of its signals may end the form.
-    QUndoStack *const Stack;
+    QUndoStack *Stack = nullptr;
     QVector<QPointer<OrbelDelegate>> Running;
     QHash<OrbelDelegate *, QPointer<OrbelDelegate>> Noted;
     /// The same in the order in which they came.

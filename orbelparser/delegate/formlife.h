@@ -42,6 +42,9 @@ public:
     /// further up, which is why the form ends. It may go before.
     void EndControl(QWidget *control);
 
+    /// Whether no call runs in the form, no script that its engine reports, and no event loop of a handler's own.
+    bool IsAtRest() const { return !IsBusy() && !IsInHandlersLoop(); }
+
     /// Whether an engine of any form reports that a script runs in it; it does not report each.
     static bool IsAnyScriptRunning();
 

@@ -98,6 +98,41 @@ void OrbelDelegate::BeginAnew()
         OpenChange->Begin();
 }
 
+void OrbelDelegate::Touch()
+{
+    Touched = Touched || Form().isActive();
+}
+
+QVariantList OrbelDelegate::TranslateEdits(const OrbelDelegate &former, const QVariantList &edits) const
+{
+    QVariantList own = GetEdits();
+    for (int i = 0; i < edits.size(); ++i) {
+        const int place = TranslatePlace(former, i);
+        if (place >= 0 && place < own.size())
+            own[place] = TranslateEdit(former, edits.at(i));
+    }
+    return own;
+}
+
+int OrbelDelegate::TranslatePlace(const OrbelDelegate &, int place) const
+{
+    return place;
+}
+
+QVariant OrbelDelegate::TranslateEdit(const OrbelDelegate &, const QVariant &value) const
+{
+    return value;
+}
+
+void OrbelDelegate::TakeValues(const OrbelDelegate &former, const QVariantList &edits)
+{
+    const QVariantList values = TranslateEdits(former, edits);
+    if (GetNodes().isEmpty())
+        PutEdits(values);
+    else
+        OrbelDelegate::PutEdits(values);
+}
+
 QString OrbelDelegate::SpellEdit(int, const QVariant &value) const
 {
     return value.toString();
@@ -301,6 +336,7 @@ void OrbelDelegate::OperatorChange::Record()
         if (!Own.contains(i))
             Before[i] = now.at(i);
     }
+    Delegate->Touch();
     Delegate->Form().Record(Before, 0);
 }
 

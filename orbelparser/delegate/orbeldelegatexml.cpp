@@ -69,6 +69,7 @@ bool OrbelDelegate::ResizeList(QList<QVariant> &list, int rows, int columns, int
 
 void OrbelDelegate::setModified(bool autoApply)
 {
+    Touch();
     const bool byOperator = EditsBefore;
     if (!GenerateXml || (!byOperator && Form().IsReporting()))
         return;

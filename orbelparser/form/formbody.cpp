@@ -3,7 +3,9 @@
 #include "errorhandler.h"
 #include "formchanges.h"
 #include "formlife.h"
+#include "formtakeover.h"
 #include "loadhooks.h"
+#include "orbelformular.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
 #include "scriptguard.h"
@@ -52,7 +54,8 @@ FormBody::~FormBody()
 
 void FormBody::Close()
 {
-    Form = nullptr;
+    if (!std::exchange(Form, nullptr))
+        return;
     if (!Name.isEmpty())
         TranslationCenter::Instance().Unregister(Name);
     Sheet.Close();
@@ -158,7 +161,7 @@ void FormBody::PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values
 
 void FormBody::CreateValueTree(const QString &path)
 {
-    VTPath = path;
+    VTPath = path.isNull() ? QLatin1String("") : path;
     Sheet.setActive(false);
     const auto active = qScopeGuard([this] { Sheet.setActive(true); });
     Sheet.CreateValueTree(path);
@@ -170,6 +173,7 @@ void FormBody::CreateGUI(bool applyUi, const QStringList &names, bool exclude)
 {
     if (GetGUI())
         return;
+    Shown = {applyUi, names, exclude};
     Sheet.CreateGUI(applyUi, names, exclude);
     if (IsOpen())
         RestoreConfiguration();
@@ -290,10 +294,54 @@ void FormBody::EvaluateScript(const QString &text)
 
 void FormBody::SetScriptValue(const QString &name, QObject *object)
 {
+    // Delegates are the form's own.
+    if (!qobject_cast<OrbelDelegate *>(object)) {
+        HostValues.remove(name);
+        HostObjects.insert(name, object);
+    }
     const QScriptValue made = Engine->newQObject(object);
     if (object)
         Prototypes.Keep(*Engine, object->metaObject(), made);
     SetScriptValue(name, made);
+}
+
+void FormBody::SetHostValue(const QString &name, const QScriptValue &value)
+{
+    HostObjects.remove(name);
+    HostValues.insert(name, value.toVariant());
+    SetScriptValue(name, value);
+}
+
+void FormBody::TakeHostValues(const FormBody &former)
+{
+    for (auto value = former.HostValues.cbegin(); value != former.HostValues.cend(); ++value)
+        SetHostValue(value.key(), Engine->toScriptValue(value.value()));
+    for (auto object = former.HostObjects.cbegin(); object != former.HostObjects.cend(); ++object)
+        SetScriptValue(object.key(), object.value().data());
+}
+
+bool FormBody::TakeOver(OrbelFormular *former, QStringList *told)
+{
+    FormBody *const body = former ? former->Body : nullptr;
+    const bool isFresh = IsOpen() && !GetGUI() && VTPath.isNull();
+    if (!isFresh || !body || body == this || !body->IsOpen() || body->VTPath.isNull() || !IsAtRest(*body))
+        return false;
+    FormTakeover(*this, *body).Run(told);
+    return true;
+}
+
+/// Nothing that is under way in a form may find another one in its place.
+bool FormBody::IsAtRest(const FormBody &form)
+{
+    const QWidget *const window = form.GetGUI();
+    const auto isInside = [window](const QWidget *widget) {
+        while (widget && widget != window)
+            widget = widget->parentWidget();
+        return widget;
+    };
+    const bool isHeld = QGuiApplication::mouseButtons() && isInside(QApplication::widgetAt(QCursor::pos()));
+    return form.Sheet.GetLife()->IsAtRest() && !form.Sheet.GetChanges()->IsMoving() && !isHeld
+        && !(window && (isInside(QApplication::activePopupWidget()) || isInside(QWidget::mouseGrabber())));
 }
 
 void FormBody::SetScriptValue(const QString &name, const QScriptValue &value)

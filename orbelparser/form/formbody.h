@@ -86,13 +86,22 @@ public:
 
     void EvaluateScript(const QString &text);
     void SetScriptValue(const QString &name, QObject *object);
-    void SetScriptValue(const QString &name, const QScriptValue &value);
+    /// A value of the host's own, as another form that takes this one's place gets it, too.
+    void SetHostValue(const QString &name, const QScriptValue &value);
     QMap<QString, QScriptValue> GetScriptValues() const;
     void DebugScript();
     const ScriptGuard &GetGuard() const { return *Guard; }
     void SetScriptLimit(int milliseconds);
 
+    bool TakeOver(OrbelFormular *former, QStringList *told);
+    bool IsAtRest() const { return IsAtRest(*this); }
+
 private:
+    friend class FormTakeover;
+
+    static bool IsAtRest(const FormBody &form);
+    void TakeHostValues(const FormBody &former);
+    void SetScriptValue(const QString &name, const QScriptValue &value);
     void ParseEnums(QXmlStreamReader &reader);
     void ParseChangedEnums(QXmlStreamReader &reader);
     void PublishEnum(const QExplicitlySharedDataPointer<OrbelEnum> &values);
@@ -113,6 +122,15 @@ private:
     std::unique_ptr<QScriptEngineDebugger> Debugger;
     std::unique_ptr<ScriptGuard> Guard;
     FormConfiguration Configuration;
+    /// What CreateGUI() was given.
+    struct Choice {
+        bool ApplyUi = true;
+        QStringList Names;
+        bool Exclude = true;
+    };
+    Choice Shown;
+    QMap<QString, QVariant> HostValues;
+    QMap<QString, QPointer<QObject>> HostObjects;
 };
 
 } // namespace KV218

@@ -17,6 +17,8 @@ public:
     /// `external` is not owned. While it has no parent, it is neither shown nor hidden.
     ExternalWidget(OrbelWidget *widget, QWidget *external);
 
+    /// The host's own; null when it has gone.
+    QWidget *GetExternal() const { return ExtWidget; }
     void CreateGUI(FloatGroupLayout *layout) override;
     /// The host's own name for the control counts as its part.
     QVector<Face> GetFaces() const override;

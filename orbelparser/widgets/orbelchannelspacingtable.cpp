@@ -189,6 +189,7 @@ void OrbelChannelSpacingTable::setSpacingValue(int index, double value)
     if (index < 0 || index >= Spacings.size() || Spacings.at(index) == value || !std::isfinite(value))
         return;
     Spacings[index] = value;
+    Touch();
     // Meant: the cell's change comes back as sl_cellChanged(), so that a script's change counts as an edit.
     QTableWidgetItem *item = Control ? Control->item(index, 0) : nullptr;
     if (!item)

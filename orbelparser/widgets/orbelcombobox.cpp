@@ -165,6 +165,14 @@ bool OrbelComboBox::EditOf(const ValueBase &, const QVariant &value, QString *te
     return names.contains(*text) || Refuse(QStringLiteral("\"%1\" is none of the choices").arg(wanted), error);
 }
 
+QVariant OrbelComboBox::TranslateEdit(const OrbelDelegate &former, const QVariant &value) const
+{
+    const auto *before = qobject_cast<const OrbelComboBox *>(&former);
+    const int row = before && before->Enum && Enum ? before->Enum->firstIndexOfName(value.toString()) : -1;
+    const int now = row < 0 ? -1 : Enum->firstIndexOfValue(before->Enum->GetValueAt(row).GetValue());
+    return now < 0 ? value : QVariant(Enum->GetValueAt(now).GetDisplayName());
+}
+
 void OrbelComboBox::NodeChanged(Observable *subject, TChangeCode code)
 {
     if (!ValueNode.TakeNotification(subject, code))

@@ -26,6 +26,8 @@ public:
     void TakeNode() override;
     QString SpellEdit(int index, const QVariant &value) const override;
     QVariant ValueOf(const QVariantList &edits) const override;
+    /// A row is known by its value text, and where that is gone by its display name.
+    QVariant TranslateEdit(const OrbelDelegate &former, const QVariant &value) const override;
 
     /// The number that the chosen row's value text states, or the row's index from 0 where it states none; 0 without an
     /// enumeration.

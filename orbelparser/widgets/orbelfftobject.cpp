@@ -21,11 +21,22 @@ OrbelDelegate *NewSpecialObject_FFT(OrbelWidget *widget)
 
 OrbelFFTObject::OrbelFFTObject(OrbelWidget *widget) : OrbelDelegate(widget) { }
 
+void OrbelFFTObject::TakeValues(const OrbelDelegate &former, const QVariantList &)
+{
+    const auto *object = qobject_cast<const OrbelFFTObject *>(&former);
+    if (!object)
+        return;
+    const Call call(this);
+    setFFTLength(object->FFTLength);
+    setSignalSampleRate(object->SignalSampleRate);
+}
+
 void OrbelFFTObject::setFFTLength(quint32 value)
 {
     if (value == FFTLength)
         return;
     FFTLength = value;
+    Touch();
     const Call call(this);
     Recompute();
 }
@@ -35,6 +46,7 @@ void OrbelFFTObject::setSignalSampleRate(qint64 value)
     if (value == SignalSampleRate)
         return;
     SignalSampleRate = value;
+    Touch();
     const Call call(this);
     Recompute();
     Q_EMIT si_signalSampleRateChanged(SignalSampleRate);

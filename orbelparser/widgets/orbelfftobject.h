@@ -14,6 +14,8 @@ class OrbelFFTObject : public OrbelDelegate
 public:
     explicit OrbelFFTObject(OrbelWidget *widget);
 
+    void TakeValues(const OrbelDelegate &former, const QVariantList &edits) override;
+
 Q_SIGNALS:
     void si_signalSampleRateChanged(qint64);
     /// Frequency resolution in Hz, time resolution in microseconds; comes before the sample rate's own signal.

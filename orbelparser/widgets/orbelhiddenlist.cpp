@@ -43,11 +43,24 @@ void OrbelHiddenList::ReadXml(QXmlStreamReader &reader)
     });
 }
 
+void OrbelHiddenList::TakeValues(const OrbelDelegate &former, const QVariantList &)
+{
+    const auto *list = qobject_cast<const OrbelHiddenList *>(&former);
+    for (int i = 0; list && i < list->Items.Size() && i < Items.Size(); ++i)
+        setItemValue(i, list->Items.GetCells().at(i).toString());
+}
+
 void OrbelHiddenList::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
     if (name == prop::ItemCount)
         Items.Resize(CellGrid::CountOf(value), 1);
+}
+
+void OrbelHiddenList::clear()
+{
+    Touch();
+    Items.Clear();
 }
 
 QString OrbelHiddenList::itemValue(int index)

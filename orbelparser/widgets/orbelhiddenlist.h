@@ -19,13 +19,14 @@ public:
     void CreateValueTree() override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    void TakeValues(const OrbelDelegate &former, const QVariantList &edits) override;
 
 Q_SIGNALS:
     void itemValueChanged(int index, QString value);
 
 public Q_SLOTS:
     /// Drops all items; `itemCount` keeps its value.
-    void clear() { Items.Clear(); }
+    void clear();
     void setItemCount(int count) { ChangeProperty(prop::ItemCount, count); }
 
 public:

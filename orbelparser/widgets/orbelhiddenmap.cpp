@@ -38,6 +38,19 @@ void OrbelHiddenMap::ReadXml(QXmlStreamReader &reader)
     });
 }
 
+/// As a document: nobody is told.
+void OrbelHiddenMap::TakeValues(const OrbelDelegate &former, const QVariantList &)
+{
+    if (const auto *map = qobject_cast<const OrbelHiddenMap *>(&former))
+        Entries = map->Entries;
+}
+
+void OrbelHiddenMap::clear()
+{
+    Touch();
+    Entries.clear();
+}
+
 void OrbelHiddenMap::remove(QString key)
 {
     const QString value = Entries.value(key);

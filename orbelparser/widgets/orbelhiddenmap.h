@@ -16,6 +16,7 @@ public:
 
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
+    void TakeValues(const OrbelDelegate &former, const QVariantList &edits) override;
 
 Q_SIGNALS:
     void valueAdded(QString key, QString value);
@@ -26,7 +27,7 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     /// Neither signals nor marks the control modified.
-    void clear() { Entries.clear(); }
+    void clear();
 
 public:
     /// All keys in their order.

@@ -23,9 +23,28 @@ void OrbelHiddenTable::ReadXml(QXmlStreamReader &reader)
     });
 }
 
+void OrbelHiddenTable::TakeValues(const OrbelDelegate &former, const QVariantList &)
+{
+    const auto *table = qobject_cast<const OrbelHiddenTable *>(&former);
+    if (!table)
+        return;
+    if (table->Resized)
+        Resize(table->Cells.GetRows(), table->Cells.GetColumns());
+    for (int i = 0; i < table->Cells.Size(); ++i)
+        setItemValue(table->Cells.RowOf(i), table->Cells.ColumnOf(i), table->Cells.GetCells().at(i).toString());
+}
+
+void OrbelHiddenTable::Resize(int rows, int columns)
+{
+    Touch();
+    Resized = Resized || IsTouched();
+    Cells.Resize(rows, columns);
+}
+
 void OrbelHiddenTable::clear()
 {
     const Call call(this);
+    Touch();
     Cells.Empty();
     Q_EMIT tableCleared();
 }

@@ -16,6 +16,7 @@ public:
     explicit OrbelHiddenTable(OrbelWidget *widget);
 
     void ReadXml(QXmlStreamReader &reader) override;
+    void TakeValues(const OrbelDelegate &former, const QVariantList &edits) override;
 
 Q_SIGNALS:
     void tableCleared();
@@ -25,12 +26,18 @@ public Q_SLOTS:
     /// Empties all cells; the shape stays.
     void clear();
     /// These keep the shape when the number of cells would stay the same; so a table without cells gets none.
-    void setColumnCount(int columns) { Cells.Resize(Cells.GetRows(), columns); }
-    void setRowCount(int rows) { Cells.Resize(rows, Cells.GetColumns()); }
+    void setColumnCount(int columns) { Resize(Cells.GetRows(), columns); }
+    void setRowCount(int rows) { Resize(rows, Cells.GetColumns()); }
 
 public:
     Q_INVOKABLE QString itemValue(int row, int column) { return Cells.Get(row, column).toString(); }
     Q_INVOKABLE void setItemValue(int row, int column, QString value);
+
+private:
+    void Resize(int rows, int columns);
+
+    /// By a slot, not by the definition.
+    bool Resized = false;
 };
 
 } // namespace KV218

@@ -1,5 +1,6 @@
 #include "orbelsheetui.h"
 
+#include "assistive.h"
 #include "changesbutton.h"
 #include "elementnames.h"
 #include "floatgrouplayout.h"
@@ -44,10 +45,16 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
         return;
     AutoApplyEnabled = GetBool(prop::AutoApplyEnabled, true);
 
-    QWidget *frame = applyUi ? new QWidget : nullptr;
-    auto *area = new FloatScrollArea(frame);
+    // What stands in a window that is shown comes up when all of it is made.
+    const bool isInside = Taken;
+    auto *const takenArea = applyUi ? nullptr : qobject_cast<QScrollArea *>(Taken.data());
+    QWidget *frame = applyUi ? std::exchange(Taken, nullptr).data() : nullptr;
+    if (applyUi && !frame)
+        frame = new QWidget;
+    QScrollArea *const area = takenArea ? takenArea : new FloatScrollArea(frame);
     auto *content = new QWidget(area);
     area->setWidget(content);
+    (applyUi ? static_cast<QWidget *>(area) : content)->setVisible(!isInside);
     Area = area;
     Layout = new FloatGroupLayout(area);
     if (applyUi) {
@@ -91,7 +98,7 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     AutoApplyBox->setObjectName(QStringLiteral("autoApply"));
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
-    connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::setAutoApplyEnabled);
+    connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::ChooseAutoApply);
     ChangesButton *const button = Changes ? new ChangesButton(box, Changes) : nullptr;
     Line = new LockLine(box, button);
     Line->SetReason(LockReason);
@@ -127,7 +134,80 @@ void OrbelSheetUi::FinishFrame()
         ApplyBox->setParent(nullptr);
         Gui->layout()->addWidget(ApplyBox);
     }
-    new OpeningFocus(Gui, rows);
+    if (IsNew)
+        new OpeningFocus(Gui, rows);
+    for (QWidget *part : {rows, static_cast<QWidget *>(Area), ApplyBox.data()}) {
+        if (part && part != Gui)
+            part->show();
+    }
+}
+
+QScrollArea *OrbelSheetUi::GetArea() const
+{
+    return Area;
+}
+
+void OrbelSheetUi::LayOut()
+{
+    if (Gui && Gui->layout())
+        Gui->layout()->activate();
+    if (!Area || !Layout)
+        return;
+    // A resized area arranges anew when the request comes through.
+    Layout->activate();
+    for (QWidget *part : {static_cast<QWidget *>(Area), Area->viewport(), Layout->parentWidget()})
+        QCoreApplication::sendPostedEvents(part, QEvent::LayoutRequest);
+}
+
+void OrbelSheetUi::TakeWidget(OrbelSheetUi &former)
+{
+    Taken = std::exchange(former.Gui, nullptr);
+    if (!Taken)
+        return;
+    // No other control of the window is to get the focus when the old ones go.
+    const QWidget *const focus = Taken->window()->focusWidget();
+    if (focus && Taken->isAncestorOf(focus))
+        Taken->setFocus(Qt::OtherFocusReason);
+    const auto parts = Taken->children();
+    IsNew = false;
+    for (QObject *part : parts) {
+        const bool isOpening = dynamic_cast<OpeningFocus *>(part);
+        IsNew = IsNew || isOpening;
+        if (isOpening || dynamic_cast<FormKeys *>(part) || dynamic_cast<Assistive *>(part))
+            delete part;
+    }
+    QWidget *content = former.Area;
+    if (former.Area == Taken) {
+        if (former.Layout)
+            Taken->removeEventFilter(former.Layout);
+        disconnect(Taken, nullptr, &former, nullptr);
+        content = former.Area->takeWidget();
+    } else {
+        delete Taken->layout();
+    }
+    for (QWidget *part : {content, former.ApplyBox.data()}) {
+        if (!part)
+            continue;
+        part->setParent(nullptr);
+        former.EndControl(part);
+    }
+}
+
+void OrbelSheetUi::TakeChanges(const OrbelSheetUi &former, bool isModified)
+{
+    if (former.AutoApplyChosen)
+        ChooseAutoApply(former.AutoApplyEnabled);
+    Modified = isModified && former.Modified;
+    if (ApplyButton)
+        ApplyButton->setEnabled(Modified);
+    if (Modified && former.AutoApplyTimer && former.AutoApplyTimer->isActive() && AutoApplyTimer)
+        AutoApplyTimer->start();
+}
+
+void OrbelSheetUi::ChooseAutoApply(bool enable)
+{
+    AutoApplyChosen = true;
+    setAutoApplyEnabled(enable);
 }
 
 void OrbelSheetUi::ScrollToFocus()

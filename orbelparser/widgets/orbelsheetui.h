@@ -50,6 +50,17 @@ public:
     void ScrollToFocus();
     /// Why the input is locked; stands in the apply row, if there is one.
     void SetLockReason(const QString &reason);
+    /// What the controls are scrolled in; null when there is no frame.
+    QScrollArea *GetArea() const;
+    /// Has all controls stand where they will, as far as the window is shown.
+    void LayOut();
+    /// What had the focus when ParkFocus() took it; null for nothing.
+    QWidget *GetParked() const { return Parked; }
+    /// Takes over the widget that the host shows from the frame of another form, which has ended, so that CreateFrame()
+    /// builds in it. What stood in it goes. Must come before CreateFrame().
+    void TakeWidget(OrbelSheetUi &former);
+    /// Takes over what the operator has to apply there, if `isModified`, and whether it applies by itself.
+    void TakeChanges(const OrbelSheetUi &former, bool isModified);
     bool isAutoApplyEnabled() const { return AutoApplyEnabled; }
     /// Called when the frame hears that the language has changed, before the controls do.
     void SetLanguageListener(const std::function<void()> &listener) { Listener = listener; }
@@ -82,6 +93,8 @@ public Q_SLOTS:
     void killAutoApplyTimer();
     void setApplyUiVisible(bool visible) { ChangeProperty(prop::ApplyUiVisible, visible); }
     void setAutoApplyEnabled(bool enable) { ChangeProperty(prop::AutoApplyEnabled, enable); }
+    /// The same, of the operator's or the host's own accord, who want it so in the next form in this one's place, too.
+    void ChooseAutoApply(bool enable);
     /// In milliseconds; counts for a frame that is built later.
     void setAutoApplyTimeout(int timeout) { ChangeProperty(prop::AutoApplyTimeout, timeout); }
     void setEmitOnlyModifiedParameters(bool onlyModified)
@@ -129,6 +142,11 @@ private:
     QString LockReason;
     // What had the focus when it was parked.
     QPointer<QWidget> Parked;
+    // That of another form, in which the frame is to be built.
+    QPointer<QWidget> Taken;
+    // The form waits to be shown for the first time.
+    bool IsNew = true;
+    bool AutoApplyChosen = false;
     std::function<void()> Listener;
     // Null when nothing can ever apply by itself.
     std::unique_ptr<QTimer> AutoApplyTimer;

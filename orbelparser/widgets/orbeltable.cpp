@@ -136,6 +136,7 @@ void OrbelTable::PropertyChanged(const QString &name, const QVariant &value)
 void OrbelTable::clear()
 {
     const Call call(this);
+    Touch();
     for (int row = 0; row < Cells.GetRows(); ++row) {
         for (int column = 0; column < Cells.GetColumns(); ++column) {
             Cells.Set(row, column, QVariant());
@@ -153,6 +154,7 @@ void OrbelTable::setItemValue(int row, int column, QVariant value)
     const bool isNone = value.userType() == QMetaType::Double && !std::isfinite(value.toDouble());
     if (isNone || !Cells.Set(row, column, value))
         return;
+    Touch();
     const QScopedValueRollback<bool> updating(Updating, true);
     ShowValue(row, column, value);
 }
@@ -245,6 +247,24 @@ bool OrbelTable::EditsOf(const QVariant &value, QVariantList *edits, QString *er
     for (const QVariant &cell : cells)
         *edits << cell << cell;
     return true;
+}
+
+int OrbelTable::TranslatePlace(const OrbelDelegate &former, int place) const
+{
+    const int columns = former.GetEditShape();
+    const int cell = place / 2;
+    if (columns <= 0 || cell % columns >= Cells.GetColumns() || cell / columns >= Cells.GetRows())
+        return -1;
+    return 2 * (cell / columns * Cells.GetColumns() + cell % columns) + place % 2;
+}
+
+void OrbelTable::TakeValues(const OrbelDelegate &former, const QVariantList &edits)
+{
+    const QVariantList values = TranslateEdits(former, edits);
+    if (Control)
+        PutEdits(values);
+    for (int i = 0; i < Cells.Size() && !Control; ++i)
+        Cells.Put(i, values.at(2 * i));
 }
 
 OrbelDelegate::Sides OrbelTable::TellSides(const QVariantList &before, const QVariantList &after) const

@@ -28,6 +28,9 @@ public:
     void PutEdits(const QVariantList &values) override;
     QVariant ValueOf(const QVariantList &edits) const override;
     bool EditsOf(const QVariant &value, QVariantList *edits, QString *error) const override;
+    /// Cells keep row and column.
+    int TranslatePlace(const OrbelDelegate &former, int place) const override;
+    void TakeValues(const OrbelDelegate &former, const QVariantList &edits) override;
 
 Q_SIGNALS:
     void cellActivated(int, int);

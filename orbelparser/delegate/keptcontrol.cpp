@@ -1,0 +1,88 @@
+#include "keptcontrol.h"
+
+#include "formdoor.h"
+#include "orbeldelegate.h"
+#include "propertynames.h"
+
+#include <algorithm>
+
+namespace KV218
+{
+
+static bool IsSame(const QVariantList &one, const QVariantList &other)
+{
+    return one.size() == other.size() && std::equal(one.begin(), one.end(), other.begin(), &OrbelDelegate::IsSameEdit);
+}
+
+KeptControl::KeptControl(const Widget &former, const Widget &heir)
+    : FormerWidget(former), HeirWidget(heir), Edits(GetFormer()->GetEdits()), Shape(GetFormer()->GetEditShape())
+{
+    const OrbelDelegate *const control = GetFormer();
+    for (const QString &name : control->SetSince)
+        States.insert(name, control->property(PropertyKey(name).data()));
+    for (const QString &name : control->CustomSetSince)
+        Customs.insert(name, control->CustomProperties.value(name));
+    heir->SetSelected(former->IsSelected());
+}
+
+void KeptControl::PutValues()
+{
+    OrbelDelegate *const heir = HeirWidget->GetDelegate();
+    const OrbelDelegate::Call call(heir);
+    for (auto custom = Customs.cbegin(); custom != Customs.cend() && !heir->IsClosed(); ++custom)
+        heir->setCustomProperty(custom.key(), custom.value());
+    PutStates();
+    heir->SetSince = GetFormer()->SetSince;
+    heir->CustomSetSince = GetFormer()->CustomSetSince;
+    heir->Touched = GetFormer()->Touched;
+    if (!heir->Touched || heir->IsClosed())
+        return;
+    Wanted = heir->TranslateEdits(*GetFormer(), Edits);
+    heir->TakeValues(*GetFormer(), Edits);
+    // A count comes before the cells that it makes, a text after the node that would bring another one.
+    PutStates();
+    Taken = heir->GetEdits();
+}
+
+void KeptControl::PutStates() const
+{
+    OrbelDelegate *const heir = HeirWidget->GetDelegate();
+    for (auto state = States.cbegin(); state != States.cend() && !heir->IsClosed(); ++state) {
+        const PropertyKey name(state.key());
+        // Where a node holds it, it is one of the values.
+        if (!heir->HeldNumber(name.toString()).isValid())
+            heir->ChangeProperty(name, state.value());
+    }
+}
+
+void KeptControl::PutValuesAgain()
+{
+    OrbelDelegate *const heir = HeirWidget->GetDelegate();
+    if (heir->IsClosed() || !GetFormer()->Touched || IsSame(heir->GetEdits(), Taken))
+        return;
+    const OrbelDelegate::Call call(heir);
+    heir->TakeValues(*GetFormer(), Edits);
+}
+
+void KeptControl::PutMark() const
+{
+    const OrbelDelegate *const former = GetFormer();
+    OrbelDelegate *const heir = HeirWidget->GetDelegate();
+    const bool isMarked = former->Modified && heir->GenerateXml;
+    if (!isMarked && !heir->Modified)
+        return;
+    heir->Modified = isMarked;
+    heir->ChangeShows = isMarked && former->ChangeShows;
+    heir->Applied.reset();
+    if (isMarked && former->Applied)
+        heir->Applied = std::make_unique<QVariantList>(heir->TranslateEdits(*former, *former->Applied));
+    heir->Form().Note();
+}
+
+QString KeptControl::TellOther() const
+{
+    const OrbelDelegate *const heir = HeirWidget->GetDelegate();
+    return heir->IsClosed() || IsSame(Wanted, Taken) ? QString() : heir->SpellChange(Wanted, Taken);
+}
+
+} // namespace KV218
