@@ -10,6 +10,7 @@
 
 #include "floatgrouplayout.h"
 #include "orbeldelegate.h"
+#include "session.h"
 #include "valuenumeric.h"
 #include "vcnumericfloatspin.h"
 
@@ -150,6 +151,32 @@ Cell ShowStage(int controls)
         return TimeOf([&] { peer::Show(form.Window()); });
     };
     return Compare([&] { return TurnOf(ours); }, byHand, Repeats);
+}
+
+/// A session's reload that changes one label, shown in place; the checker has had its say.
+Cell ReloadOneProperty(int controls)
+{
+    const QString text = work::Definition(controls);
+    const QByteArray one = text.toUtf8();
+    const QString label = QStringLiteral("<Property name=\"labelText\"><String>");
+    QString changed = text;
+    changed.insert(changed.indexOf(label, changed.size() / 2) + label.size(), QStringLiteral("New "));
+    const QByteArray other = changed.toUtf8();
+    const Orbel::Opening opened = Orbel::Session::OpenText(one);
+    peer::Show(opened.Opened->GetWidget());
+    const KV218::OrbelFormular *const form = opened.Opened->GetForm();
+    bool isChanged = false;
+    const Cell cell = Compare(
+        [&] {
+            isChanged = !isChanged;
+            return TimeOf([&] {
+                opened.Opened->Reload(isChanged ? other : one);
+                peer::RunToIdle();
+            });
+        },
+        [&] { return LoadOurs(text); }, Repeats);
+    Require(opened.Opened->GetForm() == form, "the form was made anew");
+    return cell;
 }
 
 // ---- layout
@@ -493,6 +520,7 @@ constexpr Plan Plans[] = {
     {"definition text to visible and idle / QUiLoader load to visible",             1.1,  0.80, AgainstUiLoader},
     {"the same / hand-written QFormLayout",                                          1.6,  1.25, AgainstFormLayout},
     {"growth: time at 10 000 / time at 1000",                                        11.5, 10.5, LoadGrowth},
+    {"reload after one changed property / opening",                                  0.33, 0.15, ReloadOneProperty},
     {"resize step, updates off / QFormLayout's",                                     1.0,  0.5,  Resize},
     {"re-arrangement / layout arithmetic on the same sizes",                         5,    2,    Rearrange},
     {"`GetXmlString(false)` / raw writer of the same text",                          2.0,  1.4,  WriteDocument},

@@ -141,6 +141,13 @@ void OrbelDelegate::Retranslate()
         ToolTips->Retranslate(objectName());
 }
 
+void OrbelDelegate::RenewToolTips(const QString &former)
+{
+    const Call call(this);
+    if (ToolTips)
+        ToolTips->Replace(former, property(prop::LabelText.data()).toString(), objectName());
+}
+
 void OrbelDelegate::SetOwnToolTip(QWidget *control, const ToolTipText &text)
 {
     if (!control)
@@ -454,12 +461,15 @@ void OrbelDelegate::PropertyChanged(const QString &name, const QVariant &value)
 /// A definition that is read counts for none.
 void OrbelDelegate::NoteSet(const QString &name)
 {
-    static const QSet<QString> values{
+    static constexpr QLatin1String values[]{
         prop::Value, prop::Checked, prop::CurrentValue, prop::StartFrequency, prop::StopFrequency};
-    static const QSet<QString> states{
+    static constexpr QLatin1String states[]{
         prop::Text, prop::FrequencyLock, prop::ItemCount, prop::RowCount, prop::ColumnCount, prop::SpacingsCount};
-    const bool isState = states.contains(name);
-    if (ListDepth > 0 || (!isState && !values.contains(name)) || !Form().isActive())
+    const auto isOneOf = [&name](const auto &names) {
+        return std::any_of(std::begin(names), std::end(names), [&](QLatin1String each) { return name == each; });
+    };
+    const bool isState = isOneOf(states);
+    if (ListDepth > 0 || (!isState && !isOneOf(values)) || !Form().isActive())
         return;
     Touched = true;
     if (isState && !SetSince.contains(name))

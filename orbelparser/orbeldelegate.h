@@ -200,6 +200,9 @@ public:
     virtual int TranslatePlace(const OrbelDelegate &former, int place) const;
     /// Such a value in the terms of this control. The base keeps it.
     virtual QVariant TranslateEdit(const OrbelDelegate &former, const QVariant &value) const;
+    /// Has the tooltips that the control made of its label, `former`, say the label of now, as those of a new control
+    /// do.
+    void RenewToolTips(const QString &former);
     /// Takes such values in, and emits what tells of a value, but marks nothing for the host. The base sets the nodes,
     /// or puts the edits of a control without any.
     virtual void TakeValues(const OrbelDelegate &former, const QVariantList &edits);

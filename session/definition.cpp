@@ -54,6 +54,22 @@ Definition Definition::OfComponent(const QByteArray &list, const QString &name)
     return definition;
 }
 
+Definition Definition::OfLater(const QByteArray &document) const
+{
+    Definition later = IsComponent() ? OfComponent(document, Component) : OfText(document);
+    later.File = File;
+    return later;
+}
+
+Definition Definition::OfLater(const QByteArray &document, const QVector<Finding> &told) const
+{
+    Definition later;
+    later.File = File;
+    later.Document = document;
+    later.Told = told;
+    return later;
+}
+
 bool Definition::HasErrors() const
 {
     return std::any_of(

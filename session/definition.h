@@ -27,6 +27,13 @@ public:
 
     /// Empty without one.
     const QString &GetFile() const { return File; }
+    /// The bytes that were given.
+    const QByteArray &GetDocument() const { return Document; }
+    bool IsComponent() const { return !Text.isNull(); }
+    /// What takes the place of this one: a definition, or of a component list the component of the same name.
+    Definition OfLater(const QByteArray &document) const;
+    /// The same where it is known what the checker has to say.
+    Definition OfLater(const QByteArray &document, const QVector<Finding> &told) const;
     /// In the order of the document. Where Parse() gives null there is at least one error.
     const QVector<Finding> &GetFindings() const { return Told; }
     bool HasErrors() const;

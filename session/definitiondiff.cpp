@@ -73,8 +73,7 @@ std::optional<DefinitionDiff::Widgets> DefinitionDiff::ReadWidgets(const QByteAr
     Widgets widgets;
     while (reader.readNextStartElement()) {
         const auto attributes = reader.attributes();
-        Widget widget{
-            attributes.value(attribute::Name).toString(), attributes.value(attribute::Class).toString(), {}};
+        Widget widget{attributes.value(attribute::Name).toString(), attributes.value(attribute::Class).toString(), {}};
         if (reader.name() != element::Widget || widget.Name.isEmpty() || !ReadWidget(reader, widget, false))
             return std::nullopt;
         widgets.append(widget);
@@ -114,13 +113,20 @@ int LineAt(const QByteArray &document, int place)
     return 1 + int(std::count(document.begin(), document.begin() + place, '\n'));
 }
 
-/// The part from `start` to `end` in a sheet of its own, with all that stands before the first widget, on the lines that
-/// it has in the whole.
+/// The part from `start` to `end` in a sheet of its own, with all that stands before the first widget and with all
+/// enumerations, on the lines that it has in the whole.
 QByteArray Part(const QByteArray &document, int start, int end)
 {
     const QByteArray head = document.left(document.indexOf("<Widget"));
     const int lines = LineAt(document, start) - LineAt(head, head.size());
-    return head + QByteArray(lines, '\n') + document.mid(start, end - start) + "</Sheet></ZkParamGui>";
+    QByteArray part = head + QByteArray(lines, '\n') + document.mid(start, end - start) + "</Sheet>";
+    const QByteArray endOfEnums = "</Enums>";
+    for (int from = end; (from = document.indexOf("<Enums", from)) >= 0;) {
+        const int to = document.indexOf(endOfEnums, from) + endOfEnums.size();
+        part += document.mid(from, to - from);
+        from = qMax(from + 1, to);
+    }
+    return part + "</ZkParamGui>";
 }
 
 } // namespace
@@ -128,9 +134,11 @@ QByteArray Part(const QByteArray &document, int start, int end)
 std::optional<DefinitionDiff> DefinitionDiff::Between(const QByteArray &before, const QByteArray &after)
 {
     const auto shorter = std::min(before.size(), after.size());
-    const auto same = int(std::mismatch(before.begin(), before.begin() + shorter, after.begin()).first - before.begin());
+    const auto same
+        = int(std::mismatch(before.begin(), before.begin() + shorter, after.begin()).first - before.begin());
     const auto rest = shorter - same;
-    const auto sameEnd = int(std::mismatch(before.rbegin(), before.rbegin() + rest, after.rbegin()).first - before.rbegin());
+    const auto sameEnd
+        = int(std::mismatch(before.rbegin(), before.rbegin() + rest, after.rbegin()).first - before.rbegin());
     const int start = before.lastIndexOf("<Widget", same);
     const QByteArray endTag = "</Widget>";
     const int end = before.indexOf(endTag, before.size() - sameEnd);
@@ -180,8 +188,8 @@ bool DefinitionDiff::TakeProperties(
             return false;
         if (one.Text == other.Text)
             continue;
-        const bool isRead = scripts.contains(name.toLower())
-            || (MovesValue(name) && scripts.contains(after.Name.toLower()));
+        const bool isRead
+            = scripts.contains(name.toLower()) || (MovesValue(name) && scripts.contains(after.Name.toLower()));
         // A text that comes or goes may make a control, or take one away.
         if (isTwice || !IsLive(after, other) || isRead || one.Text.isEmpty() || other.Text.isEmpty())
             return false;

@@ -74,7 +74,7 @@ public:
     /// The widget to show, in which the form stands. It belongs to the session until it is given a parent; it may end
     /// before the session. Null then.
     QWidget *GetWidget() const;
-    /// For what the session does not offer; never null. Replaced by Reload(): do not keep it.
+    /// For what the session does not offer; never null. Reload() may replace it: do not keep it.
     KV218::OrbelFormular *GetForm() const;
     /// Where the nodes of the form stand in the value tree.
     QString GetNodePath() const;
@@ -124,8 +124,7 @@ public:
     /// it is not known what was applied, and for an unknown path.
     bool Revert(const QString &path);
     void RevertAll();
-    /// The operator's changes, for a QUndoGroup of the host for instance. Replaced by Reload(), unless its form is
-    /// kept.
+    /// The operator's changes, for a QUndoGroup of the host for instance. The same one after a Reload().
     QUndoStack *UndoStack() const;
 
     /// The device has taken an applied change.
@@ -143,10 +142,12 @@ public:
     void Unlock();
     bool IsLocked() const;
 
-    /// A new definition under the running form; docs/host.md tells what is kept. With an error among the findings
-    /// nothing has changed.
+    /// Puts a new definition under the running form, at once or when the form is at rest; docs/reload.md tells what is
+    /// kept. A session of a component takes a component list. Gives what the checker has to say; with an error among
+    /// the findings nothing has changed. reloaded() follows.
     QVector<Finding> Reload(const QByteArray &document);
-    /// Reloads whenever the file changes; an empty path ends it.
+    /// Reloads whenever the file changes, be it replaced by another one, once nobody writes into it; an empty path ends
+    /// that. reloaded() tells of each.
     void Watch(const QString &path);
 
     /// The longest that one run of the script may take, in milliseconds: it is ended then, which scriptFailed() tells;
@@ -163,6 +164,8 @@ Q_SIGNALS:
     void applied(const QVector<Orbel::Change> &changes, const QString &document);
     /// No answer came to the applied change of this control within the time.
     void unanswered(const QString &path);
+    /// A new definition is in place, or has errors, and then nothing has changed. What it does not admit of what was
+    /// kept is among the findings: value-not-kept.
     void reloaded(const QVector<Orbel::Finding> &findings);
     /// The script threw, when it was run at the start or in a handler, or took longer than it may. `line` counts from 1
     /// in the definition's file; `file` is empty for a definition that came from none. What happens while the session

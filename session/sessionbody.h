@@ -2,6 +2,7 @@
 
 #include "answers.h"
 #include "definition.h"
+#include "reload.h"
 #include "session.h"
 
 #include <QObject>
@@ -50,6 +51,7 @@ public:
     const Definition &GetDefinition() const { return Source; }
     void SetDefinition(const Definition &definition) { Source = definition; }
     const SessionOptions &GetOptions() const { return Options; }
+    Reload &GetReload() { return Later; }
     const Form &GetForm() const { return Bound; }
     QWidget *GetWidget() const { return Holder; }
 
@@ -88,6 +90,7 @@ private:
     QPointer<QObject> Configuration;
     QString ConfigurationName;
     Answers Sent;
+    Reload Later{*this};
     QString LockReason;
     /// The form has asked for its changes to be sent, and they were not yet.
     bool IsDue = false;

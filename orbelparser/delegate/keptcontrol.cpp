@@ -1,5 +1,6 @@
 #include "keptcontrol.h"
 
+#include "devicenote.h"
 #include "formdoor.h"
 #include "orbeldelegate.h"
 #include "propertynames.h"
@@ -15,9 +16,12 @@ static bool IsSame(const QVariantList &one, const QVariantList &other)
 }
 
 KeptControl::KeptControl(const Widget &former, const Widget &heir)
-    : FormerWidget(former), HeirWidget(heir), Edits(GetFormer()->GetEdits()), Shape(GetFormer()->GetEditShape())
+    : FormerWidget(former), HeirWidget(heir), Edits(GetFormer()->GetEdits()), Shape(GetFormer()->GetEditShape()),
+      IsTouched(GetFormer()->Touched), IsModified(GetFormer()->Modified), Shows(GetFormer()->ChangeShows)
 {
     const OrbelDelegate *const control = GetFormer();
+    if (control->Applied)
+        Applied = *control->Applied;
     for (const QString &name : control->SetSince)
         States.insert(name, control->property(PropertyKey(name).data()));
     for (const QString &name : control->CustomSetSince)
@@ -34,7 +38,7 @@ void KeptControl::PutValues()
     PutStates();
     heir->SetSince = GetFormer()->SetSince;
     heir->CustomSetSince = GetFormer()->CustomSetSince;
-    heir->Touched = GetFormer()->Touched;
+    heir->Touched = IsTouched;
     if (!heir->Touched || heir->IsClosed())
         return;
     Wanted = heir->TranslateEdits(*GetFormer(), Edits);
@@ -58,7 +62,7 @@ void KeptControl::PutStates() const
 void KeptControl::PutValuesAgain()
 {
     OrbelDelegate *const heir = HeirWidget->GetDelegate();
-    if (heir->IsClosed() || !GetFormer()->Touched || IsSame(heir->GetEdits(), Taken))
+    if (heir->IsClosed() || !IsTouched || IsSame(heir->GetEdits(), Taken))
         return;
     const OrbelDelegate::Call call(heir);
     heir->TakeValues(*GetFormer(), Edits);
@@ -68,15 +72,27 @@ void KeptControl::PutMark() const
 {
     const OrbelDelegate *const former = GetFormer();
     OrbelDelegate *const heir = HeirWidget->GetDelegate();
-    const bool isMarked = former->Modified && heir->GenerateXml;
+    const bool isMarked = IsModified && heir->GenerateXml;
     if (!isMarked && !heir->Modified)
         return;
     heir->Modified = isMarked;
-    heir->ChangeShows = isMarked && former->ChangeShows;
+    heir->ChangeShows = isMarked && Shows;
     heir->Applied.reset();
-    if (isMarked && former->Applied)
-        heir->Applied = std::make_unique<QVariantList>(heir->TranslateEdits(*former, *former->Applied));
+    if (isMarked && Applied)
+        heir->Applied = std::make_unique<QVariantList>(heir->TranslateEdits(*former, *Applied));
     heir->Form().Note();
+}
+
+void KeptControl::PutDevice() const
+{
+    const OrbelDelegate *const former = GetFormer();
+    OrbelDelegate *const heir = HeirWidget->GetDelegate();
+    if (!former->Device || heir->IsClosed())
+        return;
+    DeviceNote *const device = heir->NeedDevice();
+    if (former->Device->Reported)
+        device->Reported = heir->TranslateEdits(*former, *former->Device->Reported);
+    heir->SetAnswer(former->Device->Answer, former->Device->Reason);
 }
 
 QString KeptControl::TellOther() const

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <optional>
+
 namespace KV218
 {
 
@@ -31,6 +33,8 @@ public:
     void PutValuesAgain();
     /// Marks the heir as its former was marked, and as nothing else.
     void PutMark() const;
+    /// Has the heir tell what the device had to say of its former.
+    void PutDevice() const;
     /// In the operator's words, what the heir has made of the values; empty where it has them as they were.
     QString TellOther() const;
 
@@ -41,6 +45,11 @@ private:
     const Widget HeirWidget;
     const QVariantList Edits;
     const int Shape;
+    // A field that loses the focus when the form ends marks its control.
+    const bool IsTouched;
+    const bool IsModified;
+    const bool Shows;
+    std::optional<QVariantList> Applied;
     QVariantList Wanted;
     QVariantList Taken;
     QMap<QString, QVariant> States;

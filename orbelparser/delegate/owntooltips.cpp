@@ -43,6 +43,15 @@ void OwnToolTips::Set(QWidget *widget, const Text &text, const QString &objectNa
     widget->setToolTip(shown);
 }
 
+void OwnToolTips::Replace(const QString &former, const QString &now, const QString &objectName)
+{
+    for (Entry &entry : Entries) {
+        if (entry.Source.Source == former)
+            entry.Source.Source = now;
+    }
+    Retranslate(objectName);
+}
+
 void OwnToolTips::Retranslate(const QString &objectName)
 {
     // By index: a host that watches a widget's tooltip may change its bounds, and so its tooltip.

@@ -31,6 +31,8 @@ public:
 
     /// Gives a widget, not null, a tooltip in place of any other.
     void Set(QWidget *widget, const Text &text, const QString &objectName);
+    /// Has those that say `former` say `now`.
+    void Replace(const QString &former, const QString &now, const QString &objectName);
     /// Shows all in the present language.
     void Retranslate(const QString &objectName);
 

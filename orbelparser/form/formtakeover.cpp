@@ -9,6 +9,7 @@
 #include "orbelsheetui.h"
 
 #include <QHash>
+#include <QPointer>
 #include <QScopeGuard>
 #include <QWidget>
 
@@ -41,11 +42,12 @@ void FormTakeover::Run(QStringList *told)
     const CallScope formersCall(Former.Sheet.GetLife());
     // It would leave two halves of forms.
     const ExceptionStop::Zone zone;
-    const bool hasWindow = Former.GetGUI();
+    const QPointer<QWidget> window(Former.GetGUI());
     const QString path = Former.VTPath;
     const auto shown = Former.Shown;
     InsertHostsControls();
     PairControls();
+    Changed = Former.Sheet.GetChanges()->GetChanged();
     const KeptView view(Former.Sheet);
     Heir.Configuration = Former.Configuration;
     Heir.TakeHostValues(Former);
@@ -55,7 +57,7 @@ void FormTakeover::Run(QStringList *told)
     Heir.Sheet.GetUi()->TakeWidget(*Former.Sheet.GetUi());
     if (Heir.IsOpen())
         Heir.CreateValueTree(path);
-    if (Heir.IsOpen() && hasWindow)
+    if (Heir.IsOpen() && window)
         Heir.CreateGUI(shown.ApplyUi, shown.Names, shown.Exclude);
     PutValues(told);
     if (Heir.IsOpen())
@@ -107,8 +109,7 @@ void FormTakeover::PutValues(QStringList *told)
         control.PutValues();
     for (KeptControl &control : Controls)
         control.PutValuesAgain();
-    for (const KeptControl &control : Controls)
-        control.PutMark();
+    PutMarks();
     if (!Heir.IsOpen())
         return;
     for (const KeptControl &control : Controls) {
@@ -120,6 +121,24 @@ void FormTakeover::PutValues(QStringList *told)
         [](const KeptControl &control) { return control.GetHeir()->IsSelected() && control.GetHeir()->isModified(); });
     Heir.Sheet.GetUi()->TakeChanges(*Former.Sheet.GetUi(), isModified);
     TakeUndoStack();
+}
+
+/// In the order in which the controls were changed.
+void FormTakeover::PutMarks()
+{
+    const auto place = [this](const KeptControl &control) {
+        const int changed = Changed.indexOf(control.GetFormer());
+        return changed < 0 ? Changed.size() : changed;
+    };
+    std::vector<const KeptControl *> marked;
+    for (const KeptControl &control : Controls)
+        marked.push_back(&control);
+    std::stable_sort(marked.begin(), marked.end(),
+        [&](const KeptControl *one, const KeptControl *other) { return place(*one) < place(*other); });
+    for (const KeptControl *control : marked) {
+        control->PutMark();
+        control->PutDevice();
+    }
 }
 
 void FormTakeover::TakeUndoStack()
@@ -137,6 +156,7 @@ void FormTakeover::TakeLocks()
         if (Heir.IsOpen())
             Heir.Sheet.EnableInput(Former.Sheet.IsInputEnabled(scope), scope);
     }
+    Heir.Sheet.GetUi()->SetLockReason(Former.Sheet.GetUi()->GetLockReason());
 }
 
 } // namespace KV218

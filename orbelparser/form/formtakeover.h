@@ -30,12 +30,15 @@ private:
     void PairControls();
     void InsertHostsControls();
     void PutValues(QStringList *told);
+    void PutMarks();
     void TakeLocks();
     void TakeUndoStack();
 
     FormBody &Heir;
     FormBody &Former;
     std::vector<KeptControl> Controls;
+    /// Those of the former form, in the order in which that was.
+    QVector<OrbelDelegate *> Changed;
 };
 
 } // namespace KV218

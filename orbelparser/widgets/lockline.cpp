@@ -46,6 +46,9 @@ bool LockLine::eventFilter(QObject *watched, QEvent *event)
 void LockLine::Place()
 {
     QWidget *row = parentWidget();
+    // A row that is destroyed loses its layout first.
+    if (!row->layout())
+        return;
     const int spacing = fontMetrics().horizontalAdvance(QLatin1Char('x'));
     const int first = row->layout()->sizeHint().width() + spacing;
     const int taken = Behind && !Behind->isHidden() ? Behind->width() + spacing : 0;

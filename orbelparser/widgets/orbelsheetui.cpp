@@ -140,6 +140,35 @@ void OrbelSheetUi::FinishFrame()
         if (part && part != Gui)
             part->show();
     }
+    if (Gui->parentWidget())
+        KeepTabPlace();
+}
+
+/// The controls of a form that is made in a window in use come last in the order of Tab. What of the window comes
+/// behind the form is put behind them.
+void OrbelSheetUi::KeepTabPlace() const
+{
+    const auto takesTab = [](const QWidget *widget) { return widget->focusPolicy() & Qt::TabFocus; };
+    QVector<QWidget *> behind;
+    QWidget *first = nullptr;
+    QWidget *last = nullptr;
+    for (QWidget *next = Gui->nextInFocusChain(); next != Gui->window(); next = next->nextInFocusChain()) {
+        if (!takesTab(next))
+            continue;
+        const bool isInside = Gui->isAncestorOf(next);
+        if (isInside)
+            last = next;
+        if (isInside && !first)
+            first = next;
+        if (!isInside && !first)
+            behind.append(next);
+    }
+    for (QWidget *widget : last ? behind : QVector<QWidget *>()) {
+        // Alone it does nothing where the one follows the other by way of the window.
+        QWidget::setTabOrder(first, widget);
+        QWidget::setTabOrder(last, widget);
+        last = widget;
+    }
 }
 
 QScrollArea *OrbelSheetUi::GetArea() const

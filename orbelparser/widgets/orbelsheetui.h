@@ -50,6 +50,7 @@ public:
     void ScrollToFocus();
     /// Why the input is locked; stands in the apply row, if there is one.
     void SetLockReason(const QString &reason);
+    const QString &GetLockReason() const { return LockReason; }
     /// What the controls are scrolled in; null when there is no frame.
     QScrollArea *GetArea() const;
     /// Has all controls stand where they will, as far as the window is shown.
@@ -127,6 +128,7 @@ protected:
 
 private:
     QWidget *BuildApplyBox(QWidget *parent);
+    void KeepTabPlace() const;
     void BuildTimer();
     void FillTextSizeMenu(QMenu *sizes);
 

@@ -1,10 +1,15 @@
 // A new definition under a running form: what stays, what goes, and that nothing is announced by it.
 
+#include "definitiondiff.h"
 #include "frequencyfield.h"
 #include "liveform.h"
-#include "vcnumericfloatspin.h"
+#include "orbelspinbox.h"
+#include "registry.h"
+#include "session.h"
 
 #include <random>
+
+using namespace Orbel;
 
 namespace
 {
@@ -21,7 +26,7 @@ QString Gain(const QStringList &properties = {"value=Int:5", "maximum=Int:60"})
     return Control("gain", "SpinBox", properties);
 }
 
-QString Text(const QString &text = "one")
+QString Line(const QString &text = "one")
 {
     return Control("text", "LineEdit", {"text=String:" + text});
 }
@@ -53,11 +58,10 @@ QString Document(const QString &body, const QString &script = {})
 
 /// A form in the window of a host, in front of another control.
 struct Live {
-    explicit Live(const QString &body, const QString &rest = {}, bool applyUi = true)
-        : form(Parse(Document(body, rest)))
+    explicit Live(const QString &body, const QString &path = "/Form") : form(Parse(Document(body)))
     {
-        form->CreateValueTree("/Form");
-        form->CreateGUI(applyUi);
+        form->CreateValueTree(path);
+        form->CreateGUI(true);
         auto *layout = new QVBoxLayout(&window);
         layout->addWidget(form->GetGUI());
         layout->addWidget(new QLineEdit);
@@ -108,6 +112,34 @@ struct Live {
     QWidget window;
 };
 
+/// All that the controls of a form hold and show.
+QStringList LookOf(const OrbelFormular &form)
+{
+    QStringList look;
+    for (const QWidget *widget : form.GetGUI()->findChildren<QWidget *>()) {
+        look << widget->objectName() + ' ' + widget->toolTip();
+        for (const char *name : {"text", "value", "pos", "size"})
+            QDebug(&look.last()) << widget->property(name);
+    }
+    for (int i = 0; i < form.GetSheet().GetWidgetCount(); ++i) {
+        const OrbelDelegate *control = form.GetSheet().GetWidgetAt(i)->GetDelegate();
+        const auto *node = dynamic_cast<const IValueNumeric *>(control->GetVTValue());
+        look << control->objectName();
+        for (const char *name : {"minimum", "maximum", "singleStep", "value", "text", "currentValue"})
+            look.last() += ' ' + control->property(name).toString();
+        if (node)
+            QDebug(&look.last()) << node->GetValue() << node->GetMin() << node->GetMax() << node->GetStep();
+    }
+    return look;
+}
+
+/// A definition as a file has it.
+QByteArray Text(const QString &version, const QString &script = {})
+{
+    const QString body = Enum("Modes", "AM=1 FM=2") + Gain() + Mode;
+    return Document(body, script).replace("version=\"1\"", "version=\"" + version + "\"").toUtf8();
+}
+
 /// What the operator or host does in one form, the definition that comes, and what must read the same or otherwise
 /// then.
 struct Case {
@@ -119,14 +151,120 @@ struct Case {
     QString Expected;
 };
 
-QString BeforeAndAfter(const std::function<QString(Live &)> &state, Live &live, const QString &after)
+/// A form of widgets at random, and another one that is made of it: widgets come, go, move, and get other names,
+/// classes and values.
+class RandomForm
 {
-    const QString before = state(live);
-    live.Reload(after);
-    return before == state(live) ? "the same" : before + " -> " + state(live);
+public:
+    explicit RandomForm(int seed) : Random(seed)
+    {
+        for (int i = Below(12); i >= 0; --i)
+            Insert();
+    }
+    void Change()
+    {
+        for (int i = Below(6); i >= 0; --i) {
+            const int place = Below(Rows.size());
+            switch (Rows.isEmpty() ? 0 : Below(6)) {
+            case 0:
+                Insert();
+                break;
+            case 1:
+                Rows.removeAt(place);
+                break;
+            case 2:
+                Rows[place].first = NewName();
+                break;
+            case 3:
+                Rows.move(place, Below(Rows.size()));
+                break;
+            case 4:
+                Rows[place].second = ClassAt(Below(Classes));
+                break;
+            default:
+                Version = Below(100);
+            }
+        }
+    }
+    QString Text() const
+    {
+        QString body = Enum("Modes", "AM=1 FM=2 CW=3");
+        for (const auto &[name, type] : Rows)
+            body += Control(name, type,
+                {"value=String:" + QString::number(Version % 7), "text=String:" + QString::number(Version),
+                    "maximum=String:1e9", "decimals=Int:2", "enumName=String:Modes", "itemCount=Int:2",
+                    "spacingsCount=Int:2", "rowCount=Int:2", "columnCount=Int:2", "parameterListItemTag=String:i"});
+        return body;
+    }
+    int Below(int bound) { return bound > 0 ? int(Random() % uint(bound)) : 0; }
+    /// What the operator makes of a control: the same number of values, none of which stands there.
+    QVariantList Other(const OrbelDelegate &control, const QString &type)
+    {
+        QVariantList values = control.GetEdits();
+        const int number = 10 + Below(90);
+        for (int i = 0; i < values.size(); ++i) {
+            if (type == "ComboBox")
+                values[i] = values[i] == "FM" ? "CW" : "FM";
+            else if (type == "CheckBox")
+                values[i] = values[i] == "true" ? "false" : "true";
+            else if (type == "ChannelSpacingTable")
+                values[i] = number + i + 0.5;
+            else
+                values[i] = QString::number(number * 1000 + i / (type == "TableWidget" ? 2 : 1));
+        }
+        return values;
+    }
+
+    QList<QPair<QString, QString>> Rows;
+
+private:
+    static constexpr int Classes = 13;
+    static QString ClassAt(int index)
+    {
+        const char *const classes[Classes]
+            = {"SpinBox", "DoubleSpinBox", "LineEdit", "CheckBox", "ComboBox", "FrequencyEdit", "FrequencyRangeEdit",
+                "SpinBoxList", "TableWidget", "ChannelSpacingTable", "Headline", "Label", "Unknown"};
+        return classes[index];
+    }
+    QString NewName()
+    {
+        const auto isTaken = [this](const QString &name) {
+            return std::any_of(Rows.begin(), Rows.end(), [&](const auto &row) { return row.first == name; });
+        };
+        QString name;
+        do
+            name = "w" + QString::number(Below(40));
+        while (isTaken(name));
+        return name;
+    }
+    void Insert() { Rows.insert(Below(Rows.size() + 1), {NewName(), ClassAt(Below(Classes))}); }
+
+    std::mt19937 Random;
+    int Version = 1;
+};
+
+/// What a control holds and how it is marked.
+QString StateOf(const OrbelDelegate &control)
+{
+    QStringList state;
+    for (const QVariant &value : control.GetEdits())
+        state << value.toString();
+    state << (control.IsChanged() ? "changed" : "");
+    for (const QVariant &value : control.GetApplied() ? *control.GetApplied() : QVariantList())
+        state << value.toString();
+    return state.join('|');
 }
 
 } // namespace
+
+class Ender : public QObject
+{
+    Q_OBJECT
+
+public:
+    std::function<void()> Act;
+    Q_INVOKABLE void end() const { Act(); }
+};
 
 class TestReload : public TestCase
 {
@@ -146,17 +284,212 @@ private Q_SLOTS:
         Live live(test.Before);
         QWidget *const gui = live.form->GetGUI();
         test.Act(live);
-        if (test.Expected == "the same")
-            QCOMPARE(BeforeAndAfter(test.State, live, test.After), test.Expected);
-        else
-            QVERIFY(live.Reload(test.After));
-        if (test.Expected != "the same")
-            QCOMPARE(test.State(live), test.Expected);
+        const QString before = test.State(live);
+        QVERIFY(live.Reload(test.After));
+        QCOMPARE(test.State(live), test.Expected == "the same" ? before : test.Expected);
         QCOMPARE(live.announced, 0);
         QCOMPARE(live.form->GetGUI(), gui);
     }
 
+    /// What is done in place leaves everything as a form has it that is made anew.
+    void inPlaceIsAsAnew_data()
+    {
+        const auto row = Columns<QString, QString>({"one", "other"});
+        for (const char *name : {"labelText", "prefix", "suffix", "specialValueText", "unit"})
+            row(name, QString("%1=String:one").arg(name), QString("%1=String:other kHz").arg(name));
+        row("minimum", "minimum=Double:1", "minimum=Double:4");
+        row("maximum", "maximum=Double:9", "maximum=Double:6");
+        row("singleStep", "singleStep=Double:1", "singleStep=Double:2");
+    }
+    void inPlaceIsAsAnew()
+    {
+        QFETCH(QString, one);
+        QFETCH(QString, other);
+        const auto text = [](const QString &property) {
+            QString body = Enum("Modes", "AM=1 FM=2");
+            const QStringList all{"labelText=String:row", "minimum=Double:1", "value=Int:5", "enumName=String:Modes",
+                "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:1", "parameterListItemTag=String:i",
+                "startFrequencyParameterXmlTag=String:a", "stopFrequencyParameterXmlTag=String:b"};
+            for (const QString &name : Registry::ClassNames())
+                body += Widget("w" + name, name,
+                    Usable + all.filter(QRegularExpression("^(?!" + property.section('=', 0, 0) + "=)"))
+                        + QStringList(property));
+            return Document(body).toUtf8();
+        };
+        const auto patched = Session::OpenText(text(one)), anew = Session::OpenText(text(one));
+        for (Session *session : {patched.Opened.get(), anew.Opened.get()}) {
+            session->GetWidget()->resize(400, 400);
+            session->GetWidget()->show();
+            PassEvents();
+        }
+        const OrbelFormular *const former = patched.Opened->GetForm();
+        patched.Opened->Reload(text(other));
+        QCOMPARE(patched.Opened->GetForm(), former);
+        anew.Opened->Reload(text(other).replace("version=\"1\"", "version=\"2\""));
+        QCOMPARE(anew.Opened->GetForm()->GetVersion(), QString("2"));
+        PassEvents();
+        QCOMPARE(LookOf(*patched.Opened->GetForm()), LookOf(*anew.Opened->GetForm()));
+    }
+
+    void waitsUntilTheFormIsAtRest()
+    {
+        const auto opened = Session::OpenText(Text("1"));
+        Session &session = *opened.Opened;
+        session.GetWidget()->show();
+        const OrbelFormular *former = session.GetForm();
+        const auto *gain = qobject_cast<OrbelSpinBox *>(Delegate(Form(session.GetForm()), "gain"));
+        bool stayed = false;
+        connect(gain, &OrbelSpinBox::valueChanged, &session, [&] {
+            session.Reload(Text("2"));
+            stayed = session.GetForm() == former;
+        });
+        session.GetForm()->SetVTValue("gain", "7", nullptr, false);
+        QVERIFY(stayed);
+        QTRY_COMPARE(session.GetForm()->GetVersion(), QString("2"));
+        QCOMPARE(session.Value("gain").toInt(), 7);
+
+        auto *list = session.GetWidget()->findChild<QComboBox *>();
+        list->showPopup();
+        session.Reload(Text("3"));
+        QCOMPARE(session.GetForm()->GetVersion(), QString("2"));
+        list->hidePopup();
+        QTRY_COMPARE(session.GetForm()->GetVersion(), QString("3"));
+        QVERIFY(!session.Reload("<ZkParamGui>").isEmpty());
+        QCOMPARE(session.GetForm()->GetVersion(), QString("3"));
+    }
+    void endsInTheMiddle_data()
+    {
+        const auto row = Columns<bool, QString>({"window", "script"});
+        for (bool window : {false, true}) {
+            row(window ? "window, at the start" : "session, at the start", window, "host.end()");
+            row(window ? "window, by a value" : "session, by a value", window,
+                "gain.valueChanged.connect(function() { host.end() })");
+        }
+    }
+    void endsInTheMiddle()
+    {
+        QFETCH(bool, window);
+        QFETCH(QString, script);
+        auto opened = Session::OpenText(Text("1"));
+        Ender host;
+        host.Act = [&] { window ? delete opened.Opened->GetWidget() : opened.Opened.reset(); };
+        opened.Opened->GetForm()->SetScriptValue("host", &host);
+        opened.Opened->GetForm()->SetVTValue("gain", "7", nullptr, false);
+        opened.Opened->Reload(Text("2", "<Script>" + script + "</Script>"));
+        QCOMPARE(bool(opened.Opened), window);
+        QVERIFY(!window || (!opened.Opened->GetWidget() && opened.Opened->Value("gain") == 7));
+    }
+    void manyReloadsLeaveNothing()
+    {
+        const auto opened = Session::OpenText(Text("1"));
+        opened.Opened->GetWidget()->show();
+        const auto count = [] {
+            PassEvents();
+            return QPair<int, int>(QApplication::allWidgets().size(), Tree::Instance()->GetPaths().size());
+        };
+        opened.Opened->Reload(Text("0"));
+        const auto before = count();
+        for (int i = 0; i < 100; ++i)
+            opened.Opened->Reload(Text(QString::number(i)));
+        QCOMPARE(count(), before);
+    }
+    void aFileIsWatched()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath("a.orbel");
+        const auto write = [](const QString &to, const QByteArray &text) {
+            QFile file(to);
+            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text) == text.size());
+        };
+        write(path, Text("1"));
+        const auto opened = Session::OpenFile(path);
+        const QSignalSpy reloaded(opened.Opened.get(), &Session::reloaded);
+        opened.Opened->Watch(path);
+        const auto version = [&] { return opened.Opened->GetForm()->GetVersion(); };
+        write(path, Text("2"));
+        QTRY_COMPARE(version(), QString("2"));
+        for (const char *next : {"3", "4"}) { // as an editor that replaces the file
+            write(path + "~", Text(next));
+            QFile::remove(path);
+            QVERIFY(QFile::rename(path + "~", path));
+            QTRY_COMPARE(version(), QString(next));
+        }
+        write(path, Text("5").left(100)); // and one that writes in pieces
+        QTest::qWait(150);
+        write(path, Text("5"));
+        QTRY_COMPARE(version(), QString("5"));
+        QCOMPARE(reloaded.size(), 4);
+        write(path, "<broken");
+        QTRY_COMPARE(reloaded.size(), 5);
+        QCOMPARE(version(), QString("5"));
+    }
+
+    /// ORBEL_RELOADS tells how many pairs, ORBEL_RELOAD_SEED which is the first.
+    void randomPairs()
+    {
+        const int first = FromEnvironment("ORBEL_RELOAD_SEED", 1);
+        for (int seed = first; seed < first + FromEnvironment("ORBEL_RELOADS", 200); ++seed) {
+            ReloadAtRandom(seed);
+            if (QTest::currentTestFailed())
+                QFAIL(qPrintable(QString("seed %1").arg(seed)));
+        }
+    }
+
 private:
+    static void ReloadAtRandom(int seed)
+    {
+        RandomForm random(seed);
+        Live live(random.Text());
+        const auto before = random.Rows;
+        QHash<QString, QString> kept;
+        QHash<QString, QVariantList> atStart, entered;
+        for (const auto &[name, type] : before) {
+            OrbelDelegate *control = live.Get(name);
+            const QVariantList stands = control->GetEdits();
+            const int who = stands.isEmpty() ? 0 : random.Below(3);
+            if (who == 1) {
+                const OrbelDelegate::OperatorChange change(control);
+                control->PutEdits(random.Other(*control, type));
+                atStart.insert(name, stands);
+            } else if (who == 2 && control->GetVTValue()) {
+                live.form->SetVTValue(
+                    control->GetVTValue()->GetName(), random.Other(*control, type).first().toString(), nullptr, false);
+            }
+            entered.insert(name, control->GetEdits());
+            if (control->IsTouched())
+                kept.insert(name, StateOf(*control));
+        }
+        random.Change();
+        QVERIFY(live.Reload(random.Text()));
+        QVERIFY(live.announced == 0 && live.told.isEmpty());
+
+        QHash<QString, QString> states;
+        for (const auto &row : qAsConst(random.Rows))
+            states.insert(row.first, StateOf(*live.Get(row.first)));
+        const Live fresh(random.Text(), "/Fresh");
+        int entries = 0;
+        for (const auto &row : qAsConst(random.Rows)) {
+            const QString &name = row.first;
+            const bool stays = before.contains(row);
+            const QString wanted = stays && kept.contains(name) ? kept.value(name) : StateOf(*fresh.Get(name));
+            QVERIFY2(states.value(name) == wanted, qPrintable(name + ' ' + states.value(name) + " is not " + wanted));
+            entries += stays && atStart.contains(name);
+        }
+        QCOMPARE(live.Stack()->count(), entries);
+        while (live.Stack()->canUndo())
+            live.Stack()->undo();
+        for (const auto &row : qAsConst(random.Rows)) {
+            const bool isUndone = before.contains(row) && atStart.contains(row.first);
+            QVERIFY2(!isUndone || live.Get(row.first)->GetEdits() == atStart.value(row.first), qPrintable(row.first));
+        }
+        while (live.Stack()->canRedo())
+            live.Stack()->redo();
+        for (const auto &row : qAsConst(random.Rows))
+            QVERIFY2(!before.contains(row) || !kept.contains(row.first)
+                    || live.Get(row.first)->GetEdits() == entered.value(row.first),
+                qPrintable(row.first));
+    }
+
     static const std::vector<Case> &Cases()
     {
         const auto nothing = [](Live &) {};
@@ -179,7 +512,7 @@ private:
         };
         // clang-format off
         static const std::vector<Case> cases{
-            {"a value that was set", Gain() + Text(), enter("gain", "7"), Text() + Gain({"value=Int:9"}), gain, "the same"},
+            {"a value that was set", Gain() + Line(), enter("gain", "7"), Line() + Gain({"value=Int:9"}), gain, "the same"},
             {"a value that the host set", Gain(), [](Live &live) { live.form->SetVTValue("gain", "8", nullptr, false); }, Gain({"value=Int:9"}), gain, "the same"},
             {"a value that a document set, be it the same", Gain(), [](Live &live) { live.form->SetXmlString("<Parameters><gain>5</gain></Parameters>"); }, Gain({"value=Int:9"}), gain, "5"},
             {"a value that nobody set", Gain(), nothing, Gain({"value=Int:9"}), gain, "9"},
@@ -189,21 +522,22 @@ private:
             {"no mark where there was none", Gain(), [](Live &live) { live.form->SetVTValue("gain", "8", nullptr, false); live.form->GetXmlString(false); }, Gain(), mark, "0 0 "},
             {"no mark on what is written no more", Gain(), enter("gain", "7"), Widget("gain", "SpinBox"), mark, "0 0 "},
             {"a choice by its value", Enum("Modes", "AM=1 FM=2") + Mode, [](Live &live) { live.form->SetVTValue("mode", "FM", nullptr, false); }, Enum("Modes", "CW=0 Frequency=2") + Mode, [](Live &live) { return live.Value("mode"); }, "Frequency"},
-            {"a text half typed", Text() + Gain(), [](Live &live) { TypeOver(live.Find("text"), "half"); QTest::keyClick(live.Find("text"), Qt::Key_Left, Qt::ShiftModifier); }, Gain() + Text("two"), focus, "the same"},
+            {"a text half typed", Line() + Gain(), [](Live &live) { TypeOver(live.Find("text"), "half"); QTest::keyClick(live.Find("text"), Qt::Key_Left, Qt::ShiftModifier); }, Gain() + Line("two"), focus, "the same"},
             {"a number half typed, with another suffix", Gain({"suffix=String: dB"}), type("gain", "1x"), Gain({"suffix=String: dBm"}), focus, "gain 1x dBm 2 "},
             {"a frequency half typed", Control("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "maximum=String:1e9"}), [](Live &live) { TypeOver(live.window.findChild<FrequencyField *>(), "14"); }, Gain() + Control("f", "FrequencyEdit", {"MainFreqEdit=Bool:true"}), focus, "the same"},
-            {"the focus of a button", Gain(), [](Live &live) { live.Find("autoApply")->setFocus(); }, Text(), focus, "the same"},
-            {"the focus of the host's", Gain(), [](Live &live) { live.window.findChildren<QLineEdit *>().last()->setFocus(); }, Text(), focus, "the same"},
-            {"the focus where the control goes", Gain() + Text(), type("gain", "7"), Text(), focus, "sheet"},
+            {"the focus of a button", Gain(), [](Live &live) { live.Find("autoApply")->setFocus(); }, Line(), focus, "the same"},
+            {"the focus of the host's", Gain(), [](Live &live) { live.window.findChildren<QLineEdit *>().last()->setFocus(); }, Line(), focus, "the same"},
+            {"the focus where the control goes", Gain() + Line(), type("gain", "7"), Line(), focus, "sheet"},
+            {"the order of Tab", Gain() + Line(), nothing, Line() + Gain(), [](Live &live) { QStringList names; for (QWidget *next = live.window.nextInFocusChain(); next != &live.window; next = next->nextInFocusChain()) if (next->focusPolicy() & Qt::TabFocus && !next->focusProxy() && next->isVisible()) names << next->objectName(); return names.join(' '); }, "text gain applyButton autoApply "},
             {"a cell that is being typed", Table, [](Live &live) { QTest::keyClicks(OpenCell(live.window.findChild<QTableWidget *>(), 2, 1), "abc"); }, Gain() + Table, [](Live &live) { const auto *table = live.window.findChild<QTableWidget *>(); return QString("%1/%2 ").arg(table->currentRow()).arg(table->currentColumn()) + live.Focus(); }, "the same"},
             {"selected cells", Table, [](Live &live) { live.window.findChild<QTableWidget *>()->setRangeSelected({1, 0, 2, 1}, true); }, Table + Gain(), [](Live &live) { return QString::number(live.window.findChild<QTableWidget *>()->selectedItems().size() + live.window.findChild<QTableWidget *>()->selectionModel()->selectedIndexes().size()); }, "the same"},
             {"cells by row and column", Table, [](Live &live) { EnterCell(live.window.findChild<QTableWidget *>(), 1, "abc", 1); }, Control("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
-            {"the place to which it was scrolled", Rows(), [](Live &live) { live.window.findChild<QScrollArea *>()->verticalScrollBar()->setValue(300); }, Text() + Rows(3), [](Live &live) { return QString::number(live.Top("row20")); }, "the same"},
-            {"collapsed groups", Group("a") + Gain() + Group("b") + Text(), [](Live &live) { live.form->GetSheet().SetCollapsed({"b"}); }, Group("c") + Gain() + Group("b") + Text(), [](Live &live) { return live.form->GetSheet().GetCollapsed().join(' '); }, "b"},
-            {"the undo stack", Gain() + Text(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Stack()->undo(); }, Text() + Gain(), undo, "the same"},
-            {"entries of a control that goes", Gain() + Text(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Enter("gain", "8"); live.Stack()->undo(); }, Text(), undo, "1|TEXT: one \u2192 two"},
+            {"the place to which it was scrolled", Rows(), [](Live &live) { live.window.findChild<QScrollArea *>()->verticalScrollBar()->setValue(300); }, Line() + Rows(3), [](Live &live) { return QString::number(live.Top("row20")); }, "the same"},
+            {"collapsed groups", Group("a") + Gain() + Group("b") + Line(), [](Live &live) { live.form->GetSheet().SetCollapsed({"b"}); }, Group("c") + Gain() + Group("b") + Line(), [](Live &live) { return live.form->GetSheet().GetCollapsed().join(' '); }, "b"},
+            {"the undo stack", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Stack()->undo(); }, Line() + Gain(), undo, "the same"},
+            {"entries of a control that goes", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Enter("gain", "8"); live.Stack()->undo(); }, Line(), undo, "1|TEXT: one \u2192 two"},
             {"an entry is undone", Gain(), [](Live &live) { live.Enter("gain", "7"); live.Reload(Gain({"maximum=Int:9"})); live.Stack()->undo(); }, Gain(), gain, "5"},
-            {"a lock", Gain(), [](Live &live) { live.form->EnableInput(false); }, Gain() + Text(), [](Live &live) { return QString::number(live.Find("text")->isEnabled()); }, "0"},
+            {"a lock", Gain(), [](Live &live) { live.form->EnableInput(false); }, Gain() + Line(), [](Live &live) { return QString::number(live.Find("gain")->isEnabled()); }, "0"},
             {"what a script set: a text, a hidden item", Control("state", "Label", {"text=String:-"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setText('on'); list.setItemCount(2); list.setItemValue(1, 'x')"); }, Gain() + Control("state", "Label", {"text=String:off"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setLabelText(list.itemValue(1))"); return live.Get("state")->property("text").toString() + live.Get("state")->property("labelText").toString(); }, "onx"},
         };
         // clang-format on
