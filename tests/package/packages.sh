@@ -49,6 +49,9 @@ build_and_run "$usr/share/orbelparser/examples/host" \
     timeout 5 ./orbel-examplehost "$usr/share/orbelparser/examples/forms/receiver.orbel" \
     && fail "the example host ended by itself"
 [ $? -eq 124 ] || fail "the example host"
+build_and_run "$usr/share/orbelparser/examples/receiver" timeout 5 host/receiverhost \
+    && fail "the receiver's host ended by itself"
+[ $? -eq 124 ] || fail "the receiver's host"
 
 export PKG_CONFIG_PATH="$usr/lib/pkgconfig"
 pkg-config --exists --print-errors orbelhost orbelparser orbelcheck orbelsession || fail "pkg-config"
