@@ -10,7 +10,7 @@
 namespace KV218
 {
 
-static QString Translated(const char *text)
+static QString TranslatedNote(const char *text)
 {
     return QCoreApplication::translate("KV218::DeviceNote", text);
 }
@@ -36,12 +36,12 @@ QString DeviceNote::GetText() const
     if (!Reason.isEmpty())
         lines.append(Reason);
     else if (Answer == RowLabel::Unconfirmed)
-        lines.append(Translated(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has not confirmed the value")));
+        lines.append(TranslatedNote(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has not confirmed the value")));
     else if (Answer == RowLabel::Refused)
-        lines.append(Translated(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has refused the value")));
+        lines.append(TranslatedNote(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has refused the value")));
     if (Reported)
         lines.append(
-            Translated(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has %1")).arg(Control->SpellReported()));
+            TranslatedNote(QT_TRANSLATE_NOOP("KV218::DeviceNote", "The device has %1")).arg(Control->SpellReported()));
     return lines.join(QLatin1Char('\n'));
 }
 
