@@ -38,6 +38,11 @@ OperatorAct *OperatorAct::On(const Observable *node)
     return Innermost && Innermost->Node == node ? Innermost : nullptr;
 }
 
+bool OperatorAct::IsAnyRunning()
+{
+    return Innermost;
+}
+
 int OperatorAct::NewSession()
 {
     static int last = 0;

@@ -25,6 +25,8 @@ public:
 
     /// The act that sets this node just now; null when the change of which it tells is nobody's or another's.
     static OperatorAct *On(const Observable *node);
+    /// Whether the operator sets any node now.
+    static bool IsAnyRunning();
     /// A number that no session had before.
     static int NewSession();
 

@@ -5,6 +5,7 @@
 #include "formlife.h"
 #include "formtakeover.h"
 #include "loadhooks.h"
+#include "operatoract.h"
 #include "orbelformular.h"
 #include "orbelsheetui.h"
 #include "propertynames.h"
@@ -340,8 +341,8 @@ bool FormBody::IsAtRest(const FormBody &form)
         return widget;
     };
     const bool isHeld = QGuiApplication::mouseButtons() && isInside(QApplication::widgetAt(QCursor::pos()));
-    return form.Sheet.GetLife()->IsAtRest() && !form.Sheet.GetChanges()->IsMoving() && !isHeld
-        && !(window && (isInside(QApplication::activePopupWidget()) || isInside(QWidget::mouseGrabber())));
+    return form.Sheet.GetLife()->IsAtRest() && !OperatorAct::IsAnyRunning() && !form.Sheet.GetChanges()->IsMoving()
+        && !isHeld && !(window && (isInside(QApplication::activePopupWidget()) || isInside(QWidget::mouseGrabber())));
 }
 
 void FormBody::SetScriptValue(const QString &name, const QScriptValue &value)

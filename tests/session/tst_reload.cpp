@@ -70,9 +70,9 @@ struct Live {
         QApplication::setActiveWindow(&window);
         PassEvents();
     }
-    bool Reload(const QString &body, const QString &rest = {})
+    bool Reload(const QString &body)
     {
-        const Form next = Parse(Document(body, rest));
+        const Form next = Parse(Document(body));
         const QSignalSpy applied(next.data(), &OrbelFormular::si_parametersModified);
         told.clear();
         if (!next->TakeOver(form.data(), &told))
@@ -96,13 +96,12 @@ struct Live {
     QString Focus() const
     {
         QWidget *focus = window.focusWidget();
-        auto *field = qobject_cast<QLineEdit *>(focus);
-        field = qobject_cast<QAbstractSpinBox *>(focus) ? focus->findChild<QLineEdit *>() : field;
-        return !focus ? QString()
-                      : focus->objectName()
-                + (field ? QString(" %1 %2 %3")
-                               .arg(field->text(), QString::number(field->cursorPosition()), field->selectedText())
-                         : QString());
+        auto *box = qobject_cast<QAbstractSpinBox *>(focus);
+        auto *field = box ? box->findChild<QLineEdit *>() : qobject_cast<QLineEdit *>(focus);
+        const QString name = focus ? focus->objectName() : QString();
+        return field
+            ? QString("%1 %2 %3 %4").arg(name, field->text()).arg(field->cursorPosition()).arg(field->selectedText())
+            : name;
     }
     int Top(const QString &name) const { return Find(name)->mapTo(&window, QPoint()).y(); }
 
@@ -151,94 +150,67 @@ struct Case {
     QString Expected;
 };
 
+const QStringList Classes{"SpinBox", "DoubleSpinBox", "LineEdit", "CheckBox", "ComboBox", "FrequencyEdit", "Unknown",
+    "FrequencyRangeEdit", "SpinBoxList", "TableWidget", "ChannelSpacingTable", "Headline", "Label"};
+
 /// A form of widgets at random, and another one that is made of it: widgets come, go, move, and get other names,
 /// classes and values.
-class RandomForm
-{
-public:
+struct RandomForm {
+    using Row = QPair<QString, QString>; // name and class
+
     explicit RandomForm(int seed) : Random(seed)
     {
         for (int i = Below(12); i >= 0; --i)
             Insert();
     }
+    int Below(int bound) { return int(Random() % uint(bound)); }
+    void Insert() { Rows.insert(Below(Rows.size() + 1), {NewName(), Classes.at(Below(Classes.size()))}); }
+    Row &Any() { return Rows[Below(Rows.size())]; }
+    QString NewName()
+    {
+        QString name;
+        const auto isIt = [&name](const Row &row) { return row.first == name; };
+        do
+            name = "w" + QString::number(Below(40));
+        while (std::any_of(Rows.begin(), Rows.end(), isIt));
+        return name;
+    }
     void Change()
     {
+        const std::function<void()> ways[]{[this] { Rows.removeAt(Below(Rows.size())); },
+            [this] { Any().first = NewName(); }, [this] { Any().second = Classes.at(Below(Classes.size())); },
+            [this] { Rows.move(Below(Rows.size()), Below(Rows.size())); }, [this] { Version = Below(100); }};
         for (int i = Below(6); i >= 0; --i) {
-            const int place = Below(Rows.size());
-            switch (Rows.isEmpty() ? 0 : Below(6)) {
-            case 0:
-                Insert();
-                break;
-            case 1:
-                Rows.removeAt(place);
-                break;
-            case 2:
-                Rows[place].first = NewName();
-                break;
-            case 3:
-                Rows.move(place, Below(Rows.size()));
-                break;
-            case 4:
-                Rows[place].second = ClassAt(Below(Classes));
-                break;
-            default:
-                Version = Below(100);
-            }
+            Insert();
+            ways[Below(5)]();
         }
     }
     QString Text() const
     {
         QString body = Enum("Modes", "AM=1 FM=2 CW=3");
-        for (const auto &[name, type] : Rows)
-            body += Control(name, type,
+        for (const Row &row : Rows)
+            body += Control(row.first, row.second,
                 {"value=String:" + QString::number(Version % 7), "text=String:" + QString::number(Version),
                     "maximum=String:1e9", "decimals=Int:2", "enumName=String:Modes", "itemCount=Int:2",
                     "spacingsCount=Int:2", "rowCount=Int:2", "columnCount=Int:2", "parameterListItemTag=String:i"});
         return body;
     }
-    int Below(int bound) { return bound > 0 ? int(Random() % uint(bound)) : 0; }
-    /// What the operator makes of a control: the same number of values, none of which stands there.
+    /// As many values as a control has, none of which stands there.
     QVariantList Other(const OrbelDelegate &control, const QString &type)
     {
         QVariantList values = control.GetEdits();
         const int number = 10 + Below(90);
         for (int i = 0; i < values.size(); ++i) {
-            if (type == "ComboBox")
-                values[i] = values[i] == "FM" ? "CW" : "FM";
-            else if (type == "CheckBox")
-                values[i] = values[i] == "true" ? "false" : "true";
-            else if (type == "ChannelSpacingTable")
-                values[i] = number + i + 0.5;
-            else
-                values[i] = QString::number(number * 1000 + i / (type == "TableWidget" ? 2 : 1));
+            const QString text = QString::number(number * 1000 + i / (type == "TableWidget" ? 2 : 1));
+            const QString one = type == "ComboBox" ? "FM" : "true", two = type == "ComboBox" ? "CW" : "false";
+            const bool isChoice = type == "ComboBox" || type == "CheckBox";
+            values[i] = isChoice ? QVariant(values.at(i) == one ? two : one) : QVariant(text);
+            values[i] = type == "ChannelSpacingTable" ? QVariant(number + i + 0.5) : values.at(i);
         }
         return values;
     }
 
-    QList<QPair<QString, QString>> Rows;
-
-private:
-    static constexpr int Classes = 13;
-    static QString ClassAt(int index)
-    {
-        const char *const classes[Classes]
-            = {"SpinBox", "DoubleSpinBox", "LineEdit", "CheckBox", "ComboBox", "FrequencyEdit", "FrequencyRangeEdit",
-                "SpinBoxList", "TableWidget", "ChannelSpacingTable", "Headline", "Label", "Unknown"};
-        return classes[index];
-    }
-    QString NewName()
-    {
-        const auto isTaken = [this](const QString &name) {
-            return std::any_of(Rows.begin(), Rows.end(), [&](const auto &row) { return row.first == name; });
-        };
-        QString name;
-        do
-            name = "w" + QString::number(Below(40));
-        while (isTaken(name));
-        return name;
-    }
-    void Insert() { Rows.insert(Below(Rows.size() + 1), {NewName(), ClassAt(Below(Classes))}); }
-
+    QList<Row> Rows;
     std::mt19937 Random;
     int Version = 1;
 };
@@ -440,54 +412,44 @@ private:
     {
         RandomForm random(seed);
         Live live(random.Text());
-        const auto before = random.Rows;
-        QHash<QString, QString> kept;
-        QHash<QString, QVariantList> atStart, entered;
-        for (const auto &[name, type] : before) {
-            OrbelDelegate *control = live.Get(name);
+        QHash<RandomForm::Row, QString> kept;
+        QHash<RandomForm::Row, QVariantList> atStart, entered;
+        for (const RandomForm::Row &row : qAsConst(random.Rows)) {
+            OrbelDelegate *control = live.Get(row.first);
             const QVariantList stands = control->GetEdits();
             const int who = stands.isEmpty() ? 0 : random.Below(3);
             if (who == 1) {
                 const OrbelDelegate::OperatorChange change(control);
-                control->PutEdits(random.Other(*control, type));
-                atStart.insert(name, stands);
-            } else if (who == 2 && control->GetVTValue()) {
-                live.form->SetVTValue(
-                    control->GetVTValue()->GetName(), random.Other(*control, type).first().toString(), nullptr, false);
+                control->PutEdits(random.Other(*control, row.second));
+                atStart.insert(row, stands);
+            } else if (const ValueBase *node = who == 2 ? control->GetVTValue() : nullptr) {
+                const QString text = random.Other(*control, row.second).first().toString();
+                live.form->SetVTValue(node->GetName(), text, nullptr, false);
             }
-            entered.insert(name, control->GetEdits());
+            entered.insert(row, control->GetEdits());
             if (control->IsTouched())
-                kept.insert(name, StateOf(*control));
+                kept.insert(row, StateOf(*control));
         }
         random.Change();
-        QVERIFY(live.Reload(random.Text()));
-        QVERIFY(live.announced == 0 && live.told.isEmpty());
-
+        QVERIFY(live.Reload(random.Text()) && live.announced == 0 && live.told.isEmpty());
         QHash<QString, QString> states;
-        for (const auto &row : qAsConst(random.Rows))
+        for (const RandomForm::Row &row : qAsConst(random.Rows))
             states.insert(row.first, StateOf(*live.Get(row.first)));
         const Live fresh(random.Text(), "/Fresh");
         int entries = 0;
-        for (const auto &row : qAsConst(random.Rows)) {
-            const QString &name = row.first;
-            const bool stays = before.contains(row);
-            const QString wanted = stays && kept.contains(name) ? kept.value(name) : StateOf(*fresh.Get(name));
-            QVERIFY2(states.value(name) == wanted, qPrintable(name + ' ' + states.value(name) + " is not " + wanted));
-            entries += stays && atStart.contains(name);
+        for (const RandomForm::Row &row : qAsConst(random.Rows)) {
+            const QString wanted = kept.value(row, StateOf(*fresh.Get(row.first)));
+            const QString state = states.value(row.first);
+            QVERIFY2(state == wanted, qPrintable(row.first + ' ' + state + " is not " + wanted));
+            entries += atStart.contains(row);
         }
         QCOMPARE(live.Stack()->count(), entries);
-        while (live.Stack()->canUndo())
-            live.Stack()->undo();
-        for (const auto &row : qAsConst(random.Rows)) {
-            const bool isUndone = before.contains(row) && atStart.contains(row.first);
-            QVERIFY2(!isUndone || live.Get(row.first)->GetEdits() == atStart.value(row.first), qPrintable(row.first));
+        for (const auto &values : {atStart, entered}) {
+            live.Stack()->setIndex(live.Stack()->index() == 0 ? entries : 0);
+            for (const RandomForm::Row &row : qAsConst(random.Rows))
+                QVERIFY2(!atStart.contains(row) || live.Get(row.first)->GetEdits() == values.value(row),
+                    qPrintable(row.first));
         }
-        while (live.Stack()->canRedo())
-            live.Stack()->redo();
-        for (const auto &row : qAsConst(random.Rows))
-            QVERIFY2(!before.contains(row) || !kept.contains(row.first)
-                    || live.Get(row.first)->GetEdits() == entered.value(row.first),
-                qPrintable(row.first));
     }
 
     static const std::vector<Case> &Cases()
