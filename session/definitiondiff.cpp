@@ -26,20 +26,37 @@ struct DefinitionDiff::Widget {
     QString Name;
     QString Class;
     QVector<Property> Properties;
-};
 
-/// Whether a property does at once in a running form what it does in a new one, and nothing beside.
-bool DefinitionDiff::IsLive(const Widget &, const Property &property)
-{
-    static const QSet<QString> live{prop::LabelText, prop::Suffix, prop::Prefix, prop::SpecialValueText, prop::Minimum,
-        prop::Maximum, prop::SingleStep, prop::Unit};
-    return !property.IsCustom && live.contains(property.Name);
-}
+    bool States(const QString &property) const
+    {
+        const auto isIt = [&](const Property &each) { return each.Name == property && !each.IsCustom; };
+        return std::any_of(Properties.begin(), Properties.end(), isIt);
+    }
+};
 
 /// Limits move values, which a script may read without naming the limits.
 static bool MovesValue(const QString &property)
 {
     return property == prop::Minimum || property == prop::Maximum;
+}
+
+/// Whether a property does at once in a running form what it does in a new one, and nothing beside.
+bool DefinitionDiff::IsLive(const Widget &widget, const Property &property)
+{
+    // Lists and tables look at them when they are made.
+    static const QSet<QString> lists{QStringLiteral("SpinBoxList"), QStringLiteral("DoubleSpinBoxList"),
+        QStringLiteral("ShiftList"), QStringLiteral("ChannelSpacingTable")};
+    static const QSet<QString> everywhere{prop::LabelText, prop::SpecialValueText, prop::Unit};
+    static const QSet<QString> inFields{prop::Prefix, prop::Suffix, prop::Minimum, prop::Maximum, prop::SingleStep};
+    const QString &name = property.Name;
+    const bool isFrequency = widget.Class.startsWith(QLatin1String("Frequency"));
+    if (property.IsCustom || everywhere.contains(name))
+        return !property.IsCustom;
+    if (!inFields.contains(name) || lists.contains(widget.Class) || (isFrequency && name == prop::SingleStep))
+        return false;
+    // A limit that is given later is not scaled, and a value that was clamped does not come back.
+    const bool isScaled = widget.States(prop::DisplayScalingFactor);
+    return name == prop::Prefix || name == prop::Suffix || (!isScaled && widget.States(prop::Value));
 }
 
 bool DefinitionDiff::ReadProperty(QXmlStreamReader &reader, bool isCustom, Widget &widget)

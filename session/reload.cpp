@@ -87,7 +87,8 @@ QVector<Finding> Reload::Take(const QByteArray &document)
 bool Reload::TakeInPlace(const QByteArray &document)
 {
     const Definition &now = Body.GetDefinition();
-    if (now.IsComponent() || !Body.GetForm()->IsAtRest())
+    // A value beyond its limits, say, would be another one in a new form.
+    if (now.IsComponent() || now.HasErrors() || !Body.GetForm()->IsAtRest())
         return false;
     const auto diff = DefinitionDiff::Between(now.GetDocument(), document);
     if (!diff || !MayPatch(*diff) || HasErrors(Check::Definition(diff->GetPartAfter())))

@@ -277,27 +277,32 @@ private Q_SLOTS:
     {
         QFETCH(QString, one);
         QFETCH(QString, other);
-        const auto text = [](const QString &property) {
+        const auto text = [](const QStringList &classes, const QString &property) {
             QString body = Enum("Modes", "AM=1 FM=2");
             const QStringList all{"labelText=String:row", "minimum=Double:1", "value=Int:5", "enumName=String:Modes",
                 "itemCount=Int:2", "rowCount=Int:2", "columnCount=Int:1", "parameterListItemTag=String:i",
                 "startFrequencyParameterXmlTag=String:a", "stopFrequencyParameterXmlTag=String:b"};
-            for (const QString &name : Registry::ClassNames())
-                body += Widget("w" + name, name,
-                    Usable + all.filter(QRegularExpression("^(?!" + property.section('=', 0, 0) + "=)"))
-                        + QStringList(property));
+            const QRegularExpression others("^(?!" + property.section('=', 0, 0) + "=)");
+            for (const QString &name : classes)
+                body += Widget("w" + name, name, Usable + all.filter(others) + QStringList(property));
             return Document(body).toUtf8();
         };
-        const auto patched = Session::OpenText(text(one)), anew = Session::OpenText(text(one));
+        QStringList classes = Registry::ClassNames();
+        const auto isAnew
+            = [&](const QString &name) { return !DefinitionDiff::Between(text({name}, one), text({name}, other)); };
+        classes.erase(std::remove_if(classes.begin(), classes.end(), isAnew), classes.end());
+        QVERIFY(classes.contains("SpinBox")
+            && classes.contains("FrequencyEdit") == (one.section('=', 0, 0) != "singleStep"));
+        const auto patched = Session::OpenText(text(classes, one)), anew = Session::OpenText(text(classes, one));
         for (Session *session : {patched.Opened.get(), anew.Opened.get()}) {
             session->GetWidget()->resize(400, 400);
             session->GetWidget()->show();
             PassEvents();
         }
         const OrbelFormular *const former = patched.Opened->GetForm();
-        patched.Opened->Reload(text(other));
+        patched.Opened->Reload(text(classes, other));
         QCOMPARE(patched.Opened->GetForm(), former);
-        anew.Opened->Reload(text(other).replace("version=\"1\"", "version=\"2\""));
+        anew.Opened->Reload(text(classes, other).replace("version=\"1\"", "version=\"2\""));
         QCOMPARE(anew.Opened->GetForm()->GetVersion(), QString("2"));
         PassEvents();
         QCOMPARE(LookOf(*patched.Opened->GetForm()), LookOf(*anew.Opened->GetForm()));
