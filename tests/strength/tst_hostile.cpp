@@ -246,10 +246,18 @@ private Q_SLOTS:
         QCOMPARE(WitnessOf(form), QString());
     }
 
+    void aHostStopsAScriptThatLoops_data()
+    {
+        const auto row = Columns<QString>({"script"});
+        row("the form's script", "while (true) {}");
+        row("a handler", "store.valueChanged.connect(function () { while (true) {} });");
+    }
+
     void aHostStopsAScriptThatLoops()
     {
-        const Form form = Parse(Definition(Witness() + Widget("store", "HiddenParameter"),
-            "<Script>store.valueChanged.connect(function () { while (true) {} }); while (true) {}</Script>"));
+        QFETCH(QString, script);
+        const Form form = Parse(Definition(
+            Witness() + Widget("store", "HiddenParameter"), "<Script>" + script.toHtmlEscaped() + "</Script>"));
         QScriptEngine *engine = EngineOf(form);
         engine->setProcessEventsInterval(20);
         int stopped = 0;
@@ -265,7 +273,7 @@ private Q_SLOTS:
         Delegate(form, "store")->setProperty("value", "x");
         QMetaObject::invokeMethod(Delegate(form, "store"), "setValue", Q_ARG(QString, "y"));
         watchdog.stop();
-        QVERIFY(stopped > 1);
+        QVERIFY(stopped > 0);
         // A stop that met no script waits for the next one, unless it is taken back.
         engine->evaluate(QString());
         form->EvaluateScript(
