@@ -93,6 +93,9 @@ bool OrbelDelegate::Report(const QVariant &value, QString *error)
 /// The operator has changed the value and not applied it.
 void OrbelDelegate::KeepAgainst(const QVariantList &values)
 {
+    const QVariantList *former = GetReported();
+    if (former && Applied && AreSameEdits(*former, values) && AreSameEdits(*Applied, values))
+        return;
     Applied = std::make_unique<QVariantList>(values);
     if (IsChanged()) {
         NeedDevice()->Reported = values;
@@ -110,6 +113,7 @@ void OrbelDelegate::KeepAgainst(const QVariantList &values)
 void OrbelDelegate::TakeReport(const QVariantList &values, bool stands)
 {
     const bool typing = IsBeingEdited();
+    const bool differed = GetReported();
     if (!stands) {
         const FormDoor::Reporting reporting(Form());
         PutReported(values);
@@ -124,7 +128,7 @@ void OrbelDelegate::TakeReport(const QVariantList &values, bool stands)
         resetModified();
         Form().SettleModified();
     }
-    if (Device)
+    if ((typing && !stands) || differed != bool(GetReported()))
         TellDevice();
 }
 
