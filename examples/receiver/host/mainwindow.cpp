@@ -52,8 +52,8 @@ MainWindow::MainWindow(const QString &forms, const QString &presets)
         View->addAction(panel.Dock->toggleViewAction());
     SetLanguage(Settings.value("language", "en").toString());
     SetDark(Settings.value("dark").toBool());
-    resize(1000, 560);
-    resizeDocks({Panels.front().Dock, Panels.back().Dock}, {300, 300}, Qt::Horizontal);
+    resize(1080, 560);
+    resizeDocks({Panels.front().Dock, Panels.back().Dock}, {340, 340}, Qt::Horizontal);
     restoreGeometry(Settings.value("geometry").toByteArray());
     restoreState(Settings.value("state").toByteArray());
 
@@ -111,7 +111,7 @@ void MainWindow::TellFindings(const QString &form, const QVector<Orbel::Finding>
 void MainWindow::Tell(const QString &text)
 {
     qInfo("%s", qPrintable(text));
-    statusBar()->showMessage(text);
+    statusBar()->showMessage(text, 10000);
 }
 
 void MainWindow::Send(QVector<Orbel::Change> changes)
@@ -148,7 +148,7 @@ void MainWindow::Lock(const QString &reason)
     if (!reason.isEmpty())
         Level->Add(qQNaN(), 0);
     for (const Panel &panel : Panels)
-        panel.Form->Lock(reason.isEmpty() ? reason : State->text());
+        panel.Form->Lock(reason.isEmpty() ? reason : tr("not connected"));
 }
 
 QString MainWindow::PresetFile(const Panel &panel, const QString &preset) const

@@ -4,10 +4,6 @@
 <context>
     <name>MainWindow</name>
     <message>
-        <source>connecting</source>
-        <translation>Verbindung wird aufgebaut</translation>
-    </message>
-    <message>
         <source>connected</source>
         <translation>verbunden</translation>
     </message>
@@ -46,6 +42,14 @@
     <message>
         <source>Dark colours</source>
         <translation>Dunkle Farben</translation>
+    </message>
+    <message>
+        <source>%1: read</source>
+        <translation>%1: gelesen</translation>
+    </message>
+    <message>
+        <source>not connected</source>
+        <translation>nicht verbunden</translation>
     </message>
 </context>
 </TS>
