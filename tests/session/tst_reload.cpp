@@ -14,21 +14,14 @@ using namespace Orbel;
 namespace
 {
 
-const QStringList Usable{"visible=Bool:true", "enabled=Bool:true", "generateParameterXml=Bool:true"};
-
-QString Control(const QString &name, const QString &className, const QStringList &properties = {})
-{
-    return Widget(name, className, Usable + QStringList{"labelText=String:" + name.toUpper()} + properties);
-}
-
 QString Gain(const QStringList &properties = {"value=Int:5", "maximum=Int:60"})
 {
-    return Control("gain", "SpinBox", properties);
+    return Labelled("gain", "SpinBox", properties);
 }
 
 QString Line(const QString &text = "one")
 {
-    return Control("text", "LineEdit", {"text=String:" + text});
+    return Labelled("text", "LineEdit", {"text=String:" + text});
 }
 
 QString Group(const QString &name)
@@ -41,12 +34,12 @@ QString Rows(int from = 0)
 {
     QString rows;
     for (int i = from; i < 40; ++i)
-        rows += Control("row" + QString::number(i), "SpinBox", {"maximum=Int:9"});
+        rows += Labelled("row" + QString::number(i), "SpinBox", {"maximum=Int:9"});
     return rows;
 }
 
-const QString Mode = Control("mode", "ComboBox", {"enumName=String:Modes"});
-const QString Table = Control("table", "TableWidget", {"rowCount=Int:4", "columnCount=Int:2"});
+const QString Mode = Labelled("mode", "ComboBox", {"enumName=String:Modes"});
+const QString Table = Labelled("table", "TableWidget", {"rowCount=Int:4", "columnCount=Int:2"});
 const QString Sheet = "<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>";
 
 /// `body` may begin with enumerations.
@@ -189,7 +182,7 @@ struct RandomForm {
     {
         QString body = Enum("Modes", "AM=1 FM=2 CW=3");
         for (const Row &row : Rows)
-            body += Control(row.first, row.second,
+            body += Labelled(row.first, row.second,
                 {"value=String:" + QString::number(Version % 7), "text=String:" + QString::number(Version),
                     "maximum=String:1e9", "decimals=Int:2", "enumName=String:Modes", "itemCount=Int:2",
                     "spacingsCount=Int:2", "rowCount=Int:2", "columnCount=Int:2", "parameterListItemTag=String:i"});
@@ -373,30 +366,27 @@ private Q_SLOTS:
     void aFileIsWatched()
     {
         QTemporaryDir folder;
-        const QString path = folder.filePath("a.orbel");
-        const auto write = [](const QString &to, const QByteArray &text) {
-            QFile file(to);
-            QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text) == text.size());
+        const auto write = [&folder](const QByteArray &text, const QString &name = "a.orbel") {
+            return WriteFile(folder, name, text);
         };
-        write(path, Text("1"));
+        const QString path = write(Text("1"));
         const auto opened = Session::OpenFile(path);
         const QSignalSpy reloaded(opened.Opened.get(), &Session::reloaded);
         opened.Opened->Watch(path);
         const auto version = [&] { return opened.Opened->GetForm()->GetVersion(); };
-        write(path, Text("2"));
+        write(Text("2"));
         QTRY_COMPARE(version(), QString("2"));
         for (const char *next : {"3", "4"}) { // as an editor that replaces the file
-            write(path + "~", Text(next));
-            QFile::remove(path);
-            QVERIFY(QFile::rename(path + "~", path));
+            write(Text(next), "a.orbel~");
+            QVERIFY(QFile::remove(path) && QFile::rename(path + "~", path));
             QTRY_COMPARE(version(), QString(next));
         }
-        write(path, Text("5").left(100)); // and one that writes in pieces
+        write(Text("5").left(100)); // and one that writes in pieces
         QTest::qWait(150);
-        write(path, Text("5"));
+        write(Text("5"));
         QTRY_COMPARE(version(), QString("5"));
         QCOMPARE(reloaded.size(), 4);
-        write(path, "<broken");
+        write("<broken");
         QTRY_COMPARE(reloaded.size(), 5);
         QCOMPARE(version(), QString("5"));
     }
@@ -483,29 +473,29 @@ private:
             {"a value that the host set", Gain(), [](Live &live) { live.form->SetVTValue("gain", "8", nullptr, false); }, Gain({"value=Int:9"}), gain, "the same"},
             {"a value that a document set, be it the same", Gain(), [](Live &live) { live.form->SetXmlString("<Parameters><gain>5</gain></Parameters>"); }, Gain({"value=Int:9"}), gain, "5"},
             {"a value that nobody set", Gain(), nothing, Gain({"value=Int:9"}), gain, "9"},
-            {"a value beyond the new limits", Gain(), enter("gain", "50"), Gain({"maximum=Int:40"}), [](Live &live) { return live.Value("gain") + live.told.join("|"); }, "40GAIN: 50 \u2192 40"},
-            {"another class", Gain(), enter("gain", "7"), Control("gain", "DoubleSpinBox", {"value=Double:1.5"}), gain, "1.5"},
+            {"a value beyond the new limits", Gain(), enter("gain", "50"), Gain({"maximum=Int:40"}), [](Live &live) { return live.Value("gain") + live.told.join("|"); }, "40gain: 50 \u2192 40"},
+            {"another class", Gain(), enter("gain", "7"), Labelled("gain", "DoubleSpinBox", {"value=Double:1.5"}), gain, "1.5"},
             {"a mark with what was applied", Gain(), enter("gain", "7"), Gain({"maximum=Int:9"}), mark, "the same"},
             {"no mark where there was none", Gain(), [](Live &live) { live.form->SetVTValue("gain", "8", nullptr, false); live.form->GetXmlString(false); }, Gain(), mark, "0 0 "},
             {"no mark on what is written no more", Gain(), enter("gain", "7"), Widget("gain", "SpinBox"), mark, "0 0 "},
             {"a choice by its value", Enum("Modes", "AM=1 FM=2") + Mode, [](Live &live) { live.form->SetVTValue("mode", "FM", nullptr, false); }, Enum("Modes", "CW=0 Frequency=2") + Mode, [](Live &live) { return live.Value("mode"); }, "Frequency"},
             {"a text half typed", Line() + Gain(), [](Live &live) { TypeOver(live.Find("text"), "half"); QTest::keyClick(live.Find("text"), Qt::Key_Left, Qt::ShiftModifier); }, Gain() + Line("two"), focus, "the same"},
             {"a number half typed, with another suffix", Gain({"suffix=String: dB"}), type("gain", "1x"), Gain({"suffix=String: dBm"}), focus, "gain 1x dBm 2 "},
-            {"a frequency half typed", Control("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "maximum=String:1e9"}), [](Live &live) { TypeOver(live.window.findChild<FrequencyField *>(), "14"); }, Gain() + Control("f", "FrequencyEdit", {"MainFreqEdit=Bool:true"}), focus, "the same"},
+            {"a frequency half typed", Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "maximum=String:1e9"}), [](Live &live) { TypeOver(live.window.findChild<FrequencyField *>(), "14"); }, Gain() + Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true"}), focus, "the same"},
             {"the focus of a button", Gain(), [](Live &live) { live.Find("autoApply")->setFocus(); }, Line(), focus, "the same"},
             {"the focus of the host's", Gain(), [](Live &live) { live.window.findChildren<QLineEdit *>().last()->setFocus(); }, Line(), focus, "the same"},
             {"the focus where the control goes", Gain() + Line(), type("gain", "7"), Line(), focus, "sheet"},
             {"the order of Tab", Gain() + Line(), nothing, Line() + Gain(), [](Live &live) { QStringList names; for (QWidget *next = live.window.nextInFocusChain(); next != &live.window; next = next->nextInFocusChain()) if (next->focusPolicy() & Qt::TabFocus && !next->focusProxy() && next->isVisible()) names << next->objectName(); return names.join(' '); }, "text gain applyButton autoApply "},
             {"a cell that is being typed", Table, [](Live &live) { QTest::keyClicks(OpenCell(live.window.findChild<QTableWidget *>(), 2, 1), "abc"); }, Gain() + Table, [](Live &live) { const auto *table = live.window.findChild<QTableWidget *>(); return QString("%1/%2 ").arg(table->currentRow()).arg(table->currentColumn()) + live.Focus(); }, "the same"},
             {"selected cells", Table, [](Live &live) { live.window.findChild<QTableWidget *>()->setRangeSelected({1, 0, 2, 1}, true); }, Table + Gain(), [](Live &live) { return QString::number(live.window.findChild<QTableWidget *>()->selectedItems().size() + live.window.findChild<QTableWidget *>()->selectionModel()->selectedIndexes().size()); }, "the same"},
-            {"cells by row and column", Table, [](Live &live) { EnterCell(live.window.findChild<QTableWidget *>(), 1, "abc", 1); }, Control("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
+            {"cells by row and column", Table, [](Live &live) { EnterCell(live.window.findChild<QTableWidget *>(), 1, "abc", 1); }, Labelled("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
             {"the place to which it was scrolled", Rows(), [](Live &live) { live.window.findChild<QScrollArea *>()->verticalScrollBar()->setValue(300); }, Line() + Rows(3), [](Live &live) { return QString::number(live.Top("row20")); }, "the same"},
             {"collapsed groups", Group("a") + Gain() + Group("b") + Line(), [](Live &live) { live.form->GetSheet().SetCollapsed({"b"}); }, Group("c") + Gain() + Group("b") + Line(), [](Live &live) { return live.form->GetSheet().GetCollapsed().join(' '); }, "b"},
             {"the undo stack", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Stack()->undo(); }, Line() + Gain(), undo, "the same"},
-            {"entries of a control that goes", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Enter("gain", "8"); live.Stack()->undo(); }, Line(), undo, "1|TEXT: one \u2192 two"},
+            {"entries of a control that goes", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Enter("gain", "8"); live.Stack()->undo(); }, Line(), undo, "1|text: one \u2192 two"},
             {"an entry is undone", Gain(), [](Live &live) { live.Enter("gain", "7"); live.Reload(Gain({"maximum=Int:9"})); live.Stack()->undo(); }, Gain(), gain, "5"},
             {"a lock", Gain(), [](Live &live) { live.form->EnableInput(false); }, Gain() + Line(), [](Live &live) { return QString::number(live.Find("gain")->isEnabled()); }, "0"},
-            {"what a script set: a text, a hidden item", Control("state", "Label", {"text=String:-"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setText('on'); list.setItemCount(2); list.setItemValue(1, 'x')"); }, Gain() + Control("state", "Label", {"text=String:off"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setLabelText(list.itemValue(1))"); return live.Get("state")->property("text").toString() + live.Get("state")->property("labelText").toString(); }, "onx"},
+            {"what a script set: a text, a hidden item", Labelled("state", "Label", {"text=String:-"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setText('on'); list.setItemCount(2); list.setItemValue(1, 'x')"); }, Gain() + Labelled("state", "Label", {"text=String:off"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setLabelText(list.itemValue(1))"); return live.Get("state")->property("text").toString() + live.Get("state")->property("labelText").toString(); }, "onx"},
         };
         // clang-format on
         return cases;
