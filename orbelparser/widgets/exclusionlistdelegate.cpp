@@ -110,11 +110,15 @@ QVariantList ExclusionListDelegate::GetEdits() const
     if (!ranges)
         return {};
     std::map<unsigned, QString> texts;
-    for (const auto &[key, range] : ranges->data())
-        texts[key] = QStringLiteral("%1 %2 %3 ")
+    for (const auto &[key, range] : ranges->data()) {
+        // Ids that count the rows come from the dialog, which counts anew each time.
+        const bool isHosts = range.GetID() >= ranges->data().size();
+        texts[key] = QStringLiteral("%1 %2 %3 %4 ")
                          .arg(key)
+                         .arg(isHosts ? range.GetID() : key)
                          .arg(NumberToText(range.GetRangeStart()), NumberToText(range.GetRangeStop()))
             + range.GetComment();
+    }
     QStringList list;
     for (const auto &entry : texts)
         list.append(entry.second);
@@ -130,10 +134,10 @@ void ExclusionListDelegate::PutEdits(const QVariantList &values)
     for (const QString &text : values.first().toStringList()) {
         CommentedRange range;
         const unsigned key = text.section(separator, 0, 0).toUInt();
-        range.SetID(key);
-        range.SetRangeStart(text.section(separator, 1, 1).toDouble());
-        range.SetRangeStop(text.section(separator, 2, 2).toDouble());
-        range.SetComment(text.section(separator, 3));
+        range.SetID(text.section(separator, 1, 1).toUInt());
+        range.SetRangeStart(text.section(separator, 2, 2).toDouble());
+        range.SetRangeStop(text.section(separator, 3, 3).toDouble());
+        range.SetComment(text.section(separator, 4));
         content.SetAt(key, range, nullptr);
     }
     GetRanges()->Assign(content);

@@ -34,7 +34,7 @@ public:
     /// Replaces the ranges in one transaction; without a node the element is left unread.
     void ReadXml(QXmlStreamReader &reader) override;
     void ParseProperties(QXmlStreamReader &reader, bool custom) override;
-    /// One list of texts, a range each with its key and comment.
+    /// One list of texts, a range each with its key, id and comment.
     QVariantList GetEdits() const override;
     void PutEdits(const QVariantList &values) override;
     QString SpellEdit(int index, const QVariant &value) const override;
