@@ -29,7 +29,8 @@ public:
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const final;
     void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
-    /// Commits what stands in the editor of a cell, and closes it; no other widget. Handlers may end the table.
+    /// Commits what stands in the editor of a cell, or takes back what is no number, and closes it; no other widget.
+    /// Handlers may end the table.
     void Finish(QWidget *editor, EndEditHint hint);
 
 protected:
