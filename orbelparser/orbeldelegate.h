@@ -13,6 +13,7 @@
 #include "xmlplace.h"
 
 #include <memory>
+#include <optional>
 #include <QExplicitlySharedDataPointer>
 #include <QHash>
 #include <QMap>
@@ -121,9 +122,9 @@ public:
     bool isModified() const { return Modified; }
     /// Whether the operator sees such a change: a value that was put back to the applied one is none.
     bool IsChanged() const;
-    /// What was applied last, in the order of GetEdits(); null while that is not known, and for a control that is not
-    /// modified.
-    const QVariantList *GetApplied() const { return Applied.get(); }
+    /// What was applied last, in the places of GetEdits(), where values that have come since stand as they are. Nothing
+    /// while that is not known, when the places are others now, and for a control that is not modified.
+    std::optional<QVariantList> GetApplied() const;
     /// Shows the mark of such a change at the row label, or what the device says, which counts for more.
     void ShowChanged(bool changed);
 
@@ -169,7 +170,7 @@ public:
     /// not known, as for a control that was modified without it. Does not tell the sheet.
     void BecomeChanged(const QVariantList *applied);
     /// Whether it is modified, and still holds what was applied.
-    bool IsAsApplied() const { return Modified && Applied && AreSameEdits(GetEdits(), *Applied); }
+    bool IsAsApplied() const { return Modified && Applied && AreSameEdits(GetEdits(), Applied->Values); }
     /// What the device has where the operator's value stands in its place, in the order of GetEdits(); null without
     /// such.
     const QVariantList *GetReported() const;
@@ -272,6 +273,12 @@ public:
 
     class EditNotice;
 
+    /// The values of GetEdits() at some moment, and their GetEditShape().
+    struct EditState {
+        QVariantList Values;
+        int Shape = 0;
+    };
+
     /// Stands where the operator changes values that are no nodes, or sets a node by no control of its own, and has the
     /// form record the change at its end. Within another one it is a part of that; but what he changes while handlers
     /// hear of the other one, or of an entry that moves, is a change of its own, and the other one is recorded up to
@@ -294,12 +301,13 @@ public:
         const Call Running;
         /// Null for a part.
         OrbelDelegate *Delegate;
-        QVariantList Before;
-        int Shape = 0;
+        EditState AtStart;
+        /// What has been recorded so far left this.
+        EditState Before;
         /// The indices that notices have named.
         QSet<int> Own;
         OperatorChange *Outer = nullptr;
-        const QVariantList *OuterBefore = nullptr;
+        EditState *OuterBefore = nullptr;
         int OuterNotices = 0;
     };
 
@@ -507,7 +515,9 @@ private:
     static QString ToldEdit(const QString &text);
     void NoteSet(const QString &name);
     void KeepApplied();
+    void SetApplied(const QVariantList &values);
     QVariantList NodeTexts() const;
+    EditState GetEditState() const { return {GetEdits(), GetEditShape()}; }
     void BeginAnew();
     void TakeReport(const QVariantList &values, bool stands);
     void KeepAgainst(const QVariantList &values);
@@ -560,15 +570,16 @@ private:
     /// The node of which the tree notifies observers that it enters.
     const ValuePtr<ValueBase> *Entering = nullptr;
 
-    /// The values from which a change of the operator's that is on its way has started; null without one.
-    const QVariantList *EditsBefore = nullptr;
+    /// What stood before the outermost change of the operator's that is on its way, or at an apply since; null without
+    /// one.
+    EditState *EditsBefore = nullptr;
     /// While the operator sets a node of the control's.
     JoinedAct *Act = nullptr;
     OperatorChange *OpenChange = nullptr;
     /// How many notices run within it.
     int Notices = 0;
     int ListDepth = 0;
-    std::unique_ptr<QVariantList> Applied;
+    std::unique_ptr<EditState> Applied;
     /// Null while the device has nothing to say of the control.
     std::unique_ptr<DeviceNote> Device;
 

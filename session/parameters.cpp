@@ -117,7 +117,7 @@ ControlInfo InfoOf(OrbelFormular &form, const KV218::OrbelWidget &widget)
 Change ChangeOf(const OrbelDelegate &control)
 {
     const QVariantList now = control.GetEdits();
-    const QVariantList *applied = control.GetApplied();
+    const auto applied = control.GetApplied();
     Change change;
     change.Path = control.GetXmlPath();
     change.Label = control.GetCaption();

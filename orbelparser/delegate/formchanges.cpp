@@ -46,6 +46,7 @@ void FormChanges::Close()
 
 void FormChanges::Began(OrbelDelegate *control)
 {
+    RecordRunning(control);
     Running.append(control);
 }
 
@@ -56,18 +57,17 @@ void FormChanges::Ended(OrbelDelegate *control)
         Running.remove(last);
 }
 
-void FormChanges::RecordRunning()
+void FormChanges::RecordRunning(const OrbelDelegate *except)
 {
     const auto running = Running;
     for (const QPointer<OrbelDelegate> &control : running) {
-        if (control)
+        if (control && control != except)
             control->RecordSoFar();
     }
 }
 
-void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, int session)
+void FormChanges::Record(OrbelDelegate *control, const QVariantList &before, const QVariantList &after, int session)
 {
-    const QVariantList after = control->GetEdits();
     auto entry = std::make_unique<ChangeEntry>(control, session, Moves);
     entry->Add(control, before, after);
     if (entry->IsEmpty())
@@ -164,7 +164,7 @@ void FormChanges::RevertAll()
     RecordRunning();
     auto entry = std::make_unique<ChangeEntry>(tr("Revert all"), Moves);
     for (OrbelDelegate *control : GetChanged()) {
-        if (const QVariantList *applied = control->GetApplied())
+        if (const auto applied = control->GetApplied())
             entry->Add(control, control->GetEdits(), *applied);
     }
     if (const OrbelDelegate *locked = entry->FindLocked(false))
@@ -176,7 +176,7 @@ void FormChanges::RevertAll()
 bool FormChanges::Revert(OrbelDelegate *control)
 {
     const CallScope call(Life);
-    const QVariantList *applied = control->GetApplied();
+    const auto applied = control->GetApplied();
     if (!applied)
         return false;
     auto entry = std::make_unique<ChangeEntry>(control, 0, Moves);

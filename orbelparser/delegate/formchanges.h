@@ -56,12 +56,13 @@ public:
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
-    /// The operator begins to change a control, and has done so. What undoes or reverts in between takes in what has
-    /// been changed so far.
+    /// The operator begins to change a control, and has done so. What undoes or reverts in between, or begins to change
+    /// another control, comes after what has been changed so far.
     void Began(OrbelDelegate *control);
     void Ended(OrbelDelegate *control);
-    /// The operator changed a control, which had these values before. Changes of one `session` other than 0 become one.
-    void Record(OrbelDelegate *control, const QVariantList &before, int session);
+    /// The operator changed a control from the ones to the other values. Changes of one `session` other than 0 become
+    /// one.
+    void Record(OrbelDelegate *control, const QVariantList &before, const QVariantList &after, int session);
     /// Controls with the values that they had before.
     using Former = QVector<QPair<QPointer<OrbelDelegate>, QVariantList>>;
     /// The operator has changed them at once, by a document for instance.
@@ -97,7 +98,7 @@ private:
     QVector<ChangeEntry *> Entries() const;
     void RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone);
     void PushWaiting();
-    void RecordRunning();
+    void RecordRunning(const OrbelDelegate *except = nullptr);
     void Go(bool back);
     void Push(ChangeEntry *entry);
     void TellLater();

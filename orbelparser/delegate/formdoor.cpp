@@ -35,10 +35,10 @@ void FormDoor::setModified(bool autoApply) const
         sheet->setModified(autoApply);
 }
 
-void FormDoor::Record(const QVariantList &before, int session) const
+void FormDoor::Record(const QVariantList &before, const QVariantList &after, int session) const
 {
     if (const OrbelSheet *sheet = Sheet())
-        sheet->GetChanges()->Record(Widget->GetDelegate(), before, session);
+        sheet->GetChanges()->Record(Widget->GetDelegate(), before, after, session);
 }
 
 void FormDoor::Began() const

@@ -32,8 +32,8 @@ public:
     /// Marks the sheet as modified, unless it is inactive; true lets automatic apply run.
     void setModified(bool autoApply) const;
 
-    /// The operator has changed this control, which had these values before; see FormChanges.
-    void Record(const QVariantList &before, int session) const;
+    /// The operator has changed this control, from the ones to the other values; see FormChanges.
+    void Record(const QVariantList &before, const QVariantList &after, int session) const;
     /// The operator begins to change this control, and has done so: handlers run between.
     void Began() const;
     void Ended() const;

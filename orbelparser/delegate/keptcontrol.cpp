@@ -21,7 +21,7 @@ KeptControl::KeptControl(const Widget &former, const Widget &heir)
 {
     const OrbelDelegate *const control = GetFormer();
     if (control->Applied)
-        Applied = *control->Applied;
+        Applied = control->Applied->Values;
     for (const QString &name : control->SetSince)
         States.insert(name, control->property(PropertyKey(name).data()));
     for (const QString &name : control->CustomSetSince)
@@ -79,7 +79,7 @@ void KeptControl::PutMark() const
     heir->ChangeShows = isMarked && Shows;
     heir->Applied.reset();
     if (isMarked && Applied)
-        heir->Applied = std::make_unique<QVariantList>(heir->TranslateEdits(*former, *Applied));
+        heir->SetApplied(heir->TranslateEdits(*former, *Applied));
     heir->Form().Note();
 }
 

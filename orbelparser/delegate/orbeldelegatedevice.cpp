@@ -94,9 +94,9 @@ bool OrbelDelegate::Report(const QVariant &value, QString *error)
 void OrbelDelegate::KeepAgainst(const QVariantList &values)
 {
     const QVariantList *former = GetReported();
-    if (former && Applied && AreSameEdits(*former, values) && AreSameEdits(*Applied, values))
+    if (former && Applied && AreSameEdits(*former, values) && AreSameEdits(Applied->Values, values))
         return;
-    Applied = std::make_unique<QVariantList>(values);
+    SetApplied(values);
     if (IsChanged()) {
         NeedDevice()->Reported = values;
     } else {
@@ -123,7 +123,7 @@ void OrbelDelegate::TakeReport(const QVariantList &values, bool stands)
     else if (!typing && Device)
         Device->Reported.reset();
     if (typing && Modified) {
-        Applied = std::make_unique<QVariantList>(GetEdits());
+        SetApplied(GetEdits());
     } else if (Modified) {
         resetModified();
         Form().SettleModified();
@@ -160,7 +160,7 @@ void OrbelDelegate::BecomeChanged(const QVariantList *applied)
     if (!GenerateXml || (applied && AreSameEdits(GetEdits(), *applied)))
         return;
     if (applied)
-        Applied = std::make_unique<QVariantList>(*applied);
+        SetApplied(*applied);
     Modified = true;
     ChangeShows = true;
     SetAnswer(RowLabel::None, QString());

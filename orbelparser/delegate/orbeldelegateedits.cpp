@@ -33,8 +33,16 @@ struct OrbelDelegate::JoinedAct {
 
     const Call Running;
     const int Session;
+    EditState AtStart;
+    /// What has been recorded so far left this.
     QVariantList Before;
 };
+
+/// What there was in the places of `now`; what has come since stands for itself.
+static QVariantList Fitted(const QVariantList &former, const QVariantList &now)
+{
+    return former.mid(0, now.size()) + now.mid(former.size());
+}
 
 QVariantList OrbelDelegate::NodeTexts() const
 {
@@ -69,21 +77,24 @@ void OrbelDelegate::MoveEdits(const QVariantList &values)
 {
     const Call call(this);
     RecordSoFar();
-    const QVariantList stands = GetEdits();
+    EditState stands = GetEditState();
+    const QVariantList former = stands.Values;
     {
-        const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+        const QScopedValueRollback<EditState *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+        // What moves is no part of a change that is on its way.
+        const QScopedValueRollback<JoinedAct *> act(Act, nullptr);
         const QScopedValueRollback<OperatorChange *> change(OpenChange, nullptr);
         PutEdits(values);
     }
     BeginAnew();
-    if (!AreSameEdits(stands, GetEdits()))
+    if (!AreSameEdits(former, GetEdits()))
         Form().TellEdited();
 }
 
 void OrbelDelegate::RecordSoFar()
 {
     if (Act)
-        Form().Record(Act->Before, Act->Session);
+        Form().Record(Act->Before, NodeTexts(), Act->Session);
     if (OpenChange)
         OpenChange->Record();
     BeginAnew();
@@ -231,12 +242,20 @@ bool OrbelDelegate::IsChanged() const
         return false;
     if (!Applied)
         return true;
-    return !AreSameEdits(GetEdits(), *Applied);
+    const EditState now = GetEditState();
+    return now.Shape != Applied->Shape || !AreSameEdits(now.Values, Applied->Values);
 }
 
 bool OrbelDelegate::AreSameEdits(const QVariantList &one, const QVariantList &other)
 {
     return one.size() == other.size() && std::equal(one.begin(), one.end(), other.begin(), &IsSameEdit);
+}
+
+std::optional<QVariantList> OrbelDelegate::GetApplied() const
+{
+    if (!Applied || Applied->Shape != GetEditShape())
+        return {};
+    return Fitted(Applied->Values, GetEdits());
 }
 
 void OrbelDelegate::ShowChanged(bool changed)
@@ -255,18 +274,23 @@ void OrbelDelegate::JoinAct(const Observable *node)
     if (!act)
         return;
     const auto joined = std::make_shared<JoinedAct>(this, act->GetSession());
-    auto record = [this, joined, node, outer = EditsBefore, outerAct = Act] {
+    auto record = [this, joined, outer = EditsBefore, outerAct = Act] {
         EditsBefore = outer;
         Act = outerAct;
-        LeaveToOthers(node);
+        if (Act)
+            Act->Before = NodeTexts();
         Form().Ended();
-        Form().Record(joined->Before, joined->Session);
+        Form().Record(joined->Before, NodeTexts(), joined->Session);
     };
     if (!act->AtEnd(this, std::move(record)))
         return;
     for (const ValueBase *own : GetNodes())
         joined->Before.append(own == node ? act->GetBefore() : own->GetStringValue());
-    EditsBefore = &joined->Before;
+    joined->AtStart = {joined->Before, GetEditShape()};
+    // In the order of time; the outer act goes on with what stands after this one.
+    if (Act)
+        Form().Record(Act->Before, joined->Before, Act->Session);
+    EditsBefore = EditsBefore ? EditsBefore : &joined->AtStart;
     Act = joined.get();
     Form().Began();
 }
@@ -285,8 +309,8 @@ void OrbelDelegate::LeaveToOthers(const Observable *node)
 void OrbelDelegate::MarkTyping()
 {
     const Call call(this);
-    const QVariantList stands = Modified ? QVariantList() : GetEdits();
-    const QScopedValueRollback<const QVariantList *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
+    EditState stands = Modified ? EditState() : GetEditState();
+    const QScopedValueRollback<EditState *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
     setModified(false);
 }
 
@@ -302,6 +326,8 @@ OrbelDelegate::OperatorChange::OperatorChange(OrbelDelegate *delegate) : Running
     if (Outer)
         Outer->Record();
     Begin();
+    AtStart = Before;
+    Delegate->EditsBefore = OuterBefore ? OuterBefore : &AtStart;
     Delegate->Form().Began();
 }
 
@@ -320,24 +346,22 @@ OrbelDelegate::OperatorChange::~OperatorChange()
 
 void OrbelDelegate::OperatorChange::Begin()
 {
-    Before = Delegate->GetEdits();
-    Shape = Delegate->GetEditShape();
-    Delegate->EditsBefore = &Before;
+    Before = Delegate->GetEditState();
 }
 
 void OrbelDelegate::OperatorChange::Record()
 {
-    const QVariantList now = Delegate->GetEdits();
-    if (Delegate->GetEditShape() != Shape)
+    const EditState now = Delegate->GetEditState();
+    if (now.Shape != Before.Shape)
         return;
     // Handlers may have added values, or taken some away.
-    Before = Before.mid(0, now.size()) + now.mid(Before.size());
-    for (int i = 0; i < now.size() && !Own.isEmpty(); ++i) {
+    QVariantList before = Fitted(Before.Values, now.Values);
+    for (int i = 0; i < before.size() && !Own.isEmpty(); ++i) {
         if (!Own.contains(i))
-            Before[i] = now.at(i);
+            before[i] = now.Values.at(i);
     }
     Delegate->Touch();
-    Delegate->Form().Record(Before, 0);
+    Delegate->Form().Record(before, now.Values, 0);
 }
 
 OrbelDelegate::EditNotice::EditNotice(OrbelDelegate *delegate, const QSet<int> &indices)

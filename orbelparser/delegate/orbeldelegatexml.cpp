@@ -85,9 +85,14 @@ void OrbelDelegate::setModified(bool autoApply)
 void OrbelDelegate::KeepApplied()
 {
     if (!Modified && EditsBefore)
-        Applied = std::make_unique<QVariantList>(*EditsBefore);
+        Applied = std::make_unique<EditState>(*EditsBefore);
     if (!Modified || Applied)
         Form().Note();
+}
+
+void OrbelDelegate::SetApplied(const QVariantList &values)
+{
+    Applied = std::make_unique<EditState>(EditState{values, GetEditShape()});
 }
 
 void OrbelDelegate::resetModified()
@@ -97,6 +102,8 @@ void OrbelDelegate::resetModified()
     Modified = false;
     ChangeShows = false;
     Applied.reset();
+    if (EditsBefore)
+        *EditsBefore = GetEditState();
     Form().Note();
 }
 

@@ -79,8 +79,7 @@ void FormBody::EnterXmlString(const QString &xml)
         if (!control)
             continue;
         const QVariantList edits = control->GetEdits();
-        const QVariantList *applied = control->isModified() ? control->GetApplied() : &edits;
-        all.append({widget, edits, applied ? std::optional<QVariantList>(*applied) : std::nullopt});
+        all.append({widget, edits, control->isModified() ? control->GetApplied() : edits});
     }
     SetXmlString(xml);
     FormChanges::Former recorded;

@@ -134,7 +134,7 @@ void ChangesButton::AddChanges(QMenu *menu)
 {
     const QVector<OrbelDelegate *> controls = Changes->GetChanged();
     for (OrbelDelegate *control : controls.mid(0, MostListed)) {
-        const QVariantList *applied = control->GetApplied();
+        const auto applied = control->GetApplied();
         const QString change = applied ? control->SpellChange(*applied, control->GetEdits()) : control->GetCaption();
         AddEntry(menu, MenuText(change), true, control, [control] { control->ComeIntoView(); });
     }
