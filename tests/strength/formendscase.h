@@ -104,8 +104,9 @@ public Q_SLOTS:
     void hearSignal()
     {
         const QString signal = ' ' + sender()->metaObject()->method(senderSignalIndex()).name();
-        // Whoever is to be told of one signal is told to the last.
-        if (IsOver() && !ActedOn.endsWith(signal))
+        // Whoever is to be told of one signal is told to the last. One comes by an event of its own, which the loop may
+        // bring before it drops the form.
+        if (IsOver() && !ActedOn.endsWith(signal) && signal != " si_changesChanged")
             Late << sender()->objectName() + signal;
         hear(sender()->objectName() + signal);
     }
