@@ -275,6 +275,7 @@ public:
 
     /// The values of GetEdits() at some moment, and their GetEditShape().
     struct EditState {
+        /// Both as the delegate gave them.
         QVariantList Values;
         int Shape = 0;
     };
@@ -361,10 +362,12 @@ protected:
     virtual void PutReported(const QVariantList &values);
     /// Two lists of such values, as texts of those that differ.
     struct Sides {
+        /// In the operator's words, and the index of the last one that differs.
         QStringList Before;
         QStringList After;
         int LastIndex = 0;
     };
+    /// See Sides.
     virtual Sides TellSides(const QVariantList &before, const QVariantList &after) const;
     /// Whether the operator is in the middle of an edit in one of the control's widgets.
     bool IsBeingEdited() const;

@@ -22,6 +22,7 @@ struct ControlInfo {
     /// the start and stop of a range. None is a control without a value, a headline for instance.
     enum Kind { None, Switch, Whole, Real, Text, OneOf, List };
 
+    /// The parameter path.
     QString Path;
     /// The name and the class of the widget, as the definition states them.
     QString Name;

@@ -41,9 +41,12 @@ struct SessionOptions {
 /// What opening gave: the session, and all that the checker has to say of the definition, with places. Without a
 /// session the findings hold at least one error, which tells why.
 struct Opening {
+    /// Null when there is no form to open.
     std::unique_ptr<Session> Opened;
+    /// In the order of the file.
     QVector<Finding> Told;
 
+    /// Whether there is a session.
     explicit operator bool() const { return Opened != nullptr; }
 };
 
@@ -62,6 +65,7 @@ class ORBEL_SESSION_EXPORT Session : public QObject
     Q_OBJECT
 
 public:
+    /// Reads a definition in the encoding that it declares.
     static Opening OpenFile(const QString &path, const SessionOptions &options = SessionOptions());
     /// The bytes are decoded as their XML declaration says.
     static Opening OpenText(const QByteArray &document, const SessionOptions &options = SessionOptions());

@@ -13,6 +13,7 @@ class ORBEL_HOST_EXPORT EditQuery : public QEvent
 public:
     EditQuery() : QEvent(Kind()) { setAccepted(false); }
 
+    /// The type that Qt has registered for this event.
     static QEvent::Type Kind();
     /// Asks `field`; null is none.
     static bool IsEditing(QWidget *field);

@@ -158,6 +158,7 @@ private Q_SLOTS:
         form->CreateValueTree("/Form");
         form->CreateGUI(true);
         const std::unique_ptr<QWidget> window(form->GetGUI());
+        window->resize(600, 900);
         QVERIFY(XOperator::Show(window.get()));
         // Opens the list, edits it, ends with a button of the dialog, and gives the numbers that are to be applied.
         const auto edit = [&](QDialogButtonBox::StandardButton end, const std::function<void(QTableWidget *)> &act) {
