@@ -110,13 +110,11 @@ void FormChanges::Push(ChangeEntry *entry)
         PushWaiting();
 }
 
+/// Each entry, on the stack or waiting, holds a share of `Moves`: a look at all of them would cost each commit what the
+/// whole history is long.
 bool FormChanges::HasHostsCommand() const
 {
-    for (int i = 0; i < Stack->count(); ++i) {
-        if (!dynamic_cast<const ChangeEntry *>(Stack->command(i)))
-            return true;
-    }
-    return false;
+    return Stack->count() > Moves.use_count() - 1 - static_cast<long>(Waiting.size());
 }
 
 void FormChanges::PushWaiting()
