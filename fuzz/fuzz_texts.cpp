@@ -28,7 +28,7 @@ void Expect(bool condition)
 void CheckNumber(double number)
 {
     double again = 0;
-    Expect(TextToNumber(NumberToText(number), again) && again == number);
+    Expect(Orbel::TextToNumber(Orbel::NumberToText(number), again) && again == number);
     for (int suffix = SuffixedDouble::ekPlain; suffix <= SuffixedDouble::ekGiga; ++suffix) {
         SuffixedDouble text(QStringLiteral("Hz"), 1000, false);
         text.SetSuffix(SuffixedDouble::ESuffix(suffix));
@@ -39,13 +39,13 @@ void CheckNumber(double number)
 /// What is written is read back to the last bit, and each digit is found where it stands.
 void CheckFrequency(double hertz)
 {
-    const QString text = FrequencyText::Write(hertz);
+    const QString text = Orbel::FrequencyText::Write(hertz);
     if (text.isEmpty())
         return;
-    Expect(NumberReader::OfHertz().Read(text).Number == hertz);
+    Expect(Orbel::NumberReader::OfHertz().Read(text).Number == hertz);
     for (int position = 0; position < text.size(); ++position) {
-        if (const auto power = FrequencyText::PowerAt(text, position))
-            Expect(FrequencyText::PositionOf(text, *power) == position);
+        if (const auto power = Orbel::FrequencyText::PowerAt(text, position))
+            Expect(Orbel::FrequencyText::PositionOf(text, *power) == position);
     }
 }
 
@@ -84,18 +84,18 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QString text = fuzz::Text(data, size);
     double number = 0;
-    if (TextToNumber(text, number))
+    if (Orbel::TextToNumber(text, number))
         CheckNumber(number);
     bool ok = false;
     number = Ember::toDoubleEx(text, &ok);
     if (ok)
         CheckNumber(number);
-    const TypedNumber frequency = NumberReader::OfHertz().Read(text);
+    const Orbel::TypedNumber frequency = Orbel::NumberReader::OfHertz().Read(text);
     if (frequency.IsNumber())
         CheckFrequency(frequency.Number);
     TypeIntoCell(text);
     qint64 integer = 0;
-    TextToInteger(text, integer);
+    Orbel::TextToInteger(text, integer);
     CheckNode<ValueInt>(text);
     CheckNode<ValueInt64>(text);
     CheckNode<ValueDouble>(text);

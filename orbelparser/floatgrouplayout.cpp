@@ -86,7 +86,7 @@ void FloatGroupLayout::watchLook()
 {
     if (Look || !parentWidget())
         return;
-    Look = new LookWatch(parentWidget(), this, [this] {
+    Look = new Orbel::LookWatch(parentWidget(), this, [this] {
         for (QLayoutItem *item : qAsConst(Items)) {
             if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
                 line->FollowParent();

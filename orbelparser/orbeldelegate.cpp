@@ -288,8 +288,8 @@ void OrbelDelegate::TakeNumber(const PropertyKey &name, const QVariant &held)
 int OrbelDelegate::GetNearestInt(const PropertyKey &name, int defaultValue) const
 {
     const double number = GetDouble(name, 0.0);
-    const bool fits = Saturated<int>(number) == std::llround(number);
-    return fits ? GetInt(name, defaultValue) : Saturated<int>(number);
+    const bool fits = Orbel::Saturated<int>(number) == std::llround(number);
+    return fits ? GetInt(name, defaultValue) : Orbel::Saturated<int>(number);
 }
 
 double OrbelDelegate::GetStatedNumber(const PropertyKey &name) const
@@ -396,7 +396,7 @@ bool OrbelDelegate::event(QEvent *e)
 
     const Call call(this);
     // A set that is no own one is a script's, of which its engine does not tell.
-    const ExceptionStop::Zone zone(!std::exchange(OwnSet, false));
+    const Orbel::ExceptionStop::Zone zone(!std::exchange(OwnSet, false));
     const QByteArray key = static_cast<QDynamicPropertyChangeEvent *>(e)->propertyName();
     // The set that leads here knows name and value; others are looked up.
     const bool known = InProgress && InProgress->Name->Is(key);

@@ -252,7 +252,8 @@ void OrbelSheet::SelectWidgets(const QStringList &list, bool select)
 template <class Begins, class Act> void OrbelSheet::ForGroups(Begins begins, Act act)
 {
     const CallScope call(GetLife());
-    const ExceptionStop::Zone zone; // it would come through the hide events of Qt and leave the group in two halves
+    const Orbel::ExceptionStop::Zone
+        zone; // it would come through the hide events of Qt and leave the group in two halves
     const LayoutPause pause(Ui->GetLayout());
     bool inGroup = false;
     for (const Widget &widget : Snapshot()) {
@@ -419,7 +420,7 @@ InputSwitches::Tell OrbelSheet::TellControls()
 void OrbelSheet::SetEnableInput(bool enable, bool partial)
 {
     // It would come through the focus events of Qt and leave the sheet half locked.
-    const ExceptionStop::Zone zone;
+    const Orbel::ExceptionStop::Zone zone;
     if (!enable)
         Ui->ParkFocus();
     for (const Widget &widget : Snapshot())

@@ -2,13 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>FieldNote</name>
-    <message>
-        <source>not taken: %1</source>
-        <translation>nicht übernommen: %1</translation>
-    </message>
-</context>
-<context>
     <name>KV218::Assistive</name>
     <message>
         <source>not accepted</source>
@@ -319,7 +312,14 @@
     </message>
 </context>
 <context>
-    <name>NumberReader</name>
+    <name>Orbel::FieldNote</name>
+    <message>
+        <source>not taken: %1</source>
+        <translation>nicht übernommen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Orbel::NumberReader</name>
     <message>
         <source>two decimal points</source>
         <translation>zwei Dezimalzeichen</translation>
@@ -361,7 +361,7 @@
     </message>
 </context>
 <context>
-    <name>TypedSpinBox</name>
+    <name>Orbel::TypedSpinBox</name>
     <message>
         <source>above %1: %1 is taken</source>
         <translation>über %1: %1 gilt</translation>

@@ -12,7 +12,7 @@
     </message>
 </context>
 <context>
-    <name>NumberReader</name>
+    <name>Orbel::NumberReader</name>
     <message numerus="yes">
         <source>at most %n digits behind the point</source>
         <translation>

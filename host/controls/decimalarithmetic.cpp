@@ -8,6 +8,9 @@
 #include <cstdlib>
 #include <limits>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -85,3 +88,5 @@ double WithoutNoise(double number)
         return number;
     return QString::number(number, 'g', std::numeric_limits<double>::digits10).toDouble();
 }
+
+} // namespace Orbel

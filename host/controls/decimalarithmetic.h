@@ -1,5 +1,8 @@
 #pragma once
 
+namespace Orbel
+{
+
 // Arithmetic on doubles as the decimal numbers that they are written as, for controls that step and scale: 0.1 taken
 // three times is 0.3 here. Exported to nobody.
 
@@ -12,3 +15,5 @@ double WithSteps(double value, double step, int count);
 /// Frees the result of a multiplication or division of the last binary digits: 15 significant digits are kept. Whole
 /// numbers stay as they are.
 double WithoutNoise(double number);
+
+} // namespace Orbel

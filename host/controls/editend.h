@@ -3,6 +3,9 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 
+namespace Orbel
+{
+
 /// Whether the focus goes for good: it comes back from the field's own context menu, and from another window.
 inline bool LeavesField(const QFocusEvent &event)
 {
@@ -19,3 +22,5 @@ inline bool EndsEdit(const QEvent &event)
     const int key = static_cast<const QKeyEvent &>(event).key();
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
+
+} // namespace Orbel

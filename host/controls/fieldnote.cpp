@@ -14,6 +14,9 @@
 
 #include <algorithm>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -231,7 +234,7 @@ void FieldNote::TellDropped(QWidget *field, const QString &text, const QRect &pa
 {
     constexpr int most = 40;
     const QString told = text.size() > most ? text.left(most) + QChar(0x2026) : text;
-    Tell(field, QCoreApplication::translate("FieldNote", "not taken: %1").arg(told), 2000, Refused, part);
+    Tell(field, QCoreApplication::translate("Orbel::FieldNote", "not taken: %1").arg(told), 2000, Refused, part);
 }
 
 void FieldNote::Hide(const QWidget *field)
@@ -245,3 +248,5 @@ QString FieldNote::TextOf(const QWidget *field)
     const NoteLabel *note = NoteOf(field);
     return note ? note->text() : QString();
 }
+
+} // namespace Orbel

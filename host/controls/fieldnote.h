@@ -7,6 +7,9 @@
 
 class QWidget;
 
+namespace Orbel
+{
+
 /// The small line at a field: what the field makes of a text that is being typed, why it refuses one, or what became of
 /// one that a lock took back. It stands under the field, over it where the screen ends, moves with it, and is out of
 /// sight while the field is or while another window is active. It takes neither focus nor mouse nor room in a layout,
@@ -31,3 +34,5 @@ ORBEL_HOST_EXPORT void Hide(const QWidget *field);
 ORBEL_HOST_EXPORT QString TextOf(const QWidget *field);
 
 } // namespace FieldNote
+
+} // namespace Orbel

@@ -12,6 +12,9 @@
 
 #include <cmath>
 
+namespace Orbel
+{
+
 static constexpr int MostPower = 11; // hundreds of GHz, where digits end that an operator can choose
 static constexpr int WheelNotch = 120; // what Qt reports for one notch, in eighths of a degree
 
@@ -398,3 +401,5 @@ std::optional<int> FrequencyField::PowerUnder(const QPoint &point) const
     auto *self = const_cast<FrequencyField *>(this);
     return FrequencyText::PowerAt(text(), self->cursorPositionAt(point - QPoint(halfDigit, 0)));
 }
+
+} // namespace Orbel

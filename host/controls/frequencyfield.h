@@ -2,6 +2,9 @@
 
 #include "vclineedit.h"
 
+namespace Orbel
+{
+
 /// The large field of VCFrequency: a frequency that is tuned digit by digit, or typed. One digit is marked while the
 /// field has the focus: Left and Right, Home, End and a click choose it, Up and Down, Page Up and Page Down (ten at a
 /// time) change it with carry, within the limits of the node, and so does the wheel for the digit under the mouse; the
@@ -99,3 +102,5 @@ private:
     // All tuning of one way.
     int Session = 0;
 };
+
+} // namespace Orbel

@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+namespace Orbel
+{
+
 void FrequencyHistory::Add(double hertz)
 {
     if (!std::isfinite(hertz))
@@ -11,3 +14,5 @@ void FrequencyHistory::Add(double hertz)
     if (Entries.size() > Length)
         Entries.removeLast();
 }
+
+} // namespace Orbel

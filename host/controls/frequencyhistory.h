@@ -2,6 +2,9 @@
 
 #include <QVector>
 
+namespace Orbel
+{
+
 /// The last frequencies that an operator set, in Hz, most recent first and each only once. Exported to nobody.
 class FrequencyHistory
 {
@@ -16,3 +19,5 @@ public:
 private:
     QVector<double> Entries;
 };
+
+} // namespace Orbel

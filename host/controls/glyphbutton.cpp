@@ -4,6 +4,9 @@
 #include <QPainterPath>
 #include <QStyleOption>
 
+namespace Orbel
+{
+
 /// In a square of 16.
 static QPainterPath PathOf(GlyphButton::Glyph glyph)
 {
@@ -72,3 +75,5 @@ void GlyphButton::paintEvent(QPaintEvent *)
     painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPath(PathOf(Sign));
 }
+
+} // namespace Orbel

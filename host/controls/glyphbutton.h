@@ -4,6 +4,9 @@
 
 #include <QToolButton>
 
+namespace Orbel
+{
+
 /// A small flat button that draws its sign in the colour of the form's text, sharp at any scale. A tinted ground shows
 /// the mouse and the press, a frame the focus.
 class ORBEL_HOST_EXPORT GlyphButton : public QToolButton
@@ -25,3 +28,5 @@ protected:
 private:
     Glyph Sign;
 };
+
+} // namespace Orbel

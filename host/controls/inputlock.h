@@ -4,6 +4,9 @@
 
 #include <QEvent>
 
+namespace Orbel
+{
+
 /// Sent to the field that has the focus when its input is about to be locked. A field takes a text back that is being
 /// typed, as with Escape, and tells the operator which. One that no lock reaches does not accept the event, and goes
 /// on.
@@ -15,3 +18,5 @@ public:
     /// The type that Qt has registered for this event.
     static QEvent::Type Kind();
 };
+
+} // namespace Orbel

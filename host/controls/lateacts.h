@@ -5,6 +5,9 @@
 #include <QScopeGuard>
 #include <QVector>
 
+namespace Orbel
+{
+
 /// What a control does towards others when its base class is done: who hears of it may delete the control, which Qt's
 /// classes do not survive in the middle of their event handlers.
 template <class Control> class LateActs
@@ -58,3 +61,5 @@ private:
     QVector<Act> Owed;
     int Handlers = 0;
 };
+
+} // namespace Orbel

@@ -3,6 +3,9 @@
 #include <QEvent>
 #include <QWidget>
 
+namespace Orbel
+{
+
 LookWatch::LookWatch(QWidget *watched, QObject *owner, std::function<void()> follow)
     : QObject(owner), Follow(std::move(follow))
 {
@@ -15,3 +18,5 @@ bool LookWatch::eventFilter(QObject *, QEvent *event)
         Follow();
     return false;
 }
+
+} // namespace Orbel

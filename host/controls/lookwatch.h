@@ -8,6 +8,9 @@
 
 class QWidget;
 
+namespace Orbel
+{
+
 /// Tells whenever the font or the colours of a widget have changed, for what does not follow by itself.
 class ORBEL_HOST_EXPORT LookWatch : public QObject
 {
@@ -22,3 +25,5 @@ public:
 private:
     std::function<void()> Follow;
 };
+
+} // namespace Orbel

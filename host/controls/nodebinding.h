@@ -7,6 +7,9 @@
 
 #include <utility>
 
+namespace Orbel
+{
+
 /// What a bound control holds of its node: observes it for the control, and releases it when it is destroyed. `Node` is
 /// ValueBase, a class derived from it, or an interface that the node has beside it.
 template <class Node> class NodeBinding
@@ -75,3 +78,5 @@ private:
     // Kept apart: a node that is half destroyed cannot be asked for its virtual base.
     Observable *Side = nullptr;
 };
+
+} // namespace Orbel

@@ -6,6 +6,9 @@
 #include <algorithm>
 #include <utility>
 
+namespace Orbel
+{
+
 static OperatorAct *Innermost = nullptr;
 
 OperatorAct::OperatorAct(const ValueBase *node, int session)
@@ -57,3 +60,5 @@ bool OperatorAct::AtEnd(const void *who, std::function<void()> then)
     Ends.push_back({who, std::move(then)});
     return true;
 }
+
+} // namespace Orbel

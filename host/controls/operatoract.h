@@ -10,6 +10,9 @@
 class Observable;
 class ValueBase;
 
+namespace Orbel
+{
+
 /// While one of these lives, the operator sets a node by a control. Observers of the node tell by it an operator's
 /// change from one of a host or a script; what others set meanwhile, other nodes above all, is theirs. GUI thread only.
 class ORBEL_HOST_EXPORT OperatorAct
@@ -49,3 +52,5 @@ private:
     OperatorAct *Outer = nullptr;
     std::vector<End> Ends;
 };
+
+} // namespace Orbel

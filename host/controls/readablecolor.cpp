@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+namespace Orbel
+{
+
 static constexpr double Readable = 4.5;
 
 /// Of one channel, by the curve of screens.
@@ -35,3 +38,5 @@ QColor ReadableColor::Refused(const QColor &background)
     const QColor light(255, 140, 140);
     return On(background, Contrast(background, dark) >= Contrast(background, light) ? dark : light);
 }
+
+} // namespace Orbel

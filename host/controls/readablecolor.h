@@ -4,6 +4,9 @@
 
 #include <QColor>
 
+namespace Orbel
+{
+
 /// Colours of a text that can be read on their background: by a ratio of 4.5 to 1 in luminance, whatever the palette
 /// is.
 namespace ReadableColor
@@ -17,3 +20,5 @@ ORBEL_HOST_EXPORT QColor On(const QColor &background, const QColor &wanted);
 ORBEL_HOST_EXPORT QColor Refused(const QColor &background);
 
 } // namespace ReadableColor
+
+} // namespace Orbel

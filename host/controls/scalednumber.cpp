@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <cmath>
 
+namespace Orbel
+{
+
 void ScaledNumber::Take(const Content &now)
 {
     const Content before = std::exchange(Held, now);
@@ -121,3 +124,5 @@ double ScaledNumber::Stepped(double from, int steps, bool wraps) const
         return Maximum();
     return Clamped(to);
 }
+
+} // namespace Orbel

@@ -3,6 +3,9 @@
 #include <optional>
 #include <utility>
 
+namespace Orbel
+{
+
 /// The number behind a field that shows what a numeric node holds times a factor: its limits, steps and decimal places.
 /// "Shown" numbers are those of the field. Steps are exact in decimal numbers, and a number of the node that is shown
 /// and read back keeps all its digits. Exported to nobody.
@@ -73,3 +76,5 @@ private:
     int StepPlaces = 0;
     int FactorPlaces = 0;
 };
+
+} // namespace Orbel

@@ -2,6 +2,9 @@
 
 #include <QPointer>
 
+namespace Orbel
+{
+
 /// Does what may delete `object`, which is a QObject, and tells whether it is still there.
 template <class Object, class Act> bool Survives(Object *object, const Act &act)
 {
@@ -9,3 +12,5 @@ template <class Object, class Act> bool Survives(Object *object, const Act &act)
     act();
     return self;
 }
+
+} // namespace Orbel

@@ -12,6 +12,9 @@
 #include <algorithm>
 #include <cmath>
 
+namespace Orbel
+{
+
 static constexpr double RoomWithoutLimit = 9999999999.0; // what a box without a limit is wide enough for
 
 /// Not by the locale where it writes the digits as everybody does: that costs as much as all else that a box does
@@ -285,3 +288,5 @@ void TypedSpinBox::showEvent(QShowEvent *event)
     else
         QDoubleSpinBox::showEvent(event);
 }
+
+} // namespace Orbel

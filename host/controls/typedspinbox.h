@@ -8,6 +8,9 @@
 
 #include <utility>
 
+namespace Orbel
+{
+
 /// A spin box into which any text may be typed or pasted. NumberReader tells what it means, with the decimal places
 /// that the box shows; where the suffix is a frequency it understands units, and a number without one is in the unit
 /// that the box shows. A text that is no number is red, and its FieldNote tells why; for a number the note tells what
@@ -87,3 +90,5 @@ private:
     bool IsPreparing = false;
     TypingMark Mark{this};
 };
+
+} // namespace Orbel

@@ -7,6 +7,9 @@
 
 #include <utility>
 
+namespace Orbel
+{
+
 void TypingMark::Show(const QString &note, bool refused)
 {
     if (refused && !Unmarked) {
@@ -35,3 +38,5 @@ void TypingMark::SetRed()
     marked.setColor(QPalette::Text, red);
     Field->setPalette(marked);
 }
+
+} // namespace Orbel

@@ -8,6 +8,9 @@
 
 class QWidget;
 
+namespace Orbel
+{
+
 /// What a field tells of the number that is being typed into it: a refused text is red, and a note at the field says
 /// how the text is understood, or why it is refused. Exported to nobody.
 class TypingMark
@@ -32,3 +35,5 @@ private:
     std::optional<QPalette> Unmarked;
     bool IsNoted = false;
 };
+
+} // namespace Orbel

@@ -3,6 +3,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+namespace Orbel
+{
+
 /// Whether a key asks to bring back what was taken back: the platform's own key, or Ctrl+Shift+Z.
 inline bool IsRedoKey(const QKeyEvent &key)
 {
@@ -40,3 +43,5 @@ inline void ForgetTyping(QLineEdit *field)
     else
         field->setCursorPosition(caret);
 }
+
+} // namespace Orbel

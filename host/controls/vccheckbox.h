@@ -31,6 +31,6 @@ private:
     void WriteNode();
     void ShowNode();
 
-    NodeBinding<ValueBoolean> Node{this};
-    LateActs<VCCheckBox> Late{this};
+    Orbel::NodeBinding<ValueBoolean> Node{this};
+    Orbel::LateActs<VCCheckBox> Late{this};
 };

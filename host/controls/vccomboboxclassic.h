@@ -47,8 +47,8 @@ private:
     int PopupWidth() const;
     template <class Base> QSize Measured(const Base &measure) const;
 
-    NodeBinding<ValueSelection> Node{this};
-    LateActs<VCComboBoxClassic> Late{this};
+    Orbel::NodeBinding<ValueSelection> Node{this};
+    Orbel::LateActs<VCComboBoxClassic> Late{this};
     // What the list was made of; untranslated.
     QStringList Names;
     QByteArray Context;

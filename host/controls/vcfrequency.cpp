@@ -16,19 +16,19 @@
 static constexpr double TextScale = 1.5;
 
 VCFrequency::VCFrequency(QWidget *parent, const char *name, bool belowZero, QWidget *popupParent, bool history)
-    : QWidget(parent), Field(new FrequencyField(this, belowZero)), PopupParent(popupParent ? popupParent : this)
+    : QWidget(parent), Field(new Orbel::FrequencyField(this, belowZero)), PopupParent(popupParent ? popupParent : this)
 {
     setObjectName(QString::fromUtf8(name));
     setFocusProxy(Field);
     Build();
     HistoryButton->setVisible(history);
     ScaleText();
-    connect(Field, &FrequencyField::signalEntered, this, [this](const QVector<double> &way) {
+    connect(Field, &Orbel::FrequencyField::signalEntered, this, [this](const QVector<double> &way) {
         for (double hertz : way)
             slotAddToHistory(hertz);
     });
     connect(Field, &VCLineEdit::signalTextEdited, this, &VCFrequency::signalTextEdited);
-    connect(Field, &FrequencyField::signalNodeLost, this, &VCFrequency::ApplyInput);
+    connect(Field, &Orbel::FrequencyField::signalNodeLost, this, &VCFrequency::ApplyInput);
     ApplyInput();
 }
 
@@ -43,10 +43,10 @@ VCFrequency::~VCFrequency()
 void VCFrequency::Build()
 {
     Field->setObjectName(QStringLiteral("frequency"));
-    UpButton = StepButton(QStringLiteral("increment"), GlyphButton::Up, &VCFrequency::slotIncrement);
-    DownButton = StepButton(QStringLiteral("decrement"), GlyphButton::Down, &VCFrequency::slotDecrement);
-    EntryButton = MiniButton(QStringLiteral("entry"), GlyphButton::Pencil, &VCFrequency::BeginEntry);
-    HistoryButton = MiniButton(QStringLiteral("history"), GlyphButton::Clock, &VCFrequency::OpenHistory);
+    UpButton = StepButton(QStringLiteral("increment"), Orbel::GlyphButton::Up, &VCFrequency::slotIncrement);
+    DownButton = StepButton(QStringLiteral("decrement"), Orbel::GlyphButton::Down, &VCFrequency::slotDecrement);
+    EntryButton = MiniButton(QStringLiteral("entry"), Orbel::GlyphButton::Pencil, &VCFrequency::BeginEntry);
+    HistoryButton = MiniButton(QStringLiteral("history"), Orbel::GlyphButton::Clock, &VCFrequency::OpenHistory);
     TuneButton = new VCButton(QString(), this);
     TuneButton->setObjectName(QStringLiteral("tune"));
     connect(TuneButton, &QPushButton::clicked, this, &VCFrequency::Tune);
@@ -83,9 +83,9 @@ void VCFrequency::ShowTexts()
     TuneButton->setText(tr("Tune"));
 }
 
-QToolButton *VCFrequency::StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)())
+QToolButton *VCFrequency::StepButton(const QString &name, Orbel::GlyphButton::Glyph glyph, void (VCFrequency::*step)())
 {
-    auto *button = new GlyphButton(glyph, this);
+    auto *button = new Orbel::GlyphButton(glyph, this);
     button->setObjectName(name);
     button->setAutoRepeat(true);
     // The marked digit, which the focus shows, is what the button steps.
@@ -95,7 +95,8 @@ QToolButton *VCFrequency::StepButton(const QString &name, GlyphButton::Glyph gly
     return button;
 }
 
-VCMiniFrequency *VCFrequency::MiniButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*action)())
+VCMiniFrequency *VCFrequency::MiniButton(
+    const QString &name, Orbel::GlyphButton::Glyph glyph, void (VCFrequency::*action)())
 {
     auto *button = new VCMiniFrequency(this, glyph);
     button->setObjectName(name);
@@ -132,8 +133,8 @@ void VCFrequency::DisableButtons()
 
 void VCFrequency::EnableInput(bool enable)
 {
-    InputLock lock;
-    if (!enable && !Survives(this, [&] { QCoreApplication::sendEvent(Field, &lock); }))
+    Orbel::InputLock lock;
+    if (!enable && !Orbel::Survives(this, [&] { QCoreApplication::sendEvent(Field, &lock); }))
         return;
     Locked = !enable;
     ApplyInput();
@@ -196,7 +197,8 @@ void VCFrequency::BindBandwidth()
 void VCFrequency::ShowBandwidth()
 {
     if (Bandwidth)
-        BandwidthLabel->setText(tr("Bandwidth %1").arg(FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
+        BandwidthLabel->setText(
+            tr("Bandwidth %1").arg(Orbel::FrequencyText::OfNode(Bandwidth->GetStringValue(), locale())));
     BandwidthLabel->setVisible(bool(Bandwidth));
 }
 
@@ -266,7 +268,7 @@ void VCFrequency::OpenHistory()
     menu->setObjectName(QStringLiteral("frequencyHistory"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (double hertz : History.Frequencies()) {
-        QAction *entry = menu->addAction(FrequencyText::Write(hertz, 0, locale().decimalPoint()));
+        QAction *entry = menu->addAction(Orbel::FrequencyText::Write(hertz, 0, locale().decimalPoint()));
         connect(
             entry, &QAction::triggered, this, [this, hertz] { slotSetFrequencyValue(hertz); }, Qt::QueuedConnection);
     }

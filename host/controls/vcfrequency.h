@@ -8,7 +8,10 @@
 #include <QPointer>
 #include <QWidget>
 
+namespace Orbel
+{
 class FrequencyField;
+} // namespace Orbel
 class QLabel;
 class VCButton;
 class VCMiniFrequency;
@@ -85,8 +88,8 @@ protected:
 private:
     void Build();
     void ShowTexts();
-    QToolButton *StepButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*step)());
-    VCMiniFrequency *MiniButton(const QString &name, GlyphButton::Glyph glyph, void (VCFrequency::*action)());
+    QToolButton *StepButton(const QString &name, Orbel::GlyphButton::Glyph glyph, void (VCFrequency::*step)());
+    VCMiniFrequency *MiniButton(const QString &name, Orbel::GlyphButton::Glyph glyph, void (VCFrequency::*action)());
     void Step(int steps);
     void BeginEntry();
     void OpenHistory();
@@ -96,7 +99,7 @@ private:
     void BindBandwidth();
     void ShowBandwidth();
 
-    FrequencyField *Field;
+    Orbel::FrequencyField *Field;
     QToolButton *UpButton;
     QToolButton *DownButton;
     VCMiniFrequency *EntryButton;
@@ -105,9 +108,9 @@ private:
     QLabel *BandwidthLabel;
     QPointer<QWidget> PopupParent;
 
-    NodeBinding<ValueBase> Bandwidth{this};
+    Orbel::NodeBinding<ValueBase> Bandwidth{this};
     QString BandwidthPath;
-    FrequencyHistory History;
+    Orbel::FrequencyHistory History;
     bool Locked = false;
     bool ReadOnly = false;
 };

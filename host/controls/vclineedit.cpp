@@ -44,18 +44,18 @@ VCLineEdit::VCLineEdit(QWidget *parent, const char *name, LineEditType type) : Q
 void VCLineEdit::TakeFrequencies()
 {
     setValidator(new FrequencyValidator(this));
-    NodeToShown = [this](const QString &node) { return FrequencyText::OfNode(node, locale(), LeastPower()); };
+    NodeToShown = [this](const QString &node) { return Orbel::FrequencyText::OfNode(node, locale(), LeastPower()); };
     TypedToNode = [this](const QString &typed) {
-        const TypedNumber hertz = GetReader().Read(typed);
-        return hertz.IsNumber() ? FrequencyText::Plain(hertz.Number) : QString();
+        const Orbel::TypedNumber hertz = GetReader().Read(typed);
+        return hertz.IsNumber() ? Orbel::FrequencyText::Plain(hertz.Number) : QString();
     };
     connect(this, &QLineEdit::textChanged, this, [this] { Late.RequestLater(&VCLineEdit::TellTyping); });
 }
 
-NumberReader VCLineEdit::GetReader() const
+Orbel::NumberReader VCLineEdit::GetReader() const
 {
-    NumberReader reader = NumberReader::OfHertz(locale());
-    reader.ShownPower = FrequencyText::ShownPower(Content);
+    Orbel::NumberReader reader = Orbel::NumberReader::OfHertz(locale());
+    reader.ShownPower = Orbel::FrequencyText::ShownPower(Content);
     if (const auto *node = dynamic_cast<const IValueNumeric *>(Node.get())) {
         reader.IsWhole = WholeHertz || !dynamic_cast<const ValueDouble *>(node);
         reader.Minimum = node->GetMin();
@@ -67,7 +67,7 @@ NumberReader VCLineEdit::GetReader() const
 void VCLineEdit::TellTyping()
 {
     if (Type == ekFrequency)
-        Mark.Show(IsPending() && !isReadOnly() ? GetReader().Read(text()) : TypedNumber());
+        Mark.Show(IsPending() && !isReadOnly() ? GetReader().Read(text()) : Orbel::TypedNumber());
 }
 
 void VCLineEdit::TellRefused()
@@ -124,7 +124,7 @@ void VCLineEdit::Update(Observable *subject, TChangeCode code)
         TellTyping();
         return;
     }
-    const KeptCaret caret(this, 0, 0, !OperatorAct::On(subject));
+    const KeptCaret caret(this, 0, 0, !Orbel::OperatorAct::On(subject));
     ShowNode();
 }
 
@@ -134,19 +134,19 @@ bool VCLineEdit::event(QEvent *event)
         event->setAccepted(IsEditing());
         return true;
     }
-    if (event->type() == InputLock::Kind()) {
+    if (event->type() == Orbel::InputLock::Kind()) {
         DropEdit();
         return true;
     }
     // Nobody tells a field in another window than the active one that the focus has gone from it.
     if (event->type() == QEvent::WindowActivate && IsEditing() && window()->focusWidget() != this)
         Late.RequestLater(&VCLineEdit::EndStrayEdit);
-    if (LeavesUndoToForm(*this, *event)) {
+    if (Orbel::LeavesUndoToForm(*this, *event)) {
         event->ignore();
         return false;
     }
     // The base class would not survive a commit that ends the field.
-    if (EndsEdit(*event) && !FinishEdit())
+    if (Orbel::EndsEdit(*event) && !FinishEdit())
         return true;
     bool handled = true;
     switch (event->type()) {
@@ -174,7 +174,7 @@ QSize VCLineEdit::sizeHint() const
         return base;
     constexpr int roomOfBase = 17; // the letters that the base class makes room for
     const QFontMetrics metrics(font());
-    const QString widest = FrequencyText::Write(88888888888.0, 0, locale().decimalPoint()) + QLatin1Char(' ');
+    const QString widest = Orbel::FrequencyText::Write(88888888888.0, 0, locale().decimalPoint()) + QLatin1Char(' ');
     const int frame = base.width() - metrics.horizontalAdvance(QLatin1Char('x')) * roomOfBase;
     return {metrics.horizontalAdvance(widest) + std::max(0, frame), base.height()};
 }
@@ -183,7 +183,7 @@ bool VCLineEdit::FinishEdit()
 {
     if (hasFocus() && !Late.After([] { QGuiApplication::inputMethod()->commit(); }))
         return false;
-    if (!IsEditing() && !RemembersTyping(*this))
+    if (!IsEditing() && !Orbel::RemembersTyping(*this))
         return true;
     const bool mayCommit = Node && isEnabled() && !isReadOnly();
     if (!IsPending() || !mayCommit)
@@ -200,7 +200,7 @@ void VCLineEdit::DropEdit()
         return;
     const QString typed = text() == Shown ? QString() : text();
     if (IsEditing() && ShowNode() && !typed.isEmpty())
-        FieldNote::TellDropped(this, typed);
+        Orbel::FieldNote::TellDropped(this, typed);
 }
 
 void VCLineEdit::keyPressEvent(QKeyEvent *event)
@@ -236,16 +236,16 @@ void VCLineEdit::StepOnGrid(int direction)
     if (!node)
         return;
     const double grid = Type == ekFrequency && GetReader().IsWhole ? std::max(1.0, std::round(StepGrid)) : StepGrid;
-    const double place = WithoutNoise(node->GetValue() / grid);
+    const double place = Orbel::WithoutNoise(node->GetValue() / grid);
     const double next = direction > 0 ? std::floor(place) + 1 : std::ceil(place) - 1;
-    const double target = qBound(node->GetMin(), WithoutNoise(next * grid), node->GetMax());
+    const double target = qBound(node->GetMin(), Orbel::WithoutNoise(next * grid), node->GetMax());
     if (target != node->GetValue() && WriteNode([&] { node->SetValue(target, this); }))
         ShowNode();
 }
 
 void VCLineEdit::focusOutEvent(QFocusEvent *event)
 {
-    const bool refused = EndsEdit(*event) && IsEditing();
+    const bool refused = Orbel::EndsEdit(*event) && IsEditing();
     if (!refused || ShowNode())
         QLineEdit::focusOutEvent(event);
 }
@@ -277,11 +277,11 @@ bool VCLineEdit::focusNextPrevChild(bool next)
 
 bool VCLineEdit::Commit(const QString &typed)
 {
-    const OperatorAct act(Node.get());
+    const Orbel::OperatorAct act(Node.get());
     Shown = typed;
     NodeSpoke = false;
     NodeWaits = false;
-    if (!Survives(this, [&] { Q_EMIT signalTextFinallyChanged(typed); }))
+    if (!Orbel::Survives(this, [&] { Q_EMIT signalTextFinallyChanged(typed); }))
         return false;
     // A node that spoke meanwhile was written by a receiver, perhaps with another text, which counts.
     if (Node && !NodeSpoke && !WriteTyped(typed))
@@ -306,7 +306,7 @@ bool VCLineEdit::ShowNode()
         if (text() != Content)
             setText(Content);
         else
-            ForgetTyping(this);
+            Orbel::ForgetTyping(this);
         Shown = text();
         Mark.Clear();
     });

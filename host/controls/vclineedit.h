@@ -47,7 +47,7 @@ public:
 
     /// How a field of the frequency kind reads a text now: NumberReader tells the rules. The shown unit is that of the
     /// node's text that the field last showed, and the limits are those of a numeric node.
-    NumberReader GetReader() const;
+    Orbel::NumberReader GetReader() const;
     /// Rounds typed frequencies to whole hertz, as is done for a node of integers; off at the start.
     void SetWholeHertz(bool whole) { WholeHertz = whole; }
 
@@ -119,8 +119,8 @@ private:
     void TellTyping();
     void TellRefused();
 
-    NodeBinding<ValueBase> Node{this};
-    LateActs<VCLineEdit> Late{this};
+    Orbel::NodeBinding<ValueBase> Node{this};
+    Orbel::LateActs<VCLineEdit> Late{this};
     LineEditType Type;
     Conversion NodeToShown;
     Conversion TypedToNode;
@@ -133,5 +133,5 @@ private:
     // The node has another text than the shown one by now, and a pending text keeps it from the screen.
     bool NodeWaits = false;
     bool WholeHertz = false;
-    TypingMark Mark{this};
+    Orbel::TypingMark Mark{this};
 };

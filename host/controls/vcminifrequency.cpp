@@ -1,6 +1,6 @@
 #include "vcminifrequency.h"
 
-VCMiniFrequency::VCMiniFrequency(QWidget *parent, Glyph glyph) : GlyphButton(glyph, parent)
+VCMiniFrequency::VCMiniFrequency(QWidget *parent, Glyph glyph) : Orbel::GlyphButton(glyph, parent)
 {
     setFocusPolicy(Qt::TabFocus);
 }

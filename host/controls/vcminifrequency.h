@@ -3,7 +3,7 @@
 #include "glyphbutton.h"
 
 /// A small button of VCFrequency: it takes no focus by a click, so that what is being typed goes on.
-class ORBEL_HOST_EXPORT VCMiniFrequency : public GlyphButton
+class ORBEL_HOST_EXPORT VCMiniFrequency : public Orbel::GlyphButton
 {
     Q_OBJECT
 

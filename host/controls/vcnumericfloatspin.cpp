@@ -17,7 +17,8 @@
 #include <cmath>
 #include <limits>
 
-VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking) : TypedSpinBox(parent)
+VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking)
+    : Orbel::TypedSpinBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
     setFocusPolicy(Qt::StrongFocus);
@@ -108,7 +109,7 @@ void VCNumericFloatSpin::setValue(double number)
 void VCNumericFloatSpin::setEnabled(bool enable)
 {
     // The focus goes when the box is disabled already and commits nothing.
-    if (enable || Survives(this, [this] { LeaveEdit(); }))
+    if (enable || Orbel::Survives(this, [this] { LeaveEdit(); }))
         QDoubleSpinBox::setEnabled(enable);
 }
 
@@ -117,7 +118,7 @@ void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
     if (!Node.TakeNotification(subject, code))
         return;
     ReadNode();
-    const KeptCaret caret(lineEdit(), prefix().size(), suffix().size(), !OperatorAct::On(subject));
+    const KeptCaret caret(lineEdit(), prefix().size(), suffix().size(), !Orbel::OperatorAct::On(subject));
     ShowNodeAfterEdit();
 }
 
@@ -127,7 +128,7 @@ void VCNumericFloatSpin::stepBy(int steps)
         return;
     constexpr int pause = 1000; // milliseconds; steps without one, nor a typed number between them, are one change
     if (!LastStep.isValid() || LastStep.hasExpired(pause) || PendingNumber())
-        StepSession = OperatorAct::NewSession();
+        StepSession = Orbel::OperatorAct::NewSession();
     LastStep.start();
     Late.After([this, steps] {
         const double from = PendingNumber().value_or(Number.Shown());
@@ -138,7 +139,7 @@ void VCNumericFloatSpin::stepBy(int steps)
 
 bool VCNumericFloatSpin::event(QEvent *event)
 {
-    if (LeavesUndoToForm(*lineEdit(), *event)) {
+    if (Orbel::LeavesUndoToForm(*lineEdit(), *event)) {
         event->ignore();
         return false;
     }
@@ -151,7 +152,7 @@ bool VCNumericFloatSpin::event(QEvent *event)
         event->setAccepted(IsPending());
         return true;
     }
-    if (event->type() == InputLock::Kind()) {
+    if (event->type() == Orbel::InputLock::Kind()) {
         DropEdit();
         return true;
     }
@@ -159,12 +160,12 @@ bool VCNumericFloatSpin::event(QEvent *event)
     if (event->type() == QEvent::WindowActivate && IsPending() && window()->focusWidget() != this)
         Late.RequestLater(&VCNumericFloatSpin::LeaveEdit);
     // The base class would not survive a commit that ends the box.
-    if (EndsEdit(*event) && !FinishEdit())
+    if (Orbel::EndsEdit(*event) && !FinishEdit())
         return true;
     if (event->type() != QEvent::InputMethod)
-        return TypedSpinBox::event(event);
+        return Orbel::TypedSpinBox::event(event);
     bool handled = true;
-    Late.After([&] { handled = TypedSpinBox::event(event); });
+    Late.After([&] { handled = Orbel::TypedSpinBox::event(event); });
     return handled;
 }
 
@@ -182,20 +183,20 @@ QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
 /// Commits before the focus moves: Qt would go on with the control that gets it.
 bool VCNumericFloatSpin::focusNextPrevChild(bool next)
 {
-    return !FinishEdit() || TypedSpinBox::focusNextPrevChild(next);
+    return !FinishEdit() || Orbel::TypedSpinBox::focusNextPrevChild(next);
 }
 
 void VCNumericFloatSpin::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && IsPending())
         ShowNode();
-    else if (!EndsEdit(*event) || !IsPending() || Finish())
-        Late.After([this, event] { TypedSpinBox::keyPressEvent(event); });
+    else if (!Orbel::EndsEdit(*event) || !IsPending() || Finish())
+        Late.After([this, event] { Orbel::TypedSpinBox::keyPressEvent(event); });
 }
 
 void VCNumericFloatSpin::mousePressEvent(QMouseEvent *event)
 {
-    Late.After([this, event] { TypedSpinBox::mousePressEvent(event); });
+    Late.After([this, event] { Orbel::TypedSpinBox::mousePressEvent(event); });
 }
 
 void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
@@ -203,22 +204,22 @@ void VCNumericFloatSpin::wheelEvent(QWheelEvent *event)
     if (!hasFocus() || stepEnabled() == StepNone)
         event->ignore();
     else
-        Late.After([this, event] { TypedSpinBox::wheelEvent(event); });
+        Late.After([this, event] { Orbel::TypedSpinBox::wheelEvent(event); });
 }
 
 void VCNumericFloatSpin::timerEvent(QTimerEvent *event)
 {
-    Late.After([this, event] { TypedSpinBox::timerEvent(event); });
+    Late.After([this, event] { Orbel::TypedSpinBox::timerEvent(event); });
 }
 
 void VCNumericFloatSpin::focusOutEvent(QFocusEvent *event)
 {
-    const bool leaves = LeavesField(*event);
+    const bool leaves = Orbel::LeavesField(*event);
     if (leaves)
         LastStep.invalidate();
     const bool refused = leaves && IsPending();
-    if (!refused || Survives(this, [this] { ShowNode(); }))
-        TypedSpinBox::focusOutEvent(event);
+    if (!refused || Orbel::Survives(this, [this] { ShowNode(); }))
+        Orbel::TypedSpinBox::focusOutEvent(event);
 }
 
 bool VCNumericFloatSpin::IsPending() const
@@ -231,7 +232,7 @@ std::optional<double> VCNumericFloatSpin::PendingNumber() const
 {
     if (!IsPending())
         return {};
-    const TypedNumber typed = ReadText(lineEdit()->text());
+    const Orbel::TypedNumber typed = ReadText(lineEdit()->text());
     if (!typed.IsNumber() || (typed.Shown == Shown && !NodeWaits))
         return {};
     return typed.Shown;
@@ -245,7 +246,7 @@ bool VCNumericFloatSpin::HasStep() const
 bool VCNumericFloatSpin::Wraps() const
 {
     const bool integers = dynamic_cast<const ValueInt *>(Node.get());
-    return wrapping() && Number.HasTwoEnds(integers ? std::numeric_limits<int>::max() : ScaledNumber::Unlimited);
+    return wrapping() && Number.HasTwoEnds(integers ? std::numeric_limits<int>::max() : Orbel::ScaledNumber::Unlimited);
 }
 
 /// Commits what is pending, if it may be, and shows the node. False when somebody who heard of it has deleted the box.
@@ -276,14 +277,14 @@ void VCNumericFloatSpin::DropEdit()
         return;
     const bool typed = IsPending() && Typed != ShownText;
     const QString text = cleanText();
-    if (Survives(this, [this] { ShowNode(); }) && typed)
-        FieldNote::TellDropped(this, text);
+    if (Orbel::Survives(this, [this] { ShowNode(); }) && typed)
+        Orbel::FieldNote::TellDropped(this, text);
 }
 
 void VCNumericFloatSpin::TellTyping()
 {
     // A text dropped into a box without the focus needs an end of its edit, too.
-    const bool stays = hasFocus() || !IsPending() || Survives(this, [this] { setFocus(Qt::OtherFocusReason); });
+    const bool stays = hasFocus() || !IsPending() || Orbel::Survives(this, [this] { setFocus(Qt::OtherFocusReason); });
     if (stays)
         Q_EMIT signalTextEdited(lineEdit()->text());
 }
@@ -345,7 +346,7 @@ void VCNumericFloatSpin::ShowNode()
     NodeWaits = false;
     Typed = ShownText;
     ForgetReading();
-    ForgetTyping(lineEdit());
+    Orbel::ForgetTyping(lineEdit());
 }
 
 void VCNumericFloatSpin::ShowNodeAfterEdit()

@@ -19,7 +19,7 @@
 /// pending number alone and counts when the edit ends. The wheel steps only while the box has the focus; otherwise the
 /// turn goes on to what lies behind. Without a node the box keeps its last number, and edits fall back to it. The size
 /// hint has room for the limits, for 18 characters at most.
-class ORBEL_HOST_EXPORT VCNumericFloatSpin : public TypedSpinBox,
+class ORBEL_HOST_EXPORT VCNumericFloatSpin : public Orbel::TypedSpinBox,
                                              public IObserver,
                                              public virtual UndoRecordingControlBase
 {
@@ -109,10 +109,10 @@ private:
     void ShowNode();
     void ShowNodeAfterEdit();
 
-    NodeBinding<IValueNumeric> Node{this};
-    LateActs<VCNumericFloatSpin> Late{this};
+    Orbel::NodeBinding<IValueNumeric> Node{this};
+    Orbel::LateActs<VCNumericFloatSpin> Late{this};
     // What the node held when it last spoke.
-    ScaledNumber Number;
+    Orbel::ScaledNumber Number;
     // What the base class was last given: its limits, and the number; and what it made of that: the number rounded to
     // the decimal places, and its text.
     std::pair<double, double> AppliedRange{qQNaN(), qQNaN()};

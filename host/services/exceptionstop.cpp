@@ -4,6 +4,9 @@
 
 #include <exception>
 
+namespace Orbel
+{
+
 static bool (*Question)() = nullptr;
 static int Zones = 0;
 
@@ -43,3 +46,5 @@ bool ExceptionStop::EndsHere()
             QString::fromLocal8Bit(__FILE__), __LINE__);
     return true;
 }
+
+} // namespace Orbel

@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -135,3 +138,5 @@ std::optional<int> FrequencyText::PowerAt(const QString &text, int position)
     const int power = ShownPower(text);
     return position < point ? power + digitsBetween(position + 1, point) : power - digitsBetween(point, position + 1);
 }
+
+} // namespace Orbel

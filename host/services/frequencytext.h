@@ -7,6 +7,9 @@
 
 #include <optional>
 
+namespace Orbel
+{
+
 /// Frequencies as texts: one speller for all fields that show them. What Write() gives, NumberReader takes back to the
 /// last bit.
 namespace FrequencyText
@@ -46,3 +49,5 @@ ORBEL_HOST_EXPORT int PositionOf(const QString &text, int power);
 ORBEL_HOST_EXPORT std::optional<int> PowerAt(const QString &text, int position);
 
 } // namespace FrequencyText
+
+} // namespace Orbel

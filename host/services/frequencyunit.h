@@ -4,6 +4,9 @@
 
 #include <cstring>
 
+namespace Orbel
+{
+
 /// A unit in which frequencies are shown, typed and stated. This is the one table of them, for all readers and
 /// spellers.
 struct FrequencyUnit {
@@ -34,3 +37,5 @@ inline const FrequencyUnit &FrequencyUnit::OfHertz(double hertz)
         ++unit;
     return *unit;
 }
+
+} // namespace Orbel

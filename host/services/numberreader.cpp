@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
+namespace Orbel
+{
+
 namespace
 {
 
@@ -277,3 +280,5 @@ TypedNumber NumberReader::Judge(const Digits &digits, int power) const
     const QString text = IsFrequency ? FrequencyText::Write(number, 0, Locale.decimalPoint()) : Spell(number);
     return {QValidator::Acceptable, number, shown.Value(), text};
 }
+
+} // namespace Orbel

@@ -10,6 +10,9 @@
 #include <limits>
 #include <optional>
 
+namespace Orbel
+{
+
 /// What a field makes of a typed or pasted text.
 struct ORBEL_HOST_EXPORT TypedNumber {
     /// Acceptable for a number that the field may take, Intermediate for what may become one by typing on, Invalid for
@@ -36,7 +39,7 @@ struct ORBEL_HOST_EXPORT TypedNumber {
 /// are "Hz", "kHz", "MHz", "GHz", "k", "M", "G", where the field is of frequencies, and the field's own suffix, all in
 /// any case. There is no exponent. Moving the point is exact: no number is multiplied.
 struct ORBEL_HOST_EXPORT NumberReader {
-    Q_DECLARE_TR_FUNCTIONS(NumberReader)
+    Q_DECLARE_TR_FUNCTIONS(Orbel::NumberReader)
 
 public:
     /// The locale's decimal point, group separator and minus are understood, too, and texts are spelled with its point.
@@ -77,3 +80,5 @@ private:
     bool IsWithin(double number) const;
     TypedNumber Judge(const Digits &digits, int power) const;
 };
+
+} // namespace Orbel

@@ -51,7 +51,7 @@ void SuffixedDouble::SetSuffix(ESuffix suffix)
 QString SuffixedDouble::GetString(double number) const
 {
     const int scale = Suffix - ekPlain;
-    const QLatin1String prefix = FrequencyUnits[ekGiga - Suffix].Prefix();
+    const QLatin1String prefix = Orbel::FrequencyUnits[ekGiga - Suffix].Prefix();
     QString text;
     if (Base == DecimalBase && std::isfinite(number))
         text = ShiftPoint(Plain(number), 3 * scale);

@@ -8,7 +8,7 @@ static const QLatin1String BoundSeparator("..");
 
 QString CommentedRangeItemFormat::ToText(const CommentedRange &range)
 {
-    return NumberToText(range.GetRangeStart()) + BoundSeparator + NumberToText(range.GetRangeStop());
+    return Orbel::NumberToText(range.GetRangeStart()) + BoundSeparator + Orbel::NumberToText(range.GetRangeStop());
 }
 
 bool CommentedRangeItemFormat::FromText(const QString &text, CommentedRange &range)
@@ -16,7 +16,7 @@ bool CommentedRangeItemFormat::FromText(const QString &text, CommentedRange &ran
     const QStringList bounds = text.split(BoundSeparator);
     double start = 0;
     double stop = 0;
-    if (bounds.size() != 2 || !TextToNumber(bounds[0], start) || !TextToNumber(bounds[1], stop))
+    if (bounds.size() != 2 || !Orbel::TextToNumber(bounds[0], start) || !Orbel::TextToNumber(bounds[1], stop))
         return false;
     range.SetRangeStart(start);
     range.SetRangeStop(stop);

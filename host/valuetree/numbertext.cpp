@@ -7,6 +7,9 @@
 #include <cmath>
 #include <optional>
 
+namespace Orbel
+{
+
 static constexpr int MostPlaces = 3;
 
 /// The number in units of the last one of up to three decimal places, as most numbers of forms are whole: of all
@@ -95,3 +98,5 @@ bool TextToInteger(const QString &text, qint64 &number)
     number = Saturated<qint64>(read);
     return true;
 }
+
+} // namespace Orbel

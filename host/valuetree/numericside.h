@@ -5,6 +5,9 @@
 
 #include <cmath>
 
+namespace Orbel
+{
+
 #pragma GCC diagnostic push
 // The node's typed setters hide these, or an int given to a node of another integer type would be ambiguous.
 #pragma GCC diagnostic ignored "-Woverloaded-virtual"
@@ -44,3 +47,5 @@ private:
 };
 
 #pragma GCC diagnostic pop
+
+} // namespace Orbel

@@ -116,7 +116,7 @@ void ObserverList::Tell(IObserver *observer, Observable *subject, TChangeCode co
     try {
         observer->Update(subject, code);
     } catch (...) {
-        if (!ExceptionStop::EndsHere())
+        if (!Orbel::ExceptionStop::EndsHere())
             throw;
     }
 }

@@ -6,6 +6,9 @@
 
 #include <utility>
 
+namespace Orbel
+{
+
 /// Owns a node that an observer watches: attaches the observer, detaches it and deletes the node at the end, and lets
 /// go of a node that is destroyed before. Movable, so that a list of nodes is a list of these.
 template <class Node> class OwnedNode
@@ -80,3 +83,5 @@ private:
     // Kept apart: a node that is half destroyed cannot be asked for its virtual base.
     Observable *Side = nullptr;
 };
+
+} // namespace Orbel

@@ -6,6 +6,9 @@
 #include <limits>
 #include <type_traits>
 
+namespace Orbel
+{
+
 /// The `T` that is nearest to a number that is not NaN.
 template <class T> T Saturated(double number)
 {
@@ -20,3 +23,5 @@ template <class T> T Saturated(double number)
         return static_cast<T>(std::llround(number));
     }
 }
+
+} // namespace Orbel

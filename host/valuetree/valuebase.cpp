@@ -100,7 +100,7 @@ bool ValueBase::AnnounceEnd()
     Ending = true;
     State = ekStateDeleted;
     // Most nodes end in their destructor, which no exception leaves.
-    const ExceptionStop::Zone zone;
+    const Orbel::ExceptionStop::Zone zone;
     // The place is left last: in here the observers still find out which path goes.
     if (!NotifyInTurn({ekChangeState}, nullptr))
         return false;

@@ -33,7 +33,7 @@ template <class T> struct ORBEL_HOST_EXPORT FormatInt {
     static bool FromText(const QString &text, T &value)
     {
         qint64 number = 0;
-        if (!TextToInteger(text, number))
+        if (!Orbel::TextToInteger(text, number))
             return false;
         value
             = static_cast<T>(std::clamp<qint64>(number, std::numeric_limits<T>::min(), std::numeric_limits<T>::max()));
@@ -44,8 +44,8 @@ template <class T> struct ORBEL_HOST_EXPORT FormatInt {
 /// As NumberToText() spells it.
 template <class T> struct ORBEL_HOST_EXPORT FormatFloat {
     /// A value as text, and back.
-    static QString ToText(T value) { return NumberToText(value); }
-    static bool FromText(const QString &text, T &value) { return TextToNumber(text, value); }
+    static QString ToText(T value) { return Orbel::NumberToText(value); }
+    static bool FromText(const QString &text, T &value) { return Orbel::TextToNumber(text, value); }
 };
 
 /// The text itself.

@@ -13,7 +13,7 @@
 /// On the node itself all operations are those on `T`; those on double are reached through IValueNumeric.
 template <class T, class Format, class Stream>
 class ORBEL_HOST_EXPORT ValueNumeric : public ValueWithLimits<T, Format, Stream>,
-                                       public NumericSide<ValueNumeric<T, Format, Stream>, T>
+                                       public Orbel::NumericSide<ValueNumeric<T, Format, Stream>, T>
 {
     using Typed = ValueWithLimits<T, Format, Stream>;
 

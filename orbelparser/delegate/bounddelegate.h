@@ -33,7 +33,7 @@ protected:
     }
 
     /// Null before CreateValueTree(), when the tree refused the node, and once the node is withdrawn.
-    OwnedNode<Node> ValueNode;
+    Orbel::OwnedNode<Node> ValueNode;
     /// Null before CreateGUI() and once the window was destroyed.
     QPointer<Widget> Control;
 };

@@ -25,7 +25,7 @@ QString SpokenFrequency(double hertz)
     if (std::fabs(hertz) >= none)
         return QString();
     const QChar point = QLocale().decimalPoint();
-    const QString text = FrequencyText::Write(hertz, 0, point);
+    const QString text = Orbel::FrequencyText::Write(hertz, 0, point);
     const int unit = text.lastIndexOf(QLatin1Char(' '));
     return SpokenNumber(text.left(unit).remove(QLatin1Char(' '))) + text.mid(unit);
 }

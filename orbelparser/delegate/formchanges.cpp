@@ -122,7 +122,7 @@ void FormChanges::PushWaiting()
     const CallScope call(Life);
     while (!Waiting.empty() && !IsMoving()) {
         const QScopedValueRollback<bool> busy(Busy, true);
-        const ExceptionStop::Zone zone; // it would come through the stack and leave an entry in two halves
+        const Orbel::ExceptionStop::Zone zone; // it would come through the stack and leave an entry in two halves
         ChangeEntry *entry = Waiting.front().release();
         Waiting.erase(Waiting.begin());
         Stack->push(entry);
@@ -138,7 +138,7 @@ void FormChanges::Go(bool back)
     PushWaiting();
     const auto rest = qScopeGuard([this] { PushWaiting(); });
     const QScopedValueRollback<bool> busy(Busy, true);
-    const ExceptionStop::Zone zone; // as above
+    const Orbel::ExceptionStop::Zone zone; // as above
     bool dropped = true;
     while (dropped && (back ? Stack->canUndo() : Stack->canRedo())) {
         const auto *entry = dynamic_cast<const ChangeEntry *>(Stack->command(Stack->index() - int(back)));

@@ -54,7 +54,7 @@ void FormLife::Watch(QScriptEngine *engine)
     if (!engine)
         return;
     engines.push_back(engine);
-    ExceptionStop::Ask(&FormLife::IsAnyScriptRunning);
+    Orbel::ExceptionStop::Ask(&FormLife::IsAnyScriptRunning);
 }
 
 bool FormLife::IsAnyScriptRunning()

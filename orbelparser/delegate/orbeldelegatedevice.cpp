@@ -57,7 +57,7 @@ bool OrbelDelegate::EditOf(const ValueBase &node, const QVariant &value, QString
         return false;
     const double held = NodeNumber(number);
     const QString beyond = BeyondLimits(node, held);
-    *text = NumberToText(held);
+    *text = Orbel::NumberToText(held);
     return beyond.isNull() || Refuse(beyond, error);
 }
 
@@ -148,7 +148,7 @@ bool OrbelDelegate::TakeReported()
         return false;
     const Call call(this);
     if (IsBeingEdited()) {
-        InputLock drop;
+        Orbel::InputLock drop;
         QCoreApplication::sendEvent(Form().GetSheetWidget()->window()->focusWidget(), &drop);
     }
     LookAgain();

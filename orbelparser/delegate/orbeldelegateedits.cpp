@@ -270,7 +270,7 @@ void OrbelDelegate::ShowChanged(bool changed)
 
 void OrbelDelegate::JoinAct(const Observable *node)
 {
-    OperatorAct *const act = OperatorAct::On(node);
+    Orbel::OperatorAct *const act = Orbel::OperatorAct::On(node);
     if (!act)
         return;
     const auto joined = std::make_shared<JoinedAct>(this, act->GetSession());
@@ -297,7 +297,7 @@ void OrbelDelegate::JoinAct(const Observable *node)
 
 void OrbelDelegate::LeaveToOthers(const Observable *node)
 {
-    if (!Act || OperatorAct::On(node))
+    if (!Act || Orbel::OperatorAct::On(node))
         return;
     const auto nodes = GetNodes();
     for (int i = 0; i < nodes.size() && i < Act->Before.size(); ++i) {

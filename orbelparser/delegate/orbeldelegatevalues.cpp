@@ -284,7 +284,7 @@ QString OrbelDelegate::formatString(double value, int decimals, const QString &s
 QString OrbelDelegate::formatHertz(double hertz)
 {
     // Meant: MHz is the greatest unit, so 3 GHz read 3000 MHz.
-    const FrequencyUnit *unit = std::begin(FrequencyUnits) + 1;
+    const Orbel::FrequencyUnit *unit = std::begin(Orbel::FrequencyUnits) + 1;
     while (unit->Power > 0 && !(hertz > unit->Hertz))
         ++unit;
     return formatString(hertz / unit->Hertz, unit->Power + 3, QLatin1Char(' ') + QLatin1String(unit->Name));

@@ -41,13 +41,13 @@ QVariant ValueOfText(const ValueBase &node, const QString &text)
         FormatBool<bool>::FromText(text, state);
         return state;
     case ekTypeInt:
-        TextToInteger(text, whole);
+        Orbel::TextToInteger(text, whole);
         return int(whole);
     case ekTypeInt64:
-        TextToInteger(text, whole);
+        Orbel::TextToInteger(text, whole);
         return whole;
     case ekTypeDouble:
-        TextToNumber(text, number);
+        Orbel::TextToNumber(text, number);
         return number;
     default:
         return text;
@@ -61,7 +61,7 @@ bool NumberOfValue(const ValueBase &node, const QVariant &value, double *number,
     if (!isNumber || !std::isfinite(*number) || value.userType() == QMetaType::Bool)
         return Refuse(QStringLiteral("%1 is no number").arg(Quoted(value)), error);
     const bool isWhole = node.GetType() == ekTypeDouble || std::trunc(*number) == *number;
-    return isWhole || Refuse(QStringLiteral("%1 is no whole number").arg(NumberToText(*number)), error);
+    return isWhole || Refuse(QStringLiteral("%1 is no whole number").arg(Orbel::NumberToText(*number)), error);
 }
 
 QString BeyondLimits(const ValueBase &node, double number)
@@ -69,10 +69,10 @@ QString BeyondLimits(const ValueBase &node, double number)
     const auto *limits = dynamic_cast<const IValueNumeric *>(&node);
     if (limits && number > limits->GetMax())
         return QStringLiteral("%1 is above %2, the highest value")
-            .arg(NumberToText(number), NumberToText(limits->GetMax()));
+            .arg(Orbel::NumberToText(number), Orbel::NumberToText(limits->GetMax()));
     if (limits && number < limits->GetMin())
         return QStringLiteral("%1 is below %2, the lowest value")
-            .arg(NumberToText(number), NumberToText(limits->GetMin()));
+            .arg(Orbel::NumberToText(number), Orbel::NumberToText(limits->GetMin()));
     return QString();
 }
 

@@ -341,8 +341,9 @@ bool FormBody::IsAtRest(const FormBody &form)
         return widget;
     };
     const bool isHeld = QGuiApplication::mouseButtons() && isInside(QApplication::widgetAt(QCursor::pos()));
-    return form.Sheet.GetLife()->IsAtRest() && !OperatorAct::IsAnyRunning() && !form.Sheet.GetChanges()->IsMoving()
-        && !isHeld && !(window && (isInside(QApplication::activePopupWidget()) || isInside(QWidget::mouseGrabber())));
+    return form.Sheet.GetLife()->IsAtRest() && !Orbel::OperatorAct::IsAnyRunning()
+        && !form.Sheet.GetChanges()->IsMoving() && !isHeld
+        && !(window && (isInside(QApplication::activePopupWidget()) || isInside(QWidget::mouseGrabber())));
 }
 
 void FormBody::SetScriptValue(const QString &name, const QScriptValue &value)

@@ -41,7 +41,7 @@ void FormTakeover::Run(QStringList *told)
     const CallScope call(Heir.Sheet.GetLife());
     const CallScope formersCall(Former.Sheet.GetLife());
     // It would leave two halves of forms.
-    const ExceptionStop::Zone zone;
+    const Orbel::ExceptionStop::Zone zone;
     const QPointer<QWidget> window(Former.GetGUI());
     const QString path = Former.VTPath;
     const auto shown = Former.Shown;

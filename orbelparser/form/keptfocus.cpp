@@ -74,7 +74,7 @@ void KeptFocus::KeepCell(const QWidget *face)
 void KeptFocus::KeepField(QLineEdit *field)
 {
     HasField = true;
-    IsTyped = RemembersTyping(*field) || field->isModified();
+    IsTyped = Orbel::RemembersTyping(*field) || field->isModified();
     Caret = field->cursorPosition();
     Start = field->selectionStart();
     Length = field->selectedText().size();

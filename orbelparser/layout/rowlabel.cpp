@@ -133,11 +133,11 @@ void RowLabel::PaintMark(QPainter &painter) const
     bar.moveBottom(qMin(height(), Baseline() + metrics.descent() + 1));
     const QColor background = palette().color(backgroundRole());
     const QColor accent = palette().color(QPalette::Highlight);
-    const bool isSeen = ReadableColor::Contrast(background, accent) >= 3;
+    const bool isSeen = Orbel::ReadableColor::Contrast(background, accent) >= 3;
     const QColor plain = isSeen ? accent : palette().color(foregroundRole());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(Shown == Refused ? ReadableColor::Refused(background) : plain);
+    painter.setBrush(Shown == Refused ? Orbel::ReadableColor::Refused(background) : plain);
     const qreal piece = Shown == Differs ? 4 * bar.height() : Shown == Unconfirmed ? bar.height() : bar.width();
     const qreal gap = Shown == Differs ? 2 * bar.height() : bar.height();
     for (qreal left = bar.left(); left < bar.right(); left += piece + gap) {

@@ -39,7 +39,7 @@ bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
         event->accept();
         return true;
     }
-    if (event->type() == InputLock::Kind()) {
+    if (event->type() == Orbel::InputLock::Kind()) {
         DropEdit(editor);
         return true;
     }
@@ -47,8 +47,8 @@ bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::FocusOut) {
         const QWidget *focus = QApplication::focusWidget();
         const bool leaves
-            = LeavesField(*static_cast<QFocusEvent *>(event)) && focus != editor && !editor->isAncestorOf(focus);
-        return leaves && !Survives(editor, [&] { Finish(editor, NoHint); });
+            = Orbel::LeavesField(*static_cast<QFocusEvent *>(event)) && focus != editor && !editor->isAncestorOf(focus);
+        return leaves && !Orbel::Survives(editor, [&] { Finish(editor, NoHint); });
     }
     if (event->type() == QEvent::KeyPress && FilterKey(editor, *static_cast<QKeyEvent *>(event)))
         return true;
@@ -57,9 +57,9 @@ bool CellItemDelegate::eventFilter(QObject *watched, QEvent *event)
 
 bool CellItemDelegate::FilterKey(QWidget *editor, const QKeyEvent &key)
 {
-    auto *number = qobject_cast<TypedSpinBox *>(editor);
+    auto *number = qobject_cast<Orbel::TypedSpinBox *>(editor);
     QLineEdit *field = FieldOf(editor);
-    if (EndsEdit(key)) {
+    if (Orbel::EndsEdit(key)) {
         if (!number || number->Finish())
             Finish(editor, SubmitModelCache);
     } else if (key.key() == Qt::Key_Tab) {
@@ -83,7 +83,7 @@ void CellItemDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
 
 void CellItemDelegate::LeaveTyped(QWidget *editor, const QModelIndex &index) const
 {
-    const auto *number = qobject_cast<TypedSpinBox *>(editor);
+    const auto *number = qobject_cast<Orbel::TypedSpinBox *>(editor);
     const QVariant value = index.data(Qt::EditRole);
     Edits[editor].Text = number ? number->textFromValue(value.toDouble()) : value.toString();
 }
@@ -101,7 +101,7 @@ void CellItemDelegate::Finish(QWidget *editor, EndEditHint hint)
 
 void CellItemDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const auto *number = qobject_cast<TypedSpinBox *>(editor);
+    const auto *number = qobject_cast<Orbel::TypedSpinBox *>(editor);
     const bool isOpen = Edits.contains(editor);
     const QLineEdit *field = FieldOf(editor);
     if (isOpen && number && !number->IsReadable()) {
@@ -154,7 +154,7 @@ void CellItemDelegate::DropEdit(QWidget *editor)
     const QString text = IsTyping(editor) ? FieldOf(editor)->text() : QString();
     QWidget *viewport = editor->parentWidget();
     if (!text.isEmpty())
-        FieldNote::TellDropped(viewport, text, editor->geometry());
+        Orbel::FieldNote::TellDropped(viewport, text, editor->geometry());
     const QPointer<QWidget> table(viewport->parentWidget());
     Q_EMIT closeEditor(editor, RevertModelCache);
     // In a window that is not the active one the editor would keep the focus.

@@ -16,7 +16,7 @@ ChannelSpacingItemDelegate::ChannelSpacingItemDelegate(OrbelDelegate *table) : R
 {
     static QItemEditorFactory *const factory = [] {
         auto *made = new QItemEditorFactory;
-        made->registerEditor(QMetaType::Double, new QStandardItemEditorCreator<TypedSpinBox>);
+        made->registerEditor(QMetaType::Double, new QStandardItemEditorCreator<Orbel::TypedSpinBox>);
         return made;
     }();
     setItemEditorFactory(factory);
@@ -26,7 +26,7 @@ QWidget *ChannelSpacingItemDelegate::createEditor(
     QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     QWidget *editor = RecordingCells::createEditor(parent, option, index);
-    auto *spin = qobject_cast<TypedSpinBox *>(editor);
+    auto *spin = qobject_cast<Orbel::TypedSpinBox *>(editor);
     if (!spin)
         return editor;
     spin->setFrame(false);
@@ -45,7 +45,7 @@ QWidget *ChannelSpacingItemDelegate::createEditor(
 
 void ChannelSpacingItemDelegate::Commit(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const auto *spin = qobject_cast<TypedSpinBox *>(editor);
+    const auto *spin = qobject_cast<Orbel::TypedSpinBox *>(editor);
     const double stood = index.data(Qt::EditRole).toDouble();
     const bool leavesIt = spin && QString::number(stood, 'f', spin->decimals()).toDouble() == spin->value();
     if (!leavesIt)

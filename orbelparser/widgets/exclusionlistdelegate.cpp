@@ -116,7 +116,7 @@ QVariantList ExclusionListDelegate::GetEdits() const
         texts[key] = QStringLiteral("%1 %2 %3 %4 ")
                          .arg(key)
                          .arg(isHosts ? range.GetID() : key)
-                         .arg(NumberToText(range.GetRangeStart()), NumberToText(range.GetRangeStop()))
+                         .arg(Orbel::NumberToText(range.GetRangeStart()), Orbel::NumberToText(range.GetRangeStop()))
             + range.GetComment();
     }
     QStringList list;

@@ -26,7 +26,7 @@ FormKeys::Act FormKeys::ActOf(const QKeyEvent &key)
         return &FormChanges::Apply;
     if (key.matches(QKeySequence::Undo))
         return &FormChanges::Undo;
-    return IsRedoKey(key) ? &FormChanges::Redo : nullptr;
+    return Orbel::IsRedoKey(key) ? &FormChanges::Redo : nullptr;
 }
 
 /// Qt asks before each key whether somebody claims it, from the widget with the focus upwards, and gives it to that
@@ -55,7 +55,7 @@ bool FormKeys::eventFilter(QObject *watched, QEvent *event)
 void FormKeys::Tell(const QString &reason)
 {
     QWidget *focus = Form->window()->focusWidget();
-    FieldNote::Tell(focus && Form->isAncestorOf(focus) ? focus : Form, reason);
+    Orbel::FieldNote::Tell(focus && Form->isAncestorOf(focus) ? focus : Form, reason);
 }
 
 } // namespace KV218

@@ -173,9 +173,10 @@ void FreqRangeTable::TellReading(QWidget *editor, const QString &text) const
     const QString spelled = Text().SpellAsFields(frequency);
     const bool isSpelled = text == Text().Spell(frequency);
     if (!Text().IsReadAsMeant(text))
-        FieldNote::Show(editor, tr("is read as %1").arg(spelled), FieldNote::Refused);
+        Orbel::FieldNote::Show(editor, tr("is read as %1").arg(spelled), Orbel::FieldNote::Refused);
     else
-        FieldNote::Show(editor, isSpelled ? QString() : QStringLiteral("= ") + spelled, FieldNote::Understood);
+        Orbel::FieldNote::Show(
+            editor, isSpelled ? QString() : QStringLiteral("= ") + spelled, Orbel::FieldNote::Understood);
 }
 
 FreqRangeTable::Ranges FreqRangeTable::CollectRanges() const
@@ -208,7 +209,7 @@ void FreqRangeTable::UpdateActions()
 bool FreqRangeTable::FinishEditing()
 {
     // A mnemonic of the dialog acts without taking the focus, which would end the edit.
-    return Survives(this, [this] { FinishCellEdit(this); });
+    return Orbel::Survives(this, [this] { FinishCellEdit(this); });
 }
 
 void FreqRangeTable::SlotSortByStartFrequencies()
@@ -233,7 +234,8 @@ void FreqRangeTable::SlotValueChanged(int row, int column)
         item(row, column)->setToolTip(misread);
     }
     constexpr int longEnough = 4000;
-    FieldNote::Tell(viewport(), misread, longEnough, FieldNote::Refused, visualItemRect(item(row, column)));
+    Orbel::FieldNote::Tell(
+        viewport(), misread, longEnough, Orbel::FieldNote::Refused, visualItemRect(item(row, column)));
     // The other rows have their height: measuring them all again at each cell would hold up a paste.
     resizeRowToContents(row);
     UpdateActions();

@@ -28,7 +28,7 @@ void OrbelDoubleSpinBox::ShowBounds()
 
 QString OrbelDoubleSpinBox::DocumentText() const
 {
-    const QString text = NumberToText(Number, Decimals);
+    const QString text = Orbel::NumberToText(Number, Decimals);
     // Meant: whole numbers lose their zero with one decimal place, and with no other count of places.
     return Decimals == 1 && text.contains(QLatin1String(".0")) ? QString::number(Number, 'f', 0) : text;
 }

@@ -75,7 +75,7 @@ private:
     void ShowScanRange(const QString &label, const QString &text);
 
     /// Null before CreateValueTree() and once the node is withdrawn.
-    OwnedNode<ValueCommentedRangeMap> ExclusionMap;
+    Orbel::OwnedNode<ValueCommentedRangeMap> ExclusionMap;
 };
 
 } // namespace KV218

@@ -252,12 +252,12 @@ QVariant OrbelFrequencyEdit::HeldNumber(const QString &name) const
 
 QVariant OrbelFrequencyEdit::HostNumber(const QVariant &held) const
 {
-    return Saturated<qint64>(std::trunc(held.toDouble()));
+    return Orbel::Saturated<qint64>(std::trunc(held.toDouble()));
 }
 
 qint64 OrbelFrequencyEdit::HeldHertz() const
 {
-    return Saturated<qint64>(std::trunc(valueNode->GetValue()));
+    return Orbel::Saturated<qint64>(std::trunc(valueNode->GetValue()));
 }
 
 void OrbelFrequencyEdit::TakeNode()
@@ -301,7 +301,7 @@ void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
 
 QString OrbelFrequencyEdit::SpellEdit(int, const QVariant &value) const
 {
-    return FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
+    return Orbel::FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
 }
 
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)

@@ -88,7 +88,7 @@ private:
     void WritePropertyToNode(const QString &name, const QVariant &value);
     qint64 HeldHertz() const;
 
-    OwnedNode<ValueDouble> valueNode{this};
+    Orbel::OwnedNode<ValueDouble> valueNode{this};
     QPointer<VCFrequency> frequencyControl;
     QPointer<VCLineEdit> lineEdit;
     QPointer<QPushButton> lockButton;

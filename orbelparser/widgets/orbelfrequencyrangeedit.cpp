@@ -45,7 +45,7 @@ void OrbelFrequencyRangeEdit::CreateValueTree()
 
 /// Meant: the limits count as they are, and replace those that were scaled for display when the node was made.
 void OrbelFrequencyRangeEdit::MakeNode(
-    OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest)
+    Orbel::OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest)
 {
     node.Adopt(CreateValueNumericFloat(property, index));
     if (node)
@@ -104,12 +104,13 @@ QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
 {
     if (!startNode || !stopNode)
         return {0, 0};
-    return {Saturated<qint64>(std::trunc(startNode->GetValue())), Saturated<qint64>(std::trunc(stopNode->GetValue()))};
+    return {Orbel::Saturated<qint64>(std::trunc(startNode->GetValue())),
+        Orbel::Saturated<qint64>(std::trunc(stopNode->GetValue()))};
 }
 
 QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
 {
-    const auto bounds = [](const OwnedNode<ValueDouble> &node) {
+    const auto bounds = [](const Orbel::OwnedNode<ValueDouble> &node) {
         return [&node] { return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString(); };
     };
     return {{startEdit.data(), [] { return tr("start"); }, bounds(startNode)},
@@ -202,23 +203,23 @@ QVariant OrbelFrequencyRangeEdit::HeldNumber(const QString &name) const
 
 QVariant OrbelFrequencyRangeEdit::HostNumber(const QVariant &held) const
 {
-    return Saturated<qint64>(std::trunc(held.toDouble()));
+    return Orbel::Saturated<qint64>(std::trunc(held.toDouble()));
 }
 
 void OrbelFrequencyRangeEdit::TakeNode()
 {
-    const QPair<QLatin1String, OwnedNode<ValueDouble> *> bounds[]
+    const QPair<QLatin1String, Orbel::OwnedNode<ValueDouble> *> bounds[]
         = {{prop::StartFrequency, &startNode}, {prop::StopFrequency, &stopNode}};
     for (const auto &[name, node] : bounds) {
         // A fraction that the definition states stays.
         if (*node && GetStatedNumber(name) != (*node)->GetValue())
-            TakeNumber(name, Saturated<qint64>(std::trunc((*node)->GetValue())));
+            TakeNumber(name, Orbel::Saturated<qint64>(std::trunc((*node)->GetValue())));
     }
 }
 
 QString OrbelFrequencyRangeEdit::SpellEdit(int, const QVariant &value) const
 {
-    return FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
+    return Orbel::FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
 }
 
 QString OrbelFrequencyRangeEdit::SpellEditPart(int index) const

@@ -84,14 +84,15 @@ private Q_SLOTS:
     void SlotReturnPressed();
 
 private:
-    void MakeNode(OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
+    void MakeNode(
+        Orbel::OwnedNode<ValueDouble> &node, QLatin1String property, int index, double lowest, double highest);
     VCLineEdit *NewEdit(FloatGroupLayout *layout, const QString &suffix, ValueBase *node, const char *toolTip);
     void WriteNodes(const QString &name, const QVariant &value);
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
     void Repair(bool startMoved);
 
-    OwnedNode<ValueDouble> startNode{this};
-    OwnedNode<ValueDouble> stopNode{this};
+    Orbel::OwnedNode<ValueDouble> startNode{this};
+    Orbel::OwnedNode<ValueDouble> stopNode{this};
     QPointer<VCLineEdit> startEdit;
     QPointer<VCLineEdit> stopEdit;
 };

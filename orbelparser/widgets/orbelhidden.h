@@ -33,7 +33,7 @@ protected:
     QVariant HeldNumber(const QString &name) const override;
 
 private:
-    OwnedNode<ValueString> ValueNode;
+    Orbel::OwnedNode<ValueString> ValueNode;
 };
 
 } // namespace KV218

@@ -57,13 +57,13 @@ void OrbelInt64SpinBox::PropertyChanged(const QString &name, const QVariant &val
 
 void OrbelInt64SpinBox::EmitNumber(double number)
 {
-    Q_EMIT valueChanged(Saturated<qint64>(std::trunc(number)));
+    Q_EMIT valueChanged(Orbel::Saturated<qint64>(std::trunc(number)));
     Q_EMIT editingFinished();
 }
 
 QVariant OrbelInt64SpinBox::HostNumber(const QVariant &held) const
 {
-    return Saturated<qint64>(std::trunc(held.toDouble()));
+    return Orbel::Saturated<qint64>(std::trunc(held.toDouble()));
 }
 
 void OrbelInt64SpinBox::setUnitScale(QString)
@@ -76,7 +76,7 @@ void OrbelInt64SpinBox::ApplyUnitScale()
 {
     if (property(prop::UnitScale.data()).isNull())
         return;
-    const FrequencyUnit &unit = FrequencyUnit::OfHertz(double(GetUInt64(prop::UnitScale, 0)));
+    const Orbel::FrequencyUnit &unit = Orbel::FrequencyUnit::OfHertz(double(GetUInt64(prop::UnitScale, 0)));
     const QPair<QLatin1String, QVariant> changes[] = {
         {prop::Unit, QLatin1String(unit.Name)},
         {prop::Suffix, QLatin1String(unit.Name)},

@@ -33,7 +33,7 @@ protected:
     QVector<ValueBase *> GetNodes() const override;
 
 private:
-    OwnedNode<ValueString> ValueNode;
+    Orbel::OwnedNode<ValueString> ValueNode;
     QPointer<QLabel> Control;
 };
 

@@ -307,7 +307,7 @@ void OrbelSheetUi::ParkFocus()
         QWidget *widget = Gui ? Gui->window()->focusWidget() : nullptr;
         return widget && widget != Gui && Gui->isAncestorOf(widget) ? widget : nullptr;
     };
-    InputLock lock;
+    Orbel::InputLock lock;
     if (QWidget *field = focus())
         QCoreApplication::sendEvent(field, &lock);
     if (!lock.isAccepted())

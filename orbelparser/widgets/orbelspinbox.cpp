@@ -82,7 +82,7 @@ QVariant OrbelSpinBox::HeldNumber(const QString &name) const
 
 QVariant OrbelSpinBox::HostNumber(const QVariant &held) const
 {
-    return Saturated<int>(held.toDouble() - GetInt(prop::DisplayAdditiveOffset, 0));
+    return Orbel::Saturated<int>(held.toDouble() - GetInt(prop::DisplayAdditiveOffset, 0));
 }
 
 double OrbelSpinBox::NodeNumber(double number) const

@@ -32,7 +32,7 @@ void OrbelSpinBoxList::CreateGUI(FloatGroupLayout *layout)
 bool OrbelSpinBoxList::eventFilter(QObject *, QEvent *event)
 {
     // What is being typed stays with the items, which no lock reaches.
-    const bool isLock = event->type() == InputLock::Kind();
+    const bool isLock = event->type() == Orbel::InputLock::Kind();
     if (isLock)
         event->ignore();
     return isLock;

@@ -23,7 +23,7 @@ int PowerOfText(const QString &text, int other)
     // Meant: one letter anywhere tells the unit, so "MK" is kilo and an exponent is no exponent.
     for (const QLatin1Char letter : {QLatin1Char('K'), QLatin1Char('M'), QLatin1Char('G'), QLatin1Char('H')}) {
         if (text.contains(letter))
-            return FrequencyText::PowerOfUnit(QString(letter)).value_or(0);
+            return Orbel::FrequencyText::PowerOfUnit(QString(letter)).value_or(0);
     }
     return other;
 }
@@ -32,7 +32,7 @@ int PowerOfText(const QString &text, int other)
 
 int RangeCellText::OwnPower() const
 {
-    return FrequencyUnit::OfHertz(UnitHertz).Power;
+    return Orbel::FrequencyUnit::OfHertz(UnitHertz).Power;
 }
 
 double RangeCellText::Read(const QString &typed) const
@@ -47,10 +47,10 @@ double RangeCellText::Read(const QString &typed) const
 
 bool RangeCellText::IsReadAsMeant(const QString &text) const
 {
-    NumberReader reader = NumberReader::OfHertz(Locale);
+    Orbel::NumberReader reader = Orbel::NumberReader::OfHertz(Locale);
     reader.TakesShownUnit = true;
     reader.ShownPower = OwnPower();
-    const TypedNumber meant = reader.Read(text);
+    const Orbel::TypedNumber meant = reader.Read(text);
     return meant.IsNumber() && meant.Number == Read(text);
 }
 
@@ -68,7 +68,7 @@ QString RangeCellText::SpellAsFields(double hertz) const
     const QString fraction = digits.value(1).leftJustified(OwnPower(), QLatin1Char('0'));
     const QChar point = Locale.decimalPoint();
     const QString number = fraction.isEmpty() ? digits.first() : digits.first() + point + fraction;
-    return FrequencyText::BeforeSuffix(number, parts.last(), point) + parts.last();
+    return Orbel::FrequencyText::BeforeSuffix(number, parts.last(), point) + parts.last();
 }
 
 } // namespace KV218

@@ -64,7 +64,7 @@ QString SpellNumber(const OrbelDelegate &delegate, double number, const VCNumeri
     plain.setNumberOptions(plain.numberOptions() | QLocale::OmitGroupSeparator);
     const QString text = plain.toString(shown, 'f', fits ? decimals : QLocale::FloatingPointShortest);
     const QString suffix = delegate.property(prop::Suffix.data()).toString();
-    return FrequencyText::BeforeSuffix(text, suffix, plain.decimalPoint()) + suffix;
+    return Orbel::FrequencyText::BeforeSuffix(text, suffix, plain.decimalPoint()) + suffix;
 }
 
 int DocumentDecimals(const OrbelDelegate &delegate)

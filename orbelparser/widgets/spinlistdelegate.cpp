@@ -23,7 +23,7 @@ template <class Node> SpinListDelegate<Node>::SpinListDelegate(OrbelWidget *widg
 template <class Node> QVector<ValueBase *> SpinListDelegate<Node>::GetNodes() const
 {
     QVector<ValueBase *> nodes;
-    for (const OwnedNode<Node> &node : ValueNodes)
+    for (const Orbel::OwnedNode<Node> &node : ValueNodes)
         nodes.append(node.get());
     return nodes;
 }
@@ -116,7 +116,7 @@ template <class Node> void SpinListDelegate<Node>::ReadXml(QXmlStreamReader &rea
 template <class Node> void SpinListDelegate<Node>::NodeChanged(Observable *subject, TChangeCode code)
 {
     const auto node = std::find_if(ValueNodes.begin(), ValueNodes.end(),
-        [subject](const OwnedNode<Node> &item) { return item.IsSubject(subject); });
+        [subject](const Orbel::OwnedNode<Node> &item) { return item.IsSubject(subject); });
     if (node == ValueNodes.end())
         return;
     if (node->TakeNotification(subject, code)) {

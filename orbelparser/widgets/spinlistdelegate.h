@@ -53,7 +53,7 @@ private:
     QList<VCNumericFloatSpin *> Spins() const;
     bool IsItem(int index) const { return index >= 0 && size_t(index) < ValueNodes.size(); }
 
-    std::vector<OwnedNode<Node>> ValueNodes;
+    std::vector<Orbel::OwnedNode<Node>> ValueNodes;
     /// Ends with the form, or with the window if that goes first.
     QPointer<QWidget> Container;
 };

@@ -10,7 +10,7 @@ namespace KV218
 
 void FollowTableFont(QTableView *table)
 {
-    new LookWatch(table, table, [table] {
+    new Orbel::LookWatch(table, table, [table] {
         for (QHeaderView *header : {table->horizontalHeader(), table->verticalHeader()}) {
             if (!header->testAttribute(Qt::WA_SetFont) && header->font() != table->font())
                 header->setFont(QFont());

@@ -53,7 +53,7 @@ QString CellText(const QModelIndex &cell)
 /// Lets the cell's editor take the text; false when it refuses. `note` gets what it makes another one of, if it does.
 bool FillEditor(QWidget *editor, const QString &text, QString *note)
 {
-    if (auto *spin = qobject_cast<TypedSpinBox *>(editor))
+    if (auto *spin = qobject_cast<Orbel::TypedSpinBox *>(editor))
         return spin->Enter(text, note);
     return editor->metaObject()->userProperty().write(editor, text);
 }
@@ -71,9 +71,9 @@ void EnterText(const QPointer<QTableWidget> &table, const QModelIndex &cell, con
         delegate->setModelData(editor, table->model(), cell);
     delete editor;
     if (table && !isTaken && !text.isEmpty())
-        FieldNote::TellDropped(table->viewport(), text, table->visualRect(cell));
+        Orbel::FieldNote::TellDropped(table->viewport(), text, table->visualRect(cell));
     else if (table && !note.isEmpty())
-        FieldNote::Tell(table->viewport(), note, 2000, FieldNote::Refused, table->visualRect(cell));
+        Orbel::FieldNote::Tell(table->viewport(), note, 2000, Orbel::FieldNote::Refused, table->visualRect(cell));
 }
 
 } // namespace
@@ -94,7 +94,7 @@ bool TableKeys::FilterEditor(QObject *watched, QEvent *event)
         static_cast<QChildEvent *>(event)->child()->installEventFilter(this);
     auto *spin = qobject_cast<QDoubleSpinBox *>(watched);
     const auto *field = spin ? spin->findChild<QLineEdit *>() : qobject_cast<QLineEdit *>(watched);
-    const bool leaves = field && LeavesUndoToForm(*field, *event);
+    const bool leaves = field && Orbel::LeavesUndoToForm(*field, *event);
     if (leaves)
         event->ignore();
     return leaves;

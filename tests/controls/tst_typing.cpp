@@ -52,7 +52,7 @@ struct Desk {
     {
         QString told;
         for (QWidget *widget : live.window->findChildren<QWidget *>())
-            told += FieldNote::TextOf(widget);
+            told += Orbel::FieldNote::TextOf(widget);
         return told;
     }
     LiveForm live{Labelled("line", "LineEdit") + Labelled("plain", "FrequencyEdit")

@@ -34,7 +34,7 @@ struct Window : QWidget {
         box->addWidget(other);
         control->SetFrequency_ValuePath("/F/frequency");
         control->SetBandwidth_ValuePath("/F/Bandwidth");
-        field = control->findChild<FrequencyField *>();
+        field = control->findChild<Orbel::FrequencyField *>();
         resize(700, 100);
         show();
         activateWindow();
@@ -76,7 +76,7 @@ struct Window : QWidget {
     ValueDouble *node;
     VCFrequency *control;
     QLineEdit *other;
-    FrequencyField *field;
+    Orbel::FrequencyField *field;
 };
 
 QString Frequency(const QStringList &more = {"parameterXmlTag=String:Frequency"})

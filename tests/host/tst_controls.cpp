@@ -18,7 +18,7 @@ struct Watcher : IObserver {
         if (news && Act)
             Act();
     }
-    NodeBinding<ValueBase> Link{this};
+    Orbel::NodeBinding<ValueBase> Link{this};
     std::function<void()> Act;
     int Count = 0;
 };

@@ -46,24 +46,24 @@ private Q_SLOTS:
         const QRect field = window.Field->geometry(), other = window.Other->geometry();
         window.Field->setText("12");
         window.Field->setSelection(0, 1);
-        FieldNote::Show(window.Field, "= <b>12</b> kHz", FieldNote::Understood);
-        FieldNote::Show(window.Field, "= <b>12</b> kHz", FieldNote::Understood);
+        Orbel::FieldNote::Show(window.Field, "= <b>12</b> kHz", Orbel::FieldNote::Understood);
+        Orbel::FieldNote::Show(window.Field, "= <b>12</b> kHz", Orbel::FieldNote::Understood);
         QVERIFY(window.IsSeen() && window.Note()->textFormat() == Qt::PlainText);
         QVERIFY(window.Field->hasFocus() && window.isActiveWindow() && window.Field->selectedText() == "1");
         QVERIFY(window.Field->geometry() == field && window.Other->geometry() == other);
-        QCOMPARE(FieldNote::TextOf(window.Field), QString("= <b>12</b> kHz"));
+        QCOMPARE(Orbel::FieldNote::TextOf(window.Field), QString("= <b>12</b> kHz"));
         QCOMPARE(window.Field->accessibleDescription(), QString("= <b>12</b> kHz"));
-        FieldNote::Hide(window.Other);
-        FieldNote::Hide(window.Field);
-        QCOMPARE(FieldNote::TextOf(window.Field), QString());
+        Orbel::FieldNote::Hide(window.Other);
+        Orbel::FieldNote::Hide(window.Field);
+        QCOMPARE(Orbel::FieldNote::TextOf(window.Field), QString());
         QCOMPARE(window.Field->accessibleDescription(), QString("own"));
         // A description that the field is given meanwhile is its own.
-        FieldNote::Show(window.Field, "a", FieldNote::Refused);
+        Orbel::FieldNote::Show(window.Field, "a", Orbel::FieldNote::Refused);
         window.Field->setAccessibleDescription("new");
-        FieldNote::Show(window.Other, "b", FieldNote::Refused);
+        Orbel::FieldNote::Show(window.Other, "b", Orbel::FieldNote::Refused);
         QCOMPARE(window.Field->accessibleDescription(), QString("new"));
-        QCOMPARE(FieldNote::TextOf(window.Field), QString());
-        FieldNote::Show(window.Other, QString(), FieldNote::Refused);
+        QCOMPARE(Orbel::FieldNote::TextOf(window.Field), QString());
+        Orbel::FieldNote::Show(window.Other, QString(), Orbel::FieldNote::Refused);
         QTRY_VERIFY(!window.Note());
     }
 
@@ -71,7 +71,7 @@ private Q_SLOTS:
     {
         Window window;
         QVERIFY(window.IsReady());
-        FieldNote::Show(window.Field, "= 145.500 000 MHz", FieldNote::Understood);
+        Orbel::FieldNote::Show(window.Field, "= 145.500 000 MHz", Orbel::FieldNote::Understood);
         const QLabel *note = window.Note();
         QCOMPARE(note->pos(), window.At().bottomLeft() + QPoint(0, 1));
         window.move(130, 120);
@@ -84,7 +84,7 @@ private Q_SLOTS:
         window.move(screen.right() - 190, screen.bottom() - 40);
         QTRY_COMPARE(note->pos().y() + note->height(), window.At().top());
         window.setLayoutDirection(Qt::LeftToRight);
-        FieldNote::Show(window.Field, QString(50, 'M'), FieldNote::Refused);
+        Orbel::FieldNote::Show(window.Field, QString(50, 'M'), Orbel::FieldNote::Refused);
         QTRY_VERIFY(screen.contains(QRect(note->pos(), note->size())));
     }
 
@@ -93,7 +93,7 @@ private Q_SLOTS:
         Window window;
         QVERIFY(window.IsReady());
         QWidget another;
-        FieldNote::Show(window.Field, "a", FieldNote::Understood);
+        Orbel::FieldNote::Show(window.Field, "a", Orbel::FieldNote::Understood);
         const std::pair<std::function<void()>, std::function<void()>> ways[]{
             {[&] { window.verticalScrollBar()->setValue(500); }, [&] { window.verticalScrollBar()->setValue(0); }},
             {[&] { window.Field->hide(); }, [&] { window.Field->show(); }},
@@ -105,14 +105,14 @@ private Q_SLOTS:
             QTRY_VERIFY(window.IsSeen());
             away();
             QTRY_VERIFY(!window.IsSeen());
-            QCOMPARE(FieldNote::TextOf(window.Field), QString("a"));
+            QCOMPARE(Orbel::FieldNote::TextOf(window.Field), QString("a"));
             back();
             window.activateWindow();
         }
         QTRY_VERIFY(window.IsSeen());
         delete window.Field;
-        FieldNote::Show(window.Other, "b", FieldNote::Refused);
-        QCOMPARE(FieldNote::TextOf(window.Other), QString("b"));
+        Orbel::FieldNote::Show(window.Other, "b", Orbel::FieldNote::Refused);
+        QCOMPARE(Orbel::FieldNote::TextOf(window.Other), QString("b"));
     }
 
     /// What is told goes by itself, but not before it was seen, and not while another text stands.
@@ -124,22 +124,22 @@ private Q_SLOTS:
         another.show();
         another.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&another));
-        FieldNote::TellDropped(window.Field, "145.5");
-        FieldNote::Tell(window.Field, FieldNote::TextOf(window.Field), 100);
+        Orbel::FieldNote::TellDropped(window.Field, "145.5");
+        Orbel::FieldNote::Tell(window.Field, Orbel::FieldNote::TextOf(window.Field), 100);
         QTest::qWait(150);
-        QCOMPARE(FieldNote::TextOf(window.Field), QString("not taken: 145.5"));
+        QCOMPARE(Orbel::FieldNote::TextOf(window.Field), QString("not taken: 145.5"));
         window.activateWindow();
-        QTRY_COMPARE(FieldNote::TextOf(window.Field), QString());
-        FieldNote::Tell(window.Field, "b", 20);
-        FieldNote::Show(window.Field, "c", FieldNote::Understood);
+        QTRY_COMPARE(Orbel::FieldNote::TextOf(window.Field), QString());
+        Orbel::FieldNote::Tell(window.Field, "b", 20);
+        Orbel::FieldNote::Show(window.Field, "c", Orbel::FieldNote::Understood);
         QTest::qWait(60);
-        QCOMPARE(FieldNote::TextOf(window.Field), QString("c"));
+        QCOMPARE(Orbel::FieldNote::TextOf(window.Field), QString("c"));
         QAbstractScrollArea *view = &window;
-        FieldNote::Tell(view->viewport(), "d", 2000, FieldNote::Refused, QRect(5, 40, 50, 20));
+        Orbel::FieldNote::Tell(view->viewport(), "d", 2000, Orbel::FieldNote::Refused, QRect(5, 40, 50, 20));
         const QLabel *note = view->viewport()->findChild<QLabel *>("fieldNote", Qt::FindDirectChildrenOnly);
         QCOMPARE(note->pos(), view->viewport()->mapToGlobal({5, 60}));
         window.verticalScrollBar()->setValue(10);
-        QCOMPARE(FieldNote::TextOf(view->viewport()), QString());
+        QCOMPARE(Orbel::FieldNote::TextOf(view->viewport()), QString());
     }
 
     void canBeRead()
@@ -151,12 +151,12 @@ private Q_SLOTS:
             QPalette palette = window.palette();
             palette.setColor(QPalette::ToolTipBase, background);
             palette.setColor(QPalette::ToolTipText, letters);
-            for (const auto kind : {FieldNote::Understood, FieldNote::Refused}) {
-                FieldNote::Show(window.Field, "a", kind);
+            for (const auto kind : {Orbel::FieldNote::Understood, Orbel::FieldNote::Refused}) {
+                Orbel::FieldNote::Show(window.Field, "a", kind);
                 window.setPalette(palette);
                 const QPalette shown = window.Note()->palette();
                 QCOMPARE(shown.color(QPalette::Window), background);
-                QVERIFY(ReadableColor::Contrast(background, shown.color(QPalette::WindowText)) >= 4.5);
+                QVERIFY(Orbel::ReadableColor::Contrast(background, shown.color(QPalette::WindowText)) >= 4.5);
                 window.setPalette({});
             }
         }

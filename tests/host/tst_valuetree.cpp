@@ -116,7 +116,7 @@ static QString Numbers(const IValueNumeric &node)
 {
     QStringList texts;
     for (const double number : {node.GetMin(), node.GetValue(), node.GetMax(), node.GetStep()})
-        texts << NumberToText(number);
+        texts << Orbel::NumberToText(number);
     return texts.join(' ');
 }
 
@@ -284,17 +284,17 @@ private Q_SLOTS:
     /// `value` is null where the node refuses the text.
     void numbersAreSpelledShort()
     {
-        QCOMPARE(NumberToText(-0.0, 1), QString::number(-0.0, 'f', 1));
+        QCOMPARE(Orbel::NumberToText(-0.0, 1), QString::number(-0.0, 'f', 1));
         QRandomGenerator random(11);
         for (int i = 0; i < 200000; ++i) {
             const qint64 thousandths = qint64(random.generate64()) >> random.bounded(64);
             const double number = double(thousandths) / std::pow(10, random.bounded(5));
             for (double near : {number, -number, std::nextafter(number, 0.0), number / 3}) {
                 const bool ordinary = near == 0 || (std::fabs(near) >= 1e-15 && std::fabs(near) < 1e21);
-                QCOMPARE(
-                    NumberToText(near), QString::number(near, ordinary ? 'f' : 'g', QLocale::FloatingPointShortest));
+                QCOMPARE(Orbel::NumberToText(near),
+                    QString::number(near, ordinary ? 'f' : 'g', QLocale::FloatingPointShortest));
                 const int places = int(i % 6) - 1;
-                QCOMPARE(NumberToText(near, places), QString::number(near, 'f', places));
+                QCOMPARE(Orbel::NumberToText(near, places), QString::number(near, 'f', places));
             }
         }
     }

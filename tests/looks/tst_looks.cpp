@@ -283,7 +283,7 @@ private Q_SLOTS:
         Tree::Instance()->AddNode("/L", node);
         control.SetFrequency_ValuePath("/L/f");
         control.show();
-        auto *field = control.findChild<FrequencyField *>();
+        auto *field = control.findChild<Orbel::FrequencyField *>();
         const qreal full = field->font().pointSizeF();
         const QSize hint = control.sizeHint();
         for (const auto &[hertz, fits] : {std::pair(145.5e6, true), {123456789012.125, false}, {9000.0, true}}) {

@@ -39,15 +39,15 @@ const QMap<QString, Field> Fields = [] {
 }();
 
 /// The reader of a kind of field that stands in no form here.
-NumberReader Reader(const QString &kind, const QLocale &locale)
+Orbel::NumberReader Reader(const QString &kind, const QLocale &locale)
 {
-    NumberReader reader = NumberReader::OfHertz(locale);
+    Orbel::NumberReader reader = Orbel::NumberReader::OfHertz(locale);
     reader.IsFrequency = kind != "number dBm";
     if (kind.startsWith("box")) {
         reader.TakesShownUnit = true;
         reader.IsWhole = true;
         reader.Suffix = kind.mid(4);
-        reader.ShownPower = FrequencyText::PowerOfUnit(reader.Suffix).value_or(0);
+        reader.ShownPower = Orbel::FrequencyText::PowerOfUnit(reader.Suffix).value_or(0);
         reader.Decimals = reader.ShownPower;
     } else if (!reader.IsFrequency) {
         reader.Suffix = " dBm";
@@ -88,16 +88,16 @@ public:
             "G", "Hz", "kHz", " MHz", "ghz", "dBm", "h", "x", "e6", "\U0001d7d9"};
         QString text;
         if (Roll(2))
-            text = FrequencyText::Write(double(Random.generate64() % 100000000000U) / Pick(Scales), Roll(12));
+            text = Orbel::FrequencyText::Write(double(Random.generate64() % 100000000000U) / Pick(Scales), Roll(12));
         for (int i = Roll(4); i > 0; --i)
             text.insert(Roll(text.size() + 1), QString::fromUtf8(Pick(pieces)));
         return text;
     }
-    NumberReader Reader()
+    Orbel::NumberReader Reader()
     {
-        NumberReader reader = NumberReader::OfHertz(Roll(2) ? QLocale(QLocale::German) : QLocale::c());
+        Orbel::NumberReader reader = Orbel::NumberReader::OfHertz(Roll(2) ? QLocale(QLocale::German) : QLocale::c());
         reader.ShownPower = 3 * Roll(4);
-        reader.Suffix = Roll(2) ? QString() : ' ' + FrequencyText::Units()[3 - reader.ShownPower / 3];
+        reader.Suffix = Roll(2) ? QString() : ' ' + Orbel::FrequencyText::Units()[3 - reader.ShownPower / 3];
         reader.IsWhole = Roll(2);
         reader.TakesShownUnit = Roll(2);
         if (Roll(2))
@@ -119,9 +119,9 @@ private:
 };
 
 /// What is wrong with the reading of a text; empty for nothing.
-QString Faults(const NumberReader &reader, const QString &text)
+QString Faults(const Orbel::NumberReader &reader, const QString &text)
 {
-    const TypedNumber typed = reader.Read(text);
+    const Orbel::TypedNumber typed = reader.Read(text);
     if ((typed.State == QValidator::Intermediate) != typed.Text.isEmpty())
         return "a text that may become a number gives no reason, any other does";
     if (!typed.IsNumber())
@@ -132,9 +132,9 @@ QString Faults(const NumberReader &reader, const QString &text)
         return "no whole number";
     if (reader.Read(typed.Text).Number != typed.Number)
         return "told is " + typed.Text;
-    NumberReader shown = reader;
+    Orbel::NumberReader shown = reader;
     shown.TakesShownUnit = true;
-    const QString plain = FrequencyText::Plain(typed.Shown);
+    const QString plain = Orbel::FrequencyText::Plain(typed.Shown);
     // More digits than a number holds are rounded twice.
     const double apart = std::fabs(shown.Read(plain).Number - typed.Number);
     return apart <= std::fabs(typed.Number) * 3e-16 ? QString() : "shown is " + plain;
@@ -211,14 +211,14 @@ private Q_SLOTS:
                 const QString text = dice.Text();
                 field->selectAll();
                 field->insert(text);
-                const TypedNumber typed = field->GetReader().Read(field->text());
+                const Orbel::TypedNumber typed = field->GetReader().Read(field->text());
                 const double expected
-                    = field->text() != FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
+                    = field->text() != Orbel::FrequencyText::Write(held()) && typed.IsNumber() ? typed.Number : held();
                 QTest::keyClick(field, dice.Roll(2) ? Qt::Key_Return : Qt::Key_Tab);
                 QTest::keyClick(field, Qt::Key_Escape);
                 field->setFocus();
                 QVERIFY2(held() == expected, qPrintable(text));
-                QVERIFY2(NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
+                QVERIFY2(Orbel::NumberReader::OfHertz().Read(field->text()).Number == held(), qPrintable(text));
                 QVERIFY2(
                     !typed.IsNumber() || (held() >= field->GetReader().Minimum && held() <= field->GetReader().Maximum),
                     qPrintable(text));
@@ -232,7 +232,7 @@ private Q_SLOTS:
         int numbers = 0;
         const int steps = FromEnvironment("ORBEL_TYPED_STEPS", 20000);
         for (int step = steps; step > 0; --step) {
-            const NumberReader reader = dice.Reader();
+            const Orbel::NumberReader reader = dice.Reader();
             const QString text = dice.Text();
             QCOMPARE(Faults(reader, text) + " of " + text, " of " + text);
             numbers += reader.Read(text).IsNumber();
@@ -253,18 +253,19 @@ private Q_SLOTS:
     void shownTexts()
     {
         const auto [hertz, leastPower] = Fetch<double, int>({"hertz", "leastPower"});
-        QTEST(FrequencyText::Write(hertz, leastPower), "text");
+        QTEST(Orbel::FrequencyText::Write(hertz, leastPower), "text");
     }
 
     void everyDigitKnowsItsPlace()
     {
-        const QString text = FrequencyText::Write(-1234567890.5);
+        const QString text = Orbel::FrequencyText::Write(-1234567890.5);
         QCOMPARE(text, QString("-1.234 567 890 5 GHz"));
         for (int power = 9; power >= -1; --power)
-            QCOMPARE(FrequencyText::PowerAt(text, FrequencyText::PositionOf(text, power)), std::optional<int>(power));
+            QCOMPARE(Orbel::FrequencyText::PowerAt(text, Orbel::FrequencyText::PositionOf(text, power)),
+                std::optional<int>(power));
         for (int position : {-1, 0, 2, 6, 16, 100})
-            QVERIFY(!FrequencyText::PowerAt(text, position));
-        QCOMPARE(FrequencyText::PositionOf(text, 10), -1);
+            QVERIFY(!Orbel::FrequencyText::PowerAt(text, position));
+        QCOMPARE(Orbel::FrequencyText::PositionOf(text, 10), -1);
     }
 
 private:
@@ -305,7 +306,7 @@ private:
         auto *table = qobject_cast<QTableWidget *>(control);
         const QPointer<QWidget> field = table ? OpenCell(table, 0) : control;
         TypeOrPaste(field, text, paste);
-        QCOMPARE(FieldNote::TextOf(field), note);
+        QCOMPARE(Orbel::FieldNote::TextOf(field), note);
         const bool isRefused = applied.isNull() && !note.isEmpty();
         QCOMPARE(field->palette().color(QPalette::Text) != live.window->palette().color(QPalette::Text), isRefused);
         const auto *edit = field->findChild<QLineEdit *>();
@@ -319,11 +320,11 @@ private:
             QTest::keyClick(field, Qt::Key_Return);
         if (applied.isNull() && !isLeft) {
             QCOMPARE(field->property("text").toString(), typed);
-            QCOMPARE(FieldNote::TextOf(field).isEmpty(), note.isEmpty() && !edit);
+            QCOMPARE(Orbel::FieldNote::TextOf(field).isEmpty(), note.isEmpty() && !edit);
             QTest::keyClick(field, Qt::Key_Escape);
         }
         PassEvents();
-        QCOMPARE(FieldNote::TextOf(field), QString());
+        QCOMPARE(Orbel::FieldNote::TextOf(field), QString());
         QCOMPARE(ShownBy(control), applied.isNull() ? before : shown);
         QCOMPARE(AppliedBy(live, place), applied.isNull() ? held : applied);
     }

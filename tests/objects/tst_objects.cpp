@@ -279,11 +279,11 @@ private Q_SLOTS:
         Bench bench("7000..8000");
         bench.Type(0, 1, Input());
         const bool isMeant = note.isEmpty() || note.startsWith('=');
-        QCOMPARE(FieldNote::TextOf(bench.Editor()), isMeant ? note : "is read as " + note);
+        QCOMPARE(Orbel::FieldNote::TextOf(bench.Editor()), isMeant ? note : "is read as " + note);
         QTest::keyClick(bench.Editor(), Qt::Key_Return);
         QCoreApplication::sendPostedEvents();
         const QString told = isMeant ? QString() : '"' + Input() + "\" is read as " + note;
-        QCOMPARE(FieldNote::TextOf(bench.Table.viewport()), told);
+        QCOMPARE(Orbel::FieldNote::TextOf(bench.Table.viewport()), told);
         QCOMPARE(bench.Table.item(0, 1)->toolTip(), told);
         const auto *cells = qobject_cast<QStyledItemDelegate *>(bench.Table.itemDelegate());
         QVERIFY2(note.endsWith(cells->displayText(bench.Table.item(0, 1)->text(), QLocale::c())) || note.isEmpty(),

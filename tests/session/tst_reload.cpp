@@ -481,7 +481,7 @@ private:
             {"a choice by its value", Enum("Modes", "AM=1 FM=2") + Mode, [](Live &live) { live.form->SetVTValue("mode", "FM", nullptr, false); }, Enum("Modes", "CW=0 Frequency=2") + Mode, [](Live &live) { return live.Value("mode"); }, "Frequency"},
             {"a text half typed", Line() + Gain(), [](Live &live) { TypeOver(live.Find("text"), "half"); QTest::keyClick(live.Find("text"), Qt::Key_Left, Qt::ShiftModifier); }, Gain() + Line("two"), focus, "the same"},
             {"a number half typed, with another suffix", Gain({"suffix=String: dB"}), type("gain", "1x"), Gain({"suffix=String: dBm"}), focus, "gain 1x dBm 2 "},
-            {"a frequency half typed", Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "maximum=String:1e9"}), [](Live &live) { TypeOver(live.window.findChild<FrequencyField *>(), "14"); }, Gain() + Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true"}), focus, "the same"},
+            {"a frequency half typed", Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true", "maximum=String:1e9"}), [](Live &live) { TypeOver(live.window.findChild<Orbel::FrequencyField *>(), "14"); }, Gain() + Labelled("f", "FrequencyEdit", {"MainFreqEdit=Bool:true"}), focus, "the same"},
             {"the focus of a button", Gain(), [](Live &live) { live.Find("autoApply")->setFocus(); }, Line(), focus, "the same"},
             {"the focus of the host's", Gain(), [](Live &live) { live.window.findChildren<QLineEdit *>().last()->setFocus(); }, Line(), focus, "the same"},
             {"the focus where the control goes", Gain() + Line(), type("gain", "7"), Line(), focus, "sheet"},

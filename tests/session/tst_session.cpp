@@ -254,7 +254,7 @@ private Q_SLOTS:
         QCOMPARE(live.Mark("Gain"), RowLabel::None);
         QCOMPARE(live->Value("Gain"), QVariant(reported));
         QVERIFY(live->Changes().isEmpty() && live.applied.isEmpty());
-        FieldNote::Hide(live.Find("Gain"));
+        Orbel::FieldNote::Hide(live.Find("Gain"));
     }
 
     void anEditTakenBackShowsWhatTheDeviceHas()

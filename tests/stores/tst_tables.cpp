@@ -326,7 +326,7 @@ private Q_SLOTS:
         live.log.Take();
         live.Paste(pasted);
         QCOMPARE(live.Get("s")->isModified(), live.log.Take().contains("Changed("));
-        QTEST(FieldNote::TextOf(live.Table()->viewport()), "note");
+        QTEST(Orbel::FieldNote::TextOf(live.Table()->viewport()), "note");
         live.Table()->selectAll();
         QTest::keySequence(live.Table(), QKeySequence::Copy);
         QTEST(QApplication::clipboard()->text(), "copied");

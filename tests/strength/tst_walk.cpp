@@ -371,7 +371,7 @@ private:
         bool isNumber = true;
         const auto *spin = Find<VCNumericFloatSpin>(place.Field);
         const double shown = spin ? spin->cleanText().remove(' ').toDouble(&isNumber) / Factor(place)
-                                  : NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
+                                  : Orbel::NumberReader::OfHertz().Read(Find<QLineEdit>(place.Field)->text()).Number;
         return isNumber ? shown : qQNaN();
     }
     /// The integer's control, and those of a list, take it only when they are built.

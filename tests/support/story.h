@@ -99,7 +99,7 @@ private:
                 }},
             {"modified", [=] { return QString(Get(words[0])->isModified() ? "yes" : "no"); }},
             {"focused", [=] { return Focus()->objectName(); }},
-            {"note", [=] { return FieldNote::TextOf(Find(words[0])); }},
+            {"note", [=] { return Orbel::FieldNote::TextOf(Find(words[0])); }},
             {"stack",
                 [=] {
                     Settle(); // the entries are spelled late
