@@ -32,6 +32,7 @@ QTextCodec *CodecOf(const QByteArray &bytes)
 FileText::FileText(const QByteArray &bytes, Reading reading)
 {
     Decode(bytes);
+    All = Whole.Text();
     FindLines();
     if (reading == AsForm && bytes.contains('\r'))
         DropReturns(bytes);
@@ -57,13 +58,12 @@ void FileText::Decode(const QByteArray &bytes)
 /// The places stay those of the file.
 void FileText::DropReturns(const QByteArray &bytes)
 {
-    const QString all = Whole.Text();
     Whole = PlacedText();
-    for (int i = 0; i < all.size(); ++i) {
-        if (all.at(i) != QLatin1Char('\r'))
-            Whole.Append(all.at(i), i);
+    for (int i = 0; i < All.size(); ++i) {
+        if (All.at(i) != QLatin1Char('\r'))
+            Whole.Append(All.at(i), i);
     }
-    Whole.Close(all.size());
+    Whole.Close(All.size());
     const QByteArray loaded = QByteArray(bytes).replace("\r", "");
     const QString read = CodecOf(loaded)->toUnicode(loaded);
     const QString &meant = Whole.Text();

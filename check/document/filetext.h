@@ -19,6 +19,8 @@ public:
 
     /// With a replacement for what does not fit the encoding.
     const PlacedText &Source() const { return Whole; }
+    /// All of it, also where the library reads less.
+    const QString &Text() const { return All; }
     /// Empty unless the bytes that are read do not fit the encoding; then the library reads nothing to rely on.
     const QString &ErrorText() const { return Error; }
     int PlaceOfError() const { return ErrorPlace; }
@@ -33,6 +35,7 @@ private:
     void FindLines();
     int HalvesBefore(int offset) const;
 
+    QString All;
     PlacedText Whole;
     QString Error;
     int ErrorPlace = 0;

@@ -42,10 +42,12 @@ void CheckElement(const FormModel &form, const Element &holder, const KnownAttri
         const auto isIt = [&](QLatin1String name) { return attribute.Name == name; };
         if (attribute.IsForeign || std::any_of(known.names.cbegin(), known.names.cend(), isIt))
             continue;
-        const QStringList names(known.names.cbegin(), known.names.cend());
-        sink.Add(Code::AttributeUnknown, form.Doc.PlaceOf(attribute),
-            QStringLiteral("The attribute \"%1\" means nothing on \"%2\"%3")
-                .arg(attribute.Name, holder.Name, sink.Suggest(attribute.Name, names)));
+        QStringList names(known.names.cbegin(), known.names.cend());
+        for (const Attribute &stated : holder.Attributes)
+            names.removeAll(stated.Name);
+        sink.AddMisspelt(Code::AttributeUnknown, form.Doc.PlaceOf(attribute),
+            QStringLiteral("The attribute \"%1\" means nothing on \"%2\"").arg(attribute.Name, holder.Name),
+            attribute.Name, names);
     }
 }
 

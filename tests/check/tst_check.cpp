@@ -179,6 +179,10 @@ private Q_SLOTS:
         if (form.kind == BrokenForm::Definition)
             QCOMPARE(Untruths(text, findings).join(' '), QString());
         for (const Finding &finding : findings) {
+            QString mended = text;
+            if (finding.Edit)
+                mended.replace(finding.Edit.Offset, finding.Edit.Length, finding.Edit.Replacement);
+            QVERIFY(!finding.Edit || Find(form.kind, mended).size() < findings.size());
             QVERIFY2(!finding.Text.isEmpty() && !finding.Text.endsWith('.') && !finding.Text.contains("%"),
                 qPrintable(finding.Text));
         }
