@@ -2,6 +2,7 @@
 
 #include "checkcommand.h"
 #include "classescommand.h"
+#include "formatcommand.h"
 #include "messages.h"
 #include "nearestnames.h"
 #include "orbelversion.h"
@@ -45,6 +46,7 @@ constexpr Row Table[] = {
     {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
+    {"format",    "brings form definitions into the canonical layout",   WithoutDisplay, Make<FormatCommand>},
     {"strings",   "writes the texts of forms into a file for translators", WithoutDisplay, Make<StringsCommand>},
     {"classes",   "lists the control classes",                           WithoutDisplay, Make<ClassesCommand>},
     {"schema",    "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},

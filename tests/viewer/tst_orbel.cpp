@@ -115,6 +115,29 @@ private Q_SLOTS:
         QCOMPARE(result.Status, status);
     }
 
+    void formatWritesOnlyWhatIsLaidOutOtherwise()
+    {
+        const QString tidy = Write("tidy.orbel", "<ZkParamGui/>\n");
+        const QString untidy = Write("untidy.orbel", "<ZkParamGui ></ZkParamGui>");
+        const QString broken = Write("broken.orbel", "<ZkParamGui>\n <");
+        const auto kept = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(untidy, kept));
+        const Result check = RunCommand({"format", "--check", Folder.path()});
+        QCOMPARE(check.Out, untidy + ":1: is laid out otherwise from here on\n");
+        QVERIFY2(check.Err.startsWith("orbel: " + broken + ":2:3: "), qPrintable(check.Err));
+        QCOMPARE(check.Status, 1);
+        QCOMPARE(RunCommand({"format", broken, untidy, tidy}).Status, 1);
+        QCOMPARE(BytesOf(broken), QByteArray("<ZkParamGui>\n <"));
+        QCOMPARE(BytesOf(untidy), BytesOf(tidy));
+        QCOMPARE(QFile::permissions(untidy) & (kept | QFile::ReadOther), kept);
+        QCOMPARE(RunCommand({"format", "--check", untidy, tidy}).Status, 0);
+        QProcess piped;
+        piped.setStandardInputFile(tidy);
+        piped.start(ORBEL_COMMAND, {"format", "-"});
+        QVERIFY(piped.waitForFinished());
+        QCOMPARE(piped.readAllStandardOutput(), BytesOf(tidy));
+    }
+
     void nearestNames()
     {
         const QStringList names{"far away", "frost", "FIRST", "frist", "frost"};
