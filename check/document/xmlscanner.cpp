@@ -108,7 +108,8 @@ QString NameOfTag(const QStringRef &tag)
 {
     int from = tag.startsWith(QLatin1String("</")) ? 2 : 1;
     int to = from;
-    for (; to < tag.size() && !IsXmlBlank(tag.at(to)) && tag.at(to) != QLatin1Char('>') && tag.at(to) != QLatin1Char('/');
+    for (;
+         to < tag.size() && !IsXmlBlank(tag.at(to)) && tag.at(to) != QLatin1Char('>') && tag.at(to) != QLatin1Char('/');
          ++to) {
         if (tag.at(to) == QLatin1Char(':'))
             from = to + 1;

@@ -101,6 +101,9 @@ private Q_SLOTS:
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
         for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--font-size wants");
+        add("one definition to compare", {"diff", form}, 2, "two definitions");
+        add("definition that is none", {"diff", form, cut}, 2, cut + ":3:1: ");
+        add("format that is none", {"diff", form, form, "--format=yaml"}, 2, "one of text, json");
         add("form cut short", {"strings", cut, "-o", noFolder + ".ts"}, 1, cut + ": line 3: ");
         add("translations malformed", {"strings", form, "-o", Write("cut.ts", "<TS>\n<context>")}, 1, "cut.ts:2: ");
         // clang-format on
@@ -136,6 +139,18 @@ private Q_SLOTS:
         piped.start(ORBEL_COMMAND, {"format", "-"});
         QVERIFY(piped.waitForFinished());
         QCOMPARE(piped.readAllStandardOutput(), BytesOf(tidy));
+    }
+
+    void diffEndsAsItIsTold()
+    {
+        const QString form = WriteForm();
+        const QString other = Write("other.orbel", QString(BytesOf(form)).replace("Group/second", "Group/other"));
+        QCOMPARE(RunCommand({"diff", form, form, "--format", "json"}).Out, QString("[\n]\n"));
+        const Result differs = RunCommand({"diff", form, other});
+        QCOMPARE(differs.Out.section('\n', 0, 0),
+            other + ":1: widget \"second\": place in the parameter document: \"Group/second\" -> \"Group/other\"");
+        QCOMPARE(differs.Status, 1);
+        QCOMPARE(RunCommand({"diff", form, form}).Status, 0);
     }
 
     void nearestNames()
