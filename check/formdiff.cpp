@@ -85,11 +85,13 @@ public:
     QVector<FormDifference> Run()
     {
         CompareForm();
-        CompareAll(Before.Form.Enums, After.Form.Enums, QStringLiteral("enumeration"),
+        CompareAll(
+            Before.Form.Enums, After.Form.Enums, QStringLiteral("enumeration"),
             [](const EnumEntry &each) { return each.Name; },
             [this](const EnumEntry &one, const EnumEntry &other) { CompareRows(one, other); });
         CompareSheet();
-        CompareAll(Before.Form.Widgets, After.Form.Widgets, QStringLiteral("widget"),
+        CompareAll(
+            Before.Form.Widgets, After.Form.Widgets, QStringLiteral("widget"),
             [](const WidgetEntry &each) { return each.IsNamed ? each.Name : QLatin1Char('\n') + each.Class; },
             [this](const WidgetEntry &one, const WidgetEntry &other) { CompareWidget(one, other); });
         CompareScript();
@@ -126,8 +128,8 @@ private:
         }
         for (const auto &each : former) {
             if (places.contains(each.Key))
-                Tell(FormDifference::Gone, part, each.What->Name, {}, DescriptionOf(*each.What), {},
-                    each.What->Element, -1);
+                Tell(FormDifference::Gone, part, each.What->Name, {}, DescriptionOf(*each.What), {}, each.What->Element,
+                    -1);
         }
     }
 
@@ -138,8 +140,8 @@ private:
     void Tell(FormDifference::Kind what, const QString &part, const QString &name, const QString &detail,
         const QString &before, const QString &after, int elementBefore, int elementAfter)
     {
-        Differences.append({what, part, name, detail, before, after, Before.LineOf(elementBefore),
-            After.LineOf(elementAfter)});
+        Differences.append(
+            {what, part, name, detail, before, after, Before.LineOf(elementBefore), After.LineOf(elementAfter)});
     }
 
     void TellChange(const QString &part, const QString &name, const QString &detail, const QString &before,
@@ -163,8 +165,9 @@ private:
         const QString part = QStringLiteral("sheet");
         const int before = Before.Form.Sheets.value(0, -1);
         const int after = After.Form.Sheets.value(0, -1);
-        const auto name
-            = [](const ReadForm &read, int sheet) { return sheet < 0 ? QString() : read.Text.AttributeOf(sheet, attribute::Name); };
+        const auto name = [](const ReadForm &read, int sheet) {
+            return sheet < 0 ? QString() : read.Text.AttributeOf(sheet, attribute::Name);
+        };
         TellChange(part, {}, QStringLiteral("name"), name(Before, before), name(After, after), before, after);
         CompareProperties(Before.Form.SheetProperties, After.Form.SheetProperties, part, {}, before, after);
     }
@@ -225,9 +228,8 @@ private:
     void CompareRows(const EnumEntry &one, const EnumEntry &other)
     {
         const QString part = QStringLiteral("enumeration");
-        const auto text = [](const EnumRow &row) {
-            return QStringLiteral("%1, %2").arg(row.DisplayName, row.Identifier);
-        };
+        const auto text
+            = [](const EnumRow &row) { return QStringLiteral("%1, %2").arg(row.DisplayName, row.Identifier); };
         QHash<QString, const EnumRow *> former;
         for (const EnumRow &row : one.Rows)
             former.insert(row.Value, &row);
@@ -279,8 +281,8 @@ private:
         const auto what = Before.Form.Script < 0 ? FormDifference::Added
             : After.Form.Script < 0              ? FormDifference::Gone
                                                  : FormDifference::Changed;
-        Differences.append({what, QStringLiteral("script"), {}, {}, part(one), part(other), line(Before, before),
-            line(After, after)});
+        Differences.append(
+            {what, QStringLiteral("script"), {}, {}, part(one), part(other), line(Before, before), line(After, after)});
     }
 
     const ReadForm &Before;

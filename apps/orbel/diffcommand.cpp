@@ -56,7 +56,8 @@ QString TextOf(const FormDifference &difference)
     if (difference.What == FormDifference::Changed)
         return QStringLiteral("%1 -> %2").arg(Quoted(difference.Before), Quoted(difference.After));
     const QString value = difference.Before + difference.After;
-    return value.isEmpty() || difference.Part == QLatin1String("script") ? what : what + QLatin1Char(' ') + Quoted(value);
+    return value.isEmpty() || difference.Part == QLatin1String("script") ? what
+                                                                         : what + QLatin1Char(' ') + Quoted(value);
 }
 
 } // namespace
