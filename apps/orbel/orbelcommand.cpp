@@ -6,6 +6,7 @@
 #include "formatcommand.h"
 #include "messages.h"
 #include "nearestnames.h"
+#include "newcommand.h"
 #include "orbelversion.h"
 #include "paramscommand.h"
 #include "referencecommand.h"
@@ -43,6 +44,7 @@ struct Row {
 
 // clang-format off
 constexpr Row Table[] = {
+    {"new",       "gives a form to start from",                          WithoutDisplay, Make<NewCommand>},
     {"view",      "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
     {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},

@@ -308,7 +308,8 @@ void ParameterCarry::CompareItems(const Moved &value, const Document &held, int 
 QVector<LostParameter> ParameterCarry::GetLost() const
 {
     auto sorted = Lost;
-    std::stable_sort(sorted.begin(), sorted.end(), [](const auto &one, const auto &other) { return one.first < other.first; });
+    std::stable_sort(
+        sorted.begin(), sorted.end(), [](const auto &one, const auto &other) { return one.first < other.first; });
     QVector<LostParameter> lost;
     for (const auto &each : sorted)
         lost.append(each.second);

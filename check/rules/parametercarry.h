@@ -62,8 +62,7 @@ private:
     void Lose(int element, const QString &text);
     void TellOther(int element, const QString &wanted, const QString &held, const QString &path);
     void CompareItems(const Moved &value, const Document &held, int place);
-    static void WriteChildren(
-        const Document &document, int element, const QString &itemTag, QXmlStreamWriter &writer);
+    static void WriteChildren(const Document &document, int element, const QString &itemTag, QXmlStreamWriter &writer);
 
     const FileText File;
     const Document Old;

@@ -99,6 +99,8 @@ private Q_SLOTS:
         add("one version alone", {"params", form, "--from", form}, 2, "go together");
         add("document of another form", {"params", form, "--params", document}, 1, document + ": there is no element");
         add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
+        add("new form of no kind", {"new", "scna"}, 2, "nearest: \"scan\"");
+        add("new form in the place of another", {"new", "-o", form}, 1, form + ": it is there already");
         add("no picture", {"render", form}, 2, "-o OUT.png");
         for (const char *wrong : {"--scale=0.5", "--scale=5", "--scale=nan", "--scale=big"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--scale wants");
@@ -240,6 +242,26 @@ private Q_SLOTS:
         const QString form = assignment.startsWith("Receiver/") ? Receiver : AllControls;
         Result result = RunCommand({"params", form, "--set", assignment});
         QVERIFY2(result.Out.remove(QRegularExpression("\\n *")).contains(printed), qPrintable(result.Out + result.Err));
+    }
+
+    void newFormsAreClean_data()
+    {
+        const auto row = Columns<QString>({"kind"});
+        const QString help = RunCommand({"new", "--help"}).Out;
+        const QRegularExpression kinds("What it is for: ([^.]+)\\.");
+        for (const QString &kind : kinds.match(help).captured(1).split(", "))
+            row(qPrintable(kind), kind);
+    }
+
+    void newFormsAreClean()
+    {
+        const auto [kind] = Fetch<QString>({"kind"});
+        const QString path = Folder.filePath(kind + ".orbel");
+        QCOMPARE(RunCommand({"new", kind, "-o", path}).Status, 0);
+        for (const QStringList &command : {QStringList{"check", "--run"}, QStringList{"format", "--check"}}) {
+            const Result result = RunCommand(command + QStringList{path});
+            QCOMPARE(result.Out + result.Err, QString());
+        }
     }
 
     void nearestNames()
