@@ -4,6 +4,7 @@
 #include "classescommand.h"
 #include "diffcommand.h"
 #include "formatcommand.h"
+#include "lspcommand.h"
 #include "messages.h"
 #include "nearestnames.h"
 #include "newcommand.h"
@@ -51,6 +52,7 @@ constexpr Row Table[] = {
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
     {"diff",      "tells what differs between two form definitions",     WithoutDisplay, Make<DiffCommand>},
     {"format",    "brings form definitions into the canonical layout",   WithoutDisplay, Make<FormatCommand>},
+    {"lsp",       "serves an editor that speaks the Language Server Protocol", WithoutDisplay, Make<LspCommand>},
     {"strings",   "writes the texts of forms into a file for translators", WithoutDisplay, Make<StringsCommand>},
     {"classes",   "lists the control classes",                           WithoutDisplay, Make<ClassesCommand>},
     {"schema",    "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},
