@@ -420,7 +420,7 @@ private Q_SLOTS:
         QVERIFY(live.Find("applyButtonBox")->rect().contains(line->geometry()));
         QVERIFY(!live.Find("Gain")->isEnabled());
         QVERIFY(live->Report("Level", 7));
-        PassTimersBelow(200);
+        PassTime(200);
         QVERIFY(live.applied.isEmpty());
         live->Unlock();
         QTRY_COMPARE(live.applied.join(", "), QString("Gain 10>42"));
