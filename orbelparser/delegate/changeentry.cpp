@@ -56,6 +56,11 @@ bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
         && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
 }
 
+bool ChangeEntry::Part::IsOnTheWay() const
+{
+    return Control && Control->IsBeingChanged();
+}
+
 bool ChangeEntry::Stands(bool back) const
 {
     return std::any_of(Parts.begin(), Parts.end(),
@@ -120,6 +125,7 @@ void ChangeEntry::Move(bool back)
     const QScopedValueRollback<bool> moving(Moving, true);
     const QScopedValueRollback<int> moves(*MovesOfForm, *MovesOfForm + 1);
     const OrbelDelegate *locked = FindLocked(back);
+    PassedOver = false;
     bool moved = false;
     for (auto first = Parts.begin(); first != Parts.end();) {
         const auto isOther = [&](const Part &part) { return part.Control != first->Control; };
@@ -127,8 +133,10 @@ void ChangeEntry::Move(bool back)
         moved |= MoveControl(first, last, back);
         first = last;
     }
-    if (!moved && !locked && !Stands(!back))
-        setObsolete(true);
+    if (moved || locked || Stands(!back))
+        return;
+    PassedOver = back && std::any_of(Parts.begin(), Parts.end(), [](const Part &part) { return part.IsOnTheWay(); });
+    setObsolete(!PassedOver);
 }
 
 bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back)

@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <memory>
+#include <utility>
 
 namespace KV218
 {
@@ -33,6 +34,9 @@ public:
     bool Spell();
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
+    /// Whether it was undone, and has moved nothing, since another change of its control was on the way; not a second
+    /// time.
+    bool TakePassedOver() { return std::exchange(PassedOver, false); }
     /// A control of another form that takes the place of one, which had this shape when its form ended.
     struct Heir {
         OrbelDelegate *Control = nullptr;
@@ -66,6 +70,7 @@ private:
         QVariant &Side(bool before) { return before ? Before : After; }
         const QVariant &Side(bool before) const { return before ? Before : After; }
         bool Stands(const QVariantList &values, bool back) const;
+        bool IsOnTheWay() const;
     };
 
     void Move(bool back);
@@ -80,6 +85,7 @@ private:
     bool Done = false;
     bool Moving = false;
     bool Frozen = false;
+    bool PassedOver = false;
 };
 
 } // namespace KV218

@@ -8,6 +8,7 @@
 #include <QVariant>
 #include <QVector>
 
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -97,7 +98,9 @@ private:
     ChangeEntry *EntryAt(int index) const;
     QVector<ChangeEntry *> Entries() const;
     void RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone);
-    void PushWaiting();
+    void PushWaiting(bool atRest);
+    void RedoPassedOver();
+    void UndoWaiting();
     void RecordRunning(const OrbelDelegate *except = nullptr);
     void Go(bool back);
     void Push(ChangeEntry *entry);
@@ -122,6 +125,8 @@ private:
     bool Busy = false;
     const std::shared_ptr<int> Moves = std::make_shared<int>(0);
     std::vector<std::unique_ptr<ChangeEntry>> Waiting;
+    /// The least of the depths at which the event has come that emits the changes: there the form is at rest.
+    int LeastDepth = std::numeric_limits<int>::max();
 };
 
 } // namespace KV218
