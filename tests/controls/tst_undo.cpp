@@ -313,7 +313,6 @@ private Q_SLOTS:
         LiveForm live(Labelled("fhp", "SpecialObject_FHP"));
         auto *ranges = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/fhp"));
         CommentedRange range;
-        range.SetID(4711);
         range.SetComment("a  beacon");
         ranges->SetAt(7, range, nullptr);
         EnterExclusions(live.form, "fhp");
