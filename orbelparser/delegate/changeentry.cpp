@@ -56,11 +56,6 @@ bool ChangeEntry::Part::Stands(const QVariantList &values, bool back) const
         && OrbelDelegate::IsSameEdit(values.at(Index), Side(!back));
 }
 
-bool ChangeEntry::Part::IsOnTheWay() const
-{
-    return Control && Control->IsBeingChanged();
-}
-
 bool ChangeEntry::Stands(bool back) const
 {
     return std::any_of(Parts.begin(), Parts.end(),
@@ -123,7 +118,7 @@ void ChangeEntry::Move(bool back)
     if (Moving || Frozen)
         return;
     const QScopedValueRollback<bool> moving(Moving, true);
-    const QScopedValueRollback<int> moves(*MovesOfForm, *MovesOfForm + 1);
+    const QScopedValueRollback<int> moves(MovesOfForm->Moving, MovesOfForm->Moving + 1);
     const OrbelDelegate *locked = FindLocked(back);
     PassedOver = false;
     bool moved = false;
@@ -133,10 +128,17 @@ void ChangeEntry::Move(bool back)
         moved |= MoveControl(first, last, back);
         first = last;
     }
-    if (moved || locked || Stands(!back))
+    if (moved || locked)
         return;
-    PassedOver = back && std::any_of(Parts.begin(), Parts.end(), [](const Part &part) { return part.IsOnTheWay(); });
-    setObsolete(!PassedOver);
+    PassedOver = back && IsAheadOfOthers();
+    setObsolete(!PassedOver && !Stands(!back));
+}
+
+/// Whether there are changes that have come after it, and are not on the stack.
+bool ChangeEntry::IsAheadOfOthers() const
+{
+    const auto isBeingChanged = [](const Part &part) { return part.Control && part.Control->IsBeingChanged(); };
+    return MovesOfForm->Waits || std::any_of(Parts.begin(), Parts.end(), isBeingChanged);
 }
 
 bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back)

@@ -19,8 +19,13 @@ class OrbelDelegate;
 class ChangeEntry : public QUndoCommand
 {
 public:
-    /// How many entries of a form are on their way: a host may have the stack move several.
-    using Moves = std::shared_ptr<int>;
+    /// What the entries of a form share: how many are on their way, for a host may have the stack move several, and
+    /// whether some are not on the stack yet.
+    struct Traffic {
+        int Moving = 0;
+        bool Waits = false;
+    };
+    using Moves = std::shared_ptr<Traffic>;
 
     ChangeEntry(const QString &text, Moves moves);
     /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that
@@ -34,8 +39,8 @@ public:
     bool Spell();
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
-    /// Whether it was undone, and has moved nothing, since another change of its control was on the way; not a second
-    /// time.
+    /// Whether it was undone, and has moved nothing, while a change of its control was on the way or one was not on the
+    /// stack yet; not a second time.
     bool TakePassedOver() { return std::exchange(PassedOver, false); }
     /// A control of another form that takes the place of one, which had this shape when its form ended.
     struct Heir {
@@ -70,10 +75,10 @@ private:
         QVariant &Side(bool before) { return before ? Before : After; }
         const QVariant &Side(bool before) const { return before ? Before : After; }
         bool Stands(const QVariantList &values, bool back) const;
-        bool IsOnTheWay() const;
     };
 
     void Move(bool back);
+    bool IsAheadOfOthers() const;
     bool MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back);
 
     const bool HasOwnText;

@@ -112,6 +112,7 @@ void FormChanges::RecordAll(const Former &former)
 void FormChanges::Push(ChangeEntry *entry)
 {
     Waiting.emplace_back(entry);
+    Moves->Waits = true;
     PushWaiting(false);
     if (Waiting.empty())
         return;
@@ -143,10 +144,17 @@ void FormChanges::PushWaiting(bool atRest)
         const QScopedValueRollback<bool> busy(Busy, true);
         const Orbel::ExceptionStop::Zone zone; // it would come through the stack and leave an entry in two halves
         RedoPassedOver();
-        ChangeEntry *entry = Waiting.front().release();
-        Waiting.erase(Waiting.begin());
-        Stack->push(entry);
+        Stack->push(TakeWaiting(true).release());
     }
+}
+
+std::unique_ptr<ChangeEntry> FormChanges::TakeWaiting(bool first)
+{
+    const auto place = first ? Waiting.begin() : Waiting.end() - 1;
+    std::unique_ptr<ChangeEntry> entry = std::move(*place);
+    Waiting.erase(place);
+    Moves->Waits = !Waiting.empty();
+    return entry;
 }
 
 /// A host that undid within the handlers of a change has met entries that stand before it: they are done as they were.
@@ -169,9 +177,7 @@ void FormChanges::UndoWaiting()
             Q_EMIT refused(tr("%1 is locked").arg(locked->GetCaption()));
             return;
         }
-        const std::unique_ptr<ChangeEntry> entry = std::move(Waiting.back());
-        Waiting.pop_back();
-        entry->undo();
+        TakeWaiting(false)->undo();
     }
 }
 
@@ -190,6 +196,7 @@ void FormChanges::Go(bool back)
             UndoWaiting();
         return;
     }
+    RedoPassedOver();
     bool dropped = true;
     while (dropped && (back ? Stack->canUndo() : Stack->canRedo())) {
         const auto *entry = dynamic_cast<const ChangeEntry *>(Stack->command(Stack->index() - int(back)));

@@ -53,7 +53,7 @@ public:
     /// among them; an undo that meets one passes over it.
     void TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs);
     /// Whether an entry is on its way. A host may move the stack itself, by many entries at once.
-    bool IsMoving() const { return Busy || *Moves > 0; }
+    bool IsMoving() const { return Busy || Moves->Moving > 0; }
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
@@ -99,6 +99,7 @@ private:
     QVector<ChangeEntry *> Entries() const;
     void RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone);
     void PushWaiting(bool atRest);
+    std::unique_ptr<ChangeEntry> TakeWaiting(bool first);
     void RedoPassedOver();
     void UndoWaiting();
     void RecordRunning(const OrbelDelegate *except = nullptr);
@@ -123,7 +124,7 @@ private:
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;
-    const std::shared_ptr<int> Moves = std::make_shared<int>(0);
+    const ChangeEntry::Moves Moves = std::make_shared<ChangeEntry::Traffic>();
     std::vector<std::unique_ptr<ChangeEntry>> Waiting;
     /// The least of the depths at which the event has come that emits the changes: there the form is at rest.
     int LeastDepth = std::numeric_limits<int>::max();
