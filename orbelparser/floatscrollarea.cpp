@@ -1,9 +1,48 @@
 #include "floatscrollarea.h"
 
-#include "outofview.h"
-
 #include <QEvent>
 #include <QLayout>
+#include <QPointer>
+#include <QVector>
+
+namespace
+{
+
+/// Keeps what lies out of view from marking itself for a repaint, for the length of a block: the marks of many siblings
+/// make the next repaint quadratic.
+class OutOfView
+{
+public:
+    explicit OutOfView(QWidget *content) : Content(content)
+    {
+        const QRegion inView = content->visibleRegion();
+        for (QWidget *child : content->findChildren<QWidget *>()) {
+            const bool isOut = child->window() == content->window()
+                && !inView.intersects(QRect(child->mapTo(content, QPoint()), child->size()));
+            if (!isOut || !child->isVisible() || !child->updatesEnabled())
+                continue;
+            child->setAttribute(Qt::WA_UpdatesDisabled);
+            Children.append(child);
+        }
+    }
+    ~OutOfView()
+    {
+        for (const QPointer<QWidget> &child : qAsConst(Children)) {
+            if (child)
+                child->setAttribute(Qt::WA_UpdatesDisabled, false);
+        }
+        // Some may have come into view.
+        if (Content && !Children.isEmpty())
+            Content->update();
+    }
+    Q_DISABLE_COPY(OutOfView)
+
+private:
+    const QPointer<QWidget> Content;
+    QVector<QPointer<QWidget>> Children;
+};
+
+} // namespace
 
 FloatScrollArea::FloatScrollArea(QWidget *parent) : QScrollArea(parent)
 {
@@ -24,18 +63,8 @@ bool FloatScrollArea::event(QEvent *event)
 {
     if (event->type() != QEvent::LanguageChange || !widget())
         return QScrollArea::event(event);
-    const QPointer<QWidget> content(widget());
-    bool isDone = false;
-    {
-        Orbel::OutOfView quiet;
-        for (QWidget *row : content->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-            quiet.Add(row);
-        isDone = QScrollArea::event(event);
-    }
-    // Some may have come into view.
-    if (content)
-        content->update();
-    return isDone;
+    const OutOfView quiet(widget());
+    return QScrollArea::event(event);
 }
 
 void FloatScrollArea::resizeEvent(QResizeEvent *event)

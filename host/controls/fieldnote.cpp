@@ -127,6 +127,9 @@ void NoteLabel::Dismiss()
 
 bool NoteLabel::eventFilter(QObject *watched, QEvent *event)
 {
+    // A dismissed note only waits for the event loop to delete it.
+    if (Standing != this)
+        return false;
     switch (event->type()) {
     case QEvent::ParentChange:
         WatchAncestors();

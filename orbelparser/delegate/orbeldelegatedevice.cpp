@@ -9,7 +9,6 @@
 #include "inputlock.h"
 #include "ivaluenumeric.h"
 #include "numbertext.h"
-#include "outofview.h"
 #include "propertynames.h"
 #include "typedvalue.h"
 
@@ -116,9 +115,6 @@ void OrbelDelegate::TakeReport(const QVariantList &values, bool stands)
     const bool typing = IsBeingEdited();
     const bool differed = GetReported();
     if (!stands) {
-        Orbel::OutOfView quiet;
-        for (const Face &face : GetFaces())
-            quiet.Add(face.Widget);
         const FormDoor::Reporting reporting(Form());
         PutReported(values);
     }
