@@ -70,7 +70,11 @@ struct Live {
         }
         return text.section(QRegularExpression("<br>|<html>"), -1);
     }
-    void Enter(const QString &name, const QString &text) const { ::Enter(Find(name), text); }
+    void Enter(const QString &name, const QString &text) const
+    {
+        TypeOver(Find(name), text);
+        QTest::keyClick(Find(name), Qt::Key_Return);
+    }
     /// What is to be seen of the gain, when all is told; whether there is something to apply; what is changed, and what
     /// was applied since this was asked: "20 dB refused (too loud) * Gain 42 dB>20 dB [Gain 10>42]".
     QString State()
@@ -418,8 +422,9 @@ private Q_SLOTS:
         const Live live(Widget("one", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/"))
             + Widget("two", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/")));
         for (QLineEdit *field : live.window->findChildren<QLineEdit *>())
-            Enter(field, QString::number(live->Changes().size()));
-        QCOMPARE(live.Changes(), QString("one (empty)>0, two (empty)>1"));
+            TypeOver(field, "south");
+        live->GetForm()->FinishEditing();
+        QCOMPARE(live.Changes(), QString("one (empty)>south, two (empty)>south"));
     }
 
     void aScriptThatFailsIsTold()
