@@ -193,10 +193,17 @@ private Q_SLOTS:
         live.log.Watch("list", live.Get("list"));
         live.log.On("list.valueChanged(0", [&, field = field] { QTest::keyClick(live.Find(field), Qt::Key_Up); });
         live.Press("Up");
-        const QUndoStack *stack = live.form->GetUndoStack();
+        QUndoStack *stack = live.form->GetUndoStack();
         QTRY_COMPARE(stack->text(0), QString("list 1: 1 \u2192 2"));
         QTEST(stack->undoText(), "told");
         live.form->GetSheet().GetChanges()->RevertAll();
+        QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "1"}));
+        // Nor is it a part of an entry that moves.
+        stack->setIndex(0);
+        live.log.On("list.valueChanged(0", [&] { Enter(live.Find("list_0"), "9"); });
+        Redo(live);
+        QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"9", "1", "1"}));
+        stack->setIndex(0);
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "1"}));
     }
 
@@ -231,6 +238,7 @@ private Q_SLOTS:
         // clang-format off
         row("a number is undone", "gain", "7", "8", "undo", "5 7 8, at 1");
         row("a first step is undone", "gain", "", "", "undo", "5 6, at 0");
+        row("a number is undone, and goes on from there", "gain", "7", "8", "step", "5 7 9, at 2");
         row("a number is reverted", "gain", "7", "8", "revert", "5 7 8 5, at 3");
         row("a range is reverted", "range_StopFrequency", "7 MHz", "500 kHz", "revert", "1000000/2000000 1000000/7000000 499999/500000 1000000/2000000, at 3");
         // clang-format on
@@ -250,10 +258,13 @@ private Q_SLOTS:
         auto *changes = live.form->GetSheet().GetChanges();
         if (!typed.isEmpty())
             TypeOver(field, typed);
-        live.log.On(name == "gain" ? "c.valueChanged" : "c.rangeChanged", [&, how = how] {
+        const QString told = name == "gain" ? "c.valueChanged" : "c.rangeChanged";
+        live.log.On(told, [&, how = how] {
             QEventLoop loop;
             QTimer::singleShot(0, &loop, [&] {
-                how == "undo" ? changes->Undo() : changes->RevertAll();
+                if (how == "step")
+                    live.log.On(told, [&] { QTest::keyClick(field, Qt::Key_Up); });
+                how != "revert" ? changes->Undo() : changes->RevertAll();
                 loop.quit();
             });
             loop.exec();
