@@ -97,8 +97,6 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!(Window = OutputOf(search)).isEmpty(), 30000);
         OutputOf({"windowfocus", "--sync", Window});
         QTRY_VERIFY2(IsConnected(), Title());
-        // Past the headline, which has the focus while the form is locked.
-        XOperator::Press("Tab");
     }
     void cleanup()
     {
@@ -183,6 +181,8 @@ private Q_SLOTS:
         for (const char *keys : {"alt+v", "Down", "Down", "Return"})
             XOperator::Press(keys);
         QTRY_VERIFY2(Title().endsWith("(verbunden)"), Title());
+        Tune("666 MHz");
+        QTRY_VERIFY2(Told.contains("Tuning/Frequency: Einstellung ist gesch"), Told);
         const auto darkness = [] {
             return 255
                 - QGuiApplication::primaryScreen()->grabWindow(0, 5, 100, 1, 1).toImage().pixelColor(0, 0).lightness();
@@ -191,6 +191,18 @@ private Q_SLOTS:
         XOperator::Press("alt+a");
         XOperator::Press("Return");
         QTRY_VERIFY(darkness() > light + 100);
+    }
+
+    void whatIsSetIsKeptAtTheEnd()
+    {
+        Tune("145.5 MHz");
+        QTRY_COMPARE(Frequency(), 145.5e6);
+        QTRY_VERIFY(IsConnected());
+        XOperator::Press("ctrl+q");
+        QTRY_COMPARE(Host.state(), QProcess::NotRunning);
+        QVERIFY(Host.exitStatus() == QProcess::NormalExit && Host.exitCode() == 0);
+        const QSettings kept(Home.path() + "/config/OrbelParser/receiverhost.conf", QSettings::IniFormat);
+        QVERIFY(kept.contains("geometry") && kept.value("tuning/values").toString().contains(">145500000<"));
     }
 
     void anHourOfReports()

@@ -58,13 +58,8 @@ struct Live {
         return window->findChild<Widget *>(name);
     }
     RowLabel *Label(const QString &name) const { return Find<RowLabel>("label" + name); }
-    /// The mark of a control, when all is told.
-    RowLabel::Mark Mark(const QString &name) const
-    {
-        QCoreApplication::processEvents();
-        return Label(name)->GetMark();
-    }
-    QString ToolTip(const QString &name) const
+    /// What the device says behind what the control says itself.
+    QString DeviceText(const QString &name) const
     {
         QHelpEvent asked(QEvent::ToolTip, QPoint(), QPoint());
         QCoreApplication::sendEvent(Label(name), &asked);
@@ -73,19 +68,66 @@ struct Live {
             if (window->inherits("QTipLabel"))
                 delete window;
         }
-        return text;
+        return text.section(QRegularExpression("<br>|<html>"), -1);
     }
-    /// Types over what a field holds; \r is Return, behind which it begins anew, and \x1b is Escape.
-    void Type(const QString &name, const QString &keys) const
+    void Enter(const QString &name, const QString &text) const
     {
-        auto *field = Find(name);
-        for (const QString &text : keys.split('\r', Qt::SkipEmptyParts)) {
-            TypeOver(field, QString(text).remove('\x1b'));
-            if (keys.contains('\r') || keys.contains('\x1b'))
-                QTest::keyClick(field, keys.contains('\r') ? Qt::Key_Return : Qt::Key_Escape);
+        TypeOver(Find(name), text);
+        QTest::keyClick(Find(name), Qt::Key_Return);
+    }
+    /// What is to be seen of the gain, when all is told; whether there is something to apply; what is changed, and what
+    /// was applied since this was asked: "20 dB refused (too loud) * Gain 42 dB>20 dB [Gain 10>42]".
+    QString State()
+    {
+        QCoreApplication::processEvents();
+        const RowLabel::Mark mark = Label("Gain")->GetMark();
+        QStringList parts{Find<QDoubleSpinBox>("Gain")->text()};
+        parts << QStringList{"", "changed", "unconfirmed", "differs", "refused"}.at(mark);
+        if (mark > RowLabel::Changed)
+            parts << '(' + DeviceText("Gain") + ')';
+        parts << (Find("applyButton")->isEnabled() ? "*" : "") << Changes();
+        if (!applied.isEmpty())
+            parts << '[' + std::exchange(applied, {}).join(", ") + ']';
+        return parts.filter(QRegularExpression(".")).join(' ');
+    }
+    /// Steps of operator, host and device, parted by "; ": "enter Gain 42; apply; = 42 dB [Gain 10>42]". A step that
+    /// begins with = tells State().
+    void Do(const QString &steps)
+    {
+        for (const QString &step : steps.split("; ")) {
+            const QString act = step.section(' ', 0, 0), name = step.section(' ', 1, 1), text = step.section(' ', 2);
+            if (act == "=")
+                QCOMPARE(State(), step.mid(2));
+            else if (act == "enter")
+                Enter(name, text);
+            else if (act == "type")
+                TypeOver(Find(name), text);
+            else if (act == "escape")
+                QTest::keyClick(Find(name), Qt::Key_Escape);
+            else if (act == "report")
+                QVERIFY(session->Report(name, text));
+            else if (act == "take")
+                session->TakeReported(name);
+            else if (act == "refuse")
+                session->Refuse(name, text);
+            else if (act == "confirm")
+                session->Confirm(name);
+            else if (act == "revert")
+                session->Revert(name);
+            else if (act == "time")
+                session->SetAnswerTime(name.toInt());
+            else if (act == "late")
+                QTRY_COMPARE(Label("Gain")->GetMark(), RowLabel::Unconfirmed);
+            else if (act == "keep")
+                preset = session->Document();
+            else if (act == "preset")
+                session->SetDocument(preset);
+            else if (act == "apply")
+                session->Apply();
+            else
+                session->UndoStack()->setIndex(session->UndoStack()->index() + (act == "undo" ? -1 : 1));
         }
     }
-    void Enter(const QString &name, const QString &text) const { Type(name, text + '\r'); }
     QString Changes() const
     {
         QStringList texts;
@@ -98,14 +140,10 @@ struct Live {
     QPointer<QWidget> window;
     QStringList applied;
     QStringList documents;
+    QString preset;
 };
 
-using Step = void (*)(Live &);
-
 } // namespace
-
-Q_DECLARE_METATYPE(Step)
-Q_DECLARE_METATYPE(RowLabel::Mark)
 
 class TestSession : public TestCase
 {
@@ -224,51 +262,46 @@ private Q_SLOTS:
         QCOMPARE(controls.at(5).Choices.at(1).Value + controls.at(5).Choices.at(1).Text, QString("2FM"));
     }
 
-    /// What the operator has done, what the device then reports of the gain, which stood at 10, and what comes of both.
-    void aReportBesideTheOperator_data()
+    /// The gain stands at 10. Nothing is applied by itself.
+    void whatBecomesOfAValue_data()
     {
-        const auto row
-            = Columns<QString, int, QString, RowLabel::Mark, QString>({"keys", "reported", "shown", "mark", "changes"});
+        QTest::addColumn<QString>("steps");
+        const auto row = AddRow<QString>;
+        const QString sent
+            = "time 60000; enter Level 3; apply; time 300; enter Gain 42; apply; = 42 dB [Level 1.5>3, Gain 10>42]; ";
         // clang-format off
-        row("nothing", "", 20, "20 dB", RowLabel::None, "");
-        row("the same", "", 10, "10 dB", RowLabel::None, "");
-        row("typing", "42", 20, "42 dB", RowLabel::Differs, "");
-        row("changed", "42\r", 20, "42 dB", RowLabel::Differs, "Gain 20 dB>42 dB");
-        row("changed to that", "42\r", 42, "42 dB", RowLabel::None, "");
-        row("changed and put back", "42\r10\r", 20, "20 dB", RowLabel::None, "");
-        row("typed and taken back", "42\x1b", 20, "20 dB", RowLabel::None, "");
+        row("reported", "report Gain 20; = 20 dB; take Gain; = 20 dB; undo; = 20 dB");
+        row("reported again", "report Gain 10; = 10 dB");
+        row("reported while he types", "type Gain 42; report Gain 20; = 42 dB differs (The device has 20 dB) *; take Gain; = 20 dB *; apply; = 20 dB");
+        row("reported while he types, who takes it back", "type Gain 42; report Gain 20; escape Gain; = 20 dB *; apply; = 20 dB");
+        row("reported beside a change", "enter Gain 42; report Gain 20; = 42 dB differs (The device has 20 dB) * Gain 20 dB>42 dB; take Gain; = 20 dB *; apply; = 20 dB");
+        row("reported as changed", "enter Gain 42; report Gain 42; = 42 dB");
+        row("reported after a change was put back", "enter Gain 42; enter Gain 10; report Gain 20; = 20 dB");
+        row("reported after an edit was taken back", "type Gain 42; escape Gain; = 10 dB *; report Gain 20; = 20 dB");
+        row("put back", "enter Gain 20; = 20 dB changed * Gain 10 dB>20 dB; = 20 dB changed * Gain 10 dB>20 dB; enter Gain 10; apply; = 10 dB");
+        row("put back beside others", "enter Gain 20; enter Level 3; enter Gain 10; type Name south; apply; = 10 dB [Level 1.5>3, Name north>south]");
+        row("of a preset", "keep; enter Gain 20; enter Level 3; apply; = 20 dB [Gain 10>20, Level 1.5>3]; preset; = 10 dB changed * Gain 20 dB>10 dB, Level 3.00>1.50; undo; = 20 dB *; redo; apply; = 10 dB [Gain 20>10, Level 3>1.5]; revert Gain; = 10 dB");
+        row("confirmed", sent + "confirm Gain; = 42 dB");
+        row("read back", sent + "report Gain 42; = 42 dB");
+        row("reported before it arrived", sent + "report Gain 10; = 42 dB");
+        row("refused, twice, and tried again", sent + "refuse Gain too loud; = 10 dB refused (too loud); refuse Gain no; = 10 dB refused (no); undo; undo; redo; redo; = 42 dB changed * Gain 10 dB>42 dB");
+        row("refused, and reported before", sent + "report Gain 11; refuse Gain no; = 11 dB refused (no)");
+        row("refused, and changed meanwhile", sent + "enter Gain 50; refuse Gain no; = 50 dB refused (The device has 10 dB) * Gain 10 dB>50 dB");
+        row("refused, then changed", sent + "refuse Gain no; enter Gain 50; = 50 dB changed * Gain 10 dB>50 dB");
+        row("unanswered", sent + "late; = 42 dB unconfirmed (The device has not confirmed the value)");
+        row("unanswered, then confirmed", sent + "late; confirm Gain; = 42 dB");
+        row("unanswered, reported, then refused", sent + "late; report Gain 11; refuse Gain no; = 11 dB refused (no)");
+        row("unanswered, and an old report", sent + "report Gain 12; late; = 12 dB unconfirmed (The device has not confirmed the value)");
+        row("refused, though nothing was applied", "refuse Gain no; = 10 dB refused (no); confirm Gain; = 10 dB");
         // clang-format on
     }
-    void aReportBesideTheOperator()
+    void whatBecomesOfAValue()
     {
-        const auto [keys, reported, shown, mark, changes]
-            = Fetch<QString, int, QString, RowLabel::Mark, QString>({"keys", "reported", "shown", "mark", "changes"});
+        QFETCH(QString, steps);
         Live live;
         live->GetForm()->GetSheet().setAutoApplyEnabled(false);
-        live.Type("Gain", keys);
-        const int undoable = live->UndoStack()->count();
-        QVERIFY(live->Report("Gain", reported));
-        QCOMPARE(live.Mark("Gain"), mark);
-        QCOMPARE(live.Find<QDoubleSpinBox>("Gain")->text(), shown);
-        QCOMPARE(live.Changes(), changes);
-        QCOMPARE(live->UndoStack()->count(), undoable);
-        QCOMPARE(live.ToolTip("Gain").contains("The device has 20 dB"), mark == RowLabel::Differs);
-        QCOMPARE(live->TakeReported("Gain"), mark == RowLabel::Differs);
-        QCOMPARE(live.Mark("Gain"), RowLabel::None);
-        QCOMPARE(live->Value("Gain"), QVariant(reported));
-        QVERIFY(live->Changes().isEmpty() && live.applied.isEmpty());
+        live.Do(steps);
         Orbel::FieldNote::Hide(live.Find("Gain"));
-    }
-
-    void anEditTakenBackShowsWhatTheDeviceHas()
-    {
-        const Live live;
-        TypeOver(live.Find("Gain"), "42");
-        live->Report("Gain", 20);
-        QCOMPARE(live.Mark("Gain"), RowLabel::Differs);
-        QTest::keyClick(live.Find("Gain"), Qt::Key_Escape);
-        QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::None);
-        QCOMPARE(live.Find<QDoubleSpinBox>("Gain")->text(), QString("20 dB"));
     }
 
     void theMenuOffersWhatTheDeviceHas()
@@ -285,7 +318,7 @@ private Q_SLOTS:
         }
         live.Find("changesMenu")->close();
         QTRY_COMPARE(live->Value("Gain"), QVariant(20));
-        QTRY_VERIFY(live->Changes().isEmpty() && live.Mark("Gain") == RowLabel::None);
+        QTRY_VERIFY(live->Changes().isEmpty() && live.Label("Gain")->GetMark() == RowLabel::None);
     }
 
     /// Real keys between the reports of a device that never rests.
@@ -335,87 +368,6 @@ private Q_SLOTS:
         QCOMPARE(live->UndoStack()->count(), 1);
         device.stop();
         QCOMPARE(live->Value("M199").toInt(), reports - 1 + 199);
-    }
-
-    void whatIsPutBackIsNoChange()
-    {
-        const Live live;
-        live.Enter("Gain", "20");
-        const QString document = live->Document();
-        QCOMPARE(live.Changes(), QString("Gain 10 dB>20 dB"));
-        QCOMPARE(live->Document(), document);
-        QCOMPARE(live.Changes(), QString("Gain 10 dB>20 dB"));
-        live.Enter("Gain", "10");
-        QCOMPARE(live.Changes(), QString());
-        live->Apply();
-        QVERIFY(live.applied.isEmpty());
-        QVERIFY(!live.Find("applyButton")->isEnabled());
-        live.Enter("Gain", "20");
-        live.Enter("Level", "3");
-        live.Enter("Gain", "10");
-        TypeOver(live.Find("Name"), "south");
-        live->Apply();
-        QCOMPARE(live.applied.join(", "), QString("Level 1.5>3, Name north>south"));
-        QVERIFY(!live.documents.first().contains("Gain"));
-    }
-
-    void aPresetIsOneChange()
-    {
-        const Live live;
-        const QString preset = live->Document();
-        live.Enter("Gain", "20");
-        live.Enter("Level", "3");
-        live->Apply();
-        live->SetDocument(preset);
-        QCOMPARE(live.Changes(), QString("Gain 20 dB>10 dB, Level 3.00>1.50"));
-        live->UndoStack()->undo();
-        QCOMPARE(live.Changes(), QString());
-        live->UndoStack()->redo();
-        QTRY_COMPARE(live.applied.size(), 4);
-        QVERIFY(live->Revert("Gain") == false);
-    }
-
-    void anAppliedChangeIsAnswered_data()
-    {
-        const auto row = Columns<Step, int, RowLabel::Mark, QString>({"answer", "value", "mark", "tooltip"});
-        // clang-format off
-        row("confirmed", Step([](Live &live) { live->Confirm("Gain"); }), 42, RowLabel::None, "");
-        row("read back", Step([](Live &live) { live->Report("Gain", 42); }), 42, RowLabel::None, "");
-        row("reported before it arrived", Step([](Live &live) { live->Report("Gain", 10); }), 42, RowLabel::None, "");
-        row("refused", Step([](Live &live) { live->Refuse("Gain", "too loud"); }), 10, RowLabel::Refused, "too loud");
-        row("refused, and reported before", Step([](Live &live) { live->Report("Gain", 11); live->Refuse("Gain", "no"); }), 11, RowLabel::Refused, "no");
-        row("refused, and changed meanwhile", Step([](Live &live) { live.Enter("Gain", "50"); live->Refuse("Gain", "no"); }), 50, RowLabel::Refused, "no");
-        row("refused, then changed", Step([](Live &live) { live->Refuse("Gain", "no"); live.Enter("Gain", "50"); }), 50, RowLabel::Changed, "");
-        row("none", Step([](Live &live) { QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::Unconfirmed); }), 42, RowLabel::Unconfirmed, "not confirmed");
-        row("none, then one", Step([](Live &live) { QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::Unconfirmed); live->Confirm("Gain"); }), 42, RowLabel::None, "");
-        row("none, then a report, then refused", Step([](Live &live) { QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::Unconfirmed); live->Report("Gain", 11); live->Refuse("Gain", "no"); }), 11, RowLabel::Refused, "no");
-        row("none, and an old report", Step([](Live &live) { live->Report("Gain", 10); QTRY_COMPARE(live->Value("Gain").toInt(), 10); }), 10, RowLabel::Unconfirmed, "not confirmed");
-        // clang-format on
-    }
-    void anAppliedChangeIsAnswered()
-    {
-        const auto [answer, value, mark, tooltip]
-            = Fetch<Step, int, RowLabel::Mark, QString>({"answer", "value", "mark", "tooltip"});
-        Live live;
-        live->GetForm()->GetSheet().setAutoApplyEnabled(false);
-        live->SetAnswerTime(60000);
-        live.Enter("Level", "3");
-        live->Apply();
-        live->SetAnswerTime(300);
-        live.Enter("Gain", "42");
-        live->Apply();
-        answer(live);
-        QCOMPARE(live->Value("Gain").toInt(), value);
-        QCOMPARE(live.Mark("Gain"), mark);
-        QVERIFY(tooltip.isEmpty() || live.ToolTip("Gain").contains(tooltip));
-        if (mark != RowLabel::Refused || value != 10)
-            return;
-        // What is refused can be tried again, once or twice.
-        live->Refuse("Gain", "still");
-        live->UndoStack()->undo();
-        QCOMPARE(live->Value("Gain").toInt(), 10);
-        live->UndoStack()->redo();
-        QCOMPARE(live->Value("Gain").toInt(), 42);
     }
 
     void aLockTellsWhyAndWaits_data()
