@@ -1,5 +1,6 @@
 #include "formoperator.h"
 
+#include "clickpoint.h"
 #include "fieldnote.h"
 #include "orbeldelegate.h"
 #include "orbelformular.h"
@@ -8,12 +9,9 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHelpEvent>
 #include <QRegularExpression>
-#include <QStyleOptionButton>
 #include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -102,26 +100,6 @@ QWidget *FieldOf(QWidget *widget)
     while (widget->focusProxy())
         widget = widget->focusProxy();
     return widget;
-}
-
-QPoint ClickPoint(const QWidget &widget)
-{
-    // Only indicator and text take clicks, and the widget may be much wider.
-    if (qobject_cast<const QCheckBox *>(&widget)) {
-        QStyleOptionButton option;
-        option.initFrom(&widget);
-        return widget.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &widget).center();
-    }
-    if (const auto *const group = qobject_cast<const QGroupBox *>(&widget)) {
-        QStyleOptionGroupBox option;
-        option.initFrom(&widget);
-        option.text = group->title();
-        option.subControls = QStyle::SC_GroupBoxCheckBox | QStyle::SC_GroupBoxLabel;
-        return widget.style()
-            ->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxCheckBox, &widget)
-            .center();
-    }
-    return widget.rect().center();
 }
 
 QString ToolTipOf(QWidget *widget)

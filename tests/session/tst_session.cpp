@@ -450,7 +450,7 @@ private Q_SLOTS:
         QCOMPARE(places(), before);
         QVERIFY(!live.Find("Gain")->isEnabled());
         QVERIFY(live->Report("Level", 7));
-        PassTime(200);
+        PassTimersBelow(200);
         QVERIFY(live.applied.isEmpty());
         live->Unlock();
         QTRY_COMPARE(live.applied.join(", "), QString("Gain 10>42"));
