@@ -56,26 +56,6 @@ struct AllControls : LiveForm {
     AllControls() : LiveForm(Example("all_controls.orbel"), "/All", {900, 900}) { }
 };
 
-// For a while, what these were called.
-inline void PassEvents()
-{
-    PassTime(0);
-}
-inline void PassTimersBelow(int milliseconds)
-{
-    PassTime(milliseconds);
-}
-inline void Enter(QWidget *field, const QString &text)
-{
-    TypeOver(field, text);
-    QTest::keyClick(field, Qt::Key_Return);
-}
-inline void EnterCell(QTableWidget *table, int row, const QString &text, int column = 0)
-{
-    Enter(OpenCell(table, row, column), text);
-    PassTime(0);
-}
-
 /// While it lives, every text of one context reads "context:text".
 class ContextTranslator : public QTranslator
 {
