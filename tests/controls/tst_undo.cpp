@@ -200,8 +200,8 @@ private Q_SLOTS:
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "1"}));
         // Nor is it a part of an entry that moves.
         stack->setIndex(0);
-        live.log.On("list.valueChanged(0", [&] { Enter(live.Find("list_0"), "9"); });
-        Redo(live);
+        live.log.On("list.valueChanged(0", [&] { live.Enter("list[0]", "9"); });
+        live.Redo();
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"9", "1", "1"}));
         stack->setIndex(0);
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "1"}));
