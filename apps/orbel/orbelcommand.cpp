@@ -3,6 +3,7 @@
 #include "checkcommand.h"
 #include "classescommand.h"
 #include "diffcommand.h"
+#include "expandcommand.h"
 #include "formatcommand.h"
 #include "lspcommand.h"
 #include "messages.h"
@@ -51,6 +52,7 @@ constexpr Row Table[] = {
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
     {"diff",      "tells what differs between two form definitions",     WithoutDisplay, Make<DiffCommand>},
+    {"expand",    "makes form definitions of templates",                 WithoutDisplay, Make<ExpandCommand>},
     {"format",    "brings form definitions into the canonical layout",   WithoutDisplay, Make<FormatCommand>},
     {"lsp",       "serves an editor that speaks the Language Server Protocol", WithoutDisplay, Make<LspCommand>},
     {"strings",   "writes the texts of forms into a file for translators", WithoutDisplay, Make<StringsCommand>},
