@@ -30,6 +30,7 @@ QJsonObject Capabilities()
         {Key("completionProvider"), completion}, {Key("hoverProvider"), true}, {Key("definitionProvider"), true},
         {Key("referencesProvider"), true}, {Key("documentHighlightProvider"), true},
         {Key("renameProvider"), QJsonObject{{Key("prepareProvider"), true}}}, {Key("documentSymbolProvider"), true},
+        {Key("documentFormattingProvider"), true},
         {Key("codeActionProvider"), QJsonObject{{Key("codeActionKinds"), actions}}}};
 }
 

@@ -3,6 +3,7 @@
 #include "cursorplace.h"
 #include "diagnostics.h"
 #include "elementcompletion.h"
+#include "formatting.h"
 #include "hover.h"
 #include "navigation.h"
 #include "outline.h"
@@ -106,6 +107,7 @@ const QHash<QString, Workspace::Answering> &Workspace::Table()
         {QStringLiteral("textDocument/rename"), &Workspace::Rename},
         {QStringLiteral("textDocument/documentSymbol"), &Workspace::Symbols},
         {QStringLiteral("textDocument/codeAction"), &Workspace::CodeActions},
+        {QStringLiteral("textDocument/formatting"), &Workspace::Format},
     };
     return table;
 }
@@ -222,6 +224,11 @@ QJsonValue Workspace::Rename(Entry &entry, const QJsonObject &params)
 QJsonValue Workspace::Symbols(Entry &entry, const QJsonObject &)
 {
     return OutlineOf(*entry.Document);
+}
+
+QJsonValue Workspace::Format(Entry &entry, const QJsonObject &)
+{
+    return FormattingOf(*entry.Document);
 }
 
 QJsonValue Workspace::CodeActions(Entry &entry, const QJsonObject &params)

@@ -57,6 +57,7 @@ private:
     QJsonValue PrepareRename(Entry &entry, const QJsonObject &params);
     QJsonValue Rename(Entry &entry, const QJsonObject &params);
     QJsonValue Symbols(Entry &entry, const QJsonObject &params);
+    QJsonValue Format(Entry &entry, const QJsonObject &params);
     QJsonValue CodeActions(Entry &entry, const QJsonObject &params);
 
     std::map<QString, Entry> Entries;
