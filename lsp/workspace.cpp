@@ -14,6 +14,8 @@
 
 #include <QJsonArray>
 
+#include <algorithm>
+
 namespace Orbel
 {
 
@@ -148,6 +150,28 @@ QJsonObject Workspace::Diagnostics(const QString &uri)
     if (entry.Version.isDouble())
         params.insert(Version, entry.Version);
     return params;
+}
+
+const OpenDocument *Workspace::Runnable(const QString &uri)
+{
+    const auto found = Entries.find(uri);
+    if (found == Entries.end())
+        return nullptr;
+    const Findings &known = FindingsIn(found->second);
+    const bool isWrong = std::any_of(
+        known.cbegin(), known.cend(), [](const Finding &finding) { return finding.Level == Severity::Error; });
+    return isWrong ? nullptr : found->second.Document.get();
+}
+
+bool Workspace::TakeRun(const QString &uri, const QByteArray &bytes, const Findings &findings)
+{
+    const auto found = Entries.find(uri);
+    if (found == Entries.end() || found->second.Document->Bytes() != bytes)
+        return false;
+    Entry &entry = found->second;
+    const bool isNew = DiagnosticsOf(FindingsIn(entry), *entry.Document) != DiagnosticsOf(findings, *entry.Document);
+    entry.Found = std::make_unique<Findings>(findings);
+    return isNew;
 }
 
 QJsonValue Workspace::Complete(Entry &entry, const QJsonObject &params)

@@ -611,6 +611,38 @@ private Q_SLOTS:
         QCOMPARE(server.exitCode(), 0);
     }
 
+    /// Names of the script that nobody makes come out by running it, and have their mend like all others.
+    void scriptsAreRunWhenTheTypingPauses()
+    {
+        QProcess server;
+        server.start(ORBEL_COMMAND, {"lsp"});
+        const QString text = Form("<Widget name=\"gain\" class=\"SpinBox\"/>", "gain.setValeu(3);");
+        const auto send = [&](const QString &method, const QJsonObject &params, int id = 0) {
+            QJsonObject message{{"method", method}, {"params", params}};
+            if (id > 0)
+                message.insert("id", id);
+            server.write(Orbel::Framed(message));
+        };
+        send("initialize", {}, 1);
+        send("textDocument/didOpen", {{"textDocument", QJsonObject{{"uri", Uri}, {"text", text}}}});
+        Orbel::MessageReader reader;
+        QJsonObject found;
+        const auto wants = [&](const char *what) {
+            while (!QJsonDocument(found).toJson().contains(what) && server.waitForReadyRead(60000)) {
+                reader.Feed(server.readAllStandardOutput());
+                while (const auto message = reader.Next())
+                    found = Parsed(*message);
+            }
+            return QJsonDocument(found).toJson().contains(what);
+        };
+        QVERIFY(wants("did you mean \\\"setValue\\\"?"));
+        const QJsonObject all{{"start", QJsonObject()}, {"end", QJsonObject{{"line", 99}}}};
+        send("textDocument/codeAction", {{"textDocument", QJsonObject{{"uri", Uri}}}, {"range", all}}, 2);
+        QVERIFY(wants("Change to \\\"setValue\\\""));
+        server.kill();
+        server.waitForFinished();
+    }
+
     void aClientThatGoesEndsTheServer()
     {
         for (const bool shutsDown : {false, true}) {
