@@ -10,6 +10,7 @@
 #include "rendercommand.h"
 #include "schemacommand.h"
 #include "stringscommand.h"
+#include "studiocommand.h"
 #include "viewcommand.h"
 
 #include <QApplication>
@@ -42,6 +43,7 @@ struct Row {
 // clang-format off
 constexpr Row Table[] = {
     {"view",      "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
+    {"studio",    "shows a form live while its author edits it",         OnDisplay,      Make<StudioCommand>},
     {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},

@@ -8,7 +8,7 @@ namespace
 /// From the lowest to the highest: a file includes from its own room and from those before it.
 const QStringList Rooms{"host/services", "host/valuetree", "host/controls", "orbelparser/names", "orbelparser/layout",
     "orbelparser/delegate", "orbelparser/widgets", "orbelparser/form", "orbelparser/viewer", "check/document",
-    "check/findings", "check/registry", "check/script", "check/rules", "check", "session", "apps/orbel"};
+    "check/findings", "check/registry", "check/script", "check/rules", "check", "session", "studio", "apps/orbel"};
 /// Where classes count that hosts know, and that therefore stand in orbelparser/ itself; the others belong to the form.
 const QHash<QString, QString> RoomOfHostsClass{{"applymode", "names"}, {"floatgrouplayout", "layout"},
     {"floatscrollarea", "layout"}, {"orbeldelegate", "delegate"}, {"orbelenum", "delegate"},
@@ -29,7 +29,7 @@ QString RoomOf(const QFileInfo &file)
 QFileInfoList Sources()
 {
     QFileInfoList files;
-    for (const char *folder : {"/host", "/orbelparser", "/check", "/session", "/apps"}) {
+    for (const char *folder : {"/host", "/orbelparser", "/check", "/session", "/studio", "/apps"}) {
         QDirIterator walk(
             QString(ORBEL_SOURCE_DIR) + folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
         while (walk.hasNext()) {
