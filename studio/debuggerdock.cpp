@@ -30,14 +30,9 @@ DebuggerDock::DebuggerDock(Workbench &bench)
 
 DebuggerDock::~DebuggerDock() = default;
 
-bool DebuggerDock::IsSuspended() const
-{
-    return Debugger && Debugger->state() == QScriptEngineDebugger::SuspendedState;
-}
-
 void DebuggerDock::LetGo()
 {
-    if (IsSuspended())
+    if (Suspended)
         Debugger->action(QScriptEngineDebugger::ContinueAction)->trigger();
 }
 
@@ -51,9 +46,11 @@ void DebuggerDock::SetOn(bool on)
         window->setMinimumSize(640, 320);
         Lines->insertWidget(1, window, 1);
         connect(Debugger.get(), &QScriptEngineDebugger::evaluationSuspended, this, [this] {
+            Suspended = true;
             show();
             raise();
         });
+        connect(Debugger.get(), &QScriptEngineDebugger::evaluationResumed, this, [this] { Suspended = false; });
     }
     Debugger->standardWindow()->setVisible(on);
     if (!on)

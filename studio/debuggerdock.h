@@ -22,7 +22,7 @@ public:
     ~DebuggerDock() override;
 
     /// Whether a script waits for the author.
-    bool IsSuspended() const;
+    bool IsSuspended() const { return Suspended; }
     /// Lets it go on, without a debugger.
     void LetGo();
     /// Null while it is off.
@@ -35,6 +35,8 @@ private:
     QCheckBox *const StopsAtStart;
     QVBoxLayout *Lines;
     std::unique_ptr<QScriptEngineDebugger> Debugger;
+    /// The debugger's own state says the opposite.
+    bool Suspended = false;
 };
 
 } // namespace Orbel
