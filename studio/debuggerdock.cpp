@@ -10,7 +10,8 @@ namespace Orbel
 {
 
 DebuggerDock::DebuggerDock(Workbench &bench)
-    : StudioDock(bench, tr("Debugger"), "debugger"), On(new QCheckBox(tr("&Debug the script, which makes the form anew"))),
+    : StudioDock(bench, tr("Debugger"), "debugger"),
+      On(new QCheckBox(tr("&Debug the script, which makes the form anew"))),
       StopsAtStart(new QCheckBox(tr("Stop at its &start")))
 {
     auto *page = new QWidget;

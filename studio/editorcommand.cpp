@@ -60,7 +60,8 @@ QStringList EditorCommand::Words(const QString &command, const QString &file, in
         const auto isIt = [&](const Editor &editor) { return name == QLatin1String(editor.name); };
         const Editor *editor = std::find_if(std::begin(Editors), std::end(Editors), isIt);
         const bool isKnown = editor != std::end(Editors);
-        words += isKnown ? QString::fromLatin1(editor->words).split(QLatin1Char(' ')) : QStringList{QStringLiteral("{file}")};
+        words += isKnown ? QString::fromLatin1(editor->words).split(QLatin1Char(' '))
+                         : QStringList{QStringLiteral("{file}")};
         if (isKnown && editor->isInTerminal)
             words = QStringList{QStringLiteral("x-terminal-emulator"), QStringLiteral("-e")} + words;
     }

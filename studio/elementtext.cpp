@@ -42,8 +42,10 @@ void Write(QXmlStreamWriter &writer, const Properties &properties)
 /// A property stands on one line, as authors write it.
 QString OnOneLine(QString text)
 {
-    static const QRegularExpression inner(QStringLiteral(">\\s*(<(?!/?Property\\b|/?CustomProperties|/?Widget)[^>]*>)"));
-    static const QRegularExpression outer(QStringLiteral("(</(?!Property|CustomProperties|Widget)[^>]*>)\\s*</Property>"));
+    static const QRegularExpression inner(
+        QStringLiteral(">\\s*(<(?!/?Property\\b|/?CustomProperties|/?Widget)[^>]*>)"));
+    static const QRegularExpression outer(
+        QStringLiteral("(</(?!Property|CustomProperties|Widget)[^>]*>)\\s*</Property>"));
     text.replace(inner, QStringLiteral(">\\1"));
     return text.replace(outer, QStringLiteral("\\1</Property>"));
 }

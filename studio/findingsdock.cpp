@@ -19,8 +19,7 @@ int LineOf(const QTreeWidgetItem *item)
 
 } // namespace
 
-FindingsDock::FindingsDock(Workbench &bench)
-    : StudioDock(bench, tr("Findings"), "findings"), List(new QTreeWidget)
+FindingsDock::FindingsDock(Workbench &bench) : StudioDock(bench, tr("Findings"), "findings"), List(new QTreeWidget)
 {
     List->setHeaderLabels({tr("Weight"), tr("Line"), tr("Finding"), tr("Code")});
     List->setRootIsDecorated(false);
@@ -29,8 +28,8 @@ FindingsDock::FindingsDock(Workbench &bench)
     connect(&Bench, &Workbench::findingsChanged, this, &FindingsDock::Fill);
     connect(List, &QTreeWidget::itemClicked, this,
         [this](const QTreeWidgetItem *item) { Bench.Pick(Bench.GetSource().WidgetAt(LineOf(item))); });
-    connect(List, &QTreeWidget::itemDoubleClicked, this,
-        [this](const QTreeWidgetItem *item) { Bench.Edit(LineOf(item)); });
+    connect(
+        List, &QTreeWidget::itemDoubleClicked, this, [this](const QTreeWidgetItem *item) { Bench.Edit(LineOf(item)); });
 }
 
 void FindingsDock::Fill()
@@ -55,7 +54,7 @@ void FindingsDock::Add(const QString &level, int line, const QString &text, cons
     if (line > 0)
         item->setData(LineColumn, Qt::DisplayRole, line);
     const bool isError = level == NameOf(Severity::Error);
-    const auto icon = isError ? QStyle::SP_MessageBoxCritical
+    const auto icon = isError                ? QStyle::SP_MessageBoxCritical
         : level == NameOf(Severity::Warning) ? QStyle::SP_MessageBoxWarning
                                              : QStyle::SP_MessageBoxInformation;
     item->setIcon(LevelColumn, style()->standardIcon(icon));

@@ -226,9 +226,8 @@ void InspectorDock::ShowProperties()
     const FormSource::Widget *const widget = Bench.GetSource().Find(Name);
     const ClassInfo *const info = widget ? Registry::FindClass(widget->Class) : nullptr;
     const QVector<QWidget *> widgets = ControlWidgets::Of(Bench, Name);
-    const QWidget *const shown = widgets.isEmpty() || widgets.constFirst() == control->GetRowLabel()
-        ? nullptr
-        : widgets.constFirst();
+    const QWidget *const shown
+        = widgets.isEmpty() || widgets.constFirst() == control->GetRowLabel() ? nullptr : widgets.constFirst();
     for (const QString &name : PropertyNames()) {
         QTreeWidgetItem *const row = RowOf(Properties, name);
         const QByteArray key = name.toUtf8();
@@ -281,7 +280,8 @@ void InspectorDock::ShowSignals()
         }
         QTreeWidgetItem *const row = RowOf(Signals, signature);
         Put(row, 1, QString::number(receivers));
-        Put(row, 2, handlers.isEmpty() ? (receivers > 0 ? tr("unknown") : QString()) : handlers.join(QLatin1Char('\n')));
+        Put(row, 2,
+            handlers.isEmpty() ? (receivers > 0 ? tr("unknown") : QString()) : handlers.join(QLatin1Char('\n')));
     }
 }
 

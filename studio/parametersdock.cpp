@@ -55,9 +55,8 @@ ParametersDock::ParametersDock(Workbench &bench)
     connect(&Bench, &Workbench::formChanged, this, &ParametersDock::Follow);
     connect(&Bench, &Workbench::changesChanged, this, &ParametersDock::Follow);
     connect(&Bench, &Workbench::applied, this, &ParametersDock::TakeApplied);
-    connect(Changes, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem *item) {
-        Bench.PickPath(item->text(0));
-    });
+    connect(Changes, &QTreeWidget::itemClicked, this,
+        [this](const QTreeWidgetItem *item) { Bench.PickPath(item->text(0)); });
     // Scripts and reports change values without a word.
     auto *again = new QTimer(this);
     connect(again, &QTimer::timeout, this, [this] {

@@ -9,8 +9,8 @@ class QTreeWidget;
 namespace Orbel
 {
 
-/// Parameter documents: the one of now, which can be edited and read back, the changes that wait to be applied, and what
-/// the last apply has sent.
+/// Parameter documents: the one of now, which can be edited and read back, the changes that wait to be applied, and
+/// what the last apply has sent.
 class ParametersDock : public StudioDock
 {
     Q_OBJECT

@@ -8,8 +8,8 @@ class QStringListModel;
 namespace Orbel
 {
 
-/// Completes the last name of a line of script: globals of an engine, and behind a dot the members of what stands before
-/// it, which is looked up and never called.
+/// Completes the last name of a line of script: globals of an engine, and behind a dot the members of what stands
+/// before it, which is looked up and never called.
 class ScriptCompleter : public QCompleter
 {
     Q_OBJECT

@@ -40,8 +40,8 @@ int SignalLog::qt_metacall(QMetaObject::Call call, int id, void **arguments)
         const int type = heard.Signal.parameterType(i);
         texts << (type == QMetaType::UnknownType ? QStringLiteral("?") : QVariant(type, arguments[i + 1]).toString());
     }
-    Tell(QStringLiteral("%1.%2(%3)").arg(
-        heard.Name, QString::fromLatin1(heard.Signal.name()), texts.join(QLatin1String(", "))));
+    Tell(QStringLiteral("%1.%2(%3)")
+             .arg(heard.Name, QString::fromLatin1(heard.Signal.name()), texts.join(QLatin1String(", "))));
     return -1;
 }
 

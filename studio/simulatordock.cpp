@@ -151,7 +151,7 @@ void SimulatorDock::FillRow(int row, const ControlInfo &control)
         const bool isChoice = control.What == ControlInfo::OneOf;
         Generators.insert(control.Path,
             {ValueGenerator::None, control.Minimum.isValid() ? control.Minimum.toDouble() : 0,
-                isChoice                      ? control.Choices.size()
+                isChoice                        ? control.Choices.size()
                     : control.Maximum.isValid() ? control.Maximum.toDouble()
                                                 : 100});
     }

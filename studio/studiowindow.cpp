@@ -46,6 +46,10 @@ StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString 
         statusBar()->showMessage(
             widget ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : QString());
     });
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    resize(1280, 860);
+    resizeDocks({Docks.at(3)}, {520}, Qt::Horizontal);
+    resizeDocks({Docks.constFirst()}, {200}, Qt::Vertical);
     restoreGeometry(Settings.value(QStringLiteral("window/geometry")).toByteArray());
     restoreState(Settings.value(QStringLiteral("window/state")).toByteArray());
     TakeForm();

@@ -24,8 +24,6 @@ public:
     /// `bench` and `settings` outlive the window. `editor` is a command line; see EditorCommand.
     StudioWindow(Workbench &bench, QSettings &settings, const QString &editor = QString());
 
-    QSize sizeHint() const override { return {1280, 860}; }
-
 protected:
     void closeEvent(QCloseEvent *event) override;
 

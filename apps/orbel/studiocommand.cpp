@@ -23,8 +23,9 @@ void StudioCommand::Define(QCommandLineParser &parser) const
     DefineLanguage(parser);
     DefineComponent(parser);
     parser.addOption({Editor,
-        QStringLiteral("The editor for a double click on a finding, as \"kate --line {line} {file}\"; without it that of "
-                       "$VISUAL or $EDITOR, or the desktop's."),
+        QStringLiteral(
+            "The editor for a double click on a finding, as \"kate --line {line} {file}\"; without it that of "
+            "$VISUAL or $EDITOR, or the desktop's."),
         QStringLiteral("COMMAND")});
 }
 

@@ -30,9 +30,11 @@ gain.valueChanged.connect(function (value) {
 
 QByteArray Widget(const QByteArray &name, const QByteArray &className, const QByteArray &properties = {})
 {
-    return "<Widget name='" + name + "' class='" + className + "'>\n<Property name='visible'><Bool>true</Bool></Property>"
+    return "<Widget name='" + name + "' class='" + className
+        + "'>\n<Property name='visible'><Bool>true</Bool></Property>"
         + "<Property name='enabled'><Bool>true</Bool></Property><Property name='generateParameterXml'><Bool>true</Bool>"
-        + "</Property><Property name='labelText'><String>" + name + "</String></Property>" + properties + "\n</Widget>\n";
+        + "</Property><Property name='labelText'><String>" + name + "</String></Property>" + properties
+        + "\n</Widget>\n";
 }
 
 QByteArray Definition(const QByteArray &widgets, const QByteArray &script = Script)
@@ -45,6 +47,38 @@ const QByteArray Gain = Widget("gain", "SpinBox",
     "<Property name='minimum'><Int>0</Int></Property>");
 const QByteArray Note = Widget("note", "LineEdit");
 const QByteArray Hint = Widget("hint", "Label");
+
+/// Tells after how many milliseconds a form in a window was painted first.
+class Painting : public QObject
+{
+public:
+    explicit Painting(QWidget *form) : Form(form) { qApp->installEventFilter(this); }
+    void Begin()
+    {
+        At = 0;
+        Clock.start();
+    }
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        const bool isForms = event->type() == QEvent::Paint && Form->isAncestorOf(qobject_cast<QWidget *>(watched));
+        if (isForms && IsOn && At == 0)
+            At = Clock.nsecsElapsed() / 1e6;
+        return false;
+    }
+
+    bool IsOn = true;
+    double At = 0;
+
+private:
+    QWidget *const Form;
+    QElapsedTimer Clock;
+};
+
+double Median(QVector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.value(values.size() / 2);
+}
 
 } // namespace
 
@@ -103,9 +137,68 @@ private Q_SLOTS:
         QTRY_VERIFY(studio.Find("note")->hasFocus());
     }
 
+    void nothingIsLostInAHundredEdits()
+    {
+        Studio studio;
+        auto *const note = studio.Find<QLineEdit>("note");
+        note->setFocus();
+        const QPointer<QWidget> form(studio.bench->GetSession()->GetWidget());
+        QString typed;
+        for (int i = 0; i < 100; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            // By turns in place and as another form.
+            const QByteArray label = "<String>gain" + number + "</String>";
+            QByteArray document
+                = Definition((i % 4 == 3 ? Widget("w" + number, "SpinBox") : QByteArray()) + Gain + Note + Hint);
+            QSignalSpy read(studio.bench.get(), &Workbench::formChanged);
+            WriteFile(studio.folder, "form.orbel", document.replace("<String>gain</String>", label));
+            for (int tries = 0; read.isEmpty() && tries < 5000; ++tries) {
+                if (tries % 20 == 0) {
+                    const QChar key('a' + (typed.size() % 26));
+                    QTest::keyClick(QApplication::focusWidget(), key.toLatin1());
+                    typed += key;
+                }
+                QTest::qWait(1);
+            }
+            QCOMPARE(studio.Find<QLineEdit>("note")->text(), typed);
+            QVERIFY(studio.Find("note")->hasFocus());
+            QCOMPARE(studio.Find<QLabel>("labelgain")->text().left(4 + number.size()), "gain" + number);
+        }
+        QCOMPARE(studio.bench->GetSession()->GetWidget(), form.data());
+        QVERIFY(form->isVisible());
+    }
+
+    void editToPixels()
+    {
+        const QByteArray before = BytesOf(ORBEL_EXAMPLES_DIR "/forms/receiver.orbel");
+        Studio studio(before);
+        QVector<double> edits;
+        QVector<double> openings;
+        Painting painting(studio.bench->GetSession()->GetWidget());
+        connect(studio.bench.get(), &Workbench::formChanged, &painting, [&] { painting.IsOn = true; });
+        for (int i = 0; i < 7; ++i) {
+            QByteArray document = before;
+            document.replace("<Int>8</Int>", "<Int>" + QByteArray::number(9 + i) + "</Int>");
+            painting.IsOn = false;
+            painting.Begin();
+            WriteFile(studio.folder, "form.orbel", document);
+            QVERIFY(QTest::qWaitFor([&] { return painting.At > 0; }, 10000));
+            edits << painting.At;
+            const Opening anew = Session::OpenText(document);
+            Painting first(anew.Opened->GetWidget());
+            first.Begin();
+            const Opening again = Session::OpenFile(studio.path);
+            anew.Opened->GetWidget()->show();
+            QVERIFY(QTest::qWaitFor([&] { return first.At > 0; }, 10000));
+            openings << first.At;
+        }
+        qInfo("edit to pixels: %.0f ms, opened anew: %.0f ms (medians)", Median(edits), Median(openings));
+    }
+
     void findingsTellPlaceAndControl()
     {
-        Studio studio(Definition(Gain + Widget("note", "LineEdit", "\n<Property name='maxLenght'><Int>3</Int></Property>")));
+        Studio studio(
+            Definition(Gain + Widget("note", "LineEdit", "\n<Property name='maxLenght'><Int>3</Int></Property>")));
         QVERIFY(studio.TextOfFindings().contains("property-unknown"));
         QTreeWidgetItem *const finding = studio.Findings()->findItems("property-unknown", Qt::MatchExactly, 3).first();
         QVERIFY(!studio.Find<FormOverlay>(QString())->isVisible());
@@ -168,12 +261,24 @@ private Q_SLOTS:
         QTest::addColumn<QString>("steps");
         QTest::addColumn<QString>("property");
         QTest::addColumn<QString>("origin");
-        QTest::newRow("stated") << "" << "gain.maximum" << "definition, line 3";
-        QTest::newRow("nobody") << "" << "gain.suffix" << "nobody";
-        QTest::newRow("operator") << "key" << "gain.value" << "operator";
-        QTest::newRow("script") << "key" << "hint.text" << "script, FILE:14";
-        QTest::newRow("document") << "document" << "gain.value" << "studio, a document";
-        QTest::newRow("tried out") << "try" << "gain.suffix" << "studio, tried out";
+        QTest::newRow("stated") << ""
+                                << "gain.maximum"
+                                << "definition, line 3";
+        QTest::newRow("nobody") << ""
+                                << "gain.suffix"
+                                << "nobody";
+        QTest::newRow("operator") << "key"
+                                  << "gain.value"
+                                  << "operator";
+        QTest::newRow("script") << "key"
+                                << "hint.text"
+                                << "script, FILE:14";
+        QTest::newRow("document") << "document"
+                                  << "gain.value"
+                                  << "studio, a document";
+        QTest::newRow("tried out") << "try"
+                                   << "gain.suffix"
+                                   << "studio, tried out";
     }
     void originsOfProperties()
     {
@@ -194,8 +299,9 @@ private Q_SLOTS:
             QTRY_VERIFY(row());
             row()->setText(2, " dB");
             QCOMPARE(studio.Find("gain")->property("suffix").toString(), QString(" dB"));
-            QVERIFY(studio.Find<InspectorDock>("inspector")->GetElement().contains(
-                "<Property name=\"suffix\"><String> dB</String></Property>"));
+            QVERIFY(studio.Find<InspectorDock>("inspector")
+                        ->GetElement()
+                        .contains("<Property name=\"suffix\"><String> dB</String></Property>"));
         }
         QFETCH(QString, origin);
         QTRY_COMPARE(row()->text(4), origin.replace("FILE", studio.path));
@@ -219,10 +325,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("told");
-        QTest::newRow("value") << "gain.maximum" << "> gain.maximum|\"60\"";
-        QTest::newRow("print") << "print(1 + 1)" << "> print(1 + 1)|2";
-        QTest::newRow("exception") << "noSuch()" << "> noSuch()|console:1: ReferenceError: Can't find variable: noSuch";
-        QTest::newRow("exception of a handler") << "gain.setValue(13)" << "> gain.setValue(13)";
+        QTest::newRow("value") << "gain.maximum"
+                               << "> gain.maximum|\"60\"";
+        QTest::newRow("print") << "print(1 + 1)"
+                               << "> print(1 + 1)|2";
+        QTest::newRow("exception") << "noSuch()"
+                                   << "> noSuch()|console:1: ReferenceError: Can't find variable: noSuch";
+        QTest::newRow("exception of a handler") << "gain.setValue(13)"
+                                                << "> gain.setValue(13)";
     }
     void linesRunInTheFormsEngine()
     {
@@ -242,10 +352,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("line");
         QTest::addColumn<QString>("name");
-        QTest::newRow("global") << "1 + ga" << "gain";
-        QTest::newRow("slot") << "gain.set" << "setReadOnly";
-        QTest::newRow("property of the definition") << "gain.max" << "maximum";
-        QTest::newRow("member of the language") << "Math.s" << "sin";
+        QTest::newRow("global") << "1 + ga"
+                                << "gain";
+        QTest::newRow("slot") << "gain.set"
+                              << "setReadOnly";
+        QTest::newRow("property of the definition") << "gain.max"
+                                                    << "maximum";
+        QTest::newRow("member of the language") << "Math.s"
+                                                << "sin";
     }
     void namesAreCompleted()
     {
@@ -356,10 +470,14 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("command");
         QTest::addColumn<QString>("words");
-        QTest::newRow("stated") << "ed --at={line} {file}" << "ed|--at=7|/a b";
-        QTest::newRow("known") << "/usr/bin/code -r" << "/usr/bin/code|-r|--goto|/a b:7";
-        QTest::newRow("in a terminal") << "vim" << "x-terminal-emulator|-e|vim|+7|/a b";
-        QTest::newRow("unknown") << "my-editor" << "my-editor|/a b";
+        QTest::newRow("stated") << "ed --at={line} {file}"
+                                << "ed|--at=7|/a b";
+        QTest::newRow("known") << "/usr/bin/code -r"
+                               << "/usr/bin/code|-r|--goto|/a b:7";
+        QTest::newRow("in a terminal") << "vim"
+                                       << "x-terminal-emulator|-e|vim|+7|/a b";
+        QTest::newRow("unknown") << "my-editor"
+                                 << "my-editor|/a b";
     }
     void editors()
     {
