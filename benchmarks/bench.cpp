@@ -20,6 +20,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTextStream>
 
 using measure::Cell;
@@ -457,6 +458,71 @@ Cell Edit(int controls)
     return cell;
 }
 
+/// Some controls of a kind, from the first to the last of a form.
+QVector<int> Spread(int controls, work::Kind kind, int most)
+{
+    QVector<int> all;
+    for (int control = 0; control < controls; ++control) {
+        if (work::KindOf(control) == kind)
+            all.append(control);
+    }
+    const int each = qMax(1, all.size() / most);
+    QVector<int> some;
+    for (int i = 0; i < all.size() && some.size() < most; i += each)
+        some.append(all.at(i));
+    return some;
+}
+
+/// A frame of a form on the screen in which 400 spin boxes have another value, most of them scrolled out of view.
+Cell LiveFrame(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    const peer::HandForm byHand(controls);
+    peer::Show(byHand.Window());
+    const QVector<int> spins = Spread(controls, work::Kind::Spin, 400);
+    int version = 0;
+    const auto frame = [&](const auto &put) {
+        ++version;
+        return TimeOf([&] {
+            for (const int control : spins)
+                put(work::NameOf(control), work::SpinValue(control, version));
+            peer::RunToIdle();
+        });
+    };
+    const auto ours = [&] { return frame([&](const QString &name, double value) { form->Report(name, value); }); };
+    const auto raw
+        = [&] { return frame([&](const QString &name, double value) { byHand.Spin(name)->setValue(value); }); };
+    return Compare(ours, raw, Repeats);
+}
+
+/// A step of the wheel over a form on the screen.
+Cell ScrollStep(int controls)
+{
+    OrbelForm form;
+    form.Build(work::Definition(controls));
+    peer::Show(form.Window());
+    const peer::HandForm byHand(controls);
+    peer::Show(byHand.Window());
+    const auto steps = [](QWidget *window) {
+        constexpr int count = 20;
+        const auto areas = window->findChildren<QScrollArea *>();
+        auto *area = areas.isEmpty() ? qobject_cast<QScrollArea *>(window) : areas.first();
+        QScrollBar *bar = area->verticalScrollBar();
+        Require(bar->maximum() > count * 60, "the form does not scroll");
+        bar->setValue(0);
+        peer::RunToIdle();
+        return TimeOf([&] {
+            for (int step = 1; step <= count; ++step) {
+                bar->setValue(60 * step);
+                peer::RunToIdle();
+            }
+        }) / count;
+    };
+    return Compare([&] { return steps(form.Window()); }, [&] { return steps(byHand.Window()); }, Repeats);
+}
+
 /// What a device reports of all spin boxes in one of its turns, each value another one or the same, on the screen.
 /// Nanoseconds a value.
 Cell ReportValues(int controls, bool repeats)
@@ -530,6 +596,8 @@ constexpr Plan Plans[] = {
     {"operator's edit, control to modified mark / `setValue` with one slot",         2.0,  1.2,  Edit},
     {"reported value of a device, shown, drawn / hash look-up plus `setValue`",      2.0,  1.2,  ReportNews},
     {"the same value again / the same",                                              2.0,  1.0,  ReportAgain},
+    {"live frame, 400 values on a form on the screen / QFormLayout's",               0.3,  0.15, LiveFrame},
+    {"scroll step / QFormLayout's in a QScrollArea",                                 1.1,  0.8,  ScrollStep},
     {"expand a group of 20 rows in a visible form / one re-layout of it",            2,    1,    Expand},
     {"memory a control, form built / QUiLoader's",                                   1.5,  1.0,  Memory},
     {"parse stage / XML walk of the same text",                                      2.0,  1.4,  ParseStage},

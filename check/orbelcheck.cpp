@@ -8,6 +8,7 @@
 #include "parameterdocumentcheck.h"
 #include "scriptsourcemap.h"
 #include "structurecheck.h"
+#include "xmlcheck.h"
 
 #include <algorithm>
 
@@ -19,21 +20,6 @@ namespace
 
 namespace element = KV218::element;
 namespace attribute = KV218::attribute;
-
-void TellMalformed(int place, QString text, FindingSink &sink)
-{
-    if (text.endsWith(QLatin1Char('.')))
-        text.chop(1);
-    sink.Add(Code::XmlMalformed, place, text);
-}
-
-void CheckXml(const FileText &file, const Document &document, FindingSink &sink)
-{
-    if (!file.ErrorText().isEmpty())
-        TellMalformed(file.PlaceOfError(), file.ErrorText(), sink);
-    else if (!document.IsWhole())
-        TellMalformed(document.PlaceOfError(), document.ErrorText(), sink);
-}
 
 /// Does `act` with the value of each definition in a component list and the name of its component, until it answers
 /// true.

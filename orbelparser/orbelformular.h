@@ -161,7 +161,8 @@ public:
     QStringList GetChanged() const;
     /// Forgets that those are modified whose applied value stands again. So they do not go into the next document.
     void DropUnchanged();
-    /// Why the input is locked, for the operator: it stands in the apply row, where that has room. Empty for nothing.
+    /// Why the input is locked, for the operator: it stands in the apply row, or in a note over the lower edge of the
+    /// form where that has no room or is not there. Empty for nothing.
     void SetLockReason(const QString &reason);
     /// The longest that one run of the script may take, in milliseconds; it is ended then. 0, as at the start, for no
     /// limit. A debugger ends the limit.

@@ -16,6 +16,10 @@ const QLatin1String Column("column");
 const QLatin1String SeverityKey("severity");
 const QLatin1String Code("code");
 const QLatin1String Text("text");
+const QLatin1String EditKey("edit");
+const QLatin1String Offset("offset");
+const QLatin1String Length("length");
+const QLatin1String Replacement("replacement");
 
 Severity SeverityOf(const QString &name)
 {
@@ -26,12 +30,25 @@ Severity SeverityOf(const QString &name)
     return Severity::Note;
 }
 
+FindingEdit EditOf(const QJsonObject &finding)
+{
+    const QJsonObject edit = finding.value(EditKey).toObject();
+    if (edit.isEmpty())
+        return FindingEdit();
+    return {edit.value(Offset).toInt(), edit.value(Length).toInt(), edit.value(Replacement).toString()};
+}
+
 } // namespace
 
 QJsonObject ToJson(const Finding &finding, const QString &path)
 {
-    return {{File, path}, {LineKey, finding.Line}, {Column, finding.Column}, {SeverityKey, NameOf(finding.Level)},
-        {Code, finding.Code}, {Text, finding.Text}};
+    QJsonObject object{{File, path}, {LineKey, finding.Line}, {Column, finding.Column},
+        {SeverityKey, NameOf(finding.Level)}, {Code, finding.Code}, {Text, finding.Text}};
+    if (finding.Edit)
+        object.insert(EditKey,
+            QJsonObject{
+                {Offset, finding.Edit.Offset}, {Length, finding.Edit.Length}, {Replacement, finding.Edit.Replacement}});
+    return object;
 }
 
 QString JsonText(const QJsonArray &array)
@@ -57,7 +74,7 @@ Findings FindingsFromJson(const QByteArray &text, bool *isValid)
         const QJsonObject object = value.toObject();
         findings.append({object.value(LineKey).toInt(), object.value(Column).toInt(),
             SeverityOf(object.value(SeverityKey).toString()), object.value(Code).toString(),
-            object.value(Text).toString()});
+            object.value(Text).toString(), EditOf(object)});
     }
     return findings;
 }

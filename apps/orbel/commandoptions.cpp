@@ -24,6 +24,7 @@ QCommandLineOption ComponentOption()
 }
 
 const QLatin1String Language("language");
+const QLatin1String FormatOption("format");
 
 } // namespace
 
@@ -55,6 +56,21 @@ void DefineLanguage(QCommandLineParser &parser)
             "The language of texts and numbers, as \"de\", in place of the system's. The texts of the form come "
             "from FORM_de.qm beside it."),
         QStringLiteral("LANG")});
+}
+
+void DefineFormat(QCommandLineParser &parser, const QStringList &words)
+{
+    parser.addOption({FormatOption, QStringLiteral("How to print it: %1.").arg(words.join(QLatin1String(", "))),
+        QStringLiteral("KIND")});
+}
+
+QString Format(const QCommandLineParser &parser, const QStringList &words)
+{
+    const QString word = parser.isSet(FormatOption) ? parser.value(FormatOption) : words.constFirst();
+    if (!words.contains(word))
+        throw UsageFailure(
+            QStringLiteral("--format is one of %1, not \"%2\"").arg(words.join(QLatin1String(", ")), word));
+    return word;
 }
 
 bool IsLanguage(const QString &text)

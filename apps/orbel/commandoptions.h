@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class QCommandLineParser;
 
@@ -17,6 +17,11 @@ QStringList Arguments(const QCommandLineParser &parser, int most);
 /// Adds the option --component, whose value ComponentName() gives, empty without it.
 void DefineComponent(QCommandLineParser &parser);
 QString ComponentName(const QCommandLineParser &parser);
+
+/// Adds the option --format, one of these words.
+void DefineFormat(QCommandLineParser &parser, const QStringList &words);
+/// Its value, the first word without it. Throws a Failure for any other word.
+QString Format(const QCommandLineParser &parser, const QStringList &words);
 
 /// Adds the option --language.
 void DefineLanguage(QCommandLineParser &parser);

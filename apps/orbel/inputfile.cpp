@@ -7,6 +7,8 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <cstdio>
+
 namespace Orbel
 {
 
@@ -15,7 +17,9 @@ QByteArray ReadFile(const QString &path)
     QFile file(path);
     if (QFileInfo(path).isDir())
         throw InputFailure(path, QStringLiteral("Is a directory"));
-    if (!file.open(QIODevice::ReadOnly))
+    const bool isOpen
+        = path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    if (!isOpen)
         throw InputFailure(path, file.errorString());
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)

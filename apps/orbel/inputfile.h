@@ -8,7 +8,7 @@ class QXmlStreamReader;
 namespace Orbel
 {
 
-/// The bytes of a file that is read as a whole. Throws a Failure when it cannot be read.
+/// The bytes of a file that is read as a whole; "-" is standard input. Throws a Failure when it cannot be read.
 QByteArray ReadFile(const QString &path);
 
 /// The text of an XML document in a file, in the encoding that it declares. Throws a Failure when the file cannot be

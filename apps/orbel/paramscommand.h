@@ -15,6 +15,7 @@ public:
 
 private:
     void Set(KV218::OrbelFormular &form, const QString &assignment) const;
+    static int Carry(const QCommandLineParser &parser);
 
     QString Path;
 };

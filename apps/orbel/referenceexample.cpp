@@ -41,11 +41,14 @@ Form Build(const QString &definition, std::unique_ptr<QWidget> &gui)
     return form;
 }
 
-/// What stands on the lines from the one with `start` to the one with `end`, as it is indented there.
+/// What stands on the lines from the one with `start` to the one with `end`, as it is indented there. An element
+/// without content ends with its own tag.
 QString Lines(const QString &text, int start, const QString &end)
 {
     const int from = text.lastIndexOf(QLatin1Char('\n'), start) + 1;
-    const int closing = text.indexOf(end, start) + end.size();
+    const int behindTag = text.indexOf(QLatin1Char('>'), start) + 1;
+    const bool isEmpty = text.at(behindTag - 2) == QLatin1Char('/');
+    const int closing = isEmpty ? behindTag : text.indexOf(end, start) + end.size();
     return text.mid(from, closing - from) + QLatin1Char('\n');
 }
 

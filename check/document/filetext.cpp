@@ -32,15 +32,27 @@ QTextCodec *CodecOf(const QByteArray &bytes)
 FileText::FileText(const QByteArray &bytes, Reading reading)
 {
     Decode(bytes);
+    All = Whole.Text();
     FindLines();
-    if (reading == AsForm && bytes.contains('\r'))
-        DropReturns(bytes);
+    if (reading == AsForm && bytes.contains('\r')) {
+        DropReturns();
+        TellTorn(bytes);
+    }
+}
+
+FileText::FileText(const QString &text) : All(text), Whole(text)
+{
+    FindLines();
+    if (All.contains(QLatin1Char('\r')))
+        DropReturns();
 }
 
 void FileText::Decode(const QByteArray &bytes)
 {
+    Codec = CodecOf(bytes);
+    IsMarked = QTextCodec::codecForUtfText(bytes, nullptr);
     QTextCodec::ConverterState state;
-    Whole = PlacedText(CodecOf(bytes)->toUnicode(bytes.constData(), bytes.size(), &state));
+    Whole = PlacedText(Codec->toUnicode(bytes.constData(), bytes.size(), &state));
     if (state.invalidChars == 0 && state.remainingChars == 0)
         return;
     QXmlStreamReader reader(bytes);
@@ -55,15 +67,18 @@ void FileText::Decode(const QByteArray &bytes)
 }
 
 /// The places stay those of the file.
-void FileText::DropReturns(const QByteArray &bytes)
+void FileText::DropReturns()
 {
-    const QString all = Whole.Text();
     Whole = PlacedText();
-    for (int i = 0; i < all.size(); ++i) {
-        if (all.at(i) != QLatin1Char('\r'))
-            Whole.Append(all.at(i), i);
+    for (int i = 0; i < All.size(); ++i) {
+        if (All.at(i) != QLatin1Char('\r'))
+            Whole.Append(All.at(i), i);
     }
-    Whole.Close(all.size());
+    Whole.Close(All.size());
+}
+
+void FileText::TellTorn(const QByteArray &bytes)
+{
     const QByteArray loaded = QByteArray(bytes).replace("\r", "");
     const QString read = CodecOf(loaded)->toUnicode(loaded);
     const QString &meant = Whole.Text();
@@ -73,6 +88,13 @@ void FileText::DropReturns(const QByteArray &bytes)
     Error = QStringLiteral(
         "A form is loaded without the bytes 0D of its file, which tears this encoding apart; UTF-8 is safe");
     ErrorPlace = Whole.OffsetOf(int(torn - meant.cbegin()));
+}
+
+QByteArray FileText::Encoded(const QString &text) const
+{
+    QTextCodec::ConverterState plain(QTextCodec::IgnoreHeader);
+    const QString marked = IsMarked ? QChar(QChar::ByteOrderMark) + text : text;
+    return Codec->fromUnicode(marked.constData(), marked.size(), &plain);
 }
 
 void FileText::FindLines()

@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+class QTextCodec;
+
 namespace Orbel
 {
 
@@ -16,12 +18,19 @@ public:
         AsForm, ///< As the library loads a form's file: without its bytes 0D.
     };
     explicit FileText(const QByteArray &bytes, Reading reading = AsBytes);
+    /// A text that is not encoded any more, as the library loads a form.
+    explicit FileText(const QString &text);
 
     /// With a replacement for what does not fit the encoding.
     const PlacedText &Source() const { return Whole; }
+    /// All of it, also where the library reads less.
+    const QString &Text() const { return All; }
     /// Empty unless the bytes that are read do not fit the encoding; then the library reads nothing to rely on.
     const QString &ErrorText() const { return Error; }
     int PlaceOfError() const { return ErrorPlace; }
+
+    /// Another text as bytes of the same encoding, with a byte order mark where the file has one.
+    QByteArray Encoded(const QString &text) const;
 
     /// From 1; a column counts characters, tabs as one.
     int LineOf(int offset) const;
@@ -29,10 +38,14 @@ public:
 
 private:
     void Decode(const QByteArray &bytes);
-    void DropReturns(const QByteArray &bytes);
+    void DropReturns();
+    void TellTorn(const QByteArray &bytes);
     void FindLines();
     int HalvesBefore(int offset) const;
 
+    QTextCodec *Codec = nullptr;
+    bool IsMarked = false; ///< By a byte order mark.
+    QString All;
     PlacedText Whole;
     QString Error;
     int ErrorPlace = 0;

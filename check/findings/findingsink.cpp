@@ -54,16 +54,38 @@ QString Shortened(const QString &text)
     return shorter + text.midRef(from);
 }
 
+/// An empty text stands nowhere.
+FindingEdit EditOf(const Mend &mend, const FileText &file)
+{
+    if (mend.Is.isEmpty() || mend.Is == mend.Becomes || file.Text().midRef(mend.Place, mend.Is.size()) != mend.Is)
+        return FindingEdit();
+    return {mend.Place, mend.Is.size(), mend.Becomes};
+}
+
 } // namespace
 
-void FindingSink::Add(Code code, int place, const QString &text)
+void FindingSink::Add(Code code, int place, const QString &text, const Mend &mend)
 {
-    Entries.append({code, place, Shortened(Printable(text))});
+    Entries.append({code, place, Shortened(Printable(text)), mend});
+}
+
+void FindingSink::AddMisspelt(Code code, int place, const QString &text, const QString &name, const QStringList &names)
+{
+    const QString meant = Nearest(name, names);
+    if (meant.isEmpty())
+        Add(code, place, text);
+    else
+        Add(code, place, text + DidYouMean(meant), Mend{place, name, meant.toHtmlEscaped()});
 }
 
 QString FindingSink::Suggest(const QString &name, const QStringList &names)
 {
-    return ++Suggestions > MostSuggestions ? QString() : DidYouMean(name, names);
+    return DidYouMean(Nearest(name, names));
+}
+
+QString FindingSink::Nearest(const QString &name, const QStringList &names)
+{
+    return ++Suggestions > MostSuggestions ? QString() : NearestName(name, names);
 }
 
 bool FindingSink::Has(Code code) const
@@ -80,7 +102,7 @@ Findings FindingSink::Sorted(const FileText &file) const
     for (const Entry &entry : qAsConst(entries)) {
         const CodeInfo &info = InfoOf(entry.What);
         findings.append({file.LineOf(entry.Place), file.ColumnOf(entry.Place), info.severity, QLatin1String(info.name),
-            entry.Text});
+            entry.Text, EditOf(entry.Edit, file)});
     }
     return findings;
 }

@@ -31,7 +31,11 @@ QString NearestName(const QString &name, const QStringList &names)
 
 QString DidYouMean(const QString &name, const QStringList &names)
 {
-    const QString nearest = NearestName(name, names);
+    return DidYouMean(NearestName(name, names));
+}
+
+QString DidYouMean(const QString &nearest)
+{
     return nearest.isEmpty() ? QString() : QStringLiteral("; did you mean \"%1\"?").arg(nearest);
 }
 

@@ -14,6 +14,9 @@ ORBEL_CHECK_EXPORT QString NearestName(const QString &name, const QStringList &n
 /// `; did you mean "X"?`, or nothing when no name is near.
 ORBEL_CHECK_EXPORT QString DidYouMean(const QString &name, const QStringList &names);
 
+/// The same with the name that was found already; nothing when it is empty.
+ORBEL_CHECK_EXPORT QString DidYouMean(const QString &nearest);
+
 /// The names in quotation marks, for messages; beyond ten only their count.
 ORBEL_CHECK_EXPORT QString Quoted(const QStringList &names);
 

@@ -55,9 +55,8 @@ public:
         }
         const EnumEntry *entry = Form.FindEnum(stated->Text);
         if (!entry && Form.Doc.IsWhole())
-            Sink.Add(Code::EnumUnknown, PlaceOfValue(Form, *stated),
-                QStringLiteral("There is no enumeration \"%1\"%2")
-                    .arg(stated->Text, Sink.Suggest(stated->Text, Form.EnumNames())));
+            Sink.AddMisspelt(Code::EnumUnknown, PlaceOfValue(Form, *stated),
+                QStringLiteral("There is no enumeration \"%1\"").arg(stated->Text), stated->Text, Form.EnumNames());
         else if (entry)
             CheckCurrent(widget, *entry);
     }

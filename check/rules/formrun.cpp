@@ -147,8 +147,8 @@ private:
         if (Exceptions.contains({index, text}))
             return;
         Exceptions.insert({index, text});
-        Sink.Add(Code::ScriptException, Script.PlaceOf(index),
-            QStringLiteral("The script throws %1%2").arg(text, name.isEmpty() ? QString() : Suggest(owner, name)));
+        Sink.AddMisspelt(Code::ScriptException, Script.PlaceOf(index), QStringLiteral("The script throws %1").arg(text),
+            name, name.isEmpty() ? QStringList() : NamesOf(owner));
     }
 
     /// Where a name stands in a line, behind its owner's; the line's beginning when it does not stand there.
@@ -160,11 +160,11 @@ private:
         return found >= 0 && Script.LineOf(found) == line ? found + text.size() - name.size() : start;
     }
 
-    QString Suggest(const QString &owner, const QString &name)
+    /// What a script can write behind the owner and a dot, or without an owner.
+    QStringList NamesOf(const QString &owner) const
     {
-        const QStringList names = owner.isEmpty() ? QStringList(Live->GetScriptValues().keys())
-                                                  : MembersOf(Engine->globalObject().property(owner));
-        return Sink.Suggest(name, names);
+        return owner.isEmpty() ? QStringList(Live->GetScriptValues().keys())
+                               : MembersOf(Engine->globalObject().property(owner));
     }
 
     void TellUnknown()
@@ -181,8 +181,8 @@ private:
             const QString text = reference.Owner.isEmpty()
                 ? QStringLiteral("There is no \"%1\"").arg(reference.Name)
                 : QStringLiteral("\"%1\" has no \"%2\"").arg(reference.Owner, reference.Name);
-            Sink.Add(
-                Code::ScriptUnknown, Script.PlaceOf(reference.Index), text + Suggest(reference.Owner, reference.Name));
+            Sink.AddMisspelt(
+                Code::ScriptUnknown, Script.PlaceOf(reference.Index), text, reference.Name, NamesOf(reference.Owner));
         }
     }
 

@@ -10,6 +10,7 @@
 #include <QSet>
 #include <QVariant>
 
+#include <algorithm>
 #include <limits>
 
 namespace Orbel
@@ -77,6 +78,18 @@ bool IsPlainBool(const PropertyEntry &property)
     return !property.IsBool() && (property.Text == QLatin1String("0") || property.Text == QLatin1String("1"));
 }
 
+/// What the author of a Bool wanted to say; the text itself where that cannot be told.
+QString MeantBool(const QString &text)
+{
+    const QString word = text.trimmed().toLower();
+    const auto isAny = [&](std::initializer_list<const char *> words) {
+        return std::any_of(words.begin(), words.end(), [&](const char *each) { return word == QLatin1String(each); });
+    };
+    if (isAny({"true", "yes", "on", "1"}))
+        return QStringLiteral("true");
+    return isAny({"false", "no", "off", "0"}) ? QStringLiteral("false") : text;
+}
+
 class PropertyCheck
 {
 public:
@@ -128,7 +141,8 @@ public:
             return;
         Sink.Add(Code::BoolText, place,
             QStringLiteral("\"%1\" means %2 here; write true or false")
-                .arg(property.Text, QLatin1String(property.IsTrue() ? "true" : "false")));
+                .arg(property.Text, QLatin1String(property.IsTrue() ? "true" : "false")),
+            Mend{place, property.Text, MeantBool(property.Text)});
     }
 
     void CheckChoice(const PropertyEntry &property, const PropertyInfo &known, int place)
@@ -188,10 +202,9 @@ public:
     {
         if (property.Name.isEmpty() || (info.delegate->traits & ekFreeProperties) || ScriptSpeaksOf(property.Name))
             return;
-        Sink.Add(Code::PropertyUnknown, PlaceOfName(property),
-            QStringLiteral("\"%1\" reads no property \"%2\"%3")
-                .arg(QLatin1String(info.name), property.Name,
-                    Sink.Suggest(property.Name, Registry::PropertyNames(info))));
+        Sink.AddMisspelt(Code::PropertyUnknown, PlaceOfName(property),
+            QStringLiteral("\"%1\" reads no property \"%2\"").arg(QLatin1String(info.name), property.Name),
+            property.Name, Registry::PropertyNames(info));
     }
 
     void CheckCustom(const PropertyEntry &property, const PropertyInfo *known, const QString &owner)
@@ -211,9 +224,9 @@ public:
             if (property.IsCustom)
                 CheckCustom(property, known, QStringLiteral("Sheet"));
             else if (!known && !isAttribute && !property.Name.isEmpty() && !ScriptSpeaksOf(property.Name))
-                Sink.Add(Code::PropertyUnknown, PlaceOfName(property),
-                    QStringLiteral("A sheet reads no property \"%1\"%2")
-                        .arg(property.Name, Sink.Suggest(property.Name, Registry::SheetPropertyNames())));
+                Sink.AddMisspelt(Code::PropertyUnknown, PlaceOfName(property),
+                    QStringLiteral("A sheet reads no property \"%1\"").arg(property.Name), property.Name,
+                    Registry::SheetPropertyNames());
             CheckValue(property, property.IsCustom ? nullptr : known);
         }
     }
@@ -228,9 +241,8 @@ public:
                 widget.IsNamed ? QStringLiteral("The widget \"%1\" has no class").arg(widget.Name)
                                : QStringLiteral("A widget without a name has no class either"));
         else
-            Sink.Add(Code::ClassUnknown, place,
-                QStringLiteral("There is no class \"%1\"%2")
-                    .arg(widget.Class, Sink.Suggest(widget.Class, Registry::ClassNames())));
+            Sink.AddMisspelt(Code::ClassUnknown, place, QStringLiteral("There is no class \"%1\"").arg(widget.Class),
+                widget.Class, Registry::ClassNames());
     }
 
 private:

@@ -3,6 +3,7 @@
 #include "elementnames.h"
 #include "formcheck.h"
 #include "propertynames.h"
+#include "propertyplace.h"
 
 namespace Orbel
 {
@@ -35,7 +36,8 @@ void CheckLabel(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
         return;
     sink.Add(Code::LabelHidden, form.Doc.PlaceOf(label->Element),
         QStringLiteral("The label \"%1\" stays hidden, since \"%2\" does not state visible")
-            .arg(label->Text, widget.Name));
+            .arg(label->Text, widget.Name),
+        StateBool(form, widget, prop::Visible, true));
 }
 
 bool IsLargeField(const WidgetEntry &widget)
@@ -52,7 +54,8 @@ void CheckInput(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
     if (!IsLargeField(widget) || widget.States(prop::Enabled) || mayCall("setEnabled") || mayCall("setReadOnly"))
         return;
     sink.Add(Code::InputUnstated, form.Doc.PlaceOf(widget.Element),
-        QStringLiteral("The large field \"%1\" starts locked, since it does not state enabled").arg(widget.Name));
+        QStringLiteral("The large field \"%1\" starts locked, since it does not state enabled").arg(widget.Name),
+        StateBool(form, widget, prop::Enabled, true));
 }
 
 void CheckHeadline(const FormModel &form, FindingSink &sink, const WidgetEntry &headline)

@@ -147,9 +147,8 @@ bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iter
     }
     if (standing.isEmpty())
         return false;
-    control->MoveEdits(values);
     // Limits and handlers may have made another value of it, which then counts for the way back, or kept it.
-    const QVariantList now = control->GetEdits();
+    const QVariantList now = control->MoveEdits(values);
     bool moved = false;
     for (Part *part : qAsConst(standing)) {
         const bool isKept = part->Stands(now, back);

@@ -2,6 +2,7 @@
 
 #include "brokenforms.h"
 #include "codes.h"
+#include "formdiff.h"
 #include "forms.h"
 #include "formtexts.h"
 #include "orbelcheck.h"
@@ -179,6 +180,10 @@ private Q_SLOTS:
         if (form.kind == BrokenForm::Definition)
             QCOMPARE(Untruths(text, findings).join(' '), QString());
         for (const Finding &finding : findings) {
+            QString mended = text;
+            if (finding.Edit)
+                mended.replace(finding.Edit.Offset, finding.Edit.Length, finding.Edit.Replacement);
+            QVERIFY(!finding.Edit || Find(form.kind, mended).size() < findings.size());
             QVERIFY2(!finding.Text.isEmpty() && !finding.Text.endsWith('.') && !finding.Text.contains("%"),
                 qPrintable(finding.Text));
         }
@@ -306,6 +311,47 @@ private Q_SLOTS:
         for (const Finding &finding : Find(BrokenForm::Definition, form) + Find(BrokenForm::Change, form))
             texts << finding.Text;
         QVERIFY2(texts.contains(text), qPrintable(texts.join('\n')));
+    }
+
+    void differences_data()
+    {
+        const auto add = Columns<QString, QString, QString>({"before", "after", "told"});
+        const QString a = Widget("a", "SpinBox", {"minimum=Int:1"});
+        const QString b = Widget("b", "Label");
+        const QString c = Widget("c", "Label");
+        const auto written = [](const QString &tag) {
+            return Definition(
+                Widget("a", "SpinBox", {"generateParameterXml=Bool:true", "parameterXmlTag=String:" + tag}));
+        };
+        const auto script = [](const QString &code) { return Definition("", "\n<Script>" + code + "</Script>"); };
+        // clang-format off
+        add("layout and comments", Definition(a), "<!-- c -->" + Definition(QString(a).replace("><", ">\n<!-- --> <")), "");
+        add("value", Definition(a), Definition("\n" + QString(a).replace(">1<", ">2<")), "changed widget a property minimum 1>2 1-2");
+        add("type", Definition(a), Definition(QString(a).replace("Int", "String")), "changed widget a property minimum Int 1>String 1 1-1");
+        add("property gone and come", Definition(a), Definition(QString(a).replace("minimum", "maximum")), "added widget a property maximum >1 1-1|gone widget a property minimum 1> 1-1");
+        add("earlier of two statements", Definition(Widget("a", "SpinBox", {"minimum=Int:1", "minimum=Int:2"})), Definition(Widget("a", "SpinBox", {"minimum=Int:2"})), "");
+        add("class", Definition(b), Definition(Widget("b", "LineEdit")), "changed widget b class Label>LineEdit 1-1");
+        add("place", written("A/b"), written("A/c"), "changed widget a place in the parameter document A/b>A/c 1-1|changed widget a property parameterXmlTag A/b>A/c 1-1");
+        add("widgets", Definition(a + b + c), Definition(c + Widget("d", "Label") + a), "moved widget c  > 1-1|added widget d  >Label 0-1|gone widget b  Label> 1-0");
+        add("widget without a name", Definition("<Widget class='Separator'/>" + b), Definition(b + "<Widget class='Separator'/>"), "moved widget b  > 1-1");
+        add("sheet", Definition("<Properties><Property name='x'><Int>1</Int></Property></Properties>"), Definition(""), "gone sheet  property x 1> 1-1");
+        add("rows", Definition("", Enum("E", "A=1 B=2 C=3")), Definition("", Enum("E", "C=3 A=4 D=1")), "added enumeration E row 4 >A,  1-1|changed enumeration E row 1 A, >D,  1-1|gone enumeration E row 2 B, > 1-1|moved enumeration E rows > 1-1");
+        add("script", script("1;\n2;\n3;\n4;"), script("1;\n5;\n4;"), "changed script   2;\n3;>5; 3-3");
+        add("script that comes", Definition(""), script("1;"), "added script   >1; 0-2");
+        // clang-format on
+    }
+
+    void differences()
+    {
+        const auto [before, after, told] = Fetch<QString, QString, QString>({"before", "after", "told"});
+        QStringList lines;
+        for (const FormDifference &each : CompareForms(before.toUtf8(), after.toUtf8()))
+            lines << QString("%1 %2 %3 %4 %5>%6 %7-%8")
+                         .arg(NameOf(each.What), each.Part, each.Name, each.Detail)
+                         .arg(each.Before, each.After)
+                         .arg(each.LineBefore)
+                         .arg(each.LineAfter);
+        QCOMPARE(lines.join('|'), told);
     }
 
     void reservedWordsAreThoseOfTheEngine()

@@ -95,7 +95,8 @@ private Q_SLOTS:
         };
         const QString wrong = Write("json.orbel", Sheet("\n<Widget name='a' class='Labl'/>"));
         const QJsonObject expected{{"file", wrong}, {"line", 2}, {"column", 25}, {"severity", "error"},
-            {"code", "class-unknown"}, {"text", "There is no class \"Labl\"; did you mean \"Label\"?"}};
+            {"code", "class-unknown"}, {"text", "There is no class \"Labl\"; did you mean \"Label\"?"},
+            {"edit", QJsonObject{{"offset", 57}, {"length", 4}, {"replacement", "Label"}}}};
         QCOMPARE(told({"check", "--json", wrong}).array(), QJsonArray{expected});
 
         const QJsonObject all = told({"classes", "--json"}).object();

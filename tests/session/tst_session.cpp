@@ -32,8 +32,8 @@ const QString Body
 
 /// A session with its window on the screen. Automatic apply waits 100 ms.
 struct Live {
-    explicit Live(
-        const QString &body = Body, const QString &script = QString(), const Orbel::SessionOptions &options = {})
+    explicit Live(const QString &body = Body, const QString &script = QString(),
+        const Orbel::SessionOptions &options = {}, const QString &lock = {})
     {
         const QString timeout = "<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>";
         const QString form = Definition(timeout + body, "<Script><![CDATA[" + script + "]]></Script>");
@@ -42,6 +42,7 @@ struct Live {
         session = std::move(opening.Opened);
         window = session->GetWidget();
         window->resize(500, 500);
+        session->Lock(lock);
         window->show();
         QApplication::setActiveWindow(window);
         QObject::connect(session.get(), &Session::applied, session.get(),
@@ -67,7 +68,7 @@ struct Live {
     {
         QHelpEvent asked(QEvent::ToolTip, QPoint(), QPoint());
         QCoreApplication::sendEvent(Label(name), &asked);
-        const QString text = asked.isAccepted() ? QToolTip::text() : QString();
+        const QString text = asked.isAccepted() ? QToolTip::text().replace(QChar::Nbsp, ' ') : QString();
         for (QWidget *window : QApplication::topLevelWidgets()) {
             if (window->inherits("QTipLabel"))
                 delete window;
@@ -187,12 +188,14 @@ private Q_SLOTS:
         row("NaN", "Level", qQNaN(), "Parameter \"Level\": \"nan\" is no number");
         row("choice", "Mode", "FMN", "Parameter \"Mode\": \"FMN\" is none of the choices");
         row("bool", "On", "perhaps", "Parameter \"On\": \"perhaps\" is neither true nor false");
+        row("half a range", "Range", 2e6, "Parameter \"Range\": A list of 2 values is wanted");
+        row("range", "Range", QVariantList{2e6, 2e6}, "Parameter \"Range\": The start is not below the stop");
         // clang-format on
     }
     void aWrongValueChangesNothing()
     {
         const auto [path, value, told] = Fetch<QString, QVariant, QString>({"path", "value", "told"});
-        const Live live;
+        const Live live(Body + Control("Range", "FrequencyRangeEdit", {}));
         const QString before = live->Document();
         QString error;
         QVERIFY(!live->Report(path, value, &error));
@@ -385,6 +388,7 @@ private Q_SLOTS:
         row("refused, then changed", Step([](Live &live) { live->Refuse("Gain", "no"); live.Enter("Gain", "50"); }), 50, RowLabel::Changed, "");
         row("none", Step([](Live &live) { QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::Unconfirmed); }), 42, RowLabel::Unconfirmed, "not confirmed");
         row("none, then one", Step([](Live &live) { QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::Unconfirmed); live->Confirm("Gain"); }), 42, RowLabel::None, "");
+        row("none, then a report, then refused", Step([](Live &live) { QTRY_COMPARE(live.Label("Gain")->GetMark(), RowLabel::Unconfirmed); live->Report("Gain", 11); live->Refuse("Gain", "no"); }), 11, RowLabel::Refused, "no");
         row("none, and an old report", Step([](Live &live) { live->Report("Gain", 10); QTRY_COMPARE(live->Value("Gain").toInt(), 10); }), 10, RowLabel::Unconfirmed, "not confirmed");
         // clang-format on
     }
@@ -394,6 +398,9 @@ private Q_SLOTS:
             = Fetch<Step, int, RowLabel::Mark, QString>({"answer", "value", "mark", "tooltip"});
         Live live;
         live->GetForm()->GetSheet().setAutoApplyEnabled(false);
+        live->SetAnswerTime(60000);
+        live.Enter("Level", "3");
+        live->Apply();
         live->SetAnswerTime(300);
         live.Enter("Gain", "42");
         live->Apply();
@@ -403,28 +410,68 @@ private Q_SLOTS:
         QVERIFY(tooltip.isEmpty() || live.ToolTip("Gain").contains(tooltip));
         if (mark != RowLabel::Refused || value != 10)
             return;
-        // What is refused can be tried again.
+        // What is refused can be tried again, once or twice.
+        live->Refuse("Gain", "still");
         live->UndoStack()->undo();
         QCOMPARE(live->Value("Gain").toInt(), 10);
         live->UndoStack()->redo();
         QCOMPARE(live->Value("Gain").toInt(), 42);
     }
 
+    void aLockTellsWhyAndWaits_data()
+    {
+        const auto row = Columns<bool, int, bool>({"hasRow", "width", "inRow"});
+        row("in the apply row", true, 500, true);
+        row("in a row without room", true, 200, false);
+        row("without a row", false, 500, false);
+    }
     void aLockTellsWhyAndWaits()
     {
-        const Live live;
+        const auto [hasRow, width, inRow] = Fetch<bool, int, bool>({"hasRow", "width", "inRow"});
+        Orbel::SessionOptions options;
+        options.ApplyRow = hasRow;
+        const Live live(Body, QString(), options);
+        live.window->resize(width, 500);
+        QCoreApplication::processEvents();
+        const auto places = [&] {
+            QVector<QRect> all;
+            for (const QWidget *widget : live.window->findChildren<QWidget *>(QRegularExpression("^(?!lockLine)")))
+                all << widget->geometry();
+            return all;
+        };
+        const auto before = places();
         live.Enter("Gain", "42");
         live->Lock("no connection to the receiver");
         auto *line = live.Find<QLabel>("lockLine");
         QVERIFY(line->isVisible() && line->text() == "no connection to the receiver");
-        QVERIFY(live.Find("applyButtonBox")->rect().contains(line->geometry()));
+        const QWidget *const row = live.Find("applyButtonBox");
+        QCOMPARE(row && row->geometry().contains(line->geometry()), inRow);
+        QVERIFY(line->parentWidget()->rect().contains(line->geometry()));
+        QCOMPARE(places(), before);
         QVERIFY(!live.Find("Gain")->isEnabled());
         QVERIFY(live->Report("Level", 7));
-        PassTimersBelow(200);
+        PassTime(200);
         QVERIFY(live.applied.isEmpty());
         live->Unlock();
         QTRY_COMPARE(live.applied.join(", "), QString("Gain 10>42"));
         QVERIFY(!line->isVisible() && live.Find("Gain")->isEnabled());
+    }
+
+    void theFirstControlHasTheFocusWhenItIsFree()
+    {
+        const Live live("<Widget name='Head' class='Headline'/>" + Body, QString(), {}, "not connected");
+        QCOMPARE(live.window->focusWidget()->objectName(), QString("sheet"));
+        live->Unlock();
+        QCOMPARE(live.window->focusWidget()->objectName(), QString("Gain"));
+    }
+
+    void controlsOfOnePathAreToldEach()
+    {
+        const Live live(Widget("one", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/"))
+            + Widget("two", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/")));
+        for (QLineEdit *field : live.window->findChildren<QLineEdit *>())
+            Enter(field, QString::number(live->Changes().size()));
+        QCOMPARE(live.Changes(), QString("one (empty)>0, two (empty)>1"));
     }
 
     void aScriptThatFailsIsTold()
@@ -457,17 +504,22 @@ private Q_SLOTS:
             const Live live("<Widget name='Head' class='Headline'/>" + Body);
             live.Enter("Gain", "42");
             live->GetForm()->GetSheet().SetCollapsed({"Head"});
+            live->GetForm()->GetSheet().SetFontSize(20);
             live->Store(settings, "receiver");
+            store.setProperty("input-disabled", false);
             live->Store(store, "rx");
             QCOMPARE(live->Changes().size(), 1);
+            delete live.window;
+            live->Store(settings, "receiver");
         }
+        QCOMPARE(settings.value("receiver/fontsize").toInt(), 20);
         QCOMPARE(settings.value("receiver/collapsed").toString(), QString("Head"));
         for (const bool isObject : {false, true}) {
-            const Live live("<Widget name='Head' class='Headline'/>" + Body);
+            const Live live("<Widget name='Head' class='Headline'/>" + Body, QString(), {}, "not connected");
             isObject ? live->Restore(store, "rx") : live->Restore(settings, "receiver");
             QCOMPARE(live->Value("Gain"), QVariant(42));
             QCOMPARE(live->GetForm()->GetSheet().GetCollapsed(), QStringList("Head"));
-            QVERIFY(live->Changes().isEmpty());
+            QVERIFY(live->Changes().isEmpty() && !live->GetForm()->IsInputEnabled());
         }
     }
 
@@ -475,7 +527,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("signal");
         QTest::addColumn<QString>("ended");
-        for (const char *signal : {"changed", "changesChanged", "applied", "unanswered", "scriptFailed"}) {
+        for (const char *signal : {"changed", "changesChanged", "applied", "unanswered", "reloaded", "scriptFailed"}) {
             for (const char *ended : {"session", "window", "both", "window, then session"})
                 QTest::addRow("%s ends %s", signal, ended) << signal << ended;
         }
@@ -502,6 +554,8 @@ private Q_SLOTS:
         live.Enter("Gain", "42");
         if (live.window && live.session)
             live->Report("Level", 3);
+        if (live.session)
+            live->Reload("<ZkParamGui>");
         QTRY_VERIFY(isOver);
         if (live.session) {
             QVERIFY(live->Report("Level", 4));

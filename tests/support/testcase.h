@@ -1,6 +1,7 @@
 #pragma once
 
 #include "rows.h"
+#include "testsupport.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -11,8 +12,7 @@
 /// Returns the exit status of QTest::qExec.
 int RunOrbelTest(QObject *test, int argc, char **argv);
 
-/// What a finished test case left behind, as text; empty when nothing was left. Call it in a cleanup() of your own.
-QString LeftOver();
+using Orbel::LeftOver;
 
 /// What the file at the path holds; empty for a file that cannot be read.
 inline QByteArray BytesOf(const QString &path)

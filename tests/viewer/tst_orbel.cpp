@@ -9,6 +9,7 @@ namespace
 {
 
 const QString Receiver = ORBEL_EXAMPLES_DIR "/forms/receiver.orbel";
+const QString AllControls = ORBEL_EXAMPLES_DIR "/forms/all_controls.orbel";
 const QString Components = ORBEL_EXAMPLES_DIR "/forms/components.xml";
 
 /// Sits in front of `orbel view` in a process of its own: waits for the window, edits, applies and closes it.
@@ -91,8 +92,15 @@ private Q_SLOTS:
         add("unknown subcommand", {"parms"}, 2, "\"params\"");
         add("missing file", {"params", missing}, 1, missing + ": No such file");
         add("set at an unknown path", {"params", form, "--set", "Group/frist=1"}, 2, "nearest: \"Group/first\"");
+        add("set at a control without a value", {"params", form, "--set", "note=1"}, 2, "--set note=1: ");
+        add("set what is no state", {"params", Receiver, "--set", "Receiver/Agc=xx"}, 2, "\"xx\" is neither true nor false");
+        add("set what is no choice", {"params", AllControls, "--set", "All/ComboBox=9"}, 2, "--set All/ComboBox=9: ");
+        add("set beyond the limits", {"params", AllControls, "--set", "SpinBox=9999"}, 2, "--set SpinBox=9999: ");
+        add("one version alone", {"params", form, "--from", form}, 2, "go together");
         add("document of another form", {"params", form, "--params", document}, 1, document + ": there is no element");
         add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
+        add("new form of no kind", {"new", "scna"}, 2, "nearest: \"scan\"");
+        add("new form in the place of another", {"new", "-o", form}, 1, form + ": it is there already");
         add("no picture", {"render", form}, 2, "-o OUT.png");
         for (const char *wrong : {"--scale=0.5", "--scale=5", "--scale=nan", "--scale=big"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--scale wants");
@@ -101,6 +109,9 @@ private Q_SLOTS:
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--size wants");
         for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--font-size wants");
+        add("one definition to compare", {"diff", form}, 2, "two definitions");
+        add("definition that is none", {"diff", form, cut}, 2, cut + ":3:1: ");
+        add("format that is none", {"diff", form, form, "--format=yaml"}, 2, "one of text, json");
         add("form cut short", {"strings", cut, "-o", noFolder + ".ts"}, 1, cut + ": line 3: ");
         add("translations malformed", {"strings", form, "-o", Write("cut.ts", "<TS>\n<context>")}, 1, "cut.ts:2: ");
         // clang-format on
@@ -113,6 +124,144 @@ private Q_SLOTS:
         QVERIFY2(result.Err.contains(told), qPrintable(result.Err));
         QVERIFY2(result.Err.startsWith("orbel: "), qPrintable(result.Err));
         QCOMPARE(result.Status, status);
+    }
+
+    void formatWritesOnlyWhatIsLaidOutOtherwise()
+    {
+        QVERIFY(QDir(Folder.path()).mkpath("laidout"));
+        const QString tidy = Write("laidout/tidy.orbel", "<ZkParamGui/>\n");
+        const QString untidy = Write("laidout/untidy.orbel", "<ZkParamGui ></ZkParamGui>");
+        const QString broken = Write("laidout/broken.orbel", "<ZkParamGui>\n <");
+        const auto kept = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+        QVERIFY(QFile::setPermissions(untidy, kept));
+        const Result check = RunCommand({"format", "--check", QFileInfo(tidy).path()});
+        QCOMPARE(check.Out, untidy + ":1: is laid out otherwise from here on\n");
+        QVERIFY2(check.Err.startsWith("orbel: " + broken + ":2:3: "), qPrintable(check.Err));
+        QCOMPARE(check.Status, 1);
+        QCOMPARE(RunCommand({"format", broken, untidy, tidy}).Status, 1);
+        QCOMPARE(BytesOf(broken), QByteArray("<ZkParamGui>\n <"));
+        QCOMPARE(BytesOf(untidy), BytesOf(tidy));
+        QCOMPARE(QFile::permissions(untidy) & (kept | QFile::ReadOther), kept);
+        QCOMPARE(RunCommand({"format", "--check", untidy, tidy}).Status, 0);
+        QProcess piped;
+        piped.setStandardInputFile(tidy);
+        piped.start(ORBEL_COMMAND, {"format", "-"});
+        QVERIFY(piped.waitForFinished());
+        QCOMPARE(piped.readAllStandardOutput(), BytesOf(tidy));
+    }
+
+    void diffEndsAsItIsTold()
+    {
+        const QString form = WriteForm();
+        const QString other = Write("other.orbel", QString(BytesOf(form)).replace("Group/second", "Group/other"));
+        QCOMPARE(RunCommand({"diff", form, form, "--format", "json"}).Out, QString("[\n]\n"));
+        const Result differs = RunCommand({"diff", form, other});
+        QCOMPARE(differs.Out.section('\n', 0, 0),
+            other + ":1: widget \"second\": place in the parameter document: \"Group/second\" -> \"Group/other\"");
+        QCOMPARE(differs.Status, 1);
+        QCOMPARE(RunCommand({"diff", form, form}).Status, 0);
+    }
+
+    void valuesGoToANewVersion_data()
+    {
+        const auto add = Columns<QString, QStringList, QString, QString>({"document", "changes", "printed", "lost"});
+        const QString list = "<L><i index=\"0\">7</i><i index=\"1\">8</i></L>";
+        const QString whole = "<A><n>5</n><c>2</c><b>on</b>" + list + "<t>x</t></A>";
+        const auto with
+            = [&](const QString &before, const QString &after) { return QString(whole).replace(before, after); };
+        // clang-format off
+        add("nothing changed", whole, {}, whole, "");
+        add("places moved, as names tell", whole, {"A/t", "B/C/s"}, with("<t>x</t></A>", "</A><B><C><s>x</s></C></B>"), "");
+        add("name changed, as the place tells", whole, {"name=\"n\"", "name=\"m\""}, whole, "");
+        add("class changed", whole, {"\"SpinBox\"", "\"DoubleSpinBox\""}, with("<n>5", "<n>5"), "");
+        add("choice by its identifier", whole, {">2</V", ">two</V"}, with("<c>2", "<c>two"), "");
+        add("choice gone", whole, {">2</V", ">3</V", "I2", "I3", "Two", "Three"}, with("<c>2", "<c>1"), "\"2\" of \"c\" is no choice of the new version");
+        add("switch with other texts", whole, {">on<", ">1<"}, with(">on<", ">1<"), "");
+        add("beyond the limit", whole, {">9<", ">4<"}, with("<n>5", "<n>4"), "\"5\" of \"A/n\" has become \"4\"");
+        add("items renamed", whole, {">i<", ">j<"}, with("<i", "<j").replace("</i", "</j"), "");
+        add("item gone", whole, {"<Int>2<", "<Int>1<"}, with("<i index=\"1\">8</i>", ""), "An item of \"A/L\" has no place in the new version");
+        add("control gone", whole, {"name=\"t\"", "name=\"u\"", "A/t", "A/u"}, with("<t>x</t>", "<u></u>"), "The new version has no parameter \"A/t\" of \"t\"");
+        add("what no version has", with("<n>", "<x/><n>"), {}, whole, "No control of the former version stands at \"A/x\"");
+        // clang-format on
+    }
+
+    /// `changes` has what is replaced in the form for its new version, each text before its replacement.
+    void valuesGoToANewVersion()
+    {
+        const auto [document, changes, printed, lost]
+            = Fetch<QString, QStringList, QString, QString>({"document", "changes", "printed", "lost"});
+        const auto property = [](const QString &name, const QString &type, const QString &text) {
+            return QString("<Property name=\"%1\"><%2>%3</%2></Property>").arg(name, type, text);
+        };
+        const auto widget = [&](const QString &name, const QString &className, const QString &more) {
+            return QString("<Widget name=\"%1\" class=\"%2\">").arg(name, className) + more
+                + property("parameterXmlTag", "String", "A/" + name) + property("generateParameterXml", "Bool", "true")
+                + "</Widget>";
+        };
+        const auto row = [](const QString &name, const QString &value) {
+            return QString(
+                "<EnumValue><DisplayName>%1</DisplayName><EnumIdentifier>I%2</EnumIdentifier><Value>%2</Value>"
+                "</EnumValue>")
+                .arg(name, value);
+        };
+        const QString form = "<ZkParamGui><Enums><Enum name=\"E\">" + row("One", "1") + row("Two", "2")
+            + "</Enum></Enums><Sheet>" + widget("n", "SpinBox", property("maximum", "Int", "9"))
+            + widget("c", "ComboBox", property("enumName", "String", "E"))
+            + widget(
+                "b", "CheckBox", property("checkedValue", "String", "on") + property("uncheckedValue", "String", "off"))
+            + widget(
+                "L", "SpinBoxList", property("itemCount", "Int", "2") + property("parameterListItemTag", "String", "i"))
+            + widget("t", "LineEdit", "") + "</Sheet></ZkParamGui>";
+        QString later = form;
+        for (int i = 0; i < changes.size(); i += 2)
+            later.replace(changes.at(i), changes.at(i + 1));
+        const QString path = Write("doc.xml", "<Parameters>" + document + "</Parameters>");
+        Result result
+            = RunCommand({"params", "--from", Write("old.orbel", form), "--to", Write("new.orbel", later), path});
+        QCOMPARE(result.Out.remove(QRegularExpression("\\n *")), "<Parameters>" + printed + "</Parameters>");
+        const QRegularExpression told("^(?:orbel: .*/doc.xml:1:\\d+: (.*)\n)?$");
+        QVERIFY2(told.match(result.Err).hasMatch(), qPrintable(result.Err));
+        QCOMPARE(told.match(result.Err).captured(1), lost);
+        QCOMPARE(result.Status, lost.isEmpty() ? 0 : 1);
+    }
+
+    void setTakesWhatDocumentsHoldAndWhatIsShown_data()
+    {
+        const auto add = Columns<QString, QString>({"assignment", "printed"});
+        add("word of a switch", "Receiver/Preamplifier=on", "<Preamplifier>on<");
+        add("value of a choice", "All/ComboBox=3", "<ComboBox>3<");
+        add("display name", "ComboBox=Upper sideband", "<ComboBox>3<");
+        add("items", "SpinBoxList=[3,2,1]", ">3</Item><Item index=\"1\">2</Item><Item index=\"2\">1<");
+        add("range", "FrequencyRangeEdit=[1e6,2e6]", "<StartFrequency>1000000</StartFrequency><StopFrequency>2000000<");
+        add("text like an array", "LineEdit=[1]", "<LineEdit>[1]<");
+    }
+
+    void setTakesWhatDocumentsHoldAndWhatIsShown()
+    {
+        const auto [assignment, printed] = Fetch<QString, QString>({"assignment", "printed"});
+        const QString form = assignment.startsWith("Receiver/") ? Receiver : AllControls;
+        Result result = RunCommand({"params", form, "--set", assignment});
+        QVERIFY2(result.Out.remove(QRegularExpression("\\n *")).contains(printed), qPrintable(result.Out + result.Err));
+    }
+
+    void newFormsAreClean_data()
+    {
+        const auto row = Columns<QString>({"kind"});
+        const QString help = RunCommand({"new", "--help"}).Out;
+        const QRegularExpression kinds("What it is for: ([^.]+)\\.");
+        for (const QString &kind : kinds.match(help).captured(1).split(", "))
+            row(qPrintable(kind), kind);
+    }
+
+    void newFormsAreClean()
+    {
+        const auto [kind] = Fetch<QString>({"kind"});
+        const QString path = Folder.filePath(kind + ".orbel");
+        QCOMPARE(RunCommand({"new", kind, "-o", path}).Status, 0);
+        for (const QStringList &command : {QStringList{"check", "--run"}, QStringList{"format", "--check"}}) {
+            const Result result = RunCommand(command + QStringList{path});
+            QCOMPARE(result.Out + result.Err, QString());
+        }
     }
 
     void nearestNames()

@@ -1,0 +1,97 @@
+#include "formatcommand.h"
+
+#include "commandoptions.h"
+#include "definitionlayout.h"
+#include "inputfile.h"
+#include "messages.h"
+#include "outputfile.h"
+
+#include <QCommandLineParser>
+#include <QDirIterator>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace Orbel
+{
+
+namespace
+{
+
+const QLatin1String Check("check");
+
+/// Each file as it stands, each folder as the definitions in it.
+QStringList FilesOf(const QStringList &arguments)
+{
+    QStringList files;
+    for (const QString &argument : arguments) {
+        if (!QFileInfo(argument).isDir()) {
+            files.append(argument);
+            continue;
+        }
+        QStringList found;
+        QDirIterator walk(argument, {QStringLiteral("*.orbel")}, QDir::Files, QDirIterator::Subdirectories);
+        while (walk.hasNext())
+            found.append(walk.next());
+        std::sort(found.begin(), found.end());
+        files += found;
+    }
+    return files;
+}
+
+/// From 1: the first line in which two texts differ.
+int FirstDifference(const QByteArray &one, const QByteArray &other)
+{
+    const auto shorter = std::min(one.size(), other.size());
+    const auto differs = std::mismatch(one.begin(), one.begin() + shorter, other.begin()).first;
+    return 1 + int(std::count(one.begin(), differs, '\n'));
+}
+
+} // namespace
+
+void FormatCommand::Define(QCommandLineParser &parser) const
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Brings form definitions into the one canonical layout, each in its file. Texts, scripts, comments and\n"
+        "values stay as they stand, character by character. What is malformed is told with its place and left alone."));
+    parser.addPositionalArgument(QStringLiteral("FILE..."),
+        QStringLiteral("Form definitions, or folders with all definitions (\".orbel\") in them; \"-\" reads standard "
+                       "input and prints."),
+        QStringLiteral("FILE..."));
+    parser.addOption(
+        {Check, QStringLiteral("Changes nothing, tells each file that is laid out otherwise, and ends with 1 then.")});
+}
+
+int FormatCommand::Run(const QCommandLineParser &parser)
+{
+    for (const QString &path : FilesOf(Arguments(parser, INT_MAX))) {
+        try {
+            Format(path, parser.isSet(Check));
+        } catch (const Failure &failure) {
+            Complain(failure.Message);
+            Status = failure.Status;
+        }
+    }
+    return Status;
+}
+
+void FormatCommand::Format(const QString &path, bool isCheck)
+{
+    const QByteArray document = ReadFile(path);
+    const DefinitionLayout layout = DefinitionLayout::OfFile(document);
+    if (!layout.GetRefusal().isEmpty()) {
+        const Finding &reason = layout.GetRefusal().constFirst();
+        throw InputFailure(QStringLiteral("%1:%2:%3").arg(path).arg(reason.Line).arg(reason.Column), reason.Text);
+    }
+    const bool isSame = layout.GetDocument() == document;
+    if (isCheck && !isSame) {
+        const int line = FirstDifference(document, layout.GetDocument());
+        std::printf("%s:%d: is laid out otherwise from here on\n", qPrintable(path), line);
+        Status = ekInputAtFault;
+    } else if (!isCheck && (!isSame || path == QLatin1String("-"))) {
+        WriteWhole(path, layout.GetDocument());
+    }
+}
+
+} // namespace Orbel
