@@ -211,6 +211,9 @@ public:
     }
     /// All valid globals of the script, the language's own among them.
     QMap<QString, QScriptValue> GetScriptValues() const;
+    /// Names the file of the definition for debuggers and for exceptions as scripts see them. These count lines as the
+    /// file does from then on, where they count those of the script otherwise. Must come before CreateValueTree().
+    void SetScriptFile(const QString &name);
     /// Attaches a debugger that stops at the next statement; once.
     void DebugScript();
 

@@ -15,6 +15,7 @@
 #include "rendercommand.h"
 #include "schemacommand.h"
 #include "stringscommand.h"
+#include "studiocommand.h"
 #include "viewcommand.h"
 
 #include <QApplication>
@@ -48,6 +49,7 @@ struct Row {
 constexpr Row Table[] = {
     {"new",       "gives a form to start from",                          WithoutDisplay, Make<NewCommand>},
     {"view",      "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
+    {"studio",    "shows a form live while its author edits it",         OnDisplay,      Make<StudioCommand>},
     {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
