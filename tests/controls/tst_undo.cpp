@@ -349,7 +349,7 @@ private Q_SLOTS:
         auto *command = new HostsCommand;
         stack->push(command);
         stack->undo();
-        PassEvents();
+        QCoreApplication::processEvents();
         command->Act = [&live, waits = waits, takesBack = takesBack] {
             live.Find("gain")->setFocus();
             QEventLoop loop;

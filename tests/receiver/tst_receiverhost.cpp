@@ -85,7 +85,7 @@ private Q_SLOTS:
         const QStringList search{"search", "--onlyvisible", "--name", Port};
         QTRY_VERIFY_WITH_TIMEOUT(!(Window = XOperator::Run(search)).isEmpty(), 30000);
         XOperator::Run({"windowfocus", "--sync", Window});
-        QTRY_VERIFY2(IsConnected(), Title());
+        QTRY_VERIFY2(IsConnected(), qPrintable(Title()));
     }
     void cleanup()
     {
@@ -169,7 +169,7 @@ private Q_SLOTS:
     {
         for (const char *keys : {"alt+v", "Down", "Down", "Return"})
             XOperator::Press(keys);
-        QTRY_VERIFY2(Title().endsWith("(verbunden)"), Title());
+        QTRY_VERIFY2(Title().endsWith("(verbunden)"), qPrintable(Title()));
         Tune("666 MHz");
         QTRY_VERIFY2(Told.contains("Tuning/Frequency: Einstellung ist gesch"), Told);
         const auto darkness = [] {
