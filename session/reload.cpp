@@ -29,9 +29,9 @@ namespace
 // How often to look whether a form has come to rest.
 constexpr int MillisecondsOfRest = 50;
 // How long nobody may write into a file before it is read.
-constexpr int MillisecondsOfQuiet = 100;
+constexpr int MillisecondsOfQuiet = 25;
 // How often a file that breaks off is read again before its mistakes are told.
-constexpr int MostTries = 10;
+constexpr int MostTries = 40;
 
 bool HasErrors(const QVector<Finding> &findings)
 {

@@ -11,6 +11,7 @@
 #include <QVariant>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 
 class QSettings;
@@ -36,6 +37,9 @@ struct SessionOptions {
     QString NodePath;
     /// As Session::SetScriptLimit(), for the start of the script, too.
     int ScriptLimit = 0;
+    /// Called with each new form, the first one and those of reloads, before it has nodes and before its script runs:
+    /// to give it script values, or a debugger. May be empty.
+    std::function<void(KV218::OrbelFormular &)> Prepare = {};
 };
 
 /// What opening gave: the session, and all that the checker has to say of the definition, with places. Without a

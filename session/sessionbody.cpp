@@ -65,6 +65,8 @@ SessionBody::Form SessionBody::NewForm(const Definition &definition)
         return form;
     form->SetScriptLimit(Options.ScriptLimit);
     connect(form.data(), &OrbelFormular::si_scriptFailed, this, &SessionBody::TellScript);
+    if (Options.Prepare)
+        Options.Prepare(*form);
     return form;
 }
 

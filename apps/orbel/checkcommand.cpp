@@ -3,10 +3,13 @@
 #include "checkjson.h"
 #include "checkrun.h"
 #include "commandoptions.h"
+#include "expandedtemplate.h"
 #include "inputfile.h"
 #include "messages.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -60,7 +63,8 @@ void CheckCommand::Define(QCommandLineParser &parser) const
         "Tells the mistakes in form definitions and component lists, one a line, in the order of the file:\n"
         "FILE:LINE:COLUMN: error|warning|note: text [code]. Ends with 1 when there are errors or warnings."));
     parser.addPositionalArgument(QStringLiteral("FILE..."),
-        QStringLiteral("Form definitions, whose names end in \".orbel\", and component lists."),
+        QStringLiteral(
+            "Form definitions, whose names end in \".orbel\", templates (\".orbelt\"), and component lists."),
         QStringLiteral("FILE..."));
     QCommandLineOption runHere(RunHere, QString(), QStringLiteral("KIND"));
     runHere.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -86,14 +90,11 @@ int CheckCommand::Run(const QCommandLineParser &parser)
         return ekFine;
     }
     if (parser.isSet(RunHere)) {
-        PrintText(FindingsToJson(RunForms(parser.value(RunHere) == ListKind)));
+        PrintText(FindingsToJson(RunForms(KindOf(parser.value(RunHere)))));
         return ekFine;
     }
     const QStringList paths = Arguments(parser, INT_MAX);
-    for (const QString &option : {QString(Params), QString(Changed)}) {
-        if (parser.isSet(option) && (paths.size() > 1 || IsComponentList(paths.constFirst())))
-            throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
-    }
+    IsAlone = paths.size() == 1;
     for (const QString &path : paths) {
         try {
             CheckFile(path);
@@ -108,20 +109,44 @@ int CheckCommand::Run(const QCommandLineParser &parser)
 
 void CheckCommand::CheckFile(const QString &path)
 {
-    const QByteArray document = ReadFile(path);
-    const bool isList = IsComponentList(path);
-    Findings findings = isList ? Check::ComponentList(document) : Check::Definition(document);
+    const InputFile input = WithTemplate(ReadInput(path));
+    for (const QString &option : {QString(Params), QString(Changed)}) {
+        if (Parser->isSet(option) && (!IsAlone || input.Kind != DocumentKind::Definition))
+            throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
+    }
+    const bool isList = input.Kind == DocumentKind::List;
+    const auto check = isList                  ? Check::ComponentList
+        : input.Kind == DocumentKind::Template ? Check::Template
+                                               : Check::Definition;
+    Findings findings = check(input.Bytes);
     if (isList)
-        TellName(document, findings);
+        TellName(input.Bytes, findings);
     if (Parser->isSet(RunOption)) {
-        findings += RunInProcess(document, isList);
+        findings += RunInProcess(input);
         std::stable_sort(findings.begin(), findings.end(), IsBefore);
     }
-    Take(path, findings);
+    Take(input.Path, findings);
     for (const QString &option : {QString(Changed), QString(Params)}) {
         if (Parser->isSet(option))
-            CheckAgainst(option, document);
+            CheckAgainst(option, input.Bytes);
     }
+}
+
+/// Of a definition that is made from a template that template, so that places are those where its author writes.
+InputFile CheckCommand::WithTemplate(const InputFile &input)
+{
+    const QString name = input.Kind == DocumentKind::Definition ? ExpandedTemplate::NamedIn(input.Bytes) : QString();
+    const QString path = QDir::cleanPath(QFileInfo(input.Path).dir().filePath(name));
+    const bool isAgainst = Parser->isSet(Params) || Parser->isSet(Changed);
+    if (name.isEmpty() || isAgainst || !QFileInfo(path).isFile())
+        return input;
+    const InputFile source = ReadInput(path);
+    if (source.Kind == DocumentKind::Template && ExpandedTemplate(source.Bytes, name).GetDefinition() == input.Bytes)
+        return source;
+    Complain(QStringLiteral("%1: it is no longer what its template %2 gives; \"orbel expand\" makes it anew")
+                 .arg(input.Path, path));
+    Status = ekInputAtFault;
+    return input;
 }
 
 void CheckCommand::CheckAgainst(const QString &option, const QByteArray &form)

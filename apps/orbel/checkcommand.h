@@ -1,6 +1,7 @@
 #pragma once
 
 #include "failure.h"
+#include "inputfile.h"
 #include "orbelcheck.h"
 #include "subcommand.h"
 
@@ -16,6 +17,7 @@ public:
 
 private:
     void CheckFile(const QString &path);
+    InputFile WithTemplate(const InputFile &input);
     void CheckAgainst(const QString &option, const QByteArray &form);
     void Take(const QString &path, const Findings &findings);
     void Print() const;
@@ -27,6 +29,7 @@ private:
 
     const QCommandLineParser *Parser = nullptr;
     QVector<Line> Lines;
+    bool IsAlone = true; ///< There is one FILE.
     ExitStatus Status = ekFine;
 };
 

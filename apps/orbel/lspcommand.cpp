@@ -1,5 +1,6 @@
 #include "lspcommand.h"
 
+#include "checkprocess.h"
 #include "serverconnection.h"
 
 #include <QApplication>
@@ -25,7 +26,10 @@ int LspCommand::Run(const QCommandLineParser &parser)
     if (!parser.positionalArguments().isEmpty())
         throw UsageFailure(
             QStringLiteral("there is one argument too many: \"%1\"").arg(parser.positionalArguments().constFirst()));
-    const ServerConnection connection(fileno(stdin), fileno(stdout));
+    ServerConnection connection(fileno(stdin), fileno(stdout));
+    connection.GetServer().SetRun([&](const QByteArray &document, bool isList, const CheckProcess::Done &done) {
+        new CheckProcess(document, isList, done, &connection.GetServer());
+    });
     return QApplication::exec();
 }
 

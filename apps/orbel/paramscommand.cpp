@@ -155,9 +155,9 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     const QByteArray document = ReadWhole(path);
     const FormFile former(parser.value(From));
     const FormFile later(parser.value(To));
-    if (former.IsList() || later.IsList())
+    if (!former.IsDefinition() || !later.IsDefinition())
         throw UsageFailure(QStringLiteral("--from and --to want form definitions (\".orbel\")"));
-    ParameterCarry carry(document, ReadFile(former.GetPath()), ReadFile(later.GetPath()));
+    ParameterCarry carry(document, former.GetBytes(), later.GetBytes());
     const FormFile::Form form = later.Parse(QString());
     TellScriptExceptions(*form, later.GetPath());
     form->CreateValueTree(QStringLiteral("/Form"));

@@ -21,6 +21,7 @@ Findings Find(BrokenForm::Kind kind, const QString &text)
     return kind == BrokenForm::Definition ? Check::Definition(bytes)
         : kind == BrokenForm::List        ? Check::ComponentList(bytes)
         : kind == BrokenForm::Change      ? Check::Changed(bytes, plain)
+        : kind == BrokenForm::Template    ? Check::Template(bytes)
         : kind == BrokenForm::Parameters  ? Check::Parameters(bytes, plain)
                                           : Check::RunDefinition(bytes, 1000);
 }

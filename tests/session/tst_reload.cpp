@@ -50,8 +50,9 @@ QString Document(const QString &body, const QString &script = {})
 }
 
 /// A form in the window of a host, in front of another control.
-struct Live {
-    explicit Live(const QString &body, const QString &path = "/Form") : form(Parse(Document(body)))
+struct Live : Orbel::FormOperator {
+    explicit Live(const QString &body, const QString &path = "/Form")
+        : FormOperator(nullptr), form(Parse(Document(body)))
     {
         form->CreateValueTree(path);
         form->CreateGUI(true);
@@ -79,12 +80,7 @@ struct Live {
     OrbelDelegate *Get(const QString &name) const { return Delegate(form, name); }
     QString Value(const QString &name) const { return form->GetVTValue(name)->GetStringValue(); }
     QUndoStack *Stack() const { return form->GetUndoStack(); }
-    void Enter(const QString &name, const QString &text) const
-    {
-        TypeOver(Find(name), text);
-        QTest::keyClick(Find(name), Qt::Key_Return);
-        PassTime(0);
-    }
+    OrbelFormular *GetForm() const override { return form.data(); }
     /// Name, text, caret and selection of the field with the focus.
     QString Focus() const
     {
@@ -542,7 +538,7 @@ private:
             {"the order of Tab", Gain() + Line(), nothing, Line() + Gain(), [](Live &live) { QStringList names; for (QWidget *next = live.window.nextInFocusChain(); next != &live.window; next = next->nextInFocusChain()) if (next->focusPolicy() & Qt::TabFocus && !next->focusProxy() && next->isVisible()) names << next->objectName(); return names.join(' '); }, "text gain applyButton autoApply "},
             {"a cell that is being typed", Table, [](Live &live) { QTest::keyClicks(OpenCell(live.window.findChild<QTableWidget *>(), 2, 1), "abc"); }, Gain() + Table, [](Live &live) { const auto *table = live.window.findChild<QTableWidget *>(); return QString("%1/%2 ").arg(table->currentRow()).arg(table->currentColumn()) + live.Focus(); }, "the same"},
             {"selected cells", Table, [](Live &live) { live.window.findChild<QTableWidget *>()->setRangeSelected({1, 0, 2, 1}, true); }, Table + Gain(), [](Live &live) { return QString::number(live.window.findChild<QTableWidget *>()->selectedItems().size() + live.window.findChild<QTableWidget *>()->selectionModel()->selectedIndexes().size()); }, "the same"},
-            {"cells by row and column", Table, [](Live &live) { auto *cell = OpenCell(live.window.findChild<QTableWidget *>(), 1, 1); TypeOver(cell, "abc"); QTest::keyClick(cell, Qt::Key_Return); PassTime(0); }, Labelled("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
+            {"cells by row and column", Table, [](Live &live) { live.Enter("table[1,1]", "abc"); }, Labelled("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
             {"the place to which it was scrolled", Rows(), [](Live &live) { live.window.findChild<QScrollArea *>()->verticalScrollBar()->setValue(300); }, Line() + Rows(3), [](Live &live) { return QString::number(live.Top("row20")); }, "the same"},
             {"collapsed groups", Group("a") + Gain() + Group("b") + Line(), [](Live &live) { live.form->GetSheet().SetCollapsed({"b"}); }, Group("c") + Gain() + Group("b") + Line(), [](Live &live) { return live.form->GetSheet().GetCollapsed().join(' '); }, "b"},
             {"the undo stack", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Stack()->undo(); }, Line() + Gain(), undo, "the same"},

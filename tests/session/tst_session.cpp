@@ -1,12 +1,11 @@
 // A host's session: how it opens, what the device reports beside an operator, what he changes and what becomes of it.
 
 #include "fieldnote.h"
+#include "formtest.h"
 #include "liveform.h"
-#include "session.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QToolTip>
 #include <QUndoStack>
 
 namespace
@@ -30,82 +29,63 @@ const QString Body
     + Control("Name", "LineEdit", {"text=String:north"}) + Control("On", "CheckBox", {"checked=Bool:false"})
     + Control("Mode", "ComboBox", {"enumName=String:Modes", "currentValue=String:1"});
 
-/// A session with its window on the screen. Automatic apply waits 100 ms.
-struct Live {
+/// Automatic apply waits 100 ms.
+struct Live : Orbel::FormTest {
     explicit Live(const QString &body = Body, const QString &script = QString(),
         const Orbel::SessionOptions &options = {}, const QString &lock = {})
+        : FormTest(Open(body, script, options, lock))
     {
-        const QString timeout = "<Properties><Property name='autoApplyTimeout'><Int>100</Int></Property></Properties>";
-        const QString form = Definition(timeout + body, "<Script><![CDATA[" + script + "]]></Script>");
+        SetAutoApply(100);
+    }
+    static Orbel::Opening Open(
+        const QString &body, const QString &script, const Orbel::SessionOptions &options, const QString &lock)
+    {
+        const QString form = Definition(body, "<Script><![CDATA[" + script + "]]></Script>");
         Orbel::Opening opening = Session::OpenText(
             QString(form).replace("<Sheet", Enum("Modes", "AM=1 FM=2 SSB=3") + "<Sheet").toUtf8(), options);
-        session = std::move(opening.Opened);
-        window = session->GetWidget();
-        window->resize(500, 500);
-        session->Lock(lock);
-        window->show();
-        QApplication::setActiveWindow(window);
-        QObject::connect(session.get(), &Session::applied, session.get(),
-            [this](const QVector<Orbel::Change> &changes, const QString &document) {
-                for (const Orbel::Change &change : changes)
-                    applied << QString("%1 %2>%3").arg(change.Path, change.Old.toString(), change.New.toString());
-                documents << document;
-            });
+        opening.Opened->Lock(lock);
+        return opening;
     }
-    Session *operator->() const { return session.get(); }
-    template <class Widget = QWidget> Widget *Find(const QString &name) const
-    {
-        return window->findChild<Widget *>(name);
-    }
-    RowLabel *Label(const QString &name) const { return Find<RowLabel>("label" + name); }
     /// What the device says behind what the control says itself.
-    QString DeviceText(const QString &name) const
-    {
-        QHelpEvent asked(QEvent::ToolTip, QPoint(), QPoint());
-        QCoreApplication::sendEvent(Label(name), &asked);
-        const QString text = asked.isAccepted() ? QToolTip::text().replace(QChar::Nbsp, ' ') : QString();
-        for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window->inherits("QTipLabel"))
-                delete window;
-        }
-        return text.section(QRegularExpression("<br>|<html>"), -1);
-    }
-    void Enter(const QString &name, const QString &text) const
-    {
-        TypeOver(Find(name), text);
-        QTest::keyClick(Find(name), Qt::Key_Return);
-    }
+    QString DeviceText(const QString &name) const { return ToolTip(name).section('\n', -1); }
     /// What is to be seen of the gain, when all is told; whether there is something to apply; what is changed, and what
     /// was applied since this was asked: "20 dB refused (too loud) * Gain 42 dB>20 dB [Gain 10>42]".
     QString State()
     {
         QCoreApplication::processEvents();
-        const RowLabel::Mark mark = Label("Gain")->GetMark();
-        QStringList parts{Find<QDoubleSpinBox>("Gain")->text()};
-        parts << QStringList{"", "changed", "unconfirmed", "differs", "refused"}.at(mark);
+        const RowLabel::Mark mark = Mark("Gain");
+        QStringList parts{Shown("Gain"), QStringList{"", "changed", "unconfirmed", "differs", "refused"}.at(mark)};
         if (mark > RowLabel::Changed)
             parts << '(' + DeviceText("Gain") + ')';
-        parts << (Find("applyButton")->isEnabled() ? "*" : "") << Changes();
-        if (!applied.isEmpty())
-            parts << '[' + std::exchange(applied, {}).join(", ") + ']';
+        parts << (CanEdit("applyButton") ? "*" : "");
+        QStringList changed, applied;
+        for (const Orbel::Change &change : (*this)->Changes())
+            changed << QString("%1 %2>%3").arg(change.Label, change.OldText, change.NewText);
+        for (const Orbel::Applied &each : TakeApplied()) {
+            for (const Orbel::Change &change : each.Changes)
+                applied << QString("%1 %2>%3").arg(change.Path, change.Old.toString(), change.New.toString());
+        }
+        parts << changed.join(", ") << (applied.isEmpty() ? "" : '[' + applied.join(", ") + ']');
         return parts.filter(QRegularExpression(".")).join(' ');
     }
     /// Steps of operator, host and device, parted by "; ": "enter Gain 42; apply; = 42 dB [Gain 10>42]". A step that
     /// begins with = tells State().
     void Do(const QString &steps)
     {
+        QString preset;
         for (const QString &step : steps.split("; ")) {
             const QString act = step.section(' ', 0, 0), name = step.section(' ', 1, 1), text = step.section(' ', 2);
+            Session *const session = GetSession();
             if (act == "=")
                 QCOMPARE(State(), step.mid(2));
             else if (act == "enter")
                 Enter(name, text);
             else if (act == "type")
-                TypeOver(Find(name), text);
+                Type(name, text);
             else if (act == "escape")
-                QTest::keyClick(Find(name), Qt::Key_Escape);
+                Press("Escape");
             else if (act == "report")
-                QVERIFY(session->Report(name, text));
+                Report(name, text);
             else if (act == "take")
                 session->TakeReported(name);
             else if (act == "refuse")
@@ -117,7 +97,7 @@ struct Live {
             else if (act == "time")
                 session->SetAnswerTime(name.toInt());
             else if (act == "late")
-                QTRY_COMPARE(Label("Gain")->GetMark(), RowLabel::Unconfirmed);
+                QTRY_COMPARE(Mark("Gain"), RowLabel::Unconfirmed);
             else if (act == "keep")
                 preset = session->Document();
             else if (act == "preset")
@@ -128,19 +108,6 @@ struct Live {
                 session->UndoStack()->setIndex(session->UndoStack()->index() + (act == "undo" ? -1 : 1));
         }
     }
-    QString Changes() const
-    {
-        QStringList texts;
-        for (const Orbel::Change &change : session->Changes())
-            texts << QString("%1 %2>%3").arg(change.Label, change.OldText, change.NewText);
-        return texts.join(", ");
-    }
-
-    std::unique_ptr<Session> session;
-    QPointer<QWidget> window;
-    QStringList applied;
-    QStringList documents;
-    QString preset;
 };
 
 } // namespace
@@ -233,7 +200,7 @@ private Q_SLOTS:
     void aWrongValueChangesNothing()
     {
         const auto [path, value, told] = Fetch<QString, QVariant, QString>({"path", "value", "told"});
-        const Live live(Body + Control("Range", "FrequencyRangeEdit", {}));
+        Live live(Body + Control("Range", "FrequencyRangeEdit", {}));
         const QString before = live->Document();
         QString error;
         QVERIFY(!live->Report(path, value, &error));
@@ -247,8 +214,8 @@ private Q_SLOTS:
 
     void controlsAreTold()
     {
-        const Live live;
-        const Live other; // on another node path
+        Live live;
+        Live other; // on another node path
         QVERIFY(other->Report("Gain", 33) && live->Value("Gain") == 10);
         const QVector<Orbel::ControlInfo> controls = live->Controls();
         QCOMPARE(controls.size(), 6);
@@ -299,26 +266,21 @@ private Q_SLOTS:
     {
         QFETCH(QString, steps);
         Live live;
-        live->GetForm()->GetSheet().setAutoApplyEnabled(false);
+        live.SetAutoApply(-1);
         live.Do(steps);
         Orbel::FieldNote::Hide(live.Find("Gain"));
     }
 
     void theMenuOffersWhatTheDeviceHas()
     {
-        const Live live;
+        Live live;
         live.Enter("Gain", "42");
         live->Report("Gain", 20);
-        QTRY_VERIFY(live.Find("changesButton")->isVisible());
-        live.Find<QToolButton>("changesButton")->click();
-        QTRY_VERIFY(live.Find("changesMenu"));
-        for (QAction *entry : live.Find("changesMenu")->actions()) {
-            if (entry->text() == "Take from the device: Gain 20 dB")
-                entry->trigger();
-        }
-        live.Find("changesMenu")->close();
-        QTRY_COMPARE(live->Value("Gain"), QVariant(20));
-        QTRY_VERIFY(live->Changes().isEmpty() && live.Label("Gain")->GetMark() == RowLabel::None);
+        QTRY_VERIFY(live.IsShown("changesButton"));
+        live.Click("changesButton");
+        live.ChooseEntry("Take from the device: Gain 20 dB");
+        QCOMPARE(live->Value("Gain"), QVariant(20));
+        QVERIFY(live->Changes().isEmpty() && live.Mark("Gain") == RowLabel::None);
     }
 
     /// Real keys between the reports of a device that never rests.
@@ -327,7 +289,7 @@ private Q_SLOTS:
         QString many;
         for (int i = 0; i < 200; ++i)
             many += Control(QString("M%1").arg(i), "DoubleSpinBox", {"value=Double:0"});
-        const Live live(Body + many);
+        Live live(Body + many);
         int reports = 0;
         QTimer device;
         QObject::connect(&device, &QTimer::timeout, [&] {
@@ -342,28 +304,26 @@ private Q_SLOTS:
         const auto pass = [&](int count) { QTRY_VERIFY(reports >= count); };
         pass(2);
         auto *tuned = live.Find<QLineEdit>("Tuned");
-        tuned->setFocus();
+        live.Focus("Tuned");
         tuned->selectAll();
         pass(4);
         QCOMPARE(tuned->selectedText(), tuned->text());
         QVERIFY(tuned->hasFocus());
-        auto *gain = live.Find<QDoubleSpinBox>("Gain");
-        gain->setFocus();
-        QTest::keyClick(gain, Qt::Key_A, Qt::ControlModifier);
-        for (const char key : {'4', '2'}) {
-            QTest::keyClick(gain, key);
+        live.Focus("Gain");
+        for (const char *key : {"Ctrl+A", "4", "2"}) {
+            live.Press(key);
             pass(reports + 2);
         }
-        QCOMPARE(gain->text(), QString("42 dB"));
+        QCOMPARE(live.Shown("Gain"), QString("42 dB"));
         QCOMPARE(live->UndoStack()->count(), 0);
-        QVERIFY(live.applied.isEmpty());
-        QSignalSpy changed(live.session.get(), &Session::changed);
-        QTest::keyClick(gain, Qt::Key_Return);
+        QVERIFY(live.TakeApplied().isEmpty());
+        QSignalSpy changed(live.GetSession(), &Session::changed);
+        live.Press("Return");
         QCOMPARE(changed.size(), 1);
-        QTRY_COMPARE(live.applied.size(), 1);
-        QVERIFY2(QRegularExpression("Gain 2[0-4]>42").match(live.applied.first()).hasMatch(),
-            qPrintable(live.applied.first()));
-        QVERIFY(live.documents.first().contains("<Gain>42</Gain>") && !live.documents.first().contains("Level"));
+        const Orbel::Applied sent = live.WaitForApplied();
+        QVERIFY2(
+            QRegularExpression("^Gain: 2[0-4] dB -> 42 dB$").match(sent.Text()).hasMatch(), qPrintable(sent.Text()));
+        QVERIFY(sent.Document.contains("<Gain>42</Gain>") && !sent.Document.contains("Level"));
         QTRY_VERIFY(live->Value("Gain") != 42);
         QCOMPARE(live->UndoStack()->count(), 1);
         device.stop();
@@ -382,69 +342,69 @@ private Q_SLOTS:
         const auto [hasRow, width, inRow] = Fetch<bool, int, bool>({"hasRow", "width", "inRow"});
         Orbel::SessionOptions options;
         options.ApplyRow = hasRow;
-        const Live live(Body, QString(), options);
-        live.window->resize(width, 500);
+        Live live(Body, QString(), options);
+        live->GetWidget()->resize(width, 500);
         QCoreApplication::processEvents();
         const auto places = [&] {
             QVector<QRect> all;
-            for (const QWidget *widget : live.window->findChildren<QWidget *>(QRegularExpression("^(?!lockLine)")))
+            for (const QWidget *widget :
+                live->GetWidget()->findChildren<QWidget *>(QRegularExpression("^(?!lockLine)")))
                 all << widget->geometry();
             return all;
         };
         const auto before = places();
-        live.Enter("Gain", "42");
+        live.Type("Gain", "42");
+        // Without a row a change is on its way at once.
+        QTest::keyClick(live.Find("Gain"), Qt::Key_Return);
         live->Lock("no connection to the receiver");
         auto *line = live.Find<QLabel>("lockLine");
         QVERIFY(line->isVisible() && line->text() == "no connection to the receiver");
-        const QWidget *const row = live.Find("applyButtonBox");
+        const auto *const row = live->GetWidget()->findChild<QWidget *>("applyButtonBox");
         QCOMPARE(row && row->geometry().contains(line->geometry()), inRow);
         QVERIFY(line->parentWidget()->rect().contains(line->geometry()));
         QCOMPARE(places(), before);
-        QVERIFY(!live.Find("Gain")->isEnabled());
+        QVERIFY(!live.CanEdit("Gain"));
         QVERIFY(live->Report("Level", 7));
         PassTime(200);
-        QVERIFY(live.applied.isEmpty());
+        QVERIFY(live.TakeApplied().isEmpty());
         live->Unlock();
-        QTRY_COMPARE(live.applied.join(", "), QString("Gain 10>42"));
-        QVERIFY(!line->isVisible() && live.Find("Gain")->isEnabled());
+        QCOMPARE(live.WaitForApplied().Text(), QString("Gain: 10 dB -> 42 dB"));
+        QVERIFY(!line->isVisible() && live.CanEdit("Gain"));
     }
 
     void theFirstControlHasTheFocusWhenItIsFree()
     {
-        const Live live("<Widget name='Head' class='Headline'/>" + Body, QString(), {}, "not connected");
-        QCOMPARE(live.window->focusWidget()->objectName(), QString("sheet"));
+        Live live("<Widget name='Head' class='Headline'/>" + Body, QString(), {}, "not connected");
+        QCOMPARE(live.Focused(), QString("sheet"));
         live->Unlock();
-        QCOMPARE(live.window->focusWidget()->objectName(), QString("Gain"));
+        QCOMPARE(live.Focused(), QString("Gain"));
     }
 
     void controlsOfOnePathAreToldEach()
     {
-        const Live live(Widget("one", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/"))
+        Live live(Widget("one", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/"))
             + Widget("two", "LineEdit", Usable + QStringList("parameterXmlTag=String:a/")));
-        for (QLineEdit *field : live.window->findChildren<QLineEdit *>())
-            TypeOver(field, "south");
-        live->GetForm()->FinishEditing();
-        QCOMPARE(live.Changes(), QString("one (empty)>south, two (empty)>south"));
+        live.SetAutoApply(-1);
+        for (const char *name : {"one", "two"}) {
+            live.Type(name, name);
+            live.Press("Tab");
+        }
+        QCOMPARE(live.Changes(), QString("a/: (empty) -> one; a/: (empty) -> two"));
     }
 
     void aScriptThatFailsIsTold()
     {
         Orbel::SessionOptions options;
         options.ScriptLimit = 200;
-        const Live live(Body,
+        Live live(Body,
             "\nGain.valueChanged.connect(function(v) { if (v == 30) missing(); while (v == 31) {} "
             "});\nnothing.there();",
             options);
-        QSignalSpy failed(live.session.get(), &Session::scriptFailed);
-        QTRY_COMPARE(failed.size(), 1);
-        QCOMPARE(failed.first().at(1).toInt(), 3);
-        QVERIFY(failed.first().at(2).toString().contains("nothing"));
+        QVERIFY(QRegularExpression("^3: .*nothing").match(live.WaitForScriptError()).hasMatch());
         live->Report("Gain", 30);
-        QTRY_COMPARE(failed.size(), 2);
-        QCOMPARE(failed.last().at(1).toInt(), 2);
+        QVERIFY(QRegularExpression("^2: .*missing").match(live.WaitForScriptError()).hasMatch());
         live->Report("Gain", 31);
-        QTRY_COMPARE(failed.size(), 3);
-        QVERIFY(failed.last().at(2).toString().contains("200 ms"));
+        QVERIFY(live.WaitForScriptError().contains("200 ms"));
         QCOMPARE(live->Value("Gain"), QVariant(31));
     }
 
@@ -454,7 +414,7 @@ private Q_SLOTS:
         QSettings settings(folder.filePath("host.ini"), QSettings::IniFormat);
         QObject store;
         {
-            const Live live("<Widget name='Head' class='Headline'/>" + Body);
+            Live live("<Widget name='Head' class='Headline'/>" + Body);
             live.Enter("Gain", "42");
             live->GetForm()->GetSheet().SetCollapsed({"Head"});
             live->GetForm()->GetSheet().SetFontSize(20);
@@ -462,13 +422,13 @@ private Q_SLOTS:
             store.setProperty("input-disabled", false);
             live->Store(store, "rx");
             QCOMPARE(live->Changes().size(), 1);
-            delete live.window;
+            delete live->GetWidget();
             live->Store(settings, "receiver");
         }
         QCOMPARE(settings.value("receiver/fontsize").toInt(), 20);
         QCOMPARE(settings.value("receiver/collapsed").toString(), QString("Head"));
         for (const bool isObject : {false, true}) {
-            const Live live("<Widget name='Head' class='Headline'/>" + Body, QString(), {}, "not connected");
+            Live live("<Widget name='Head' class='Headline'/>" + Body, QString(), {}, "not connected");
             isObject ? live->Restore(store, "rx") : live->Restore(settings, "receiver");
             QCOMPARE(live->Value("Gain"), QVariant(42));
             QCOMPARE(live->GetForm()->GetSheet().GetCollapsed(), QStringList("Head"));
@@ -490,32 +450,35 @@ private Q_SLOTS:
         QFETCH(QString, signal);
         QFETCH(QString, ended);
         Live live(Body, "Gain.valueChanged.connect(function() { missing(); });");
+        const QPointer<QWidget> window = live->GetWidget();
         QWidget host;
         if (ended == "both")
-            live.window->setParent(&host);
+            window->setParent(&host);
+        host.show();
         bool isOver = false;
         EventLog log;
-        log.Watch("session", live.session.get());
+        log.Watch("session", live.GetSession());
         log.On("session." + signal, [&] {
             isOver = true;
             if (ended != "session")
-                delete live.window.data();
+                delete window.data();
             if (ended != "window")
-                live.session.reset();
+                live.EndSession();
         });
         live->SetAnswerTime(1);
         live.Enter("Gain", "42");
-        if (live.window && live.session)
+        if (window && live.GetSession())
             live->Report("Level", 3);
-        if (live.session)
+        if (live.GetSession())
             live->Reload("<ZkParamGui>");
         QTRY_VERIFY(isOver);
-        if (live.session) {
+        if (live.GetSession()) {
             QVERIFY(live->Report("Level", 4));
             live->Apply();
             QCOMPARE(live->Value("Level"), QVariant(4.0));
         }
-        QCOMPARE(live.window.isNull() || ended == "session", true);
+        QCOMPARE(window.isNull() || ended == "session", true);
+        live.TakeScriptErrors();
     }
 };
 
