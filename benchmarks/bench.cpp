@@ -591,7 +591,8 @@ Cell ReportSecond(int values)
         for (const int control : spins)
             byHand.Spin(work::NameOf(control))->setValue(work::SpinValue(control, version));
     };
-    return Compare([&] { return second(ours); }, [&] { return second(raw); }, Repeats);
+    // A second of the peer's may take many of the processor's.
+    return Compare([&] { return second(ours); }, [&] { return second(raw); }, qMin(Repeats, 5));
 }
 
 Cell ReportSecondOf200(int)
