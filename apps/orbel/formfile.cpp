@@ -55,7 +55,7 @@ void FormFile::ReadTemplate()
 {
     const ExpandedTemplate expanded(Input.Bytes);
     for (const Finding &error : expanded.GetErrors()) {
-        Complain(QStringLiteral("%1:%2:%3: %4").arg(Input.Path).arg(error.Line).arg(error.Column).arg(error.Text));
+        Complain(PlaceIn(Input.Path, error.Line, error.Column) + QLatin1String(": ") + error.Text);
         Status = ekInputAtFault;
     }
     if (HoldsForm(expanded.GetDefinition(), Input.Path))

@@ -168,7 +168,7 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     carry.Compare(held);
     WriteDocument(held);
     for (const LostParameter &lost : carry.GetLost())
-        Complain(QStringLiteral("%1:%2:%3: %4").arg(path).arg(lost.Line).arg(lost.Column).arg(lost.Text));
+        Complain(PlaceIn(path, lost.Line, lost.Column) + QLatin1String(": ") + lost.Text);
     return carry.GetLost().isEmpty() ? qMax(former.GetStatus(), later.GetStatus()) : ekInputAtFault;
 }
 

@@ -63,6 +63,8 @@ public:
     int PlaceOfAttribute(int element, QLatin1String name) const;
     int PlaceOfText(int element) const;
     int PlaceOf(const Attribute &attribute) const { return Source.OffsetOf(attribute.Offset); }
+    /// Of a character of the document's text.
+    int PlaceAt(int offset) const { return Source.OffsetOf(offset); }
     int PlaceOfError() const { return Source.OffsetOf(ErrorOffset); }
 
     /// Texts with the place of each character.
