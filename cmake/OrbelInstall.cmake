@@ -7,9 +7,12 @@ set(generated "${PROJECT_BINARY_DIR}/package")
 file(RELATIVE_PATH pc_to_prefix "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 
 # orbel_install_library(Component PKGCONFIG "name..."): library, headers, CMake targets and the pkg-config file, which
-# names what it takes from other packages.
+# names what it takes from other packages. PART is where the library itself goes, Runtime unless stated.
 function(orbel_install_library component)
-    cmake_parse_arguments(arg "" "TEXT;REQUIRES;REQUIRES_PRIVATE" "" ${ARGN})
+    cmake_parse_arguments(arg "" "TEXT;REQUIRES;REQUIRES_PRIVATE;PART" "" ${ARGN})
+    if(NOT arg_PART)
+        set(arg_PART Runtime)
+    endif()
     string(TOLOWER "${component}" name)
     set(target orbel_${name})
     get_target_property(headers ${target} ORBEL_HEADERS)
@@ -18,7 +21,7 @@ function(orbel_install_library component)
     # Libraries find each other wherever the tree is moved to.
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
     install(TARGETS ${target} EXPORT OrbelParser${component}
-        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_COMPONENT Development
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${arg_PART} NAMELINK_COMPONENT Development
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Development)
     install(FILES ${headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${folder}" COMPONENT Development)
     install(EXPORT OrbelParser${component} NAMESPACE Orbel:: FILE OrbelParser${component}.cmake
@@ -54,6 +57,12 @@ orbel_install_library(Check
 orbel_install_library(Session
     TEXT "one form in a host: opening, device, changes, storage, reload"
     REQUIRES "orbelparser ${own} orbelcheck ${own}")
+if(TARGET orbel_testsupport)
+    # Nobody who only runs hosts needs it, and QtTest with it.
+    orbel_install_library(TestSupport PART Development
+        TEXT "for the tests of hosts: a form that is opened, operated and asked"
+        REQUIRES "orbelsession ${own} Qt5Test >= 5.15")
+endif()
 
 configure_package_config_file(cmake/OrbelParserConfig.cmake.in "${generated}/OrbelParserConfig.cmake"
     INSTALL_DESTINATION "${package_dir}")
@@ -63,11 +72,12 @@ install(FILES "${generated}/OrbelParserConfig.cmake" "${generated}/OrbelParserCo
     DESTINATION "${package_dir}" COMPONENT Development)
 
 install(FILES check/orbel.xsd DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser" COMPONENT Development)
-install(DIRECTORY examples/forms examples/templates examples/host examples/receiver
+install(DIRECTORY examples/forms examples/templates examples/host examples/receiver examples/formtest
     DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser/examples" COMPONENT Documentation)
 
 if(TARGET orbel_command)
     file(RELATIVE_PATH bin_to_lib "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
     set_target_properties(orbel_command PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+    install(DIRECTORY editors DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser" COMPONENT Tools)
     install(TARGETS orbel_command RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tools)
 endif()

@@ -1,4 +1,5 @@
-# The libraries that hosts link: Orbel::Host, Orbel::Parser, Orbel::Check, Orbel::Session.
+# The libraries that hosts link: Orbel::Host, Orbel::Parser, Orbel::Check, Orbel::Session, and Orbel::TestSupport for
+# their tests.
 #
 # Each is made of an object library orbel_NAME_objects, which tests link to reach inner classes; whoever links the
 # objects of a library links those of the libraries below it, or these libraries. Who links the library itself sees its

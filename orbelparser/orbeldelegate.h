@@ -136,10 +136,13 @@ public:
     /// Puts such values as if the operator had: nodes, property, signals and mark follow. Those that stand are left
     /// alone.
     virtual void PutEdits(const QVariantList &values);
-    /// The same to undo or redo a change. What a control that is not modified holds is what was applied.
-    void MoveEdits(const QVariantList &values);
+    /// The same to undo or redo a change. What a control that is not modified holds is what was applied. Gives what the
+    /// values have become; when the operator changed them while handlers heard of it, what they had become by then.
+    QVariantList MoveEdits(const QVariantList &values);
     /// Has the form record what the operator has changed so far, while handlers hear of it.
     void RecordSoFar();
+    /// Whether a change of the operator's is on its way, of which handlers hear.
+    bool IsBeingChanged() const { return Act || OpenChange; }
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     QString SpellChange(const QVariantList &before, const QVariantList &after) const;
@@ -522,6 +525,7 @@ private:
     QVariantList NodeTexts() const;
     EditState GetEditState() const { return {GetEdits(), GetEditShape()}; }
     void BeginAnew();
+    void EndMove(const QVariantList &now);
     void TakeReport(const QVariantList &values, bool stands);
     void KeepAgainst(const QVariantList &values);
     DeviceNote *NeedDevice();
@@ -579,6 +583,8 @@ private:
     /// While the operator sets a node of the control's.
     JoinedAct *Act = nullptr;
     OperatorChange *OpenChange = nullptr;
+    /// While an entry moves the values: what they had become when the operator began to change them again.
+    std::optional<QVariantList> *Reached = nullptr;
     /// How many notices run within it.
     int Notices = 0;
     int ListDepth = 0;

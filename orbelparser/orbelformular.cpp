@@ -364,6 +364,11 @@ bool OrbelFormular::IsAtRest() const
     return Body->IsAtRest();
 }
 
+void OrbelFormular::SetScriptFile(const QString &name)
+{
+    Run()->SetScriptFile(name);
+}
+
 void OrbelFormular::DebugScript()
 {
     Run()->DebugScript();

@@ -117,9 +117,9 @@ public:
     /// that finds nothing to put back is dropped, so that such an undo() changes nothing; one whose control is locked
     /// keeps its place and is passed over. The text of an entry is the element's name; when the event loop comes round
     /// it names label and values, and undoTextChanged() is emitted. Do not change the stack from within its own signals
-    /// or from a handler that an undo has called; for a handler of a change, that one is not on the stack yet. A
-    /// command of the host's own must not wait in an event loop: what the operator enters there comes onto the stack at
-    /// once, which may destroy the command.
+    /// or from a handler that an undo has called; for a handler of a change, that one is not on the stack yet, and an
+    /// undo() of the one before it changes nothing. While commands of the host's own are on the stack, changes come
+    /// onto it when the event loop comes round, in which no handler waits: such a command may have an event loop.
     QUndoStack *GetUndoStack() const;
     void SelectWidgets(const QStringList &paths, bool select);
     void ShowGroup(const QString &name, bool show);
@@ -161,7 +161,8 @@ public:
     QStringList GetChanged() const;
     /// Forgets that those are modified whose applied value stands again. So they do not go into the next document.
     void DropUnchanged();
-    /// Why the input is locked, for the operator: it stands in the apply row, where that has room. Empty for nothing.
+    /// Why the input is locked, for the operator: it stands in the apply row, or in a note over the lower edge of the
+    /// form where that has no room or is not there. Empty for nothing.
     void SetLockReason(const QString &reason);
     /// The longest that one run of the script may take, in milliseconds; it is ended then. 0, as at the start, for no
     /// limit. A debugger ends the limit.
@@ -210,6 +211,9 @@ public:
     }
     /// All valid globals of the script, the language's own among them.
     QMap<QString, QScriptValue> GetScriptValues() const;
+    /// Names the file of the definition for debuggers and for exceptions as scripts see them. These count lines as the
+    /// file does from then on, where they count those of the script otherwise. Must come before CreateValueTree().
+    void SetScriptFile(const QString &name);
     /// Attaches a debugger that stops at the next statement; once.
     void DebugScript();
 

@@ -21,6 +21,8 @@ public:
     /// The attribute `language` as it stands, and the text to run.
     const QString &GetLanguage() const { return Language; }
     const QString &GetCode() const { return Code; }
+    /// The line of the definition in which the text begins, from 1.
+    int GetLine() const { return Line; }
 
     /// Reads the `Script` element on which `reader` stands. "{{CR}}" and "{{LF}}" in the code become line ends.
     void ParseORBEL(QXmlStreamReader &reader);
@@ -28,6 +30,7 @@ public:
 private:
     QString Language;
     QString Code;
+    int Line = 1;
 };
 
 } // namespace KV218

@@ -20,7 +20,7 @@ void Answers::Await(const QVector<Change> &changes)
         sent.Reported = QVariant();
         sent.Deadline = Time > 0 ? Clock.elapsed() + Time : -1;
     }
-    if (Time > 0 && !Timer.isActive())
+    if (Time > 0 && (!Timer.isActive() || Timer.remainingTime() > Time))
         Timer.start(Time);
 }
 

@@ -21,7 +21,7 @@ public:
         /// As in Change; of several changes that came before an answer, the old value of the first.
         QVariant Old;
         QVariant New;
-        /// What the device has reported meanwhile; invalid for nothing.
+        /// What the device has reported since; invalid for nothing.
         QVariant Reported;
         /// By Clock; nothing is awaited from a negative one on.
         qint64 Deadline = -1;

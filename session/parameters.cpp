@@ -114,6 +114,19 @@ ControlInfo InfoOf(OrbelFormular &form, const KV218::OrbelWidget &widget)
     return info;
 }
 
+/// Several controls may have one path, and one that is no path at all.
+QHash<QString, QVector<const OrbelDelegate *>> ChangedByPath(OrbelFormular &form)
+{
+    QHash<QString, QVector<const OrbelDelegate *>> controls;
+    const KV218::OrbelSheet &sheet = form.GetSheet();
+    for (int i = 0; i < sheet.GetWidgetCount(); ++i) {
+        const OrbelDelegate *control = sheet.GetWidgetAt(i)->GetDelegate();
+        if (control && control->IsChanged())
+            controls[control->GetXmlPath()].append(control);
+    }
+    return controls;
+}
+
 Change ChangeOf(const OrbelDelegate &control)
 {
     const QVariantList now = control.GetEdits();
@@ -165,8 +178,13 @@ QVector<ControlInfo> ControlsOf(OrbelFormular &form)
 QVector<Change> ChangesOf(OrbelFormular &form)
 {
     QVector<Change> changes;
-    for (const QString &path : form.GetChanged())
-        changes.append(ChangeOf(*form.GetSheet().GetWidget(path)->GetDelegate()));
+    const QStringList paths = form.GetChanged();
+    const auto controls = ChangedByPath(form);
+    QHash<QString, int> told;
+    for (const QString &path : paths) {
+        if (const OrbelDelegate *control = controls.value(path).value(told[path]++))
+            changes.append(ChangeOf(*control));
+    }
     return changes;
 }
 

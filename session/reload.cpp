@@ -29,9 +29,9 @@ namespace
 // How often to look whether a form has come to rest.
 constexpr int MillisecondsOfRest = 50;
 // How long nobody may write into a file before it is read.
-constexpr int MillisecondsOfQuiet = 100;
+constexpr int MillisecondsOfQuiet = 25;
 // How often a file that breaks off is read again before its mistakes are told.
-constexpr int MostTries = 10;
+constexpr int MostTries = 40;
 
 bool HasErrors(const QVector<Finding> &findings)
 {
@@ -71,14 +71,17 @@ Reload::~Reload() = default;
 QVector<Finding> Reload::Take(const QByteArray &document)
 {
     const auto self = Body.shared_from_this();
+    IsRefused = false;
     if (!Waiting && TakeInPlace(document))
         return Body.GetDefinition().GetFindings();
     const Definition next = Body.GetDefinition().OfLater(document);
-    if (next.HasErrors()) {
+    IsRefused = next.HasErrors();
+    if (IsRefused) {
         Tell(next.GetFindings());
         return next.GetFindings();
     }
     Waiting = next;
+    IsFiles = false;
     TakeWaiting();
     return next.GetFindings();
 }
@@ -122,12 +125,15 @@ QVector<Finding> Reload::FindingsAfter(const DefinitionDiff &diff) const
     QVector<Finding> told;
     for (Finding finding : Body.GetDefinition().GetFindings()) {
         const bool isInside = finding.Line >= diff.GetFirstLine() && finding.Line <= diff.GetLastLineBefore();
-        const bool hasGone = isInside && std::any_of(before.begin(), before.end(), isSame(finding))
-            && std::none_of(after.begin(), after.end(), isSame(finding));
-        if (finding.Line > diff.GetLastLineBefore())
+        const bool isOfPart = isInside && std::any_of(before.begin(), before.end(), isSame(finding));
+        const auto *const now = std::find_if(after.begin(), after.end(), isSame(finding));
+        if (isOfPart && now == after.end())
+            continue;
+        if (isOfPart)
+            finding.Line = now->Line;
+        else if (finding.Line > diff.GetLastLineBefore())
             finding.Line += diff.GetLastLineAfter() - diff.GetLastLineBefore();
-        if (!hasGone)
-            told.append(finding);
+        told.append(finding);
     }
     for (const Finding &finding : after) {
         if (std::none_of(before.begin(), before.end(), isSame(finding)))
@@ -214,25 +220,33 @@ void Reload::Watch(const QString &path)
 {
     Files.reset();
     Quiet.stop();
-    File = path;
+    File.clear();
     if (path.isEmpty())
         return;
+    File = QFileInfo(path).absoluteFilePath();
     Files = std::make_unique<QFileSystemWatcher>();
     connect(Files.get(), &QFileSystemWatcher::fileChanged, this, &Reload::FileChanged);
     connect(Files.get(), &QFileSystemWatcher::directoryChanged, this, &Reload::FileChanged);
     FileChanged();
 }
 
-/// An editor may write in pieces, or put another file in the place of this one, which is then to be watched anew.
+/// An editor may write in pieces, or put another file in the place of this one, or of its folder, or of what a link
+/// leads to: that is then to be watched.
 void Reload::FileChanged()
 {
-    const QFileInfo file(File);
-    for (const QString &path : {file.absoluteFilePath(), file.absolutePath()}) {
-        if (QFileInfo::exists(path) && !Files->files().contains(path) && !Files->directories().contains(path))
-            Files->addPath(path);
-    }
+    const QStringList former = Files->files() + Files->directories();
+    if (!former.isEmpty())
+        Files->removePaths(former);
+    QString folder = QFileInfo(File).absolutePath();
+    while (!QFileInfo::exists(folder))
+        folder = QFileInfo(folder).absolutePath();
+    Files->addPath(folder);
+    if (QFileInfo::exists(File))
+        Files->addPath(File);
     Tries = 0;
-    Quiet.start();
+    // In a folder where much comes and goes it would never come to an end.
+    if (!Quiet.isActive())
+        Quiet.start();
 }
 
 void Reload::ReadFile()
@@ -242,13 +256,29 @@ void Reload::ReadFile()
         return;
     const QByteArray document = file.readAll();
     const bool isStill = document == std::exchange(Seen, document);
-    if (document.isEmpty() || document == Body.GetDefinition().GetDocument())
+    if (document.isEmpty())
         return;
+    if (document == Body.GetDefinition().GetDocument()) {
+        TakeBack();
+        return;
+    }
     if (!isStill || (!IsWellFormed(document) && ++Tries < MostTries)) {
         Quiet.start();
         return;
     }
+    const auto self = Body.shared_from_this();
     Take(document);
+    IsFiles = Waiting && Waiting->GetDocument() == document;
+}
+
+/// The file has again what the form was made of.
+void Reload::TakeBack()
+{
+    const bool isWaiting = Waiting && IsFiles;
+    if (isWaiting)
+        Waiting.reset();
+    if (isWaiting || std::exchange(IsRefused, false))
+        Tell(Body.GetDefinition().GetFindings());
 }
 
 QVector<Finding> Session::Reload(const QByteArray &document)

@@ -43,9 +43,14 @@ private:
     void Tell(const QVector<Finding> &findings);
     void FileChanged();
     void ReadFile();
+    void TakeBack();
 
     SessionBody &Body;
     std::optional<Definition> Waiting;
+    /// What waits was read from the watched file.
+    bool IsFiles = false;
+    /// What came last has errors.
+    bool IsRefused = false;
     QTimer Rest;
 
     QString File;

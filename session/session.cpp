@@ -73,7 +73,6 @@ void Session::Restore(QSettings &settings, const QString &group)
     QObject &own = *body->GetOwnConfiguration();
     SessionStore::Load(settings, group, own, OwnName());
     body->SetConfiguration(&own, OwnName());
-    body->GetForm()->RestoreConfiguration();
     body->ShowStored(SessionStore::ValuesOf(own, OwnName()));
 }
 
@@ -95,7 +94,9 @@ void Session::Store(QSettings &settings, const QString &group) const
 void Session::Store(QObject &store, const QString &name) const
 {
     const auto form = Body->GetForm();
-    form->ApplyConfiguration();
+    // Without a window only what was chosen in it counts.
+    if (form->GetGUI())
+        form->ApplyConfiguration();
     if (form->GetConfigObject() && (form->GetConfigObject() != &store || form->GetConfigName() != name))
         SessionStore::Copy(*form->GetConfigObject(), form->GetConfigName(), store, name);
     SessionStore::PutValues(store, name, Document());

@@ -11,6 +11,7 @@
 #include <QVariant>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 
 class QSettings;
@@ -36,6 +37,9 @@ struct SessionOptions {
     QString NodePath;
     /// As Session::SetScriptLimit(), for the start of the script, too.
     int ScriptLimit = 0;
+    /// Called with each new form, the first one and those of reloads, before it has nodes and before its script runs:
+    /// to give it script values, or a debugger. May be empty.
+    std::function<void(KV218::OrbelFormular &)> Prepare = {};
 };
 
 /// What opening gave: the session, and all that the checker has to say of the definition, with places. Without a
@@ -57,7 +61,7 @@ struct Opening {
 /// Values are QVariant of the type that the control has: bool of a check box, int of a whole number, qint64 of a
 /// frequency or a bandwidth in Hz, double of any other number, QString of a text, and of a choice the value text of its
 /// row, as in documents. Lists give a QVariantList of their items, tables one of their cells by rows, a frequency range
-/// one of start and stop in Hz. Texts that read as such a value are taken for it.
+/// one of start and stop in Hz, under the path of the widget. Texts that read as such a value are taken for it.
 ///
 /// Any slot may end the session, its window, or both, in any signal of it. The session belongs to the GUI thread.
 class ORBEL_SESSION_EXPORT Session : public QObject
@@ -140,8 +144,8 @@ public:
     /// 0, as at the start, awaits none.
     void SetAnswerTime(int milliseconds);
 
-    /// Takes input away and tells the operator why, in the apply row. What auto apply would send waits. An empty reason
-    /// is Unlock().
+    /// Takes input away and tells the operator why, in the apply row, or in a note over the lower edge of the form
+    /// where there is no row or no room in it. What auto apply would send waits. An empty reason is Unlock().
     void Lock(const QString &reason);
     void Unlock();
     bool IsLocked() const;
@@ -150,8 +154,9 @@ public:
     /// kept. A session of a component takes a component list. Gives what the checker has to say; with an error among
     /// the findings nothing has changed. reloaded() follows.
     QVector<Finding> Reload(const QByteArray &document);
-    /// Reloads whenever the file changes, be it replaced by another one, once nobody writes into it; an empty path ends
-    /// that. reloaded() tells of each.
+    /// Reloads whenever the file changes, be it replaced by another one or deleted and made again, once nobody writes
+    /// into it; an empty path ends that. reloaded() tells of each, and when a file with errors is put back to what it
+    /// was. A folder above the file that gets another name is not followed.
     void Watch(const QString &path);
 
     /// The longest that one run of the script may take, in milliseconds: it is ended then, which scriptFailed() tells;

@@ -65,6 +65,8 @@ SessionBody::Form SessionBody::NewForm(const Definition &definition)
         return form;
     form->SetScriptLimit(Options.ScriptLimit);
     connect(form.data(), &OrbelFormular::si_scriptFailed, this, &SessionBody::TellScript);
+    if (Options.Prepare)
+        Options.Prepare(*form);
     return form;
 }
 
@@ -82,8 +84,7 @@ void SessionBody::Bind(const Form &form)
         Holder->layout()->addWidget(gui);
     form->SetConfigObject(Configuration, ConfigurationName);
     form->SetLockReason(LockReason);
-    if (IsLocked())
-        form->EnableInput(false);
+    KeepLock(form);
 }
 
 void SessionBody::Close()
@@ -140,8 +141,7 @@ bool SessionBody::WaitsForAnswer(OrbelDelegate &control, const QVariant &value, 
         Confirm(control.GetXmlPath());
         return false;
     }
-    if (sent->IsAwaited())
-        sent->Reported = value;
+    sent->Reported = value;
     return sent->IsAwaited();
 }
 
@@ -287,8 +287,18 @@ void SessionBody::SetConfiguration(QObject *object, const QString &name)
     const auto self = shared_from_this();
     Configuration = object;
     ConfigurationName = name;
-    if (Bound)
-        Bound->SetConfigObject(object, name);
+    if (const Form form = Bound) {
+        form->SetConfigObject(object, name);
+        form->RestoreConfiguration();
+        KeepLock(form);
+    }
+}
+
+/// A configuration object may say otherwise.
+void SessionBody::KeepLock(const Form &form) const
+{
+    if (IsLocked())
+        form->EnableInput(false);
 }
 
 } // namespace Orbel

@@ -64,7 +64,7 @@ public:
     void Lock(const QString &reason);
     bool IsLocked() const { return !LockReason.isEmpty(); }
     void SetScriptLimit(int milliseconds);
-    /// Which object keeps the form's configuration, and under which name.
+    /// Which object keeps the form's configuration, and under which name; the form takes over what is there.
     void SetConfiguration(QObject *object, const QString &name);
     /// Shows values of a document as applied ones.
     void ShowStored(const QString &document);
@@ -79,6 +79,7 @@ private:
     void TellEdited(const QString &path);
     void TellChanges();
     void TellScript(int line, const QString &text);
+    void KeepLock(const Form &form) const;
 
     Definition Source;
     SessionOptions Options;

@@ -12,7 +12,7 @@
 namespace Orbel
 {
 
-FormFile::FormFile(const QString &path) : Input(ReadInput(path))
+FormFile::FormFile(const QString &path) : Input(ReadInput(path)), Text(Input.Bytes)
 {
     if (IsList())
         ReadList();
@@ -58,8 +58,9 @@ void FormFile::ReadTemplate()
         Complain(PlaceIn(Input.Path, error.Line, error.Column) + QLatin1String(": ") + error.Text);
         Status = ekInputAtFault;
     }
-    if (HoldsForm(expanded.GetDefinition(), Input.Path))
-        Definitions.append({QString(), QString::fromUtf8(expanded.GetDefinition())});
+    Text = expanded.GetDefinition();
+    if (expanded.GetErrors().isEmpty() && HoldsForm(Text, Input.Path))
+        Definitions.append({QString(), QString::fromUtf8(Text)});
 }
 
 void FormFile::ReadList()

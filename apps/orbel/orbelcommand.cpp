@@ -5,6 +5,7 @@
 #include "diffcommand.h"
 #include "expandcommand.h"
 #include "formatcommand.h"
+#include "lspcommand.h"
 #include "messages.h"
 #include "nearestnames.h"
 #include "newcommand.h"
@@ -14,6 +15,7 @@
 #include "rendercommand.h"
 #include "schemacommand.h"
 #include "stringscommand.h"
+#include "studiocommand.h"
 #include "viewcommand.h"
 
 #include <QApplication>
@@ -47,12 +49,14 @@ struct Row {
 constexpr Row Table[] = {
     {"new",       "gives a form to start from",                          WithoutDisplay, Make<NewCommand>},
     {"view",      "shows a form in a window and prints what is applied", OnDisplay,      Make<ViewCommand>},
+    {"studio",    "shows a form live while its author edits it",         OnDisplay,      Make<StudioCommand>},
     {"render",    "draws a form into a picture file",                    WithoutDisplay, Make<RenderCommand>},
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
     {"diff",      "tells what differs between two form definitions",     WithoutDisplay, Make<DiffCommand>},
     {"expand",    "makes form definitions of templates",                 WithoutDisplay, Make<ExpandCommand>},
     {"format",    "brings form definitions into the canonical layout",   WithoutDisplay, Make<FormatCommand>},
+    {"lsp",       "serves an editor that speaks the Language Server Protocol", WithoutDisplay, Make<LspCommand>},
     {"strings",   "writes the texts of forms into a file for translators", WithoutDisplay, Make<StringsCommand>},
     {"classes",   "lists the control classes",                           WithoutDisplay, Make<ClassesCommand>},
     {"schema",    "prints the XML schema of form definitions",           WithoutDisplay, Make<SchemaCommand>},

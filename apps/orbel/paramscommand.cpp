@@ -155,8 +155,8 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     const QByteArray document = ReadWhole(path);
     const FormFile former(parser.value(From));
     const FormFile later(parser.value(To));
-    if (!former.IsDefinition() || !later.IsDefinition())
-        throw UsageFailure(QStringLiteral("--from and --to want form definitions (\".orbel\")"));
+    if (former.IsList() || later.IsList())
+        throw UsageFailure(QStringLiteral("--from and --to want form definitions, not component lists"));
     ParameterCarry carry(document, former.GetBytes(), later.GetBytes());
     const FormFile::Form form = later.Parse(QString());
     TellScriptExceptions(*form, later.GetPath());

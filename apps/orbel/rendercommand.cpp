@@ -2,6 +2,7 @@
 
 #include "commandoptions.h"
 #include "formfile.h"
+#include "formpicture.h"
 #include "palettes.h"
 
 #include <QApplication>
@@ -9,8 +10,6 @@
 #include <QFileInfo>
 #include <QImageWriter>
 #include <QRegularExpression>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QStyleFactory>
 
 #include <memory>
@@ -21,10 +20,8 @@ namespace Orbel
 namespace
 {
 
-/// Pixels of a picture's side.
-constexpr int GreatestSide = 16384;
-/// The width of the viewer's window.
-constexpr int OrdinaryWidth = 500;
+constexpr int GreatestSide = FormPicture::GreatestSide;
+constexpr int OrdinaryWidth = FormPicture::OrdinaryWidth;
 
 const QLatin1String Output("output");
 const QLatin1String Size("size");
@@ -104,32 +101,6 @@ void ChooseStyle(const QCommandLineParser &parser)
                                .arg(name, QStyleFactory::keys().join(QLatin1String(", "))));
 }
 
-/// Makes the form so high that nothing of it must be scrolled.
-void GrowToContent(QWidget *gui)
-{
-    auto *area = qobject_cast<QScrollArea *>(gui);
-    if (!area)
-        area = gui->findChild<QScrollArea *>();
-    if (!area)
-        return;
-    const int height = gui->height() + area->verticalScrollBar()->maximum();
-    gui->resize(gui->width(), qMin(height, int(GreatestSide / gui->devicePixelRatioF())));
-    QApplication::processEvents();
-}
-
-QImage Draw(QWidget *gui, QSize size)
-{
-    gui->resize(size.isValid() ? size : QSize(OrdinaryWidth, gui->minimumSizeHint().height()));
-    gui->show();
-    QApplication::processEvents();
-    if (!size.isValid())
-        GrowToContent(gui);
-    // What has the focus would be drawn with a cursor that blinks.
-    if (QWidget *focused = QApplication::focusWidget())
-        focused->clearFocus();
-    return gui->grab().toImage();
-}
-
 void Save(const QImage &picture, const QString &path)
 {
     QImageWriter writer(path);
@@ -186,7 +157,7 @@ int RenderCommand::Run(const QCommandLineParser &parser)
     form->CreateGUI(!file.IsList());
     form->GetSheet().SetFontSize(points);
     const std::unique_ptr<QWidget> gui(form->GetGUI());
-    Save(Draw(gui.get(), size), output);
+    Save(FormPicture::Draw(*gui, size.isValid() ? size : QSize(OrdinaryWidth, 0)), output);
     return file.GetStatus();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "checkexport.h"
 #include "placedtext.h"
 
 #include <QHash>
@@ -41,7 +42,7 @@ struct Tag {
 
 /// An XML document as elements and tags with their places, as far as it is well-formed. Elements stand in the order of
 /// their start tags.
-class Document
+class ORBEL_CHECK_INTERNAL Document
 {
 public:
     explicit Document(const PlacedText &source);
@@ -63,7 +64,7 @@ public:
     int PlaceOfAttribute(int element, QLatin1String name) const;
     int PlaceOfText(int element) const;
     int PlaceOf(const Attribute &attribute) const { return Source.OffsetOf(attribute.Offset); }
-    /// Of a character of the document's text.
+    /// Of an offset in the document's own text.
     int PlaceAt(int offset) const { return Source.OffsetOf(offset); }
     int PlaceOfError() const { return Source.OffsetOf(ErrorOffset); }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "checkexport.h"
+
 #include <QString>
 #include <QVector>
 
@@ -8,7 +10,7 @@ namespace Orbel
 
 /// A text that knows for each of its characters where in the file it came from, through entities, CDATA sections and
 /// attributes inside attributes.
-class PlacedText
+class ORBEL_CHECK_INTERNAL PlacedText
 {
 public:
     PlacedText() = default;
@@ -33,8 +35,8 @@ private:
 /// What a reader makes of the content of an element, which stands in source[from, to): entities, character references,
 /// CDATA sections and line ends are resolved, comments and instructions left out. Entities that the document declares
 /// itself stay as they stand.
-PlacedText DecodeContent(const PlacedText &source, int from, int to);
+ORBEL_CHECK_INTERNAL PlacedText DecodeContent(const PlacedText &source, int from, int to);
 /// The same for the value of an attribute, without its quotation marks.
-PlacedText DecodeAttribute(const PlacedText &source, int from, int to);
+ORBEL_CHECK_INTERNAL PlacedText DecodeAttribute(const PlacedText &source, int from, int to);
 
 } // namespace Orbel

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "checkexport.h"
+
 #include <QString>
 
 namespace Orbel
 {
 
 /// Whether the text can be the name of an element or attribute, without a prefix.
-bool IsXmlName(const QString &text);
+ORBEL_CHECK_INTERNAL bool IsXmlName(const QString &text);
 
 } // namespace Orbel

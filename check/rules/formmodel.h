@@ -7,7 +7,7 @@
 namespace Orbel
 {
 
-struct PropertyEntry {
+struct ORBEL_CHECK_INTERNAL PropertyEntry {
     QString Name;
     QString Type; ///< Name of the value element; empty without one.
     QString Text;
@@ -20,7 +20,7 @@ struct PropertyEntry {
     bool IsBool() const;
 };
 
-struct WidgetEntry {
+struct ORBEL_CHECK_INTERNAL WidgetEntry {
     QString Name; ///< Made up by the class and the place when none is stated.
     bool IsNamed;
     QString Class;
@@ -63,7 +63,7 @@ struct EnumEntry {
 
 /// A form as its author meant it: all enumerations, widgets and scripts of the definition, also those that the library
 /// does not reach because of a mistake before them, so that one mistake does not hide another.
-class FormModel
+class ORBEL_CHECK_INTERNAL FormModel
 {
 public:
     /// `form` is the element of the form.

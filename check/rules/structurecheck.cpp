@@ -1,8 +1,8 @@
 #include "structurecheck.h"
 
 #include "elementnames.h"
+#include "elementtable.h"
 #include "formlimits.h"
-#include "registry.h"
 
 namespace Orbel
 {
@@ -14,39 +14,21 @@ namespace element = KV218::element;
 namespace attribute = KV218::attribute;
 namespace limit = KV218::limit;
 
-struct Home {
-    QLatin1String element;
-    const char *parents;
-};
-
-/// The elements that mean something somewhere in a form, and where.
-constexpr Home Homes[] = {
-    {element::Enums, "ZkParamGui"},
-    {element::Sheet, "ZkParamGui"},
-    {element::Script, "ZkParamGui"},
-    {element::Enum, "Enums"},
-    {element::EnumValue, "Enum"},
-    {element::DisplayName, "EnumValue"},
-    {element::EnumIdentifier, "EnumValue"},
-    {element::Value, "EnumValue"},
-    {element::Properties, "Sheet"},
-    {element::CustomProperties, "Sheet or Widget"},
-    {element::Widget, "Sheet"},
-    {element::Property, "Widget, Properties or CustomProperties"},
-};
+/// "Widget, Properties or CustomProperties"
+QString ParentsOf(const ElementInfo &info)
+{
+    QStringList parents(info.parents.cbegin(), info.parents.cend());
+    const QString last = parents.takeLast();
+    return parents.isEmpty() ? last : parents.join(QLatin1String(", ")) + QLatin1String(" or ") + last;
+}
 
 QString HomeOf(const QString &name)
 {
-    for (const Home &home : Homes) {
-        if (name == home.element)
-            return QStringLiteral("; it belongs directly into %1").arg(QLatin1String(home.parents));
-    }
-    for (const ValueType type :
-        {ValueType::Bool, ValueType::Int, ValueType::Int64, ValueType::UInt64, ValueType::Double, ValueType::Text}) {
-        if (name == NameOf(type))
-            return QStringLiteral("; it belongs into a Property");
-    }
-    return QString();
+    const ElementInfo *info = FindElement(name);
+    if (!info || info->parents.isEmpty())
+        return QString();
+    return info->IsValue() ? QStringLiteral("; it belongs into a Property")
+                           : QStringLiteral("; it belongs directly into %1").arg(ParentsOf(*info));
 }
 
 QString WidgetText(const QString &name)
@@ -57,8 +39,10 @@ QString WidgetText(const QString &name)
 QStringList ElementNames()
 {
     QStringList names;
-    for (const Home &home : Homes)
-        names.append(home.element);
+    for (const ElementInfo &info : ElementTable()) {
+        if (!info.parents.isEmpty() && !info.IsValue())
+            names.append(info.name);
+    }
     return names;
 }
 

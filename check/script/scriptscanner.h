@@ -1,5 +1,7 @@
 #pragma once
 
+#include "checkexport.h"
+
 #include <QString>
 #include <QVector>
 
@@ -15,6 +17,6 @@ struct ScriptToken {
 
 /// Names and marks of a script, without comments and white space; texts, numbers and regular expressions count as
 /// literals. Meant for code that the engine takes.
-QVector<ScriptToken> ScanScript(const QString &code);
+ORBEL_CHECK_INTERNAL QVector<ScriptToken> ScanScript(const QString &code);
 
 } // namespace Orbel

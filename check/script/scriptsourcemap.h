@@ -7,7 +7,7 @@ namespace Orbel
 
 /// A form's script as the engine gets it, with the place of each of its characters in the file: marks for line ends are
 /// resolved.
-class ScriptSourceMap
+class ORBEL_CHECK_INTERNAL ScriptSourceMap
 {
 public:
     /// `script` is the element of the script; -1 for a form without one.

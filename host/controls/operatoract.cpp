@@ -61,4 +61,11 @@ bool OperatorAct::AtEnd(const void *who, std::function<void()> then)
     return true;
 }
 
+OperatorAct::Pause::Pause() : Paused(std::exchange(Innermost, nullptr)) { }
+
+OperatorAct::Pause::~Pause()
+{
+    Innermost = Paused;
+}
+
 } // namespace Orbel

@@ -40,6 +40,20 @@ public:
     /// one.
     bool AtEnd(const void *who, std::function<void()> then);
 
+    /// Stands where something else sets nodes while an act notifies, an undo for instance: what the operator sets there
+    /// is an act of its own, on the same node, too.
+    class ORBEL_HOST_EXPORT Pause
+    {
+    public:
+        Pause();
+        ~Pause();
+        Pause(const Pause &) = delete;
+        Pause &operator=(const Pause &) = delete;
+
+    private:
+        OperatorAct *const Paused;
+    };
+
 private:
     struct End {
         const void *Who;

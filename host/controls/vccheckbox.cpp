@@ -1,5 +1,7 @@
 #include "vccheckbox.h"
 
+#include "outofview.h"
+
 VCCheckBox::VCCheckBox(QWidget *parent, const char *name) : QCheckBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
@@ -31,11 +33,26 @@ void VCCheckBox::WriteNode()
         Node.Write(this, [this] { Node->SetValue(isChecked(), this); });
 }
 
+/// setChecked(); a box out of view asks for no repaint.
+void VCCheckBox::SetChecked(bool checked)
+{
+    if (checked == isChecked() || group() || autoExclusive() || isTristate() || !Orbel::IsOutOfView(this)) {
+        setChecked(checked);
+        return;
+    }
+    {
+        const Orbel::RepaintsNothing quiet(this);
+        setChecked(checked);
+    }
+    Q_EMIT stateChanged(checkState());
+    Q_EMIT toggled(checked);
+}
+
 void VCCheckBox::ShowNode()
 {
     if (!Node)
         return;
-    setChecked(Node->GetValue());
+    SetChecked(Node->GetValue());
     // Within a click the base class does not notice a state that an observer has put back.
     checkStateSet();
 }

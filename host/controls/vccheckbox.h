@@ -29,6 +29,7 @@ protected:
 
 private:
     void WriteNode();
+    void SetChecked(bool checked);
     void ShowNode();
 
     Orbel::NodeBinding<ValueBoolean> Node{this};

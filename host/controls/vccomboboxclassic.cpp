@@ -1,6 +1,7 @@
 #include "vccomboboxclassic.h"
 
 #include "editquery.h"
+#include "outofview.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -216,7 +217,33 @@ void VCComboBoxClassic::ShowNode()
         ShowItems();
         ShownIndex = int(Node->GetCurrentIndex());
     }
-    setCurrentIndex(ShownIndex);
+    Choose(ShownIndex);
+}
+
+/// setCurrentIndex(); a box out of view asks for no repaint.
+void VCComboBoxClassic::Choose(int row)
+{
+    if (isEditable() || !Orbel::IsOutOfView(this)) {
+        setCurrentIndex(row);
+        return;
+    }
+    const int former = currentIndex();
+    {
+        const Orbel::RepaintsNothing quiet(this);
+        setCurrentIndex(row);
+    }
+    if (currentIndex() == former)
+        return;
+    const QString text = currentText();
+    const auto tell = [&] {
+        QT_WARNING_PUSH
+        QT_WARNING_DISABLE_DEPRECATED
+        Q_EMIT currentIndexChanged(currentIndex());
+        Q_EMIT currentIndexChanged(text);
+        QT_WARNING_POP
+    };
+    if (Orbel::Survives(this, tell))
+        Q_EMIT currentTextChanged(text);
 }
 
 /// Replaces the rows between the first and the last that differ, so that items that come or go one by one are not each

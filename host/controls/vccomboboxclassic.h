@@ -43,6 +43,7 @@ protected:
 private:
     void WriteNode();
     void ShowNode();
+    void Choose(int row);
     void ShowItems();
     int PopupWidth() const;
     template <class Base> QSize Measured(const Base &measure) const;

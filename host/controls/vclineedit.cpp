@@ -7,6 +7,7 @@
 #include "frequencytext.h"
 #include "inputlock.h"
 #include "keptcaret.h"
+#include "outofview.h"
 #include "typingundo.h"
 #include "valuenumeric.h"
 
@@ -296,6 +297,23 @@ bool VCLineEdit::WriteTyped(const QString &typed)
     return standsForNothing || WriteNode([&] { Node->SetStringValue(text, this); });
 }
 
+/// Shows the content; a field out of view asks for no repaint.
+void VCLineEdit::SetContent()
+{
+    if (hasSelectedText() || !Orbel::IsOutOfView(this)) {
+        setText(Content);
+        return;
+    }
+    const int former = cursorPosition();
+    {
+        const Orbel::RepaintsNothing quiet(this);
+        setText(Content);
+    }
+    const int now = cursorPosition();
+    if (Orbel::Survives(this, [&] { Q_EMIT textChanged(text()); }) && former != now)
+        Q_EMIT cursorPositionChanged(former, now);
+}
+
 bool VCLineEdit::ShowNode()
 {
     if (Node)
@@ -304,7 +322,7 @@ bool VCLineEdit::ShowNode()
         const QScopedValueRollback<bool> showing(Showing, true);
         NodeWaits = false;
         if (text() != Content)
-            setText(Content);
+            SetContent();
         else
             Orbel::ForgetTyping(this);
         Shown = text();

@@ -105,6 +105,7 @@ private:
 
     bool IsPending() const { return !Showing && (text() != Shown || NodeWaits); }
     bool Commit(const QString &typed);
+    void SetContent();
     bool WriteTyped(const QString &typed);
     void DropEdit();
     bool LeaveEdit() { return FinishEdit() && (!IsEditing() || ShowNode()); }

@@ -5,6 +5,7 @@
 #include "fieldnote.h"
 #include "inputlock.h"
 #include "keptcaret.h"
+#include "outofview.h"
 #include "tree.h"
 #include "typingundo.h"
 #include "valuenumeric.h"
@@ -317,6 +318,28 @@ bool VCNumericFloatSpin::StandsAlready(double shown) const
     return shown == Given && QDoubleSpinBox::value() == Shown && lineEdit()->text() == ShownText;
 }
 
+/// setValue() of the base class, which in a box out of view asks for no repaint.
+void VCNumericFloatSpin::SetNumber(double shown)
+{
+    if (!Orbel::IsOutOfView(this)) {
+        QDoubleSpinBox::setValue(shown);
+        return;
+    }
+    const double former = QDoubleSpinBox::value();
+    {
+        const Orbel::RepaintsNothing quiet(this, lineEdit());
+        QDoubleSpinBox::setValue(shown);
+    }
+    if (QDoubleSpinBox::value() == former)
+        return;
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    Q_EMIT valueChanged(lineEdit()->displayText());
+    QT_WARNING_POP
+    Q_EMIT textChanged(lineEdit()->displayText());
+    Q_EMIT valueChanged(QDoubleSpinBox::value());
+}
+
 void VCNumericFloatSpin::ShowNode()
 {
     const int places = Number.Places();
@@ -333,13 +356,13 @@ void VCNumericFloatSpin::ShowNode()
         setRange(range.first, range.second);
     }
     if (!sameForm || !StandsAlready(shown)) {
-        QDoubleSpinBox::setValue(shown);
+        SetNumber(shown);
         Shown = QDoubleSpinBox::value();
         ShownText = lineEdit()->text();
         // Whoever heard of the change may have set another number, which does not stand for this one.
         const bool isIt = Shown == shown || std::fabs(Shown - shown) * std::pow(10, decimals()) < 0.6; // units apart
         Given = isIt ? shown : qQNaN();
-    } else {
+    } else if (!Orbel::IsOutOfView(this)) {
         // The arrows follow the step, which may have changed.
         update();
     }

@@ -106,6 +106,7 @@ private:
     bool Put(double shown, int session = 0);
     void WriteNode();
     void ReadNode();
+    void SetNumber(double shown);
     void ShowNode();
     void ShowNodeAfterEdit();
 

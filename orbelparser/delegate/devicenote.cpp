@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QHelpEvent>
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -62,11 +63,18 @@ bool DeviceNote::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
+/// Keeps a number in one line, with its groups and its unit.
+static QString Unbroken(QString text)
+{
+    static const QRegularExpression behindDigit(QStringLiteral("(?<=\\d) (?=\\S)"));
+    return text.replace(behindDigit, QChar(QChar::Nbsp));
+}
+
 bool DeviceNote::ShowToolTip(QWidget *widget, const QPoint &place) const
 {
     const QString own = widget->toolTip();
     const QString ownLine = own.isEmpty() || Qt::mightBeRichText(own) ? own : own.toHtmlEscaped();
-    const QString note = GetText().toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+    const QString note = Unbroken(GetText()).toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
     const QString separator = own.isEmpty() ? QString() : QStringLiteral("<br>");
     QToolTip::showText(place, QStringLiteral("<html>") + ownLine + separator + note, widget);
     return true;

@@ -12,7 +12,8 @@ static bool TakesTab(const QWidget *widget)
     return (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy();
 }
 
-OpeningFocus::OpeningFocus(QWidget *form, QWidget *rows) : QObject(form), Form(form), Rows(rows)
+OpeningFocus::OpeningFocus(QWidget *form, QWidget *rows, const std::function<bool()> &isLocked)
+    : QObject(form), Form(form), Rows(rows), IsLocked(isLocked), IsParked(form->isVisible())
 {
     Form->installEventFilter(this);
 }
@@ -21,22 +22,36 @@ bool OpeningFocus::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == Form && event->type() == QEvent::Show && !static_cast<QShowEvent *>(event)->spontaneous()) {
         Form->removeEventFilter(this);
-        deleteLater();
-        if (Rows && !Form->window()->focusWidget())
-            GiveFocus();
+        TakeFocus();
     }
     return false;
 }
 
-void OpeningFocus::GiveFocus()
+void OpeningFocus::TakeFocus()
+{
+    if (IsOver || !Rows || !Form->isVisible())
+        return;
+    const QWidget *focus = Form->window()->focusWidget();
+    const bool isNobodys = !focus || (IsParked && focus == Form);
+    if (isNobodys && !GiveFocus() && IsLocked()) {
+        IsParked = true;
+        Form->setFocus(Qt::OtherFocusReason);
+        return;
+    }
+    IsOver = true;
+    deleteLater();
+}
+
+bool OpeningFocus::GiveFocus() const
 {
     for (QWidget *next = Rows->nextInFocusChain(); next != Rows; next = next->nextInFocusChain()) {
         const bool isControl = Rows->isAncestorOf(next) && !qobject_cast<QGroupBox *>(next);
         if (isControl && TakesTab(next) && next->isEnabled() && next->isVisible()) {
             next->setFocus(Qt::OtherFocusReason);
-            return;
+            return true;
         }
     }
+    return false;
 }
 
 } // namespace KV218

@@ -73,15 +73,18 @@ void OrbelDelegate::PutReported(const QVariantList &values)
     }
 }
 
-void OrbelDelegate::MoveEdits(const QVariantList &values)
+QVariantList OrbelDelegate::MoveEdits(const QVariantList &values)
 {
     const Call call(this);
     RecordSoFar();
+    std::optional<QVariantList> reached;
+    const QScopedValueRollback<std::optional<QVariantList> *> moved(Reached, &reached);
     EditState stands = GetEditState();
     const QVariantList former = stands.Values;
     {
         const QScopedValueRollback<EditState *> before(EditsBefore, EditsBefore ? EditsBefore : &stands);
         // What moves is no part of a change that is on its way.
+        const Orbel::OperatorAct::Pause pause;
         const QScopedValueRollback<JoinedAct *> act(Act, nullptr);
         const QScopedValueRollback<OperatorChange *> change(OpenChange, nullptr);
         PutEdits(values);
@@ -89,6 +92,14 @@ void OrbelDelegate::MoveEdits(const QVariantList &values)
     BeginAnew();
     if (!AreSameEdits(former, GetEdits()))
         Form().TellEdited();
+    return reached.value_or(GetEdits());
+}
+
+/// The operator begins a change of his own, while handlers hear of an entry that moves.
+void OrbelDelegate::EndMove(const QVariantList &now)
+{
+    if (Reached && !*Reached)
+        *Reached = now;
 }
 
 void OrbelDelegate::RecordSoFar()
@@ -287,6 +298,7 @@ void OrbelDelegate::JoinAct(const Observable *node)
     for (const ValueBase *own : GetNodes())
         joined->Before.append(own == node ? act->GetBefore() : own->GetStringValue());
     joined->AtStart = {joined->Before, GetEditShape()};
+    EndMove(joined->Before);
     // In the order of time; the outer act goes on with what stands after this one.
     if (Act)
         Form().Record(Act->Before, joined->Before, Act->Session);
@@ -327,6 +339,7 @@ OrbelDelegate::OperatorChange::OperatorChange(OrbelDelegate *delegate) : Running
         Outer->Record();
     Begin();
     AtStart = Before;
+    Delegate->EndMove(Before.Values);
     Delegate->EditsBefore = OuterBefore ? OuterBefore : &AtStart;
     Delegate->Form().Began();
 }

@@ -278,7 +278,9 @@ void FormBody::RestoreConfiguration()
 
 void FormBody::RunScript()
 {
-    Engine->evaluate(Script.GetCode(), QString(), 1);
+    const int line = ScriptFile.isEmpty() ? 1 : Script.GetLine();
+    Guard->SetPlace(ScriptFile, line);
+    Engine->evaluate(Script.GetCode(), ScriptFile, line);
     if (Engine->hasUncaughtException())
         Guard->TellException(Engine->uncaughtException(), Engine->uncaughtExceptionLineNumber());
     // An exception tells its text by a function of the script, which runs for nothing when nobody reads it.

@@ -89,6 +89,7 @@ public:
     /// A value of the host's own, as another form that takes this one's place gets it, too.
     void SetHostValue(const QString &name, const QScriptValue &value);
     QMap<QString, QScriptValue> GetScriptValues() const;
+    void SetScriptFile(const QString &name) { ScriptFile = name; }
     void DebugScript();
     const ScriptGuard &GetGuard() const { return *Guard; }
     void SetScriptLimit(int milliseconds);
@@ -117,6 +118,8 @@ private:
     QExplicitlySharedDataPointer<OrbelEnum> EmptyEnum;
     OrbelSheet Sheet;
     OrbelScript Script;
+    /// Empty where the script counts its own lines.
+    QString ScriptFile;
     std::unique_ptr<QScriptEngine> Engine;
     ScriptPrototypes Prototypes;
     std::unique_ptr<QScriptEngineDebugger> Debugger;

@@ -44,9 +44,8 @@ private:
 
 ScriptGuard::ScriptGuard(QScriptEngine *engine) : Engine(engine)
 {
-    connect(engine, &QScriptEngine::signalHandlerException, this, [this](const QScriptValue &exception) {
-        TellException(exception, exception.property(QStringLiteral("lineNumber")).toInt32());
-    });
+    connect(engine, &QScriptEngine::signalHandlerException, this,
+        [this](const QScriptValue &exception) { TellException(exception, LineOf(exception)); });
     connect(&Timer, &QTimer::timeout, this, &ScriptGuard::Stop);
 }
 
@@ -67,6 +66,19 @@ void ScriptGuard::SetLimit(int milliseconds)
         Engine->setAgent(Agent);
 }
 
+void ScriptGuard::SetPlace(const QString &file, int line)
+{
+    File = file;
+    FirstLine = line;
+}
+
+/// 0 where it was thrown in another text than the form's script.
+int ScriptGuard::LineOf(const QScriptValue &exception) const
+{
+    const bool isForms = File.isEmpty() || exception.property(QStringLiteral("fileName")).toString() == File;
+    return isForms ? exception.property(QStringLiteral("lineNumber")).toInt32() : 0;
+}
+
 /// The engine lets events in while a script runs; this is one.
 void ScriptGuard::Stop()
 {
@@ -84,7 +96,8 @@ void ScriptGuard::TellStopped(int line)
     // A script that ended by itself all the same would leave the stop to the next one.
     if (!Agent->IsRunning())
         Engine->evaluate(QString());
-    Q_EMIT failed(line, QStringLiteral("The script was ended, since it took longer than %1 ms").arg(Timer.interval()));
+    Q_EMIT failed(line - FirstLine + 1,
+        QStringLiteral("The script was ended, since it took longer than %1 ms").arg(Timer.interval()));
 }
 
 void ScriptGuard::TellException(const QScriptValue &exception, int line)
@@ -93,7 +106,7 @@ void ScriptGuard::TellException(const QScriptValue &exception, int line)
     static const QMetaMethod told = QMetaMethod::fromSignal(&ScriptGuard::failed);
     const bool isOurs = Agent && Agent->IsStopped;
     if (!isOurs && isSignalConnected(told))
-        Q_EMIT failed(line, exception.toString());
+        Q_EMIT failed(qMax(0, line - FirstLine + 1), exception.toString());
 }
 
 } // namespace KV218

@@ -21,7 +21,10 @@ public:
     /// In milliseconds for one run from outside; 0 for no limit. With a limit scripts cost more, and a script that runs
     /// for half of it lets events in.
     void SetLimit(int milliseconds);
-    /// An exception that nobody has caught.
+    /// What the form's script was called when it was run, and its first line there. Lines are told from 1 in the
+    /// script.
+    void SetPlace(const QString &file, int line);
+    /// An exception that nobody has caught; `line` counts as the engine does.
     void TellException(const QScriptValue &exception, int line);
 
 Q_SIGNALS:
@@ -32,9 +35,12 @@ private:
 
     void Stop();
     void TellStopped(int line);
+    int LineOf(const QScriptValue &exception) const;
 
     QScriptEngine *const Engine;
     QTimer Timer;
+    QString File;
+    int FirstLine = 1;
     /// The engine's.
     Watch *Agent = nullptr;
 };

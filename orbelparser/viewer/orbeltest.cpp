@@ -59,6 +59,10 @@ void OrbelTest::LoadOrbel(const QString &path, const QString &option)
         WriteDebugOutput(QStringLiteral("** LoadOrbel: Cannot load %1\n").arg(path));
         return;
     }
+    connect(CurrentFormular, &OrbelFormular::si_scriptFailed, this, [this, path](int line, const QString &text) {
+        const int inFile = line > 0 ? CurrentFormular->GetScript().GetLine() + line - 1 : line;
+        WriteDebugOutput(QStringLiteral("%1:%2: %3").arg(path, QString::number(inFile), text));
+    });
     if (option == QLatin1String("debug"))
         CurrentFormular->DebugScript();
     CurrentFormular->CreateValueTree(QStringLiteral("/OrbelTest"));

@@ -11,8 +11,9 @@ class OrbelFormular;
 class OrbelTestMain;
 
 /// The form viewer: shows one definition file in a window with an apply row, or all definitions of a component list in
-/// tabs. What the operator applies, and a file that cannot be loaded, is told as a Qt debug message of the category
-/// "orbel.viewer", so an application frame sees it through its message handler.
+/// tabs. What the operator applies, exceptions of a single form's script with their line in the file, and a file that
+/// cannot be loaded are told as Qt debug messages of the category "orbel.viewer", so an application frame sees it
+/// through its message handler.
 class OrbelTest : public QObject, public IDllInstance
 {
     Q_OBJECT

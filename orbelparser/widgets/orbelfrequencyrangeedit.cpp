@@ -5,6 +5,7 @@
 #include "frequencytext.h"
 #include "newcontrol.h"
 #include "saturate.h"
+#include "typedvalue.h"
 #include "wholehertz.h"
 
 #include <QLocale>
@@ -220,6 +221,15 @@ void OrbelFrequencyRangeEdit::TakeNode()
 QString OrbelFrequencyRangeEdit::SpellEdit(int, const QVariant &value) const
 {
     return Orbel::FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
+}
+
+/// The one bound would push the other.
+bool OrbelFrequencyRangeEdit::EditsOf(const QVariant &value, QVariantList *edits, QString *error) const
+{
+    if (!OrbelDelegate::EditsOf(value, edits, error))
+        return false;
+    const bool collide = edits->size() > 1 && edits->at(0).toDouble() >= edits->at(1).toDouble();
+    return !collide || Refuse(QStringLiteral("The start is not below the stop"), error);
 }
 
 QString OrbelFrequencyRangeEdit::SpellEditPart(int index) const

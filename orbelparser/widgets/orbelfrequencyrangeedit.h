@@ -30,6 +30,7 @@ public:
     void TakeNode() override;
     QVector<Face> GetFaces() const override;
     QString SpellEdit(int index, const QVariant &value) const override;
+    bool EditsOf(const QVariant &value, QVariantList *edits, QString *error) const override;
 
     /// Start and stop in whole Hz, without fractions; both 0 before CreateValueTree() and once a node is withdrawn.
     QPair<qint64, qint64> getCurrentRange() const;

@@ -77,6 +77,7 @@ void OrbelSheetUi::CreateFrame(bool applyUi)
     if (Changes)
         new FormKeys(Gui, Changes);
     BuildTimer();
+    SetLockReason(LockReason);
 }
 
 QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
@@ -99,9 +100,8 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
     AutoApplyBox->setChecked(AutoApplyEnabled);
     row->addWidget(AutoApplyBox);
     connect(AutoApplyBox, &QCheckBox::clicked, this, &OrbelSheetUi::ChooseAutoApply);
-    ChangesButton *const button = Changes ? new ChangesButton(box, Changes) : nullptr;
-    Line = new LockLine(box, button);
-    Line->SetReason(LockReason);
+    if (Changes)
+        new ChangesButton(box, Changes);
     Retranslate();
     return box;
 }
@@ -109,6 +109,8 @@ QWidget *OrbelSheetUi::BuildApplyBox(QWidget *parent)
 void OrbelSheetUi::SetLockReason(const QString &reason)
 {
     LockReason = reason;
+    if (Gui && Area && !Line && !reason.isEmpty())
+        Line = new LockLine(Gui, Area->viewport(), ApplyBox);
     if (Line)
         Line->SetReason(reason);
 }
@@ -135,7 +137,7 @@ void OrbelSheetUi::FinishFrame()
         Gui->layout()->addWidget(ApplyBox);
     }
     if (IsNew)
-        new OpeningFocus(Gui, rows);
+        Opening = new OpeningFocus(Gui, rows, [this] { return IsLocked; });
     for (QWidget *part : {rows, static_cast<QWidget *>(Area), ApplyBox.data()}) {
         if (part && part != Gui)
             part->show();
@@ -202,7 +204,8 @@ void OrbelSheetUi::TakeWidget(OrbelSheetUi &former)
     for (QObject *part : parts) {
         const bool isOpening = dynamic_cast<OpeningFocus *>(part);
         IsNew = IsNew || isOpening;
-        if (isOpening || dynamic_cast<FormKeys *>(part) || dynamic_cast<Assistive *>(part))
+        if (isOpening || dynamic_cast<FormKeys *>(part) || dynamic_cast<Assistive *>(part)
+            || dynamic_cast<LockLine *>(part))
             delete part;
     }
     QWidget *content = former.Area;
@@ -285,9 +288,10 @@ void OrbelSheetUi::ParseProperties(QXmlStreamReader &reader, bool custom)
         std::remove_if(RootAttributes.begin(), RootAttributes.end(), declaresNone), RootAttributes.end());
 }
 
-void OrbelSheetUi::EnableInput(bool enable, bool)
+void OrbelSheetUi::EnableInput(bool enable, bool partial)
 {
     const Call call(this);
+    IsLocked = !enable && !partial;
     if (ApplyBox)
         ApplyBox->setEnabled(enable);
     // What no lock touches, such as a headline, has it back at once.
@@ -298,6 +302,8 @@ void OrbelSheetUi::EnableInput(bool enable, bool)
     const QWidget *focus = Gui->window()->focusWidget();
     if (former && (!focus || focus == Gui))
         former->setFocus(Qt::OtherFocusReason);
+    if (Opening && enable)
+        Opening->TakeFocus();
 }
 
 void OrbelSheetUi::ParkFocus()

@@ -19,6 +19,7 @@ namespace KV218
 
 class FormChanges;
 class LockLine;
+class OpeningFocus;
 
 /// The delegate of the sheet itself, which scripts reach under the sheet's name. It builds the frame in which the
 /// controls live, with or without an apply row, keeps the modified state of the form, and tells the host of parameters
@@ -48,7 +49,7 @@ public:
     FloatGroupLayout *GetLayout() const;
     /// Scrolls to the control that has the focus, when the layout has come to rest.
     void ScrollToFocus();
-    /// Why the input is locked; stands in the apply row, if there is one.
+    /// Why the input is locked; stands in the apply row, and where that has no room, or is none, before the controls.
     void SetLockReason(const QString &reason);
     const QString &GetLockReason() const { return LockReason; }
     /// What the controls are scrolled in; null when there is no frame.
@@ -140,8 +141,11 @@ private:
     QPointer<QWidget> ApplyBox;
     QPointer<QPushButton> ApplyButton;
     QPointer<QCheckBox> AutoApplyBox;
+    // Null while there is no reason.
     QPointer<LockLine> Line;
     QString LockReason;
+    QPointer<OpeningFocus> Opening;
+    bool IsLocked = false;
     // What had the focus when it was parked.
     QPointer<QWidget> Parked;
     // That of another form, in which the frame is to be built.

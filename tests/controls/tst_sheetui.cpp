@@ -84,7 +84,7 @@ private Q_SLOTS:
         QSignalSpy announced(live.form.data(), &OrbelFormular::si_parametersModified);
         live.form->EvaluateScript("with (sheet) { " + script + " }");
         const int atOnce = announced.size();
-        PassTimersBelow(200);
+        PassTime(200);
         QTEST(QString("%1, %2").arg(atOnce).arg(announced.size() - atOnce), "announced");
     }
 

@@ -41,6 +41,28 @@ struct Window : QScrollArea {
     QLineEdit *Elsewhere;
 };
 
+/// Writes down each signal that an object emits.
+struct Signals : QObject {
+    explicit Signals(const QObject *sender)
+    {
+        for (int i = QWidget::staticMetaObject.methodCount(); i < sender->metaObject()->methodCount(); ++i) {
+            if (sender->metaObject()->method(i).methodType() == QMetaMethod::Signal)
+                QMetaObject::connect(sender, i, this, QObject::staticMetaObject.methodCount() + i);
+        }
+    }
+    int qt_metacall(QMetaObject::Call call, int id, void **arguments) override
+    {
+        const int method = QObject::qt_metacall(call, id, arguments);
+        if (method >= 0) {
+            const auto *control = qobject_cast<const QWidget *>(sender());
+            Told << QString::fromLatin1(control->metaObject()->method(method).methodSignature())
+                    + (control->updatesEnabled() ? "" : " without updates");
+        }
+        return -1;
+    }
+    QStringList Told;
+};
+
 static void Turn(QWidget *widget, int notches)
 {
     const QPoint place = widget->mapTo(widget->window(), widget->rect().center());
@@ -127,6 +149,60 @@ class TestControls : public TestCase
     Q_OBJECT
 
 private Q_SLOTS:
+    void outOfView_data()
+    {
+        const auto row = Columns<QString, QString, QString>({"kind", "first", "second"});
+        row("line edit", "line edit", "7", "145");
+        row("check box", "check box", "true", "false");
+        row("spin", "spin", "7", "145");
+        row("combo box", "combo box", "b", "c");
+    }
+    /// A value that comes to a control out of view has nothing painted; it tells the same signals, and stands on the
+    /// screen as soon as it is scrolled there.
+    void outOfView()
+    {
+        const auto [kind, first, second] = Fetch<QString, QString, QString>({"kind", "first", "second"});
+        const auto [seen, seenNode] = Make(kind);
+        const auto [unseen, unseenNode] = Make(kind);
+        const std::unique_ptr<ValueBase> nodes[]
+            = {std::unique_ptr<ValueBase>(seenNode), std::unique_ptr<ValueBase>(unseenNode)};
+        Window window(seen);
+        window.widget()->layout()->addWidget(unseen);
+        window.widget()->adjustSize();
+        QVERIFY(window.IsReady() && Bind(seen, seenNode) && Bind(unseen, unseenNode));
+        window.Elsewhere->setFocus();
+        QStringList told[2];
+        int repaints[2];
+        for (const int which : {0, 1}) {
+            QCoreApplication::processEvents();
+            struct Counter : QObject {
+                bool eventFilter(QObject *, QEvent *event) override
+                {
+                    Count += event->type() == QEvent::UpdateRequest;
+                    return false;
+                }
+                int Count = 0;
+            } counter;
+            window.installEventFilter(&counter);
+            const Signals heard(which ? unseen : seen);
+            for (const QString &value : {first, second, second}) {
+                nodes[which]->SetStringValue(value, nullptr);
+                QCoreApplication::processEvents();
+            }
+            told[which] = heard.Told;
+            repaints[which] = counter.Count;
+        }
+        QCOMPARE(told[1], told[0]);
+        QVERIFY(!told[0].isEmpty() && repaints[0] > 0);
+        QCOMPARE(repaints[1], 0);
+        window.ensureWidgetVisible(unseen);
+        QCoreApplication::processEvents();
+        const QRect place(unseen->mapTo(&window, QPoint()), unseen->size());
+        const QImage onScreen = window.screen()->grabWindow(window.winId()).toImage().copy(place);
+        QVERIFY(onScreen.convertToFormat(QImage::Format_RGB32)
+            == unseen->grab().toImage().convertToFormat(QImage::Format_RGB32));
+    }
+
     void life_data()
     {
         const auto row = Columns<QString, QString>({"kind", "act"});

@@ -192,7 +192,7 @@ private Q_SLOTS:
         OrbelDelegate *delegate = className.isEmpty() ? form->GetSheet().GetDelegate() : Delegate(form, "a");
         QScriptEngine *engine = EngineOf(form);
         const QMetaObject *meta = delegate->metaObject();
-        const DialogCloser closer;
+        const ModalVisitor closer;
         QStringList wrong;
         int reached = 0;
         for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {

@@ -8,7 +8,8 @@ namespace
 /// From the lowest to the highest: a file includes from its own room and from those before it.
 const QStringList Rooms{"host/services", "host/valuetree", "host/controls", "orbelparser/names", "orbelparser/layout",
     "orbelparser/delegate", "orbelparser/widgets", "orbelparser/form", "orbelparser/viewer", "check/document",
-    "check/findings", "check/registry", "check/script", "check/rules", "check", "session", "apps/orbel"};
+    "check/findings", "check/registry", "check/script", "check/rules", "check", "lsp/text", "lsp/protocol",
+    "lsp/analysis", "lsp/features", "lsp", "session", "studio", "apps/orbel", "testsupport"};
 /// Where classes count that hosts know, and that therefore stand in orbelparser/ itself; the others belong to the form.
 const QHash<QString, QString> RoomOfHostsClass{{"applymode", "names"}, {"floatgrouplayout", "layout"},
     {"floatscrollarea", "layout"}, {"orbeldelegate", "delegate"}, {"orbelenum", "delegate"},
@@ -29,7 +30,7 @@ QString RoomOf(const QFileInfo &file)
 QFileInfoList Sources()
 {
     QFileInfoList files;
-    for (const char *folder : {"/host", "/orbelparser", "/check", "/session", "/apps"}) {
+    for (const char *folder : {"/host", "/orbelparser", "/check", "/lsp", "/session", "/studio", "/testsupport", "/apps"}) {
         QDirIterator walk(
             QString(ORBEL_SOURCE_DIR) + folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
         while (walk.hasNext()) {

@@ -137,7 +137,7 @@ private Q_SLOTS:
         QCOMPARE(Held(face), held);
         const double factor
             = face.Class.startsWith("Frequency") ? 1 : live.Get("n")->GetDouble("displayScalingFactor", 1);
-        Enter(live.Find(face.Field), Orbel::FrequencyText::Plain(told.toDouble() * factor));
+        live.Enter(face.Field, Orbel::FrequencyText::Plain(told.toDouble() * factor));
         QVERIFY2(live.log.Seen().contains(told + ')') && live.Get("n")->isModified(), "a change");
         QVERIFY(Held(face).endsWith(told));
     }

@@ -359,7 +359,7 @@ private:
             QCOMPARE(Orbel::FieldNote::TextOf(field).isEmpty(), note.isEmpty() && !edit);
             QTest::keyClick(field, Qt::Key_Escape);
         }
-        PassEvents();
+        PassTime(0);
         QCOMPARE(Orbel::FieldNote::TextOf(field), QString());
         QCOMPARE(ShownBy(control), applied.isNull() ? before : shown);
         QCOMPARE(AppliedBy(live, place), applied.isNull() ? held : applied);

@@ -29,7 +29,7 @@ dpkg_root --install "$work"/debs/*.deb
     || fail "the command"
 gzip -dc "$usr/share/man/man1/orbel-check.1.gz" | grep -q -- '\\-\\-run' || fail "the manual pages"
 bash -n "$usr/share/bash-completion/completions/orbel" || fail "the completion"
-for header in $(grep -rlE --include='*.h' 'ORBEL_(HOST_|CHECK_|SESSION_)?EXPORT ' host orbelparser check session); do
+for header in $(grep -rlE --include='*.h' 'ORBEL_(HOST_|CHECK_|SESSION_|TESTSUPPORT_)?EXPORT ' host orbelparser check session testsupport); do
     [ -n "$(find "$usr/include" -name "$(basename "$header")")" ] || fail "$header exports something, and is not installed"
 done
 
@@ -53,8 +53,11 @@ build_and_run "$usr/share/orbelparser/examples/receiver" timeout 5 host/receiver
     && fail "the receiver's host ended by itself"
 [ $? -eq 124 ] || fail "the receiver's host"
 
+build_and_run "$usr/share/orbelparser/examples/formtest" ./tst_receiverform >"$work/formtest.log" \
+    || { cat "$work/formtest.log"; fail "the example test"; }
+
 export PKG_CONFIG_PATH="$usr/lib/pkgconfig"
-pkg-config --exists --print-errors orbelhost orbelparser orbelcheck orbelsession || fail "pkg-config"
+pkg-config --exists --print-errors orbelhost orbelparser orbelcheck orbelsession orbeltestsupport || fail "pkg-config"
 # Words are meant to be split here: these are lists of options.
 # shellcheck disable=SC2046
 "$compiler" -std=c++17 -fPIC tests/package/consumer/main.cpp -o "$work/by-pkg-config" \

@@ -50,8 +50,9 @@ QString Document(const QString &body, const QString &script = {})
 }
 
 /// A form in the window of a host, in front of another control.
-struct Live {
-    explicit Live(const QString &body, const QString &path = "/Form") : form(Parse(Document(body)))
+struct Live : Orbel::FormOperator {
+    explicit Live(const QString &body, const QString &path = "/Form")
+        : FormOperator(nullptr), form(Parse(Document(body)))
     {
         form->CreateValueTree(path);
         form->CreateGUI(true);
@@ -61,7 +62,7 @@ struct Live {
         window.resize(400, 400);
         window.show();
         QApplication::setActiveWindow(&window);
-        PassEvents();
+        PassTime(0);
     }
     bool Reload(const QString &body)
     {
@@ -72,19 +73,14 @@ struct Live {
             return false;
         form = next;
         announced += applied.size();
-        PassEvents();
+        PassTime(0);
         return true;
     }
     QWidget *Find(const QString &name) const { return window.findChild<QWidget *>(name); }
     OrbelDelegate *Get(const QString &name) const { return Delegate(form, name); }
     QString Value(const QString &name) const { return form->GetVTValue(name)->GetStringValue(); }
     QUndoStack *Stack() const { return form->GetUndoStack(); }
-    void Enter(const QString &name, const QString &text) const
-    {
-        TypeOver(Find(name), text);
-        QTest::keyClick(Find(name), Qt::Key_Return);
-        PassEvents();
-    }
+    OrbelFormular *GetForm() const override { return form.data(); }
     /// Name, text, caret and selection of the field with the focus.
     QString Focus() const
     {
@@ -220,7 +216,52 @@ QString StateOf(const OrbelDelegate &control)
     return state.join('|');
 }
 
+/// A file that a session watches, with the script's list on the screen.
+struct Watched {
+    Watched() : Path(WriteFile(Folder, "a.orbel", Text("1"))), Opened(Session::OpenFile(Path).Opened)
+    {
+        Opened->GetWidget()->show();
+        QObject::connect(Opened.get(), &Session::reloaded, Opened.get(), [this](const QVector<Finding> &findings) {
+            const bool isRefused = std::any_of(findings.begin(), findings.end(),
+                [](const Finding &finding) { return finding.Level == Severity::Error; });
+            Told << Opened->GetForm()->GetVersion() + (isRefused ? "!" : "");
+        });
+        Opened->Watch(Path);
+        QTest::qWait(150);
+    }
+    void Put(const QByteArray &text) const { WriteFile(Folder, "a.orbel", text); }
+    void Await(const QString &version) const { QTRY_VERIFY(Told.value(Told.size() - 1) == version); }
+    void Write(const char *version) const
+    {
+        Put(Text(version));
+        Await(version);
+    }
+    void Replace(const char *version) const
+    {
+        WriteFile(Folder, "other", Text(version));
+        QVERIFY(QFile::remove(Path) && QFile::rename(Folder.filePath("other"), Path));
+        Await(version);
+    }
+    /// The file is a link to one that is then written.
+    void Link(const char *version) const
+    {
+        const QString target = WriteFile(Target, "target", Text(Told.isEmpty() ? "1" : "2"));
+        QFile::link(target, Path);
+        QTest::qWait(300);
+        WriteFile(Target, "target", Text(version));
+    }
+
+    QTemporaryDir Folder;
+    QTemporaryDir Target;
+    const QString Path;
+    const std::unique_ptr<Session> Opened;
+    QStringList Told;
+};
+using FileAct = void (*)(Watched &);
+
 } // namespace
+
+Q_DECLARE_METATYPE(FileAct)
 
 class Ender : public QObject
 {
@@ -260,7 +301,8 @@ private Q_SLOTS:
     void inPlaceIsAsAnew_data()
     {
         const auto row = Columns<QString, QString>({"one", "other"});
-        for (const char *name : {"labelText", "prefix", "suffix", "specialValueText", "unit"})
+        row("labelText", "labelText=String:one", "labelText=String:other\nline");
+        for (const char *name : {"prefix", "suffix", "specialValueText", "unit"})
             row(name, QString("%1=String:one").arg(name), QString("%1=String:other kHz").arg(name));
         row("minimum", "minimum=Double:1", "minimum=Double:4");
         row("maximum", "maximum=Double:9", "maximum=Double:6");
@@ -290,14 +332,21 @@ private Q_SLOTS:
         for (Session *session : {patched.Opened.get(), anew.Opened.get()}) {
             session->GetWidget()->resize(400, 400);
             session->GetWidget()->show();
-            PassEvents();
+            PassTime(0);
         }
         const OrbelFormular *const former = patched.Opened->GetForm();
-        patched.Opened->Reload(text(classes, other));
+        const auto linesOf = [](const QVector<Finding> &findings) {
+            QStringList lines;
+            for (const Finding &finding : findings)
+                lines << QString("%1 %2").arg(finding.Line).arg(finding.Text);
+            return lines;
+        };
+        const auto told = linesOf(patched.Opened->Reload(text(classes, other)));
+        QCOMPARE(told, linesOf(Session::OpenText(text(classes, other)).Told));
         QCOMPARE(patched.Opened->GetForm(), former);
         anew.Opened->Reload(text(classes, other).replace("version=\"1\"", "version=\"2\""));
         QCOMPARE(anew.Opened->GetForm()->GetVersion(), QString("2"));
-        PassEvents();
+        PassTime(0);
         QCOMPARE(LookOf(*patched.Opened->GetForm()), LookOf(*anew.Opened->GetForm()));
     }
 
@@ -354,7 +403,7 @@ private Q_SLOTS:
         const auto opened = Session::OpenText(Text("1"));
         opened.Opened->GetWidget()->show();
         const auto count = [] {
-            PassEvents();
+            PassTime(0);
             return QPair<int, int>(QApplication::allWidgets().size(), Tree::Instance()->GetPaths().size());
         };
         opened.Opened->Reload(Text("0"));
@@ -363,32 +412,37 @@ private Q_SLOTS:
             opened.Opened->Reload(Text(QString::number(i)));
         QCOMPARE(count(), before);
     }
+    /// What is done with the file after version 1 was opened, and the versions and errors that are told.
+    void aFileIsWatched_data()
+    {
+        const auto row = Columns<FileAct, QString>({"act", "told"});
+        // clang-format off
+        row("written", [](Watched &file) { file.Write("2"); file.Write("3"); }, "2 3");
+        row("replaced, as by an editor", [](Watched &file) { file.Replace("2"); file.Replace("3"); }, "2 3");
+        row("written in pieces", [](Watched &file) { file.Put(Text("2").left(100)); QTest::qWait(150); file.Write("2"); }, "2");
+        row("emptied", [](Watched &file) { file.Put(""); QTest::qWait(300); file.Write("2"); }, "2");
+        row("deleted", [](Watched &file) { QFile::remove(file.Path); QTest::qWait(300); file.Write("2"); }, "2");
+        row("made a folder", [](Watched &file) { QFile::remove(file.Path); QDir().mkdir(file.Path); QTest::qWait(300); QDir().rmdir(file.Path); file.Write("2"); }, "2");
+        row("deleted with its folder", [](Watched &file) { QDir(file.Folder.path()).removeRecursively(); QTest::qWait(300); QDir().mkpath(file.Folder.path()); file.Write("2"); file.Write("3"); }, "2 3");
+        row("a link that leads elsewhere", [](Watched &file) { QFile::remove(file.Path); file.Link("2"); file.Await("2"); file.Link("3"); file.Await("3"); }, "2 3");
+        row("broken and put back", [](Watched &file) { file.Put("<broken"); QTRY_COMPARE(file.Told.size(), 1); file.Write("1"); }, "1! 1");
+        row("put back while the form is busy", [](Watched &file) {
+            auto *list = file.Opened->GetWidget()->findChild<QComboBox *>();
+            list->showPopup();
+            file.Put(Text("2"));
+            QTest::qWait(400);
+            file.Write("1");
+            list->hidePopup();
+            QTest::qWait(100);
+        }, "1");
+        // clang-format on
+    }
     void aFileIsWatched()
     {
-        QTemporaryDir folder;
-        const auto write = [&folder](const QByteArray &text, const QString &name = "a.orbel") {
-            return WriteFile(folder, name, text);
-        };
-        const QString path = write(Text("1"));
-        const auto opened = Session::OpenFile(path);
-        const QSignalSpy reloaded(opened.Opened.get(), &Session::reloaded);
-        opened.Opened->Watch(path);
-        const auto version = [&] { return opened.Opened->GetForm()->GetVersion(); };
-        write(Text("2"));
-        QTRY_COMPARE(version(), QString("2"));
-        for (const char *next : {"3", "4"}) { // as an editor that replaces the file
-            write(Text(next), "a.orbel~");
-            QVERIFY(QFile::remove(path) && QFile::rename(path + "~", path));
-            QTRY_COMPARE(version(), QString(next));
-        }
-        write(Text("5").left(100)); // and one that writes in pieces
-        QTest::qWait(150);
-        write(Text("5"));
-        QTRY_COMPARE(version(), QString("5"));
-        QCOMPARE(reloaded.size(), 4);
-        write("<broken");
-        QTRY_COMPARE(reloaded.size(), 5);
-        QCOMPARE(version(), QString("5"));
+        const auto [act, told] = Fetch<FileAct, QString>({"act", "told"});
+        Watched file;
+        act(file);
+        QTRY_COMPARE(file.Told.join(' '), told);
     }
 
     /// ORBEL_RELOADS tells how many pairs, ORBEL_RELOAD_SEED which is the first.
@@ -488,7 +542,7 @@ private:
             {"the order of Tab", Gain() + Line(), nothing, Line() + Gain(), [](Live &live) { QStringList names; for (QWidget *next = live.window.nextInFocusChain(); next != &live.window; next = next->nextInFocusChain()) if (next->focusPolicy() & Qt::TabFocus && !next->focusProxy() && next->isVisible()) names << next->objectName(); return names.join(' '); }, "text gain applyButton autoApply "},
             {"a cell that is being typed", Table, [](Live &live) { QTest::keyClicks(OpenCell(live.window.findChild<QTableWidget *>(), 2, 1), "abc"); }, Gain() + Table, [](Live &live) { const auto *table = live.window.findChild<QTableWidget *>(); return QString("%1/%2 ").arg(table->currentRow()).arg(table->currentColumn()) + live.Focus(); }, "the same"},
             {"selected cells", Table, [](Live &live) { live.window.findChild<QTableWidget *>()->setRangeSelected({1, 0, 2, 1}, true); }, Table + Gain(), [](Live &live) { return QString::number(live.window.findChild<QTableWidget *>()->selectedItems().size() + live.window.findChild<QTableWidget *>()->selectionModel()->selectedIndexes().size()); }, "the same"},
-            {"cells by row and column", Table, [](Live &live) { EnterCell(live.window.findChild<QTableWidget *>(), 1, "abc", 1); }, Labelled("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
+            {"cells by row and column", Table, [](Live &live) { live.Enter("table[1,1]", "abc"); }, Labelled("table", "TableWidget", {"rowCount=Int:3", "columnCount=Int:3"}), [](Live &live) { const auto *item = live.window.findChild<QTableWidget *>()->item(1, 1); return item ? item->text() : ""; }, "the same"},
             {"the place to which it was scrolled", Rows(), [](Live &live) { live.window.findChild<QScrollArea *>()->verticalScrollBar()->setValue(300); }, Line() + Rows(3), [](Live &live) { return QString::number(live.Top("row20")); }, "the same"},
             {"collapsed groups", Group("a") + Gain() + Group("b") + Line(), [](Live &live) { live.form->GetSheet().SetCollapsed({"b"}); }, Group("c") + Gain() + Group("b") + Line(), [](Live &live) { return live.form->GetSheet().GetCollapsed().join(' '); }, "b"},
             {"the undo stack", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Stack()->undo(); }, Line() + Gain(), undo, "the same"},

@@ -53,7 +53,7 @@ struct LiveTable : LiveStore {
         QWidget *editor = Edit(row, column);
         QTest::keyClicks(editor, text);
         QTest::keyClick(editor, Qt::Key_Return);
-        PassEvents();
+        PassTime(0);
     }
     QString Shown() const
     {
@@ -271,8 +271,7 @@ private Q_SLOTS:
         auto *table = live.Find<QTableWidget>("s");
         table->setCurrentCell(1, 0);
         QStringList titles;
-        const DialogCloser menu([&] {
-            auto *open = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        const ModalVisitor menu([&](QWidget *open) {
             titles << open->actions().first()->text();
             open->actions().first()->trigger();
         });

@@ -268,7 +268,7 @@ const End Ends[] = {
 /// Goes along a road; at what is wanted to be heard the form ends.
 void Play(Scene &scene, const Road &road, Step end)
 {
-    const DialogCloser closer([&scene] { scene.ears.hear("a dialog of the subject opens"); });
+    const ModalVisitor closer([&scene](QWidget *) { scene.ears.hear("a dialog of the subject opens"); });
     scene.ears.Act = [&] {
         scene.TakeWindow();
         end(scene);
@@ -409,6 +409,6 @@ int main(int argc, char **argv)
     if (argc == 3 && argv[1] == QByteArray("outlive"))
         return Outlive(argv[2], argc, argv);
     TestFormEnds test;
-    return RunOrbelTest(&test, argc, argv);
+    return Orbel::RunTest(&test, argc, argv);
 }
 #include "tst_formends.moc"

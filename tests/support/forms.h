@@ -105,21 +105,6 @@ inline Form Example(const QString &file)
     return Form(KV218::OrbelParser().ParseORBELFile(ORBEL_EXAMPLES_DIR "/forms/" + file));
 }
 
-/// The example that holds every class once, in a window on the screen.
-struct AllControls {
-    AllControls() : form(Example("all_controls.orbel"))
-    {
-        form->CreateValueTree("/All");
-        window = Build(form);
-        window->resize(900, 900);
-        window->show();
-        QApplication::setActiveWindow(window.get());
-    }
-
-    Form form;
-    std::unique_ptr<QWidget> window;
-};
-
 } // namespace forms
 
 // Whoever tests forms speaks of them without their namespaces.

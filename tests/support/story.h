@@ -45,21 +45,21 @@ private:
             {"document", [&] { form->SetXmlString("<Parameters>" + rest + "</Parameters>"); }},
             {"node", [&] { NodeAt(rest.section('=', 0, 0))->SetStringValue(rest.section('=', 1), nullptr); }},
             {"input", [&] { form->EnableInput(rest == "on"); }},
-            {"wait", [] { PassTimersBelow(200); }},
+            {"wait", [] { PassTime(200); }},
             {"focus", [&] { Find(rest)->setFocus(); }},
-            {"click", [&] { QTest::mouseClick(Find(rest), Qt::LeftButton, {}, QPoint(8, Find(rest)->height() / 2)); }},
+            {"click", [&] { Click(rest); }},
             {"cell", [&] { OpenCell(Find<QTableWidget>(words[0]), words[1].toInt(), words[2].toInt()); }},
             {"fetch", [&] { form->GetXmlString(true); }},
-            {"type", [&] { QTest::keyClicks(Focus(), rest); }},
-            {"enter", [&] { Enter(Focus(), rest); }},
-            {"press",
+            {"type", [&] { TypeOn(rest); }},
+            {"enter",
                 [&] {
-                    for (const QString &key : words)
-                        QTest::keySequence(Focus(), QKeySequence(key));
+                    TypeOver(window->focusWidget(), rest);
+                    Press("Return");
                 }},
+            {"press", [&] { Press(rest); }},
         };
         acts.value(verb, [&] { qFatal("no act is called %s", qPrintable(verb)); })();
-        Settle();
+        Orbel::Settle();
         return log.Take();
     }
     QHash<QString, std::function<QString()>> Answers(const QStringList &words)
@@ -98,22 +98,15 @@ private:
                     return inside.section("</Parameters>", 0, 0).simplified();
                 }},
             {"modified", [=] { return QString(Get(words[0])->isModified() ? "yes" : "no"); }},
-            {"focused", [=] { return Focus()->objectName(); }},
+            {"focused", [=] { return window->focusWidget()->objectName(); }},
             {"note", [=] { return Orbel::FieldNote::TextOf(Find(words[0])); }},
             {"stack",
                 [=] {
-                    Settle(); // the entries are spelled late
+                    Orbel::Settle(); // the entries are spelled late
                     return QString::number(form->GetUndoStack()->count()) + ' ' + form->GetUndoStack()->undoText();
                 }},
         };
     }
-    /// What is posted comes, but no timer goes off: automatic apply is heard by who waits for it.
-    static void Settle()
-    {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    QWidget *Focus() const { return window->focusWidget() ? window->focusWidget() : window.get(); }
     static ValueBase *NodeAt(const QString &name) { return Tree::Instance()->GetNode("/Form/" + name); }
 };
 

@@ -1,33 +1,20 @@
 #include "testcase.h"
 
-#include "tree.h"
-
-#include <QApplication>
-#include <QLocale>
-#include <QStyleFactory>
-#include <QtTest>
-
-int RunOrbelTest(QObject *test, int argc, char **argv)
+QByteArray BytesOf(const QString &path)
 {
-    QLocale::setDefault(QLocale::c());
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create("fusion"));
-    QFont font("DejaVu Sans");
-    font.setPointSize(9);
-    QApplication::setFont(font);
-    return QTest::qExec(test, argc, argv);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QString LeftOver()
+QString WriteFile(const QTemporaryDir &folder, const QString &name, const QByteArray &content)
 {
-    // What ended within a call goes when the event loop comes round.
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QStringList left;
-    for (QWidget *widget : QApplication::topLevelWidgets())
-        left << QStringLiteral("widget %1 %2").arg(widget->metaObject()->className(), widget->objectName());
-    for (const QString &path : Tree::Instance()->GetPaths())
-        left << QStringLiteral("node %1").arg(path);
-    return left.join(QStringLiteral(", "));
+    QFile file(folder.filePath(name));
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName() : QString();
+}
+
+int FromEnvironment(const char *name, int otherwise)
+{
+    bool stated = false;
+    const int value = qEnvironmentVariableIntValue(name, &stated);
+    return stated ? value : otherwise;
 }

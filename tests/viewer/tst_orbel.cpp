@@ -481,7 +481,7 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsSet("ORBEL_OPERATOR"))
         return Orbel::RunOrbel(argc, argv);
     TestOrbel test;
-    return RunOrbelTest(&test, argc, argv);
+    return Orbel::RunTest(&test, argc, argv);
 }
 
 #include "tst_orbel.moc"

@@ -1,0 +1,138 @@
+#include "studiowindow.h"
+
+#include "debuggerdock.h"
+#include "editorcommand.h"
+#include "findingsdock.h"
+#include "formoverlay.h"
+#include "inspectordock.h"
+#include "parametersdock.h"
+#include "picturesdialog.h"
+#include "scriptdock.h"
+#include "simulatordock.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTime>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace Orbel
+{
+
+StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString &editor)
+    : Bench(bench), Settings(settings), Editor(editor), Stage(new QWidget), Missing(new QLabel),
+      Overlay(new FormOverlay(bench)), State(new QLabel)
+{
+    setWindowTitle(tr("%1 — Orbel studio").arg(QFileInfo(Bench.GetFile()).fileName()));
+    auto *layout = new QVBoxLayout(Stage);
+    layout->setContentsMargins(0, 0, 0, 0);
+    Missing->setText(tr("There is no form in %1 yet. The findings tell why.").arg(Bench.GetFile()));
+    Missing->setAlignment(Qt::AlignCenter);
+    Missing->setWordWrap(true);
+    layout->addWidget(Missing);
+    setCentralWidget(Stage);
+    statusBar()->addPermanentWidget(State);
+    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
+    AddDocks();
+    AddMenus();
+    connect(&Bench, &Workbench::formChanged, this, &StudioWindow::TakeForm);
+    connect(&Bench, &Workbench::editWanted, this, &StudioWindow::OpenEditor);
+    connect(&Bench, &Workbench::picked, this, [this](const QString &name) {
+        const FormSource::Widget *widget = Bench.GetSource().Find(name);
+        statusBar()->showMessage(
+            widget ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : QString());
+    });
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    resize(1280, 860);
+    resizeDocks({Docks.at(3)}, {520}, Qt::Horizontal);
+    resizeDocks({Docks.constFirst()}, {200}, Qt::Vertical);
+    restoreGeometry(Settings.value(QStringLiteral("window/geometry")).toByteArray());
+    restoreState(Settings.value(QStringLiteral("window/state")).toByteArray());
+    TakeForm();
+}
+
+void StudioWindow::AddDocks()
+{
+    AddDock(new FindingsDock(Bench), Qt::BottomDockWidgetArea);
+    AddDock(new ScriptDock(Bench, Settings), Qt::BottomDockWidgetArea);
+    Debugger = new DebuggerDock(Bench);
+    AddDock(Debugger, Qt::BottomDockWidgetArea);
+    Debugger->hide();
+    Docks.constFirst()->raise();
+    auto *inspector = new InspectorDock(Bench, *Overlay);
+    Tools = {inspector->GetPointAction(), inspector->GetHintsAction()};
+    AddDock(inspector, Qt::RightDockWidgetArea);
+    AddDock(new ParametersDock(Bench), Qt::RightDockWidgetArea);
+    AddDock(new SimulatorDock(Bench), Qt::RightDockWidgetArea);
+    inspector->raise();
+}
+
+void StudioWindow::AddDock(StudioDock *dock, Qt::DockWidgetArea area)
+{
+    for (StudioDock *other : qAsConst(Docks)) {
+        if (dockWidgetArea(other) == area) {
+            tabifyDockWidget(other, dock);
+            Docks.append(dock);
+            return;
+        }
+    }
+    addDockWidget(area, dock);
+    Docks.append(dock);
+}
+
+void StudioWindow::AddMenus()
+{
+    QMenu *const form = menuBar()->addMenu(tr("&Form"));
+    form->addAction(
+        tr("&Edit the definition"), this, [this] { OpenEditor(1); }, QKeySequence(tr("Ctrl+E")));
+    form->addAction(
+        tr("&Make anew"), this, [this] { Bench.Restart(); }, QKeySequence(tr("Ctrl+F5")));
+    form->addAction(tr("&Pictures…"), this, [this] { PicturesDialog(Bench, Settings, this).exec(); });
+    form->addSeparator();
+    form->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QMenu *const view = menuBar()->addMenu(tr("&View"));
+    view->addActions(Tools);
+    view->addSeparator();
+    for (StudioDock *dock : qAsConst(Docks))
+        view->addAction(dock->toggleViewAction());
+}
+
+void StudioWindow::TakeForm()
+{
+    Session *const session = Bench.GetSession();
+    Missing->setVisible(!session);
+    if (!session)
+        return;
+    if (session->GetWidget()->parentWidget() != Stage) {
+        Stage->layout()->addWidget(session->GetWidget());
+        session->GetWidget()->show();
+    }
+    Overlay->Cover();
+    State->setText(tr("read at %1").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
+}
+
+void StudioWindow::OpenEditor(int line)
+{
+    if (!EditorCommand::Open(Editor, Bench.GetFile(), line))
+        statusBar()->showMessage(tr("The editor could not be started: %1").arg(EditorCommand::Choose(Editor)));
+}
+
+void StudioWindow::closeEvent(QCloseEvent *event)
+{
+    // A script that waits has an event loop of its own.
+    if (Debugger->IsSuspended()) {
+        Debugger->LetGo();
+        event->ignore();
+        QTimer::singleShot(0, this, &QWidget::close);
+        return;
+    }
+    Settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
+    Settings.setValue(QStringLiteral("window/state"), saveState());
+    QMainWindow::closeEvent(event);
+}
+
+} // namespace Orbel
