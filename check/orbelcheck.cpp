@@ -57,9 +57,11 @@ public:
         if (reading.Form() < 0)
             return;
         const FormModel form(document, reading.Form());
+        if (Milliseconds && !document.IsWhole())
+            return;
         if (!Milliseconds)
             CheckForm(form, sink);
-        else if (reading.IsCut() || !document.IsWhole())
+        else if (reading.IsCut())
             sink.Add(Code::ScriptNotRun, document.PlaceOf(form.Script < 0 ? form.Form : form.Script),
                 QStringLiteral("The script is not run before the definition can be read to its end"));
         else
@@ -88,7 +90,7 @@ private:
         const Document definition(value ? list.ValueOf(*value) : PlacedText::AllAt(QString(), list.PlaceOf(element)));
         if (!definition.IsWhole() && !Milliseconds)
             TellMalformed(definition.PlaceOfError(), definition.ErrorText(), sink);
-        if (value)
+        else if (value)
             Definition(definition, sink);
     }
 
@@ -115,6 +117,9 @@ Findings Examine(const QByteArray &bytes, bool isList, const Examination &examin
     FindingSink sink;
     if (!examination.IsRun())
         CheckXml(file, document, sink);
+    // What is cut off makes much of the rest look wrong.
+    if (sink.Has(Code::XmlMalformed))
+        return sink.Sorted(file);
     if (isList)
         examination.ComponentList(document, sink);
     else

@@ -1,5 +1,6 @@
 #include "checkcommand.h"
 
+#include "checkformats.h"
 #include "checkjson.h"
 #include "checkrun.h"
 #include "commandoptions.h"
@@ -10,8 +11,6 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonObject>
 
 #include <algorithm>
 #include <cstdio>
@@ -69,7 +68,7 @@ void CheckCommand::Define(QCommandLineParser &parser) const
     QCommandLineOption runHere(RunHere, QString(), QStringLiteral("KIND"));
     runHere.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({
-        {Json, QStringLiteral("Prints an array of objects instead.")},
+        {Json, QStringLiteral("Prints an array of objects: --format json.")},
         {RunOption, QStringLiteral("Also builds the form and runs its script, for at most two seconds.")},
         {Params, QStringLiteral("A parameter document to check against the form; wants one FILE."),
             QStringLiteral("DOC.xml")},
@@ -78,6 +77,7 @@ void CheckCommand::Define(QCommandLineParser &parser) const
         {Codes, QStringLiteral("Explains all codes instead of checking.")},
         runHere,
     });
+    DefineFormat(parser, CheckFormats());
 }
 
 int CheckCommand::Run(const QCommandLineParser &parser)
@@ -93,6 +93,7 @@ int CheckCommand::Run(const QCommandLineParser &parser)
         PrintText(FindingsToJson(RunForms(KindOf(parser.value(RunHere)))));
         return ekFine;
     }
+    const QString format = parser.isSet(Json) ? QString(Json) : Format(parser, CheckFormats());
     const QStringList paths = Arguments(parser, INT_MAX);
     IsAlone = paths.size() == 1;
     for (const QString &path : paths) {
@@ -103,7 +104,7 @@ int CheckCommand::Run(const QCommandLineParser &parser)
             Status = failure.Status;
         }
     }
-    Print();
+    PrintText(Formatted(Lines, format));
     return Status;
 }
 
@@ -162,23 +163,6 @@ void CheckCommand::Take(const QString &path, const Findings &findings)
         Lines.append({path, finding});
     if (!Check::IsClean(findings))
         Status = ekInputAtFault;
-}
-
-void CheckCommand::Print() const
-{
-    if (!Parser->isSet(Json)) {
-        for (const Line &line : Lines)
-            PrintText(QStringLiteral("%1:%2:%3: %4: %5 [%6]\n")
-                          .arg(line.Path)
-                          .arg(line.Found.Line)
-                          .arg(line.Found.Column)
-                          .arg(NameOf(line.Found.Level), line.Found.Text, line.Found.Code));
-        return;
-    }
-    QJsonArray array;
-    for (const Line &line : Lines)
-        array.append(ToJson(line.Found, line.Path));
-    PrintText(JsonText(array));
 }
 
 } // namespace Orbel

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "checkformats.h"
 #include "failure.h"
 #include "inputfile.h"
-#include "orbelcheck.h"
 #include "subcommand.h"
 
 namespace Orbel
@@ -20,15 +20,9 @@ private:
     InputFile WithTemplate(const InputFile &input);
     void CheckAgainst(const QString &option, const QByteArray &form);
     void Take(const QString &path, const Findings &findings);
-    void Print() const;
-
-    struct Line {
-        QString Path;
-        Finding Found;
-    };
 
     const QCommandLineParser *Parser = nullptr;
-    QVector<Line> Lines;
+    QVector<FileFinding> Lines;
     bool IsAlone = true; ///< There is one FILE.
     ExitStatus Status = ekFine;
 };

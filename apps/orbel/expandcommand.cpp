@@ -40,13 +40,14 @@ void ExpandCommand::Define(QCommandLineParser &parser) const
     parser.setApplicationDescription(QStringLiteral(
         "Makes a plain form definition of each template, FILE.orbel of FILE.orbelt, in which groups of controls are\n"
         "repeated over a list or a range. Mistakes are told with their places in the template."));
-    parser.addPositionalArgument(
-        QStringLiteral("FILE..."), QStringLiteral("Templates, whose names end in \".orbelt\"."), QStringLiteral("FILE..."));
+    parser.addPositionalArgument(QStringLiteral("FILE..."),
+        QStringLiteral("Templates, whose names end in \".orbelt\"."), QStringLiteral("FILE..."));
     parser.addOptions({
         {{QStringLiteral("o"), Output}, QStringLiteral("The file to write, \"-\" to print; wants one FILE."),
             QStringLiteral("FILE.orbel")},
-        {Check, QStringLiteral("Writes nothing, tells each definition that is not what its template gives, and ends "
-                               "with 1 then.")},
+        {Check,
+            QStringLiteral("Writes nothing, tells each definition that is not what its template gives, and ends "
+                           "with 1 then.")},
     });
 }
 
@@ -72,7 +73,7 @@ void ExpandCommand::Expand(const QString &path, const QString &output, bool isCh
 {
     const ExpandedTemplate expanded(ReadFile(path), NameFrom(output, path));
     for (const Finding &error : expanded.GetErrors()) {
-        Complain(QStringLiteral("%1:%2:%3: %4").arg(path).arg(error.Line).arg(error.Column).arg(error.Text));
+        Complain(PlaceIn(path, error.Line, error.Column) + QLatin1String(": ") + error.Text);
         Status = ekInputAtFault;
     }
     if (!expanded.GetErrors().isEmpty())

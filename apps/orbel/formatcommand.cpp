@@ -83,7 +83,7 @@ void FormatCommand::Format(const QString &path, bool isCheck)
     const DefinitionLayout layout = DefinitionLayout::OfFile(document);
     if (!layout.GetRefusal().isEmpty()) {
         const Finding &reason = layout.GetRefusal().constFirst();
-        throw InputFailure(QStringLiteral("%1:%2:%3").arg(path).arg(reason.Line).arg(reason.Column), reason.Text);
+        throw InputFailure(PlaceIn(path, reason.Line, reason.Column), reason.Text);
     }
     const bool isSame = layout.GetDocument() == document;
     if (isCheck && !isSame) {

@@ -12,7 +12,7 @@
 namespace Orbel
 {
 
-FormFile::FormFile(const QString &path) : Input(ReadInput(path))
+FormFile::FormFile(const QString &path) : Input(ReadInput(path)), Text(Input.Bytes)
 {
     if (IsList())
         ReadList();
@@ -55,11 +55,12 @@ void FormFile::ReadTemplate()
 {
     const ExpandedTemplate expanded(Input.Bytes);
     for (const Finding &error : expanded.GetErrors()) {
-        Complain(QStringLiteral("%1:%2:%3: %4").arg(Input.Path).arg(error.Line).arg(error.Column).arg(error.Text));
+        Complain(PlaceIn(Input.Path, error.Line, error.Column) + QLatin1String(": ") + error.Text);
         Status = ekInputAtFault;
     }
-    if (HoldsForm(expanded.GetDefinition(), Input.Path))
-        Definitions.append({QString(), QString::fromUtf8(expanded.GetDefinition())});
+    Text = expanded.GetDefinition();
+    if (expanded.GetErrors().isEmpty() && HoldsForm(Text, Input.Path))
+        Definitions.append({QString(), QString::fromUtf8(Text)});
 }
 
 void FormFile::ReadList()

@@ -22,7 +22,8 @@ public:
     explicit FormFile(const QString &path);
 
     const QString &GetPath() const { return Input.Path; }
-    const QByteArray &GetBytes() const { return Input.Bytes; }
+    /// What stands in the file; of a template the definition that it gives.
+    const QByteArray &GetBytes() const { return Text; }
     bool IsList() const { return Input.Kind == DocumentKind::List; }
     bool IsDefinition() const { return Input.Kind == DocumentKind::Definition; }
     /// Input at fault when something is malformed.
@@ -46,6 +47,7 @@ private:
     const Definition &Pick(const QString &component) const;
 
     const InputFile Input;
+    QByteArray Text;
     QVector<Definition> Definitions;
     ExitStatus Status = ekFine;
 };

@@ -156,12 +156,18 @@ int Run(int argc, char **argv)
 int RunOrbel(int argc, char **argv)
 {
     RouteMessages();
+    int status = ekFine;
     try {
-        return Run(argc, argv);
+        status = Run(argc, argv);
     } catch (const Failure &failure) {
         Complain(failure.Message);
-        return failure.Status;
+        status = failure.Status;
     }
+    // What is printed may be lost only now, on a disk that is full.
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    Complain(QStringLiteral("what was printed could not all be written"));
+    return qMax<int>(status, ekInputAtFault);
 }
 
 } // namespace Orbel

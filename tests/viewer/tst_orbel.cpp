@@ -316,6 +316,16 @@ private Q_SLOTS:
         QVERIFY2(stale.Out.startsWith(path.chopped(1) + ":5:"), qPrintable(stale.Out));
     }
 
+    void filesMayBePipes()
+    {
+        const auto piped = [](const QString &path, const QString &options) {
+            return Run("sh", {"-c", "cat \"$1\" | \"$0\" params /dev/stdin " + options, ORBEL_COMMAND, path}).Out;
+        };
+        QCOMPARE(piped(Receiver, ""), RunCommand({"params", Receiver}).Out);
+        QVERIFY(piped(Receiver, "").size() > 100);
+        QCOMPARE(piped(Components, "--component 1"), RunCommand({"params", Components, "--component", "Audio"}).Out);
+    }
+
     void nearestNames()
     {
         const QStringList names{"far away", "frost", "FIRST", "frist", "frost"};
