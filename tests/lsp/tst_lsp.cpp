@@ -505,16 +505,17 @@ private Q_SLOTS:
         Client client;
         Orbel::MessageReader reader;
         const int count = FromEnvironment("ORBEL_LSP_MESSAGES", 3000);
+        int answered = 0;
         QElapsedTimer clock;
         clock.start();
         for (int i = 0; i < count; ++i) {
             QByteArray message = sound.at(int(random() % unsigned(sound.size())));
-            const unsigned kind = random() % 4;
-            for (unsigned change = random() % 4; kind > 0 && change > 0; --change)
+            const unsigned kind = random() % 8;
+            for (unsigned change = random() % 4; kind > 4 && change > 0; --change)
                 message[int(random() % unsigned(message.size()))]
-                    = kind == 1 ? char(random()) : "\"{}[]:,0-9el\\"[random() % 13];
+                    = kind == 5 ? char(random()) : "\"{}[]:,0-9el\\"[random() % 13];
             QByteArray frame = "Content-Length: " + QByteArray::number(message.size()) + "\r\n\r\n" + message;
-            if (kind == 3)
+            if (kind == 7)
                 frame.truncate(int(random() % unsigned(frame.size())));
             reader.Feed(frame);
             while (const auto next = reader.Next())
@@ -522,6 +523,8 @@ private Q_SLOTS:
             // Now and then the typing pauses.
             if (i % 50 == 0)
                 client.Server.Settle();
+            answered += int(std::count_if(client.Said.cbegin(), client.Said.cend(),
+                [](const QJsonObject &said) { return said.contains("result"); }));
             client.Said.clear();
         }
         const QByteArray last = "{\"id\":\"last\",\"method\":\"unknown\"}";
@@ -532,7 +535,8 @@ private Q_SLOTS:
         client.Server.Settle();
         QVERIFY(std::any_of(client.Said.cbegin(), client.Said.cend(),
             [](const QJsonObject &said) { return said.value("id") == "last"; }));
-        qInfo("%d messages in %.1f s", count, double(clock.elapsed()) / 1000);
+        qInfo("%d messages in %.1f s, %d of them with a result", count, double(clock.elapsed()) / 1000, answered);
+        QVERIFY(answered > count / 20);
     }
 
     /// The answers while one types in a long form: each follows an edit, so that nothing is known beforehand.
@@ -576,7 +580,7 @@ private Q_SLOTS:
                  std::make_tuple("hover in the script", "hover", script)}) {
             const double time = ask(request, place);
             qInfo("%s: %.1f ms, %.1f parses of %.1f ms", name, time, time / parse, parse);
-            QVERIFY2(time < 25 * parse, name);
+            QVERIFY2(time < 100 * parse, name);
         }
     }
 
