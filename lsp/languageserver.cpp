@@ -184,7 +184,7 @@ void LanguageServer::RunChanged()
         if (!document)
             continue;
         const QByteArray bytes = document->Bytes();
-        RunElsewhere(bytes, document->IsList(), [=](const Findings &findings) {
+        RunElsewhere(bytes, document->What(), [=](const Findings &findings) {
             if (Documents.TakeRun(uri, bytes, findings))
                 Publish(uri);
         });

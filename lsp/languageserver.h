@@ -24,8 +24,8 @@ public:
     using Sender = std::function<void(const QJsonObject &message)>;
 
     /// Runs the forms of a document elsewhere and tells later what the checker and the run have found.
-    using Run
-        = std::function<void(const QByteArray &document, bool isList, std::function<void(const Findings &)> done)>;
+    using Run = std::function<void(
+        const QByteArray &document, OpenDocument::Kind kind, std::function<void(const Findings &)> done)>;
 
     explicit LanguageServer(const Sender &send, QObject *parent = nullptr);
 

@@ -34,6 +34,15 @@ QString UriOf(const QJsonObject &params)
     return params.value(TextDocument)[Uri].toString();
 }
 
+OpenDocument::Kind KindOf(const QString &uri, const QJsonValue &item)
+{
+    if (uri.endsWith(QLatin1String(".orbelt")))
+        return OpenDocument::Template;
+    const bool isForm = uri.endsWith(QLatin1String(".orbel"))
+        || item[QLatin1String("languageId")].toString() == QLatin1String("orbel");
+    return isForm ? OpenDocument::Definition : OpenDocument::List;
+}
+
 int PlaceOf(const QJsonObject &params, const OpenDocument &document)
 {
     return document.Lines().IndexOf(PositionFromJson(params.value(QLatin1String("position"))));
@@ -63,10 +72,8 @@ QString Workspace::Open(const QJsonObject &params)
     const QJsonValue item = params.value(TextDocument);
     if (uri.isEmpty() || !item[Text].isString())
         return QString();
-    const bool isForm = uri.endsWith(QLatin1String(".orbel"))
-        || item[QLatin1String("languageId")].toString() == QLatin1String("orbel");
     Entry &entry = Entries[uri];
-    entry.Document = std::make_unique<OpenDocument>(uri, !isForm, item[Text].toString());
+    entry.Document = std::make_unique<OpenDocument>(uri, KindOf(uri, item), item[Text].toString());
     entry.Version = item[Version];
     entry.Found.reset();
     return uri;

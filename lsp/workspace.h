@@ -16,7 +16,7 @@ namespace Orbel
 
 /// The documents that an editor has open, and the answers to what it asks about them. Parameters and answers are those
 /// of the protocol. A document whose address ends in ".orbel", or that the editor calls "orbel", is a form definition,
-/// any other one a component list.
+/// one in ".orbelt" a template of one, any other one a component list.
 class Workspace
 {
 public:

@@ -8,9 +8,8 @@
 namespace Orbel
 {
 
-CheckProcess::CheckProcess(const QByteArray &document, bool isList, const Done &done, QObject *parent)
-    : QObject(parent), Tell(done),
-      File(QDir::temp().filePath(isList ? QStringLiteral("XXXXXX.xml") : QStringLiteral("XXXXXX.orbel")))
+CheckProcess::CheckProcess(const QByteArray &document, const QString &end, const Done &done, QObject *parent)
+    : QObject(parent), Tell(done), File(QDir::temp().filePath(QStringLiteral("XXXXXX") + end))
 {
     Process.setStandardErrorFile(QProcess::nullDevice());
     Process.setStandardInputFile(QProcess::nullDevice());

@@ -17,9 +17,9 @@ class CheckProcess : public QObject
 public:
     using Done = std::function<void(const Findings &findings)>;
 
-    /// `done` is called once, when all is found, unless this is destroyed before. Nothing is told of a process that
-    /// fails.
-    CheckProcess(const QByteArray &document, bool isList, const Done &done, QObject *parent);
+    /// `end` is that of a file's name, which tells what the document is. `done` is called once, when all is found,
+    /// unless this is destroyed before. Nothing is told of a process that fails.
+    CheckProcess(const QByteArray &document, const QString &end, const Done &done, QObject *parent);
     ~CheckProcess() override;
 
 private:

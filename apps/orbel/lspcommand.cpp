@@ -11,6 +11,25 @@
 namespace Orbel
 {
 
+namespace
+{
+
+/// The end of a file's name that tells what it holds.
+QString EndOf(OpenDocument::Kind kind)
+{
+    switch (kind) {
+    case OpenDocument::List:
+        return QStringLiteral(".xml");
+    case OpenDocument::Template:
+        return QStringLiteral(".orbelt");
+    case OpenDocument::Definition:
+        break;
+    }
+    return QStringLiteral(".orbel");
+}
+
+} // namespace
+
 void LspCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(QStringLiteral(
@@ -27,9 +46,10 @@ int LspCommand::Run(const QCommandLineParser &parser)
         throw UsageFailure(
             QStringLiteral("there is one argument too many: \"%1\"").arg(parser.positionalArguments().constFirst()));
     ServerConnection connection(fileno(stdin), fileno(stdout));
-    connection.GetServer().SetRun([&](const QByteArray &document, bool isList, const CheckProcess::Done &done) {
-        new CheckProcess(document, isList, done, &connection.GetServer());
-    });
+    connection.GetServer().SetRun(
+        [&](const QByteArray &document, OpenDocument::Kind kind, const CheckProcess::Done &done) {
+            new CheckProcess(document, EndOf(kind), done, &connection.GetServer());
+        });
     return QApplication::exec();
 }
 

@@ -37,8 +37,8 @@ struct Difference {
 
 QJsonArray FormattingOf(const OpenDocument &document)
 {
-    if (document.IsList())
-        throw RpcFailure{RpcError::RequestFailed, QStringLiteral("A component list has no layout of its own")};
+    if (document.What() != OpenDocument::Definition)
+        throw RpcFailure{RpcError::RequestFailed, QStringLiteral("Only definitions have a layout of their own")};
     const DefinitionLayout layout = DefinitionLayout::OfText(document.Text());
     if (!layout.GetRefusal().isEmpty())
         throw RpcFailure{RpcError::RequestFailed, layout.GetRefusal().constFirst().Text};

@@ -310,6 +310,7 @@ private Q_SLOTS:
         add("members of the sheet", script("sheet.@"), "resetModifiedParameter", "currentValue");
         add("parameters of this function", script("function f(one) { var two; @ } function g(other) {}"), "one two f g", "other");
         add("in a comment of the script", script("// gain.@"), "", "value gain");
+        add("in a repetition", Form("<Repeat each='n' from='1' to='2'><Widget class='Label'/><@"), "Widget", "Property");
         add("in a component list", "<L><Component name='a'><ValueString id='ORBEL' value='&lt;ZkParamGui&gt;&lt;Sheet&gt;&lt;Widget class=&quot;@&quot;/&gt;&lt;/Sheet&gt;&lt;/ZkParamGui&gt;'/></Component></L>", "SpinBox", "Widget");
         // clang-format on
     }
