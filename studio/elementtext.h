@@ -2,6 +2,7 @@
 
 #include "formsource.h"
 
+#include <QStringList>
 #include <QVariant>
 
 namespace KV218

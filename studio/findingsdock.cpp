@@ -1,6 +1,5 @@
 #include "findingsdock.h"
 
-#include <QApplication>
 #include <QStyle>
 #include <QTreeWidget>
 

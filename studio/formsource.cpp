@@ -97,7 +97,7 @@ const FormSource::Widget *FormSource::Find(const QString &name) const
 QString FormSource::WidgetAt(int line) const
 {
     for (const Widget &widget : Widgets) {
-        if (line >= widget.FirstLine && line <= widget.LastLine)
+        if (line > 0 && line >= widget.FirstLine && line <= widget.LastLine)
             return widget.Name;
     }
     return QString();

@@ -20,7 +20,7 @@ QStringList LanguagesOf(const QString &form)
     return languages;
 }
 
-void SpeakLanguage(const QString &name)
+void SwitchLanguage(const QString &name)
 {
     QLocale::setDefault(QLocale(name));
     TranslationCenter::Instance().Reload();

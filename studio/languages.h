@@ -9,6 +9,6 @@ namespace Orbel
 QStringList LanguagesOf(const QString &form);
 
 /// Makes it the language of the process; all open forms follow.
-void SpeakLanguage(const QString &name);
+void SwitchLanguage(const QString &name);
 
 } // namespace Orbel

@@ -53,7 +53,13 @@ ParametersDock::ParametersDock(Workbench &bench)
     connect(Now, &QPlainTextEdit::modificationChanged, Back, &QWidget::setEnabled);
     connect(Now, &QPlainTextEdit::modificationChanged, Renew, &QWidget::setEnabled);
     connect(&Bench, &Workbench::formChanged, this, &ParametersDock::Follow);
-    connect(&Bench, &Workbench::changesChanged, this, &ParametersDock::Follow);
+    Later.setSingleShot(true);
+    Later.setInterval(100);
+    connect(&Later, &QTimer::timeout, this, &ParametersDock::Follow);
+    connect(&Bench, &Workbench::changesChanged, this, [this] {
+        if (!Later.isActive())
+            Later.start();
+    });
     connect(&Bench, &Workbench::applied, this, &ParametersDock::TakeApplied);
     connect(Changes, &QTreeWidget::itemClicked, this,
         [this](const QTreeWidgetItem *item) { Bench.PickPath(item->text(0)); });

@@ -30,6 +30,7 @@ private:
     QPushButton *const Renew;
     QTreeWidget *const Changes;
     QPlainTextEdit *const Last;
+    QTimer Later;
     /// What stands in the list of changes.
     QVector<QStringList> Shown;
 };

@@ -11,9 +11,11 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QImageWriter>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QSettings>
@@ -106,13 +108,13 @@ QStringList PicturesDialog::Write(const Workbench &bench, const Choice &choice, 
     const QLocale locale;
     const auto restore = qScopeGuard([&] {
         QApplication::setPalette(palette);
-        SpeakLanguage(locale.name());
+        SwitchLanguage(locale.name());
     });
     QDir().mkpath(choice.Folder);
     const QString base = QDir(choice.Folder).filePath(QFileInfo(bench.GetFile()).completeBaseName());
     QStringList files;
     for (const QString &language : choice.Languages) {
-        SpeakLanguage(language);
+        SwitchLanguage(language);
         for (const QString &colours : choice.Palettes) {
             QApplication::setPalette(NamedPalette(colours).value_or(palette));
             const Opening copy = bench.OpenCopy();

@@ -7,6 +7,7 @@ namespace Orbel
 
 /// Milliseconds.
 static constexpr int LongestRun = 10000;
+static constexpr int StepsOfLoop = 100000;
 
 ScriptWatch::ScriptWatch(QScriptEngine *engine) : QScriptEngineAgent(engine) { }
 
@@ -30,7 +31,7 @@ void ScriptWatch::positionChange(qint64 script, int line, int)
     if (Stack.isEmpty())
         return;
     Stack.last() = {script, line};
-    if (Clock.elapsed() > LongestRun) {
+    if (++Steps % StepsOfLoop == 0 && Clock.elapsed() > LongestRun) {
         Clock.start();
         engine()->currentContext()->throwError(
             QStringLiteral("The script was ended, since it took longer than %1 s").arg(LongestRun / 1000));
@@ -39,8 +40,10 @@ void ScriptWatch::positionChange(qint64 script, int line, int)
 
 void ScriptWatch::functionEntry(qint64)
 {
-    if (Stack.isEmpty())
+    if (Stack.isEmpty()) {
         Clock.start();
+        Steps = 0;
+    }
     Stack.append({-1, 0});
 }
 

@@ -9,7 +9,7 @@
 namespace Orbel
 {
 
-/// Knows where in which script an engine runs, and ends a run from outside that takes longer than ten seconds. Only one
+/// Knows where in which script an engine runs, and ends a loop that takes longer than ten seconds. Only one
 /// agent counts: under a debugger, nothing is known here.
 class ScriptWatch : public QScriptEngineAgent
 {
@@ -38,6 +38,8 @@ private:
     QHash<qint64, QString> Files;
     QVector<Position> Stack;
     QElapsedTimer Clock;
+    /// Statements since then: what waits for an answer takes long, too.
+    int Steps = 0;
 };
 
 } // namespace Orbel

@@ -12,10 +12,14 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QProcess>
 #include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QTableWidget>
+
+#include <algorithm>
+#include <utility>
 
 namespace Orbel
 {
@@ -130,13 +134,18 @@ QWidget *SimulatorDock::NewSurroundings()
 void SimulatorDock::TakeForm()
 {
     const QScopedValueRollback<bool> filling(IsFilling, true);
-    Controls.clear();
+    const auto isSame = [](const ControlInfo &one, const ControlInfo &other) {
+        return one.Path == other.Path && one.What == other.What;
+    };
+    const QVector<ControlInfo> before = std::exchange(Controls, {});
     if (Bench.GetSession()) {
         for (const ControlInfo &control : Bench.GetSession()->Controls()) {
             if (control.What != ControlInfo::None)
                 Controls.append(control);
         }
     }
+    if (std::equal(Controls.begin(), Controls.end(), before.begin(), before.end(), isSame))
+        return ShowValues();
     Table->setRowCount(0);
     Table->setRowCount(Controls.size());
     for (int row = 0; row < Controls.size(); ++row)
@@ -239,7 +248,7 @@ void SimulatorDock::Lock()
 void SimulatorDock::SetLanguage(const QString &name)
 {
     const PropertyOrigins::Act act(Bench.GetOrigins(), tr("host, the language"));
-    SpeakLanguage(name);
+    SwitchLanguage(name);
 }
 
 void SimulatorDock::SetPalette(const QString &name)

@@ -28,6 +28,7 @@ StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString 
       Overlay(new FormOverlay(bench)), State(new QLabel)
 {
     setWindowTitle(tr("%1 — Orbel studio").arg(QFileInfo(Bench.GetFile()).fileName()));
+    Overlay->setParent(Stage);
     auto *layout = new QVBoxLayout(Stage);
     layout->setContentsMargins(0, 0, 0, 0);
     Missing->setText(tr("There is no form in %1 yet. The findings tell why.").arg(Bench.GetFile()));

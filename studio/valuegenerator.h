@@ -2,6 +2,7 @@
 
 #include "controlinfo.h"
 
+#include <QStringList>
 #include <QVariant>
 
 namespace Orbel

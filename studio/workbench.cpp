@@ -82,7 +82,8 @@ void Workbench::Prepare(KV218::OrbelFormular &form)
 {
     QScriptEngine *const engine = EngineOf(form);
     Engine = engine;
-    form.SetScriptFile(File);
+    if (!IsList())
+        form.SetScriptFile(File);
     Failures.clear();
     Origins.SetActor(tr("start of the form, or kept"));
     if (Debugger) {
@@ -100,7 +101,10 @@ void Workbench::Prepare(KV218::OrbelFormular &form)
         if (!engine || engine->agent() != watch)
             return QString();
         const ScriptWatch::Place place = watch->Where();
-        return place.Line > 0 ? tr("script, %1:%2").arg(place.File).arg(place.Line) : QString();
+        if (place.Line <= 0)
+            return QString();
+        return place.File.isEmpty() ? tr("script, its line %1").arg(place.Line)
+                                    : tr("script, %1:%2").arg(place.File).arg(place.Line);
     });
 }
 

@@ -270,6 +270,9 @@ private Q_SLOTS:
         QTest::newRow("operator") << "key"
                                   << "gain.value"
                                   << "operator";
+        QTest::newRow("operator behind an exception") << "throw key"
+                                                      << "gain.value"
+                                                      << "operator";
         QTest::newRow("script") << "key"
                                 << "hint.text"
                                 << "script, FILE:14";
@@ -288,7 +291,9 @@ private Q_SLOTS:
         studio.bench->Pick(property.section('.', 0, 0));
         auto *const list = studio.Find<QTreeWidget>("properties");
         const auto row = [&] { return list->findItems(property.section('.', 1), Qt::MatchExactly).value(0); };
-        if (steps == "key")
+        if (steps.startsWith("throw"))
+            studio.bench->GetSession()->SetValue("gain", 13);
+        if (steps.endsWith("key"))
             QTest::keyClick(studio.Find("gain"), Qt::Key_Up);
         if (steps == "document") {
             studio.Find<QPlainTextEdit>("documentNow")->setPlainText("<Parameters><gain>7</gain></Parameters>");
@@ -455,6 +460,22 @@ private Q_SLOTS:
         QCOMPARE(QImage(files.last()).width(), 300);
         QVERIFY(QImage(files.last()).pixel(2, 2) != QImage(files.first()).pixel(2, 2));
         QCOMPARE(QApplication::palette(), before);
+    }
+
+    void aComponentsFormIsShown()
+    {
+        QTemporaryDir folder;
+        const QByteArray list = BytesOf(ORBEL_EXAMPLES_DIR "/forms/components.xml");
+        Workbench bench(WriteFile(folder, "list.xml", list));
+        QSettings settings(folder.filePath("s.ini"), QSettings::IniFormat);
+        StudioWindow window(bench, settings);
+        bench.Open();
+        const QString first = bench.GetSource().GetWidgets().value(0).Name;
+        QVERIFY(window.findChild<QWidget *>(first));
+        bench.Pick(first);
+        QVERIFY(window.findChild<InspectorDock *>("inspector")->GetElement().contains(first));
+        bench.Restart();
+        QVERIFY(window.findChild<QWidget *>(first));
     }
 
     void docksAreKept()

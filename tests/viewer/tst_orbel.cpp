@@ -454,9 +454,11 @@ private Q_SLOTS:
         QVERIFY(qGray(dark.pixel(950, 20)) < 100);
         QVERIFY(draw({Components, "--component", "Audio"}) != draw({Components, "--component", "Site"}));
 
-        const Result view = Run(ORBEL_COMMAND, {"view", Receiver}, environment);
-        QCOMPARE(view.Status, 1);
-        QVERIFY2(view.Err.contains("there is no display"), qPrintable(view.Err));
+        for (const char *command : {"view", "studio"}) {
+            const Result view = Run(ORBEL_COMMAND, {command, Receiver}, environment);
+            QCOMPARE(view.Status, 1);
+            QVERIFY2(view.Err.contains("there is no display"), qPrintable(view.Err));
+        }
     }
 
     void viewPrintsEachAppliedDocument()

@@ -105,6 +105,16 @@ private Q_SLOTS:
         QCOMPARE(Viewer->GetFormular()->GetXmlString(true), QString());
     }
 
+    void exceptionsHaveTheirPlaceInTheFile()
+    {
+        const QByteArray path = Write("throws.orbel",
+            QString(MuteForm).replace(
+                "</Sheet>", "</Sheet>\n<Script>\nmute.toggled.connect(function () {\nnoSuch(); });</Script>"));
+        QVERIFY(Init({path}));
+        Viewer->GetWindow()->findChild<QCheckBox *>("mute")->click();
+        QCOMPARE(Told, QStringList(path + ":4: ReferenceError: Can't find variable: noSuch"));
+    }
+
     void componentListGetsATabForEachForm()
     {
         const auto component = [](const QString &name) { return "<Component name=\"" + name + "\"/>"; };
