@@ -11,7 +11,7 @@ namespace Orbel
 
 /// One thing in which two definitions differ.
 struct FormDifference {
-    /// Moved is what stands behind another neighbour, with nothing else changed.
+    /// Moved is what stands behind another neighbour; what changed in it, too, is told beside that.
     enum Kind { Added, Gone, Changed, Moved };
     Kind What; ///< What became of it.
     QString Part; ///< "widget", "enumeration", "sheet", "script" or "form".
