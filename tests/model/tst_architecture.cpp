@@ -30,7 +30,8 @@ QString RoomOf(const QFileInfo &file)
 QFileInfoList Sources()
 {
     QFileInfoList files;
-    for (const char *folder : {"/host", "/orbelparser", "/check", "/lsp", "/session", "/studio", "/testsupport", "/apps"}) {
+    for (const char *folder :
+        {"/host", "/orbelparser", "/check", "/lsp", "/session", "/studio", "/testsupport", "/apps"}) {
         QDirIterator walk(
             QString(ORBEL_SOURCE_DIR) + folder, {"*.h", "*.cpp"}, QDir::Files, QDirIterator::Subdirectories);
         while (walk.hasNext()) {
