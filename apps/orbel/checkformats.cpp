@@ -56,10 +56,9 @@ QJsonArray SarifRules()
 QJsonObject SarifResult(const FileFinding &finding)
 {
     const QString address = QString::fromLatin1(QUrl::toPercentEncoding(finding.Path, "/"));
-    const QJsonObject region{{QStringLiteral("startLine"), finding.Found.Line},
-        {QStringLiteral("startColumn"), finding.Found.Column}};
-    const QJsonObject place{
-        {QStringLiteral("artifactLocation"), QJsonObject{{QStringLiteral("uri"), address}}},
+    const QJsonObject region{
+        {QStringLiteral("startLine"), finding.Found.Line}, {QStringLiteral("startColumn"), finding.Found.Column}};
+    const QJsonObject place{{QStringLiteral("artifactLocation"), QJsonObject{{QStringLiteral("uri"), address}}},
         {QStringLiteral("region"), region}};
     return {{QStringLiteral("ruleId"), finding.Found.Code}, {QStringLiteral("level"), NameOf(finding.Found.Level)},
         {QStringLiteral("message"), Message(finding.Found.Text)},

@@ -3,8 +3,11 @@
 #include "formcheck.h"
 #include "orbelformular.h"
 #include "orbelparser.h"
+#include "propertynames.h"
+#include "propertyplace.h"
 #include "scriptdeclarations.h"
 #include "scriptsourcemap.h"
+#include "widgetnumbers.h"
 
 #include <QElapsedTimer>
 #include <QMetaMethod>
@@ -97,6 +100,7 @@ public:
         const std::unique_ptr<QWidget> gui(Live->GetGUI());
         Clock.stop();
         TellUnknown();
+        TellBeyondLimits();
     }
 
 private:
@@ -167,6 +171,31 @@ private:
     {
         return owner.isEmpty() ? QStringList(Live->GetScriptValues().keys())
                                : MembersOf(Engine->globalObject().property(owner));
+    }
+
+    /// Values of the definition that limits of the script have moved.
+    void TellBeyondLimits()
+    {
+        for (const WidgetEntry &widget : Model.Widgets) {
+            const bool hasScriptsLimits = widget.Info && widget.Has(ekLimits) && widget.States(KV218::prop::Value)
+                && (Model.ScriptMayCall(widget, "setMinimum") || Model.ScriptMayCall(widget, "setMaximum"));
+            const QObject *control = Engine->globalObject().property(widget.Name).toQObject();
+            if (!hasScriptsLimits || !control || Model.ScriptMayCall(widget, "setValue"))
+                continue;
+            WidgetEntry live = widget;
+            for (const QLatin1String name : {KV218::prop::Minimum, KV218::prop::Maximum}) {
+                const QVariant limit = control->property(name.data());
+                if (limit.isValid())
+                    live.Properties.append({name, QString(), limit.toString(), widget.Element, -1, false});
+            }
+            const WidgetNumbers numbers(live);
+            const Number value = numbers.NumberOf(KV218::prop::Value);
+            const QString fault = BeyondLimits(value.Value, numbers.LimitOf(KV218::prop::Minimum),
+                numbers.LimitOf(KV218::prop::Maximum), numbers.Scale());
+            if (value && !fault.isEmpty())
+                Sink.Add(Code::LimitOutside, PlaceOfValue(Model, *value.Property),
+                    value.Text + fault + QStringLiteral(" that the script has set"));
+        }
     }
 
     void TellUnknown()

@@ -37,6 +37,7 @@ public:
             CheckLimits();
         CheckCounts();
         CheckShape();
+        CheckUnitScale();
         const Number margin = Numbers.NumberOf(prop::Margin);
         if (margin && margin.Value < 0)
             Tell(Code::MarginNegative, margin, QStringLiteral("A margin of %1 pixels is none").arg(margin.Text));
@@ -92,6 +93,24 @@ private:
             = {"setRange", "setStartFrequency", "setStopFrequency", "startFrequency", "stopFrequency"};
         return std::any_of(std::begin(members), std::end(members),
             [this](const char *member) { return Form.ScriptMayCall(Widget, member); });
+    }
+
+    /// It sets these when the nodes are made, whatever the definition states.
+    void CheckUnitScale()
+    {
+        const Number scale = Numbers.NumberOf(prop::UnitScale);
+        const QHash<double, QString> units{{1, QStringLiteral("Hz")}, {1e3, QStringLiteral("kHz")},
+            {1e6, QStringLiteral("MHz")}, {1e9, QStringLiteral("GHz")}};
+        if (!scale)
+            return;
+        for (const QLatin1String name :
+            {prop::Unit, prop::Suffix, prop::DisplayScalingFactor, prop::Decimals, prop::SingleStep}) {
+            const PropertyEntry *stated = Widget.Find(name);
+            if (stated && stated->Text.trimmed() != units.value(scale.Value))
+                Sink.Add(Code::UnitOverridden, PlaceOfValue(Form, *stated),
+                    QStringLiteral("unitScale sets \"%1\" of \"%2\", and \"%3\" is lost")
+                        .arg(name, Widget.Name, stated->Text));
+        }
     }
 
     void CheckCounts()

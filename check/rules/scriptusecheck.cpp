@@ -66,7 +66,10 @@ private:
             && QStringLiteral("=!<>").contains(Tokens.at(at - 1).Text);
         return IsMark(at, '=') && !IsMark(at + 1, '=') && !isPart;
     }
-    void Tell(Code code, int token, const QString &text) { Sink.Add(code, Script.PlaceOf(Tokens.at(token).Index), text); }
+    void Tell(Code code, int token, const QString &text)
+    {
+        Sink.Add(code, Script.PlaceOf(Tokens.at(token).Index), text);
+    }
 
     /// The widget that a name means here, if it cannot be something else.
     const WidgetEntry *WidgetAt(int at) const
@@ -132,7 +135,8 @@ private:
             return;
         if (isAssigned)
             Tell(Code::ScriptSignal, at + 2,
-                QStringLiteral("\"%1\" of \"%2\" is a function, and the assignment does nothing to it").arg(name, widget.Name));
+                QStringLiteral("\"%1\" of \"%2\" is a function, and the assignment does nothing to it")
+                    .arg(name, widget.Name));
         else
             Tell(Code::ScriptUncalled, at + 2, QStringLiteral("\"%1\" of \"%2\" is not called").arg(name, widget.Name));
     }
@@ -194,7 +198,8 @@ private:
             Sink.AddMisspelt(Code::ScriptChoice, place, told, text, values);
         else
             Sink.Add(Code::ScriptChoice, place,
-                told + QStringLiteral(", which is a display name; its value is \"%1\"").arg(meant), {place, text, meant});
+                told + QStringLiteral(", which is a display name; its value is \"%1\"").arg(meant),
+                {place, text, meant});
     }
 
     /// A sum of a number that is still a text, without any quoted text in it, which would show that a text is meant.
@@ -216,7 +221,8 @@ private:
             || IsMark(at + 3, '/') || IsMark(at + 3, '-');
         if ((isAdded || isAdding) && !isPart && !HasText(at))
             Tell(Code::ScriptTextSum, at + 2,
-                QStringLiteral("\"%1.%2\" is a text until it is set, and + puts texts together").arg(widget.Name, name));
+                QStringLiteral("\"%1.%2\" is a text until it is set, and + puts texts together")
+                    .arg(widget.Name, name));
     }
 
     bool IsSomewhereAssigned(const QString &owner, const QString &member) const
