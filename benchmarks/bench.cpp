@@ -532,11 +532,7 @@ Cell ReportValues(int controls, bool repeats)
     peer::Show(form.Window());
     const peer::HandForm byHand(controls);
     peer::Show(byHand.Window());
-    QVector<int> spins;
-    for (int control = 0; control < controls; ++control) {
-        if (work::KindOf(control) == work::Kind::Spin)
-            spins.append(control);
-    }
+    const QVector<int> spins = Spread(controls, work::Kind::Spin, controls);
     int version = 0;
     const auto turn = [&](const auto &put) {
         version += repeats ? 0 : 1;
@@ -564,6 +560,51 @@ Cell ReportAgain(int controls)
     return ReportValues(controls, true);
 }
 
+/// A second of a device that reports so many values to a session, 20 times, each time other ones, on the screen.
+Cell ReportSecond(int values)
+{
+    constexpr int rate = 20;
+    const int controls = values * 5 / 2;
+    const QVector<int> spins = Spread(controls, work::Kind::Spin, controls);
+    Require(spins.size() == values, "another count of values");
+    const Orbel::Opening opened = Orbel::Session::OpenText(work::Definition(controls).toUtf8());
+    peer::Show(opened.Opened->GetWidget());
+    const peer::HandForm byHand(controls);
+    peer::Show(byHand.Window());
+    int version = 0;
+    const auto second = [&](const auto &report) {
+        return TimeOf([&] {
+            for (int turn = 0; turn < rate; ++turn) {
+                ++version;
+                report();
+                peer::RunToIdle();
+            }
+        });
+    };
+    const auto ours = [&] {
+        QVariantMap values;
+        for (const int control : spins)
+            values.insert(work::NameOf(control), work::SpinValue(control, version));
+        Require(opened.Opened->Report(values), "a value is refused");
+    };
+    const auto raw = [&] {
+        for (const int control : spins)
+            byHand.Spin(work::NameOf(control))->setValue(work::SpinValue(control, version));
+    };
+    // A second of the peer's may take many of the processor's.
+    return Compare([&] { return second(ours); }, [&] { return second(raw); }, qMin(Repeats, 5));
+}
+
+Cell ReportSecondOf200(int)
+{
+    return ReportSecond(200);
+}
+
+Cell ReportSecondOf2000(int)
+{
+    return ReportSecond(2000);
+}
+
 Cell Memory(int controls)
 {
     Cell cell = Compare([&] { return memory::InChild(memory::Who::Ours, controls); },
@@ -580,7 +621,8 @@ struct Plan {
     Cell (*run)(int controls);
 };
 
-// Rows that compare a form with a tenth of itself are measured at the greatest size alone.
+// Rows that compare a form with a tenth of itself are measured at the greatest size alone, those of a second of reports
+// in the column of 1000 controls, whatever they have.
 // clang-format off
 constexpr Plan Plans[] = {
     {"definition text to visible and idle / QUiLoader load to visible",             1.1,  0.80, AgainstUiLoader},
@@ -596,6 +638,8 @@ constexpr Plan Plans[] = {
     {"operator's edit, control to modified mark / `setValue` with one slot",         2.0,  1.2,  Edit},
     {"reported value of a device, shown, drawn / hash look-up plus `setValue`",      2.0,  1.2,  ReportNews},
     {"the same value again / the same",                                              2.0,  1.0,  ReportAgain},
+    {"a second of 200 values at 20 Hz, to a session / `setValue` in a QFormLayout",  2.0,  1.2,  ReportSecondOf200},
+    {"a second of 2000 values at 20 Hz / the same",                                  2.0,  1.2,  ReportSecondOf2000},
     {"live frame, 400 values on a form on the screen / QFormLayout's",               0.3,  0.15, LiveFrame},
     {"scroll step / QFormLayout's in a QScrollArea",                                 1.1,  0.8,  ScrollStep},
     {"expand a group of 20 rows in a visible form / one re-layout of it",            2,    1,    Expand},
@@ -611,10 +655,11 @@ measure::Row Run(const Plan &plan, const QVector<int> &sizes)
 {
     measure::Row row{QString::fromUtf8(plan.title), plan.must, plan.aim, 1000, plan.run == Memory, {}};
     const bool growth = plan.run == LoadGrowth || plan.run == ExchangeGrowth;
+    const bool isSecond = plan.run == ReportSecondOf200 || plan.run == ReportSecondOf2000;
     if (growth)
         row.goalSize = 10000;
     for (int size : sizes) {
-        if (!growth || size == row.goalSize)
+        if (!(growth || isSecond) || size == row.goalSize)
             row.cells.append({size, plan.run(size)});
     }
     return row;

@@ -37,7 +37,8 @@ bool HoldsForm(const Document &document)
 bool HoldsText(const QString &name)
 {
     static const QSet<QString> structure{element::Form, element::Enums, element::Enum, element::EnumValue,
-        element::Sheet, element::Properties, element::CustomProperties, element::Widget, element::Property};
+        element::Sheet, element::Properties, element::CustomProperties, element::Widget, element::Property,
+        element::Repeat};
     return !structure.contains(name);
 }
 

@@ -8,11 +8,11 @@
 namespace Orbel
 {
 
-/// A form definition in the one canonical layout: two blanks a level, a property and a row of an enumeration on one
-/// line each, attributes in double quotes, empty elements in one tag, at most one blank line between two elements, and
-/// line ends of the kind that the first line has. Comments, scripts, texts and the values of attributes stay as they
-/// stand, character by character; what the library skips keeps its own layout. A definition means the same in it, and
-/// laying it out again changes nothing.
+/// A form definition, or a template of one, in the one canonical layout: two blanks a level, a property and a row of an
+/// enumeration on one line each, attributes in double quotes, empty elements in one tag, at most one blank line between
+/// two elements, and line ends of the kind that the first line has. Comments, scripts, texts and the values of
+/// attributes stay as they stand, character by character; what the library skips keeps its own layout. A definition
+/// means the same in it, and laying it out again changes nothing.
 class ORBEL_CHECK_EXPORT DefinitionLayout
 {
 public:

@@ -11,8 +11,9 @@ namespace Orbel
 
 /// One thing in which two definitions differ.
 struct FormDifference {
+    /// Moved is what stands behind another neighbour, with nothing else changed.
     enum Kind { Added, Gone, Changed, Moved };
-    Kind What;
+    Kind What; ///< What became of it.
     QString Part; ///< "widget", "enumeration", "sheet", "script" or "form".
     QString Name; ///< Of the widget or the enumeration; of one without a name what it is called after its place.
     QString Detail; ///< What of it: "class", "property gain", "row 2", "place in the parameter document"; empty for all
@@ -20,7 +21,7 @@ struct FormDifference {
     QString Before; ///< Empty for what is added.
     QString After; ///< Empty for what is gone.
     int LineBefore; ///< From 1; 0 for what is not there.
-    int LineAfter;
+    int LineAfter; ///< From 1; 0 for what is gone.
 };
 
 /// "added", "gone", "changed" or "moved".

@@ -8,6 +8,7 @@
 #include "parameterdocumentcheck.h"
 #include "scriptsourcemap.h"
 #include "structurecheck.h"
+#include "templateexpansion.h"
 #include "xmlcheck.h"
 
 #include <algorithm>
@@ -56,9 +57,11 @@ public:
         if (reading.Form() < 0)
             return;
         const FormModel form(document, reading.Form());
+        if (Milliseconds && !document.IsWhole())
+            return;
         if (!Milliseconds)
             CheckForm(form, sink);
-        else if (reading.IsCut() || !document.IsWhole())
+        else if (reading.IsCut())
             sink.Add(Code::ScriptNotRun, document.PlaceOf(form.Script < 0 ? form.Form : form.Script),
                 QStringLiteral("The script is not run before the definition can be read to its end"));
         else
@@ -87,7 +90,7 @@ private:
         const Document definition(value ? list.ValueOf(*value) : PlacedText::AllAt(QString(), list.PlaceOf(element)));
         if (!definition.IsWhole() && !Milliseconds)
             TellMalformed(definition.PlaceOfError(), definition.ErrorText(), sink);
-        if (value)
+        else if (value)
             Definition(definition, sink);
     }
 
@@ -114,11 +117,53 @@ Findings Examine(const QByteArray &bytes, bool isList, const Examination &examin
     FindingSink sink;
     if (!examination.IsRun())
         CheckXml(file, document, sink);
+    // What is cut off makes much of the rest look wrong.
+    if (sink.Has(Code::XmlMalformed))
+        return sink.Sorted(file);
     if (isList)
         examination.ComponentList(document, sink);
     else
         examination.Definition(document, sink);
     return sink.Sorted(file);
+}
+
+/// Of what is found at one place of a template once for each item, the first.
+Findings OncePerPlace(const Findings &findings)
+{
+    QHash<QString, int> counts;
+    Findings first;
+    QVector<QString> keys;
+    for (const Finding &finding : findings) {
+        const QString key = QStringLiteral("%1:%2 %3").arg(finding.Line).arg(finding.Column).arg(finding.Code);
+        if (counts[key]++ > 0)
+            continue;
+        first.append(finding);
+        keys.append(key);
+    }
+    for (int i = 0; i < first.size(); ++i) {
+        const int others = counts.value(keys.at(i)) - 1;
+        if (others > 0)
+            first[i].Text += QStringLiteral(" (and %1 more like it in this repetition)").arg(others);
+    }
+    return first;
+}
+
+Findings ExamineTemplate(const QByteArray &bytes, const Examination &examination)
+{
+    const FileText file(bytes, FileText::AsForm);
+    const Document source(file.Source());
+    FindingSink sink;
+    CheckXml(file, source, sink);
+    if (!sink.Sorted(file).isEmpty())
+        return examination.IsRun() ? Findings() : sink.Sorted(file);
+    const TemplateExpansion expansion(file.Source(), sink);
+    if (!sink.Sorted(file).isEmpty())
+        return examination.IsRun() ? Findings() : sink.Sorted(file);
+    const Document document(expansion.GetDefinition());
+    if (!document.IsWhole() && !examination.IsRun())
+        TellMalformed(document.PlaceOfError(), document.ErrorText(), sink);
+    examination.Definition(document, sink);
+    return OncePerPlace(sink.Sorted(file));
 }
 
 int LineOfScriptIn(const Document &document, const FileText &file, int line)
@@ -151,6 +196,16 @@ Findings Check::Definition(const QByteArray &document)
 Findings Check::ComponentList(const QByteArray &document)
 {
     return Examine(document, true, Examination());
+}
+
+Findings Check::Template(const QByteArray &document)
+{
+    return ExamineTemplate(document, Examination());
+}
+
+Findings Check::RunTemplate(const QByteArray &document, int milliseconds, const RunWatch &watch)
+{
+    return ExamineTemplate(document, Examination(qMax(1, milliseconds), watch));
 }
 
 Findings Check::Changed(const QByteArray &changed, const QByteArray &form)

@@ -21,6 +21,9 @@ public:
     static Findings Definition(const QByteArray &document);
     /// A component list: all its definitions. Places inside a `value` attribute are places in the list.
     static Findings ComponentList(const QByteArray &document);
+    /// A template of a definition, as `orbel expand` reads it. Places are those in the template; what is wrong with
+    /// several items of a repetition is told once.
+    static Findings Template(const QByteArray &document);
     /// A changed definition, against the form that it is to change. Places are those in `changed`.
     static Findings Changed(const QByteArray &changed, const QByteArray &form);
     /// A parameter document, against the form that is to read it. Places are those in `parameters`.
@@ -35,6 +38,7 @@ public:
     /// QApplication. A loop inside one call of the script language itself cannot be ended; who must be safe from that
     /// calls this in a process of its own, with a watch. A definition that is not read to its end is not run.
     static Findings RunDefinition(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
+    static Findings RunTemplate(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
     static Findings RunComponentList(const QByteArray &document, int milliseconds, const RunWatch &watch = RunWatch());
 
     /// The line of the document in which a line of a definition's script stands; both count from 1. 1 for a document

@@ -72,11 +72,12 @@ install(FILES "${generated}/OrbelParserConfig.cmake" "${generated}/OrbelParserCo
     DESTINATION "${package_dir}" COMPONENT Development)
 
 install(FILES check/orbel.xsd DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser" COMPONENT Development)
-install(DIRECTORY examples/forms examples/host examples/receiver examples/formtest
+install(DIRECTORY examples/forms examples/templates examples/host examples/receiver examples/formtest
     DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser/examples" COMPONENT Documentation)
 
 if(TARGET orbel_command)
     file(RELATIVE_PATH bin_to_lib "/${CMAKE_INSTALL_BINDIR}" "/${CMAKE_INSTALL_LIBDIR}")
     set_target_properties(orbel_command PROPERTIES INSTALL_RPATH "$ORIGIN/${bin_to_lib}")
+    install(DIRECTORY editors DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser" COMPONENT Tools)
     install(TARGETS orbel_command RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tools)
 endif()

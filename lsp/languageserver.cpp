@@ -12,8 +12,9 @@ namespace Orbel
 namespace
 {
 
-/// Milliseconds without a change before a document is checked.
+/// Milliseconds without a change before a document is checked, and before it is run as well.
 constexpr int TypingPause = 150;
+constexpr int RunPause = 1000;
 
 QString Key(const char *name)
 {
@@ -30,6 +31,7 @@ QJsonObject Capabilities()
         {Key("completionProvider"), completion}, {Key("hoverProvider"), true}, {Key("definitionProvider"), true},
         {Key("referencesProvider"), true}, {Key("documentHighlightProvider"), true},
         {Key("renameProvider"), QJsonObject{{Key("prepareProvider"), true}}}, {Key("documentSymbolProvider"), true},
+        {Key("documentFormattingProvider"), true},
         {Key("codeActionProvider"), QJsonObject{{Key("codeActionKinds"), actions}}}};
 }
 
@@ -41,7 +43,10 @@ LanguageServer::LanguageServer(const Sender &send, QObject *parent) : QObject(pa
     connect(&Turn, &QTimer::timeout, this, &LanguageServer::Work);
     Pause.setSingleShot(true);
     Pause.setInterval(TypingPause);
-    connect(&Pause, &QTimer::timeout, this, &LanguageServer::Publish);
+    connect(&Pause, &QTimer::timeout, this, QOverload<>::of(&LanguageServer::Publish));
+    LongPause.setSingleShot(true);
+    LongPause.setInterval(RunPause);
+    connect(&LongPause, &QTimer::timeout, this, &LanguageServer::RunChanged);
 }
 
 void LanguageServer::Take(const QByteArray &text)
@@ -154,14 +159,36 @@ void LanguageServer::Await(const QString &uri)
     if (uri.isEmpty())
         return;
     Changed.insert(uri);
+    Unrun.insert(uri);
     Pause.start();
+    LongPause.start();
 }
 
 void LanguageServer::Publish()
 {
     const QSet<QString> changed = std::exchange(Changed, {});
     for (const QString &uri : changed)
-        Send(RpcNotification(QStringLiteral("textDocument/publishDiagnostics"), Documents.Diagnostics(uri)));
+        Publish(uri);
+}
+
+void LanguageServer::Publish(const QString &uri)
+{
+    Send(RpcNotification(QStringLiteral("textDocument/publishDiagnostics"), Documents.Diagnostics(uri)));
+}
+
+void LanguageServer::RunChanged()
+{
+    const QSet<QString> unrun = std::exchange(Unrun, {});
+    for (const QString &uri : unrun) {
+        const OpenDocument *document = RunElsewhere ? Documents.Runnable(uri) : nullptr;
+        if (!document)
+            continue;
+        const QByteArray bytes = document->Bytes();
+        RunElsewhere(bytes, document->What(), [=](const Findings &findings) {
+            if (Documents.TakeRun(uri, bytes, findings))
+                Publish(uri);
+        });
+    }
 }
 
 } // namespace Orbel

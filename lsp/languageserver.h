@@ -23,7 +23,14 @@ class LanguageServer : public QObject
 public:
     using Sender = std::function<void(const QJsonObject &message)>;
 
+    /// Runs the forms of a document elsewhere and tells later what the checker and the run have found.
+    using Run = std::function<void(
+        const QByteArray &document, OpenDocument::Kind kind, std::function<void(const Findings &)> done)>;
+
     explicit LanguageServer(const Sender &send, QObject *parent = nullptr);
+
+    /// With it, a form that is clean but for its script is run when the typing has paused for longer.
+    void SetRun(const Run &run) { RunElsewhere = run; }
 
     /// A message of the client, without its header.
     void Take(const QByteArray &message);
@@ -48,14 +55,19 @@ private:
     void Cancel(const QJsonValue &id);
     void Await(const QString &uri);
     void Publish();
+    void Publish(const QString &uri);
+    void RunChanged();
 
     Sender Send;
+    Run RunElsewhere;
     Workspace Documents;
     States State = Fresh;
     std::deque<RpcMessage> Waiting;
     QSet<QString> Changed; ///< Documents whose diagnostics are to be published.
+    QSet<QString> Unrun; ///< Documents that are to be run.
     QTimer Turn;
     QTimer Pause;
+    QTimer LongPause;
 };
 
 } // namespace Orbel

@@ -15,6 +15,8 @@ class ServerConnection : public QObject
 public:
     ServerConnection(int input, int output);
 
+    LanguageServer &GetServer() { return Server; }
+
 private:
     void Read();
     void Write(const QJsonObject &message);

@@ -3,6 +3,7 @@
 #include "cursorplace.h"
 #include "diagnostics.h"
 #include "elementcompletion.h"
+#include "formatting.h"
 #include "hover.h"
 #include "navigation.h"
 #include "outline.h"
@@ -12,6 +13,8 @@
 #include "scriptcompletion.h"
 
 #include <QJsonArray>
+
+#include <algorithm>
 
 namespace Orbel
 {
@@ -29,6 +32,15 @@ const QLatin1String NewName("newName");
 QString UriOf(const QJsonObject &params)
 {
     return params.value(TextDocument)[Uri].toString();
+}
+
+OpenDocument::Kind KindOf(const QString &uri, const QJsonValue &item)
+{
+    if (uri.endsWith(QLatin1String(".orbelt")))
+        return OpenDocument::Template;
+    const bool isForm = uri.endsWith(QLatin1String(".orbel"))
+        || item[QLatin1String("languageId")].toString() == QLatin1String("orbel");
+    return isForm ? OpenDocument::Definition : OpenDocument::List;
 }
 
 int PlaceOf(const QJsonObject &params, const OpenDocument &document)
@@ -60,10 +72,8 @@ QString Workspace::Open(const QJsonObject &params)
     const QJsonValue item = params.value(TextDocument);
     if (uri.isEmpty() || !item[Text].isString())
         return QString();
-    const bool isForm = uri.endsWith(QLatin1String(".orbel"))
-        || item[QLatin1String("languageId")].toString() == QLatin1String("orbel");
     Entry &entry = Entries[uri];
-    entry.Document = std::make_unique<OpenDocument>(uri, !isForm, item[Text].toString());
+    entry.Document = std::make_unique<OpenDocument>(uri, KindOf(uri, item), item[Text].toString());
     entry.Version = item[Version];
     entry.Found.reset();
     return uri;
@@ -106,6 +116,7 @@ const QHash<QString, Workspace::Answering> &Workspace::Table()
         {QStringLiteral("textDocument/rename"), &Workspace::Rename},
         {QStringLiteral("textDocument/documentSymbol"), &Workspace::Symbols},
         {QStringLiteral("textDocument/codeAction"), &Workspace::CodeActions},
+        {QStringLiteral("textDocument/formatting"), &Workspace::Format},
     };
     return table;
 }
@@ -146,6 +157,28 @@ QJsonObject Workspace::Diagnostics(const QString &uri)
     if (entry.Version.isDouble())
         params.insert(Version, entry.Version);
     return params;
+}
+
+const OpenDocument *Workspace::Runnable(const QString &uri)
+{
+    const auto found = Entries.find(uri);
+    if (found == Entries.end())
+        return nullptr;
+    const Findings &known = FindingsIn(found->second);
+    const bool isWrong = std::any_of(
+        known.cbegin(), known.cend(), [](const Finding &finding) { return finding.Level == Severity::Error; });
+    return isWrong ? nullptr : found->second.Document.get();
+}
+
+bool Workspace::TakeRun(const QString &uri, const QByteArray &bytes, const Findings &findings)
+{
+    const auto found = Entries.find(uri);
+    if (found == Entries.end() || found->second.Document->Bytes() != bytes)
+        return false;
+    Entry &entry = found->second;
+    const bool isNew = DiagnosticsOf(FindingsIn(entry), *entry.Document) != DiagnosticsOf(findings, *entry.Document);
+    entry.Found = std::make_unique<Findings>(findings);
+    return isNew;
 }
 
 QJsonValue Workspace::Complete(Entry &entry, const QJsonObject &params)
@@ -222,6 +255,11 @@ QJsonValue Workspace::Rename(Entry &entry, const QJsonObject &params)
 QJsonValue Workspace::Symbols(Entry &entry, const QJsonObject &)
 {
     return OutlineOf(*entry.Document);
+}
+
+QJsonValue Workspace::Format(Entry &entry, const QJsonObject &)
+{
+    return FormattingOf(*entry.Document);
 }
 
 QJsonValue Workspace::CodeActions(Entry &entry, const QJsonObject &params)

@@ -16,7 +16,7 @@ namespace Orbel
 
 /// The documents that an editor has open, and the answers to what it asks about them. Parameters and answers are those
 /// of the protocol. A document whose address ends in ".orbel", or that the editor calls "orbel", is a form definition,
-/// any other one a component list.
+/// one in ".orbelt" a template of one, any other one a component list.
 class Workspace
 {
 public:
@@ -36,6 +36,12 @@ public:
 
     /// What is wrong with a document now, as the protocol publishes it; with one that is not open nothing is wrong.
     QJsonObject Diagnostics(const QString &uri);
+
+    /// A document of which nothing is known that keeps its script from running; null for another one.
+    const OpenDocument *Runnable(const QString &uri);
+    /// What a run of a document of these bytes and its check have found. False when there is nothing new, or when the
+    /// document is another one by now.
+    bool TakeRun(const QString &uri, const QByteArray &bytes, const Findings &findings);
 
 private:
     struct Entry {
@@ -57,6 +63,7 @@ private:
     QJsonValue PrepareRename(Entry &entry, const QJsonObject &params);
     QJsonValue Rename(Entry &entry, const QJsonObject &params);
     QJsonValue Symbols(Entry &entry, const QJsonObject &params);
+    QJsonValue Format(Entry &entry, const QJsonObject &params);
     QJsonValue CodeActions(Entry &entry, const QJsonObject &params);
 
     std::map<QString, Entry> Entries;

@@ -141,6 +141,8 @@ public:
     QVariantList MoveEdits(const QVariantList &values);
     /// Has the form record what the operator has changed so far, while handlers hear of it.
     void RecordSoFar();
+    /// Whether a change of the operator's is on its way, of which handlers hear.
+    bool IsBeingChanged() const { return Act || OpenChange; }
     /// Such a value, and a change of them, in the operator's words: "Frequency: 145.500 MHz → 146.000 MHz".
     virtual QString SpellEdit(int index, const QVariant &value) const;
     QString SpellChange(const QVariantList &before, const QVariantList &after) const;

@@ -117,9 +117,9 @@ public:
     /// that finds nothing to put back is dropped, so that such an undo() changes nothing; one whose control is locked
     /// keeps its place and is passed over. The text of an entry is the element's name; when the event loop comes round
     /// it names label and values, and undoTextChanged() is emitted. Do not change the stack from within its own signals
-    /// or from a handler that an undo has called; for a handler of a change, that one is not on the stack yet. A
-    /// command of the host's own must not wait in an event loop: what the operator enters there comes onto the stack at
-    /// once, which may destroy the command.
+    /// or from a handler that an undo has called; for a handler of a change, that one is not on the stack yet, and an
+    /// undo() of the one before it changes nothing. While commands of the host's own are on the stack, changes come
+    /// onto it when the event loop comes round, in which no handler waits: such a command may have an event loop.
     QUndoStack *GetUndoStack() const;
     void SelectWidgets(const QStringList &paths, bool select);
     void ShowGroup(const QString &name, bool show);

@@ -76,7 +76,7 @@ function Zsh(   i, n, command, what, words)
         for (n = 1; n <= entries[command]; ++n) {
             if (section[command, n] == "Arguments") {
                 printf " \\\n            '%s:%s:%s'", name[command, n] ~ /\.\.\./ ? "*" : "", name[command, n],
-                    name[command, n] ~ /DIR/ ? "_files -/" : name[command, n] ~ /FILE/ ? "_files" : "(" name[command, n] ")"
+                    Choices(text[command, n]) ? "(" Choices(text[command, n]) ")" : name[command, n] ~ /DIR/ ? "_files -/" : name[command, n] ~ /FILE/ ? "_files" : "(" name[command, n] ")"
                 continue
             }
             Split(name[command, n])

@@ -1,5 +1,6 @@
 #include "formoperator.h"
 
+#include "clickpoint.h"
 #include "fieldnote.h"
 #include "orbeldelegate.h"
 #include "orbelformular.h"
@@ -8,13 +9,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QRegularExpression>
-#include <QStyleOptionButton>
 #include <QTest>
+#include <QTextDocumentFragment>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -104,26 +104,6 @@ QWidget *FieldOf(QWidget *widget)
     return widget;
 }
 
-QPoint ClickPoint(const QWidget &widget)
-{
-    // Only indicator and text take clicks, and the widget may be much wider.
-    if (qobject_cast<const QCheckBox *>(&widget)) {
-        QStyleOptionButton option;
-        option.initFrom(&widget);
-        return widget.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &widget).center();
-    }
-    if (const auto *const group = qobject_cast<const QGroupBox *>(&widget)) {
-        QStyleOptionGroupBox option;
-        option.initFrom(&widget);
-        option.text = group->title();
-        option.subControls = QStyle::SC_GroupBoxCheckBox | QStyle::SC_GroupBoxLabel;
-        return widget.style()
-            ->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxCheckBox, &widget)
-            .center();
-    }
-    return widget.rect().center();
-}
-
 QString ToolTipOf(QWidget *widget)
 {
     QHelpEvent asked(QEvent::ToolTip, QPoint(), QPoint());
@@ -134,7 +114,7 @@ QString ToolTipOf(QWidget *widget)
         if (window->inherits("QTipLabel"))
             delete window;
     }
-    return text;
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
 } // namespace
@@ -264,7 +244,10 @@ void FormOperator::Enter(const QString &path, const QString &text, const CallSit
     if (!target)
         return;
     Type(path, text, at);
-    QWidget *const field = target.Row < 0 ? FieldOf(target.Widget) : target.View()->indexWidget(target.Cell());
+    // What was typed may have ended it all.
+    QWidget *const field = !target ? nullptr
+        : target.Row < 0           ? FieldOf(target.Widget)
+                                   : target.View()->indexWidget(target.Cell());
     if (field)
         QTest::keyClick(field, Qt::Key_Return);
     Settle();
@@ -339,6 +322,32 @@ void FormOperator::Press(const QString &keys, const CallSite &at)
             QTest::keySequence(focus, sequence);
     }
     Settle();
+}
+
+QStringList FormOperator::Entries() const
+{
+    const QWidget *const menu = QApplication::activePopupWidget();
+    QStringList texts;
+    for (const QAction *entry : menu ? menu->actions() : QList<QAction *>())
+        texts << entry->text();
+    return texts;
+}
+
+void FormOperator::ChooseEntry(const QString &text, const CallSite &at)
+{
+    Settle();
+    auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    for (QAction *entry : menu ? menu->actions() : QList<QAction *>()) {
+        if (!entry->text().startsWith(text))
+            continue;
+        menu->setActiveAction(entry);
+        QTest::keyClick(menu, Qt::Key_Return);
+        Settle();
+        return;
+    }
+    FailTest(menu ? QStringLiteral("There is no entry \"%1\", but %2").arg(text, Quoted(Entries()))
+                  : QStringLiteral("No menu is open"),
+        at);
 }
 
 void FormOperator::TypeOn(const QString &text, const CallSite &at)

@@ -60,6 +60,8 @@ public:
     /// Presses keys, one after the other with blanks between them, as "Up", "Tab", "Escape", "Ctrl+Z", in what has the
     /// focus: an open menu or list, the form, or else its window.
     void Press(const QString &keys, const CallSite &at = CallSite::Here());
+    /// Chooses the entry that begins so in the menu that is open.
+    void ChooseEntry(const QString &text, const CallSite &at = CallSite::Here());
     /// Types a text where the focus is, behind what stands there.
     void TypeOn(const QString &text, const CallSite &at = CallSite::Here());
     /// The form's keys for these: undo and redo the last change, and apply all.
@@ -79,10 +81,12 @@ public:
     /// The mark at the row label; None without one.
     RowLabel::Mark Mark(const QString &path, const CallSite &at = CallSite::Here()) const;
     /// What the operator is told who rests the mouse on the row label, or on the control where it has none: tooltip,
-    /// value of the device, reason of a refusal.
+    /// value of the device, reason of a refusal; as plain text.
     QString ToolTip(const QString &path, const CallSite &at = CallSite::Here()) const;
     /// The line at the field that tells what it makes of a text that is being typed; empty for none.
     QString Note(const QString &path, const CallSite &at = CallSite::Here()) const;
+    /// The entries of the menu that is open; none without one.
+    QStringList Entries() const;
     /// Whether the control is on the screen, as far as it was scrolled to: neither hidden nor in a collapsed group.
     bool IsShown(const QString &path, const CallSite &at = CallSite::Here()) const;
     /// Whether the operator could change it: it is shown, and neither disabled nor locked nor read-only.

@@ -110,7 +110,6 @@ const QVector<Finding> &FormTest::Told() const
 void FormTest::EndSession()
 {
     All->Own.reset();
-    Settle();
 }
 
 void FormTest::Report(const QString &path, const QVariant &value, const CallSite &at)
@@ -182,6 +181,14 @@ void FormTest::WaitForChange(const QString &path, int milliseconds, const CallSi
 QString FormTest::Changes() const
 {
     return All->Of ? TextOf(All->Of->Changes()) : QString();
+}
+
+QString FormTest::WaitForScriptError(int milliseconds, const CallSite &at)
+{
+    if (QTest::qWaitFor([this] { return !All->Thrown.isEmpty(); }, milliseconds))
+        return All->Thrown.takeFirst();
+    FailTest(QStringLiteral("No script has failed within %1 ms").arg(milliseconds), at);
+    return QString();
 }
 
 QStringList FormTest::TakeScriptErrors()

@@ -71,6 +71,8 @@ public:
 
     /// What the scripts of the form threw since the last call, as "line: text". The lines are those of the definition.
     QStringList TakeScriptErrors();
+    /// Waits for the next of these, or takes the first that was not asked for yet.
+    QString WaitForScriptError(int milliseconds = 5000, const CallSite &at = CallSite::Here());
 
 protected:
     KV218::OrbelFormular *GetForm() const override;

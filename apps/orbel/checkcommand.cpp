@@ -1,14 +1,16 @@
 #include "checkcommand.h"
 
+#include "checkformats.h"
 #include "checkjson.h"
 #include "checkrun.h"
 #include "commandoptions.h"
+#include "expandedtemplate.h"
 #include "inputfile.h"
 #include "messages.h"
 
 #include <QCommandLineParser>
-#include <QJsonArray>
-#include <QJsonObject>
+#include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cstdio>
@@ -60,12 +62,13 @@ void CheckCommand::Define(QCommandLineParser &parser) const
         "Tells the mistakes in form definitions and component lists, one a line, in the order of the file:\n"
         "FILE:LINE:COLUMN: error|warning|note: text [code]. Ends with 1 when there are errors or warnings."));
     parser.addPositionalArgument(QStringLiteral("FILE..."),
-        QStringLiteral("Form definitions, whose names end in \".orbel\", and component lists."),
+        QStringLiteral(
+            "Form definitions, whose names end in \".orbel\", templates (\".orbelt\"), and component lists."),
         QStringLiteral("FILE..."));
     QCommandLineOption runHere(RunHere, QString(), QStringLiteral("KIND"));
     runHere.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({
-        {Json, QStringLiteral("Prints an array of objects instead.")},
+        {Json, QStringLiteral("Prints an array of objects: --format json.")},
         {RunOption, QStringLiteral("Also builds the form and runs its script, for at most two seconds.")},
         {Params, QStringLiteral("A parameter document to check against the form; wants one FILE."),
             QStringLiteral("DOC.xml")},
@@ -74,6 +77,7 @@ void CheckCommand::Define(QCommandLineParser &parser) const
         {Codes, QStringLiteral("Explains all codes instead of checking.")},
         runHere,
     });
+    DefineFormat(parser, CheckFormats());
 }
 
 int CheckCommand::Run(const QCommandLineParser &parser)
@@ -86,14 +90,12 @@ int CheckCommand::Run(const QCommandLineParser &parser)
         return ekFine;
     }
     if (parser.isSet(RunHere)) {
-        PrintText(FindingsToJson(RunForms(parser.value(RunHere) == ListKind)));
+        PrintText(FindingsToJson(RunForms(KindOf(parser.value(RunHere)))));
         return ekFine;
     }
+    const QString format = parser.isSet(Json) ? QString(Json) : Format(parser, CheckFormats());
     const QStringList paths = Arguments(parser, INT_MAX);
-    for (const QString &option : {QString(Params), QString(Changed)}) {
-        if (parser.isSet(option) && (paths.size() > 1 || IsComponentList(paths.constFirst())))
-            throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
-    }
+    IsAlone = paths.size() == 1;
     for (const QString &path : paths) {
         try {
             CheckFile(path);
@@ -102,26 +104,50 @@ int CheckCommand::Run(const QCommandLineParser &parser)
             Status = failure.Status;
         }
     }
-    Print();
+    PrintText(Formatted(Lines, format));
     return Status;
 }
 
 void CheckCommand::CheckFile(const QString &path)
 {
-    const QByteArray document = ReadFile(path);
-    const bool isList = IsComponentList(path);
-    Findings findings = isList ? Check::ComponentList(document) : Check::Definition(document);
+    const InputFile input = WithTemplate(ReadInput(path));
+    for (const QString &option : {QString(Params), QString(Changed)}) {
+        if (Parser->isSet(option) && (!IsAlone || input.Kind != DocumentKind::Definition))
+            throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
+    }
+    const bool isList = input.Kind == DocumentKind::List;
+    const auto check = isList                  ? Check::ComponentList
+        : input.Kind == DocumentKind::Template ? Check::Template
+                                               : Check::Definition;
+    Findings findings = check(input.Bytes);
     if (isList)
-        TellName(document, findings);
+        TellName(input.Bytes, findings);
     if (Parser->isSet(RunOption)) {
-        findings += RunInProcess(document, isList);
+        findings += RunInProcess(input);
         std::stable_sort(findings.begin(), findings.end(), IsBefore);
     }
-    Take(path, findings);
+    Take(input.Path, findings);
     for (const QString &option : {QString(Changed), QString(Params)}) {
         if (Parser->isSet(option))
-            CheckAgainst(option, document);
+            CheckAgainst(option, input.Bytes);
     }
+}
+
+/// Of a definition that is made from a template that template, so that places are those where its author writes.
+InputFile CheckCommand::WithTemplate(const InputFile &input)
+{
+    const QString name = input.Kind == DocumentKind::Definition ? ExpandedTemplate::NamedIn(input.Bytes) : QString();
+    const QString path = QDir::cleanPath(QFileInfo(input.Path).dir().filePath(name));
+    const bool isAgainst = Parser->isSet(Params) || Parser->isSet(Changed);
+    if (name.isEmpty() || isAgainst || !QFileInfo(path).isFile())
+        return input;
+    const InputFile source = ReadInput(path);
+    if (source.Kind == DocumentKind::Template && ExpandedTemplate(source.Bytes, name).GetDefinition() == input.Bytes)
+        return source;
+    Complain(QStringLiteral("%1: it is no longer what its template %2 gives; \"orbel expand\" makes it anew")
+                 .arg(input.Path, path));
+    Status = ekInputAtFault;
+    return input;
 }
 
 void CheckCommand::CheckAgainst(const QString &option, const QByteArray &form)
@@ -137,23 +163,6 @@ void CheckCommand::Take(const QString &path, const Findings &findings)
         Lines.append({path, finding});
     if (!Check::IsClean(findings))
         Status = ekInputAtFault;
-}
-
-void CheckCommand::Print() const
-{
-    if (!Parser->isSet(Json)) {
-        for (const Line &line : Lines)
-            PrintText(QStringLiteral("%1:%2:%3: %4: %5 [%6]\n")
-                          .arg(line.Path)
-                          .arg(line.Found.Line)
-                          .arg(line.Found.Column)
-                          .arg(NameOf(line.Found.Level), line.Found.Text, line.Found.Code));
-        return;
-    }
-    QJsonArray array;
-    for (const Line &line : Lines)
-        array.append(ToJson(line.Found, line.Path));
-    PrintText(JsonText(array));
 }
 
 } // namespace Orbel

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "checkformats.h"
 #include "failure.h"
-#include "orbelcheck.h"
+#include "inputfile.h"
 #include "subcommand.h"
 
 namespace Orbel
@@ -16,17 +17,13 @@ public:
 
 private:
     void CheckFile(const QString &path);
+    InputFile WithTemplate(const InputFile &input);
     void CheckAgainst(const QString &option, const QByteArray &form);
     void Take(const QString &path, const Findings &findings);
-    void Print() const;
-
-    struct Line {
-        QString Path;
-        Finding Found;
-    };
 
     const QCommandLineParser *Parser = nullptr;
-    QVector<Line> Lines;
+    QVector<FileFinding> Lines;
+    bool IsAlone = true; ///< There is one FILE.
     ExitStatus Status = ekFine;
 };
 

@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
 
 #include <cstdio>
@@ -60,27 +59,39 @@ void TellWatcher(bool isRunning)
 
 } // namespace
 
-bool IsComponentList(const QString &path)
+QString WordOf(DocumentKind kind)
 {
-    return !path.endsWith(QLatin1String(".orbel"));
+    return kind == DocumentKind::List    ? QStringLiteral("list")
+        : kind == DocumentKind::Template ? QStringLiteral("template")
+                                         : QStringLiteral("definition");
 }
 
-Findings RunForms(bool isList)
+DocumentKind KindOf(const QString &word)
 {
-    QFile input;
-    const QByteArray document = input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
-    return isList ? Check::RunComponentList(document, RunTime, TellWatcher)
-                  : Check::RunDefinition(document, RunTime, TellWatcher);
+    for (const DocumentKind kind : {DocumentKind::List, DocumentKind::Template}) {
+        if (word == WordOf(kind))
+            return kind;
+    }
+    return DocumentKind::Definition;
 }
 
-Findings RunInProcess(const QByteArray &document, bool isList)
+Findings RunForms(DocumentKind kind)
+{
+    const QByteArray document = ReadFile(QStringLiteral("-"));
+    const auto run = kind == DocumentKind::List ? Check::RunComponentList
+        : kind == DocumentKind::Template        ? Check::RunTemplate
+                                                : Check::RunDefinition;
+    return run(document, RunTime, TellWatcher);
+}
+
+Findings RunInProcess(const InputFile &input)
 {
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(QCoreApplication::applicationFilePath(),
-        {QStringLiteral("check"), QStringLiteral("--run-here"), isList ? ListKind : DefinitionKind});
+        {QStringLiteral("check"), QStringLiteral("--run-here"), WordOf(input.Kind)});
     // What can be read once only has been read already.
-    process.write(document);
+    process.write(input.Bytes);
     process.closeWriteChannel();
     QByteArray output;
     if (!process.waitForStarted() || !WaitFor(process, output)) {

@@ -19,7 +19,7 @@ namespace
 QCommandLineOption ComponentOption()
 {
     return QCommandLineOption(QStringLiteral("component"),
-        QStringLiteral("The form of a component list to take; needed when the list has several."),
+        QStringLiteral("The form of a component list to take, by name or by number; needed when the list has several."),
         QStringLiteral("NAME"));
 }
 
@@ -31,7 +31,8 @@ const QLatin1String FormatOption("format");
 void DefineFile(QCommandLineParser &parser)
 {
     parser.addPositionalArgument(QStringLiteral("FILE"),
-        QStringLiteral("A form definition, when its name ends in \".orbel\", or else a component list."));
+        QStringLiteral("A form definition, when its name ends in \".orbel\", a template (\".orbelt\"), or else a "
+                       "component list."));
 }
 
 QStringList Arguments(const QCommandLineParser &parser, int most)

@@ -27,8 +27,7 @@ QByteArray ReadForm(const QString &path)
     const QByteArray document = ReadFile(path);
     for (const Finding &finding : Check::Definition(document)) {
         if (finding.Code == QLatin1String("xml-malformed") || finding.Code == QLatin1String("form-missing"))
-            throw InputFailure(
-                QStringLiteral("%1:%2:%3").arg(path).arg(finding.Line).arg(finding.Column), finding.Text);
+            throw InputFailure(PlaceIn(path, finding.Line, finding.Column), finding.Text);
     }
     return document;
 }
@@ -104,10 +103,10 @@ void DiffCommand::PrintLine(const FormDifference &difference) const
         who += QStringLiteral(" \"%1\"").arg(difference.Name);
     if (!difference.Detail.isEmpty())
         who += QLatin1String(": ") + difference.Detail;
-    const QString line = QStringLiteral("%1:%2: %3: %4\n")
-                             .arg(isGone ? Before : After)
-                             .arg(isGone ? difference.LineBefore : difference.LineAfter)
-                             .arg(who, TextOf(difference));
+    const QString line
+        = QStringLiteral("%1:%2: %3: %4\n")
+              .arg(isGone ? Before : After, QString::number(isGone ? difference.LineBefore : difference.LineAfter), who,
+                  TextOf(difference));
     std::fputs(line.toUtf8().constData(), stdout);
 }
 

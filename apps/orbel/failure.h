@@ -18,6 +18,12 @@ struct Failure {
     QString Message;
 };
 
+/// "FILE:LINE:COLUMN", whatever the name of the file is made of.
+inline QString PlaceIn(const QString &file, int line, int column)
+{
+    return file + QLatin1Char(':') + QString::number(line) + QLatin1Char(':') + QString::number(column);
+}
+
 /// A failure that lies in a file.
 inline Failure InputFailure(const QString &file, const QString &reason)
 {

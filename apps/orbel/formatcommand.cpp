@@ -31,7 +31,8 @@ QStringList FilesOf(const QStringList &arguments)
             continue;
         }
         QStringList found;
-        QDirIterator walk(argument, {QStringLiteral("*.orbel")}, QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator walk(argument, {QStringLiteral("*.orbel"), QStringLiteral("*.orbelt")}, QDir::Files,
+            QDirIterator::Subdirectories);
         while (walk.hasNext())
             found.append(walk.next());
         std::sort(found.begin(), found.end());
@@ -56,7 +57,7 @@ void FormatCommand::Define(QCommandLineParser &parser) const
         "Brings form definitions into the one canonical layout, each in its file. Texts, scripts, comments and\n"
         "values stay as they stand, character by character. What is malformed is told with its place and left alone."));
     parser.addPositionalArgument(QStringLiteral("FILE..."),
-        QStringLiteral("Form definitions, or folders with all definitions (\".orbel\") in them; \"-\" reads standard "
+        QStringLiteral("Form definitions, or folders with all definitions and templates in them; \"-\" reads standard "
                        "input and prints."),
         QStringLiteral("FILE..."));
     parser.addOption(
@@ -82,7 +83,7 @@ void FormatCommand::Format(const QString &path, bool isCheck)
     const DefinitionLayout layout = DefinitionLayout::OfFile(document);
     if (!layout.GetRefusal().isEmpty()) {
         const Finding &reason = layout.GetRefusal().constFirst();
-        throw InputFailure(QStringLiteral("%1:%2:%3").arg(path).arg(reason.Line).arg(reason.Column), reason.Text);
+        throw InputFailure(PlaceIn(path, reason.Line, reason.Column), reason.Text);
     }
     const bool isSame = layout.GetDocument() == document;
     if (isCheck && !isSame) {

@@ -1,30 +1,29 @@
 #include "formfile.h"
 
 #include "componentlist.h"
-#include "inputfile.h"
+#include "expandedtemplate.h"
 #include "messages.h"
 #include "nearestnames.h"
 #include "orbelparser.h"
 #include "xmlwalk.h"
 
+#include <QTemporaryFile>
+
 namespace Orbel
 {
 
-FormFile::FormFile(const QString &path) : Path(path)
+FormFile::FormFile(const QString &path) : Input(ReadInput(path)), Text(Input.Bytes)
 {
     if (IsList())
         ReadList();
-    else
-        ReadDefinition();
+    else if (IsDefinition() && HoldsForm(Input.Bytes, path))
+        Definitions.append(Definition());
+    else if (Input.Kind == DocumentKind::Template)
+        ReadTemplate();
     if (Definitions.isEmpty())
         throw InputFailure(path,
             IsList() ? QStringLiteral("there is no form in it (a name without \".orbel\" means a component list)")
                      : QStringLiteral("there is no form in it"));
-}
-
-bool FormFile::IsList() const
-{
-    return !Path.endsWith(QLatin1String(".orbel"));
 }
 
 /// Whether the parser finds a form.
@@ -52,19 +51,24 @@ template <class Document> void FormFile::TellMalformed(const Document &document,
     Status = ekInputAtFault;
 }
 
-void FormFile::ReadDefinition()
+void FormFile::ReadTemplate()
 {
-    if (HoldsForm(ReadFile(Path), Path))
-        Definitions.append(Definition());
+    const ExpandedTemplate expanded(Input.Bytes);
+    for (const Finding &error : expanded.GetErrors()) {
+        Complain(PlaceIn(Input.Path, error.Line, error.Column) + QLatin1String(": ") + error.Text);
+        Status = ekInputAtFault;
+    }
+    Text = expanded.GetDefinition();
+    if (expanded.GetErrors().isEmpty() && HoldsForm(Text, Input.Path))
+        Definitions.append({QString(), QString::fromUtf8(Text)});
 }
 
 void FormFile::ReadList()
 {
-    const QByteArray document = ReadFile(Path);
-    TellMalformed(document, Path);
-    QXmlStreamReader list(document);
+    TellMalformed(Input.Bytes, Input.Path);
+    QXmlStreamReader list(Input.Bytes);
     KV218::ForEachDefinition(list, [this](const QString &component, const QString &text) {
-        if (HoldsForm(text, QStringLiteral("%1: component \"%2\"").arg(Path, component)))
+        if (HoldsForm(text, QStringLiteral("%1: component \"%2\"").arg(Input.Path, component)))
             Definitions.append({component, text});
     });
 }
@@ -75,26 +79,38 @@ const FormFile::Definition &FormFile::Pick(const QString &component) const
     for (const Definition &definition : Definitions) {
         if (IsList() && !component.isEmpty() && definition.Component == component)
             return definition;
-        names.append(definition.Component);
+        // One without a name has a number alone.
+        names.append(definition.Component.isEmpty() ? QString::number(names.size() + 1) : definition.Component);
     }
     if (component.isEmpty() && Definitions.size() == 1)
         return Definitions.constFirst();
     if (!IsList())
-        throw UsageFailure(QStringLiteral("%1: it is no component list, so --component means nothing").arg(Path));
+        throw UsageFailure(QStringLiteral("%1: it is no component list, so --component means nothing").arg(Input.Path));
+    const int number = component.toInt();
+    if (number >= 1 && number <= Definitions.size())
+        return Definitions.at(number - 1);
     if (component.isEmpty())
-        throw UsageFailure(QStringLiteral("%1: choose a form with --component: %2").arg(Path, QuotedNames(names)));
+        throw UsageFailure(
+            QStringLiteral("%1: choose a form with --component: %2").arg(Input.Path, QuotedNames(names)));
     throw UsageFailure(QStringLiteral("%1: there is no component \"%2\" in it; nearest: %3")
-                           .arg(Path, component, QuotedNames(NearestNames(component, names, 3))));
+                           .arg(Input.Path, component, QuotedNames(NearestNames(component, names, 3))));
+}
+
+/// As hosts read a file. The file itself may be a pipe, or another one meanwhile.
+KV218::OrbelFormular *FormFile::ParseBytes() const
+{
+    QTemporaryFile file;
+    if (!file.open() || file.write(Input.Bytes) != Input.Bytes.size() || !file.flush())
+        throw InputFailure(file.fileName(), file.errorString());
+    return KV218::OrbelParser().ParseORBELFile(file.fileName());
 }
 
 FormFile::Form FormFile::Parse(const QString &component) const
 {
     const Definition &definition = Pick(component);
-    KV218::OrbelParser parser;
-    const Form form(IsList() ? parser.ParseORBEL(definition.Text) : parser.ParseORBELFile(Path));
-    // The file may have been replaced since it was looked at.
+    const Form form(IsDefinition() ? ParseBytes() : KV218::OrbelParser().ParseORBEL(definition.Text));
     if (!form)
-        throw InputFailure(Path, QStringLiteral("there is no form in it"));
+        throw InputFailure(Input.Path, QStringLiteral("there is no form in it"));
     return form;
 }
 

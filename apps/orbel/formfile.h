@@ -1,6 +1,7 @@
 #pragma once
 
 #include "failure.h"
+#include "inputfile.h"
 #include "orbelformular.h"
 
 #include <QExplicitlySharedDataPointer>
@@ -10,7 +11,7 @@
 namespace Orbel
 {
 
-/// A file that holds a form definition, or for any name that does not end in ".orbel" a component list with several.
+/// A file that holds a form definition or a template of one, or a component list with several.
 /// What is malformed in it is told on standard error at once; the rest can be used, as far as it was read.
 class FormFile
 {
@@ -20,29 +21,33 @@ public:
     /// Reads the file. Throws a Failure when it cannot be read or holds no form.
     explicit FormFile(const QString &path);
 
-    const QString &GetPath() const { return Path; }
-    bool IsList() const;
+    const QString &GetPath() const { return Input.Path; }
+    /// What stands in the file; of a template the definition that it gives.
+    const QByteArray &GetBytes() const { return Text; }
+    bool IsList() const { return Input.Kind == DocumentKind::List; }
+    bool IsDefinition() const { return Input.Kind == DocumentKind::Definition; }
     /// Input at fault when something is malformed.
     ExitStatus GetStatus() const { return Status; }
 
-    /// Parses the form of a component, the first one of that name. An empty name means the only form of the file.
-    /// Throws a Failure when the file has no such component, or several forms to choose from.
+    /// Parses the form of a component, the first one of that name, or by its number, from 1. An empty name means the
+    /// only form of the file. Throws a Failure when the file has no such component, or several forms to choose from.
     Form Parse(const QString &component) const;
 
 private:
-    /// A definition is read from the file itself, a component's from the text that the list holds.
     struct Definition {
         QString Component;
-        QString Text;
+        QString Text; ///< Of a component or a template.
     };
 
-    void ReadDefinition();
+    void ReadTemplate();
+    KV218::OrbelFormular *ParseBytes() const;
     void ReadList();
     template <class Document> bool HoldsForm(const Document &document, const QString &where);
     template <class Document> void TellMalformed(const Document &document, const QString &where);
     const Definition &Pick(const QString &component) const;
 
-    QString Path;
+    const InputFile Input;
+    QByteArray Text;
     QVector<Definition> Definitions;
     ExitStatus Status = ekFine;
 };

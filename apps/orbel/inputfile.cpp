@@ -1,5 +1,6 @@
 #include "inputfile.h"
 
+#include "elementnames.h"
 #include "failure.h"
 
 #include <QFile>
@@ -25,6 +26,24 @@ QByteArray ReadFile(const QString &path)
     if (file.error() != QFileDevice::NoError)
         throw InputFailure(path, file.errorString());
     return bytes;
+}
+
+static DocumentKind KindOf(const QString &path, const QByteArray &bytes)
+{
+    if (path.endsWith(QLatin1String(".orbel")))
+        return DocumentKind::Definition;
+    if (path.endsWith(QLatin1String(".orbelt")))
+        return DocumentKind::Template;
+    QXmlStreamReader reader(bytes);
+    const bool isForm
+        = !QFileInfo(path).isFile() && reader.readNextStartElement() && reader.name() == KV218::element::Form;
+    return isForm ? DocumentKind::Definition : DocumentKind::List;
+}
+
+InputFile ReadInput(const QString &path)
+{
+    const QByteArray bytes = ReadFile(path);
+    return {path, bytes, KindOf(path, bytes)};
 }
 
 QString ReadDocument(const QString &path, const QString &element)

@@ -1,5 +1,6 @@
 #include "lspcommand.h"
 
+#include "checkprocess.h"
 #include "serverconnection.h"
 
 #include <QApplication>
@@ -9,6 +10,25 @@
 
 namespace Orbel
 {
+
+namespace
+{
+
+/// The end of a file's name that tells what it holds.
+QString EndOf(OpenDocument::Kind kind)
+{
+    switch (kind) {
+    case OpenDocument::List:
+        return QStringLiteral(".xml");
+    case OpenDocument::Template:
+        return QStringLiteral(".orbelt");
+    case OpenDocument::Definition:
+        break;
+    }
+    return QStringLiteral(".orbel");
+}
+
+} // namespace
 
 void LspCommand::Define(QCommandLineParser &parser) const
 {
@@ -25,7 +45,11 @@ int LspCommand::Run(const QCommandLineParser &parser)
     if (!parser.positionalArguments().isEmpty())
         throw UsageFailure(
             QStringLiteral("there is one argument too many: \"%1\"").arg(parser.positionalArguments().constFirst()));
-    const ServerConnection connection(fileno(stdin), fileno(stdout));
+    ServerConnection connection(fileno(stdin), fileno(stdout));
+    connection.GetServer().SetRun(
+        [&](const QByteArray &document, OpenDocument::Kind kind, const CheckProcess::Done &done) {
+            new CheckProcess(document, EndOf(kind), done, &connection.GetServer());
+        });
     return QApplication::exec();
 }
 

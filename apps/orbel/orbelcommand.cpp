@@ -3,6 +3,7 @@
 #include "checkcommand.h"
 #include "classescommand.h"
 #include "diffcommand.h"
+#include "expandcommand.h"
 #include "formatcommand.h"
 #include "lspcommand.h"
 #include "messages.h"
@@ -53,6 +54,7 @@ constexpr Row Table[] = {
     {"params",    "prints the parameter document of a form",             WithoutDisplay, Make<ParamsCommand>},
     {"check",     "tells the mistakes in form definitions",              WithoutDisplay, Make<CheckCommand>},
     {"diff",      "tells what differs between two form definitions",     WithoutDisplay, Make<DiffCommand>},
+    {"expand",    "makes form definitions of templates",                 WithoutDisplay, Make<ExpandCommand>},
     {"format",    "brings form definitions into the canonical layout",   WithoutDisplay, Make<FormatCommand>},
     {"lsp",       "serves an editor that speaks the Language Server Protocol", WithoutDisplay, Make<LspCommand>},
     {"strings",   "writes the texts of forms into a file for translators", WithoutDisplay, Make<StringsCommand>},
@@ -154,12 +156,18 @@ int Run(int argc, char **argv)
 int RunOrbel(int argc, char **argv)
 {
     RouteMessages();
+    int status = ekFine;
     try {
-        return Run(argc, argv);
+        status = Run(argc, argv);
     } catch (const Failure &failure) {
         Complain(failure.Message);
-        return failure.Status;
+        status = failure.Status;
     }
+    // What is printed may be lost only now, on a disk that is full.
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    Complain(QStringLiteral("what was printed could not all be written"));
+    return qMax<int>(status, ekInputAtFault);
 }
 
 } // namespace Orbel

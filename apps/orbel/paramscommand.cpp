@@ -156,8 +156,8 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     const FormFile former(parser.value(From));
     const FormFile later(parser.value(To));
     if (former.IsList() || later.IsList())
-        throw UsageFailure(QStringLiteral("--from and --to want form definitions (\".orbel\")"));
-    ParameterCarry carry(document, ReadFile(former.GetPath()), ReadFile(later.GetPath()));
+        throw UsageFailure(QStringLiteral("--from and --to want form definitions, not component lists"));
+    ParameterCarry carry(document, former.GetBytes(), later.GetBytes());
     const FormFile::Form form = later.Parse(QString());
     TellScriptExceptions(*form, later.GetPath());
     form->CreateValueTree(QStringLiteral("/Form"));
@@ -168,7 +168,7 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     carry.Compare(held);
     WriteDocument(held);
     for (const LostParameter &lost : carry.GetLost())
-        Complain(QStringLiteral("%1:%2:%3: %4").arg(path).arg(lost.Line).arg(lost.Column).arg(lost.Text));
+        Complain(PlaceIn(path, lost.Line, lost.Column) + QLatin1String(": ") + lost.Text);
     return carry.GetLost().isEmpty() ? qMax(former.GetStatus(), later.GetStatus()) : ekInputAtFault;
 }
 

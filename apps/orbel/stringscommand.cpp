@@ -1,10 +1,8 @@
 #include "stringscommand.h"
 
-#include "checkrun.h"
 #include "commandoptions.h"
 #include "formfile.h"
 #include "formtexts.h"
-#include "inputfile.h"
 #include "textcatalogue.h"
 
 #include <climits>
@@ -61,9 +59,10 @@ int StringsCommand::Run(const QCommandLineParser &parser)
     catalogue.SetLanguage(LanguageOf(path));
     for (const QString &form : forms) {
         // Half of a form would take the texts of the other half for gone.
-        if (FormFile(form).GetStatus() != ekFine)
+        const FormFile file(form);
+        if (file.GetStatus() != ekFine)
             throw InputFailure(form, QStringLiteral("it must be whole; nothing is written"));
-        for (const FormText &text : TextsOf(ReadFile(form), IsComponentList(form)))
+        for (const FormText &text : TextsOf(file.GetBytes(), file.IsList()))
             catalogue.Add(text.Context, text.Source, form, text.Line);
     }
     catalogue.Write();

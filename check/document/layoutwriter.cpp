@@ -58,7 +58,7 @@ LayoutWriter::Style LayoutWriter::StyleOf(const QString &name, int element) cons
         return OneLine;
     return IsAny(name,
                {element::Form, element::Enums, element::Enum, element::Sheet, element::Properties,
-                   element::CustomProperties, element::Widget})
+                   element::CustomProperties, element::Widget, element::Repeat})
         ? Lines
         : AsIs;
 }

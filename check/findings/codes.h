@@ -18,7 +18,7 @@ struct CodeInfo {
 };
 
 /// In the order of the enumeration.
-const QVector<CodeInfo> &AllCodes();
+ORBEL_CHECK_INTERNAL const QVector<CodeInfo> &AllCodes();
 const CodeInfo &InfoOf(Code code);
 
 } // namespace Orbel

@@ -23,6 +23,7 @@ struct FindingEdit {
     int Length = 0; ///< Units that go.
     QString Replacement; ///< What comes in their place, as it is to stand in the file.
 
+    /// Whether there is an edit.
     explicit operator bool() const { return Offset >= 0; }
 };
 

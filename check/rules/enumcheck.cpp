@@ -33,7 +33,10 @@ public:
             CheckDoubled(row.DisplayName, "display name", row.Element, names, entry);
             CheckDoubled(row.Identifier, "identifier", row.IdentifierElement, identifiers, entry);
             CheckDoubled(row.Value, "value", row.ValueElement, values, entry);
-            if (row.Value.isEmpty() && ++valueless > 1)
+            if (row.ValueElement == row.Element)
+                Sink.Add(Code::EnumValueless, Form.Doc.PlaceOf(row.Element),
+                    QStringLiteral("The row \"%1\" of \"%2\" has no Value").arg(row.DisplayName, entry.Name));
+            else if (row.Value.isEmpty() && ++valueless > 1)
                 Sink.Add(Code::EnumDoubled, Form.Doc.PlaceOf(row.ValueElement),
                     QStringLiteral("Another row of \"%1\" has no value either").arg(entry.Name));
             CheckParts(row.Element);

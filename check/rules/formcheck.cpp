@@ -6,7 +6,7 @@ namespace Orbel
 void CheckForm(const FormModel &form, FindingSink &sink)
 {
     constexpr FormCheck checks[] = {CheckAttributes, CheckProperties, CheckNames, CheckEnums, CheckLimits, CheckRows,
-        CheckParameterPlaces, CheckConventions, CheckScript};
+        CheckParameterPlaces, CheckConventions, CheckScript, CheckScriptUse, CheckStrayText};
     for (const FormCheck check : checks)
         check(form, sink);
 }

@@ -21,6 +21,11 @@ void CheckRows(const FormModel &form, FindingSink &sink);
 void CheckParameterPlaces(const FormModel &form, FindingSink &sink);
 void CheckConventions(const FormModel &form, FindingSink &sink);
 void CheckScript(const FormModel &form, FindingSink &sink);
+/// How a script that can be read uses controls and language.
+void CheckScriptUse(const FormModel &form, FindingSink &sink);
+/// Whether the engine refuses a whole script, so that nothing of it runs.
+bool IsScriptRefused(const QString &code);
+void CheckStrayText(const FormModel &form, FindingSink &sink);
 
 /// All of them.
 void CheckForm(const FormModel &form, FindingSink &sink);

@@ -1,5 +1,6 @@
 #include "formrun.h"
 
+#include "formcheck.h"
 #include "orbelformular.h"
 #include "orbelparser.h"
 #include "scriptdeclarations.h"
@@ -129,8 +130,9 @@ private:
 
     void TellException(const QScriptValue &exception, int line)
     {
-        // A syntax error has been told with its place by the check on paper.
-        if (IsStopped || exception.property(QStringLiteral("name")).toString() == QLatin1String("SyntaxError"))
+        // That nothing of the script can be read, the check on paper tells with its place.
+        const bool isSyntax = exception.property(QStringLiteral("name")).toString() == QLatin1String("SyntaxError");
+        if (IsStopped || (isSyntax && IsScriptRefused(Script.Code())))
             return;
         QString text = exception.toString();
         if (text.endsWith(QLatin1Char('.')))

@@ -3,6 +3,7 @@
 #include "formcheck.h"
 #include "formlimits.h"
 #include "propertynames.h"
+#include "propertyplace.h"
 #include "widgetnumbers.h"
 
 #include <algorithm>
@@ -36,6 +37,9 @@ public:
             CheckLimits();
         CheckCounts();
         CheckShape();
+        const Number margin = Numbers.NumberOf(prop::Margin);
+        if (margin && margin.Value < 0)
+            Tell(Code::MarginNegative, margin, QStringLiteral("A margin of %1 pixels is none").arg(margin.Text));
     }
 
 private:
@@ -145,6 +149,12 @@ void CheckLimits(const FormModel &form, FindingSink &sink)
         if (widget.Info)
             LimitCheck(form, sink, widget).Run();
     }
+    const PropertyEntry *timeout = form.FindSheetProperty(prop::AutoApplyTimeout, false);
+    bool isNumber = false;
+    const double milliseconds = timeout ? timeout->Text.toDouble(&isNumber) : 0;
+    if (isNumber && milliseconds < 100)
+        sink.Add(Code::ApplyHasty, PlaceOfValue(form, *timeout),
+            QStringLiteral("%1 milliseconds count as 100").arg(timeout->Text));
 }
 
 } // namespace Orbel

@@ -5,6 +5,8 @@
 #include "propertynames.h"
 #include "propertyplace.h"
 
+#include <QSet>
+
 namespace Orbel
 {
 
@@ -58,6 +60,25 @@ void CheckInput(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
         StateBool(form, widget, prop::Enabled, true));
 }
 
+void CheckTexts(const FormModel &form, FindingSink &sink, const WidgetEntry &widget)
+{
+    const auto stated = [&](QLatin1String name, const char *otherwise) {
+        const QString text = widget.TextOf(name);
+        return text.isEmpty() ? QString::fromLatin1(otherwise) : text;
+    };
+    const PropertyEntry *off = widget.Find(prop::UncheckedValue);
+    const PropertyEntry *on = widget.Find(prop::CheckedValue);
+    if (widget.Class == QLatin1String("CheckBox") && (on || off)
+        && stated(prop::CheckedValue, "true") == stated(prop::UncheckedValue, "false"))
+        sink.Add(Code::SwitchText, PlaceOfValue(form, off ? *off : *on),
+            QStringLiteral("\"%1\" writes \"%2\" in both states").arg(widget.Name, stated(prop::CheckedValue, "true")));
+    if (widget.Class == QLatin1String("PushButton") && widget.TextOf(prop::Text).isEmpty()
+        && !form.ScriptMayCall(widget, "setText") && !form.ScriptMayCall(widget, "text")
+        && !form.ScriptMayCall(widget, "setIcon"))
+        sink.Add(Code::ButtonUntitled, form.Doc.PlaceOf(widget.Element),
+            QStringLiteral("The button \"%1\" has no text").arg(widget.Name));
+}
+
 void CheckHeadline(const FormModel &form, FindingSink &sink, const WidgetEntry &headline)
 {
     if (headline.TextOf(prop::Text).isEmpty() && !form.ScriptMayCall(headline, "setText"))
@@ -74,6 +95,7 @@ void CheckHeadline(const FormModel &form, FindingSink &sink, const WidgetEntry &
 void CheckRows(const FormModel &form, FindingSink &sink)
 {
     const WidgetEntry *emptyHeadline = nullptr;
+    QSet<QString> labels; // of the group
     const auto closeGroup = [&] {
         if (emptyHeadline)
             sink.Add(Code::GroupEmpty, form.Doc.PlaceOf(emptyHeadline->Element),
@@ -82,7 +104,19 @@ void CheckRows(const FormModel &form, FindingSink &sink)
     for (const WidgetEntry &widget : form.Widgets) {
         CheckLabel(form, sink, widget);
         CheckInput(form, sink, widget);
+        CheckTexts(form, sink, widget);
+        const PropertyEntry *label = widget.Find(prop::LabelText);
+        const bool isLabelled = label && !label->Text.isEmpty() && (!widget.Info || widget.Has(ekRow));
+        // Rows that take turns have scripts that show and hide them.
+        const bool isSwitched = form.ScriptMayCall(widget, "setVisible") || form.ScriptMayCall(widget, "visible");
+        if (isLabelled && !isSwitched && widget.IsTrue(prop::Visible)) {
+            if (labels.contains(label->Text))
+                sink.Add(Code::LabelDoubled, form.Doc.PlaceOf(label->Element),
+                    QStringLiteral("Another row of the group has the label \"%1\"").arg(label->Text));
+            labels.insert(label->Text);
+        }
         if (IsHeadline(widget)) {
+            labels.clear();
             closeGroup();
             CheckHeadline(form, sink, widget);
             emptyHeadline = &widget;

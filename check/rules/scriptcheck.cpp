@@ -65,6 +65,11 @@ int RefusedIndex(const ScriptSourceMap &script, int line)
 
 } // namespace
 
+bool IsScriptRefused(const QString &code)
+{
+    return RefusedLine(code) > 0;
+}
+
 void CheckScript(const FormModel &form, FindingSink &sink)
 {
     const ScriptSourceMap script(form.Doc, form.Script);

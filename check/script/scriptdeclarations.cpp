@@ -2,12 +2,15 @@
 
 #include "scriptbuiltins.h"
 
+#include <algorithm>
+
 namespace Orbel
 {
 
 ScriptDeclarations::ScriptDeclarations(const QString &code) : Tokens(ScanScript(code))
 {
     FindMade();
+    FindGuards();
 }
 
 bool ScriptDeclarations::IsMark(int at, char mark) const
@@ -65,8 +68,10 @@ void ScriptDeclarations::FindVariables(int at)
     int depth = 0;
     bool isExpected = true;
     for (; at < Tokens.size() && !IsMark(at, ';') && depth >= 0; ++at) {
-        if (isExpected && IsName(at))
+        if (isExpected && IsName(at)) {
             Made.insert(Tokens.at(at).Text);
+            VariableList.append({QString(), Tokens.at(at).Text, Tokens.at(at).Index});
+        }
         isExpected = depth == 0 && IsMark(at, ',');
         if (IsMark(at, '(') || IsMark(at, '[') || IsMark(at, '{'))
             ++depth;
@@ -86,6 +91,37 @@ void ScriptDeclarations::FindParameters(int at)
     }
 }
 
+/// The token of the bracket that closes the one at a place.
+int ScriptDeclarations::EndOfBlock(int at) const
+{
+    int depth = 0;
+    for (; at < Tokens.size(); ++at) {
+        if (IsMark(at, '{'))
+            ++depth;
+        else if (IsMark(at, '}') && --depth == 0)
+            return at;
+    }
+    return Tokens.size();
+}
+
+/// Blocks with a catch, members that are asked for by `in`, and such as are looked at before they are called.
+void ScriptDeclarations::FindGuards()
+{
+    for (int i = 0; i < Tokens.size(); ++i) {
+        if (IsWord(i, "try") && IsWord(EndOfBlock(i + 1) + 1, "catch"))
+            Tries.append({i, EndOfBlock(i + 1)});
+        else if (Tokens.at(i).What == ScriptToken::Literal && IsWord(i + 1, "in"))
+            Guarded.insert(Tokens.at(i).Text);
+        else if (IsName(i) && IsMark(i + 1, '.') && IsName(i + 2)) {
+            const bool isJoined
+                = (IsMark(i + 3, '&') && IsMark(i + 4, '&')) || (IsMark(i + 3, '|') && IsMark(i + 4, '|'));
+            const bool isCondition = IsMark(i - 1, '(') && IsWord(i - 2, "if") && IsMark(i + 3, ')');
+            if (isJoined || isCondition || IsMark(i + 3, '?') || IsMark(i - 1, '!') || IsWord(i - 1, "typeof"))
+                Guarded.insert(Tokens.at(i + 2).Text);
+        }
+    }
+}
+
 QVector<ScriptReference> ScriptDeclarations::Undeclared() const
 {
     QVector<ScriptReference> references;
@@ -93,6 +129,9 @@ QVector<ScriptReference> ScriptDeclarations::Undeclared() const
         if (!IsName(i) || IsMark(i - 1, '.') || IsKey(i))
             continue;
         const QString &name = Tokens.at(i).Text;
+        const auto catches = [i](const QPair<int, int> &block) { return block.first < i && i < block.second; };
+        if (std::any_of(Tries.cbegin(), Tries.cend(), catches))
+            continue;
         const bool isLabel = IsWord(i - 1, "break") || IsWord(i - 1, "continue");
         if (isLabel || Made.contains(name) || ReservedWords().contains(name))
             continue;
@@ -101,7 +140,7 @@ QVector<ScriptReference> ScriptDeclarations::Undeclared() const
         if (!IsMark(i + 1, '.') || !IsName(i + 2))
             continue;
         const QString &member = Tokens.at(i + 2).Text;
-        if (!SetMembers.contains(name + QLatin1Char('.') + member))
+        if (!Guarded.contains(member) && !SetMembers.contains(name + QLatin1Char('.') + member))
             references.append({name, member, Tokens.at(i + 2).Index});
     }
     return references;

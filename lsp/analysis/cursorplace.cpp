@@ -140,7 +140,8 @@ void CursorPlace::StartTag()
     const bool isClosed = StandsHere("/>");
     At += isClosed ? 2 : StandsHere(">") ? 1 : 0;
     Open.last().Content = At;
-    if (isClosed)
+    // In a repetition may stand what may stand around it.
+    if (isClosed || name == KV218::element::Repeat)
         Open.removeLast();
     Start = At;
 }

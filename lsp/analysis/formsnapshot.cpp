@@ -125,17 +125,26 @@ TextSpan FormSnapshot::SpanOfName(int element) const
     return {Source.OffsetOf(index), Source.OffsetOf(index + Doc.At(element).Name.size())};
 }
 
-TextSpan FormSnapshot::SpanOf(int element) const
+TextSpan FormSnapshot::SpanOfEndName(int element) const
 {
     // Of a mended document the end tag may be made up.
     const QString &text = Source.Text();
     const int behind = IndexIn(Source, Doc.PlaceAt(Doc.At(element).ContentTo));
     const QString endTag = QLatin1String("</") + Doc.At(element).Name;
     const bool isClosedAtOnce = text.midRef(qMax(0, behind - 2), 2) == QLatin1String("/>");
-    int to = behind;
-    if (!isClosedAtOnce && text.midRef(behind, endTag.size()) == endTag)
-        to = text.indexOf(QLatin1Char('>'), behind) + 1;
-    return {Doc.PlaceOf(element), Source.OffsetOf(to > 0 ? to : text.size())};
+    if (isClosedAtOnce || text.midRef(behind, endTag.size()) != endTag)
+        return {Source.OffsetOf(behind), Source.OffsetOf(behind)};
+    return {Source.OffsetOf(behind + 2), Source.OffsetOf(behind + endTag.size())};
+}
+
+TextSpan FormSnapshot::SpanOf(int element) const
+{
+    const TextSpan end = SpanOfEndName(element);
+    if (end.From == end.To)
+        return {Doc.PlaceOf(element), end.To};
+    const QString &text = Source.Text();
+    const int bracket = text.indexOf(QLatin1Char('>'), IndexIn(Source, end.To));
+    return {Doc.PlaceOf(element), Source.OffsetOf(bracket < 0 ? text.size() : bracket + 1)};
 }
 
 } // namespace Orbel

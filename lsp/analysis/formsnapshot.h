@@ -46,6 +46,8 @@ public:
     TextSpan SpanOfText(const PlacedText &content, int from, int size) const;
     /// Where the name stands in an element's start tag.
     TextSpan SpanOfName(int element) const;
+    /// Where it stands in the end tag; nothing without one.
+    TextSpan SpanOfEndName(int element) const;
     /// All of an element, with its end tag.
     TextSpan SpanOf(int element) const;
 };

@@ -28,8 +28,7 @@ PlacedText WithoutReturns(const QString &text)
 
 } // namespace
 
-OpenDocument::OpenDocument(const QString &uri, bool isList, const QString &text)
-    : Name(uri), List(isList), Content(text)
+OpenDocument::OpenDocument(const QString &uri, Kind kind, const QString &text) : Name(uri), Holds(kind), Content(text)
 {
 }
 
@@ -70,7 +69,7 @@ const std::vector<std::unique_ptr<OpenForm>> &OpenDocument::Forms() const
 
 void OpenDocument::ReadForms() const
 {
-    if (!List) {
+    if (Holds != List) {
         AllForms.push_back(std::make_unique<OpenForm>(WithoutReturns(Content)));
         return;
     }
@@ -88,7 +87,7 @@ void OpenDocument::ReadForms() const
 const OpenForm *OpenDocument::FormAt(int place) const
 {
     for (const std::unique_ptr<OpenForm> &form : Forms()) {
-        if (!List || form->Form.Extent().Holds(place))
+        if (Holds != List || form->Form.Extent().Holds(place))
             return form.get();
     }
     return nullptr;
@@ -96,7 +95,7 @@ const OpenForm *OpenDocument::FormAt(int place) const
 
 QString OpenDocument::Written(const QString &text) const
 {
-    return List ? text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("&#10;")) : text;
+    return Holds == List ? text.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("&#10;")) : text;
 }
 
 } // namespace Orbel

@@ -17,15 +17,17 @@ struct OpenForm {
     const SymbolTable Symbols;
 };
 
-/// A document that an editor has open: a form definition, or a component list with forms in attributes. Lines and forms
-/// are read anew after an edit, when somebody asks for them.
+/// A document that an editor has open: a form definition, a template of one, or a component list with forms in
+/// attributes. Lines and forms are read anew after an edit, when somebody asks for them.
 class OpenDocument
 {
 public:
-    OpenDocument(const QString &uri, bool isList, const QString &text);
+    enum Kind { Definition, Template, List };
+
+    OpenDocument(const QString &uri, Kind kind, const QString &text);
 
     const QString &Uri() const { return Name; }
-    bool IsList() const { return List; }
+    Kind What() const { return Holds; }
     const QString &Text() const { return Content; }
     /// As the checker takes it: editors know characters, whatever encoding the document declares.
     QByteArray Bytes() const;
@@ -45,7 +47,7 @@ private:
     void ReadForms() const;
 
     QString Name;
-    bool List;
+    Kind Holds;
     QString Content;
     mutable std::unique_ptr<TextLines> LineStarts;
     mutable std::vector<std::unique_ptr<OpenForm>> AllForms;

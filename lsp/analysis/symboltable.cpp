@@ -1,6 +1,7 @@
 #include "symboltable.h"
 
 #include "elementnames.h"
+#include "formlimits.h"
 #include "propertynames.h"
 
 #include <algorithm>
@@ -123,12 +124,14 @@ const EnumEntry *SymbolTable::EnumOf(const WidgetEntry &widget) const
     return Form.Model.FindEnum(widget.TextOf(prop::EnumName));
 }
 
-/// Each part of a path is a symbol of its own; the first widget that names it defines it.
+/// Each part of a path is a symbol of its own; the first widget that names it defines it. Beyond the limit nothing
+/// counts.
 void SymbolTable::AddTag(int element)
 {
     const PlacedText content = Form.Model.Doc.ContentOf(element);
     const QString &path = content.Text();
-    for (int from = 0; from <= path.size();) {
+    int from = 0;
+    for (int part = 0; part < KV218::limit::ParameterPathParts && from <= path.size(); ++part) {
         const int slash = path.indexOf(QLatin1Char('/'), from);
         const int to = slash < 0 ? path.size() : slash;
         const QString whole = path.left(to);

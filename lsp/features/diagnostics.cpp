@@ -64,7 +64,15 @@ int EndOfThing(const QString &text, int from)
 
 Findings FindingsOf(const OpenDocument &document)
 {
-    return document.IsList() ? Check::ComponentList(document.Bytes()) : Check::Definition(document.Bytes());
+    switch (document.What()) {
+    case OpenDocument::List:
+        return Check::ComponentList(document.Bytes());
+    case OpenDocument::Template:
+        return Check::Template(document.Bytes());
+    case OpenDocument::Definition:
+        break;
+    }
+    return Check::Definition(document.Bytes());
 }
 
 TextSpan SpanOf(const Finding &finding, const OpenDocument &document)

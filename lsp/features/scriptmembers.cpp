@@ -26,8 +26,14 @@ QString NameIn(const QString &signature)
 
 void AddMethods(ScriptMember::Kind what, const QStringList &signatures, QVector<ScriptMember> &members)
 {
-    for (const QString &signature : signatures)
-        members.append({what, NameIn(signature), signature, QString()});
+    for (const QString &signature : signatures) {
+        const QString name = NameIn(signature);
+        // A class states again what it overrides.
+        const bool isKnown = std::any_of(members.cbegin(), members.cend(),
+            [&](const ScriptMember &member) { return member.Signature == signature; });
+        if (!isKnown)
+            members.append({what, name, signature, QString()});
+    }
 }
 
 void AddProperties(const QVector<PropertyInfo> &properties, QVector<ScriptMember> &members)

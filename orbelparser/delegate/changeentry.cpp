@@ -118,8 +118,9 @@ void ChangeEntry::Move(bool back)
     if (Moving || Frozen)
         return;
     const QScopedValueRollback<bool> moving(Moving, true);
-    const QScopedValueRollback<int> moves(*MovesOfForm, *MovesOfForm + 1);
+    const QScopedValueRollback<int> moves(MovesOfForm->Moving, MovesOfForm->Moving + 1);
     const OrbelDelegate *locked = FindLocked(back);
+    PassedOver = false;
     bool moved = false;
     for (auto first = Parts.begin(); first != Parts.end();) {
         const auto isOther = [&](const Part &part) { return part.Control != first->Control; };
@@ -127,8 +128,17 @@ void ChangeEntry::Move(bool back)
         moved |= MoveControl(first, last, back);
         first = last;
     }
-    if (!moved && !locked && !Stands(!back))
-        setObsolete(true);
+    if (moved || locked)
+        return;
+    PassedOver = back && IsAheadOfOthers();
+    setObsolete(!PassedOver && !Stands(!back));
+}
+
+/// Whether there are changes that have come after it, and are not on the stack.
+bool ChangeEntry::IsAheadOfOthers() const
+{
+    const auto isBeingChanged = [](const Part &part) { return part.Control && part.Control->IsBeingChanged(); };
+    return MovesOfForm->Waits || std::any_of(Parts.begin(), Parts.end(), isBeingChanged);
 }
 
 bool ChangeEntry::MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back)

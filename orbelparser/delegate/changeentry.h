@@ -7,6 +7,7 @@
 #include <QVector>
 
 #include <memory>
+#include <utility>
 
 namespace KV218
 {
@@ -18,8 +19,13 @@ class OrbelDelegate;
 class ChangeEntry : public QUndoCommand
 {
 public:
-    /// How many entries of a form are on their way: a host may have the stack move several.
-    using Moves = std::shared_ptr<int>;
+    /// What the entries of a form share: how many are on their way, for a host may have the stack move several, and
+    /// whether some are not on the stack yet.
+    struct Traffic {
+        int Moving = 0;
+        bool Waits = false;
+    };
+    using Moves = std::shared_ptr<Traffic>;
 
     ChangeEntry(const QString &text, Moves moves);
     /// A change of one control, whose object name is the text until Spell(). Entries of one `session` other than 0 that
@@ -33,6 +39,9 @@ public:
     bool Spell();
     /// The values stand already when the entry comes onto the stack.
     void SkipNextRedo() { Done = true; }
+    /// Whether it was undone, and has moved nothing, while a change of its control was on the way or one was not on the
+    /// stack yet; not a second time.
+    bool TakePassedOver() { return std::exchange(PassedOver, false); }
     /// A control of another form that takes the place of one, which had this shape when its form ended.
     struct Heir {
         OrbelDelegate *Control = nullptr;
@@ -69,6 +78,7 @@ private:
     };
 
     void Move(bool back);
+    bool IsAheadOfOthers() const;
     bool MoveControl(QVector<Part>::iterator first, QVector<Part>::iterator last, bool back);
 
     const bool HasOwnText;
@@ -80,6 +90,7 @@ private:
     bool Done = false;
     bool Moving = false;
     bool Frozen = false;
+    bool PassedOver = false;
 };
 
 } // namespace KV218

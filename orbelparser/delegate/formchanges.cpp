@@ -9,12 +9,19 @@
 #include <QScopedValueRollback>
 #include <QScopeGuard>
 #include <QSet>
+#include <QTimer>
 #include <QUndoStack>
 
+#include <algorithm>
 #include <memory>
 
 namespace KV218
 {
+
+// How often to look whether the event loop of a host's command has come to its end.
+static constexpr int MillisecondsOfLoop = 50;
+// That of an event in the application's own event loop; less where none runs yet.
+static constexpr int OutermostDepth = 2;
 
 FormChanges::FormChanges(FormLife *life) : Life(life)
 {
@@ -26,8 +33,10 @@ FormChanges::FormChanges(FormLife *life) : Life(life)
 void FormChanges::Watch(QUndoStack *stack)
 {
     Stack = stack;
-    connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::PushWaiting);
-    connect(Stack, &QUndoStack::indexChanged, this, &FormChanges::TellLater);
+    connect(Stack, &QUndoStack::indexChanged, this, [this] {
+        PushWaiting(false);
+        TellLater();
+    });
 }
 
 FormChanges::~FormChanges()
@@ -103,29 +112,72 @@ void FormChanges::RecordAll(const Former &former)
 void FormChanges::Push(ChangeEntry *entry)
 {
     Waiting.emplace_back(entry);
-    // A command of a host's own does not tell that it runs, and the stack would destroy it.
-    if (HasHostsCommand())
-        TellLater();
-    else
-        PushWaiting();
+    Moves->Waits = true;
+    PushWaiting(false);
+    if (Waiting.empty())
+        return;
+    TellLater();
+    if (IsMoving())
+        return;
+    const QScopedValueRollback<bool> busy(Busy, true);
+    const Orbel::ExceptionStop::Zone zone; // as it would be on the stack
+    entry->redo();
+    entry->SkipNextRedo();
 }
 
-/// Each entry, on the stack or waiting, holds a share of `Moves`: a look at all of them would cost each commit what the
-/// whole history is long.
+/// A command of a host's own does not tell that it runs, and the stack would destroy it. Each entry, on the stack or
+/// waiting, holds a share of `Moves`: a look at all of them would cost each commit what the whole history is long.
 bool FormChanges::HasHostsCommand() const
 {
+    for (int i = Stack->index(); i < Stack->count(); ++i) {
+        if (!EntryAt(i))
+            return true;
+    }
     return Stack->count() > Moves.use_count() - 1 - static_cast<long>(Waiting.size());
 }
 
-void FormChanges::PushWaiting()
+/// Takes what waits onto the stack; at rest, where no command of a host's own can run, in any case.
+void FormChanges::PushWaiting(bool atRest)
 {
     const CallScope call(Life);
-    while (!Waiting.empty() && !IsMoving()) {
+    while (!Waiting.empty() && !IsMoving() && (atRest || !HasHostsCommand())) {
         const QScopedValueRollback<bool> busy(Busy, true);
         const Orbel::ExceptionStop::Zone zone; // it would come through the stack and leave an entry in two halves
-        ChangeEntry *entry = Waiting.front().release();
-        Waiting.erase(Waiting.begin());
-        Stack->push(entry);
+        RedoPassedOver();
+        Stack->push(TakeWaiting(true).release());
+    }
+}
+
+std::unique_ptr<ChangeEntry> FormChanges::TakeWaiting(bool first)
+{
+    const auto place = first ? Waiting.begin() : Waiting.end() - 1;
+    std::unique_ptr<ChangeEntry> entry = std::move(*place);
+    Waiting.erase(place);
+    Moves->Waits = !Waiting.empty();
+    return entry;
+}
+
+/// A host that undid within the handlers of a change has met entries that stand before it: they are done as they were.
+void FormChanges::RedoPassedOver()
+{
+    const auto next = [this] { return Stack->canRedo() ? EntryAt(Stack->index()) : nullptr; };
+    for (ChangeEntry *entry = next(); entry && entry->TakePassedOver(); entry = next()) {
+        entry->SkipNextRedo();
+        Stack->redo();
+    }
+}
+
+/// Takes back the last change that may not come onto the stack yet.
+void FormChanges::UndoWaiting()
+{
+    bool dropped = true;
+    while (dropped && !Waiting.empty()) {
+        dropped = !Waiting.back()->Stands(true);
+        if (const OrbelDelegate *locked = Waiting.back()->FindLocked(true)) {
+            Q_EMIT refused(tr("%1 is locked").arg(locked->GetCaption()));
+            return;
+        }
+        TakeWaiting(false)->undo();
     }
 }
 
@@ -135,10 +187,16 @@ void FormChanges::Go(bool back)
         return;
     const CallScope call(Life);
     RecordRunning();
-    PushWaiting();
-    const auto rest = qScopeGuard([this] { PushWaiting(); });
+    PushWaiting(false);
+    const auto rest = qScopeGuard([this] { PushWaiting(false); });
     const QScopedValueRollback<bool> busy(Busy, true);
     const Orbel::ExceptionStop::Zone zone; // as above
+    if (!Waiting.empty()) {
+        if (back)
+            UndoWaiting();
+        return;
+    }
+    RedoPassedOver();
     bool dropped = true;
     while (dropped && (back ? Stack->canUndo() : Stack->canRedo())) {
         const auto *entry = dynamic_cast<const ChangeEntry *>(Stack->command(Stack->index() - int(back)));
@@ -206,6 +264,7 @@ QVector<ChangeEntry *> FormChanges::Entries() const
 void FormChanges::TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs)
 {
     const CallScope call(Life);
+    former.PushWaiting(true);
     disconnect(Stack, nullptr, this, nullptr);
     disconnect(former.Stack, nullptr, &former, nullptr);
     QUndoStack *const own = Stack;
@@ -300,12 +359,25 @@ void FormChanges::TellLater()
         QMetaObject::invokeMethod(this, &FormChanges::Tell, Qt::QueuedConnection);
 }
 
+/// How deep events and event loops stand in one another, which Qt knows for what is to be deleted later.
+static int EventDepth()
+{
+    QObject probe;
+    auto *const event = new QDeferredDeleteEvent; // goes with the probe
+    QCoreApplication::postEvent(&probe, event);
+    return event->loopLevel();
+}
+
 void FormChanges::Tell()
 {
     Due = false;
     const CallScope call(Life);
+    const int depth = EventDepth();
+    LeastDepth = std::max(OutermostDepth, std::min(LeastDepth, depth));
     // A stack that a host moved to where it was emits nothing at its end.
-    PushWaiting();
+    PushWaiting(depth <= LeastDepth);
+    if (!Waiting.empty() && !std::exchange(Due, true))
+        QTimer::singleShot(MillisecondsOfLoop, this, &FormChanges::Tell);
     Settle();
     SpellEntries();
     Q_EMIT changed();

@@ -8,6 +8,7 @@
 #include <QVariant>
 #include <QVector>
 
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -52,7 +53,7 @@ public:
     /// among them; an undo that meets one passes over it.
     void TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs);
     /// Whether an entry is on its way. A host may move the stack itself, by many entries at once.
-    bool IsMoving() const { return Busy || *Moves > 0; }
+    bool IsMoving() const { return Busy || Moves->Moving > 0; }
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
@@ -97,7 +98,10 @@ private:
     ChangeEntry *EntryAt(int index) const;
     QVector<ChangeEntry *> Entries() const;
     void RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone);
-    void PushWaiting();
+    void PushWaiting(bool atRest);
+    std::unique_ptr<ChangeEntry> TakeWaiting(bool first);
+    void RedoPassedOver();
+    void UndoWaiting();
     void RecordRunning(const OrbelDelegate *except = nullptr);
     void Go(bool back);
     void Push(ChangeEntry *entry);
@@ -120,8 +124,10 @@ private:
     bool Due = false;
     /// Entries move, or come.
     bool Busy = false;
-    const std::shared_ptr<int> Moves = std::make_shared<int>(0);
+    const ChangeEntry::Moves Moves = std::make_shared<ChangeEntry::Traffic>();
     std::vector<std::unique_ptr<ChangeEntry>> Waiting;
+    /// The least of the depths at which the event has come that emits the changes: there the form is at rest.
+    int LeastDepth = std::numeric_limits<int>::max();
 };
 
 } // namespace KV218

@@ -13,7 +13,7 @@ static bool TakesTab(const QWidget *widget)
 }
 
 OpeningFocus::OpeningFocus(QWidget *form, QWidget *rows, const std::function<bool()> &isLocked)
-    : QObject(form), Form(form), Rows(rows), IsLocked(isLocked)
+    : QObject(form), Form(form), Rows(rows), IsLocked(isLocked), IsParked(form->isVisible())
 {
     Form->installEventFilter(this);
 }
@@ -32,8 +32,9 @@ void OpeningFocus::TakeFocus()
     if (IsOver || !Rows || !Form->isVisible())
         return;
     const QWidget *focus = Form->window()->focusWidget();
-    const bool isNobodys = !focus || focus == Form;
+    const bool isNobodys = !focus || (IsParked && focus == Form);
     if (isNobodys && !GiveFocus() && IsLocked()) {
+        IsParked = true;
         Form->setFocus(Qt::OtherFocusReason);
         return;
     }

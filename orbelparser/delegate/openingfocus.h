@@ -13,7 +13,8 @@ namespace KV218
 class OpeningFocus : public QObject
 {
 public:
-    /// Belongs to `form`; `rows` is the widget in it in which the controls stand.
+    /// Belongs to `form`; `rows` is the widget in it in which the controls stand. A form that is shown already has been
+    /// locked since.
     OpeningFocus(QWidget *form, QWidget *rows, const std::function<bool()> &isLocked);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -26,6 +27,8 @@ private:
     QWidget *Form;
     QPointer<QWidget> Rows;
     const std::function<bool()> IsLocked;
+    // The form itself has the focus for want of a control that takes it.
+    bool IsParked;
     bool IsOver = false;
 };
 

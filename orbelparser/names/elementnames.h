@@ -23,6 +23,8 @@ inline constexpr QLatin1String Property = Latin1("Property");
 inline constexpr QLatin1String Bool = Latin1("Bool");
 inline constexpr QLatin1String Widget = Latin1("Widget");
 inline constexpr QLatin1String Script = Latin1("Script");
+/// Of templates alone: to forms it is an element like any other that they do not know.
+inline constexpr QLatin1String Repeat = Latin1("Repeat");
 inline constexpr QLatin1String Component = Latin1("Component");
 inline constexpr QLatin1String ValueString = Latin1("ValueString");
 

@@ -7,6 +7,7 @@
 
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 
@@ -109,13 +110,15 @@ QVariantList ExclusionListDelegate::GetEdits() const
     const ValueCommentedRangeMap *ranges = GetRanges();
     if (!ranges)
         return {};
+    const auto &items = ranges->data();
+    // Ids and keys that both count the rows come from the dialog, which counts ids anew each time.
+    const bool isDialogs = std::all_of(items.begin(), items.end(),
+        [&](const auto &item) { return item.first < items.size() && item.second.GetID() < items.size(); });
     std::map<unsigned, QString> texts;
-    for (const auto &[key, range] : ranges->data()) {
-        // Ids that count the rows come from the dialog, which counts anew each time.
-        const bool isHosts = range.GetID() >= ranges->data().size();
+    for (const auto &[key, range] : items) {
         texts[key] = QStringLiteral("%1 %2 %3 %4 ")
                          .arg(key)
-                         .arg(isHosts ? range.GetID() : key)
+                         .arg(isDialogs ? key : range.GetID())
                          .arg(Orbel::NumberToText(range.GetRangeStart()), Orbel::NumberToText(range.GetRangeStop()))
             + range.GetComment();
     }

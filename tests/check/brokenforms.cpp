@@ -51,6 +51,13 @@ QString Scripted(const QString &code)
     return Sheet(W("n", "SpinBox") + W("box", "CheckBox"), Enum(Row("A", "A", "1")) + "<Script>" + code + "</Script>");
 }
 
+/// A choice "m" and a number "m2" with a script.
+QString Chosen(const QString &code)
+{
+    return Sheet(W("m", "ComboBox", P("enumName", "String", "Mode")) + W("m2", "SpinBox", P("minimum", "Int", "1")),
+        Enum(Row("Amplitude", "AM", "am") + Row("Frequency", "FM", "fm")) + "<Script>" + code + "</Script>");
+}
+
 /// A handler of a change that the script itself raises.
 QString Handled(const QString &body)
 {
@@ -91,7 +98,7 @@ const QVector<BrokenForm> &BrokenForms()
         // documents
         {"cut off", K::Definition, "<ZkParamGui>\n <Sheet name='s'>\n@", "xml-malformed"},
         {"end tag of another element", K::Definition, Sheet("<Widget name='a' class='Label'>@</Wodget>"), "xml-malformed"},
-        {"empty file", K::Definition, "@", "xml-malformed+form-missing"},
+        {"empty file", K::Definition, "@", "xml-malformed"},
         {"another root", K::Definition, "@<Form/>", "form-missing"},
         {"form behind a closed element", K::Definition, "@<x><y/><ZkParamGui/></x>", "form-missing"},
         {"two forms", K::Definition, "<x>@<ZkParamGui/><ZkParamGui/></x>", "form-replaced"},
@@ -124,7 +131,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"fraction for a whole number", K::Definition, Sheet(W("a", "SpinBox", P("value", "Int", "@1.5"))), "value-type"},
         {"number beyond 32 bits", K::Definition, Sheet(W("a", "SpinBox", P("value", "Int", "@3000000000"))), "value-type"},
         {"word for a number", K::Definition, Number(P("singleStep", "Double", "@small") + P("suffix", "String", "small")), "value-type"},
-        {"text for a picture", K::Definition, Sheet(W("a", "PushButton", P("icon", "String", "@a.png"))), "value-type"},
+        {"text for a picture", K::Definition, Sheet(W("a", "PushButton", P("text", "String", "B") + P("icon", "String", "@a.png"))), "value-type"},
         {"negative scale", K::Definition, Sheet(W("a", "BandwidthEdit", P("unitScale", "UInt64", "@-1"))), "value-type"},
         {"fraction for a limit of whole numbers", K::Definition, Sheet(W("a", "SpinBox", P("minimum", "Double", "@0.5") + P("displayScalingFactor", "Double", "1"))), "value-type"},
         {"Bool for a number", K::Definition, Sheet(W("a", "SpinBox", "<Property name='value'>@<Bool>true</Bool></Property>")), "value-type"},
@@ -146,7 +153,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"value that no row has", K::Definition, Sheet(W("a", "ComboBox", P("enumName", "String", "Mode") + P("currentValue", "String", "@2")), Enum(Row("A", "A", "1"))), "enum-value"},
         {"equal rows", K::Definition, "<ZkParamGui>" + Enum(Row("A", "A", "1") + Row("A", "A", "1").replace("<Val", "@<Val").replace("<EnumId", "@<EnumId").replace("<EnumValue>", "@<EnumValue>")) + "</ZkParamGui>", "enum-doubled enum-doubled enum-doubled"},
         {"reserved identifier", K::Definition, "<ZkParamGui>" + Enum(Row("A", "@default", "1") + Row("B", "@2nd", "2")) + "</ZkParamGui>", "enum-identifier enum-identifier"},
-        {"rows without a value", K::Definition, "<ZkParamGui>" + Enum("<EnumValue/><EnumValue>@<Value/></EnumValue>@<EnumValue/>") + "</ZkParamGui>", "enum-doubled enum-doubled"},
+        {"rows without a value", K::Definition, "<ZkParamGui>" + Enum("@<EnumValue/><EnumValue><Value/></EnumValue><EnumValue>@<Value/></EnumValue>") + "</ZkParamGui>", "enum-valueless enum-doubled"},
         {"two values in a row", K::Definition, "<ZkParamGui>" + Enum("<EnumValue><Value>1</Value>@<Value>2</Value></EnumValue>") + "</ZkParamGui>", "enum-doubled"},
         // limits
         {"limits reversed", K::Definition, Number(P("minimum", "Double", "@5") + P("maximum", "Double", "1")), "limit-reversed"},
@@ -172,7 +179,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"headline without a text", K::Definition, Sheet("@" + W("a", "Headline") + W("b", "Label")), "headline-untitled"},
         // parameter document
         {"tag without generateParameterXml", K::Definition, Sheet(W("a", "CheckBox", P("parameterXmlTag", "String", "@A"))), "parameter-unwritten"},
-        {"button that is to write", K::Definition, Sheet(W("a", "PushButton", "@" + Written)), "parameter-unwritten"},
+        {"button that is to write", K::Definition, Sheet(W("a", "PushButton", P("text", "String", "B") + "@" + Written)), "parameter-unwritten"},
         {"two controls at one place", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "x/y")) + W("b", "CheckBox", Written + P("parameterXmlTag", "String", "@x/y"))), "parameter-doubled"},
         {"control at an enclosing place", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x")) + W("b", "CheckBox", Written + P("parameterXmlTag", "String", "x/y"))), "parameter-doubled"},
         {"tags that are no names", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@x/1 y")) + "@" + W("b c", "CheckBox", Written)), "parameter-tag parameter-tag"},
@@ -206,6 +213,30 @@ const QVector<BrokenForm> &BrokenForms()
         {"cut form is not run", K::Run, Cut("<Property name='text'/>").replace("<Script>", "@<Script>"), "script-not-run"},
         // other documents
         {"change of an unknown widget", K::Change, Sheet(W("n", "SpinBox") + "@" + W("m", "SpinBox") + W("box", "CheckBox"), "@<Script>1</Script>"), "change-widget change-script"},
+        {"two rows of one label", K::Definition, Sheet(W("a", "Label", P("labelText", "String", "L")) + W("b", "Label", "@" + P("labelText", "String", "L"))), "label-doubled"},
+        {"switch of one text", K::Definition, Sheet(W("a", "CheckBox", P("checkedValue", "String", "on") + P("uncheckedValue", "String", "@on"))), "switch-text"},
+        {"switch of the text that it has", K::Definition, Sheet(W("a", "CheckBox", P("uncheckedValue", "String", "@true"))), "switch-text"},
+        {"button without a text", K::Definition, Sheet("@" + W("a", "PushButton")), "button-untitled"},
+        {"signal that is assigned", K::Definition, Scripted("n.@valueChanged = function () {}; n.@setValue = 5;"), "script-signal script-signal"},
+        {"call without brackets", K::Definition, Scripted("n.@setFocus; function f() { n.@setFocus }"), "script-uncalled script-uncalled"},
+        {"negative margin", K::Definition, Sheet("<Widget name='a' class='Headline'>" + Shown + P("text", "String", "A") + "<Property name='margin'><Int>@-1</Int></Property></Widget>" + W("b", "Label", P("labelText", "String", "L"))), "margin-negative"},
+        {"automatic apply at once", K::Definition, Sheet("<Properties><Property name='autoApplyTimeout'><Int>@99</Int></Property></Properties>"), "apply-hasty"},
+        {"text between elements", K::Definition, Sheet("@&gt;" + W("a", "Label", " @x ") + "<!-- y -->@<![CDATA[z]]>"), "text-stray text-stray text-stray"},
+        {"property that is not stated", K::Definition, Scripted("n.@value = 5; n.own = 1; n.visible = true;"), "script-property"},
+        {"choice that is none", K::Definition, Chosen("m.setCurrentValue('@AN'); if (m.currentValue == '@Amplitude') m.setCurrentValue('am');"), "script-choice script-choice"},
+        {"number that is a text", K::Definition, Chosen("var a = m2.@minimum + 1, b = 2 + m2.@minimum;"), "script-text-sum script-text-sum"},
+        {"assignment in a condition", K::Definition, Scripted("var x; if (x @= 1) print(x);"), "script-assignment"},
+        {"variable with the name of a widget", K::Definition, Scripted("function f() { var a, @n = 1; } var @Mode;"), "script-shadow script-shadow"},
+        {"two functions of one name", K::Definition, Scripted("function f() {}\nfunction @f() {}"), "script-function-doubled"},
+        {"text that is no script", K::Run, Scripted("@eval('1 +* 2');"), "script-exception"},
+        {"template without a name of its item", K::Template, Sheet("@<Repeat over='a'/>@<Repeat each='if' over='a'/>@<Repeat each='a' ovr='a'/>"), "template-repeat template-repeat template-repeat"},
+        {"template without items", K::Template, Sheet("@<Repeat each='a'/>@<Repeat each='a' from='2' to='1'/>@<Repeat each='a' over='b' to='1' from='0'/>@<Repeat each='a' from='1' to='b'/>"), "template-repeat template-repeat template-repeat template-repeat"},
+        {"repetition too large", K::Template, Sheet("@<Repeat each='a' from='1' to='99999999'/>"), "template-repeat"},
+        {"name of a repetition around", K::Template, Sheet("<Repeat each='a' over='b c'>@<Repeat each='a' over='b'/></Repeat>"), "template-repeat"},
+        {"value of no item", K::Template, Sheet("<Repeat each='band' over='b c'><Widget name='@${bnd}' class='@${band.x}@${band()}@${band + }'/></Repeat>"), "template-value template-value template-value template-value"},
+        {"mistake of all items", K::Template, Sheet("<Repeat each='a' from='1' to='3'>" + W("w${a}", "@Labl") + "</Repeat>"), "class-unknown"},
+        {"mistake of one item", K::Template, Sheet("<Repeat each='a' over='Label Labl'>" + W("w${a}", "@${a}") + "</Repeat>"), "class-unknown"},
+        {"template cut short", K::Template, "<ZkParamGui><Repeat each='a' over='b'>@", "xml-malformed"},
         {"change that is ignored", K::Change, Sheet("@<Properties/>" + W("n", "SpinBox").replace("'SpinBox'", "'@Label'") + W("box", "", P("@chcked", "Bool", "true"))), "change-ignored change-ignored property-unknown"},
         {"change that the form's script and holder take", K::Change, Sheet(W("n", "", P("own", "Int", "1") + P("@others", "Int", "1")) + W("holder", "", P("any", "Int", "1"))), "property-unknown"},
         {"another document", K::Parameters, "@<Settings/>", "document-root"},

@@ -6,7 +6,7 @@
 /// A document with mistakes. In its text, each @ marks a place, and `codes` tells the findings there: those of one
 /// place joined with +, places parted by blanks, in the order of the file.
 struct BrokenForm {
-    enum Kind { Definition, List, Change, Parameters, Run };
+    enum Kind { Definition, List, Change, Parameters, Run, Template };
     const char *name;
     Kind kind;
     QString text;

@@ -88,6 +88,22 @@ private Q_SLOTS:
             qPrintable(result.Out));
     }
 
+    void formatsTellTheSame()
+    {
+        const QString wrong = Write("a b,%.orbel", Sheet("\n<Widget name='a' class='Labl'/>"));
+        QCOMPARE(Run(ORBEL_COMMAND, {"check", "--format=github", wrong}).Out,
+            "::error file=" + QString(wrong).replace("%", "%25").replace(",", "%2C")
+                + ",line=2,col=25,title=class-unknown::There is no class \"Labl\"; did you mean \"Label\"?\n");
+        const Result sarif = Run(ORBEL_COMMAND, {"check", "--format=sarif", wrong});
+        const QJsonValue log(QJsonDocument::fromJson(sarif.Out.toUtf8()).object());
+        const QJsonValue result = log["runs"][0]["results"][0];
+        const QJsonValue place = result["locations"][0]["physicalLocation"];
+        QCOMPARE(result["ruleId"].toString() + result["level"].toString(), QString("class-unknownerror"));
+        QCOMPARE(place["region"]["startColumn"].toInt(), 25);
+        QVERIFY(place["artifactLocation"]["uri"].toString().endsWith("/a%20b%2C%25.orbel"));
+        QCOMPARE(Run("sh", {"-c", "\"$0\" check --codes > /dev/full", ORBEL_COMMAND}).Status, 1);
+    }
+
     void jsonTellsTheSame()
     {
         const auto told = [](const QStringList &arguments) {

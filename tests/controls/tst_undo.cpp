@@ -200,8 +200,8 @@ private Q_SLOTS:
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "1"}));
         // Nor is it a part of an entry that moves.
         stack->setIndex(0);
-        live.log.On("list.valueChanged(0", [&] { Enter(live.Find("list_0"), "9"); });
-        Redo(live);
+        live.log.On("list.valueChanged(0", [&] { live.Enter("list[0]", "9"); });
+        live.Redo();
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"9", "1", "1"}));
         stack->setIndex(0);
         QCOMPARE(live.Get("list")->GetEdits(), QVariantList({"1", "1", "1"}));
@@ -239,6 +239,7 @@ private Q_SLOTS:
         row("a number is undone", "gain", "7", "8", "undo", "5 7 8, at 1");
         row("a first step is undone", "gain", "", "", "undo", "5 6, at 0");
         row("a number is undone, and goes on from there", "gain", "7", "8", "step", "5 7 9, at 2");
+        row("a number is undone by a host, too early", "gain", "7", "8", "host", "5 7 8, at 2");
         row("a number is reverted", "gain", "7", "8", "revert", "5 7 8 5, at 3");
         row("a range is reverted", "range_StopFrequency", "7 MHz", "500 kHz", "revert", "1000000/2000000 1000000/7000000 499999/500000 1000000/2000000, at 3");
         // clang-format on
@@ -264,7 +265,10 @@ private Q_SLOTS:
             QTimer::singleShot(0, &loop, [&] {
                 if (how == "step")
                     live.log.On(told, [&] { QTest::keyClick(field, Qt::Key_Up); });
-                how != "revert" ? changes->Undo() : changes->RevertAll();
+                if (how == "host")
+                    live.form->GetUndoStack()->undo();
+                else
+                    how != "revert" ? changes->Undo() : changes->RevertAll();
                 loop.quit();
             });
             loop.exec();
@@ -291,7 +295,6 @@ private Q_SLOTS:
         LiveForm live(Labelled("fhp", "SpecialObject_FHP"));
         auto *ranges = dynamic_cast<ValueCommentedRangeMap *>(Tree::Instance()->GetNode("/Form/fhp"));
         CommentedRange range;
-        range.SetID(4711);
         range.SetComment("a  beacon");
         ranges->SetAt(7, range, nullptr);
         EnterExclusions(live.form, "fhp");
@@ -325,23 +328,44 @@ private Q_SLOTS:
         QCOMPARE(live.Node("text"), QString("one"));
     }
 
-    /// The same in a command of the host's own.
+    /// The same in a command of the host's own, which may have an event loop.
+    void aCommitWithinAHostsCommandComesAfterIt_data()
+    {
+        const auto row = Columns<bool, bool>({"waits", "takesBack"});
+        row("that takes the focus", false, false);
+        row("that waits in an event loop", true, false);
+        row("that waits while the operator takes it back", true, true);
+    }
+
     void aCommitWithinAHostsCommandComesAfterIt()
     {
+        const auto [waits, takesBack] = Fetch<bool, bool>({"waits", "takesBack"});
         LiveForm live(Receiver());
         QUndoStack *stack = live.form->GetUndoStack();
-        struct FocusesGain : QUndoCommand {
-            explicit FocusesGain(QWidget *gain) : Gain(gain) { }
-            void redo() override { Gain->setFocus(); }
-            QWidget *Gain;
+        struct HostsCommand : QUndoCommand {
+            void redo() override { Act(); }
+            std::function<void()> Act = [] {};
         };
-        stack->push(new FocusesGain(live.Find("gain")));
+        auto *command = new HostsCommand;
+        stack->push(command);
         stack->undo();
+        QCoreApplication::processEvents();
+        command->Act = [&live, waits = waits, takesBack = takesBack] {
+            live.Find("gain")->setFocus();
+            QEventLoop loop;
+            QTimer::singleShot(0, &loop, &QEventLoop::quit);
+            if (waits)
+                loop.exec();
+            if (takesBack)
+                live.Undo();
+        };
         live.Type("text", "two");
-        stack->redo();
-        QCOMPARE(live.Node("text"), QString("two"));
-        QTRY_COMPARE(stack->count(), 2);
-        QTRY_COMPARE(stack->undoText(), QString("text: one \u2192 two"));
+        QTimer::singleShot(0, stack, &QUndoStack::redo);
+        QTRY_VERIFY(stack->index() > 0);
+        QCOMPARE(live.Node("text"), QString(takesBack ? "one" : "two"));
+        QTRY_COMPARE(stack->count(), takesBack ? 1 : 2);
+        if (!takesBack)
+            QTRY_COMPARE(stack->undoText(), QString("text: one \u2192 two"));
         stack->setIndex(0);
         QCOMPARE(live.Node("text"), QString("one"));
     }

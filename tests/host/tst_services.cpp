@@ -139,6 +139,6 @@ int main(int argc, char **argv)
     TranslationCenter::Instance().AddDirectory(directory.path());
     TranslationCenter::Instance().Register("early");
     TestServices test;
-    return RunOrbelTest(&test, argc, argv);
+    return Orbel::RunTest(&test, argc, argv);
 }
 #include "tst_services.moc"

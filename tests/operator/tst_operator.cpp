@@ -5,6 +5,8 @@
 #include "valuecommentedrangemap.h"
 #include "xoperator.h"
 
+using Orbel::XOperator;
+
 namespace
 {
 

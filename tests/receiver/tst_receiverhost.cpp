@@ -6,18 +6,7 @@
 
 #include <QtNetwork>
 
-namespace
-{
-
-QByteArray OutputOf(const QStringList &arguments)
-{
-    QProcess xdotool;
-    xdotool.start(ORBEL_XDOTOOL, arguments);
-    xdotool.waitForFinished();
-    return xdotool.readAllStandardOutput().trimmed();
-}
-
-} // namespace
+using Orbel::XOperator;
 
 class TestReceiverHost : public QObject
 {
@@ -48,7 +37,7 @@ private:
         return Client.readLine().trimmed();
     }
     double Frequency() { return Ask("FREQ?").toDouble(); }
-    QByteArray Title() const { return OutputOf({"getwindowname", Window}); }
+    QString Title() const { return XOperator::Run({"getwindowname", Window}); }
     bool IsConnected() const { return Title().endsWith("(connected)"); }
     /// Types over the large frequency field, which has the focus.
     void Tune(const QString &text)
@@ -94,11 +83,9 @@ private Q_SLOTS:
         Host.start(ORBEL_RECEIVERHOST, {"--port", Port, "--forms", Home.path(), "--presets", Home.path() + "/presets"});
         QVERIFY(Host.waitForStarted());
         const QStringList search{"search", "--onlyvisible", "--name", Port};
-        QTRY_VERIFY_WITH_TIMEOUT(!(Window = OutputOf(search)).isEmpty(), 30000);
-        OutputOf({"windowfocus", "--sync", Window});
-        QTRY_VERIFY2(IsConnected(), Title());
-        // Past the headline, which has the focus while the form is locked.
-        XOperator::Press("Tab");
+        QTRY_VERIFY_WITH_TIMEOUT(!(Window = XOperator::Run(search)).isEmpty(), 30000);
+        XOperator::Run({"windowfocus", "--sync", Window});
+        QTRY_VERIFY2(IsConnected(), qPrintable(Title()));
     }
     void cleanup()
     {
@@ -128,7 +115,7 @@ private Q_SLOTS:
         Tune("7 MHz");
         QTRY_COMPARE(Frequency(), 7e6);
         StopReceiver();
-        QTRY_VERIFY2(Title().contains("(not connected"), Title());
+        QTRY_VERIFY2(Title().contains("(not connected"), qPrintable(Title()));
         Tune("8 MHz");
         StartReceiver();
         QTRY_VERIFY_WITH_TIMEOUT(IsConnected(), 20000);
@@ -141,12 +128,12 @@ private Q_SLOTS:
         QTRY_COMPARE(Frequency(), 145.5e6);
         XOperator::Press("ctrl+s");
         QString dialog;
-        QTRY_VERIFY(!(dialog = OutputOf({"search", "--onlyvisible", "--name", "Store a preset"})).isEmpty());
-        OutputOf({"windowfocus", "--sync", dialog});
+        QTRY_VERIFY(!(dialog = XOperator::Run({"search", "--onlyvisible", "--name", "Store a preset"})).isEmpty());
+        XOperator::Run({"windowfocus", "--sync", dialog});
         Tune("Relay/2 m");
         const QString file = Home.path() + "/presets/tuning/Relay%2F2%20m.xml";
         QTRY_VERIFY(QFile::exists(file));
-        OutputOf({"windowfocus", "--sync", Window});
+        XOperator::Run({"windowfocus", "--sync", Window});
         Ask("FREQ 7 MHz;DEM AM;*OPC?");
         const auto recall = [this] {
             XOperator::Press("ctrl+1");
@@ -182,7 +169,9 @@ private Q_SLOTS:
     {
         for (const char *keys : {"alt+v", "Down", "Down", "Return"})
             XOperator::Press(keys);
-        QTRY_VERIFY2(Title().endsWith("(verbunden)"), Title());
+        QTRY_VERIFY2(Title().endsWith("(verbunden)"), qPrintable(Title()));
+        Tune("666 MHz");
+        QTRY_VERIFY2(Told.contains("Tuning/Frequency: Einstellung ist gesch"), Told);
         const auto darkness = [] {
             return 255
                 - QGuiApplication::primaryScreen()->grabWindow(0, 5, 100, 1, 1).toImage().pixelColor(0, 0).lightness();
@@ -191,6 +180,18 @@ private Q_SLOTS:
         XOperator::Press("alt+a");
         XOperator::Press("Return");
         QTRY_VERIFY(darkness() > light + 100);
+    }
+
+    void whatIsSetIsKeptAtTheEnd()
+    {
+        Tune("145.5 MHz");
+        QTRY_COMPARE(Frequency(), 145.5e6);
+        QTRY_VERIFY(IsConnected());
+        XOperator::Press("ctrl+q");
+        QTRY_COMPARE(Host.state(), QProcess::NotRunning);
+        QVERIFY(Host.exitStatus() == QProcess::NormalExit && Host.exitCode() == 0);
+        const QSettings kept(Home.path() + "/config/OrbelParser/receiverhost.conf", QSettings::IniFormat);
+        QVERIFY(kept.contains("geometry") && kept.value("tuning/values").toString().contains(">145500000<"));
     }
 
     void anHourOfReports()

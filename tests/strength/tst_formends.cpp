@@ -409,6 +409,6 @@ int main(int argc, char **argv)
     if (argc == 3 && argv[1] == QByteArray("outlive"))
         return Outlive(argv[2], argc, argv);
     TestFormEnds test;
-    return RunOrbelTest(&test, argc, argv);
+    return Orbel::RunTest(&test, argc, argv);
 }
 #include "tst_formends.moc"

@@ -1,18 +1,20 @@
 #include "testcase.h"
 
-#include <QApplication>
-#include <QLocale>
-#include <QStyleFactory>
-#include <QtTest>
-
-int RunOrbelTest(QObject *test, int argc, char **argv)
+QByteArray BytesOf(const QString &path)
 {
-    QLocale::setDefault(QLocale::c());
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
-    QApplication::setStyle(QStyleFactory::create("fusion"));
-    QFont font("DejaVu Sans");
-    font.setPointSize(9);
-    QApplication::setFont(font);
-    return QTest::qExec(test, argc, argv);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString WriteFile(const QTemporaryDir &folder, const QString &name, const QByteArray &content)
+{
+    QFile file(folder.filePath(name));
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName() : QString();
+}
+
+int FromEnvironment(const char *name, int otherwise)
+{
+    bool stated = false;
+    const int value = qEnvironmentVariableIntValue(name, &stated);
+    return stated ? value : otherwise;
 }

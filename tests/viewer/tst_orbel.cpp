@@ -101,6 +101,8 @@ private Q_SLOTS:
         add("malformed document", {"params", form, "--params", broken}, 1, broken + ": line 2: ");
         add("new form of no kind", {"new", "scna"}, 2, "nearest: \"scan\"");
         add("new form in the place of another", {"new", "-o", form}, 1, form + ": it is there already");
+        add("template with a mistake", {"expand", Write("wrong.orbelt", "<ZkParamGui>\n<Repeat/></ZkParamGui>")}, 1, "wrong.orbelt:2:1: A repetition wants");
+        add("template by another name", {"expand", form}, 2, form + ": the name of a template");
         add("no picture", {"render", form}, 2, "-o OUT.png");
         for (const char *wrong : {"--scale=0.5", "--scale=5", "--scale=nan", "--scale=big"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--scale wants");
@@ -256,12 +258,72 @@ private Q_SLOTS:
     void newFormsAreClean()
     {
         const auto [kind] = Fetch<QString>({"kind"});
-        const QString path = Folder.filePath(kind + ".orbel");
+        const QString path = Folder.filePath("new-" + kind + ".orbel");
         QCOMPARE(RunCommand({"new", kind, "-o", path}).Status, 0);
         for (const QStringList &command : {QStringList{"check", "--run"}, QStringList{"format", "--check"}}) {
             const Result result = RunCommand(command + QStringList{path});
             QCOMPARE(result.Out + result.Err, QString());
         }
+    }
+
+    /// What a template gives, piece by piece.
+    void templatesBecomeDefinitions_data()
+    {
+        const auto add = Columns<QString, QString>({"piece", "expanded"});
+        const QString list
+            = "<Repeat each=\"b\"><Item n=\"x\" v=\"007\"/><Item n=\"y\" v=\"&lt;1&amp;&quot;\"></Item>%1</Repeat>";
+        // clang-format off
+        add("words", "<Repeat each=\"a\" over=\" b c \"><Sheet name=\"s${a}\"/></Repeat>", "<Sheet name=\"sb\"/><Sheet name=\"sc\"/>");
+        add("range with a step", "<Repeat each=\"n\" from=\"-1\" to=\"4\" step=\"2\"><Sheet name=\"${n}${n * 2 + 1}\"/></Repeat>", "<Sheet name=\"-1-1\"/><Sheet name=\"13\"/><Sheet name=\"37\"/>");
+        add("items with parts", list.arg("<Script>${b.n}${b.v}</Script>"), "<Script>x007</Script><Script>y&lt;1&amp;&quot;</Script>");
+        add("parts in a section", list.arg("<Script><![CDATA[${b.v}]]></Script>"), "<Script><![CDATA[007]]></Script><Script><![CDATA[<1&\"]]></Script>");
+        add("one in another", "<Repeat each=\"a\" over=\"1 2\"><Repeat each=\"b\" from=\"1\" to=\"${a}\"><Sheet name=\"${a + b}\"/></Repeat></Repeat>", "<Sheet name=\"2\"/><Sheet name=\"3\"/><Sheet name=\"4\"/>");
+        add("comments once", "<Repeat each=\"a\" over=\"1 2\"><!--c--><Sheet/></Repeat>", "<!--c--><Sheet/><Sheet/>");
+        add("what stands outside", "<Script>${a}</Script>", "<Script>${a}</Script>");
+        // clang-format on
+    }
+
+    void templatesBecomeDefinitions()
+    {
+        const auto [piece, expanded] = Fetch<QString, QString>({"piece", "expanded"});
+        const QString path = Write("piece.orbelt", "<ZkParamGui>" + piece + "</ZkParamGui>");
+        Result result = RunCommand({"expand", path, "-o", "-"});
+        QCOMPARE(result.Err, QString());
+        QCOMPARE(result.Out.remove(QRegularExpression("\\n *")).replace("> <!", "><!"),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?><?orbel-template piece.orbelt?><ZkParamGui>" + expanded
+                + "</ZkParamGui>");
+    }
+
+    void definitionsFollowTheirTemplates()
+    {
+        const QString markers = ORBEL_EXAMPLES_DIR "/templates/markers.orbelt";
+        QVERIFY(BytesOf(markers).count('\n') < 250 && BytesOf(markers.chopped(1)).count("<Widget") > 150);
+        QCOMPARE(RunCommand({"expand", "--check", markers}).Status, 0);
+        QCOMPARE(RunCommand({"check", "--run", markers, markers.chopped(1)}).Out, QString());
+        QCOMPARE(RunCommand({"params", markers}).Out, RunCommand({"params", markers.chopped(1)}).Out);
+
+        const QString path = Write("t.orbelt",
+            "<ZkParamGui>\n<Sheet>\n<Repeat each='a' over='b c'>\n"
+            "<Widget name='${a}' class='Labl'/></Repeat></Sheet></ZkParamGui>");
+        QCOMPARE(RunCommand({"expand", path}).Status, 0);
+        const Result made = RunCommand({"check", path.chopped(1)});
+        QVERIFY2(
+            made.Out.startsWith(path + ":4:28: error: There is no class \"Labl\"; did you mean \"Label\"? (and 1 more"),
+            qPrintable(made.Out));
+        Write("t.orbel", BytesOf(path.chopped(1)) + "\n");
+        const Result stale = RunCommand({"check", path.chopped(1)});
+        QVERIFY2(stale.Err.contains("no longer what its template"), qPrintable(stale.Err));
+        QVERIFY2(stale.Out.startsWith(path.chopped(1) + ":5:"), qPrintable(stale.Out));
+    }
+
+    void filesMayBePipes()
+    {
+        const auto piped = [](const QString &path, const QString &options) {
+            return Run("sh", {"-c", "cat \"$1\" | \"$0\" params /dev/stdin " + options, ORBEL_COMMAND, path}).Out;
+        };
+        QCOMPARE(piped(Receiver, ""), RunCommand({"params", Receiver}).Out);
+        QVERIFY(piped(Receiver, "").size() > 100);
+        QCOMPARE(piped(Components, "--component 1"), RunCommand({"params", Components, "--component", "Audio"}).Out);
     }
 
     void nearestNames()
@@ -421,7 +483,7 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsSet("ORBEL_OPERATOR"))
         return Orbel::RunOrbel(argc, argv);
     TestOrbel test;
-    return RunOrbelTest(&test, argc, argv);
+    return Orbel::RunTest(&test, argc, argv);
 }
 
 #include "tst_orbel.moc"

@@ -3,7 +3,6 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
-#include <QtNumeric>
 
 LevelView::LevelView() : Levels(600, qQNaN())
 {

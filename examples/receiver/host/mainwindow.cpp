@@ -160,6 +160,7 @@ void MainWindow::ListPresets()
 {
     Presets->clear();
     Presets->addAction(tr("Store..."), this, &MainWindow::StorePreset, QKeySequence("Ctrl+S"));
+    Presets->addAction(tr("Quit"), this, &QWidget::close, QKeySequence("Ctrl+Q"));
     Presets->addSeparator();
     int number = 0;
     for (const QString &file : QDir(PresetFolder + '/' + Panels.front().Name).entryList({"*.xml"}, QDir::Files)) {

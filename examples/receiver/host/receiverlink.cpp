@@ -95,8 +95,8 @@ void ReceiverLink::HearAnswer(const QString &line)
     SendNext();
     if (isLast && line.startsWith("0,"))
         emit accepted(command.Name);
-    else if (isLast)
-        emit refused(command.Name, line.section('"', 1, 1).section(';', 0, 0));
+    else if (isLast) // the catalogue has the standard's texts
+        emit refused(command.Name, tr(line.section('"', 1, 1).section(';', 0, 0).toLatin1()));
 }
 
 void ReceiverLink::SendNext()

@@ -1,0 +1,57 @@
+// Text between elements that hold no text.
+
+#include "elementnames.h"
+#include "formcheck.h"
+#include "xmlscanner.h"
+
+namespace Orbel
+{
+
+namespace
+{
+
+namespace element = KV218::element;
+
+bool HoldsElements(const QString &name)
+{
+    static const QSet<QString> names{element::Form, element::Enums, element::Enum, element::EnumValue, element::Sheet,
+        element::Properties, element::CustomProperties, element::Widget, element::Property};
+    return names.contains(name);
+}
+
+/// The first character of a piece that is no white space; the end without one.
+int FirstLetter(const QString &text, int from, int to)
+{
+    while (from < to && IsXmlBlank(text.at(from)))
+        ++from;
+    return from;
+}
+
+} // namespace
+
+void CheckStrayText(const FormModel &form, FindingSink &sink)
+{
+    const QString &text = form.Doc.Text();
+    // What entities of the document's own stand for cannot be seen here.
+    if (text.contains(QLatin1String("<!ENTITY")))
+        return;
+    QStringList open;
+    for (const XmlToken &token : ScanXml(text)) {
+        const QStringRef raw = text.midRef(token.From, token.To - token.From);
+        if (token.What == XmlToken::StartTag)
+            open.append(NameOfTag(raw));
+        else if (token.What == XmlToken::EndTag && !open.isEmpty())
+            open.removeLast();
+        const bool isText = token.What == XmlToken::Text || token.What == XmlToken::Section;
+        const bool isBetween = isText && std::all_of(open.cbegin(), open.cend(), HoldsElements);
+        // A property that holds text in place of a value is told for that.
+        const bool isTold = open.isEmpty() || open.constLast() == element::Property;
+        const int letter = isBetween && !isTold ? FirstLetter(text, token.From, token.To) : token.To;
+        if (letter < token.To)
+            sink.Add(Code::TextStray, form.Doc.PlaceAt(letter),
+                QStringLiteral("The text \"%1\" stands between elements, and means nothing")
+                    .arg(text.mid(letter, token.To - letter).simplified()));
+    }
+}
+
+} // namespace Orbel
