@@ -159,6 +159,9 @@ void InspectorDock::Show(const QString &name)
     for (QTreeWidget *list : {Facts, Properties, Signals}) {
         for (int column = 0; column < list->columnCount() - 1; ++column)
             list->resizeColumnToContents(column);
+        // The last column is to be seen as well; tooltips have the whole texts.
+        for (int column = 0; list == Properties && column < OriginColumn; ++column)
+            list->setColumnWidth(column, qMin(list->columnWidth(column), column == NameColumn ? 140 : 80));
     }
 }
 

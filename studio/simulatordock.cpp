@@ -79,6 +79,7 @@ SimulatorDock::SimulatorDock(Workbench &bench)
     Table->setHorizontalHeaderLabels(
         {tr("Parameter"), tr("Form"), tr("Report"), tr("Generator"), tr("From"), tr("To")});
     Table->verticalHeader()->hide();
+    Table->horizontalHeader()->setDefaultSectionSize(82);
     connect(Table, &QTableWidget::itemChanged, this, &SimulatorDock::TakeCell);
     connect(Table, &QTableWidget::itemClicked, this,
         [this](const QTableWidgetItem *cell) { Bench.PickPath(Table->item(cell->row(), PathColumn)->text()); });
