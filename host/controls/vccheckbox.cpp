@@ -36,7 +36,8 @@ void VCCheckBox::WriteNode()
 /// setChecked(); a box out of view asks for no repaint.
 void VCCheckBox::SetChecked(bool checked)
 {
-    if (checked == isChecked() || group() || autoExclusive() || isTristate() || !Orbel::IsOutOfView(this)) {
+    const bool isPlain = isCheckable() && !group() && !autoExclusive() && !isTristate();
+    if (checked == isChecked() || !isPlain || !Orbel::IsOutOfView(this)) {
         setChecked(checked);
         return;
     }

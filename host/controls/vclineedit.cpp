@@ -300,17 +300,21 @@ bool VCLineEdit::WriteTyped(const QString &typed)
 /// Shows the content; a field out of view asks for no repaint.
 void VCLineEdit::SetContent()
 {
-    if (hasSelectedText() || !Orbel::IsOutOfView(this)) {
+    // A mask has text() tell less than the base class compares.
+    if (hasSelectedText() || !inputMask().isEmpty() || !Orbel::IsOutOfView(this)) {
         setText(Content);
         return;
     }
+    const QString formerText = text();
     const int former = cursorPosition();
     {
         const Orbel::RepaintsNothing quiet(this);
         setText(Content);
     }
     const int now = cursorPosition();
-    if (Orbel::Survives(this, [&] { Q_EMIT textChanged(text()); }) && former != now)
+    // What is longer than the field holds may come to the text that stands there.
+    const bool changes = text() != formerText;
+    if ((!changes || Orbel::Survives(this, [&] { Q_EMIT textChanged(text()); })) && former != now)
         Q_EMIT cursorPositionChanged(former, now);
 }
 

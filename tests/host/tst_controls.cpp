@@ -124,6 +124,11 @@ static std::pair<QWidget *, ValueBase *> Make(const QString &kind)
 {
     if (kind == "line edit")
         return {new VCLineEdit(nullptr, nullptr, VCLineEdit::ekText), new ValueString("n")};
+    if (kind == "short line edit") {
+        auto *field = new VCLineEdit(nullptr, nullptr, VCLineEdit::ekText);
+        field->setMaxLength(2);
+        return {field, new ValueString("n")};
+    }
     if (kind == "check box")
         return {new VCCheckBox, new ValueBoolean("n")};
     if (kind == "spin")
@@ -153,6 +158,7 @@ private Q_SLOTS:
     {
         const auto row = Columns<QString, QString, QString>({"kind", "first", "second"});
         row("line edit", "line edit", "7", "145");
+        row("line edit that stays as it is", "short line edit", "145", "146");
         row("check box", "check box", "true", "false");
         row("spin", "spin", "7", "145");
         row("combo box", "combo box", "b", "c");
