@@ -32,6 +32,8 @@ constexpr int MillisecondsOfRest = 50;
 constexpr int MillisecondsOfQuiet = 25;
 // How often a file that breaks off is read again before its mistakes are told.
 constexpr int MostTries = 40;
+// How many links are followed, since they may lead in a circle.
+constexpr int MostLinks = 20;
 
 bool HasErrors(const QVector<Finding> &findings)
 {
@@ -44,6 +46,28 @@ void TellOthers(const QStringList &others, QVector<Finding> &findings)
 {
     for (const QString &other : others)
         findings.append({1, 1, Severity::Note, QStringLiteral("value-not-kept"), other});
+}
+
+/// The folders in which a change may be one of the file: where it stands or will stand, and where each link that leads
+/// to it does.
+QStringList PlacesOf(const QString &file)
+{
+    QStringList places;
+    QStringList ways{file};
+    for (int i = 0; i < ways.size() && i < MostLinks; ++i) {
+        QString folder = QFileInfo(ways.at(i)).absolutePath();
+        while (!QFileInfo::exists(folder))
+            folder = QFileInfo(folder).absolutePath();
+        places.append(folder);
+        for (QFileInfo place(ways.at(i)); !place.isRoot(); place.setFile(place.absolutePath())) {
+            if (!place.isSymLink())
+                continue;
+            places.append(place.absolutePath());
+            ways.append(place.symLinkTarget());
+        }
+    }
+    places.removeDuplicates();
+    return places;
 }
 
 bool IsWellFormed(const QByteArray &document)
@@ -71,12 +95,11 @@ Reload::~Reload() = default;
 QVector<Finding> Reload::Take(const QByteArray &document)
 {
     const auto self = Body.shared_from_this();
-    IsRefused = false;
+    Refused.clear();
     if (!Waiting && TakeInPlace(document))
         return Body.GetDefinition().GetFindings();
     const Definition next = Body.GetDefinition().OfLater(document);
-    IsRefused = next.HasErrors();
-    if (IsRefused) {
+    if (next.HasErrors()) {
         Tell(next.GetFindings());
         return next.GetFindings();
     }
@@ -221,6 +244,7 @@ void Reload::Watch(const QString &path)
     Files.reset();
     Quiet.stop();
     File.clear();
+    Refused.clear();
     if (path.isEmpty())
         return;
     File = QFileInfo(path).absoluteFilePath();
@@ -237,10 +261,7 @@ void Reload::FileChanged()
     const QStringList former = Files->files() + Files->directories();
     if (!former.isEmpty())
         Files->removePaths(former);
-    QString folder = QFileInfo(File).absolutePath();
-    while (!QFileInfo::exists(folder))
-        folder = QFileInfo(folder).absolutePath();
-    Files->addPath(folder);
+    Files->addPaths(PlacesOf(File));
     if (QFileInfo::exists(File))
         Files->addPath(File);
     Tries = 0;
@@ -262,13 +283,18 @@ void Reload::ReadFile()
         TakeBack();
         return;
     }
+    // What else comes and goes in its folder is no news of it.
+    if (document == Refused)
+        return;
     if (!isStill || (!IsWellFormed(document) && ++Tries < MostTries)) {
         Quiet.start();
         return;
     }
     const auto self = Body.shared_from_this();
-    Take(document);
+    const QVector<Finding> told = Take(document);
     IsFiles = Waiting && Waiting->GetDocument() == document;
+    if (HasErrors(told))
+        Refused = document;
 }
 
 /// The file has again what the form was made of.
@@ -277,7 +303,7 @@ void Reload::TakeBack()
     const bool isWaiting = Waiting && IsFiles;
     if (isWaiting)
         Waiting.reset();
-    if (isWaiting || std::exchange(IsRefused, false))
+    if (isWaiting || !std::exchange(Refused, {}).isEmpty())
         Tell(Body.GetDefinition().GetFindings());
 }
 

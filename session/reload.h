@@ -49,8 +49,8 @@ private:
     std::optional<Definition> Waiting;
     /// What waits was read from the watched file.
     bool IsFiles = false;
-    /// What came last has errors.
-    bool IsRefused = false;
+    /// What the watched file had last where that has errors; told once.
+    QByteArray Refused;
     QTimer Rest;
 
     QString File;

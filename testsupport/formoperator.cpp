@@ -10,15 +10,18 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTextDocumentFragment>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <limits>
 
 namespace Orbel
 {
@@ -52,8 +55,14 @@ struct Place {
         if (!match.hasMatch())
             return;
         Name = match.captured(1);
-        First = match.captured(2).toInt();
-        Second = match.captured(3).isEmpty() ? -1 : match.captured(3).toInt();
+        First = Number(match.captured(2));
+        Second = match.captured(3).isEmpty() ? -1 : Number(match.captured(3));
+    }
+    static int Number(const QString &digits)
+    {
+        bool fits = false;
+        const int number = digits.toInt(&fits);
+        return fits ? number : std::numeric_limits<int>::max();
     }
 
     QString Name;
@@ -89,6 +98,8 @@ QString ObstacleTo(const QWidget &widget, const OrbelDelegate *control, bool edi
     if (dialog && dialog != widget.window())
         return QStringLiteral("a dialog stands before it: %1 %2")
             .arg(QLatin1String(dialog->metaObject()->className()), dialog->windowTitle());
+    if (qobject_cast<const QMenu *>(QApplication::activePopupWidget()))
+        return QStringLiteral("a menu is open before it");
     if (!widget.isEnabled())
         return QStringLiteral("it is disabled or locked");
     if (edits && widget.property("readOnly").toBool())
@@ -103,6 +114,36 @@ QWidget *FieldOf(QWidget *widget)
         widget = widget->focusProxy();
     return widget;
 }
+
+bool TakesText(const QWidget *field)
+{
+    const auto *const box = qobject_cast<const QComboBox *>(field);
+    return box ? box->isEditable() : field->property("readOnly").isValid();
+}
+
+/// While an act runs. What that opens and waits for, nobody else would close, and the test would hang.
+class Patience : public QTimer
+{
+public:
+    explicit Patience(const CallSite &at)
+    {
+        setSingleShot(true);
+        connect(this, &QTimer::timeout, this, [at] {
+            QWidget *const menu = QApplication::activePopupWidget();
+            QWidget *const open = menu ? menu : QApplication::activeModalWidget();
+            if (!open)
+                return;
+            FailTest(QStringLiteral("The act has opened %1 \"%2\" and waits for it; make a ModalVisitor before")
+                         .arg(QLatin1String(open->metaObject()->className()), open->windowTitle()),
+                at);
+            open->close();
+        });
+        start(Milliseconds);
+    }
+
+private:
+    static constexpr int Milliseconds = 3000;
+};
 
 QString ToolTipOf(QWidget *widget)
 {
@@ -136,6 +177,12 @@ QStringList FormOperator::Paths() const
     return paths;
 }
 
+QString FormOperator::PathOf(const QString &name) const
+{
+    const OrbelDelegate *const control = GetForm() ? FindControl(name) : nullptr;
+    return control ? control->GetXmlPath() : name;
+}
+
 OrbelDelegate *FormOperator::FindControl(const QString &name) const
 {
     if (const KV218::OrbelSheet::Widget widget = GetForm()->GetSheet().GetWidget(name))
@@ -157,12 +204,12 @@ FormOperator::Target FormOperator::Look(const QString &path, const CallSite &at)
     }
     const Place place(path);
     Target target;
-    target.Control = FindControl(place.Name);
+    const bool isNamed = !place.Name.isEmpty();
+    target.Control = isNamed ? FindControl(place.Name) : nullptr;
     if (!target.Control) {
-        target.Widget = gui->findChild<QWidget *>(place.Name);
+        target.Widget = isNamed && place.First < 0 ? gui->findChild<QWidget *>(place.Name) : nullptr;
         if (!target.Widget)
-            FailTest(
-                QStringLiteral("There is no control \"%1\"").arg(place.Name) + DidYouMean(place.Name, Paths()), at);
+            FailTest(QStringLiteral("There is no control \"%1\"").arg(path) + DidYouMean(place.Name, Paths()), at);
         return target;
     }
     const QVector<KV218::Face> faces = target.Control->GetFaces();
@@ -184,8 +231,12 @@ FormOperator::Target FormOperator::Reach(const QString &path, const CallSite &at
 {
     const Target target = Look(path, at);
     const QString obstacle = target ? ObstacleTo(*FieldOf(target.Widget), target.Control, edits) : QString();
-    if (obstacle.isEmpty())
+    if (obstacle.isEmpty()) {
+        // Of several windows a person works in the active one.
+        if (target && !target.Widget->isActiveWindow())
+            QApplication::setActiveWindow(target.Widget->window());
         return target;
+    }
     FailTest(Quote(path) + QStringLiteral(" cannot be reached: ") + obstacle, at);
     return {};
 }
@@ -214,6 +265,7 @@ void FormOperator::Click(const QString &path, const CallSite &at)
     const Target target = Reach(path, at);
     if (!target)
         return;
+    const Patience patience(at);
     if (target.Row >= 0) {
         target.View()->scrollTo(target.Cell());
         QTest::mouseClick(
@@ -230,8 +282,13 @@ void FormOperator::Type(const QString &path, const QString &text, const CallSite
     if (!target)
         return;
     QWidget *const field = target.Row < 0 ? FieldOf(target.Widget) : OpenCell(target.View(), target.Row, target.Column);
-    if (!field) {
-        FailTest(Quote(path) + QStringLiteral(" cannot be edited"), at);
+    if (!field || (target.Row < 0 && !TakesText(field))) {
+        FailTest(Quote(path)
+                + (!target                       ? QStringLiteral(" has ended")
+                        : field && target.View() ? QStringLiteral(" has no text of its own; name a cell of it")
+                        : field                  ? QStringLiteral(" takes no text")
+                                                 : QStringLiteral(" cannot be edited")),
+            at);
         return;
     }
     TypeOver(field, text);
@@ -268,15 +325,21 @@ void FormOperator::Choose(const QString &path, const QString &text, const CallSi
         return;
     }
     box->setFocus();
-    box->showPopup();
-    box->view()->setCurrentIndex(box->model()->index(row, box->modelColumn(), box->rootModelIndex()));
-    QTest::keyClick(box->view(), Qt::Key_Return);
+    // An edit that this finishes may have ended it all.
+    if (target) {
+        box->showPopup();
+        box->view()->setCurrentIndex(box->model()->index(row, box->modelColumn(), box->rootModelIndex()));
+        QTest::keyClick(box->view(), Qt::Key_Return);
+    }
     Settle();
 }
 
 void FormOperator::Check(const QString &path, bool on, const CallSite &at)
 {
-    if (!Reach(path, at) || IsChecked(path, at) == on)
+    const Target target = Reach(path, at);
+    if (!target || IsChecked(path, at) == on)
+        return;
+    if (!target.Widget->property("checked").isValid())
         return;
     Click(path, at);
     if (IsChecked(path, at) != on)
@@ -287,8 +350,10 @@ void FormOperator::Wheel(const QString &path, int notches, const CallSite &at)
 {
     const Target target = Reach(path, at);
     for (int left = qAbs(notches); target && left > 0; --left) {
-        QWidget *const field = FieldOf(target.Widget);
+        const QPointer<QWidget> field = FieldOf(target.Widget);
         field->setFocus();
+        if (!field)
+            break;
         const QPoint place = field->rect().center();
         QWheelEvent turn(place, field->mapToGlobal(place), QPoint(), QPoint(0, notches > 0 ? 120 : -120), Qt::NoButton,
             Qt::NoModifier, Qt::NoScrollPhase, false);
@@ -309,12 +374,22 @@ QWidget *FormOperator::KeysGoTo(const CallSite &at) const
         FailTest(QStringLiteral("No key can be pressed: the form has ended or has no window"), at);
         return nullptr;
     }
+    if (!window->isVisible()) {
+        FailTest(QStringLiteral("No key can be pressed: the window of the form is not shown"), at);
+        return nullptr;
+    }
+    if (!window->isActiveWindow() && !open)
+        QApplication::setActiveWindow(window);
     return window->focusWidget() ? window->focusWidget() : window;
 }
 
 void FormOperator::Press(const QString &keys, const CallSite &at)
 {
-    for (const QString &key : keys.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    const Patience patience(at);
+    const QStringList all = keys.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (all.isEmpty())
+        FailTest(QStringLiteral("\"%1\" is no key").arg(keys), at);
+    for (const QString &key : all) {
         const QKeySequence sequence(key);
         if (sequence.isEmpty() || sequence[0] == Qt::Key_unknown)
             FailTest(QStringLiteral("\"%1\" is no key").arg(key), at);
@@ -336,6 +411,7 @@ QStringList FormOperator::Entries() const
 void FormOperator::ChooseEntry(const QString &text, const CallSite &at)
 {
     Settle();
+    const Patience patience(at);
     auto *const menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     for (QAction *entry : menu ? menu->actions() : QList<QAction *>()) {
         if (!entry->text().startsWith(text))
@@ -353,7 +429,7 @@ void FormOperator::ChooseEntry(const QString &text, const CallSite &at)
 void FormOperator::TypeOn(const QString &text, const CallSite &at)
 {
     if (QWidget *const focus = KeysGoTo(at))
-        QTest::keyClicks(focus, text);
+        TypeText(focus, text);
     Settle();
 }
 
@@ -391,18 +467,29 @@ QString FormOperator::Shown(const QString &path, const CallSite &at) const
     if (target.Row >= 0)
         return target.Cell().data().toString();
     const QWidget *const field = FieldOf(target.Widget);
-    return field->property(qobject_cast<const QComboBox *>(field) ? "currentText" : "text").toString();
+    const QVariant text = field->property(qobject_cast<const QComboBox *>(field) ? "currentText"
+            : qobject_cast<const QGroupBox *>(field)                             ? "title"
+                                                                                 : "text");
+    if (!text.isValid())
+        FailTest(Quote(path) + QStringLiteral(" has no text of its own"), at);
+    return text.toString();
 }
 
 bool FormOperator::IsChecked(const QString &path, const CallSite &at) const
 {
     const Target target = Look(path, at);
-    return target && target.Widget->property("checked").toBool();
+    const QVariant state = target ? target.Widget->property("checked") : QVariant();
+    if (target && !state.isValid())
+        FailTest(Quote(path) + QStringLiteral(" is neither on nor off"), at);
+    return state.toBool();
 }
 
 QStringList FormOperator::Choices(const QString &path, const CallSite &at) const
 {
-    const auto *const box = qobject_cast<QComboBox *>(Look(path, at).Widget.data());
+    const Target target = Look(path, at);
+    const auto *const box = qobject_cast<QComboBox *>(target.Widget.data());
+    if (target && !box)
+        FailTest(Quote(path) + QStringLiteral(" is no combo box"), at);
     QStringList texts;
     for (int i = 0; box && i < box->count(); ++i)
         texts << box->itemText(i);

@@ -115,6 +115,8 @@ public:
 protected:
     /// The form of now; null when it has ended.
     virtual KV218::OrbelFormular *GetForm() const;
+    /// The parameter path of the control of that name; the name itself where there is none.
+    QString PathOf(const QString &name) const;
 
 private:
     /// A control or another widget, and the part of it that was named.

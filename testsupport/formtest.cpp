@@ -107,14 +107,16 @@ const QVector<Finding> &FormTest::Told() const
     return All->Findings;
 }
 
-void FormTest::EndSession()
+void FormTest::EndSession(const CallSite &at)
 {
+    if (!All->Own && All->Of)
+        FailTest(QStringLiteral("The session is the host's to end"), at);
     All->Own.reset();
 }
 
 void FormTest::Report(const QString &path, const QVariant &value, const CallSite &at)
 {
-    Report(QVariantMap{{path, value}}, at);
+    Report(QVariantMap{{PathOf(path), value}}, at);
 }
 
 void FormTest::Report(const QVariantMap &values, const CallSite &at)
@@ -128,17 +130,19 @@ void FormTest::Report(const QVariantMap &values, const CallSite &at)
 QVariant FormTest::Value(const QString &path, const CallSite &at) const
 {
     QString error = QStringLiteral("The session has ended");
-    const QVariant value = All->Of ? All->Of->Value(path, &error) : QVariant();
+    const QVariant value = All->Of ? All->Of->Value(PathOf(path), &error) : QVariant();
     if (!value.isValid())
         FailTest(error, at);
     return value;
 }
 
-void FormTest::SetAutoApply(int milliseconds)
+void FormTest::SetAutoApply(int milliseconds, const CallSite &at)
 {
     KV218::OrbelFormular *const form = GetForm();
-    if (!form)
+    if (!form) {
+        FailTest(QStringLiteral("The session has ended"), at);
         return;
+    }
     form->GetSheet().setAutoApplyEnabled(milliseconds >= 0);
     if (milliseconds >= 0)
         form->GetSheet().GetDelegate()->setProperty("autoApplyTimeout", milliseconds);
@@ -148,7 +152,7 @@ Applied FormTest::WaitForApplied(int milliseconds, const CallSite &at)
 {
     if (QTest::qWaitFor([this] { return !All->Sent.isEmpty(); }, milliseconds))
         return All->Sent.takeFirst();
-    const QString changes = Changes();
+    const QString changes = All->Of ? Changes() : QString();
     const KV218::OrbelFormular *const form = GetForm();
     FailTest(QStringLiteral("Nothing was applied within %1 ms. ").arg(milliseconds)
             + (!form                      ? QStringLiteral("The session has ended.")
@@ -169,17 +173,20 @@ QVector<Applied> FormTest::TakeApplied()
 
 void FormTest::WaitForChange(const QString &path, int milliseconds, const CallSite &at)
 {
-    if (!QTest::qWaitFor([&] { return All->Changed.contains(path); }, milliseconds)) {
+    const QString control = PathOf(path);
+    if (!QTest::qWaitFor([&] { return All->Changed.contains(control); }, milliseconds)) {
         FailTest(QStringLiteral("Control \"%1\" is not changed within %2 ms; ").arg(path).arg(milliseconds)
                 + (All->Changed.isEmpty() ? QStringLiteral("no control is") : All->Changed.join(QStringLiteral(", "))),
             at);
         return;
     }
-    All->Changed.removeAll(path);
+    All->Changed.removeAll(control);
 }
 
-QString FormTest::Changes() const
+QString FormTest::Changes(const CallSite &at) const
 {
+    if (!All->Of)
+        FailTest(QStringLiteral("The session has ended"), at);
     return All->Of ? TextOf(All->Of->Changes()) : QString();
 }
 

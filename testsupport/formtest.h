@@ -47,8 +47,8 @@ public:
     Session *operator->() const;
     /// What the checker told of the definition; nothing for a session of the host.
     const QVector<Finding> &Told() const;
-    /// Ends the session, as a host does.
-    void EndSession();
+    /// Ends the session, as a host does. One that the host holds is the host's to end.
+    void EndSession(const CallSite &at = CallSite::Here());
 
     /// The device has these values: Session::Report(). One that is not taken fails the test.
     void Report(const QString &path, const QVariant &value, const CallSite &at = CallSite::Here());
@@ -58,7 +58,7 @@ public:
 
     /// How long automatic apply waits, in milliseconds; below 0 it is switched off. Definitions often state seconds,
     /// which tests need not wait for.
-    void SetAutoApply(int milliseconds);
+    void SetAutoApply(int milliseconds, const CallSite &at = CallSite::Here());
     /// Waits for what is applied next, or was applied and not asked for yet. Fails the test when nothing comes within
     /// the time, in milliseconds, and tells what has been changed.
     Applied WaitForApplied(int milliseconds = 5000, const CallSite &at = CallSite::Here());
@@ -67,7 +67,7 @@ public:
     /// Waits until the operator has changed this control, or did since it was asked for last.
     void WaitForChange(const QString &path, int milliseconds = 5000, const CallSite &at = CallSite::Here());
     /// What is changed and not applied, as text: TextOf().
-    QString Changes() const;
+    QString Changes(const CallSite &at = CallSite::Here()) const;
 
     /// What the scripts of the form threw since the last call, as "line: text". The lines are those of the definition.
     QStringList TakeScriptErrors();

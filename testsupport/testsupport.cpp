@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -48,19 +49,37 @@ void PassTime(int milliseconds)
     Settle();
 }
 
+void TypeText(QWidget *field, const QString &text)
+{
+    // keyClicks() knows Latin letters only, and a field may end at any key.
+    const QPointer<QWidget> kept = field;
+    for (const QChar letter : text) {
+        const bool isAscii = letter.unicode() < 128;
+        const Qt::Key key = isAscii ? QTest::asciiToKey(letter.toLatin1()) : Qt::Key(letter.toUpper().unicode());
+        if (kept)
+            QTest::sendKeyEvent(QTest::Click, kept, key, QString(letter), {});
+    }
+}
+
 void TypeOver(QWidget *field, const QString &text)
 {
+    const QPointer<QWidget> kept = field;
     field->setFocus();
-    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(field, text);
+    if (kept)
+        QTest::keyClick(kept, Qt::Key_A, Qt::ControlModifier);
+    if (kept)
+        TypeText(kept, text);
 }
 
 QWidget *OpenCell(QAbstractItemView *table, int row, int column)
 {
+    const QPointer<QAbstractItemView> kept = table;
     table->setFocus();
-    table->setCurrentIndex(table->model()->index(row, column));
-    QTest::keyClick(table, Qt::Key_F2);
-    return table->indexWidget(table->currentIndex());
+    if (kept)
+        kept->setCurrentIndex(kept->model()->index(row, column));
+    if (kept)
+        QTest::keyClick(kept, Qt::Key_F2);
+    return kept ? kept->indexWidget(kept->currentIndex()) : nullptr;
 }
 
 QString LeftOver()

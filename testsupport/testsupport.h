@@ -32,6 +32,8 @@ ORBEL_TESTSUPPORT_EXPORT void PassTime(int milliseconds);
 /// Types over all that a field holds, for fields that stand in no form: of a dialog, for instance. The edit is not
 /// finished.
 ORBEL_TESTSUPPORT_EXPORT void TypeOver(QWidget *field, const QString &text);
+/// Types behind what stands in the field; any letters, not only Latin ones.
+ORBEL_TESTSUPPORT_EXPORT void TypeText(QWidget *field, const QString &text);
 /// Opens the editor of a cell by F2 and gives it; null for a cell without one. Row and column count from 0.
 ORBEL_TESTSUPPORT_EXPORT QWidget *OpenCell(QAbstractItemView *table, int row, int column = 0);
 

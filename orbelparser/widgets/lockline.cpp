@@ -29,7 +29,8 @@ LockLine::LockLine(QWidget *form, QWidget *view, QWidget *row) : QLabel(form), V
 void LockLine::SetReason(const QString &reason)
 {
     setText(reason.simplified());
-    setToolTip(reason.toHtmlEscaped());
+    // Told to be markup, or an escaped "&" would be shown as it is escaped.
+    setToolTip(reason.isEmpty() ? QString() : QStringLiteral("<html>") + reason.toHtmlEscaped());
     Place();
 }
 

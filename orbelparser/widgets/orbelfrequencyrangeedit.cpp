@@ -223,12 +223,13 @@ QString OrbelFrequencyRangeEdit::SpellEdit(int, const QVariant &value) const
     return Orbel::FrequencyText::Write(value.toDouble(), 0, QLocale().decimalPoint());
 }
 
-/// The one bound would push the other.
+/// The one bound would push the other. They are shown in whole Hz.
 bool OrbelFrequencyRangeEdit::EditsOf(const QVariant &value, QVariantList *edits, QString *error) const
 {
     if (!OrbelDelegate::EditsOf(value, edits, error))
         return false;
-    const bool collide = edits->size() > 1 && edits->at(0).toDouble() >= edits->at(1).toDouble();
+    const bool collide
+        = edits->size() > 1 && std::trunc(edits->at(0).toDouble()) >= std::trunc(edits->at(1).toDouble());
     return !collide || Refuse(QStringLiteral("The start is not below the stop"), error);
 }
 

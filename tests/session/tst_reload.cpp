@@ -239,6 +239,8 @@ struct Watched {
                 QTRY_COMPARE(Told.join(' '), what);
             else if (act == "write")
                 Put(Text(what));
+            else if (act == "beside")
+                WriteFile(Folder, "other", Text("2"));
             else if (act == "begin")
                 Put(Text(what).left(100));
             else if (act == "put")
@@ -253,6 +255,8 @@ struct Watched {
                 QDir(Folder.path()).removeRecursively();
             else if (act == "link")
                 QFile::link(Target.filePath("target"), Path);
+            else if (act == "cut")
+                QVERIFY(QFile::remove(Target.filePath("target")));
             else if (act == "target")
                 WriteFile(Target, "target", Text(what));
             else if (act == "list")
@@ -432,6 +436,8 @@ private Q_SLOTS:
         row("made a folder", "remove; folder; wait; remove; write 2; = 2");
         row("deleted with its folder", "clear; wait; folder again; write 2; = 2; write 3; = 2 3");
         row("a link that leads elsewhere", "remove; target 2; link; = 2; target 3; = 2 3");
+        row("beside another file, with errors", "put <Other/>; = 1!; beside; wait; beside; wait; = 1!");
+        row("a link whose target was gone", "remove; target 2; link; = 2; cut; wait; target 3; = 2 3");
         row("broken and put back", "put <broken; = 1!; write 1; = 1! 1");
         row("put back while the form is busy", "list open; write 2; wait; write 1; = 1; list shut; wait; = 1");
     }

@@ -195,6 +195,7 @@ private Q_SLOTS:
         row("bool", "On", "perhaps", "Parameter \"On\": \"perhaps\" is neither true nor false");
         row("half a range", "Range", 2e6, "Parameter \"Range\": A list of 2 values is wanted");
         row("range", "Range", QVariantList{2e6, 2e6}, "Parameter \"Range\": The start is not below the stop");
+        row("range within one Hz", "Range", QVariantList{2000000.2, 2000000.8}, "Parameter \"Range\": The start is not below the stop");
         // clang-format on
     }
     void aWrongValueChangesNothing()
@@ -356,9 +357,10 @@ private Q_SLOTS:
         live.Type("Gain", "42");
         // Without a row a change is on its way at once.
         QTest::keyClick(live.Find("Gain"), Qt::Key_Return);
-        live->Lock("no connection to the receiver");
+        live->Lock("no connection to <A> & B");
         auto *line = live.Find<QLabel>("lockLine");
-        QVERIFY(line->isVisible() && line->text() == "no connection to the receiver");
+        QVERIFY(line->isVisible() && line->text() == "no connection to <A> & B");
+        QCOMPARE(live.ToolTip("lockLine"), line->text());
         const auto *const row = live->GetWidget()->findChild<QWidget *>("applyButtonBox");
         QCOMPARE(row && row->geometry().contains(line->geometry()), inRow);
         QVERIFY(line->parentWidget()->rect().contains(line->geometry()));

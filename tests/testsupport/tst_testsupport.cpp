@@ -36,7 +36,7 @@ Orbel::Opening Small(const QString &script = {})
             + Labelled("mode", "ComboBox", {"enumName=String:Modes"})
             + Labelled("off", "CheckBox", {"enabled=Bool:false"})
             + Labelled("fixed", "LineEdit", {"readOnly=Bool:true"})
-            + Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:2"})
+            + Labelled("t", "ChannelSpacingTable", {"spacingsCount=Int:2"}) + Labelled("box", "CheckBox")
             + Labelled("head", "Headline", {"text=String:Group"}) + Labelled("inside", "LineEdit"),
         "<Script>" + script + "</Script>")
                                  .replace("<Sheet", Enum("Modes", "AM=1 FM=2") + "<Sheet")
@@ -95,6 +95,19 @@ private Q_SLOTS:
         row("unknown", [](FormTest &form) { form.Enter("gainn", "7"); }, "There is no control \"gainn\"; did you mean \"gain\"?");
         row("no such part", [](FormTest &form) { form.Enter("gain[1]", "7"); }, "Control \"gain[1]\" has no such part");
         row("no such cell", [](FormTest &form) { form.Enter("t[2]", "7"); }, "Control \"t[2]\" has no such part");
+        row("a part beyond all", [](FormTest &form) { form.Enter("gain[99999999999]", "7"); }, "Control \"gain[99999999999]\" has no such part");
+        row("a part of a button", [](FormTest &form) { form.Shown("applyButton[1]"); }, "There is no control \"applyButton[1]\"");
+        row("no name", [](FormTest &form) { form.Click(""); }, "There is no control \"\"");
+        row("neither on nor off", [](FormTest &form) { form.Check("gain", false); }, "Control \"gain\" is neither on nor off");
+        row("no choices", [](FormTest &form) { form.Choices("gain"); }, "Control \"gain\" is no combo box");
+        row("no text to read", [](FormTest &form) { form.Shown("t"); }, "Control \"t\" has no text of its own");
+        row("no text to type over", [](FormTest &form) { form.Type("t", "7"); }, "Control \"t\" has no text of its own; name a cell of it");
+        row("no field", [](FormTest &form) { form.Type("head", " "); }, "Control \"head\" takes no text");
+        row("behind a menu", [](FormTest &form) { QMenu menu; menu.addAction("one"); menu.popup({}); form.Enter("gain", "7"); }, "Control \"gain\" cannot be reached: a menu is open before it");
+        row("a dialog that is waited for", [](FormTest &form) { QDialog dialog; QObject::connect(form.Find<QGroupBox>("head"), &QGroupBox::clicked, &dialog, &QDialog::exec); form.Click("head"); }, "The act has opened QDialog \"\" and waits for it; make a ModalVisitor before");
+        row("keys to nobody", [](FormTest &form) { form->GetWidget()->hide(); form.Press("Tab"); }, "No key can be pressed: the window of the form is not shown");
+        row("no keys", [](FormTest &form) { form.Press(""); }, "\"\" is no key");
+        row("a host's session", [](FormTest &form) { FormTest(*form.GetSession()).EndSession(); }, "The session is the host's to end");
         row("disabled", [](FormTest &form) { form.Check("off"); }, "Control \"off\" cannot be reached: it is disabled or locked");
         row("read-only", [](FormTest &form) { form.Type("fixed", "x"); }, "Control \"fixed\" cannot be reached: it is read-only");
         row("locked", [](FormTest &form) { form->Lock("why"); form.Enter("gain", "7"); }, "Control \"gain\" cannot be reached: ");
@@ -124,6 +137,41 @@ private Q_SLOTS:
         QCOMPARE(failures.Texts.join('\n').left(told.size()), told);
         QCOMPARE(failures.Texts.size(), 1);
         QVERIFY(failures.IsHere && form.Changes().isEmpty());
+    }
+
+    /// Where the end of an edit ends the window, the act is left out.
+    void anActEndsTheForm_data()
+    {
+        QTest::addColumn<Act>("act");
+        const auto row = AddRow<Act>;
+        row("type", [](FormTest &form) { form.Type("inside", "7"); });
+        row("type a cell", [](FormTest &form) { form.Type("t[0]", "7"); });
+        row("choose", [](FormTest &form) { form.Choose("mode", "FM"); });
+        row("wheel", [](FormTest &form) { form.Wheel("mode", 2); });
+        row("check", [](FormTest &form) { form.Click("box"); });
+    }
+    void anActEndsTheForm()
+    {
+        QFETCH(Act, act);
+        Failures failures;
+        FormTest form(Small());
+        form.Type("gain", "7");
+        const QWidget *const window = form->GetWidget();
+        connect(form.GetSession(), &Session::changed, window, [window] { delete window; });
+        act(form);
+        QVERIFY(!form->GetWidget());
+        QVERIFY2(failures.Texts.size() <= 1 && failures.IsHere, qPrintable(failures.Texts.join('\n')));
+    }
+
+    void twoFormsAreOperatedInTurn()
+    {
+        FormTest one(Small()), other(Small());
+        one.Type("gain", "42");
+        one.Report("gain", 20);
+        QCOMPARE(one.Mark("gain"), RowLabel::Differs);
+        other.Enter("inside", QString::fromUtf8("M\u00fcnchen \u6771\u4eac"));
+        other.WaitForChange("inside");
+        QCOMPARE(other.Shown("inside"), QString::fromUtf8("M\u00fcnchen \u6771\u4eac"));
     }
 
     void whatIsToBeSeenIsTold()
