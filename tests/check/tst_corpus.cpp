@@ -3,6 +3,7 @@
 
 #include "componentlist.h"
 #include "liveform.h"
+#include "orbelcheck.h"
 
 namespace
 {
@@ -146,6 +147,7 @@ class TestCorpus : public TestCase
 private Q_SLOTS:
     void aFormIsWhatItIsSaidToBe_data();
     void aFormIsWhatItIsSaidToBe();
+    void theCheckerFindsMistakesAndNothingElse();
 };
 
 void TestCorpus::aFormIsWhatItIsSaidToBe_data()
@@ -192,6 +194,56 @@ void TestCorpus::aFormIsWhatItIsSaidToBe()
     if (!thrown.isEmpty() && entry.Shows.filter(QRegularExpression("^throws ")).isEmpty())
         wrong += "\nit throws " + thrown.join("; ");
     QVERIFY2(wrong.isEmpty() && !entry.Shows.isEmpty(), qPrintable(wrong));
+}
+
+/// What the checker tells of a text of an entry.
+Orbel::Findings FindingsIn(const Entry &entry, const QString &text)
+{
+    using Orbel::Check;
+    const QByteArray form = entry.Texts["form"].toUtf8();
+    const QByteArray bytes = entry.Texts[text].toUtf8();
+    if (text == "changed")
+        return Check::Changed(bytes, form);
+    if (text == "document")
+        return Check::Parameters(bytes, form);
+    const bool isList = form.contains("<ValueString");
+    return isList ? Check::ComponentList(form) + Check::RunComponentList(form, 1000)
+                  : Check::Definition(form) + Check::RunDefinition(form, 1000);
+}
+
+/// At least 95 of 100 mistakes have a finding in one of the lines to look at, and nothing else is blamed.
+void TestCorpus::theCheckerFindsMistakesAndNothingElse()
+{
+    int mistakes = 0;
+    QStringList missed;
+    QStringList blamed;
+    QMap<QString, QPair<int, int>> kinds;
+    for (const Entry &entry : AllEntries()) {
+        QMap<QString, Orbel::Findings> found;
+        for (const QString &text : entry.Texts.keys())
+            found[text] = FindingsIn(entry, text);
+        for (const Place &place : entry.Mistakes) {
+            const Orbel::Findings &findings = found[place.Text];
+            const bool isFound = std::any_of(findings.cbegin(), findings.cend(),
+                [&](const Orbel::Finding &finding) { return place.Lines.contains(finding.Line); });
+            ++mistakes;
+            ++kinds[entry.Name.section(':', 0, 0)].first;
+            kinds[entry.Name.section(':', 0, 0)].second += isFound ? 1 : 0;
+            if (!isFound)
+                missed << entry.Name;
+        }
+        for (const QString &text : entry.Mistakes.isEmpty() ? found.keys() : QStringList()) {
+            for (const Orbel::Finding &finding : found[text]) {
+                if (finding.Level != Orbel::Severity::Note)
+                    blamed << QString("%1: %2 %3 [%4]").arg(entry.Name, text).arg(finding.Line).arg(finding.Text + ' ' + finding.Code);
+            }
+        }
+    }
+    for (auto kind = kinds.cbegin(); kind != kinds.cend(); ++kind)
+        qInfo("%s: %d of %d", qPrintable(kind.key()), kind->second, kind->first);
+    qInfo("%d of %d mistakes are found\nmissed:\n%s", mistakes - missed.size(), mistakes, qPrintable(missed.join('\n')));
+    QVERIFY2(blamed.isEmpty(), qPrintable(blamed.join('\n')));
+    QVERIFY(missed.size() * 20 <= mistakes);
 }
 
 ORBEL_TEST_MAIN(TestCorpus)
