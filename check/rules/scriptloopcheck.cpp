@@ -102,7 +102,7 @@ private:
     {
         const ScriptVariable &variable = Study.Bindings.At(name);
         const bool isSet = std::any_of(variable.Sets.cbegin(), variable.Sets.cend(),
-            [&](int set) { return set == loop || Tree.IsInside(set, loop); });
+            [&](int set) { return set == loop || (Tree.IsInside(set, loop) && !IsStart(set, loop)); });
         const bool calls = Study.Contains(loop, [this](int i) { return Tree.Is(i, Node::Call) || Tree.Is(i, Node::New); });
         if (isSet || (hasMembers && (calls || SetsMembers(loop))))
             return true;
@@ -111,6 +111,9 @@ private:
             [&](int set) { return Tree.At(set).Function != Tree.At(loop).Function; });
         return calls && (isOutside || !variable.IsMade);
     }
+
+    /// Whether a node stands where a `for` begins.
+    bool IsStart(int node, int loop) const { return Tree.Is(loop, Node::For) && Tree.IsInside(node, Tree.Part(loop, 0)); }
 
     bool SetsMembers(int loop) const
     {
@@ -227,12 +230,11 @@ private:
         const int function = Tree.Part(call, 0);
         const WidgetEntry *widget = Tree.Is(function, Node::Member) ? Study.WidgetOf(Tree.Part(function, 0)) : nullptr;
         const ScriptMethod *method = widget ? Study.MethodOf(function) : nullptr;
-        const QString &name = Tree.At(function).Text;
-        if (!method || !(name.contains(QLatin1String("item"), Qt::CaseInsensitive)
-                || name.contains(QLatin1String("spacingValue"), Qt::CaseInsensitive)
-                || name.contains(QLatin1String("shiftValue"), Qt::CaseInsensitive)))
-            return;
-        Calls.append(call);
+        static const QSet<QString> indexed{QStringLiteral("itemValue"), QStringLiteral("setItemValue"),
+            QStringLiteral("spacingValue"), QStringLiteral("setSpacingValue"), QStringLiteral("shiftValue"),
+            QStringLiteral("setShiftValue")};
+        if (method && indexed.contains(Tree.At(function).Text))
+            Calls.append(call);
     }
 
     void CheckItem(int item)
@@ -269,15 +271,19 @@ private:
                     return;
                 }
             }
+            // Of a list that shows, that it has no items is told already.
+            if (!widget.Has(ekShown) && WidgetNumbers(widget).Reads(prop::ItemCount))
+                CheckIndex(Tree.Part(call, 1), widget, prop::ItemCount);
         }
     }
 
     void CheckIndex(int index, const WidgetEntry &widget, QLatin1String property)
     {
         const Number count = WidgetNumbers(widget).NumberOf(property);
-        if (count && !Study.MaySet(widget, property))
+        if ((count || !widget.States(property)) && !Study.MaySet(widget, property))
             CheckAgainst(index, widget.Name + QLatin1Char('.') + property, count.Value,
-                QStringLiteral("\"%1\" has %2 of %3").arg(widget.Name, property, count.Text));
+                QStringLiteral("\"%1\" has %2 of %3")
+                    .arg(widget.Name, property, count ? count.Text : QStringLiteral("0")));
     }
 
     void CheckRow(int index, const WidgetEntry &widget)

@@ -48,6 +48,7 @@ public:
             case Node::Block:
             case Node::Program:
                 CheckUnreachable(i);
+                CheckMargins(i);
                 break;
             default:
                 break;
@@ -238,6 +239,43 @@ private:
             Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
                 QStringLiteral("Nothing from here on runs"));
             return;
+        }
+    }
+
+    /// What stands in front of a node in its line, when that is blank; null otherwise.
+    QString MarginOf(int node) const
+    {
+        const QString &code = Study.Script.Code();
+        const int start = Tree.StartOf(node);
+        const int line = code.lastIndexOf(QLatin1Char('\n'), start - 1) + 1;
+        const QString margin = start == 0 ? QString() : code.mid(line, start - line);
+        return margin.trimmed().isEmpty() ? margin + QLatin1String("") : QString();
+    }
+
+    /// The one statement that depends on a condition or a loop without braces; -1 for others.
+    int DependentOf(int statement) const
+    {
+        const QVector<int> &parts = Tree.At(statement).Parts;
+        const bool depends = Tree.Is(statement, Node::If) || Tree.Is(statement, Node::For)
+            || Tree.Is(statement, Node::ForIn) || Tree.Is(statement, Node::While);
+        const int last = depends ? parts.constLast() : -1;
+        return last < 0 || Tree.Is(last, Node::Block) || Tree.Is(last, Node::If) || Tree.Is(last, Node::Empty) ? -1 : last;
+    }
+
+    /// A statement that stands as if it depended on the condition above.
+    void CheckMargins(int block)
+    {
+        const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const int dependent = DependentOf(parts.at(i));
+            if (dependent < 0)
+                continue;
+            const QString margin = MarginOf(dependent);
+            const QString outer = MarginOf(parts.at(i));
+            if (!margin.isNull() && !outer.isNull() && margin != outer && margin.startsWith(outer)
+                && MarginOf(parts.at(i + 1)) == margin)
+                Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                    QStringLiteral("This is done in every case; only the statement before depends on the condition"));
         }
     }
 

@@ -97,9 +97,14 @@ private:
     ScriptKind KindOfBinary(int node) const;
     ScriptKind KindOfVariable(const ScriptVariable &variable) const;
     ScriptKind KindOfParameter(int node) const;
-    /// The argument that a parameter of a handler gets: the signal and the number of the argument; false when the
-    /// function has other callers.
-    bool SignalOf(int name, QVector<ScriptConnection> *connections, int *argument) const;
+    /// Where a parameter gets its values from, as far as that is known.
+    struct Sources {
+        QVector<ScriptConnection> Signals;
+        QVector<int> Arguments; ///< Of calls; -1 for one that is left out.
+        int Place = 0; ///< Among the parameters.
+        explicit operator bool() const { return !Signals.isEmpty() || !Arguments.isEmpty(); }
+    };
+    Sources SourcesOf(int name) const;
     int SingleValueOf(int name) const;
 
     QVector<ScriptKind> Kinds;
