@@ -102,6 +102,10 @@ private:
     {
         for (int i = 0; i < list.Elements().size(); ++i) {
             const QString id = list.AttributeOf(i, attribute::Id);
+            const bool isOther = list.At(i).Name != element::ValueString && list.FindAttribute(i, attribute::Value);
+            if (isOther && id == QLatin1String("ORBEL"))
+                sink.Add(Code::ComponentId, list.PlaceOf(i),
+                    QStringLiteral("Only a ValueString holds a form, not a \"%1\"").arg(list.At(i).Name));
             if (list.At(i).Name != element::ValueString || id == QLatin1String("ORBEL")
                 || id.trimmed().compare(QLatin1String("ORBEL"), Qt::CaseInsensitive) != 0)
                 continue;

@@ -193,6 +193,12 @@ private:
         else if ((a == ScriptKind::Number || a == ScriptKind::NumberText) && isWord)
             Study.Tell(
                 Code::ScriptComparison, node, QStringLiteral("A number never equals the text \"%1\"").arg(text));
+        else if (a == ScriptKind::Nothing && Tree.Is(one, Node::Member) && IsGivenConstant(other, b))
+            Study.Tell(Code::ScriptComparison, node,
+                QStringLiteral("\"%1\" is not stated, and undefined when the script starts").arg(Study.CodeOf(one)));
+        else if (Tree.Is(one, Node::Binary, "/") && IsWhole(Right(one)) && IsWhole(other))
+            Study.Tell(Code::ScriptComparison, node,
+                QStringLiteral("A division keeps its rest; Math.floor() drops it"));
         else if (isStrict && a == ScriptKind::NumberText && b == ScriptKind::Number && !IsNumberBy(one))
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral("\"%1\" is a text until it is set, and %2 never takes a text for a number")
@@ -204,6 +210,18 @@ private:
         else if (isStrict && a == ScriptKind::Number && b == ScriptKind::Text)
             Study.Tell(
                 Code::ScriptComparison, node, QStringLiteral("%1 never takes a number for a text").arg(operation));
+    }
+
+    /// What undefined never equals, and is not meant to stand for.
+    bool IsGivenConstant(int node, ScriptKind kind) const
+    {
+        return kind == ScriptKind::Text || kind == ScriptKind::Number || Tree.Is(node, Node::Word, "false");
+    }
+
+    bool IsWhole(int node) const
+    {
+        double number = 0;
+        return Study.NumberOf(node, &number) && number != 0 && number == double(int(number));
     }
 
     Mend MendBool(int, int text, const QString &word) const
@@ -400,6 +418,8 @@ private:
     {
         if (TellMisused(Left(node), Right(node), Code::ScriptSum) || TellMisused(Right(node), Left(node), Code::ScriptSum))
             return;
+        CheckTextNumber(node);
+        CheckUndefined(node);
         const bool isPart = KindOf(Left(node)) == ScriptKind::NumberText || KindOf(Right(node)) == ScriptKind::NumberText;
         if (TellAppended(node) || !isPart || IsAmongTexts(node))
             return;
@@ -410,6 +430,31 @@ private:
                 TellTextSum(side);
                 return;
             }
+        }
+    }
+
+    /// A text of the definition that is a number, plus a number.
+    void CheckTextNumber(int node)
+    {
+        const PropertyEntry *stated = Tree.Is(Left(node), Node::Member) ? Study.PropertyOf(Left(node)) : nullptr;
+        if (stated && KindOf(Left(node)) == ScriptKind::Text && Tree.Is(Right(node), Node::Number)
+            && !stated->Text.isEmpty() && IsNumberText(stated->Text) && !IsAmongOtherTexts(node))
+            TellTextSum(Left(node));
+    }
+
+    bool IsAmongOtherTexts(int node) const
+    {
+        const int outer = Tree.At(node).Parent;
+        return Tree.Is(outer, Node::Binary, "+") && !Tree.At(node).IsInBrackets;
+    }
+
+    void CheckUndefined(int node)
+    {
+        for (const int side : {Left(node), Right(node)}) {
+            if (KindOf(side) == ScriptKind::Nothing && Tree.Is(side, Node::Member))
+                Study.Tell(Code::ScriptSum, side,
+                    QStringLiteral("\"%1\" is not stated, and undefined when the script starts")
+                        .arg(Study.CodeOf(side)));
         }
     }
 

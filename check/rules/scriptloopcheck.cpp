@@ -34,6 +34,8 @@ public:
         for (int i = 0; i < Tree.All().size(); ++i) {
             if (Tree.Is(i, Node::For))
                 CheckFor(i);
+            else if (Tree.Is(i, Node::ForIn))
+                CheckKeys(i);
             else if (Tree.Is(i, Node::While))
                 CheckEnd(i, Tree.Part(i, 0));
             else if (Tree.Is(i, Node::Do))
@@ -123,6 +125,28 @@ private:
                 : -1;
             return Tree.Is(target, Node::Member) || Tree.Is(target, Node::Item);
         });
+    }
+
+    /// `for (var i in list)` gives indices; who never uses them as such takes them for the items.
+    void CheckKeys(int loop)
+    {
+        const int head = Tree.Part(loop, 0);
+        const int name = Tree.Is(head, Node::Variables) ? Tree.Part(head, 0) : head;
+        const int list = Tree.Part(loop, 1);
+        const bool isVariable = Tree.Is(list, Node::Name) && Study.Bindings.At(list).Sets.size() == 1;
+        const int set = isVariable ? Study.Bindings.At(list).Sets.constFirst() : -1;
+        const bool isArray = Tree.Is(list, Node::Array)
+            || (Tree.Is(set, Node::Declarator) && Tree.Is(Tree.Part(set, 0), Node::Array));
+        if (!isArray || Study.Bindings.NumberOf(name) < 0)
+            return;
+        const QVector<int> &reads = Study.Bindings.At(name).Reads;
+        const bool isIndex = reads.isEmpty() || std::any_of(reads.cbegin(), reads.cend(), [this](int read) {
+            const int outer = Tree.At(read).Parent;
+            return (Tree.Is(outer, Node::Item) && Tree.Part(outer, 1) == read) || Tree.Is(outer, Node::Call);
+        });
+        if (!isIndex)
+            Study.Tell(Code::ScriptIndex, list,
+                QStringLiteral("This gives the indices of the list, as texts, and not its items"));
     }
 
     /// 1 and -1 for a step up and down; 0 for anything else.

@@ -42,6 +42,15 @@ public:
             case Node::Object:
                 CheckKeys(i);
                 break;
+            case Node::Call:
+                CheckOwnValue(i);
+                break;
+            case Node::Number:
+                if (Tree.At(i).Text.size() > 1 && Tree.At(i).Text.startsWith(QLatin1Char('0'))
+                    && Tree.At(i).Text.at(1).isDigit())
+                    Study.Tell(Code::ScriptOctal, i,
+                        QStringLiteral("%1 begins with 0, and counts by eights").arg(Tree.At(i).Text));
+                break;
             case Node::Assign:
                 CheckSign(i);
                 break;
@@ -126,10 +135,29 @@ private:
         const bool isOwn = Tree.Is(function, Node::FunctionStatement);
         const bool isAsked = Tree.Is(operand, Node::Member) && Study.MethodOf(operand) && !Study.PropertyOf(operand);
         const QString code = Study.CodeOf(qMax(0, operand));
+        if (operand >= 0 && CheckControlTest(operand, Tree.At(condition).Parent))
+            return;
         if (operand < 0 || (!isOwn && !isAsked) || IsCalledIn(Tree.At(condition).Parent, code))
             return;
         Study.Tell(Code::ScriptCondition, operand,
             QStringLiteral("\"%1\" is a function, which is always true until it is called").arg(code));
+    }
+
+    /// A control is there or it is not: who asks for that uses it then.
+    bool CheckControlTest(int operand, int statement)
+    {
+        const WidgetEntry *widget = Study.WidgetOf(operand);
+        const QString code = Study.CodeOf(operand);
+        const bool isUsed = widget && Study.Contains(statement, [&](int i) {
+            return Tree.Is(i, Node::Member) && Study.CodeOf(Tree.Part(i, 0)) == code;
+        });
+        if (!widget || isUsed)
+            return false;
+        const QLatin1String value = widget->Info->delegate->valueProperty;
+        Study.Tell(Code::ScriptCondition, operand,
+            QStringLiteral("\"%1\" is the control itself, which is always true").arg(code),
+            value.isEmpty() ? Mend() : Mend{Study.PlaceOf(operand), code, code + QLatin1Char('.') + value});
+        return true;
     }
 
     bool IsCalledIn(int node, const QString &code) const
@@ -209,6 +237,20 @@ private:
                     QStringLiteral("The key \"%1\" stands twice, and the later one counts").arg(key));
             keys.insert(key);
         }
+    }
+
+    /// `a.setValue(a.value)`
+    void CheckOwnValue(int call)
+    {
+        const int function = Tree.Part(call, 0);
+        const int argument = Tree.Part(call, 1);
+        const bool isSame = Tree.Is(function, Node::Member) && Tree.Is(argument, Node::Member)
+            && Tree.At(call).Parts.size() == 2 && Study.WidgetOf(Tree.Part(function, 0))
+            && Study.WidgetOf(Tree.Part(function, 0)) == Study.WidgetOf(Tree.Part(argument, 0))
+            && Tree.At(function).Text == SetterOf(Tree.At(argument).Text);
+        if (isSame)
+            Study.Tell(Code::ScriptIdle, function,
+                QStringLiteral("\"%1\" is set to what it is").arg(Study.CodeOf(argument)));
     }
 
     /// `x =+ 1`

@@ -338,6 +338,11 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
         return here.Text == QLatin1String("length") ? ScriptKind::Number : ScriptKind::Any;
     const PropertyInfo *known = Registry::FindProperty(*widget->Info, here.Text);
     const PropertyEntry *stated = PropertyOf(node);
+    const bool isOwn = known && (known->name == widget->Info->delegate->valueProperty) && known->name != prop::Text
+        && known->name != prop::Checked;
+    if (known && !stated && !isOwn && (known->type == ValueType::Text || known->type == ValueType::Bool)
+        && RunsBeforeAll(here.Function) && !MaySet(*widget, known->name))
+        return ScriptKind::Nothing;
     if (!known || !stated)
         return ScriptKind::Any;
     switch (known->type) {
@@ -353,6 +358,12 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
     default:
         return ScriptKind::Any;
     }
+}
+
+/// Whether code runs when the script starts, and not because somebody has changed something.
+bool ScriptStudy::RunsBeforeAll(int function) const
+{
+    return function == Tree.Root() || (Bindings.RunsAtStart(function) && ConnectionsOf(function).isEmpty());
 }
 
 ScriptKind ScriptStudy::KindOfCall(int node) const

@@ -93,6 +93,7 @@ private:
     ScriptKind FindKind(int node) const;
     ScriptKind KindOfName(int node) const;
     ScriptKind KindOfMember(int node) const;
+    bool RunsBeforeAll(int function) const;
     ScriptKind KindOfCall(int node) const;
     ScriptKind KindOfBinary(int node) const;
     ScriptKind KindOfVariable(const ScriptVariable &variable) const;
@@ -127,6 +128,7 @@ void CheckScriptNumbers(const ScriptStudy &study);
 void CheckScriptKinds(const ScriptStudy &study);
 void CheckScriptStatements(const ScriptStudy &study);
 void CheckScriptLoops(const ScriptStudy &study);
+void CheckScriptObjects(const ScriptStudy &study);
 void CheckScriptNames(const ScriptStudy &study);
 
 } // namespace Orbel
