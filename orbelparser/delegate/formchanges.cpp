@@ -9,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QScopeGuard>
 #include <QSet>
+#include <QThread>
 #include <QTimer>
 #include <QUndoStack>
 
@@ -20,11 +21,25 @@ namespace KV218
 
 // How often to look whether the event loop of a host's command has come to its end.
 static constexpr int MillisecondsOfLoop = 50;
-// That of an event in the application's own event loop; less where none runs yet.
-static constexpr int OutermostDepth = 2;
+
+/// How deep events and event loops stand in one another, which Qt knows for what is to be deleted later.
+static int EventDepth()
+{
+    QObject probe;
+    auto *const event = new QDeferredDeleteEvent; // goes with the probe
+    QCoreApplication::postEvent(&probe, event);
+    return event->loopLevel();
+}
+
+/// That of an event in the application's own event loop; where none runs yet, of one that the host has processed.
+static int OutermostDepth()
+{
+    return QThread::currentThread()->loopLevel() > 0 ? 2 : 1;
+}
 
 FormChanges::FormChanges(FormLife *life) : Life(life)
 {
+    FollowDepth();
     auto *stack = new QUndoStack;
     stack->setUndoLimit(limit::UndoneChanges);
     Watch(stack);
@@ -45,6 +60,18 @@ FormChanges::~FormChanges()
         Stack->deleteLater();
     else
         delete Stack;
+}
+
+/// Comes along when control returns from the handler, or the event loop, that made the form: Qt deletes later than that
+/// what was given up there.
+void FormChanges::FollowDepth()
+{
+    LeastDepth = std::min(LeastDepth, EventDepth());
+    if (LeastDepth <= OutermostDepth())
+        return;
+    auto *const returned = new QObject;
+    connect(returned, &QObject::destroyed, this, &FormChanges::FollowDepth);
+    returned->deleteLater();
 }
 
 void FormChanges::Close()
@@ -134,6 +161,12 @@ bool FormChanges::HasHostsCommand() const
             return true;
     }
     return Stack->count() > Moves.use_count() - 1 - static_cast<long>(Waiting.size());
+}
+
+/// Whether no command of a host's own can run, be it with an event loop of its own.
+bool FormChanges::IsAtRest() const
+{
+    return EventDepth() <= std::max(OutermostDepth(), LeastDepth);
 }
 
 /// Takes what waits onto the stack; at rest, where no command of a host's own can run, in any case.
@@ -264,7 +297,7 @@ QVector<ChangeEntry *> FormChanges::Entries() const
 void FormChanges::TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs)
 {
     const CallScope call(Life);
-    former.PushWaiting(true);
+    former.PushWaiting(false);
     disconnect(Stack, nullptr, this, nullptr);
     disconnect(former.Stack, nullptr, &former, nullptr);
     QUndoStack *const own = Stack;
@@ -278,6 +311,12 @@ void FormChanges::TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs
     }
     if (!gone.isEmpty() && !entries.contains(nullptr))
         RemoveEntries(entries, gone);
+    for (std::unique_ptr<ChangeEntry> &entry : std::exchange(former.Waiting, {})) {
+        if (entry->HandOver(heirs, Moves))
+            Waiting.push_back(std::move(entry));
+    }
+    Moves->Waits = !Waiting.empty();
+    LeastDepth = std::min(LeastDepth, former.LeastDepth);
     TellLater();
 }
 
@@ -359,23 +398,12 @@ void FormChanges::TellLater()
         QMetaObject::invokeMethod(this, &FormChanges::Tell, Qt::QueuedConnection);
 }
 
-/// How deep events and event loops stand in one another, which Qt knows for what is to be deleted later.
-static int EventDepth()
-{
-    QObject probe;
-    auto *const event = new QDeferredDeleteEvent; // goes with the probe
-    QCoreApplication::postEvent(&probe, event);
-    return event->loopLevel();
-}
-
 void FormChanges::Tell()
 {
     Due = false;
     const CallScope call(Life);
-    const int depth = EventDepth();
-    LeastDepth = std::max(OutermostDepth, std::min(LeastDepth, depth));
     // A stack that a host moved to where it was emits nothing at its end.
-    PushWaiting(depth <= LeastDepth);
+    PushWaiting(IsAtRest());
     if (!Waiting.empty() && !std::exchange(Due, true))
         QTimer::singleShot(MillisecondsOfLoop, this, &FormChanges::Tell);
     Settle();

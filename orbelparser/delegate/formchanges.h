@@ -93,6 +93,8 @@ Q_SIGNALS:
     void edited(OrbelDelegate *control);
 
 private:
+    void FollowDepth();
+    bool IsAtRest() const;
     bool HasHostsCommand() const;
     void Watch(QUndoStack *stack);
     ChangeEntry *EntryAt(int index) const;
@@ -126,7 +128,7 @@ private:
     bool Busy = false;
     const ChangeEntry::Moves Moves = std::make_shared<ChangeEntry::Traffic>();
     std::vector<std::unique_ptr<ChangeEntry>> Waiting;
-    /// The least of the depths at which the event has come that emits the changes: there the form is at rest.
+    /// The least depth of events and event loops since the stack was made, which no command on it stands below.
     int LeastDepth = std::numeric_limits<int>::max();
 };
 
