@@ -13,6 +13,7 @@ struct ScriptToken {
     Kind What;
     QString Text; ///< Of a text what stands between its quotation marks, of another literal nothing.
     int Index; ///< In the code.
+    int End; ///< Behind its last character.
 };
 
 /// Names and marks of a script, without comments and white space; texts, numbers and regular expressions count as

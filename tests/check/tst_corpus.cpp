@@ -3,6 +3,7 @@
 
 #include "componentlist.h"
 #include "liveform.h"
+#include "orbelcheck.h"
 
 namespace
 {
@@ -129,6 +130,21 @@ QString Differences(const Entry &entry, const Form &form)
     return told;
 }
 
+/// What the checker tells of a text of an entry.
+Orbel::Findings FindingsIn(const Entry &entry, const QString &text)
+{
+    using Orbel::Check;
+    const QByteArray form = entry.Texts["form"].toUtf8();
+    const QByteArray bytes = entry.Texts[text].toUtf8();
+    if (text == "changed")
+        return Check::Changed(bytes, form);
+    if (text == "document")
+        return Check::Parameters(bytes, form);
+    const bool isList = form.contains("<ValueString");
+    return isList ? Check::ComponentList(form) + Check::RunComponentList(form, 1000)
+                  : Check::Definition(form) + Check::RunDefinition(form, 1000);
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Entry)
@@ -151,6 +167,33 @@ private Q_SLOTS:
             QVERIFY2(!mistake.second.isEmpty(), "no line is the one to look at");
         const Form form(OrbelParser().ParseORBEL(FormOf(entry.Texts["form"].toUtf8())));
         QCOMPARE(form ? Differences(entry, form) : entry.Shows.join("\n").remove("no form"), QString());
+    }
+
+    /// At least 95 of 100 mistakes have a finding in one of the lines to look at, and nothing else is blamed.
+    void theCheckerFindsMistakesAndNothingElse()
+    {
+        int mistakes = 0;
+        QStringList missed;
+        QStringList blamed;
+        for (const Entry &entry : AllEntries()) {
+            for (const auto &[text, lines] : entry.Mistakes) {
+                const Orbel::Findings findings = FindingsIn(entry, text);
+                ++mistakes;
+                if (std::none_of(findings.cbegin(), findings.cend(),
+                        [lines = lines](const Orbel::Finding &finding) { return lines.contains(finding.Line); }))
+                    missed << entry.Name;
+            }
+            for (const QString &text : entry.Mistakes.isEmpty() ? entry.Texts.keys() : QStringList()) {
+                for (const Orbel::Finding &finding : FindingsIn(entry, text)) {
+                    if (finding.Level != Orbel::Severity::Note)
+                        blamed << QString("%1: %2 [%3]").arg(entry.Name, finding.Text, finding.Code);
+                }
+            }
+        }
+        qInfo("%d of %d mistakes are found\nmissed:\n%s", mistakes - missed.size(), mistakes,
+            qPrintable(missed.join('\n')));
+        QCOMPARE(blamed, QStringList());
+        QVERIFY(missed.size() * 20 <= mistakes);
     }
 };
 

@@ -1,0 +1,255 @@
+// Statements of a script that do nothing, never run, or do something else than they look like.
+
+#include "scriptstudy.h"
+
+#include <algorithm>
+
+namespace Orbel
+{
+
+namespace
+{
+
+using Node = ScriptNode;
+
+class StatementCheck
+{
+public:
+    explicit StatementCheck(const ScriptStudy &study) : Study(study), Tree(study.Tree) { }
+
+    void Run()
+    {
+        for (int i = 0; i < Tree.All().size(); ++i) {
+            switch (Tree.At(i).What) {
+            case Node::Statement:
+                CheckIdle(i);
+                break;
+            case Node::If:
+                CheckIf(i);
+                break;
+            case Node::While:
+                CheckTest(Tree.Part(i, 0), false);
+                break;
+            case Node::For:
+                CheckTest(Tree.Part(i, 1), false);
+                break;
+            case Node::Conditional:
+                CheckFunctionTest(Tree.Part(i, 0));
+                break;
+            case Node::Switch:
+                CheckSwitch(i);
+                break;
+            case Node::Object:
+                CheckKeys(i);
+                break;
+            case Node::Assign:
+                CheckSign(i);
+                break;
+            case Node::Block:
+            case Node::Program:
+                CheckUnreachable(i);
+                break;
+            default:
+                break;
+            }
+        }
+    }
+
+private:
+    void CheckIdle(int statement)
+    {
+        const int expression = Tree.Part(statement, 0);
+        const Node &node = Tree.At(expression);
+        const bool isFunction = (Study.MethodOf(expression) && !Study.PropertyOf(expression))
+            || (node.What == Node::Name && Study.Bindings.FunctionOf(expression) >= 0)
+            || node.What == Node::FunctionExpression;
+        // A text may be a directive, a last statement the value of the script.
+        if (node.What == Node::Quoted || isFunction || !Study.IsIdle(expression) || IsPlain(expression))
+            return;
+        const bool compares = node.What == Node::Binary
+            && (node.Text == QLatin1String("==") || node.Text == QLatin1String("==="));
+        Study.Tell(Code::ScriptIdle, expression,
+            compares ? QStringLiteral("This compares and does nothing; = assigns")
+                     : QStringLiteral("This statement has no effect"),
+            compares ? Mend{Study.PlaceOf(expression), node.Text, QStringLiteral("=")} : Mend());
+    }
+
+    /// What somebody may leave standing on purpose: a constant, or a name of the program's own at its end.
+    bool IsPlain(int expression) const
+    {
+        const Node::Kind kind = Tree.At(expression).What;
+        const bool isLast = Tree.At(Tree.Root()).Parts.constLast() == Tree.At(expression).Parent;
+        return kind == Node::Number || kind == Node::Word || kind == Node::Object
+            || (isLast && kind == Node::Name && !Study.Bindings.IsForeign(expression));
+    }
+
+    void CheckIf(int node)
+    {
+        CheckTest(Tree.Part(node, 0), true);
+        const int then = Tree.Part(node, 1);
+        if (Tree.Is(then, Node::Empty) && Study.CodeOf(then) == QLatin1String(";"))
+            Study.Tell(Code::ScriptCondition, then,
+                QStringLiteral("The if ends at this semicolon, and what follows is done in every case"));
+        CheckRepeated(node);
+    }
+
+    /// Brackets of its own tell that an assignment is meant.
+    void CheckTest(int condition, bool always)
+    {
+        CheckFunctionTest(condition);
+        const int assignment = FindAssignment(condition);
+        if (assignment < 0 || Tree.At(assignment).IsInBrackets)
+            return;
+        const int value = Tree.Part(assignment, 1);
+        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Quoted) || Tree.Is(value, Node::Word)
+            || !Study.ConstantOf(value).isNull();
+        if (always || isConstant)
+            Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),
+                {Study.PlaceOf(assignment), QStringLiteral("="), QStringLiteral("==")});
+    }
+
+    /// The assignment that a condition is, or that stands behind && or || in it.
+    int FindAssignment(int condition) const
+    {
+        if (Tree.Is(condition, Node::Assign, "="))
+            return condition;
+        const bool isJoined = Tree.Is(condition, Node::Binary, "&&") || Tree.Is(condition, Node::Binary, "||");
+        return isJoined ? FindAssignment(Tree.Part(condition, 1)) : -1;
+    }
+
+    /// A function is always true; one that may be missing is asked for only by who calls it then.
+    void CheckFunctionTest(int condition)
+    {
+        const int operand = Tree.Is(condition, Node::Prefix, "!") ? Tree.Part(condition, 0) : condition;
+        const int function = Tree.Is(operand, Node::Name) ? Study.Bindings.FunctionOf(operand) : -1;
+        const bool isOwn = Tree.Is(function, Node::FunctionStatement);
+        const bool isAsked = Tree.Is(operand, Node::Member) && Study.MethodOf(operand) && !Study.PropertyOf(operand);
+        const QString code = Study.CodeOf(qMax(0, operand));
+        if (operand < 0 || (!isOwn && !isAsked) || IsCalledIn(Tree.At(condition).Parent, code))
+            return;
+        Study.Tell(Code::ScriptCondition, operand,
+            QStringLiteral("\"%1\" is a function, which is always true until it is called").arg(code));
+    }
+
+    bool IsCalledIn(int node, const QString &code) const
+    {
+        return Study.Contains(
+            node, [&](int i) { return Tree.Is(i, Node::Call) && Study.CodeOf(Tree.Part(i, 0)) == code; });
+    }
+
+    /// The same condition again in a chain of else-ifs.
+    void CheckRepeated(int node)
+    {
+        const int condition = Tree.Part(node, 0);
+        if (!Study.IsIdle(condition))
+            return;
+        const QString code = Study.CodeOf(condition);
+        for (int inner = node, i = 0; i < 50; ++i) {
+            const int outer = Tree.At(inner).Parent;
+            if (!Tree.Is(outer, Node::If) || Tree.Part(outer, 2) != inner)
+                return;
+            if (Study.CodeOf(Tree.Part(outer, 0)) == code) {
+                Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(condition)),
+                    QStringLiteral("The same condition stands before, and this branch never runs"));
+                return;
+            }
+            inner = outer;
+        }
+    }
+
+    void CheckSwitch(int node)
+    {
+        QSet<QString> seen;
+        for (int i = 1; i < Tree.At(node).Parts.size(); ++i) {
+            const int row = Tree.Part(node, i);
+            const int value = Tree.Is(row, Node::Case) ? Tree.Part(row, 0) : -1;
+            const QString constant = value < 0 ? QString() : Study.ConstantOf(value);
+            const QString code = value < 0 ? QString() : constant.isNull() ? Study.CodeOf(value) : constant;
+            if (value >= 0 && seen.contains(code))
+                Study.Tell(Code::ScriptUnreachable, value, QStringLiteral("An earlier case takes this value already"));
+            seen.insert(code);
+            CheckFall(node, i);
+        }
+    }
+
+    /// A case that goes on into the next, which sets the same anew.
+    void CheckFall(int node, int number)
+    {
+        const int row = Tree.Part(node, number);
+        const int next = Tree.Part(node, number + 1);
+        const int last = Tree.At(row).Parts.isEmpty() ? -1 : Tree.At(row).Parts.constLast();
+        const int first = next < 0 ? -1 : Tree.Part(next, Tree.Is(next, Node::Case) ? 1 : 0);
+        const QString target = TargetOf(last);
+        if (!target.isEmpty() && target == TargetOf(first))
+            Study.Tell(Code::ScriptUnreachable, row,
+                QStringLiteral("This case goes on into the next one, which sets \"%1\" anew; a break is missing")
+                    .arg(target));
+    }
+
+    /// What a statement sets: `a = 1` and `a.setValue(1)`.
+    QString TargetOf(int statement) const
+    {
+        const int expression = Tree.Is(statement, Node::Statement) ? Tree.Part(statement, 0) : -1;
+        if (Tree.Is(expression, Node::Assign, "="))
+            return Study.CodeOf(Tree.Part(expression, 0));
+        const int function = Tree.Is(expression, Node::Call) ? Tree.Part(expression, 0) : -1;
+        const bool isSetter = Tree.Is(function, Node::Member) && Tree.At(function).Text.startsWith(QLatin1String("set"))
+            && Tree.At(expression).Parts.size() == 2;
+        return isSetter ? Study.CodeOf(function) : QString();
+    }
+
+    void CheckKeys(int object)
+    {
+        QSet<QString> keys;
+        for (const int pair : Tree.At(object).Parts) {
+            const QString &key = Tree.At(pair).Text;
+            if (keys.contains(key) && !Tree.Is(Tree.Part(pair, 0), Node::FunctionExpression))
+                Study.Tell(Code::ScriptUnreachable, pair,
+                    QStringLiteral("The key \"%1\" stands twice, and the later one counts").arg(key));
+            keys.insert(key);
+        }
+    }
+
+    /// `x =+ 1`
+    void CheckSign(int assignment)
+    {
+        const int value = Tree.Part(assignment, 1);
+        const Node &sign = Tree.At(value);
+        const QString &code = Study.Script.Code();
+        const int index = Tree.At(assignment).Index;
+        const bool isStuck = sign.What == Node::Prefix && sign.Index == index + 1
+            && (sign.Text == QLatin1String("+") || sign.Text == QLatin1String("-"))
+            && Tree.At(assignment).Text == QLatin1String("=") && index + 2 < code.size() && code.at(index + 2).isSpace();
+        if (isStuck)
+            Study.Tell(Code::ScriptAssignment, assignment,
+                QStringLiteral("This assigns what follows; %1= adds to what was there").arg(sign.Text),
+                {Study.PlaceOf(assignment), QLatin1Char('=') + sign.Text, sign.Text + QLatin1Char('=')});
+    }
+
+    void CheckUnreachable(int block)
+    {
+        const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const Node::Kind kind = Tree.At(parts.at(i)).What;
+            const Node::Kind next = Tree.At(parts.at(i + 1)).What;
+            const bool ends = kind == Node::Return || kind == Node::Throw || kind == Node::Break || kind == Node::Continue;
+            if (!ends || next == Node::FunctionStatement || next == Node::Empty)
+                continue;
+            Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                QStringLiteral("Nothing from here on runs"));
+            return;
+        }
+    }
+
+    const ScriptStudy &Study;
+    const ScriptTree &Tree;
+};
+
+} // namespace
+
+void CheckScriptStatements(const ScriptStudy &study)
+{
+    StatementCheck(study).Run();
+}
+
+} // namespace Orbel
