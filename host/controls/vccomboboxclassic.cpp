@@ -2,60 +2,38 @@
 
 #include "editquery.h"
 #include "outofview.h"
+#include "sharedsizes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QProxyStyle>
 #include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace
 {
 
-/// What the room for the items of a box depends on, and how much that is.
-struct Room {
-    auto Look() const { return std::tie(Style, Texts, Font, Direction, Dpi, PixelRatio); }
-
-    QPointer<QStyle> Style;
-    QStringList Texts;
-    QFont Font;
-    Qt::LayoutDirection Direction = Qt::LeftToRight;
-    int Dpi = 0;
-    double PixelRatio = 0;
-    QSize Size;
-};
-
-/// That of the box that was measured last, of any. Never destroyed, since fonts do not outlive the application.
-Room &LastRoom()
+/// The room that the items of a box need, by their texts.
+Orbel::SharedSizes<QStringList> &Rooms()
 {
-    static auto *const last = new Room;
-    return *last;
+    static auto *const rooms = new Orbel::SharedSizes<QStringList>;
+    return *rooms;
 }
 
-/// The room that `measure` finds for a box in the standard look, which the boxes of a form mostly share.
+/// The room that `measure` finds for a box, which boxes of the same texts share.
 template <class Measure> QSize SharedRoom(const QComboBox &box, const Measure &measure)
 {
-    QStyle *const style = box.style();
-    bool isShared = !style->inherits("QStyleSheetStyle") && !qobject_cast<QProxyStyle *>(style); // may look at the box
     QStringList texts;
-    for (int i = 0; i < box.count() && isShared; ++i) {
+    for (int i = 0; i < box.count(); ++i) {
+        if (box.itemData(i, Qt::DecorationRole).isValid())
+            return measure();
         texts.append(box.itemText(i));
-        isShared = !box.itemData(i, Qt::DecorationRole).isValid();
     }
-    if (!isShared)
-        return measure();
-    Room room{style, texts, box.font(), box.layoutDirection(), box.logicalDpiY(), box.devicePixelRatioF(), QSize()};
-    if (room.Look() != LastRoom().Look()) {
-        room.Size = measure();
-        LastRoom() = room;
-    }
-    return LastRoom().Size;
+    return Rooms().Get(box, texts, measure);
 }
 
 } // namespace
@@ -184,7 +162,7 @@ void VCComboBoxClassic::changeEvent(QEvent *event)
     QComboBox::changeEvent(event);
     if (event->type() == QEvent::StyleChange) {
         MinimumHint = QSize();
-        LastRoom() = Room();
+        Rooms().Clear();
     }
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
         Hint = QSize();

@@ -6,6 +6,7 @@
 #include "inputlock.h"
 #include "keptcaret.h"
 #include "outofview.h"
+#include "sharedsizes.h"
 #include "tree.h"
 #include "typingundo.h"
 #include "valuenumeric.h"
@@ -17,6 +18,24 @@
 
 #include <cmath>
 #include <limits>
+#include <tuple>
+#include <typeinfo>
+
+namespace
+{
+
+/// What a hint of a box depends on: whether it is the smaller one, the height of its field, the numbers that it has
+/// room for, and what stands around them.
+using HintContent = std::tuple<bool, int, double, double, int, QString, QString, QString, QLocale, bool,
+    QAbstractSpinBox::ButtonSymbols>;
+
+Orbel::SharedSizes<HintContent> &Hints()
+{
+    static auto *const hints = new Orbel::SharedSizes<HintContent>;
+    return *hints;
+}
+
+} // namespace
 
 VCNumericFloatSpin::VCNumericFloatSpin(QWidget *parent, const char *name, bool keyboardTracking)
     : Orbel::TypedSpinBox(parent)
@@ -123,6 +142,34 @@ void VCNumericFloatSpin::Update(Observable *subject, TChangeCode code)
     ShowNodeAfterEdit();
 }
 
+QSize VCNumericFloatSpin::sizeHint() const
+{
+    return SharedHint(false, lineEdit()->sizeHint().height(), [this] { return Orbel::TypedSpinBox::sizeHint(); });
+}
+
+QSize VCNumericFloatSpin::minimumSizeHint() const
+{
+    return SharedHint(
+        true, lineEdit()->minimumSizeHint().height(), [this] { return Orbel::TypedSpinBox::minimumSizeHint(); });
+}
+
+template <class Base> QSize VCNumericFloatSpin::SharedHint(bool isMinimum, int height, const Base &measure) const
+{
+    // What derives from this may spell its limits in its own way. The base class keeps what it has measured, and does
+    // not hear of all that changes it.
+    if (MeasuredItself || typeid(*this) != typeid(VCNumericFloatSpin))
+        return measure();
+    ensurePolished();
+    const auto measureItself = [&] {
+        MeasuredItself = true;
+        return measure();
+    };
+    return Hints().Get(*this,
+        {isMinimum, height, QDoubleSpinBox::minimum(), QDoubleSpinBox::maximum(), decimals(), prefix(), suffix(),
+            specialValueText(), locale(), hasFrame(), buttonSymbols()},
+        measureItself);
+}
+
 void VCNumericFloatSpin::stepBy(int steps)
 {
     if (!HasStep())
@@ -185,6 +232,13 @@ QAbstractSpinBox::StepEnabled VCNumericFloatSpin::stepEnabled() const
 bool VCNumericFloatSpin::focusNextPrevChild(bool next)
 {
     return !FinishEdit() || Orbel::TypedSpinBox::focusNextPrevChild(next);
+}
+
+void VCNumericFloatSpin::changeEvent(QEvent *event)
+{
+    Orbel::TypedSpinBox::changeEvent(event);
+    if (event->type() == QEvent::StyleChange)
+        Hints().Clear();
 }
 
 void VCNumericFloatSpin::keyPressEvent(QKeyEvent *event)

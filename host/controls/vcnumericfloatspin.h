@@ -68,6 +68,8 @@ public:
     void setEnabled(bool enable);
 
     void Update(Observable *subject, TChangeCode code) override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
     void fixup(QString &) const override { }
     void stepBy(int steps) override;
     bool event(QEvent *event) override;
@@ -86,6 +88,7 @@ protected:
     double Scale() const override { return Number.GetFactor(); }
     StepEnabled stepEnabled() const override;
     bool focusNextPrevChild(bool next) override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -98,6 +101,8 @@ private:
     std::optional<double> PendingNumber() const;
     bool HasStep() const;
     bool Wraps() const;
+
+    template <class Base> QSize SharedHint(bool isMinimum, int height, const Base &measure) const;
 
     bool FinishEdit();
     void DropEdit();
@@ -120,6 +125,8 @@ private:
     double Given = qQNaN();
     double Shown = 0;
     QString ShownText;
+    // The base class keeps a hint.
+    mutable bool MeasuredItself = false;
     // What the operator made of that; what anybody else puts there is no edit.
     QString Typed;
     // The node has another number than the shown one by now, and a pending text keeps it from the screen.

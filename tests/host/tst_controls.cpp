@@ -481,6 +481,74 @@ private Q_SLOTS:
         }
     }
 
+    /// A box that is not quite of the class is measured by itself.
+    void hintsOfSpinBoxesAreThoseOfOneAlone()
+    {
+        struct Alone : VCNumericFloatSpin {
+        };
+        using Box = VCNumericFloatSpin &;
+        const std::unique_ptr<QStyle> windows(QStyleFactory::create("windows"));
+        const std::vector<std::function<void(Box)>> steps{
+            // Qt does not measure both hints anew for these.
+            [](Box box) { box.setLocale(QLocale(QLocale::Arabic, QLocale::Egypt)); },
+            [](Box box) { box.findChild<QLineEdit *>()->setTextMargins(0, 5, 0, 5); },
+            [](Box box) { box.findChild<QLineEdit *>()->setFont(QFont(box.font().family(), 40)); },
+            [](Box box) { box.setButtonSymbols(QAbstractSpinBox::NoButtons); },
+            [](Box box) { box.setFrame(false); },
+            [](Box box) { box.setLayoutDirection(Qt::RightToLeft); },
+            [](Box box) { box.setSuffix(" Hz"); },
+            [](Box box) { box.setSpecialValueText("as the receiver wishes"); },
+            [](Box box) { box.setSuffix("/s"); },
+            // It does for these.
+            [](Box box) { box.setMaximum(99); },
+            [](Box box) { box.setMaximum(12345678); },
+            [](Box box) { box.setMinimum(-7654321); },
+            [](Box box) { box.setMinimum(0); },
+            [](Box box) { box.setAdditionalPrecision(4); },
+            [](Box box) { box.SetFactor(0.001); },
+            [](Box box) { box.setPrefix("about "); },
+            [](Box box) { box.setFont(QFont(box.font().family(), 24)); },
+            [](Box box) { box.setFont(QFont()); },
+            [](Box box) { box.setPalette(QPalette(Qt::red)); },
+            [&](Box box) { box.setStyle(windows.get()); },
+            [](Box box) { box.setStyle(nullptr); },
+            [](Box box) { box.setStyleSheet("QAbstractSpinBox { padding: 9px; font-size: 30pt }"); },
+            [](Box box) { box.setStyleSheet(QString()); },
+        };
+        constexpr size_t unheard = 9;
+        ValueDouble node("n");
+        struct Pair {
+            VCNumericFloatSpin Ours;
+            Alone Other;
+            void Take(const std::function<void(Box)> &step)
+            {
+                step(Ours);
+                step(Other);
+            }
+            bool AreAlike() const
+            {
+                const bool alike = Ours.sizeHint() == Other.sizeHint();
+                return Ours.minimumSizeHint() == Other.minimumSizeHint() && alike;
+            }
+        };
+        for (size_t first = 0; first < steps.size(); ++first) {
+            for (size_t second = 0; second < steps.size(); ++second) {
+                Pair asked;
+                Pair fresh;
+                for (Pair *pair : {&asked, &fresh}) {
+                    pair->Take([&](Box box) { box.SetNumericValue(&node); });
+                    pair->Take(steps[first]);
+                }
+                const QByteArray taken = QString("%1, %2").arg(first).arg(second).toLatin1();
+                QVERIFY2(asked.AreAlike(), taken);
+                asked.Take(steps[second]);
+                QVERIFY2(asked.AreAlike() || second < unheard, taken);
+                fresh.Take(steps[second]);
+                QVERIFY2(fresh.AreAlike(), taken);
+            }
+        }
+    }
+
     void hintsAreNotSharedWhereTheStyleKnowsTheBox()
     {
         struct ByName : QProxyStyle {
