@@ -87,7 +87,7 @@ void Document::Read()
     ErrorOffset = text.midRef(begin, 2) == QLatin1String("</") ? begin : last;
     // Where a document ends too early, its author looks at the last that stands there.
     if (ErrorOffset >= text.size()) {
-        while (ErrorOffset > 0 && (ErrorOffset == text.size() || text.at(ErrorOffset).isSpace()))
+        while (ErrorOffset > 0 && text.at(ErrorOffset - 1).isSpace())
             --ErrorOffset;
     }
     for (const int open : qAsConst(Stack)) {

@@ -40,6 +40,11 @@ public:
             CheckOwnValue(connection);
             CheckClosure(connection);
             CheckHidden(connection);
+            Heard.insert({Study.WidgetOf(connection.Control), connection.Signal}, connection.Function);
+        }
+        for (int i = 0; i < Tree.All().size(); ++i) {
+            if (Tree.Is(i, Node::Call))
+                CheckSilent(i);
         }
     }
 
@@ -180,6 +185,24 @@ private:
                 QStringLiteral("\"%1\" tells the index first, and then the value").arg(connection.Signal));
     }
 
+    /// A setter raises no signal, and at the start nobody calls the handler instead.
+    void CheckSilent(int call)
+    {
+        const int setter = Tree.Part(call, 0);
+        const WidgetEntry *widget = Tree.Is(setter, Node::Member) ? Study.WidgetOf(Tree.Part(setter, 0)) : nullptr;
+        if (!widget || Tree.At(call).Function != Tree.Root())
+            return;
+        const QString signal = Tree.At(setter).Text == QLatin1String("setChecked") ? QStringLiteral("toggled")
+            : Tree.At(setter).Text == QLatin1String("setCurrentValue") ? QStringLiteral("currentValueChanged")
+            : Tree.At(setter).Text == QLatin1String("setValue")        ? QStringLiteral("valueChanged")
+                                                                       : QString();
+        const int handler = signal.isEmpty() ? -1 : Heard.value({widget, signal}, -1);
+        if (handler >= 0 && Study.Bindings.CallsOf(handler).isEmpty() && !Study.Bindings.IsPassedOn(handler))
+            Study.Tell(Code::ScriptSilent, setter,
+                QStringLiteral("\"%1\" raises no %2, and its handler does not run")
+                    .arg(Tree.At(setter).Text, signal));
+    }
+
     /// A handler that binds a control to the value that it has just got.
     void CheckOwnValue(const ScriptConnection &connection)
     {
@@ -279,6 +302,7 @@ private:
     QSet<QPair<int, QString>> Made;
     QSet<QString> OfThis;
     QSet<int> HiddenIn;
+    QHash<QPair<const WidgetEntry *, QString>, int> Heard; ///< Handlers by control and signal.
 };
 
 } // namespace

@@ -301,7 +301,7 @@ private:
         const EnumEntry *rows = Study.ChoicesOf(choice);
         double number = 0;
         if (!rows)
-            return false;
+            return CheckSources(choice, other);
         if (Study.NumberOf(other, &number)) {
             const QString text = Tree.At(other).Text;
             const bool isThere = std::any_of(rows->Values.cbegin(), rows->Values.cend(),
@@ -314,6 +314,26 @@ private:
             return true;
         }
         return TellChoice(*rows, other);
+    }
+
+    /// A parameter that gets choices of several enumerations, and is compared with what one of them does not have.
+    bool CheckSources(int parameter, int constant)
+    {
+        const QString text = Study.ConstantOf(constant);
+        if (text.isNull() || !Tree.Is(parameter, Node::Name) || !Study.Bindings.At(parameter).IsParameter)
+            return false;
+        const QVector<ScriptStudy::Source> sources = Study.ChoicesGivenTo(parameter);
+        const bool isMeant = std::any_of(sources.cbegin(), sources.cend(),
+            [&](const ScriptStudy::Source &source) { return source.Rows && source.Rows->Values.contains(text); });
+        for (const ScriptStudy::Source &source : sources) {
+            if (isMeant && source.Rows && !source.Rows->Values.contains(text) && !ToldSources.contains(source.Node)) {
+                ToldSources.insert(source.Node);
+                Study.Tell(Code::ScriptChoice, source.Node,
+                    QStringLiteral("This gives a choice of \"%1\", and the function asks for \"%2\" of another one")
+                        .arg(source.Rows->Name, text));
+            }
+        }
+        return isMeant;
     }
 
     bool TellChoice(const EnumEntry &rows, int constant)
@@ -526,6 +546,7 @@ private:
 
     const ScriptStudy &Study;
     const ScriptTree &Tree;
+    QSet<int> ToldSources;
 };
 
 } // namespace

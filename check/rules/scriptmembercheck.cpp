@@ -1,6 +1,7 @@
 // How a script uses properties and functions of controls, and its own functions.
 
 #include "propertynames.h"
+#include "scriptbuiltins.h"
 #include "scriptstudy.h"
 
 #include <algorithm>
@@ -104,9 +105,24 @@ private:
         if (Mentioned.contains(name))
             return;
         const QStringList names = Registry::PropertyNames(*widget.Info) + ScriptClass::Of(widget.Class).Names();
+        if (NearestName(name, names).isEmpty() && !IsOfAnyClass(name))
+            return;
         Study.Sink.AddMisspelt(Code::ScriptProperty, Study.PlaceOf(target),
             QStringLiteral("A %1 has no \"%2\", and nobody reads what is assigned to it").arg(widget.Class, name), name,
             names);
+    }
+
+    static bool IsOfAnyClass(const QString &name)
+    {
+        static const QSet<QString> names = [] {
+            QSet<QString> all;
+            for (const ClassInfo &info : Registry::Classes()) {
+                const QStringList own = Registry::PropertyNames(info);
+                all += QSet<QString>(own.cbegin(), own.cend());
+            }
+            return all;
+        }();
+        return names.contains(name);
     }
 
     void CheckUncalled(int expression)
@@ -128,6 +144,13 @@ private:
     {
         const int function = Tree.Part(call, 0);
         const int count = Tree.At(call).Parts.size() - 1;
+        const bool isBuiltin = Study.Bindings.IsForeign(function) && ScriptBuiltins().contains(Tree.At(function).Text)
+            && Tree.At(function).Text != QLatin1String("print");
+        const bool isMath = Tree.Is(function, Node::Member) && Tree.Is(Tree.Part(function, 0), Node::Name, "Math");
+        for (int i = 1; (isBuiltin || isMath) && i <= count; ++i) {
+            if (Study.WidgetOf(Tree.Part(call, i)))
+                CheckKind(Tree.Part(call, i), ValueType::Double, Tree.At(function).Text);
+        }
         if (Tree.Is(function, Node::Name)) {
             CheckOwnCall(call, Study.Bindings.FunctionOf(function), count);
         } else if (const ScriptMethod *method = Study.MethodOf(function)) {
@@ -210,9 +233,15 @@ private:
     {
         const ScriptKind kind = Study.KindOf(value);
         if (kind == ScriptKind::Control || kind == ScriptKind::Function) {
+            const WidgetEntry *widget = Study.WidgetOf(value);
+            const QLatin1String property = widget ? widget->Info->delegate->valueProperty : QLatin1String();
+            const QString name = Study.CodeOf(value);
             Study.Tell(Code::ScriptArgument, value,
                 QStringLiteral("\"%1\" gets %2 itself, not a value")
-                    .arg(wants, QLatin1String(kind == ScriptKind::Control ? "a control" : "a function")));
+                    .arg(wants, QLatin1String(kind == ScriptKind::Control ? "a control" : "a function")),
+                property.isEmpty() || !Tree.Is(value, Node::Name)
+                    ? Mend()
+                    : Mend{Study.PlaceOf(value), name, name + QLatin1Char('.') + property});
             return;
         }
         const QString text = Tree.Is(value, Node::Quoted) ? Study.ConstantOf(value) : QString();

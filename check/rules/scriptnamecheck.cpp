@@ -57,7 +57,8 @@ private:
 
     int PlaceOfName(int node, const QString &name) const
     {
-        const int found = Study.Script.Code().indexOf(name, Tree.At(node).Index);
+        const int word = Tree.IsFunction(node) ? int(qstrlen("function")) : 0;
+        const int found = Study.Script.Code().indexOf(name, Tree.At(node).Index + word);
         return Study.Script.PlaceOf(qMax(found, Tree.At(node).Index));
     }
 

@@ -23,6 +23,8 @@ public:
     void Run()
     {
         for (int i = 0; i < Tree.All().size(); ++i) {
+            if (Tree.Is(i, Node::Binary))
+                CheckCompared(i);
             const int function = Tree.Is(i, Node::Call) ? Tree.Part(i, 0) : -1;
             const WidgetEntry *widget
                 = Tree.Is(function, Node::Member) ? Study.WidgetOf(Tree.Part(function, 0)) : nullptr;
@@ -36,6 +38,27 @@ private:
     {
         return !Study.MaySet(widget, prop::Minimum) && !Study.MaySet(widget, prop::Maximum)
             && !Study.MaySet(widget, prop::DisplayScalingFactor) && !Study.MaySet(widget, prop::UnitScale);
+    }
+
+    /// A value against a number that it never comes to. -1 often stands for no value at all.
+    void CheckCompared(int node)
+    {
+        static const QSet<QString> operations{QStringLiteral("=="), QStringLiteral("!="), QStringLiteral("==="),
+            QStringLiteral("!=="), QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("<="), QStringLiteral(">=")};
+        double number = 0;
+        const int value = Tree.Part(node, 0);
+        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number) || number == -1)
+            return;
+        const WidgetEntry *widget = Study.ValueOf(value);
+        if (!widget || !widget->Has(ekLimits) || !AreFixed(*widget))
+            return;
+        const WidgetNumbers numbers(*widget);
+        const QString fault = BeyondLimits(
+            number, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
+        if (!fault.isEmpty())
+            Study.Tell(Code::ScriptComparison, node,
+                Study.CodeOf(Tree.Part(node, 1)) + fault
+                    + QStringLiteral(" of \"%1\", and this always ends the same way").arg(widget->Name));
     }
 
     void CheckCall(int call, const WidgetEntry &widget, const QString &name)
@@ -60,6 +83,11 @@ private:
 
     void CheckValue(int argument, const WidgetEntry &widget)
     {
+        if (Tree.Is(argument, Node::Conditional)) {
+            CheckValue(Tree.Part(argument, 1), widget);
+            CheckValue(Tree.Part(argument, 2), widget);
+            return;
+        }
         const WidgetNumbers numbers(widget);
         double value = 0;
         if (!Study.NumberOf(argument, &value))

@@ -53,6 +53,8 @@ public:
                 break;
             case Node::Assign:
                 CheckSign(i);
+                CheckGiven(i);
+                CheckLost(i);
                 break;
             case Node::Block:
             case Node::Program:
@@ -90,7 +92,7 @@ private:
         const Node::Kind kind = Tree.At(expression).What;
         const bool isLast = Tree.At(Tree.Root()).Parts.constLast() == Tree.At(expression).Parent;
         return kind == Node::Number || kind == Node::Word || kind == Node::Object
-            || (isLast && kind == Node::Name && !Study.Bindings.IsForeign(expression));
+            || (isLast && kind == Node::Name && !Study.ClassOf(expression));
     }
 
     void CheckIf(int node)
@@ -130,6 +132,7 @@ private:
     /// A function is always true; one that may be missing is asked for only by who calls it then.
     void CheckFunctionTest(int condition)
     {
+        CheckFoundTest(condition);
         const int operand = Tree.Is(condition, Node::Prefix, "!") ? Tree.Part(condition, 0) : condition;
         const int function = Tree.Is(operand, Node::Name) ? Study.Bindings.FunctionOf(operand) : -1;
         const bool isOwn = Tree.Is(function, Node::FunctionStatement);
@@ -141,6 +144,18 @@ private:
             return;
         Study.Tell(Code::ScriptCondition, operand,
             QStringLiteral("\"%1\" is a function, which is always true until it is called").arg(code));
+    }
+
+    /// A place in a text is 0 where it begins with what is looked for, and -1 where it is not there.
+    void CheckFoundTest(int condition)
+    {
+        const int call = Tree.Is(condition, Node::Prefix, "!") ? Tree.Part(condition, 0) : condition;
+        const int function = Tree.Is(call, Node::Call) ? Tree.Part(call, 0) : -1;
+        if (Tree.Is(function, Node::Member, "indexOf") || Tree.Is(function, Node::Member, "lastIndexOf")
+            || Tree.Is(function, Node::Member, "search"))
+            Study.Tell(Code::ScriptCondition, function,
+                QStringLiteral("\"%1\" gives -1 where nothing is found, which is true, and 0 at the beginning")
+                    .arg(Tree.At(function).Text));
     }
 
     /// A control is there or it is not: who asks for that uses it then.
@@ -177,13 +192,43 @@ private:
             const int outer = Tree.At(inner).Parent;
             if (!Tree.Is(outer, Node::If) || Tree.Part(outer, 2) != inner)
                 return;
-            if (Study.CodeOf(Tree.Part(outer, 0)) == code) {
+            if (Study.CodeOf(Tree.Part(outer, 0)) == code || IsCovered(Tree.Part(outer, 0), condition)) {
                 Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(condition)),
-                    QStringLiteral("The same condition stands before, and this branch never runs"));
+                    QStringLiteral("A condition before is true for all of these, and this branch never runs"));
                 return;
             }
             inner = outer;
         }
+    }
+
+    struct Bound {
+        QString Asked;
+        bool IsAbove = false;
+        bool IsIncluded = false;
+        double Number = 0;
+    };
+    /// `a > 10`
+    bool ReadBound(int condition, Bound *bound) const
+    {
+        const QString text = Tree.Is(condition, Node::Binary) ? Tree.At(condition).Text : QString();
+        bound->IsAbove = text.startsWith(QLatin1Char('>'));
+        bound->IsIncluded = text.endsWith(QLatin1Char('='));
+        bound->Asked = Study.CodeOf(qMax(0, Tree.Part(condition, 0)));
+        return (text == QLatin1String(">") || text == QLatin1String("<") || text == QLatin1String(">=")
+                   || text == QLatin1String("<="))
+            && Study.NumberOf(Tree.Part(condition, 1), &bound->Number);
+    }
+
+    /// Whether a condition is true only where an earlier one is, too.
+    bool IsCovered(int earlier, int condition) const
+    {
+        Bound first;
+        Bound second;
+        if (!ReadBound(earlier, &first) || !ReadBound(condition, &second) || first.Asked != second.Asked
+            || first.IsAbove != second.IsAbove)
+            return false;
+        const double further = first.IsAbove ? second.Number - first.Number : first.Number - second.Number;
+        return further > 0 || (further == 0 && (first.IsIncluded || !second.IsIncluded));
     }
 
     void CheckSwitch(int node)
@@ -251,6 +296,38 @@ private:
         if (isSame)
             Study.Tell(Code::ScriptIdle, function,
                 QStringLiteral("\"%1\" is set to what it is").arg(Study.CodeOf(argument)));
+    }
+
+    /// `a.setEnabled(value = 1)`
+    void CheckGiven(int assignment)
+    {
+        const int call = Tree.At(assignment).Parent;
+        const int value = Tree.Part(assignment, 1);
+        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word)
+            || !Study.ConstantOf(value).isNull();
+        if (Tree.Is(call, Node::Call) && Tree.Part(call, 0) != assignment && isConstant
+            && !Tree.At(assignment).IsInBrackets && Tree.At(assignment).Text == QLatin1String("="))
+            Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),
+                {Study.PlaceOf(assignment), QStringLiteral("="), QStringLiteral("==")});
+    }
+
+    /// A parameter that is set, and which nobody reads then.
+    void CheckLost(int assignment)
+    {
+        const int target = Tree.Part(assignment, 0);
+        if (!Tree.Is(target, Node::Name) || !Study.Bindings.At(target).IsParameter
+            || !Tree.Is(Tree.At(assignment).Parent, Node::Statement))
+            return;
+        const ScriptVariable &variable = Study.Bindings.At(target);
+        bool isLooped = false;
+        for (int i = assignment; i != variable.Function && i >= 0; i = Tree.At(i).Parent)
+            isLooped = isLooped || Tree.IsLoop(i) || (Tree.IsFunction(i) && i != variable.Function);
+        const bool isRead = std::any_of(
+            variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
+        if (!isRead && !isLooped
+            && !Study.Contains(variable.Function, [&](int i) { return Tree.Is(i, Node::Name, "arguments"); }))
+            Study.Tell(Code::ScriptIdle, assignment,
+                QStringLiteral("Nobody reads \"%1\" after this; a parameter is a value of its own").arg(variable.Name));
     }
 
     /// `x =+ 1`

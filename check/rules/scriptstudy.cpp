@@ -175,17 +175,53 @@ const EnumEntry *ScriptStudy::ChoicesOf(int node) const
         return nullptr;
     if (const int value = SingleValueOf(node); value >= 0)
         return Tree.Is(value, Node::Member) ? ChoicesOf(value) : nullptr;
+    const QVector<Source> sources = ChoicesGivenTo(node);
+    const EnumEntry *rows = sources.isEmpty() ? nullptr : sources.constFirst().Rows;
+    const bool isOne = rows
+        && std::all_of(sources.cbegin(), sources.cend(), [rows](const Source &each) { return each.Rows == rows; });
+    return isOne && !rows->Rows.isEmpty() ? rows : nullptr;
+}
+
+const WidgetEntry *ScriptStudy::ValueOf(int node, int depth) const
+{
+    constexpr int mostDepth = 6;
+    if (node < 0 || depth > mostDepth)
+        return nullptr;
+    if (Tree.Is(node, Node::Member) && Tree.At(node).Text == prop::Value)
+        return WidgetOf(Tree.Part(node, 0));
+    const int function = Tree.Is(node, Node::Call) ? Tree.Part(node, 0) : -1;
+    if (Tree.Is(function, Node::Name, "Number") || Tree.Is(function, Node::Name, "parseInt")
+        || Tree.Is(function, Node::Name, "parseFloat"))
+        return ValueOf(Tree.Part(node, 1), depth + 1);
+    if (!Tree.Is(node, Node::Name))
+        return nullptr;
+    if (const int value = SingleValueOf(node); value >= 0)
+        return ValueOf(value, depth + 1);
     const Sources sources = SourcesOf(node);
-    QVector<const EnumEntry *> rows;
+    QVector<const WidgetEntry *> widgets;
+    for (const ScriptConnection &connection : sources.Signals) {
+        const bool isValue = connection.Signal == QLatin1String("valueChanged") && sources.Place == 0;
+        const WidgetEntry *widget = isValue ? WidgetOf(connection.Control) : nullptr;
+        widgets.append(widget && !widget->Has(ekItems) ? widget : nullptr);
+    }
+    for (const int argument : sources.Arguments)
+        widgets.append(ValueOf(argument, depth + 1));
+    return !widgets.isEmpty() && widgets.count(widgets.constFirst()) == widgets.size() ? widgets.constFirst() : nullptr;
+}
+
+QVector<ScriptStudy::Source> ScriptStudy::ChoicesGivenTo(int parameter) const
+{
+    QVector<Source> given;
+    const Sources sources = SourcesOf(parameter);
     for (const ScriptConnection &connection : sources.Signals) {
         const WidgetEntry *widget = WidgetOf(connection.Control);
         const bool isChoice = widget && connection.Signal == QLatin1String("currentValueChanged");
-        rows.append(isChoice ? Form.FindEnum(widget->TextOf(prop::EnumName)) : nullptr);
+        given.append({Tree.At(connection.Call).Parts.constLast(),
+            isChoice ? Form.FindEnum(widget->TextOf(prop::EnumName)) : nullptr});
     }
     for (const int argument : sources.Arguments)
-        rows.append(Tree.Is(argument, Node::Member) ? ChoicesOf(argument) : nullptr);
-    const bool isOne = !rows.isEmpty() && rows.count(rows.constFirst()) == rows.size() && rows.constFirst();
-    return isOne && !rows.constFirst()->Rows.isEmpty() ? rows.constFirst() : nullptr;
+        given.append({argument, Tree.Is(argument, Node::Member) ? ChoicesOf(argument) : nullptr});
+    return given;
 }
 
 QString ScriptStudy::ConstantOf(int node) const

@@ -57,9 +57,17 @@ public:
     /// The stated property that a Member means; null for anything else.
     const PropertyEntry *PropertyOf(int member) const;
 
+    /// The control whose value an expression gives, by whatever names and hands it went; null when that cannot be told.
+    const WidgetEntry *ValueOf(int node) const { return ValueOf(node, 0); }
     ScriptKind KindOf(int node) const { return node < 0 ? ScriptKind::Any : Kinds.at(node); }
     /// The enumeration whose values the expression gives; null when it is no choice.
     const EnumEntry *ChoicesOf(int node) const;
+    /// What gives a parameter its value: a handler in a connection, or an argument of a call.
+    struct Source {
+        int Node;
+        const EnumEntry *Rows; ///< Null for what is no choice.
+    };
+    QVector<Source> ChoicesGivenTo(int parameter) const;
     /// A text that stands in the script, or a row of an enumeration; null when there is none.
     QString ConstantOf(int node) const;
     /// A number that stands in the script, perhaps with a sign.
@@ -106,6 +114,7 @@ private:
         explicit operator bool() const { return !Signals.isEmpty() || !Arguments.isEmpty(); }
     };
     Sources SourcesOf(int name) const;
+    const WidgetEntry *ValueOf(int node, int depth) const;
     int SingleValueOf(int name) const;
 
     QVector<ScriptKind> Kinds;

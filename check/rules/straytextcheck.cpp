@@ -41,15 +41,6 @@ void CheckComment(const FormModel &form, const XmlToken &token, bool isInScript,
             QStringLiteral("The script is nothing but this comment"));
 }
 
-/// In a script that cannot be read, what a section that ends too early leaves over.
-void CheckSection(const FormModel &form, const XmlToken &rest, FindingSink &sink)
-{
-    const int letter = FirstLetter(form.Doc.Text(), rest.From, rest.To);
-    if (letter < rest.To && sink.Has(Code::ScriptSyntax))
-        sink.Add(Code::ScriptSyntax, form.Doc.PlaceAt(letter),
-            QStringLiteral("The section of the script ends before this; part ]]> by blanks"));
-}
-
 } // namespace
 
 void CheckStrayText(const FormModel &form, FindingSink &sink)
@@ -59,7 +50,6 @@ void CheckStrayText(const FormModel &form, FindingSink &sink)
     if (text.contains(QLatin1String("<!ENTITY")))
         return;
     QStringList open;
-    XmlToken::Kind before = XmlToken::Text;
     for (const XmlToken &token : ScanXml(text)) {
         const QStringRef raw = text.midRef(token.From, token.To - token.From);
         if (token.What == XmlToken::StartTag)
@@ -69,9 +59,6 @@ void CheckStrayText(const FormModel &form, FindingSink &sink)
         const bool isInScript = !open.isEmpty() && open.constLast() == element::Script;
         if (token.What == XmlToken::Comment)
             CheckComment(form, token, isInScript && form.Script >= 0, sink);
-        else if (token.What == XmlToken::Text && before == XmlToken::Section && isInScript)
-            CheckSection(form, token, sink);
-        before = token.What;
         const bool isText = token.What == XmlToken::Text || token.What == XmlToken::Section;
         const bool isBetween = isText && std::all_of(open.cbegin(), open.cend(), HoldsElements);
         // A property that holds text in place of a value is told for that.

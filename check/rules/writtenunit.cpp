@@ -8,6 +8,9 @@ namespace Orbel
 WrittenUnit WrittenUnit::Of(const QString &text)
 {
     const QString unit = text.trimmed();
+    // Levels against different references are different units.
+    if (unit.startsWith(QLatin1String("dB")) && !unit.contains(QLatin1Char(' ')))
+        return {QString(unit).replace(QChar(0xb5), QLatin1Char('u')).replace(QChar(0x3bc), QLatin1Char('u')), 1};
     for (const char *name : {"Hz", "Bd", "bit/s", "bit", "W", "V", "A", "m", "s", "B"}) {
         const QLatin1String base(name);
         const bool isHertz = base == QLatin1String("Hz") && unit.endsWith(base, Qt::CaseInsensitive);
