@@ -4,7 +4,7 @@
 #include "scriptstudy.h"
 #include "widgetnumbers.h"
 
-#include <algorithm>
+#include <cmath>
 
 namespace Orbel
 {
@@ -40,14 +40,14 @@ private:
             && !Study.MaySet(widget, prop::DisplayScalingFactor) && !Study.MaySet(widget, prop::UnitScale);
     }
 
-    /// A value against a number that it never comes to. -1 often stands for no value at all.
+    /// A value against a number that it never comes to. 0, 1 and -1 often stand for a value or none.
     void CheckCompared(int node)
     {
         static const QSet<QString> operations{QStringLiteral("=="), QStringLiteral("!="), QStringLiteral("==="),
             QStringLiteral("!=="), QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("<="), QStringLiteral(">=")};
         double number = 0;
         const int value = Tree.Part(node, 0);
-        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number) || number == -1)
+        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number) || std::abs(number) <= 1)
             return;
         const WidgetEntry *widget = Study.ValueOf(value);
         if (!widget || !widget->Has(ekLimits) || !AreFixed(*widget))
