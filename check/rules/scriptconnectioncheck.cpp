@@ -36,6 +36,8 @@ public:
             if (connection.Function < 0)
                 continue;
             CheckThis(connection);
+            CheckIndex(connection);
+            CheckOwnValue(connection);
             CheckClosure(connection);
             CheckHidden(connection);
         }
@@ -92,7 +94,7 @@ private:
         }
         const int function = Study.Bindings.FunctionOf(handler);
         const int parameters = function < 0 ? 0 : Tree.At(function).Parts.size() - 1;
-        if (parameters > method.Most() && Study.Needs(function, method.Most()) && Study.Bindings.CallsOf(function) == 0)
+        if (parameters > method.Most() && Study.Needs(function, method.Most()) && Study.Bindings.CallsOf(function).isEmpty())
             Study.Tell(Code::ScriptHandler, Tree.Part(function, method.Most()),
                 QStringLiteral("\"%1\" tells %2, and this parameter stays undefined")
                     .arg(Tree.At(signal).Text,
@@ -144,7 +146,7 @@ private:
 
     void CheckThis(const ScriptConnection &connection)
     {
-        if (Tree.At(connection.Call).Parts.size() != 2 || Study.Bindings.CallsOf(connection.Function) > 0)
+        if (Tree.At(connection.Call).Parts.size() != 2 || !Study.Bindings.CallsOf(connection.Function).isEmpty())
             return;
         for (int i = Tree.FirstInside(connection.Function); i < connection.Function; ++i) {
             const int member = Tree.At(i).Parent;
@@ -161,6 +163,40 @@ private:
                 isMeant && Tree.Is(connection.Control, Node::Name)
                     ? Mend{Study.PlaceOf(i), QStringLiteral("this"), Study.NameOf(connection.Control)}
                     : Mend());
+        }
+    }
+
+    /// Lists tell the index first.
+    void CheckIndex(const ScriptConnection &connection)
+    {
+        const WidgetEntry *widget = Study.WidgetOf(connection.Control);
+        const ScriptMethod *signal = widget ? ScriptClass::Of(widget->Class).Find(connection.Signal) : nullptr;
+        const QVector<int> &parts = Tree.At(connection.Function).Parts;
+        if (!signal || !widget->Has(ekItems) || signal->Most() != 2 || parts.size() != 2)
+            return;
+        const QString name = Tree.At(parts.constFirst()).Text.toLower();
+        if (name == QLatin1String("v") || name.endsWith(QLatin1String("value")) || name == QLatin1String("text"))
+            Study.Tell(Code::ScriptHandler, parts.constFirst(),
+                QStringLiteral("\"%1\" tells the index first, and then the value").arg(connection.Signal));
+    }
+
+    /// A handler that binds a control to the value that it has just got.
+    void CheckOwnValue(const ScriptConnection &connection)
+    {
+        const WidgetEntry *widget = Study.WidgetOf(connection.Control);
+        const int parameter = Tree.Part(connection.Function, 0);
+        if (!widget || !Tree.Is(parameter, Node::Parameter) || !connection.Signal.endsWith(QLatin1String("hanged")))
+            return;
+        for (int i = Tree.FirstInside(connection.Function); i < connection.Function; ++i) {
+            const int function = Tree.Is(i, Node::Call) ? Tree.Part(i, 0) : -1;
+            const int argument = Tree.Part(i, 1);
+            const QString name = Tree.Is(function, Node::Member) ? Tree.At(function).Text : QString();
+            const bool isLimit = name == QLatin1String("setMinimum") || name == QLatin1String("setMaximum");
+            if (isLimit && Tree.Is(argument, Node::Name)
+                && Study.Bindings.NumberOf(argument) == Study.Bindings.NumberOf(parameter)
+                && Study.WidgetOf(Tree.Part(function, 0)) == widget)
+                Study.Tell(Code::ScriptHandler, Tree.Part(function, 0),
+                    QStringLiteral("\"%1\" limits itself to the value that it has just got").arg(widget->Name));
         }
     }
 

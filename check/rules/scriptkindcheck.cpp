@@ -47,6 +47,8 @@ public:
                 CheckAssign(i);
             else if (node.What == Node::Binary && IsOne(node.Text, {"==", "!=", "===", "!=="}))
                 CheckEqual(i);
+            else if (node.What == Node::Binary && IsOne(node.Text, {"&&", "||"}))
+                CheckJoined(i);
             else if (node.What == Node::Binary && IsOne(node.Text, {"<", ">", "<=", ">="}))
                 CheckOrder(i);
             else if (node.What == Node::Binary && node.Text == QLatin1String("+"))
@@ -102,7 +104,7 @@ private:
             return;
         }
         if (TellMisused(Left(node), Right(node), Code::ScriptComparison)
-            || TellMisused(Right(node), Left(node), Code::ScriptComparison) || TellSame(node))
+            || TellMisused(Right(node), Left(node), Code::ScriptComparison) || TellSame(node) || TellNegated(node))
             return;
         if (CheckChoice(Left(node), Right(node), isStrict) || CheckChoice(Right(node), Left(node), isStrict))
             return;
@@ -110,6 +112,72 @@ private:
         TellNever(node, Right(node), Left(node), isStrict);
         CheckTypeName(Left(node), Right(node));
         CheckTypeName(Right(node), Left(node));
+    }
+
+    /// `!a == b` asks whether (!a) is b.
+    bool TellNegated(int node)
+    {
+        const int left = Left(node);
+        double number = 0;
+        const bool isValue = !Study.ConstantOf(Right(node)).isNull() || Study.NumberOf(Right(node), &number)
+            || KindOf(Right(node)) == ScriptKind::Text;
+        if (!Tree.Is(left, Node::Prefix, "!") || Tree.At(left).IsInBrackets || !isValue)
+            return false;
+        const QString &text = Tree.At(node).Text;
+        const QString code = Study.CodeOf(node);
+        Study.Tell(Code::ScriptComparison, left,
+            QStringLiteral("! is about \"%1\" alone, and its truth value is compared")
+                .arg(Study.CodeOf(Left(left))),
+            text.startsWith(QLatin1Char('='))
+                ? Mend{Study.PlaceOf(left), code,
+                      Study.CodeOf(Left(left)) + QLatin1String(" !") + text.mid(1) + QLatin1Char(' ')
+                          + Study.CodeOf(Right(node))}
+                : Mend());
+        return true;
+    }
+
+    /// The sides of a comparison with a constant.
+    bool ReadCompared(int node, const char *operation, QString *asked, QString *constant) const
+    {
+        double number = 0;
+        const bool fits = Tree.Is(node, Node::Binary)
+            && (Tree.At(node).Text == QLatin1String(operation)
+                || Tree.At(node).Text == QLatin1String(operation) + QLatin1Char('='));
+        if (!fits || !Study.IsIdle(node))
+            return false;
+        *asked = Study.CodeOf(Left(node));
+        *constant = Study.NumberOf(Right(node), &number) ? QString::number(number) : Study.ConstantOf(Right(node));
+        return !constant->isNull();
+    }
+
+    /// `a != 1 || a != 2` is always true, `a == 1 && a == 2` never.
+    void CheckJoined(int node)
+    {
+        const bool isOr = Tree.At(node).Text == QLatin1String("||");
+        const char *const operation = isOr ? "!=" : "==";
+        QString first[2];
+        QString second[2];
+        const int left = Tree.Is(Left(node), Node::Binary, isOr ? "||" : "&&") ? Right(Left(node)) : Left(node);
+        if (ReadCompared(left, operation, &first[0], &first[1])
+            && ReadCompared(Right(node), operation, &second[0], &second[1]) && first[0] == second[0]
+            && first[1] != second[1])
+            Study.Tell(Code::ScriptComparison, left,
+                isOr ? QStringLiteral("One of the two always differs, so that this is true for any value")
+                     : QStringLiteral("\"%1\" is never both, so that this is never true").arg(first[0]));
+        CheckConstantSide(node);
+    }
+
+    /// `a == 1 || 2`: the second is no comparison.
+    void CheckConstantSide(int node)
+    {
+        double number = 0;
+        const int left = Left(node);
+        const bool isCompared = Tree.Is(left, Node::Binary) && IsOne(Tree.At(left).Text, {"==", "===", "!=", "!=="});
+        const bool isConstant = !Study.ConstantOf(Right(node)).isNull() || Study.NumberOf(Right(node), &number);
+        if (isCompared && isConstant)
+            Study.Tell(Code::ScriptCondition, Right(node),
+                QStringLiteral("\"%1\" is compared with nothing here, and decides by itself")
+                    .arg(Study.CodeOf(Right(node))));
     }
 
     void TellNever(int node, int one, int other, bool isStrict)
@@ -125,6 +193,12 @@ private:
         else if ((a == ScriptKind::Number || a == ScriptKind::NumberText) && isWord)
             Study.Tell(
                 Code::ScriptComparison, node, QStringLiteral("A number never equals the text \"%1\"").arg(text));
+        else if (a == ScriptKind::Nothing && Tree.Is(one, Node::Member) && IsGivenConstant(other, b))
+            Study.Tell(Code::ScriptComparison, node,
+                QStringLiteral("\"%1\" is not stated, and undefined when the script starts").arg(Study.CodeOf(one)));
+        else if (Tree.Is(one, Node::Binary, "/") && IsWhole(Right(one)) && IsWhole(other))
+            Study.Tell(Code::ScriptComparison, node,
+                QStringLiteral("A division keeps its rest; Math.floor() drops it"));
         else if (isStrict && a == ScriptKind::NumberText && b == ScriptKind::Number && !IsNumberBy(one))
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral("\"%1\" is a text until it is set, and %2 never takes a text for a number")
@@ -136,6 +210,18 @@ private:
         else if (isStrict && a == ScriptKind::Number && b == ScriptKind::Text)
             Study.Tell(
                 Code::ScriptComparison, node, QStringLiteral("%1 never takes a number for a text").arg(operation));
+    }
+
+    /// What undefined never equals, and is not meant to stand for.
+    bool IsGivenConstant(int node, ScriptKind kind) const
+    {
+        return kind == ScriptKind::Text || kind == ScriptKind::Number || Tree.Is(node, Node::Word, "false");
+    }
+
+    bool IsWhole(int node) const
+    {
+        double number = 0;
+        return Study.NumberOf(node, &number) && number != 0 && number == double(int(number));
     }
 
     Mend MendBool(int, int text, const QString &word) const
@@ -152,7 +238,7 @@ private:
         if (!widget || Tree.At(node).Text != prop::Value)
             return Study.ChoicesOf(node) == nullptr && !Tree.Is(node, Node::Member) && function != Tree.Root();
         const QVector<ScriptConnection> connections = Study.ConnectionsOf(function);
-        return !connections.isEmpty() && Study.Bindings.CallsOf(function) == 0
+        return !connections.isEmpty() && Study.Bindings.CallsOf(function).isEmpty()
             && !Study.Bindings.RunsAtStart(function)
             && std::all_of(connections.cbegin(), connections.cend(), [&](const ScriptConnection &each) {
                    return Study.WidgetOf(each.Control) == widget;
@@ -332,6 +418,8 @@ private:
     {
         if (TellMisused(Left(node), Right(node), Code::ScriptSum) || TellMisused(Right(node), Left(node), Code::ScriptSum))
             return;
+        CheckTextNumber(node);
+        CheckUndefined(node);
         const bool isPart = KindOf(Left(node)) == ScriptKind::NumberText || KindOf(Right(node)) == ScriptKind::NumberText;
         if (TellAppended(node) || !isPart || IsAmongTexts(node))
             return;
@@ -342,6 +430,31 @@ private:
                 TellTextSum(side);
                 return;
             }
+        }
+    }
+
+    /// A text of the definition that is a number, plus a number.
+    void CheckTextNumber(int node)
+    {
+        const PropertyEntry *stated = Tree.Is(Left(node), Node::Member) ? Study.PropertyOf(Left(node)) : nullptr;
+        if (stated && KindOf(Left(node)) == ScriptKind::Text && Tree.Is(Right(node), Node::Number)
+            && !stated->Text.isEmpty() && IsNumberText(stated->Text) && !IsAmongOtherTexts(node))
+            TellTextSum(Left(node));
+    }
+
+    bool IsAmongOtherTexts(int node) const
+    {
+        const int outer = Tree.At(node).Parent;
+        return Tree.Is(outer, Node::Binary, "+") && !Tree.At(node).IsInBrackets;
+    }
+
+    void CheckUndefined(int node)
+    {
+        for (const int side : {Left(node), Right(node)}) {
+            if (KindOf(side) == ScriptKind::Nothing && Tree.Is(side, Node::Member))
+                Study.Tell(Code::ScriptSum, side,
+                    QStringLiteral("\"%1\" is not stated, and undefined when the script starts")
+                        .arg(Study.CodeOf(side)));
         }
     }
 

@@ -34,6 +34,8 @@ public:
         for (int i = 0; i < Tree.All().size(); ++i) {
             if (Tree.Is(i, Node::For))
                 CheckFor(i);
+            else if (Tree.Is(i, Node::ForIn))
+                CheckKeys(i);
             else if (Tree.Is(i, Node::While))
                 CheckEnd(i, Tree.Part(i, 0));
             else if (Tree.Is(i, Node::Do))
@@ -102,7 +104,7 @@ private:
     {
         const ScriptVariable &variable = Study.Bindings.At(name);
         const bool isSet = std::any_of(variable.Sets.cbegin(), variable.Sets.cend(),
-            [&](int set) { return set == loop || Tree.IsInside(set, loop); });
+            [&](int set) { return set == loop || (Tree.IsInside(set, loop) && !IsStart(set, loop)); });
         const bool calls = Study.Contains(loop, [this](int i) { return Tree.Is(i, Node::Call) || Tree.Is(i, Node::New); });
         if (isSet || (hasMembers && (calls || SetsMembers(loop))))
             return true;
@@ -112,6 +114,9 @@ private:
         return calls && (isOutside || !variable.IsMade);
     }
 
+    /// Whether a node stands where a `for` begins.
+    bool IsStart(int node, int loop) const { return Tree.Is(loop, Node::For) && Tree.IsInside(node, Tree.Part(loop, 0)); }
+
     bool SetsMembers(int loop) const
     {
         return Study.Contains(loop, [this](int i) {
@@ -120,6 +125,28 @@ private:
                 : -1;
             return Tree.Is(target, Node::Member) || Tree.Is(target, Node::Item);
         });
+    }
+
+    /// `for (var i in list)` gives indices; who never uses them as such takes them for the items.
+    void CheckKeys(int loop)
+    {
+        const int head = Tree.Part(loop, 0);
+        const int name = Tree.Is(head, Node::Variables) ? Tree.Part(head, 0) : head;
+        const int list = Tree.Part(loop, 1);
+        const bool isVariable = Tree.Is(list, Node::Name) && Study.Bindings.At(list).Sets.size() == 1;
+        const int set = isVariable ? Study.Bindings.At(list).Sets.constFirst() : -1;
+        const bool isArray = Tree.Is(list, Node::Array)
+            || (Tree.Is(set, Node::Declarator) && Tree.Is(Tree.Part(set, 0), Node::Array));
+        if (!isArray || Study.Bindings.NumberOf(name) < 0)
+            return;
+        const QVector<int> &reads = Study.Bindings.At(name).Reads;
+        const bool isIndex = reads.isEmpty() || std::any_of(reads.cbegin(), reads.cend(), [this](int read) {
+            const int outer = Tree.At(read).Parent;
+            return (Tree.Is(outer, Node::Item) && Tree.Part(outer, 1) == read) || Tree.Is(outer, Node::Call);
+        });
+        if (!isIndex)
+            Study.Tell(Code::ScriptIndex, list,
+                QStringLiteral("This gives the indices of the list, as texts, and not its items"));
     }
 
     /// 1 and -1 for a step up and down; 0 for anything else.
@@ -227,12 +254,11 @@ private:
         const int function = Tree.Part(call, 0);
         const WidgetEntry *widget = Tree.Is(function, Node::Member) ? Study.WidgetOf(Tree.Part(function, 0)) : nullptr;
         const ScriptMethod *method = widget ? Study.MethodOf(function) : nullptr;
-        const QString &name = Tree.At(function).Text;
-        if (!method || !(name.contains(QLatin1String("item"), Qt::CaseInsensitive)
-                || name.contains(QLatin1String("spacingValue"), Qt::CaseInsensitive)
-                || name.contains(QLatin1String("shiftValue"), Qt::CaseInsensitive)))
-            return;
-        Calls.append(call);
+        static const QSet<QString> indexed{QStringLiteral("itemValue"), QStringLiteral("setItemValue"),
+            QStringLiteral("spacingValue"), QStringLiteral("setSpacingValue"), QStringLiteral("shiftValue"),
+            QStringLiteral("setShiftValue")};
+        if (method && indexed.contains(Tree.At(function).Text))
+            Calls.append(call);
     }
 
     void CheckItem(int item)
@@ -269,15 +295,19 @@ private:
                     return;
                 }
             }
+            // Of a list that shows, that it has no items is told already.
+            if (!widget.Has(ekShown) && WidgetNumbers(widget).Reads(prop::ItemCount))
+                CheckIndex(Tree.Part(call, 1), widget, prop::ItemCount);
         }
     }
 
     void CheckIndex(int index, const WidgetEntry &widget, QLatin1String property)
     {
         const Number count = WidgetNumbers(widget).NumberOf(property);
-        if (count && !Study.MaySet(widget, property))
+        if ((count || !widget.States(property)) && !Study.MaySet(widget, property))
             CheckAgainst(index, widget.Name + QLatin1Char('.') + property, count.Value,
-                QStringLiteral("\"%1\" has %2 of %3").arg(widget.Name, property, count.Text));
+                QStringLiteral("\"%1\" has %2 of %3")
+                    .arg(widget.Name, property, count ? count.Text : QStringLiteral("0")));
     }
 
     void CheckRow(int index, const WidgetEntry &widget)

@@ -132,6 +132,11 @@ private:
             CheckOwnCall(call, Study.Bindings.FunctionOf(function), count);
         } else if (const ScriptMethod *method = Study.MethodOf(function)) {
             CheckCount(call, *method, count);
+            const WidgetEntry *widget = Study.WidgetOf(Tree.Part(function, 0));
+            if (widget && widget->Class == QLatin1String("TableWidget")
+                && Tree.At(function).Text == QLatin1String("setItemValue"))
+                Study.Tell(Code::TableUnshown, function,
+                    QStringLiteral("\"%1\" keeps and writes this, and does not show it").arg(widget->Name));
             for (int i = 0; i < count; ++i)
                 CheckArgument(Tree.Part(call, i + 1), method->TypeOf(i, count), Tree.At(function).Text);
         } else if (IsProperty(function) && !Study.IsGuarded(function)) {

@@ -42,12 +42,22 @@ public:
             case Node::Object:
                 CheckKeys(i);
                 break;
+            case Node::Call:
+                CheckOwnValue(i);
+                break;
+            case Node::Number:
+                if (Tree.At(i).Text.size() > 1 && Tree.At(i).Text.startsWith(QLatin1Char('0'))
+                    && Tree.At(i).Text.at(1).isDigit())
+                    Study.Tell(Code::ScriptOctal, i,
+                        QStringLiteral("%1 begins with 0, and counts by eights").arg(Tree.At(i).Text));
+                break;
             case Node::Assign:
                 CheckSign(i);
                 break;
             case Node::Block:
             case Node::Program:
                 CheckUnreachable(i);
+                CheckMargins(i);
                 break;
             default:
                 break;
@@ -125,10 +135,29 @@ private:
         const bool isOwn = Tree.Is(function, Node::FunctionStatement);
         const bool isAsked = Tree.Is(operand, Node::Member) && Study.MethodOf(operand) && !Study.PropertyOf(operand);
         const QString code = Study.CodeOf(qMax(0, operand));
+        if (operand >= 0 && CheckControlTest(operand, Tree.At(condition).Parent))
+            return;
         if (operand < 0 || (!isOwn && !isAsked) || IsCalledIn(Tree.At(condition).Parent, code))
             return;
         Study.Tell(Code::ScriptCondition, operand,
             QStringLiteral("\"%1\" is a function, which is always true until it is called").arg(code));
+    }
+
+    /// A control is there or it is not: who asks for that uses it then.
+    bool CheckControlTest(int operand, int statement)
+    {
+        const WidgetEntry *widget = Study.WidgetOf(operand);
+        const QString code = Study.CodeOf(operand);
+        const bool isUsed = widget && Study.Contains(statement, [&](int i) {
+            return Tree.Is(i, Node::Member) && Study.CodeOf(Tree.Part(i, 0)) == code;
+        });
+        if (!widget || isUsed)
+            return false;
+        const QLatin1String value = widget->Info->delegate->valueProperty;
+        Study.Tell(Code::ScriptCondition, operand,
+            QStringLiteral("\"%1\" is the control itself, which is always true").arg(code),
+            value.isEmpty() ? Mend() : Mend{Study.PlaceOf(operand), code, code + QLatin1Char('.') + value});
+        return true;
     }
 
     bool IsCalledIn(int node, const QString &code) const
@@ -210,6 +239,20 @@ private:
         }
     }
 
+    /// `a.setValue(a.value)`
+    void CheckOwnValue(int call)
+    {
+        const int function = Tree.Part(call, 0);
+        const int argument = Tree.Part(call, 1);
+        const bool isSame = Tree.Is(function, Node::Member) && Tree.Is(argument, Node::Member)
+            && Tree.At(call).Parts.size() == 2 && Study.WidgetOf(Tree.Part(function, 0))
+            && Study.WidgetOf(Tree.Part(function, 0)) == Study.WidgetOf(Tree.Part(argument, 0))
+            && Tree.At(function).Text == SetterOf(Tree.At(argument).Text);
+        if (isSame)
+            Study.Tell(Code::ScriptIdle, function,
+                QStringLiteral("\"%1\" is set to what it is").arg(Study.CodeOf(argument)));
+    }
+
     /// `x =+ 1`
     void CheckSign(int assignment)
     {
@@ -238,6 +281,43 @@ private:
             Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
                 QStringLiteral("Nothing from here on runs"));
             return;
+        }
+    }
+
+    /// What stands in front of a node in its line, when that is blank; null otherwise.
+    QString MarginOf(int node) const
+    {
+        const QString &code = Study.Script.Code();
+        const int start = Tree.StartOf(node);
+        const int line = code.lastIndexOf(QLatin1Char('\n'), start - 1) + 1;
+        const QString margin = start == 0 ? QString() : code.mid(line, start - line);
+        return margin.trimmed().isEmpty() ? margin + QLatin1String("") : QString();
+    }
+
+    /// The one statement that depends on a condition or a loop without braces; -1 for others.
+    int DependentOf(int statement) const
+    {
+        const QVector<int> &parts = Tree.At(statement).Parts;
+        const bool depends = Tree.Is(statement, Node::If) || Tree.Is(statement, Node::For)
+            || Tree.Is(statement, Node::ForIn) || Tree.Is(statement, Node::While);
+        const int last = depends ? parts.constLast() : -1;
+        return last < 0 || Tree.Is(last, Node::Block) || Tree.Is(last, Node::If) || Tree.Is(last, Node::Empty) ? -1 : last;
+    }
+
+    /// A statement that stands as if it depended on the condition above.
+    void CheckMargins(int block)
+    {
+        const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const int dependent = DependentOf(parts.at(i));
+            if (dependent < 0)
+                continue;
+            const QString margin = MarginOf(dependent);
+            const QString outer = MarginOf(parts.at(i));
+            if (!margin.isNull() && !outer.isNull() && margin != outer && margin.startsWith(outer)
+                && MarginOf(parts.at(i + 1)) == margin)
+                Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                    QStringLiteral("This is done in every case; only the statement before depends on the condition"));
         }
     }
 

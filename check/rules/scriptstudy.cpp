@@ -128,38 +128,39 @@ void ScriptStudy::FindConnections()
     }
 }
 
-bool ScriptStudy::SignalOf(int name, QVector<ScriptConnection> *connections, int *argument) const
+ScriptStudy::Sources ScriptStudy::SourcesOf(int name) const
 {
+    constexpr int mostCalls = 20;
+    Sources sources;
     const ScriptVariable &variable = Bindings.At(name);
-    if (!variable.IsParameter || !variable.Sets.isEmpty() || Bindings.CallsOf(variable.Function) > 0
-        || Bindings.RunsAtStart(variable.Function))
-        return false;
-    *connections = ConnectionsOf(variable.Function);
+    if (!variable.IsParameter || !variable.Sets.isEmpty() || Bindings.IsPassedOn(variable.Function))
+        return sources;
     const QVector<int> &parts = Tree.At(variable.Function).Parts;
     for (int i = 0; i < parts.size(); ++i) {
         if (Tree.Is(parts.at(i), Node::Parameter) && Tree.At(parts.at(i)).Text == variable.Name)
-            *argument = i;
+            sources.Place = i;
     }
-    return !connections->isEmpty();
+    const QVector<int> calls = Bindings.CallsOf(variable.Function);
+    if (calls.size() > mostCalls)
+        return sources;
+    sources.Signals = ConnectionsOf(variable.Function);
+    for (const int call : calls)
+        sources.Arguments.append(Tree.Part(call, sources.Place + 1));
+    return sources;
 }
 
 ScriptKind ScriptStudy::KindOfParameter(int node) const
 {
-    QVector<ScriptConnection> connections;
-    int argument = 0;
-    if (!SignalOf(node, &connections, &argument))
-        return ScriptKind::Any;
-    ScriptKind kind = ScriptKind::Any;
-    for (int i = 0; i < connections.size(); ++i) {
-        const ScriptClass *known = ClassOf(connections.at(i).Control);
-        const ScriptMethod *signal = known ? known->Find(connections.at(i).Signal) : nullptr;
-        const ScriptKind each
-            = signal ? KindOfType(signal->TypeOf(argument, signal->Most())) : ScriptKind::Any;
-        if (i > 0 && each != kind)
-            return ScriptKind::Any;
-        kind = each;
+    const Sources sources = SourcesOf(node);
+    QVector<ScriptKind> kinds;
+    for (const ScriptConnection &connection : sources.Signals) {
+        const ScriptClass *known = ClassOf(connection.Control);
+        const ScriptMethod *signal = known ? known->Find(connection.Signal) : nullptr;
+        kinds.append(signal ? KindOfType(signal->TypeOf(sources.Place, signal->Most())) : ScriptKind::Any);
     }
-    return kind;
+    for (const int argument : sources.Arguments)
+        kinds.append(KindOf(argument));
+    return !kinds.isEmpty() && kinds.count(kinds.constFirst()) == kinds.size() ? kinds.constFirst() : ScriptKind::Any;
 }
 
 const EnumEntry *ScriptStudy::ChoicesOf(int node) const
@@ -174,20 +175,17 @@ const EnumEntry *ScriptStudy::ChoicesOf(int node) const
         return nullptr;
     if (const int value = SingleValueOf(node); value >= 0)
         return Tree.Is(value, Node::Member) ? ChoicesOf(value) : nullptr;
-    QVector<ScriptConnection> connections;
-    int argument = 0;
-    if (!SignalOf(node, &connections, &argument))
-        return nullptr;
-    const EnumEntry *rows = nullptr;
-    for (const ScriptConnection &connection : connections) {
+    const Sources sources = SourcesOf(node);
+    QVector<const EnumEntry *> rows;
+    for (const ScriptConnection &connection : sources.Signals) {
         const WidgetEntry *widget = WidgetOf(connection.Control);
         const bool isChoice = widget && connection.Signal == QLatin1String("currentValueChanged");
-        const EnumEntry *each = isChoice ? Form.FindEnum(widget->TextOf(prop::EnumName)) : nullptr;
-        if (!each || (rows && each != rows))
-            return nullptr;
-        rows = each;
+        rows.append(isChoice ? Form.FindEnum(widget->TextOf(prop::EnumName)) : nullptr);
     }
-    return rows && !rows->Rows.isEmpty() ? rows : nullptr;
+    for (const int argument : sources.Arguments)
+        rows.append(Tree.Is(argument, Node::Member) ? ChoicesOf(argument) : nullptr);
+    const bool isOne = !rows.isEmpty() && rows.count(rows.constFirst()) == rows.size() && rows.constFirst();
+    return isOne && !rows.constFirst()->Rows.isEmpty() ? rows.constFirst() : nullptr;
 }
 
 QString ScriptStudy::ConstantOf(int node) const
@@ -340,6 +338,11 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
         return here.Text == QLatin1String("length") ? ScriptKind::Number : ScriptKind::Any;
     const PropertyInfo *known = Registry::FindProperty(*widget->Info, here.Text);
     const PropertyEntry *stated = PropertyOf(node);
+    const bool isOwn = known && (known->name == widget->Info->delegate->valueProperty) && known->name != prop::Text
+        && known->name != prop::Checked;
+    if (known && !stated && !isOwn && (known->type == ValueType::Text || known->type == ValueType::Bool)
+        && RunsBeforeAll(here.Function) && !MaySet(*widget, known->name))
+        return ScriptKind::Nothing;
     if (!known || !stated)
         return ScriptKind::Any;
     switch (known->type) {
@@ -355,6 +358,12 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
     default:
         return ScriptKind::Any;
     }
+}
+
+/// Whether code runs when the script starts, and not because somebody has changed something.
+bool ScriptStudy::RunsBeforeAll(int function) const
+{
+    return function == Tree.Root() || (Bindings.RunsAtStart(function) && ConnectionsOf(function).isEmpty());
 }
 
 ScriptKind ScriptStudy::KindOfCall(int node) const

@@ -93,13 +93,19 @@ private:
     ScriptKind FindKind(int node) const;
     ScriptKind KindOfName(int node) const;
     ScriptKind KindOfMember(int node) const;
+    bool RunsBeforeAll(int function) const;
     ScriptKind KindOfCall(int node) const;
     ScriptKind KindOfBinary(int node) const;
     ScriptKind KindOfVariable(const ScriptVariable &variable) const;
     ScriptKind KindOfParameter(int node) const;
-    /// The argument that a parameter of a handler gets: the signal and the number of the argument; false when the
-    /// function has other callers.
-    bool SignalOf(int name, QVector<ScriptConnection> *connections, int *argument) const;
+    /// Where a parameter gets its values from, as far as that is known.
+    struct Sources {
+        QVector<ScriptConnection> Signals;
+        QVector<int> Arguments; ///< Of calls; -1 for one that is left out.
+        int Place = 0; ///< Among the parameters.
+        explicit operator bool() const { return !Signals.isEmpty() || !Arguments.isEmpty(); }
+    };
+    Sources SourcesOf(int name) const;
     int SingleValueOf(int name) const;
 
     QVector<ScriptKind> Kinds;
@@ -122,6 +128,7 @@ void CheckScriptNumbers(const ScriptStudy &study);
 void CheckScriptKinds(const ScriptStudy &study);
 void CheckScriptStatements(const ScriptStudy &study);
 void CheckScriptLoops(const ScriptStudy &study);
+void CheckScriptObjects(const ScriptStudy &study);
 void CheckScriptNames(const ScriptStudy &study);
 
 } // namespace Orbel

@@ -14,7 +14,7 @@ void CheckScriptUse(const FormModel &form, FindingSink &sink)
     if (!study.Tree.IsWhole())
         return;
     constexpr ScriptRule rules[] = {CheckScriptNames, CheckScriptMembers, CheckScriptConnections, CheckScriptNumbers,
-        CheckScriptKinds, CheckScriptStatements, CheckScriptLoops};
+        CheckScriptKinds, CheckScriptObjects, CheckScriptStatements, CheckScriptLoops};
     for (const ScriptRule rule : rules)
         rule(study);
 }

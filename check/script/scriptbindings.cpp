@@ -143,10 +143,15 @@ void ScriptBindings::FindStarted()
         if (function < 0 || parent < 0)
             continue;
         const bool isCalled = (Tree.Is(parent, Node::Call) || Tree.Is(parent, Node::New)) && Tree.Part(parent, 0) == i;
-        Calls[function] += isCalled ? 1 : 0;
+        if (isCalled)
+            Calls[function].append(parent);
         const bool isArgument = Tree.Is(parent, Node::Call) && !isCalled && !IsConnection(parent);
         const bool isMember = Tree.Is(parent, Node::Member); // call, apply, bind
-        if (isCalled || isArgument || isMember || Tree.Is(parent, Node::Array) || Tree.Is(parent, Node::Pair))
+        const bool isKept = Tree.Is(parent, Node::Array) || Tree.Is(parent, Node::Pair) || Tree.Is(parent, Node::Return);
+        const bool isGiven = Tree.Is(parent, Node::Assign) && Tree.Is(Tree.Part(parent, 0), Node::Member);
+        if (isArgument || isMember || isKept || isGiven)
+            PassedOn.insert(function);
+        if (isCalled || isArgument || isMember || isKept)
             mentions[Tree.At(i).Function].append(function);
     }
     QVector<int> fresh{Tree.Root()};

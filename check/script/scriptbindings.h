@@ -37,8 +37,10 @@ public:
     int FunctionOf(int node) const;
     /// Whether a function may run while the script itself does.
     bool RunsAtStart(int function) const { return AtStart.contains(function); }
-    /// How many calls by its own name a function has.
-    int CallsOf(int function) const { return Calls.value(function); }
+    /// The calls of a function by its own name.
+    QVector<int> CallsOf(int function) const { return Calls.value(function); }
+    /// Whether a function is handed over to somebody else than a signal, who may call it with anything.
+    bool IsPassedOn(int function) const { return PassedOn.contains(function); }
     /// Whether a call only makes or ends a connection.
     bool IsConnection(int call) const;
 
@@ -57,7 +59,8 @@ private:
     QHash<QPair<int, QString>, int> Numbers;
     QHash<int, int> Means;
     QSet<int> AtStart;
-    QHash<int, int> Calls;
+    QHash<int, QVector<int>> Calls;
+    QSet<int> PassedOn;
 };
 
 } // namespace Orbel

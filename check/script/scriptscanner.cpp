@@ -19,6 +19,7 @@ public:
             Step();
         return Tokens;
     }
+    const QVector<int> &GetComments() const { return Comments; }
 
 private:
     QChar Here(int ahead = 0) const { return At + ahead < Code.size() ? Code.at(At + ahead) : QChar(); }
@@ -34,7 +35,7 @@ private:
         if (character.isSpace())
             ++At;
         else if (character == QLatin1Char('/') && Here(1) == QLatin1Char('/'))
-            SkipTo(QLatin1String("\n"));
+            Comments.append(At), SkipTo(QLatin1String("\n"));
         else if (character == QLatin1Char('/') && Here(1) == QLatin1Char('*'))
             SkipTo(QLatin1String("*/"));
         else if (character == QLatin1Char('"') || character == QLatin1Char('\'') || StartsExpression())
@@ -108,9 +109,17 @@ private:
     const QString &Code;
     int At = 0;
     QVector<ScriptToken> Tokens;
+    QVector<int> Comments; ///< That end with their line.
 };
 
 } // namespace
+
+QVector<int> LineComments(const QString &code)
+{
+    Scanner scanner(code);
+    scanner.Run();
+    return scanner.GetComments();
+}
 
 QVector<ScriptToken> ScanScript(const QString &code)
 {

@@ -19,5 +19,7 @@ struct ScriptToken {
 /// Names and marks of a script, without comments and white space; texts, numbers and regular expressions count as
 /// literals. Meant for code that the engine takes.
 ORBEL_CHECK_INTERNAL QVector<ScriptToken> ScanScript(const QString &code);
+/// Where the comments begin that end with their line.
+ORBEL_CHECK_INTERNAL QVector<int> LineComments(const QString &code);
 
 } // namespace Orbel
