@@ -43,15 +43,29 @@ QString Amount(double amount, bool bytes)
     return QStringLiteral("%1 ms").arg(amount / 1e6, 0, 'f', 1);
 }
 
-QString Goal(double goal)
+/// The goals of a column, for the sizes of the table.
+QString Told(const QVector<Goal> &goals, double Goal::*number, const QVector<int> &sizes)
 {
-    return goal > 0 ? QString::number(goal) : QString();
+    QStringList told;
+    for (const Goal &goal : goals) {
+        if (goal.*number > 0 && sizes.contains(goal.size))
+            told << QString::number(goal.*number)
+                    + (told.isEmpty() ? QString() : QStringLiteral(" at %1").arg(goal.size));
+    }
+    return told.join(QLatin1String(", "));
+}
+
+double MustAt(const Row &row, int size)
+{
+    const auto goal
+        = std::find_if(row.goals.begin(), row.goals.end(), [size](const Goal &each) { return each.size == size; });
+    return goal == row.goals.end() ? 0 : goal->must;
 }
 
 QString RatioText(const Row &row, int size, const Cell &cell)
 {
     QString text = QString::number(cell.ratio, 'f', 2);
-    if (row.must > 0 && size == row.goalSize && cell.ratio > row.must)
+    if (MustAt(row, size) > 0 && cell.ratio > MustAt(row, size))
         text += QLatin1String(" (!)");
     if (cell.spread > AllowedSpread)
         text += QLatin1String(" (~)");
@@ -92,6 +106,23 @@ Cell Compare(const Measured &ours, const Measured &peer, int repeats)
     return {Median(oursTaken), Median(peerTaken), Median(ratios), std::max(Spread(oursTaken), Spread(peerTaken))};
 }
 
+QStringList Broken(const Row &row)
+{
+    QStringList broken;
+    for (const auto &cell : row.cells) {
+        const double must = MustAt(row, cell.first);
+        const double ratio = cell.second.ratio;
+        if (must > 0 && ratio > must * cell.second.spread)
+            broken << QStringLiteral("%1, at %2: %3 is over %4, and turns spread %5 times only")
+                          .arg(row.title)
+                          .arg(cell.first)
+                          .arg(ratio, 0, 'f', 2)
+                          .arg(must)
+                          .arg(cell.second.spread, 0, 'f', 2);
+    }
+    return broken;
+}
+
 QString Heading(const QVector<int> &sizes)
 {
     QStringList fields{QStringLiteral("Ratio"), QStringLiteral("must"), QStringLiteral("aim")};
@@ -107,14 +138,14 @@ QString Heading(const QVector<int> &sizes)
 
 QString Line(const Row &row, const QVector<int> &sizes)
 {
-    QStringList fields{row.title, Goal(row.must), Goal(row.aim)};
+    QStringList fields{row.title, Told(row.goals, &Goal::must, sizes), Told(row.goals, &Goal::aim, sizes)};
     QStringList amounts{QString(), QString(), QString()};
     for (int size : sizes) {
         const auto cell = std::find_if(
             row.cells.begin(), row.cells.end(), [size](const QPair<int, Cell> &made) { return made.first == size; });
         fields << (cell == row.cells.end() ? QString() : RatioText(row, size, cell->second));
         // The amounts are those of the size that the goals count for.
-        if (cell != row.cells.end() && size == row.goalSize)
+        if (cell != row.cells.end() && size == row.goals.constFirst().size)
             amounts = QStringList{Amount(cell->second.ours, row.bytes), Amount(cell->second.peer, row.bytes),
                 QString::number(cell->second.spread, 'f', 2)};
     }

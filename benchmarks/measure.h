@@ -1,7 +1,7 @@
 #pragma once
 
 #include <functional>
-#include <QString>
+#include <QStringList>
 #include <QVector>
 
 /// How two pieces of work are measured side by side, and how the result is printed.
@@ -27,15 +27,23 @@ struct Cell {
 /// Measures in turns, after one turn that does not count.
 Cell Compare(const Measured &ours, const Measured &peer, int repeats);
 
-/// One line of the table. A goal of 0 is none; goals count for `goalSize`.
-struct Row {
-    QString title;
+/// What a ratio must not exceed in a form of so many controls, and what it should come to. A must of 0 is none.
+struct Goal {
+    int size = 1000;
     double must = 0;
     double aim = 0;
-    int goalSize = 1000;
+};
+
+/// One line of the table. The amounts that it tells are those at the size of the first goal.
+struct Row {
+    QString title;
+    QVector<Goal> goals;
     bool bytes = false;
     QVector<QPair<int, Cell>> cells;
 };
+
+/// The row's cells that break their must by more than they spread, each told in a line; empty for none.
+QStringList Broken(const Row &row);
 
 /// The heading of a table in Markdown for these sizes.
 QString Heading(const QVector<int> &sizes);

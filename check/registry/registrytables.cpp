@@ -13,7 +13,10 @@ namespace
 
 namespace prop = KV218::prop;
 
-// Words of the rows.
+/// Words of the rows.
+namespace word
+{
+
 constexpr QLatin1String None;
 constexpr unsigned Field = ekRow | ekShown | ekWrites;
 constexpr unsigned Number = Field | ekLimits;
@@ -22,6 +25,8 @@ const char TextBecomesValue[] = "The element's text becomes the value.";
 const char ItemsByIndex[]
     = "Items land by their attribute \"index\", or one behind the other; the element name of an item is not "
       "looked at, and items beyond the count are dropped.";
+
+} // namespace word
 
 struct Rows {
     QVector<PropertyInfo> Common;
@@ -64,6 +69,7 @@ private:
 
 Rows ReadRows()
 {
+    using namespace word;
     RowReader reader;
     // clang-format off
 #define ORBEL_PROPERTIES(group) QVector<PropertyInfo> group; reader.Begin(group);

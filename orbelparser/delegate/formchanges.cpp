@@ -12,7 +12,7 @@ namespace KV218
 {
 
 // How often to look whether the event loop of a host's command has come to its end.
-static constexpr int MillisecondsOfLoop = 50;
+static constexpr int MillisecondsBetweenLooks = 50;
 
 FormChanges::FormChanges(FormLife *life) : Life(life), History(life)
 {
@@ -147,7 +147,7 @@ void FormChanges::Tell()
     Due = false;
     const CallScope call(Life);
     if (!History.PushAtRest() && !std::exchange(Due, true))
-        QTimer::singleShot(MillisecondsOfLoop, this, &FormChanges::Tell);
+        QTimer::singleShot(MillisecondsBetweenLooks, this, &FormChanges::Tell);
     Settle();
     History.SpellEntries();
     Q_EMIT changed();

@@ -339,6 +339,7 @@ private Q_SLOTS:
         add("widget without a name", Definition("<Widget class='Separator'/>" + b), Definition(b + "<Widget class='Separator'/>"), "moved widget b  > 1-1");
         add("sheet", Definition("<Properties><Property name='x'><Int>1</Int></Property></Properties>"), Definition(""), "gone sheet  property x 1> 1-1");
         add("rows", Definition("", Enum("E", "A=1 B=2 C=3")), Definition("", Enum("E", "C=3 A=4 D=1")), "added enumeration E row 4 >A,  1-1|changed enumeration E row 1 A, >D,  1-1|gone enumeration E row 2 B, > 1-1|moved enumeration E rows > 1-1");
+        add("rows of one value", Definition("", Enum("E", "A=1 B=1")), Definition("", Enum("E", "A=1 C=1")), "changed enumeration E row 1 B, >C,  1-1");
         add("script", script("1;\n2;\n3;\n4;"), script("1;\n5;\n4;"), "changed script   2;\n3;>5; 3-3");
         add("script that comes", Definition(""), script("1;"), "added script   >1; 0-2");
         // clang-format on
