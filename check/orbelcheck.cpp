@@ -121,7 +121,8 @@ private:
         const ScriptSourceMap script(definition, FormModel(definition, FormOf(definition)).Script);
         const QString &code = script.Code();
         for (const int comment : LineComments(code)) {
-            const int end = code.indexOf(QLatin1Char('\n'), comment) < 0 ? code.size() : code.indexOf(QLatin1Char('\n'), comment);
+            const int end
+                = code.indexOf(QLatin1Char('\n'), comment) < 0 ? code.size() : code.indexOf(QLatin1Char('\n'), comment);
             for (int i = comment; i < end; ++i) {
                 const QChar written = list.Text().at(script.PlaceOf(i));
                 if (written != QLatin1Char('\n') || code.mid(i, end - i).trimmed().isEmpty())

@@ -268,6 +268,8 @@ QString InspectorDock::OriginOf(const QString &property) const
 void InspectorDock::ShowSignals()
 {
     const OrbelDelegate *const control = Bench.FindControl(Name);
+    const FormSource::Widget *const widget = Bench.GetSource().Find(Name);
+    const QString className = widget ? widget->Class : QString();
     for (const QString &signature : MembersOf(control->metaObject(), QObject::staticMetaObject).Signals) {
         const QString name = signature.section(QLatin1Char('('), 0, 0);
         QStringList handlers;
@@ -282,6 +284,8 @@ void InspectorDock::ShowSignals()
                 receivers = qMax(receivers, Receivers::Of(*control, method));
         }
         QTreeWidgetItem *const row = RowOf(Signals, signature);
+        // A tooltip shows no Markdown.
+        row->setToolTip(0, Registry::MeaningOf(className, signature).remove(QLatin1Char('`')));
         Put(row, 1, QString::number(receivers));
         Put(row, 2,
             handlers.isEmpty() ? (receivers > 0 ? tr("unknown") : QString()) : handlers.join(QLatin1Char('\n')));

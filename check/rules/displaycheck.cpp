@@ -75,7 +75,9 @@ private:
         if (!isDouble) {
             if (place && step > 0 && !IsWhole(step))
                 Tell(Code::PlacesLost, *place,
-                    QStringLiteral("A step changes \"%1\" by %2, and it holds whole numbers").arg(Widget.Name).arg(step));
+                    QStringLiteral("A step changes \"%1\" by %2, and it holds whole numbers")
+                        .arg(Widget.Name)
+                        .arg(step));
             return;
         }
         if (!Widget.Writes() || (!decimals && Widget.States(prop::Decimals)))
@@ -103,10 +105,11 @@ private:
             Tell(Code::StepBeyond, *step.Property,
                 QStringLiteral("A step of %1 is more than the range from %2 to %3")
                     .arg(step.Text, minimum.Text, maximum.Text));
-        const bool isLocked = Widget.IsTrue(prop::ReadOnly)
-            || (Widget.States(prop::Enabled) && !Widget.IsTrue(prop::Enabled));
+        const bool isLocked
+            = Widget.IsTrue(prop::ReadOnly) || (Widget.States(prop::Enabled) && !Widget.IsTrue(prop::Enabled));
         if (range == 0 && !isLocked && minimum.Property && maximum.Property)
-            Tell(Code::LimitSingle, *maximum.Property, QStringLiteral("\"%1\" can only be %2").arg(Widget.Name, maximum.Text));
+            Tell(Code::LimitSingle, *maximum.Property,
+                QStringLiteral("\"%1\" can only be %2").arg(Widget.Name, maximum.Text));
     }
 
     /// The unit that the node counts in, and the property that says so; null where the class does.
@@ -166,10 +169,10 @@ private:
             Tell(Code::TextBeyond, *most.Property, QStringLiteral("Nothing can be typed into \"%1\"").arg(Widget.Name));
         else if (most && text && text->Text.size() > most.Value && mask.isEmpty())
             Tell(Code::TextBeyond, *text,
-                QStringLiteral("\"%1\" has more than the %2 characters of \"%3\"").arg(text->Text, most.Text, Widget.Name));
+                QStringLiteral("\"%1\" has more than the %2 characters of \"%3\"")
+                    .arg(text->Text, most.Text, Widget.Name));
         else if (text && !FitsInputMask(text->Text, mask))
-            Tell(Code::TextBeyond, *text,
-                QStringLiteral("\"%1\" does not fit the mask \"%2\"").arg(text->Text, mask));
+            Tell(Code::TextBeyond, *text, QStringLiteral("\"%1\" does not fit the mask \"%2\"").arg(text->Text, mask));
     }
 
     void CheckTable()

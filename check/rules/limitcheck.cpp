@@ -86,7 +86,8 @@ private:
             && start.Value > Numbers.LimitOf(prop::Minimum).Value + 1;
         if (isWithoutStop && !ScriptMayMoveRange())
             Tell(Code::LimitReversed, start,
-                QStringLiteral("The range begins at %1 and has no stopFrequency, which counts as its minimum").arg(start.Text));
+                QStringLiteral("The range begins at %1 and has no stopFrequency, which counts as its minimum")
+                    .arg(start.Text));
         if (start && stop && start.Value >= stop.Value && !ScriptMayMoveRange())
             Tell(Code::LimitReversed, start,
                 QStringLiteral("The range begins at %1, not below its end %2").arg(start.Text, stop.Text));

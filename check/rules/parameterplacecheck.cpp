@@ -129,7 +129,8 @@ private:
     {
         const QString stated = widget.TextOf(prop::ParameterXmlTag);
         if (stated.startsWith(QLatin1Char('/')) || stated.contains(QLatin1String("//")))
-            Sink.Add(Code::PathEmpty, PlaceOfPath(widget), QStringLiteral("The empty part of the path counts for nothing"));
+            Sink.Add(
+                Code::PathEmpty, PlaceOfPath(widget), QStringLiteral("The empty part of the path counts for nothing"));
         QString path;
         for (const QString &part : parts) {
             path += QLatin1Char('/') + part;

@@ -99,7 +99,8 @@ private:
         }
         const int function = Study.Bindings.FunctionOf(handler);
         const int parameters = function < 0 ? 0 : Tree.At(function).Parts.size() - 1;
-        if (parameters > method.Most() && Study.Needs(function, method.Most()) && Study.Bindings.CallsOf(function).isEmpty())
+        if (parameters > method.Most() && Study.Needs(function, method.Most())
+            && Study.Bindings.CallsOf(function).isEmpty())
             Study.Tell(Code::ScriptHandler, Tree.Part(function, method.Most()),
                 QStringLiteral("\"%1\" tells %2, and this parameter stays undefined")
                     .arg(Tree.At(signal).Text,
@@ -161,8 +162,8 @@ private:
             const ScriptClass *control = Study.ClassOf(connection.Control);
             const WidgetEntry *widget = Study.WidgetOf(connection.Control);
             const QString &name = Tree.At(member).Text;
-            const bool isMeant = (control && control->Find(name))
-                || (widget && Registry::FindProperty(*widget->Info, name));
+            const bool isMeant
+                = (control && control->Find(name)) || (widget && Registry::FindProperty(*widget->Info, name));
             Study.Tell(Code::ScriptThis, i,
                 QStringLiteral("In a handler this is not the control, and has no \"%1\"").arg(name),
                 isMeant && Tree.Is(connection.Control, Node::Name)

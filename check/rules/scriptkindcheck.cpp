@@ -68,8 +68,10 @@ private:
     {
         if (KindOf(node) == ScriptKind::Control)
             return QStringLiteral("\"%1\" is the control itself, not its value").arg(Study.CodeOf(node));
-        const bool isFunction = KindOf(node) == ScriptKind::Function && (Tree.Is(node, Node::Member) || IsOwnFunction(node));
-        return isFunction ? QStringLiteral("\"%1\" is a function, and is not called").arg(Study.CodeOf(node)) : QString();
+        const bool isFunction
+            = KindOf(node) == ScriptKind::Function && (Tree.Is(node, Node::Member) || IsOwnFunction(node));
+        return isFunction ? QStringLiteral("\"%1\" is a function, and is not called").arg(Study.CodeOf(node))
+                          : QString();
     }
 
     bool IsOwnFunction(int node) const { return Tree.Is(node, Node::Name) && Study.Bindings.FunctionOf(node) >= 0; }
@@ -126,13 +128,11 @@ private:
         const QString &text = Tree.At(node).Text;
         const QString code = Study.CodeOf(node);
         Study.Tell(Code::ScriptComparison, left,
-            QStringLiteral("! is about \"%1\" alone, and its truth value is compared")
-                .arg(Study.CodeOf(Left(left))),
-            text.startsWith(QLatin1Char('='))
-                ? Mend{Study.PlaceOf(left), code,
-                      Study.CodeOf(Left(left)) + QLatin1String(" !") + text.mid(1) + QLatin1Char(' ')
-                          + Study.CodeOf(Right(node))}
-                : Mend());
+            QStringLiteral("! is about \"%1\" alone, and its truth value is compared").arg(Study.CodeOf(Left(left))),
+            text.startsWith(QLatin1Char('=')) ? Mend{Study.PlaceOf(left), code,
+                Study.CodeOf(Left(left)) + QLatin1String(" !") + text.mid(1) + QLatin1Char(' ')
+                    + Study.CodeOf(Right(node))}
+                                              : Mend());
         return true;
     }
 
@@ -191,14 +191,13 @@ private:
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral("A truth value never equals the text \"%1\"").arg(text), MendBool(node, other, text));
         else if ((a == ScriptKind::Number || a == ScriptKind::NumberText) && isWord)
-            Study.Tell(
-                Code::ScriptComparison, node, QStringLiteral("A number never equals the text \"%1\"").arg(text));
+            Study.Tell(Code::ScriptComparison, node, QStringLiteral("A number never equals the text \"%1\"").arg(text));
         else if (a == ScriptKind::Nothing && Tree.Is(one, Node::Member) && IsGivenConstant(other, b))
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral("\"%1\" is not stated, and undefined when the script starts").arg(Study.CodeOf(one)));
         else if (Tree.Is(one, Node::Binary, "/") && IsWhole(Right(one)) && IsWhole(other))
-            Study.Tell(Code::ScriptComparison, node,
-                QStringLiteral("A division keeps its rest; Math.floor() drops it"));
+            Study.Tell(
+                Code::ScriptComparison, node, QStringLiteral("A division keeps its rest; Math.floor() drops it"));
         else if (isStrict && a == ScriptKind::NumberText && b == ScriptKind::Number && !IsNumberBy(one))
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral("\"%1\" is a text until it is set, and %2 never takes a text for a number")
@@ -240,9 +239,8 @@ private:
         const QVector<ScriptConnection> connections = Study.ConnectionsOf(function);
         return !connections.isEmpty() && Study.Bindings.CallsOf(function).isEmpty()
             && !Study.Bindings.RunsAtStart(function)
-            && std::all_of(connections.cbegin(), connections.cend(), [&](const ScriptConnection &each) {
-                   return Study.WidgetOf(each.Control) == widget;
-               });
+            && std::all_of(connections.cbegin(), connections.cend(),
+                [&](const ScriptConnection &each) { return Study.WidgetOf(each.Control) == widget; });
     }
 
     bool TellSame(int node)
@@ -278,7 +276,8 @@ private:
                 QStringLiteral("The truth value of the comparison in front is compared; write && between two"));
             return;
         }
-        const bool areTexts = KindOf(Left(node)) == ScriptKind::NumberText && KindOf(Right(node)) == ScriptKind::NumberText;
+        const bool areTexts
+            = KindOf(Left(node)) == ScriptKind::NumberText && KindOf(Right(node)) == ScriptKind::NumberText;
         if (areTexts && !IsNumberBy(Left(node)) && !IsNumberBy(Right(node)))
             Study.Tell(Code::ScriptTextOrder, node,
                 QStringLiteral("\"%1\" and \"%2\" are texts until they are set, and compared letter by letter")
@@ -379,7 +378,8 @@ private:
     {
         const ScriptKind other = KindOf(value);
         const bool isText = kind == ScriptKind::NumberText && other == ScriptKind::Number && !IsNumberBy(asked);
-        const bool never = isText || (kind == ScriptKind::Bool && (other == ScriptKind::Text || other == ScriptKind::Number))
+        const bool never = isText
+            || (kind == ScriptKind::Bool && (other == ScriptKind::Text || other == ScriptKind::Number))
             || (kind == ScriptKind::Number && other == ScriptKind::Text);
         if (never)
             Study.Tell(Code::ScriptComparison, value,
@@ -436,16 +436,19 @@ private:
 
     void CheckSum(int node)
     {
-        if (TellMisused(Left(node), Right(node), Code::ScriptSum) || TellMisused(Right(node), Left(node), Code::ScriptSum))
+        if (TellMisused(Left(node), Right(node), Code::ScriptSum)
+            || TellMisused(Right(node), Left(node), Code::ScriptSum))
             return;
         CheckTextNumber(node);
         CheckUndefined(node);
-        const bool isPart = KindOf(Left(node)) == ScriptKind::NumberText || KindOf(Right(node)) == ScriptKind::NumberText;
+        const bool isPart
+            = KindOf(Left(node)) == ScriptKind::NumberText || KindOf(Right(node)) == ScriptKind::NumberText;
         if (TellAppended(node) || !isPart || IsAmongTexts(node))
             return;
         for (const int side : {Left(node), Right(node)}) {
             const ScriptKind other = KindOf(side == Left(node) ? Right(node) : Left(node));
-            const bool isSum = other == ScriptKind::Number || other == ScriptKind::NumberText || other == ScriptKind::Any;
+            const bool isSum
+                = other == ScriptKind::Number || other == ScriptKind::NumberText || other == ScriptKind::Any;
             if (KindOf(side) == ScriptKind::NumberText && isSum && !IsNumberBy(side)) {
                 TellTextSum(side);
                 return;
@@ -521,12 +524,11 @@ private:
             const int other = side == Left(node) ? Right(node) : Left(node);
             if (!Misused(side).isEmpty() && TellMisused(side, other, Code::ScriptSum))
                 return;
-            const bool isWords = Tree.Is(side, Node::Binary, "+") && KindOf(side) == ScriptKind::Text
-                && HasWord(side);
+            const bool isWords = Tree.Is(side, Node::Binary, "+") && KindOf(side) == ScriptKind::Text && HasWord(side);
             const QString text = Tree.Is(side, Node::Quoted) ? Study.ConstantOf(side) : QString();
             if (isWords || (!text.isNull() && !IsNumberText(text))) {
-                Study.Tell(Code::ScriptSum, node,
-                    QStringLiteral("%1 makes no number of a text").arg(Tree.At(node).Text));
+                Study.Tell(
+                    Code::ScriptSum, node, QStringLiteral("%1 makes no number of a text").arg(Tree.At(node).Text));
                 return;
             }
         }

@@ -60,8 +60,7 @@ private:
             return;
         }
         if (RunsAway(loop))
-            Study.Tell(Code::ScriptLoop, condition,
-                QStringLiteral("The step leads away from the end of the loop"));
+            Study.Tell(Code::ScriptLoop, condition, QStringLiteral("The step leads away from the end of the loop"));
         else
             CheckEnd(loop, condition);
         Ranges.append(RangeOf(loop));
@@ -77,7 +76,8 @@ private:
     void CheckEnd(int loop, int condition)
     {
         double number = 0;
-        const bool isTrue = Tree.Is(condition, Node::Word, "true") || (Study.NumberOf(condition, &number) && number != 0);
+        const bool isTrue
+            = Tree.Is(condition, Node::Word, "true") || (Study.NumberOf(condition, &number) && number != 0);
         const bool isAssigned = Tree.Is(condition, Node::Assign, "=") && !Tree.At(condition).IsInBrackets;
         if (isTrue)
             TellEndless(loop, loop);
@@ -105,7 +105,8 @@ private:
         const ScriptVariable &variable = Study.Bindings.At(name);
         const bool isSet = std::any_of(variable.Sets.cbegin(), variable.Sets.cend(),
             [&](int set) { return set == loop || (Tree.IsInside(set, loop) && !IsStart(set, loop)); });
-        const bool calls = Study.Contains(loop, [this](int i) { return Tree.Is(i, Node::Call) || Tree.Is(i, Node::New); });
+        const bool calls
+            = Study.Contains(loop, [this](int i) { return Tree.Is(i, Node::Call) || Tree.Is(i, Node::New); });
         if (isSet || (hasMembers && (calls || SetsMembers(loop))))
             return true;
         // What a function that is called may set.
@@ -115,7 +116,10 @@ private:
     }
 
     /// Whether a node stands where a `for` begins.
-    bool IsStart(int node, int loop) const { return Tree.Is(loop, Node::For) && Tree.IsInside(node, Tree.Part(loop, 0)); }
+    bool IsStart(int node, int loop) const
+    {
+        return Tree.Is(loop, Node::For) && Tree.IsInside(node, Tree.Part(loop, 0));
+    }
 
     bool SetsMembers(int loop) const
     {
@@ -135,8 +139,8 @@ private:
         const int list = Tree.Part(loop, 1);
         const bool isVariable = Tree.Is(list, Node::Name) && Study.Bindings.At(list).Sets.size() == 1;
         const int set = isVariable ? Study.Bindings.At(list).Sets.constFirst() : -1;
-        const bool isArray = Tree.Is(list, Node::Array)
-            || (Tree.Is(set, Node::Declarator) && Tree.Is(Tree.Part(set, 0), Node::Array));
+        const bool isArray
+            = Tree.Is(list, Node::Array) || (Tree.Is(set, Node::Declarator) && Tree.Is(Tree.Part(set, 0), Node::Array));
         if (!isArray || Study.Bindings.NumberOf(name) < 0)
             return;
         const QVector<int> &reads = Study.Bindings.At(name).Reads;
@@ -174,14 +178,14 @@ private:
         if (!Tree.Is(name, Node::Name) || operation.size() > 2 || IsSetInBody(loop, Study.Bindings.NumberOf(name)))
             return false;
         const int step = StepOf(Tree.Part(loop, 2), Study.Bindings.NumberOf(name));
-        return (step < 0 && operation.startsWith(QLatin1Char('<'))) || (step > 0 && operation.startsWith(QLatin1Char('>')));
+        return (step < 0 && operation.startsWith(QLatin1Char('<')))
+            || (step > 0 && operation.startsWith(QLatin1Char('>')));
     }
 
     bool IsSetInBody(int loop, int variable) const
     {
         const QVector<int> &sets = Study.Bindings.All().at(variable).Sets;
-        return std::any_of(
-            sets.cbegin(), sets.cend(), [&](int set) { return Tree.IsInside(set, Tree.Part(loop, 3)); });
+        return std::any_of(sets.cbegin(), sets.cend(), [&](int set) { return Tree.IsInside(set, Tree.Part(loop, 3)); });
     }
 
     /// A function that calls itself before anything else could keep it from that.
@@ -261,10 +265,7 @@ private:
             Calls.append(call);
     }
 
-    void CheckItem(int item)
-    {
-        Calls.append(item);
-    }
+    void CheckItem(int item) { Calls.append(item); }
 
 public:
     void CheckCollected()

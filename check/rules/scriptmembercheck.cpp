@@ -60,7 +60,8 @@ private:
         const WidgetEntry *widget = Study.WidgetOf(Tree.Part(target, 0));
         if (const ScriptMethod *method = Study.PropertyOf(target) ? nullptr : Study.MethodOf(target)) {
             Study.Tell(Code::ScriptSignal, target,
-                QStringLiteral("\"%1\" of \"%2\" is a function, and the assignment does nothing to it").arg(name, owner),
+                QStringLiteral("\"%1\" of \"%2\" is a function, and the assignment does nothing to it")
+                    .arg(name, owner),
                 MendToCall(node, method->IsSignal ? name + QLatin1String(".connect") : name));
         } else if (widget && !widget->Has(ekFreeProperties)) {
             if (const PropertyInfo *known = Registry::FindProperty(*widget->Info, name))

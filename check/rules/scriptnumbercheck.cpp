@@ -67,12 +67,15 @@ private:
         double from = 0;
         double to = 0;
         const bool isRange = name == QLatin1String("setRange") && count == 2;
-        if (isRange && Study.NumberOf(Tree.Part(call, 1), &from) && Study.NumberOf(Tree.Part(call, 2), &to) && from >= to)
-            Study.Tell(Code::LimitReversed, Tree.Part(call, 1), QStringLiteral("The range does not begin below its end"));
+        if (isRange && Study.NumberOf(Tree.Part(call, 1), &from) && Study.NumberOf(Tree.Part(call, 2), &to)
+            && from >= to)
+            Study.Tell(
+                Code::LimitReversed, Tree.Part(call, 1), QStringLiteral("The range does not begin below its end"));
         const bool isOne = count == 1
             && (name == QLatin1String("setValue") || name == QLatin1String("setStartFrequency")
                 || name == QLatin1String("setStopFrequency"));
-        const bool isItem = (name == QLatin1String("setItemValue") || name == QLatin1String("setShiftValue")) && count == 2;
+        const bool isItem
+            = (name == QLatin1String("setItemValue") || name == QLatin1String("setShiftValue")) && count == 2;
         if (!AreFixed(widget))
             return;
         if (isOne || isRange)
@@ -92,10 +95,11 @@ private:
         double value = 0;
         if (!Study.NumberOf(argument, &value))
             return;
-        const QString fault = BeyondLimits(
-            value, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
+        const QString fault
+            = BeyondLimits(value, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
         if (!fault.isEmpty())
-            Study.Tell(Code::LimitOutside, argument, Study.CodeOf(argument) + fault + QStringLiteral(" of \"%1\"").arg(widget.Name));
+            Study.Tell(Code::LimitOutside, argument,
+                Study.CodeOf(argument) + fault + QStringLiteral(" of \"%1\"").arg(widget.Name));
     }
 
     const ScriptStudy &Study;

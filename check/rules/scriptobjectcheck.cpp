@@ -132,11 +132,11 @@ private:
     void CheckUnused(int function)
     {
         const ScriptVariable &variable = Study.Bindings.At(function);
-        const bool isUsed = std::any_of(variable.Reads.cbegin(), variable.Reads.cend(),
-            [&](int read) { return !Tree.IsInside(read, function); });
+        const bool isUsed = std::any_of(
+            variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return !Tree.IsInside(read, function); });
         if (!isUsed && !Study.Form.ScriptSpeaksOf(variable.Name))
-            Study.Tell(Code::ScriptUnused, function,
-                QStringLiteral("Nothing in the form calls \"%1\"").arg(variable.Name));
+            Study.Tell(
+                Code::ScriptUnused, function, QStringLiteral("Nothing in the form calls \"%1\"").arg(variable.Name));
     }
 
     const ScriptStudy &Study;

@@ -78,8 +78,8 @@ private:
         // A text may be a directive, a last statement the value of the script.
         if (node.What == Node::Quoted || isFunction || !Study.IsIdle(expression) || IsPlain(expression))
             return;
-        const bool compares = node.What == Node::Binary
-            && (node.Text == QLatin1String("==") || node.Text == QLatin1String("==="));
+        const bool compares
+            = node.What == Node::Binary && (node.Text == QLatin1String("==") || node.Text == QLatin1String("==="));
         Study.Tell(Code::ScriptIdle, expression,
             compares ? QStringLiteral("This compares and does nothing; = assigns")
                      : QStringLiteral("This statement has no effect"),
@@ -113,8 +113,8 @@ private:
         if (assignment < 0 || Tree.At(assignment).IsInBrackets)
             return;
         const int value = Tree.Part(assignment, 1);
-        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Quoted) || Tree.Is(value, Node::Word)
-            || !Study.ConstantOf(value).isNull();
+        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Quoted)
+            || Tree.Is(value, Node::Word) || !Study.ConstantOf(value).isNull();
         if (always || isConstant)
             Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),
                 {Study.PlaceOf(assignment), QStringLiteral("="), QStringLiteral("==")});
@@ -294,8 +294,8 @@ private:
             && Study.WidgetOf(Tree.Part(function, 0)) == Study.WidgetOf(Tree.Part(argument, 0))
             && Tree.At(function).Text == SetterOf(Tree.At(argument).Text);
         if (isSame)
-            Study.Tell(Code::ScriptIdle, function,
-                QStringLiteral("\"%1\" is set to what it is").arg(Study.CodeOf(argument)));
+            Study.Tell(
+                Code::ScriptIdle, function, QStringLiteral("\"%1\" is set to what it is").arg(Study.CodeOf(argument)));
     }
 
     /// `a.setEnabled(value = 1)`
@@ -339,7 +339,8 @@ private:
         const int index = Tree.At(assignment).Index;
         const bool isStuck = sign.What == Node::Prefix && sign.Index == index + 1
             && (sign.Text == QLatin1String("+") || sign.Text == QLatin1String("-"))
-            && Tree.At(assignment).Text == QLatin1String("=") && index + 2 < code.size() && code.at(index + 2).isSpace();
+            && Tree.At(assignment).Text == QLatin1String("=") && index + 2 < code.size()
+            && code.at(index + 2).isSpace();
         if (isStuck)
             Study.Tell(Code::ScriptAssignment, assignment,
                 QStringLiteral("This assigns what follows; %1= adds to what was there").arg(sign.Text),
@@ -352,7 +353,8 @@ private:
         for (int i = 0; i + 1 < parts.size(); ++i) {
             const Node::Kind kind = Tree.At(parts.at(i)).What;
             const Node::Kind next = Tree.At(parts.at(i + 1)).What;
-            const bool ends = kind == Node::Return || kind == Node::Throw || kind == Node::Break || kind == Node::Continue;
+            const bool ends
+                = kind == Node::Return || kind == Node::Throw || kind == Node::Break || kind == Node::Continue;
             if (!ends || next == Node::FunctionStatement || next == Node::Empty)
                 continue;
             Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
@@ -378,7 +380,8 @@ private:
         const bool depends = Tree.Is(statement, Node::If) || Tree.Is(statement, Node::For)
             || Tree.Is(statement, Node::ForIn) || Tree.Is(statement, Node::While);
         const int last = depends ? parts.constLast() : -1;
-        return last < 0 || Tree.Is(last, Node::Block) || Tree.Is(last, Node::If) || Tree.Is(last, Node::Empty) ? -1 : last;
+        return last < 0 || Tree.Is(last, Node::Block) || Tree.Is(last, Node::If) || Tree.Is(last, Node::Empty) ? -1
+                                                                                                               : last;
     }
 
     /// A statement that stands as if it depended on the condition above.

@@ -353,10 +353,10 @@ ScriptKind ScriptStudy::KindOfName(int node) const
         return ScriptKind::Control;
     if (EnumOf(node))
         return ScriptKind::Object;
-    return text == QLatin1String("undefined")        ? ScriptKind::Nothing
-        : IsAny(text, {"NaN", "Infinity"})           ? ScriptKind::Number
+    return text == QLatin1String("undefined")         ? ScriptKind::Nothing
+        : IsAny(text, {"NaN", "Infinity"})            ? ScriptKind::Number
         : IsAny(text, {"parseInt", "print", "isNaN"}) ? ScriptKind::Function
-                                                     : ScriptKind::Any;
+                                                      : ScriptKind::Any;
 }
 
 ScriptKind ScriptStudy::KindOfMember(int node) const
@@ -408,9 +408,9 @@ ScriptKind ScriptStudy::KindOfCall(int node) const
     const QString &text = Tree.At(function).Text;
     if (Tree.Is(function, Node::Name) && Bindings.IsForeign(function))
         return IsAny(text, {"Number", "parseInt", "parseFloat"}) ? ScriptKind::Number
-            : text == QLatin1String("String")                     ? ScriptKind::Text
-            : IsAny(text, {"Boolean", "isNaN", "isFinite"})       ? ScriptKind::Bool
-                                                                  : ScriptKind::Any;
+            : text == QLatin1String("String")                    ? ScriptKind::Text
+            : IsAny(text, {"Boolean", "isNaN", "isFinite"})      ? ScriptKind::Bool
+                                                                 : ScriptKind::Any;
     if (!Tree.Is(function, Node::Member))
         return ScriptKind::Any;
     if (const ScriptMethod *method = MethodOf(function))
@@ -474,8 +474,8 @@ void ScriptStudy::FindTests()
         const bool isFirst = outer.Parts.value(0, -1) == i;
         const bool isJoined = outer.What == Node::Binary && IsAny(outer.Text, {"&&", "||"});
         const bool isAsked = outer.What == Node::Prefix && IsAny(outer.Text, {"!", "typeof"});
-        const bool isCondition = isFirst
-            && (outer.What == Node::If || outer.What == Node::Conditional || outer.What == Node::While);
+        const bool isCondition
+            = isFirst && (outer.What == Node::If || outer.What == Node::Conditional || outer.What == Node::While);
         if (Tree.Is(i, Node::Quoted) && isFirst && Tree.Is(Tree.At(i).Parent, Node::Binary, "in"))
             Tested.insert(QLatin1Char('\'') + Tree.At(i).Text);
         else if ((Tree.Is(i, Node::Member) || Tree.Is(i, Node::Name)) && (isJoined || isAsked || isCondition))

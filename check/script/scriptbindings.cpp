@@ -87,8 +87,8 @@ void ScriptBindings::Resolve()
             && (outer.Text == QLatin1String("++") || outer.Text == QLatin1String("--"));
         if (isAssigned || isStepped || (outer.What == Node::ForIn && isFirst))
             AddSet(variable, parent);
-        const bool isOnlySet = (isAssigned && outer.Text == QLatin1String("=")) || (outer.What == Node::ForIn && isFirst)
-            || (isStepped && Tree.Is(outer.Parent, Node::Statement));
+        const bool isOnlySet = (isAssigned && outer.Text == QLatin1String("="))
+            || (outer.What == Node::ForIn && isFirst) || (isStepped && Tree.Is(outer.Parent, Node::Statement));
         if (!isOnlySet)
             Variables[variable].Reads.append(i);
     }
@@ -147,7 +147,8 @@ void ScriptBindings::FindStarted()
             Calls[function].append(parent);
         const bool isArgument = Tree.Is(parent, Node::Call) && !isCalled && !IsConnection(parent);
         const bool isMember = Tree.Is(parent, Node::Member); // call, apply, bind
-        const bool isKept = Tree.Is(parent, Node::Array) || Tree.Is(parent, Node::Pair) || Tree.Is(parent, Node::Return);
+        const bool isKept
+            = Tree.Is(parent, Node::Array) || Tree.Is(parent, Node::Pair) || Tree.Is(parent, Node::Return);
         const bool isGiven = Tree.Is(parent, Node::Assign) && Tree.Is(Tree.Part(parent, 0), Node::Member);
         if (isArgument || isMember || isKept || isGiven)
             PassedOn.insert(function);

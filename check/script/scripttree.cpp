@@ -22,8 +22,8 @@ struct Operator {
 /// Longer ones before their beginnings.
 constexpr Operator Operators[] = {{">>>=", 0}, {"===", 6}, {"!==", 6}, {">>>", 8}, {"<<=", 0}, {">>=", 0}, {"&&", 2},
     {"||", 1}, {"==", 6}, {"!=", 6}, {"<=", 7}, {">=", 7}, {"++", -1}, {"--", -1}, {"+=", 0}, {"-=", 0}, {"*=", 0},
-    {"/=", 0}, {"%=", 0}, {"&=", 0}, {"|=", 0}, {"^=", 0}, {"<<", 8}, {">>", 8}, {"<", 7}, {">", 7}, {"+", 9},
-    {"-", 9}, {"*", 10}, {"/", 10}, {"%", 10}, {"&", 5}, {"^", 4}, {"|", 3}, {"=", 0}, {"!", -1}, {"~", -1}};
+    {"/=", 0}, {"%=", 0}, {"&=", 0}, {"|=", 0}, {"^=", 0}, {"<<", 8}, {">>", 8}, {"<", 7}, {">", 7}, {"+", 9}, {"-", 9},
+    {"*", 10}, {"/", 10}, {"%", 10}, {"&", 5}, {"^", 4}, {"|", 3}, {"=", 0}, {"!", -1}, {"~", -1}};
 
 /// A token as the grammar has it.
 struct Word {
@@ -453,8 +453,7 @@ private:
         if (Failed)
             return AddFailed();
         const bool isWord = IsWord("typeof") || IsWord("void") || IsWord("delete");
-        const bool isMark
-            = IsMark("!") || IsMark("~") || IsMark("+") || IsMark("-") || IsMark("++") || IsMark("--");
+        const bool isMark = IsMark("!") || IsMark("~") || IsMark("+") || IsMark("-") || IsMark("++") || IsMark("--");
         if (!isWord && !isMark)
             return ReadPostfix();
         const Word word = Words.at(At++);
@@ -528,7 +527,8 @@ private:
             return ReadFunction(Node::FunctionExpression);
         if (TakeWord("new")) {
             const int function = ReadCalls(ReadPrimary(), true);
-            return Add(Node::New, QString(), word.Index, IsMark("(") ? ReadArguments(function) : QVector<int>{function});
+            return Add(
+                Node::New, QString(), word.Index, IsMark("(") ? ReadArguments(function) : QVector<int>{function});
         }
         if (TakeMark("(")) {
             const int expression = ReadBracketed(")");
@@ -617,8 +617,7 @@ private:
             Failed = true;
         if (!isAccess)
             Expect(":");
-        const int value
-            = isAccess ? ReadParameters(Node::FunctionExpression, QString(), key.Index) : ReadAssignment();
+        const int value = isAccess ? ReadParameters(Node::FunctionExpression, QString(), key.Index) : ReadAssignment();
         return Add(Node::Pair, name, key.Index, {value});
     }
 

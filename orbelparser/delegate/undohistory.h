@@ -18,9 +18,9 @@ namespace KV218
 class FormLife;
 class OrbelDelegate;
 
-/// The finished changes of a form as entries of an undo stack that the host may see and move as well, and put commands of
-/// its own onto. An entry that comes while others move, or while such a command may be running, waits until it may come
-/// onto the stack; the operator can undo it before.
+/// The finished changes of a form as entries of an undo stack that the host may see and move as well, and put commands
+/// of its own onto. An entry that comes while others move, or while such a command may be running, waits until it may
+/// come onto the stack; the operator can undo it before.
 class UndoHistory : public QObject
 {
     Q_OBJECT
@@ -46,8 +46,8 @@ public:
     std::unique_ptr<ChangeEntry> NewEntry(const OrbelDelegate *control, int session) const;
     /// What handlers bring while an entry moves comes after it: the stack takes nothing meanwhile.
     void Push(std::unique_ptr<ChangeEntry> entry);
-    /// Takes what waits onto the stack where no handler can be waiting in an event loop of its own. False when something
-    /// waits on.
+    /// Takes what waits onto the stack where no handler can be waiting in an event loop of its own. False when
+    /// something waits on.
     bool PushAtRest();
     /// Gives the last entries their sentences, which cost more than the change itself: once for all steps of a turn.
     void SpellEntries();
