@@ -32,8 +32,7 @@ DefinitionOverlay::Piece DefinitionOverlay::AtEndOf(int element) const
     const bool isClosed = Form.Doc.Text().midRef(here.ContentFrom - 2, 2) == QLatin1String("/>");
     if (!isClosed)
         return {here.ContentTo, here.ContentTo, 0, 0, {}, {}};
-    return {here.ContentFrom - 2, here.ContentFrom, 0, 0, QStringLiteral(">"),
-        QStringLiteral("</%1>").arg(here.Name)};
+    return {here.ContentFrom - 2, here.ContentFrom, 0, 0, QStringLiteral(">"), QStringLiteral("</%1>").arg(here.Name)};
 }
 
 /// What the change states goes to the end of the widget, and what the form states of it gives way.

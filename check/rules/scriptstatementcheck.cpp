@@ -60,6 +60,7 @@ public:
             case Node::Program:
                 CheckUnreachable(i);
                 CheckMargins(i);
+                CheckOverwritten(i);
                 break;
             default:
                 break;
@@ -272,6 +273,27 @@ private:
         return isSetter ? Study.CodeOf(function) : QString();
     }
 
+    bool SetsConstant(int statement) const
+    {
+        const int expression = Tree.Part(statement, 0);
+        const int value = Tree.Part(expression, 1);
+        double number = 0;
+        return Study.NumberOf(value, &number) || !Study.ConstantOf(qMax(0, value)).isNull();
+    }
+
+    /// Two constants for one thing, one right behind the other.
+    void CheckOverwritten(int block)
+    {
+        const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const QString target = TargetOf(parts.at(i));
+            if (!target.isEmpty() && target == TargetOf(parts.at(i + 1)) && SetsConstant(parts.at(i))
+                && SetsConstant(parts.at(i + 1)))
+                Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                    QStringLiteral("The statement before gives \"%1\" another value, for nothing").arg(target));
+        }
+    }
+
     void CheckKeys(int object)
     {
         QSet<QString> keys;
@@ -303,8 +325,8 @@ private:
     {
         const int call = Tree.At(assignment).Parent;
         const int value = Tree.Part(assignment, 1);
-        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word)
-            || !Study.ConstantOf(value).isNull();
+        const bool isConstant
+            = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word) || !Study.ConstantOf(value).isNull();
         if (Tree.Is(call, Node::Call) && Tree.Part(call, 0) != assignment && isConstant
             && !Tree.At(assignment).IsInBrackets && Tree.At(assignment).Text == QLatin1String("="))
             Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),
@@ -322,8 +344,8 @@ private:
         bool isLooped = false;
         for (int i = assignment; i != variable.Function && i >= 0; i = Tree.At(i).Parent)
             isLooped = isLooped || Tree.IsLoop(i) || (Tree.IsFunction(i) && i != variable.Function);
-        const bool isRead = std::any_of(
-            variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
+        const bool isRead
+            = std::any_of(variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
         if (!isRead && !isLooped
             && !Study.Contains(variable.Function, [&](int i) { return Tree.Is(i, Node::Name, "arguments"); }))
             Study.Tell(Code::ScriptIdle, assignment,
