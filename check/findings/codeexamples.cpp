@@ -98,11 +98,12 @@ QString Explain(Code code)
 
 QString ExplainCodes()
 {
-    QString page = QStringLiteral("# What `orbel check` finds\n\n"
-                                  "Each finding ends with its code. Errors and warnings give the exit status 1; notes do "
-                                  "not. Each code has an example with the mistake, and behind it one without; where only "
-                                  "one thing can be meant, editors offer the mended one.\n\n"
-                                  "| Code | Weight |\n|---|---|\n");
+    QString page
+        = QStringLiteral("# What `orbel check` finds\n\n"
+                         "Each finding ends with its code. Errors and warnings give the exit status 1; notes do "
+                         "not. Each code has an example with the mistake, and behind it one without; where only "
+                         "one thing can be meant, editors offer the mended one.\n\n"
+                         "| Code | Weight |\n|---|---|\n");
     QString sections;
     for (int i = 0; i < AllCodes().size(); ++i) {
         const QLatin1String name(AllCodes().at(i).name);
@@ -110,8 +111,9 @@ QString ExplainCodes()
         sections += QStringLiteral("\n## %1\n\n").arg(name) + Explain(Code(i));
     }
     return page + sections
-        + QStringLiteral("\n## The form of the examples\n\n"
-                         "Scripts, parameter documents and changed definitions of the examples belong to this form:\n\n")
+        + QStringLiteral(
+            "\n## The form of the examples\n\n"
+            "Scripts, parameter documents and changed definitions of the examples belong to this form:\n\n")
         + Block(ExampleForm(QStringLiteral("// the script")).trimmed());
 }
 

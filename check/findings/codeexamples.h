@@ -12,8 +12,8 @@ struct CodeExample {
 };
 
 ORBEL_CHECK_INTERNAL CodeExample ExampleOf(Code code);
-/// A piece of an example as a whole document: widgets, properties, enumerations and scripts get a form around them, and a
-/// script that stands alone gets ExampleForm(). A document stays as it is.
+/// A piece of an example as a whole document: widgets, properties, enumerations and scripts get a form around them, and
+/// a script that stands alone gets ExampleForm(). A document stays as it is.
 ORBEL_CHECK_INTERNAL QString ExampleDocument(const QString &piece);
 /// The form in which the scripts of the examples stand, with the script.
 ORBEL_CHECK_INTERNAL QString ExampleForm(const QString &script);
