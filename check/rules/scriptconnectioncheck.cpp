@@ -200,8 +200,7 @@ private:
         const int handler = signal.isEmpty() ? -1 : Heard.value({widget, signal}, -1);
         if (handler >= 0 && Study.Bindings.CallsOf(handler).isEmpty() && !Study.Bindings.IsPassedOn(handler))
             Study.Tell(Code::ScriptSilent, setter,
-                QStringLiteral("\"%1\" raises no %2, and its handler does not run")
-                    .arg(Tree.At(setter).Text, signal));
+                QStringLiteral("\"%1\" raises no %2, and its handler does not run").arg(Tree.At(setter).Text, signal));
     }
 
     /// A handler that binds a control to the value that it has just got.

@@ -44,17 +44,19 @@ private:
     void CheckCompared(int node)
     {
         static const QSet<QString> operations{QStringLiteral("=="), QStringLiteral("!="), QStringLiteral("==="),
-            QStringLiteral("!=="), QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("<="), QStringLiteral(">=")};
+            QStringLiteral("!=="), QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("<="),
+            QStringLiteral(">=")};
         double number = 0;
         const int value = Tree.Part(node, 0);
-        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number) || std::abs(number) <= 1)
+        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number)
+            || std::abs(number) <= 1)
             return;
         const WidgetEntry *widget = Study.ValueOf(value);
         if (!widget || !widget->Has(ekLimits) || !AreFixed(*widget))
             return;
         const WidgetNumbers numbers(*widget);
-        const QString fault = BeyondLimits(
-            number, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
+        const QString fault
+            = BeyondLimits(number, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
         if (!fault.isEmpty())
             Study.Tell(Code::ScriptComparison, node,
                 Study.CodeOf(Tree.Part(node, 1)) + fault

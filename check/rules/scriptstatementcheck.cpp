@@ -303,8 +303,8 @@ private:
     {
         const int call = Tree.At(assignment).Parent;
         const int value = Tree.Part(assignment, 1);
-        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word)
-            || !Study.ConstantOf(value).isNull();
+        const bool isConstant
+            = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word) || !Study.ConstantOf(value).isNull();
         if (Tree.Is(call, Node::Call) && Tree.Part(call, 0) != assignment && isConstant
             && !Tree.At(assignment).IsInBrackets && Tree.At(assignment).Text == QLatin1String("="))
             Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),
@@ -322,8 +322,8 @@ private:
         bool isLooped = false;
         for (int i = assignment; i != variable.Function && i >= 0; i = Tree.At(i).Parent)
             isLooped = isLooped || Tree.IsLoop(i) || (Tree.IsFunction(i) && i != variable.Function);
-        const bool isRead = std::any_of(
-            variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
+        const bool isRead
+            = std::any_of(variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
         if (!isRead && !isLooped
             && !Study.Contains(variable.Function, [&](int i) { return Tree.Is(i, Node::Name, "arguments"); }))
             Study.Tell(Code::ScriptIdle, assignment,
