@@ -303,8 +303,11 @@ private:
             return CheckSources(choice, other);
         if (Study.NumberOf(other, &number)) {
             const QString text = Tree.At(other).Text;
-            const bool isThere = std::any_of(rows->Values.cbegin(), rows->Values.cend(),
-                [number](const QString &value) { return value.toDouble() == number; });
+            const bool isThere
+                = std::any_of(rows->Values.cbegin(), rows->Values.cend(), [number](const QString &value) {
+                      bool isNumber = false;
+                      return value.toDouble(&isNumber) == number && isNumber;
+                  });
             if (isThere && !isStrict)
                 return false;
             Study.Tell(isThere ? Code::ScriptComparison : Code::ScriptChoice, other,

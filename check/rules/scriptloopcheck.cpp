@@ -265,7 +265,16 @@ private:
             Calls.append(call);
     }
 
-    void CheckItem(int item) { Calls.append(item); }
+    void CheckItem(int item)
+    {
+        const int value = Tree.Part(item, 0);
+        const WidgetEntry *widget = Tree.Is(value, Node::Member) ? Study.WidgetOf(Tree.Part(value, 0)) : nullptr;
+        if (widget && widget->Has(ekItems) && Registry::FindProperty(*widget->Info, Tree.At(value).Text))
+            Study.Tell(Code::ScriptIndex, value,
+                QStringLiteral("\"%1\" is no list; %2.itemValue() gives an item")
+                    .arg(Study.CodeOf(value), widget->Name));
+        Calls.append(item);
+    }
 
 public:
     void CheckCollected()

@@ -60,6 +60,7 @@ public:
             case Node::Program:
                 CheckUnreachable(i);
                 CheckMargins(i);
+                CheckOverwritten(i);
                 break;
             default:
                 break;
@@ -270,6 +271,27 @@ private:
         const bool isSetter = Tree.Is(function, Node::Member) && Tree.At(function).Text.startsWith(QLatin1String("set"))
             && Tree.At(expression).Parts.size() == 2;
         return isSetter ? Study.CodeOf(function) : QString();
+    }
+
+    bool SetsConstant(int statement) const
+    {
+        const int expression = Tree.Part(statement, 0);
+        const int value = Tree.Part(expression, 1);
+        double number = 0;
+        return Study.NumberOf(value, &number) || !Study.ConstantOf(qMax(0, value)).isNull();
+    }
+
+    /// Two constants for one thing, one right behind the other.
+    void CheckOverwritten(int block)
+    {
+        const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const QString target = TargetOf(parts.at(i));
+            if (!target.isEmpty() && target == TargetOf(parts.at(i + 1)) && SetsConstant(parts.at(i))
+                && SetsConstant(parts.at(i + 1)))
+                Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                    QStringLiteral("The statement before gives \"%1\" another value, for nothing").arg(target));
+        }
     }
 
     void CheckKeys(int object)
