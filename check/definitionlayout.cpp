@@ -15,12 +15,20 @@ namespace
 
 namespace element = KV218::element;
 
+/// A form, or an entry of a component list that has one as text.
+bool HoldsForm(const Document &document, int at)
+{
+    return document.At(at).Name == element::Form
+        || (document.At(at).Name == element::ValueString
+            && document.AttributeOf(at, KV218::attribute::Id) == QLatin1String("ORBEL"));
+}
+
 /// The elements around forms.
 QSet<int> OuterElements(const Document &document)
 {
     QSet<int> outer;
-    for (const Element &each : document.Elements()) {
-        for (int above = each.Parent; each.Name == element::Form && above >= 0 && !outer.contains(above);) {
+    for (int i = 0; i < document.Elements().size(); ++i) {
+        for (int above = document.At(i).Parent; HoldsForm(document, i) && above >= 0 && !outer.contains(above);) {
             outer.insert(above);
             above = document.At(above).Parent;
         }
@@ -30,8 +38,11 @@ QSet<int> OuterElements(const Document &document)
 
 bool HoldsForm(const Document &document)
 {
-    const QVector<Element> &all = document.Elements();
-    return std::any_of(all.begin(), all.end(), [](const Element &each) { return each.Name == element::Form; });
+    for (int i = 0; i < document.Elements().size(); ++i) {
+        if (HoldsForm(document, i))
+            return true;
+    }
+    return false;
 }
 
 bool HoldsText(const QString &name)

@@ -34,6 +34,9 @@ ExpandedTemplate::ExpandedTemplate(const QByteArray &bytes, const QString &name)
     if (!Errors.isEmpty())
         return;
     const TemplateExpansion expansion(file.Source(), sink);
+    const Document expanded(expansion.GetDefinition());
+    if (sink.Sorted(file).isEmpty() && !expanded.IsWhole())
+        TellMalformed(expanded.PlaceOfError(), expanded.ErrorText(), sink);
     Errors = sink.Sorted(file);
     if (!Errors.isEmpty())
         return;

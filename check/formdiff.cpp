@@ -6,8 +6,11 @@
 #include "propertynames.h"
 #include "scriptsourcemap.h"
 #include "structurecheck.h"
+#include "templateexpansion.h"
 
 #include <algorithm>
+#include <memory>
+#include <vector>
 
 namespace Orbel
 {
@@ -16,11 +19,12 @@ namespace
 {
 
 namespace attribute = KV218::attribute;
+namespace element = KV218::element;
 
 /// A definition that has been read, with the lines of its file.
 struct ReadForm {
-    explicit ReadForm(const QByteArray &bytes)
-        : File(bytes, FileText::AsForm), Text(File.Source()), Form(Text, FormOf(Text))
+    ReadForm(const FileText &file, const PlacedText &definition, const QString &component = QString())
+        : File(file), Text(definition), Form(Text, FormOf(Text)), Name(component)
     {
     }
 
@@ -34,9 +38,57 @@ struct ReadForm {
 
     int LineOf(int element) const { return element < 0 ? 0 : File.LineOf(Text.PlaceOf(element)); }
 
-    FileText File;
+    const FileText &File;
     Document Text;
     FormModel Form;
+    QString Name; ///< Of its component.
+};
+
+/// A file with all its definitions.
+struct ReadFile {
+    explicit ReadFile(const ComparedFile &file)
+        : File(file.Bytes, file.What == ComparedFile::List ? FileText::AsBytes : FileText::AsForm)
+    {
+        FindingSink ignored;
+        if (file.What == ComparedFile::List)
+            ReadList();
+        else if (file.What == ComparedFile::Template)
+            Add(TemplateExpansion(File.Source(), ignored).GetDefinition());
+        else
+            Add(File.Source());
+    }
+
+    void ReadList()
+    {
+        const Document list(File.Source());
+        QString component;
+        for (int i = 0; i < list.Elements().size(); ++i) {
+            if (list.At(i).Name == element::Component)
+                component = list.AttributeOf(i, attribute::Name);
+            const Attribute *value = list.FindAttribute(i, attribute::Value);
+            if (value && list.At(i).Name == element::ValueString
+                && list.AttributeOf(i, attribute::Id) == QLatin1String("ORBEL"))
+                Add(list.ValueOf(*value), component);
+        }
+    }
+
+    void Add(const PlacedText &definition, const QString &component = QString())
+    {
+        Forms.push_back(std::make_unique<ReadForm>(File, definition, component));
+    }
+
+    /// Null for none.
+    const ReadForm *Find(const QString &component, int turn) const
+    {
+        for (const auto &form : Forms) {
+            if (form->Name == component && turn-- == 0)
+                return form.get();
+        }
+        return nullptr;
+    }
+
+    FileText File;
+    std::vector<std::unique_ptr<ReadForm>> Forms;
 };
 
 /// One of several things by name, with its place in the order.
@@ -230,27 +282,30 @@ private:
         const QString part = QStringLiteral("enumeration");
         const auto text
             = [](const EnumRow &row) { return QStringLiteral("%1, %2").arg(row.DisplayName, row.Identifier); };
+        const auto value = [](const EnumRow &row) { return row.Value; };
+        const auto before = WithKeys(one.Rows, value);
+        const auto after = WithKeys(other.Rows, value);
         QHash<QString, const EnumRow *> former;
-        for (const EnumRow &row : one.Rows)
-            former.insert(row.Value, &row);
+        for (const auto &row : before)
+            former.insert(row.Key, row.What);
         QVector<QString> orderBefore;
         QVector<QString> orderAfter;
-        for (const EnumRow &row : other.Rows) {
-            const QString detail = QStringLiteral("row ") + row.Value;
-            const EnumRow *known = former.take(row.Value);
+        for (const auto &[key, row] : after) {
+            const QString detail = QStringLiteral("row ") + row->Value;
+            const EnumRow *known = former.take(key);
             if (known)
-                TellChange(part, other.Name, detail, text(*known), text(row), known->Element, row.Element);
+                TellChange(part, other.Name, detail, text(*known), text(*row), known->Element, row->Element);
             else
-                Tell(FormDifference::Added, part, other.Name, detail, {}, text(row), one.Element, row.Element);
+                Tell(FormDifference::Added, part, other.Name, detail, {}, text(*row), one.Element, row->Element);
             if (known)
-                orderAfter.append(row.Value);
+                orderAfter.append(key);
         }
-        for (const EnumRow &row : one.Rows) {
-            if (former.contains(row.Value))
-                Tell(FormDifference::Gone, part, other.Name, QStringLiteral("row ") + row.Value, text(row), {},
-                    row.Element, other.Element);
+        for (const auto &[key, row] : before) {
+            if (former.contains(key))
+                Tell(FormDifference::Gone, part, other.Name, QStringLiteral("row ") + row->Value, text(*row), {},
+                    row->Element, other.Element);
             else
-                orderBefore.append(row.Value);
+                orderBefore.append(key);
         }
         if (orderBefore != orderAfter)
             Tell(FormDifference::Moved, part, other.Name, QStringLiteral("rows"), {}, {}, one.Element, other.Element);
@@ -309,7 +364,33 @@ QString NameOf(FormDifference::Kind kind)
 
 QVector<FormDifference> CompareForms(const QByteArray &before, const QByteArray &after)
 {
-    return Comparison(ReadForm(before), ReadForm(after)).Run();
+    return CompareForms(ComparedFile{before, ComparedFile::Definition}, {after, ComparedFile::Definition});
+}
+
+QVector<FormDifference> CompareForms(const ComparedFile &before, const ComparedFile &after)
+{
+    const ReadFile former(before);
+    const ReadFile latter(after);
+    const QString part = QStringLiteral("component");
+    QVector<FormDifference> differences;
+    QHash<QString, int> turns;
+    for (const auto &form : latter.Forms) {
+        const ReadForm *other = former.Find(form->Name, turns[form->Name]++);
+        if (!other)
+            differences.append(
+                {FormDifference::Added, part, form->Name, {}, {}, {}, 0, form->LineOf(form->Form.Form), form->Name});
+        for (FormDifference &each : other ? Comparison(*other, *form).Run() : QVector<FormDifference>()) {
+            each.Component = form->Name;
+            differences.append(each);
+        }
+    }
+    turns.clear();
+    for (const auto &form : former.Forms) {
+        if (!latter.Find(form->Name, turns[form->Name]++))
+            differences.append(
+                {FormDifference::Gone, part, form->Name, {}, {}, {}, form->LineOf(form->Form.Form), 0, form->Name});
+    }
+    return differences;
 }
 
 } // namespace Orbel

@@ -6,6 +6,7 @@
 #include "formcheck.h"
 #include "formrun.h"
 #include "parameterdocumentcheck.h"
+#include "scriptscanner.h"
 #include "scriptsourcemap.h"
 #include "structurecheck.h"
 #include "templateexpansion.h"
@@ -35,6 +36,15 @@ template <class Act> void ForEachDefinition(const Document &list, Act act)
         if (isForm && act(i, component))
             return;
     }
+}
+
+/// The element of the form that counts; -1 without one.
+int FormOf(const Document &document)
+{
+    FindingSink ignored;
+    StructureCheck reading(document, ignored);
+    reading.Run();
+    return reading.Form();
 }
 
 /// How a definition is looked at: on paper, or by running it.
@@ -71,16 +81,59 @@ public:
     void ComponentList(const Document &list, FindingSink &sink) const
     {
         bool found = false;
+        QSet<QString> names;
         ForEachDefinition(list, [&](int value, const QString &component) {
             found = true;
+            if (names.contains(component) && !component.isEmpty() && !Milliseconds)
+                sink.Add(Code::ComponentDoubled, list.PlaceOf(value),
+                    QStringLiteral("Another form stands under the name \"%1\"").arg(component));
+            names.insert(component);
             Component(list, value, component, sink);
             return false;
         });
+        if (!Milliseconds)
+            CheckIds(list, sink);
         if (!found && !Milliseconds)
             sink.Add(Code::FormMissing, 0, QStringLiteral("There is no ValueString with the id \"ORBEL\" in the list"));
     }
 
 private:
+    static void CheckIds(const Document &list, FindingSink &sink)
+    {
+        for (int i = 0; i < list.Elements().size(); ++i) {
+            const QString id = list.AttributeOf(i, attribute::Id);
+            const bool isOther = list.At(i).Name != element::ValueString && list.FindAttribute(i, attribute::Value);
+            if (isOther && id == QLatin1String("ORBEL"))
+                sink.Add(Code::ComponentId, list.PlaceOf(i),
+                    QStringLiteral("Only a ValueString holds a form, not a \"%1\"").arg(list.At(i).Name));
+            if (list.At(i).Name != element::ValueString || id == QLatin1String("ORBEL")
+                || id.trimmed().compare(QLatin1String("ORBEL"), Qt::CaseInsensitive) != 0)
+                continue;
+            const int place = list.PlaceAt(list.FindAttribute(i, attribute::Id)->ValueFrom);
+            sink.Add(Code::ComponentId, place, QStringLiteral("The id \"%1\" is not \"ORBEL\"").arg(id),
+                {place, id, QStringLiteral("ORBEL")});
+        }
+    }
+
+    /// Comments that end with a line in the file, but not where the script's own line does.
+    static void CheckComments(const Document &list, const Document &definition, FindingSink &sink)
+    {
+        const ScriptSourceMap script(definition, FormModel(definition, FormOf(definition)).Script);
+        const QString &code = script.Code();
+        for (const int comment : LineComments(code)) {
+            const int end
+                = code.indexOf(QLatin1Char('\n'), comment) < 0 ? code.size() : code.indexOf(QLatin1Char('\n'), comment);
+            for (int i = comment; i < end; ++i) {
+                const QChar written = list.Text().at(script.PlaceOf(i));
+                if (written != QLatin1Char('\n') || code.mid(i, end - i).trimmed().isEmpty())
+                    continue;
+                sink.Add(Code::ScriptSwallowed, script.PlaceOf(comment),
+                    QStringLiteral("This comment does not end with its line, and swallows what stands behind"));
+                break;
+            }
+        }
+    }
+
     void Component(const Document &list, int element, const QString &component, FindingSink &sink) const
     {
         if (component.isEmpty() && !Milliseconds)
@@ -92,20 +145,13 @@ private:
             TellMalformed(definition.PlaceOfError(), definition.ErrorText(), sink);
         else if (value)
             Definition(definition, sink);
+        if (value && definition.IsWhole() && !Milliseconds)
+            CheckComments(list, definition, sink);
     }
 
     int Milliseconds;
     Check::RunWatch Watch;
 };
-
-/// The element of the form that counts; -1 without one.
-int FormOf(const Document &document)
-{
-    FindingSink ignored;
-    StructureCheck reading(document, ignored);
-    reading.Run();
-    return reading.Form();
-}
 
 Findings Examine(const QByteArray &bytes, bool isList, const Examination &examination)
 {

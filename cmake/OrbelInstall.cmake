@@ -72,7 +72,7 @@ install(FILES "${generated}/OrbelParserConfig.cmake" "${generated}/OrbelParserCo
     DESTINATION "${package_dir}" COMPONENT Development)
 
 install(FILES check/orbel.xsd DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser" COMPONENT Development)
-install(DIRECTORY examples/forms examples/templates examples/host examples/receiver examples/formtest
+install(DIRECTORY examples/forms examples/scripts examples/templates examples/host examples/receiver examples/formtest
     DESTINATION "${CMAKE_INSTALL_DATADIR}/orbelparser/examples" COMPONENT Documentation)
 
 if(TARGET orbel_command)

@@ -184,7 +184,7 @@ void LanguageServer::RunChanged()
         if (!document)
             continue;
         const QByteArray bytes = document->Bytes();
-        RunElsewhere(bytes, document->What(), [=](const Findings &findings) {
+        RunElsewhere(bytes, document->What(), [this, uri, bytes](const Findings &findings) {
             if (Documents.TakeRun(uri, bytes, findings))
                 Publish(uri);
         });

@@ -15,6 +15,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <limits>
 
 namespace Orbel
 {
@@ -266,8 +267,10 @@ QJsonValue Workspace::CodeActions(Entry &entry, const QJsonObject &params)
 {
     const OpenDocument &document = *entry.Document;
     const TextRange range = RangeFromJson(params.value(Range));
-    return QuickFixesAt(
-        {document.Lines().IndexOf(range.From), document.Lines().IndexOf(range.To)}, FindingsIn(entry), document);
+    // Those of whole lines: an editor asks where its cursor stands, which is seldom the word that is marked.
+    const TextSpan lines{document.Lines().IndexOf({range.From.Line, 0}),
+        document.Lines().IndexOf({range.To.Line, std::numeric_limits<int>::max()})};
+    return QuickFixesAt(lines, FindingsIn(entry), document);
 }
 
 } // namespace Orbel

@@ -119,7 +119,8 @@ public:
     /// it names label and values, and undoTextChanged() is emitted. Do not change the stack from within its own signals
     /// or from a handler that an undo has called; for a handler of a change, that one is not on the stack yet, and an
     /// undo() of the one before it changes nothing. While commands of the host's own are on the stack, changes come
-    /// onto it when the event loop comes round, in which no handler waits: such a command may have an event loop.
+    /// onto it when the event loop comes round, in which no handler waits: such a command may have an event loop. What
+    /// the operator undoes before, in a dialog that a handler has opened for instance, cannot be redone.
     QUndoStack *GetUndoStack() const;
     void SelectWidgets(const QStringList &paths, bool select);
     void ShowGroup(const QString &name, bool show);

@@ -1,5 +1,7 @@
 #include "parametersdock.h"
 
+#include "emptyhint.h"
+
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
@@ -40,6 +42,7 @@ ParametersDock::ParametersDock(Workbench &bench)
     Changes->setObjectName(QStringLiteral("changesNow"));
     Changes->setHeaderLabels({tr("Parameter"), tr("Applied"), tr("Now")});
     Changes->setRootIsDecorated(false);
+    new EmptyHint(Changes, tr("No changes wait to be applied."));
     Last->setReadOnly(true);
     Last->setPlaceholderText(tr("Nothing has been applied yet."));
     auto *tabs = new QTabWidget;

@@ -36,9 +36,21 @@ QJsonArray ToJson(const QVector<PropertyInfo> &properties)
     return array;
 }
 
+QJsonArray ToJson(const QVector<const char *> &sentences)
+{
+    QJsonArray array;
+    for (const char *sentence : sentences)
+        array.append(Text(sentence));
+    return array;
+}
+
 void AddMembers(QJsonObject &object, const QString &className)
 {
     const ClassMembers members = MembersOf(Registry::MetaObjectOf(className), QObject::staticMetaObject);
+    QJsonObject meanings;
+    for (const QString &member : members.Signals + members.Slots + members.Invokables)
+        meanings.insert(member, Registry::MeaningOf(className, member));
+    object.insert(QStringLiteral("meanings"), meanings);
     object.insert(QStringLiteral("signals"), QJsonArray::fromStringList(members.Signals));
     object.insert(QStringLiteral("slots"), QJsonArray::fromStringList(members.Slots));
     object.insert(QStringLiteral("invokables"), QJsonArray::fromStringList(members.Invokables));
@@ -50,7 +62,8 @@ QJsonObject ToJson(const ClassInfo &info)
     QJsonObject object{{QStringLiteral("class"), name}, {QStringLiteral("delegate"), Text(info.delegate->delegate)},
         {QStringLiteral("shows"), Text(info.delegate->shows)}, {QStringLiteral("remark"), Text(info.remark)},
         {QStringLiteral("valueProperty"), QString(info.delegate->valueProperty)},
-        {QStringLiteral("properties"), ToJson(Registry::PropertiesOf(info))}};
+        {QStringLiteral("properties"), ToJson(Registry::PropertiesOf(info))},
+        {QStringLiteral("cannot"), ToJson(info.delegate->cannot)}};
     AddMembers(object, name);
     return object;
 }
@@ -60,7 +73,8 @@ QByteArray AllAsJson()
     QJsonArray classes;
     for (const ClassInfo &info : Registry::Classes())
         classes.append(ToJson(info));
-    QJsonObject sheet{{QStringLiteral("properties"), ToJson(Registry::SheetProperties())}};
+    QJsonObject sheet{{QStringLiteral("properties"), ToJson(Registry::SheetProperties())},
+        {QStringLiteral("cannot"), ToJson(Registry::SheetCannot())}};
     AddMembers(sheet, QString());
     const QJsonObject all{{QStringLiteral("classes"), classes}, {QStringLiteral("sheet"), sheet}};
     return QJsonDocument(all).toJson();

@@ -21,15 +21,43 @@ namespace
 constexpr int Same = 0;
 constexpr int Differs = 1;
 
-/// A definition that can be compared.
-QByteArray ReadForm(const QString &path)
+ComparedFile::Kind KindOf(DocumentKind kind)
 {
-    const QByteArray document = ReadFile(path);
-    for (const Finding &finding : Check::Definition(document)) {
-        if (finding.Code == QLatin1String("xml-malformed") || finding.Code == QLatin1String("form-missing"))
+    switch (kind) {
+    case DocumentKind::List:
+        return ComparedFile::List;
+    case DocumentKind::Template:
+        return ComparedFile::Template;
+    case DocumentKind::Definition:
+        break;
+    }
+    return ComparedFile::Definition;
+}
+
+Findings FindingsOf(const InputFile &input)
+{
+    switch (input.Kind) {
+    case DocumentKind::List:
+        return Check::ComponentList(input.Bytes);
+    case DocumentKind::Template:
+        return Check::Template(input.Bytes);
+    case DocumentKind::Definition:
+        break;
+    }
+    return Check::Definition(input.Bytes);
+}
+
+/// A file that can be compared.
+ComparedFile ReadForms(const QString &path)
+{
+    const InputFile input = ReadInput(path);
+    static const QStringList unreadable{QStringLiteral("xml-malformed"), QStringLiteral("form-missing"),
+        QStringLiteral("template-repeat"), QStringLiteral("template-value")};
+    for (const Finding &finding : FindingsOf(input)) {
+        if (unreadable.contains(finding.Code))
             throw InputFailure(PlaceIn(path, finding.Line, finding.Column), finding.Text);
     }
-    return document;
+    return {input.Bytes, KindOf(input.Kind)};
 }
 
 QString Quoted(const QString &text)
@@ -64,8 +92,9 @@ QString TextOf(const FormDifference &difference)
 void DiffCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Tells what differs between two form definitions, by widget and property: one difference a line, with its\n"
-        "place in B, or in A for what is gone. Layout, comments and the order of properties do not count. Ends with\n"
+        "Tells what differs between two form definitions, templates or component lists, by widget and property: one\n"
+        "difference a line, with its place in B, or in A for what is gone. Layout, comments and the order of "
+        "properties do not count. Ends with\n"
         "0 when nothing differs, 1 when something does, 2 when that cannot be told."));
     parser.addPositionalArgument(QStringLiteral("A"), QStringLiteral("The definition as it was (FILE)."));
     parser.addPositionalArgument(QStringLiteral("B"), QStringLiteral("The definition as it is (FILE)."));
@@ -81,13 +110,19 @@ int DiffCommand::Run(const QCommandLineParser &parser)
     Before = arguments.constFirst();
     After = arguments.constLast();
     try {
-        const QVector<FormDifference> differences = CompareForms(ReadForm(Before), ReadForm(After));
+        const ComparedFile before = ReadForms(Before);
+        const ComparedFile after = ReadForms(After);
+        if ((before.What == ComparedFile::List) != (after.What == ComparedFile::List))
+            throw UsageFailure(QStringLiteral("a component list is compared with another one alone"));
+        const QVector<FormDifference> differences = CompareForms(before, after);
         if (format == QLatin1String("json")) {
             PrintJson(differences);
         } else {
             for (const FormDifference &difference : differences)
                 PrintLine(difference);
         }
+        if (std::fflush(stdout) != 0)
+            throw Failure{ekWrongUsage, QStringLiteral("what differs could not all be printed")};
         return differences.isEmpty() ? Same : Differs;
     } catch (Failure failure) {
         failure.Status = ekWrongUsage;
@@ -101,6 +136,8 @@ void DiffCommand::PrintLine(const FormDifference &difference) const
     QString who = difference.Part;
     if (!difference.Name.isEmpty())
         who += QStringLiteral(" \"%1\"").arg(difference.Name);
+    if (!difference.Component.isEmpty() && difference.Part != QLatin1String("component"))
+        who = QStringLiteral("component \"%1\": ").arg(difference.Component) + who;
     if (!difference.Detail.isEmpty())
         who += QLatin1String(": ") + difference.Detail;
     const QString line
@@ -113,11 +150,15 @@ void DiffCommand::PrintLine(const FormDifference &difference) const
 void DiffCommand::PrintJson(const QVector<FormDifference> &differences) const
 {
     QJsonArray array;
-    for (const FormDifference &each : differences)
-        array.append(QJsonObject{{QStringLiteral("change"), NameOf(each.What)}, {QStringLiteral("part"), each.Part},
+    for (const FormDifference &each : differences) {
+        QJsonObject object{{QStringLiteral("change"), NameOf(each.What)}, {QStringLiteral("part"), each.Part},
             {QStringLiteral("name"), each.Name}, {QStringLiteral("detail"), each.Detail},
             {QStringLiteral("before"), each.Before}, {QStringLiteral("after"), each.After},
-            {QStringLiteral("lineBefore"), each.LineBefore}, {QStringLiteral("lineAfter"), each.LineAfter}});
+            {QStringLiteral("lineBefore"), each.LineBefore}, {QStringLiteral("lineAfter"), each.LineAfter}};
+        if (!each.Component.isEmpty())
+            object.insert(QStringLiteral("component"), each.Component);
+        array.append(object);
+    }
     std::fputs(JsonText(array).toUtf8().constData(), stdout);
 }
 

@@ -25,9 +25,11 @@ QString DefinitionOf(const QString &path)
     return path.left(path.size() - 1);
 }
 
-/// How the definition names its template.
+/// How the definition names its template; empty for one that came by a pipe.
 QString NameFrom(const QString &output, const QString &path)
 {
+    if (!QFileInfo(path).isFile())
+        return QString();
     if (output == QLatin1String("-"))
         return QFileInfo(path).fileName();
     return QFileInfo(output).dir().relativeFilePath(QFileInfo(path).absoluteFilePath());
@@ -55,7 +57,8 @@ int ExpandCommand::Run(const QCommandLineParser &parser)
 {
     const QStringList paths = Arguments(parser, parser.isSet(Output) ? 1 : INT_MAX);
     for (const QString &path : paths) {
-        if (!path.endsWith(QLatin1String(".orbelt")))
+        const bool isNamed = path.endsWith(QLatin1String(".orbelt"));
+        if (!isNamed && (!parser.isSet(Output) || QFileInfo(path).isFile()))
             throw UsageFailure(QStringLiteral("%1: the name of a template ends in \".orbelt\"").arg(path));
     }
     for (const QString &path : paths) {

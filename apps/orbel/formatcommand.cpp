@@ -54,11 +54,13 @@ int FirstDifference(const QByteArray &one, const QByteArray &other)
 void FormatCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Brings form definitions into the one canonical layout, each in its file. Texts, scripts, comments and\n"
-        "values stay as they stand, character by character. What is malformed is told with its place and left alone."));
+        "Brings definitions, templates and component lists into the one canonical layout, each in its file. Texts,\n"
+        "scripts, comments and values, with them the definitions in a component list, stay as they stand, character "
+        "by\n"
+        "character. What is malformed is told with its place and left alone."));
     parser.addPositionalArgument(QStringLiteral("FILE..."),
-        QStringLiteral("Form definitions, or folders with all definitions and templates in them; \"-\" reads standard "
-                       "input and prints."),
+        QStringLiteral("Files, or folders with all definitions and templates in them; what comes by a pipe, or by "
+                       "standard input (\"-\"), is printed."),
         QStringLiteral("FILE..."));
     parser.addOption(
         {Check, QStringLiteral("Changes nothing, tells each file that is laid out otherwise, and ends with 1 then.")});
@@ -86,12 +88,13 @@ void FormatCommand::Format(const QString &path, bool isCheck)
         throw InputFailure(PlaceIn(path, reason.Line, reason.Column), reason.Text);
     }
     const bool isSame = layout.GetDocument() == document;
+    const bool isPrinted = !QFileInfo(path).isFile();
     if (isCheck && !isSame) {
         const int line = FirstDifference(document, layout.GetDocument());
         std::printf("%s:%d: is laid out otherwise from here on\n", qPrintable(path), line);
         Status = ekInputAtFault;
-    } else if (!isCheck && (!isSame || path == QLatin1String("-"))) {
-        WriteWhole(path, layout.GetDocument());
+    } else if (!isCheck && (!isSame || isPrinted)) {
+        WriteWhole(isPrinted ? QStringLiteral("-") : path, layout.GetDocument());
     }
 }
 

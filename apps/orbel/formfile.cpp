@@ -96,6 +96,12 @@ const FormFile::Definition &FormFile::Pick(const QString &component) const
                            .arg(Input.Path, component, QuotedNames(NearestNames(component, names, 3))));
 }
 
+QByteArray FormFile::GetDefinition(const QString &component) const
+{
+    // The mark counts before an encoding that the text may declare.
+    return IsList() ? "\xEF\xBB\xBF" + Pick(component).Text.toUtf8() : Text;
+}
+
 /// As hosts read a file. The file itself may be a pipe, or another one meanwhile.
 KV218::OrbelFormular *FormFile::ParseBytes() const
 {

@@ -24,6 +24,8 @@ public:
     const QString &GetPath() const { return Input.Path; }
     /// What stands in the file; of a template the definition that it gives.
     const QByteArray &GetBytes() const { return Text; }
+    /// The same, of a list the definition of a component, which is chosen as for Parse().
+    QByteArray GetDefinition(const QString &component) const;
     bool IsList() const { return Input.Kind == DocumentKind::List; }
     bool IsDefinition() const { return Input.Kind == DocumentKind::Definition; }
     /// Input at fault when something is malformed.

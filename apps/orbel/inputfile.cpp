@@ -16,10 +16,10 @@ namespace Orbel
 QByteArray ReadFile(const QString &path)
 {
     QFile file(path);
-    if (QFileInfo(path).isDir())
+    const bool isInput = path == QLatin1String("-");
+    if (!isInput && QFileInfo(path).isDir())
         throw InputFailure(path, QStringLiteral("Is a directory"));
-    const bool isOpen
-        = path == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    const bool isOpen = isInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!isOpen)
         throw InputFailure(path, file.errorString());
     QByteArray bytes = file.readAll();

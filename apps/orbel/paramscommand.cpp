@@ -105,7 +105,8 @@ void ParamsCommand::Define(QCommandLineParser &parser) const
         "reads a parameter document, sets values one after the other, applies a changed definition, and prints\n"
         "what the form then holds. What the form's script prints goes to standard error.\n"
         "With --from and --to, FILE is a parameter document of the one version of a form; prints the document of the\n"
-        "other, tells on standard error what was lost on the way, and ends with 1 then."));
+        "other, tells on standard error what was lost on the way, and ends with 1 then. Of component lists,\n"
+        "--component names the form."));
     DefineFile(parser);
     parser.addOptions({
         {Params, QStringLiteral("A parameter document to read first."), QStringLiteral("DOC.xml")},
@@ -116,8 +117,8 @@ void ParamsCommand::Define(QCommandLineParser &parser) const
             QStringLiteral("PATH=TEXT")},
         {Changed, QStringLiteral("A changed definition to apply then."), QStringLiteral("FILE")},
         {OnlyModified, QStringLiteral("Prints just what was modified, and nothing when nothing was.")},
-        {From, QStringLiteral("The version of the form that FILE belongs to."), QStringLiteral("A.orbel")},
-        {To, QStringLiteral("The version of the form that is to have its values."), QStringLiteral("B.orbel")},
+        {From, QStringLiteral("The version of the form that FILE belongs to."), QStringLiteral("A")},
+        {To, QStringLiteral("The version of the form that is to have its values."), QStringLiteral("B")},
     });
     DefineComponent(parser);
 }
@@ -155,10 +156,9 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     const QByteArray document = ReadWhole(path);
     const FormFile former(parser.value(From));
     const FormFile later(parser.value(To));
-    if (former.IsList() || later.IsList())
-        throw UsageFailure(QStringLiteral("--from and --to want form definitions, not component lists"));
-    ParameterCarry carry(document, former.GetBytes(), later.GetBytes());
-    const FormFile::Form form = later.Parse(QString());
+    const QString component = ComponentName(parser);
+    ParameterCarry carry(document, former.GetDefinition(component), later.GetDefinition(component));
+    const FormFile::Form form = later.Parse(later.IsList() ? component : QString());
     TellScriptExceptions(*form, later.GetPath());
     form->CreateValueTree(QStringLiteral("/Form"));
     form->CreateGUI(true);

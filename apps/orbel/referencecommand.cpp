@@ -7,10 +7,14 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
+#include <QImage>
 #include <QStyleFactory>
 
 namespace Orbel
 {
+
+/// Of the pictures, in points.
+constexpr int FontSize = 10;
 
 void ReferenceCommand::Define(QCommandLineParser &parser) const
 {
@@ -27,13 +31,20 @@ int ReferenceCommand::Run(const QCommandLineParser &parser)
     if (!Folder.mkpath(QStringLiteral("images")))
         throw InputFailure(Folder.path(), QStringLiteral("the folder cannot be made"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    QFont font = QApplication::font();
+    font.setPointSize(FontSize);
+    QApplication::setFont(font);
     Write(QStringLiteral("README.md"), IndexPage());
     Write(QStringLiteral("Sheet.md"), SheetPage());
+    const QString sheet = QStringLiteral("Sheet");
+    Keep(sheet, PictureOf(ExampleOf(sheet), true));
     for (const ClassInfo &info : Registry::Classes()) {
         const QString name = QLatin1String(info.name);
         Write(name + QLatin1String(".md"), ClassPage(info));
         if (info.delegate->traits & ekShown)
-            Draw(name);
+            Keep(name, PictureOf(ExampleOf(name), false));
+        else if (info.delegate->traits & ekAlwaysWrites)
+            Keep(name, PictureOfDialog(name));
     }
     return ekFine;
 }
@@ -46,10 +57,10 @@ void ReferenceCommand::Write(const QString &name, const QString &page) const
         throw InputFailure(file.fileName(), file.errorString());
 }
 
-void ReferenceCommand::Draw(const QString &className) const
+void ReferenceCommand::Keep(const QString &name, const QImage &picture) const
 {
-    const QString path = Folder.filePath(QStringLiteral("images/%1.png").arg(className));
-    if (!PictureOf(ExampleOf(className)).save(path))
+    const QString path = Folder.filePath(QStringLiteral("images/%1.png").arg(name));
+    if (!picture.save(path))
         throw InputFailure(path, QStringLiteral("the picture cannot be written"));
 }
 

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+class QImage;
+
 namespace Orbel
 {
 
@@ -16,7 +18,7 @@ public:
 
 private:
     void Write(const QString &name, const QString &page) const;
-    void Draw(const QString &className) const;
+    void Keep(const QString &name, const QImage &picture) const;
 
     QDir Folder;
 };

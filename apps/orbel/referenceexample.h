@@ -6,12 +6,18 @@
 namespace Orbel
 {
 
-/// The smallest form that shows a control class, cut from the example with all controls. Throws a Failure for a class
-/// that does not stand there.
+/// The smallest form that shows a control class, or the sheet with one control, cut from the example with all controls.
+/// Throws a Failure for a class that does not stand there.
 QString ExampleOf(const QString &className);
 
-/// The form as the operator sees it.
-QImage PictureOf(const QString &definition);
+/// A script for that form, of examples/scripts. Throws a Failure for a class that has none.
+QString ScriptOf(const QString &className);
+
+/// The form as the operator sees it, with an apply row or without.
+QImage PictureOf(const QString &definition, bool applyUi);
+
+/// The list of excluded ranges, as an object of that class opens it.
+QImage PictureOfDialog(const QString &className);
 
 /// The form's parameter document.
 QString DocumentOf(const QString &definition);

@@ -47,23 +47,48 @@ QString PropertyTable(const QVector<PropertyInfo> &properties)
     return table + QLatin1Char('\n');
 }
 
-QString MemberList(const char *title, const QStringList &members)
+QString MemberList(const char *title, const QString &className, const QStringList &members)
 {
     if (members.isEmpty())
         return QString();
-    return QStringLiteral("%1:\n\n- `%2`\n\n").arg(Text(title), members.join(QLatin1String("`\n- `")));
+    QString list = Text(title) + QLatin1String(":\n\n");
+    for (const QString &member : members)
+        list += QStringLiteral("- `%1`: %2\n").arg(member, Registry::MeaningOf(className, member));
+    return list + QLatin1Char('\n');
 }
 
-QString Members(const QMetaObject *metaObject, const QMetaObject &base)
+/// Those of a class beyond those of `base`; an empty name means the sheet.
+QString Members(const QString &className, const QMetaObject &base)
 {
-    const ClassMembers members = MembersOf(metaObject, base);
-    return MemberList("Signals", members.Signals) + MemberList("Slots", members.Slots)
-        + MemberList("Invokables", members.Invokables);
+    const ClassMembers members = MembersOf(Registry::MetaObjectOf(className), base);
+    return MemberList("Signals", className, members.Signals) + MemberList("Slots", className, members.Slots)
+        + MemberList("Invokables", className, members.Invokables);
+}
+
+QString Cannot(const QVector<const char *> &sentences)
+{
+    QString list;
+    for (const char *sentence : sentences)
+        list += QStringLiteral("- %1\n").arg(Registry::Stressed(sentence));
+    return list.isEmpty() ? list : QStringLiteral("## What it cannot do\n\n%1\n").arg(list);
 }
 
 QString Block(const QString &xml)
 {
     return QStringLiteral("```xml\n%1\n```\n\n").arg(xml.trimmed());
+}
+
+QString Examples(const QString &className)
+{
+    return QStringLiteral(
+        "## Example\n\n%1A script for it. Behind `// ->` stands what it prints, at the end when somebody "
+        "does what the comment says:\n\n```js\n%2\n```\n")
+        .arg(Block(ExampleOf(className)), ScriptOf(className).trimmed());
+}
+
+QString Picture(const QString &name)
+{
+    return QStringLiteral("![%1](images/%1.png)\n\n").arg(name);
 }
 
 QString Head(const ClassInfo &info)
@@ -77,8 +102,8 @@ QString Head(const ClassInfo &info)
     QString head = QStringLiteral("# %1\n\n%2\n\n").arg(Text(info.name), Text(info.delegate->shows));
     if (*info.remark)
         head += Text(info.remark) + QLatin1String("\n\n");
-    if (info.delegate->traits & ekShown)
-        head += QStringLiteral("![%1](images/%1.png)\n\n").arg(Text(info.name));
+    if (info.delegate->traits & (ekShown | ekAlwaysWrites))
+        head += Picture(Text(info.name));
     head += QStringLiteral("- Class names: %1\n").arg(siblings.join(QLatin1String(", ")));
     head += QStringLiteral("- Delegate: `%1`\n").arg(Text(info.delegate->delegate));
     return head + (value.isEmpty() ? QStringLiteral("\n") : QStringLiteral("- Value property: `%1`\n\n").arg(value));
@@ -96,27 +121,27 @@ QString ParameterPart(const ClassInfo &info, const QString &example)
 
 QString ClassPage(const ClassInfo &info)
 {
-    const QString example = ExampleOf(Text(info.name));
+    const QString name = Text(info.name);
     const QVector<PropertyInfo> &own = info.delegate->properties;
-    QString page = Head(info) + QStringLiteral("## Properties\n\n");
+    QString page = Head(info) + Cannot(info.delegate->cannot) + QStringLiteral("## Properties\n\n");
     if (!own.isEmpty())
         page += PropertyTable(own);
     page += QStringLiteral("And those of [every control](README.md).\n\n## For scripts\n\n");
-    page += Members(Registry::MetaObjectOf(Text(info.name)), KV218::OrbelDelegate::staticMetaObject);
+    page += Members(name, KV218::OrbelDelegate::staticMetaObject);
     page += QStringLiteral("And those of [every control](README.md).\n\n");
-    return page + ParameterPart(info, example) + QStringLiteral("## Example\n\n") + Block(example).trimmed()
-        + QLatin1Char('\n');
+    return page + ParameterPart(info, ExampleOf(name)) + Examples(name);
 }
 
 QString SheetPage()
 {
+    const QString name = QStringLiteral("Sheet");
     return QStringLiteral("# The sheet\n\nThe form as a whole: its properties stand in the `Properties` of the element "
-                          "`Sheet`.\n\n## Properties\n\n")
+                          "`Sheet`.\n\n")
+        + Picture(name) + Cannot(Registry::SheetCannot()) + QStringLiteral("## Properties\n\n")
         + PropertyTable(Registry::SheetProperties())
         + QStringLiteral("A custom property `Attribute_X` makes an attribute `X` of the parameter document's root "
                          "element; its value is the property of the same name in `Properties`.\n\n## For scripts\n\n")
-        + Members(Registry::MetaObjectOf(QString()), KV218::OrbelDelegate::staticMetaObject).trimmed()
-        + QLatin1Char('\n');
+        + Members(QString(), KV218::OrbelDelegate::staticMetaObject) + Examples(name);
 }
 
 QString IndexPage()
@@ -131,8 +156,9 @@ QString IndexPage()
                         value.isEmpty() ? value : QLatin1Char('`') + value + QLatin1Char('`'));
     }
     return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n")
-        + PropertyTable(Registry::CommonProperties())
-        + Members(&KV218::OrbelDelegate::staticMetaObject, QObject::staticMetaObject).trimmed() + QLatin1Char('\n');
+        + PropertyTable(Registry::CommonProperties()) + Members(QStringLiteral("?"), QObject::staticMetaObject)
+        + Cannot(Registry::CommonCannot()).replace(QLatin1String("it cannot"), QLatin1String("none can")).trimmed()
+        + QLatin1Char('\n');
 }
 
 } // namespace Orbel

@@ -85,6 +85,11 @@ void Document::Read()
         return;
     Error = reader.errorString();
     ErrorOffset = text.midRef(begin, 2) == QLatin1String("</") ? begin : last;
+    // Where a document ends too early, its author looks at the last that stands there.
+    if (ErrorOffset >= text.size()) {
+        while (ErrorOffset > 0 && text.at(ErrorOffset - 1).isSpace())
+            --ErrorOffset;
+    }
     for (const int open : qAsConst(Stack)) {
         All[open].Last = All.size() - 1;
         All[open].ContentTo = last;

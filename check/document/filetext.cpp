@@ -51,6 +51,11 @@ void FileText::Decode(const QByteArray &bytes)
 {
     Codec = CodecOf(bytes);
     IsMarked = QTextCodec::codecForUtfText(bytes, nullptr);
+    QTextCodec::ConverterState unicode;
+    const QString asUnicode = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &unicode);
+    const bool isWider
+        = Codec->name() != "UTF-8" && !Codec->name().startsWith("UTF-16") && asUnicode.size() < bytes.size();
+    HidesUtf8 = !IsMarked && isWider && unicode.invalidChars == 0 && unicode.remainingChars == 0;
     QTextCodec::ConverterState state;
     Whole = PlacedText(Codec->toUnicode(bytes.constData(), bytes.size(), &state));
     if (state.invalidChars == 0 && state.remainingChars == 0)

@@ -28,6 +28,8 @@ public:
     /// Empty unless the bytes that are read do not fit the encoding; then the library reads nothing to rely on.
     const QString &ErrorText() const { return Error; }
     int PlaceOfError() const { return ErrorPlace; }
+    /// Whether the bytes beyond ASCII are those of UTF-8, and another encoding is declared.
+    bool IsHiddenUtf8() const { return HidesUtf8; }
 
     /// Another text as bytes of the same encoding, with a byte order mark where the file has one.
     QByteArray Encoded(const QString &text) const;
@@ -45,6 +47,7 @@ private:
 
     QTextCodec *Codec = nullptr;
     bool IsMarked = false; ///< By a byte order mark.
+    bool HidesUtf8 = false;
     QString All;
     PlacedText Whole;
     QString Error;

@@ -23,6 +23,12 @@ QString SignatureOf(const QMetaMethod &method)
 
 } // namespace
 
+QString NameOfMember(const QString &signature)
+{
+    const QString head = signature.section(QLatin1Char('('), 0, 0);
+    return head.mid(head.lastIndexOf(QLatin1Char(' ')) + 1);
+}
+
 ClassMembers MembersOf(const QMetaObject *metaObject, const QMetaObject &base)
 {
     ClassMembers members;

@@ -17,6 +17,8 @@ struct ORBEL_CHECK_INTERNAL ClassMembers {
     QStringList Invokables;
 };
 
+/// The name in a signature as `int firstIndexOfValue(QString value)`.
+ORBEL_CHECK_INTERNAL QString NameOfMember(const QString &signature);
 /// The members of a class and of its bases, as far as they are not members of `base`.
 ORBEL_CHECK_INTERNAL ClassMembers MembersOf(const QMetaObject *metaObject, const QMetaObject &base);
 

@@ -1,11 +1,14 @@
 #include "registry.h"
 
+#include "classmembers.h"
 #include "orbeldelegate.h"
 #include "orbelformular.h"
 #include "orbelparser.h"
 #include "registrytables.h"
 
 #include <QHash>
+
+#include <algorithm>
 
 namespace Orbel
 {
@@ -39,6 +42,18 @@ const PropertyInfo *Find(const PropertyIndex &index, const QString &name)
 {
     const auto found = index.constFind(name);
     return found == index.constEnd() ? nullptr : &*found;
+}
+
+/// Empty where no row tells. Those of the class itself stand behind those of groups, and count for more.
+QString MeaningIn(const QVector<MemberInfo> &members, const QString &signature)
+{
+    for (const QString &wanted : {signature, NameOfMember(signature)}) {
+        const auto row = std::find_if(members.crbegin(), members.crend(),
+            [&](const MemberInfo &info) { return QLatin1String(info.member) == wanted; });
+        if (row != members.crend())
+            return QString::fromUtf8(row->meaning);
+    }
+    return QString();
 }
 
 QStringList NamesOf(const QVector<PropertyInfo> &properties)
@@ -99,12 +114,12 @@ QStringList Registry::ClassNames()
 
 const QVector<PropertyInfo> &Registry::CommonProperties()
 {
-    return CommonTable();
+    return CommonRows().properties;
 }
 
 QVector<PropertyInfo> Registry::PropertiesOf(const ClassInfo &info)
 {
-    return CommonTable() + info.delegate->properties;
+    return CommonRows().properties + info.delegate->properties;
 }
 
 const PropertyInfo *Registry::FindProperty(const ClassInfo &info, const QString &name)
@@ -117,20 +132,46 @@ QStringList Registry::PropertyNames(const ClassInfo &info)
     return NamesOf(PropertiesOf(info));
 }
 
+QString Registry::MeaningOf(const QString &className, const QString &signature)
+{
+    const ClassInfo *const info = FindClass(className);
+    const QString own = className.isEmpty() ? MeaningIn(SheetRows().members, signature)
+        : info                              ? MeaningIn(info->delegate->members, signature)
+                                            : QString();
+    return own.isEmpty() ? MeaningIn(CommonRows().members, signature) : own;
+}
+
+const QVector<const char *> &Registry::CommonCannot()
+{
+    return CommonRows().cannot;
+}
+
+const QVector<const char *> &Registry::SheetCannot()
+{
+    return SheetRows().cannot;
+}
+
+QString Registry::Stressed(const char *sentences)
+{
+    QString text = QString::fromUtf8(sentences);
+    const int end = text.indexOf(QLatin1String(". "));
+    return QLatin1String("**") + text.insert(end < 0 ? text.size() : end + 1, QLatin1String("**"));
+}
+
 const QVector<PropertyInfo> &Registry::SheetProperties()
 {
-    return SheetTable();
+    return SheetRows().properties;
 }
 
 const PropertyInfo *Registry::FindSheetProperty(const QString &name)
 {
-    static const PropertyIndex index = IndexOf(SheetTable());
+    static const PropertyIndex index = IndexOf(SheetProperties());
     return Find(index, name);
 }
 
 QStringList Registry::SheetPropertyNames()
 {
-    return NamesOf(SheetTable());
+    return NamesOf(SheetProperties());
 }
 
 const QMetaObject *Registry::MetaObjectOf(const QString &className)

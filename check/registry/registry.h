@@ -44,6 +44,12 @@ struct PropertyInfo {
     const char *choices = ""; ///< The only sensible texts, separated by blanks; empty for any.
 };
 
+/// A signal, slot or invokable.
+struct MemberInfo {
+    const char *member; ///< Its name, for all of that name, or one signature as in ClassMembers.
+    const char *meaning; ///< One sentence.
+};
+
 /// What a class has that mistakes can be made about.
 enum Trait : unsigned {
     ekRow = 1, ///< Makes a row label from `labelText`.
@@ -68,7 +74,10 @@ struct DelegateInfo {
     const char *reads; ///< How that is read back.
     /// The element that is written when there are custom properties and customXmlTag is not one of them.
     const char *customTag = "";
-    QVector<PropertyInfo> properties = {}; ///< On top of those of every class.
+    /// All on top of those of every class.
+    QVector<PropertyInfo> properties = {};
+    QVector<MemberInfo> members = {};
+    QVector<const char *> cannot = {}; ///< What an author would expect in vain, one sentence each, in Markdown.
 };
 
 struct ClassInfo {
@@ -95,6 +104,15 @@ public:
     /// Null when the class does not read it.
     static const PropertyInfo *FindProperty(const ClassInfo &info, const QString &name);
     static QStringList PropertyNames(const ClassInfo &info);
+
+    /// What a signal, slot or invokable of a class does, one sentence; `signature` as in ClassMembers. An unknown class
+    /// gives those of every control, an empty name those of the sheet. Empty for a member that it does not have.
+    static QString MeaningOf(const QString &className, const QString &signature);
+    /// What no control can do, and what the sheet cannot.
+    static const QVector<const char *> &CommonCannot();
+    static const QVector<const char *> &SheetCannot();
+    /// Such sentences with the first one in bold.
+    static QString Stressed(const char *sentences);
 
     static const QVector<PropertyInfo> &SheetProperties();
     static const PropertyInfo *FindSheetProperty(const QString &name);

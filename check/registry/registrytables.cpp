@@ -13,7 +13,10 @@ namespace
 
 namespace prop = KV218::prop;
 
-// Words of the rows.
+/// Words of the rows.
+namespace word
+{
+
 constexpr QLatin1String None;
 constexpr unsigned Field = ekRow | ekShown | ekWrites;
 constexpr unsigned Number = Field | ekLimits;
@@ -23,9 +26,11 @@ const char ItemsByIndex[]
     = "Items land by their attribute \"index\", or one behind the other; the element name of an item is not "
       "looked at, and items beyond the count are dropped.";
 
+} // namespace word
+
 struct Rows {
-    QVector<PropertyInfo> Common;
-    QVector<PropertyInfo> Sheet;
+    ClassRows Common;
+    ClassRows Sheet;
     std::map<std::string, DelegateInfo> Delegates; ///< By the class names that are no aliases.
 };
 
@@ -35,44 +40,59 @@ class RowReader
 public:
     Rows Read;
 
-    void Begin(QVector<PropertyInfo> &properties) { Properties = &properties; }
+    template <class Taker> void Begin(Taker &taker)
+    {
+        Properties = &taker.properties;
+        Members = &taker.members;
+        Cannot = &taker.cannot;
+    }
 
     void Begin(const char *name, const DelegateInfo &info)
     {
         DelegateInfo &added = Read.Delegates[name] = info;
         Type = info.valueType;
-        Begin(added.properties);
+        Begin(added);
     }
 
     template <class... Groups> void Use(const Groups &...groups)
     {
-        for (const QVector<PropertyInfo> *group : {&groups...}) {
-            for (PropertyInfo property : *group) {
+        for (const ClassRows *group : {&groups...}) {
+            for (PropertyInfo property : group->properties) {
                 if (property.type == ValueType::AsValue)
                     property.type = Type;
                 Add(property);
             }
+            *Members += group->members;
+            *Cannot += group->cannot;
         }
     }
 
     void Add(const PropertyInfo &property) { Properties->append(property); }
+    void Add(const MemberInfo &member) { Members->append(member); }
+    void Add(const char *cannot) { Cannot->append(cannot); }
 
 private:
-    QVector<PropertyInfo> *Properties = nullptr; ///< Those of the next rows.
+    // Those of the next rows.
+    QVector<PropertyInfo> *Properties = nullptr;
+    QVector<MemberInfo> *Members = nullptr;
+    QVector<const char *> *Cannot = nullptr;
     ValueType Type = ValueType::Text; ///< Of the last class.
 };
 
 Rows ReadRows()
 {
+    using namespace word;
     RowReader reader;
     // clang-format off
-#define ORBEL_PROPERTIES(group) QVector<PropertyInfo> group; reader.Begin(group);
+#define ORBEL_PROPERTIES(group) ClassRows group; reader.Begin(group);
 #define ORBEL_SHEET() reader.Begin(reader.Read.Sheet);
 #define ORBEL_CLASS(name, delegate, type, ...) reader.Begin(#name, {#delegate, ValueType::type, __VA_ARGS__});
 #define ORBEL_USES(...) reader.Use(__VA_ARGS__);
 #define ORBEL_PROPERTY(constant, name, ...) ORBEL_ALSO(constant, __VA_ARGS__)
 #define ORBEL_ALSO(constant, type, absent, unit, use, ...) \
-    reader.Add({prop::constant, ValueType::type, absent, unit, PropertyUse::use, __VA_ARGS__});
+    reader.Add(PropertyInfo{prop::constant, ValueType::type, absent, unit, PropertyUse::use, __VA_ARGS__});
+#define ORBEL_MEMBER(member, meaning) reader.Add(MemberInfo{member, meaning});
+#define ORBEL_CANNOT(text) reader.Add(text);
 #include "controlclasses.inc"
     // clang-format on
     reader.Read.Common = EveryControl;
@@ -97,12 +117,12 @@ const QVector<ClassInfo> &ClassTable()
     return table;
 }
 
-const QVector<PropertyInfo> &CommonTable()
+const ClassRows &CommonRows()
 {
     return AllRows().Common;
 }
 
-const QVector<PropertyInfo> &SheetTable()
+const ClassRows &SheetRows()
 {
     return AllRows().Sheet;
 }

@@ -61,7 +61,7 @@ public:
             Sink.AddMisspelt(Code::EnumUnknown, PlaceOfValue(Form, *stated),
                 QStringLiteral("There is no enumeration \"%1\"").arg(stated->Text), stated->Text, Form.EnumNames());
         else if (entry)
-            CheckCurrent(widget, *entry);
+            CheckShown(widget, *entry);
     }
 
 private:
@@ -88,6 +88,22 @@ private:
         seen.insert(text);
     }
 
+    void CheckShown(const WidgetEntry &widget, const EnumEntry &entry)
+    {
+        CheckCurrent(widget, entry);
+        if (Shown.contains(&entry))
+            return;
+        Shown.insert(&entry);
+        for (const EnumRow &row : entry.Rows) {
+            bool hasName = false;
+            for (int part = Form.Doc.At(row.Element).FirstChild; part >= 0; part = Form.Doc.At(part).NextSibling)
+                hasName = hasName || Form.Doc.At(part).Name == element::DisplayName;
+            if (!hasName)
+                Sink.Add(Code::EnumNameless, Form.Doc.PlaceOf(row.Element),
+                    QStringLiteral("The row \"%1\" of \"%2\" has no DisplayName").arg(row.Value, entry.Name));
+        }
+    }
+
     void CheckCurrent(const WidgetEntry &widget, const EnumEntry &entry)
     {
         const PropertyEntry *current = widget.Find(prop::CurrentValue);
@@ -107,6 +123,7 @@ private:
 
     const FormModel &Form;
     FindingSink &Sink;
+    QSet<const EnumEntry *> Shown; ///< In combo boxes.
 };
 
 } // namespace

@@ -17,6 +17,8 @@ void CheckNames(const FormModel &form, FindingSink &sink);
 void CheckEnumRows(const FormModel &form, FindingSink &sink);
 void CheckEnums(const FormModel &form, FindingSink &sink);
 void CheckLimits(const FormModel &form, FindingSink &sink);
+/// What shows against what is held and written.
+void CheckDisplay(const FormModel &form, FindingSink &sink);
 void CheckRows(const FormModel &form, FindingSink &sink);
 void CheckParameterPlaces(const FormModel &form, FindingSink &sink);
 void CheckConventions(const FormModel &form, FindingSink &sink);

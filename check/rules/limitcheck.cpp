@@ -82,6 +82,12 @@ private:
     {
         const Number start = Numbers.NumberOf(prop::StartFrequency);
         const Number stop = Numbers.NumberOf(prop::StopFrequency);
+        const bool isWithoutStop = start && Numbers.Reads(prop::StopFrequency) && !Widget.States(prop::StopFrequency)
+            && start.Value > Numbers.LimitOf(prop::Minimum).Value + 1;
+        if (isWithoutStop && !ScriptMayMoveRange())
+            Tell(Code::LimitReversed, start,
+                QStringLiteral("The range begins at %1 and has no stopFrequency, which counts as its minimum")
+                    .arg(start.Text));
         if (start && stop && start.Value >= stop.Value && !ScriptMayMoveRange())
             Tell(Code::LimitReversed, start,
                 QStringLiteral("The range begins at %1, not below its end %2").arg(start.Text, stop.Text));

@@ -114,6 +114,7 @@ private:
             path += parts.at(i) + QLatin1Char('/');
             Inner.insert(path.left(path.size() - 1));
         }
+        CheckSpelling(widget, parts);
         for (const QString &tag : widget.ReadTags()) {
             const WidgetEntry *other = Leaves.value(path + tag);
             if (!other)
@@ -121,6 +122,26 @@ private:
             else if (other != &widget)
                 Sink.Add(Code::ParameterDoubled, PlaceOfPath(widget),
                     QStringLiteral("\"%1\" is the place of \"%2\" already").arg(path + tag, other->Name));
+        }
+    }
+
+    void CheckSpelling(const WidgetEntry &widget, const QStringList &parts)
+    {
+        const QString stated = widget.TextOf(prop::ParameterXmlTag);
+        if (stated.startsWith(QLatin1Char('/')) || stated.contains(QLatin1String("//")))
+            Sink.Add(
+                Code::PathEmpty, PlaceOfPath(widget), QStringLiteral("The empty part of the path counts for nothing"));
+        QString path;
+        for (const QString &part : parts) {
+            path += QLatin1Char('/') + part;
+            const QString known = Spellings.value(path.toLower(), path);
+            if (known != path && known.toLower() == path.toLower() && !Told.contains(path)) {
+                Sink.Add(Code::PathCase, PlaceOfPath(widget),
+                    QStringLiteral("\"%1\" stands before as \"%2\"").arg(path.mid(1), known.mid(1)));
+                Told.insert(path);
+                return;
+            }
+            Spellings.insert(path.toLower(), known);
         }
     }
 
@@ -173,6 +194,8 @@ private:
     FindingSink &Sink;
     QHash<QString, const WidgetEntry *> Leaves;
     QSet<QString> Inner;
+    QHash<QString, QString> Spellings; ///< Of each path in small letters.
+    QSet<QString> Told;
 };
 
 } // namespace

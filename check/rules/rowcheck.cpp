@@ -72,6 +72,16 @@ void CheckTexts(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
         && stated(prop::CheckedValue, "true") == stated(prop::UncheckedValue, "false"))
         sink.Add(Code::SwitchText, PlaceOfValue(form, off ? *off : *on),
             QStringLiteral("\"%1\" writes \"%2\" in both states").arg(widget.Name, stated(prop::CheckedValue, "true")));
+    for (const PropertyEntry *text : {on, off}) {
+        if (text && text->Text.isEmpty() && widget.Class == QLatin1String("CheckBox"))
+            sink.Add(Code::ValueEmpty, form.Doc.PlaceOf(text->Element),
+                QStringLiteral("An empty %1 counts as none, and \"%2\" is written")
+                    .arg(text->Name, QLatin1String(text == on ? "true" : "false")));
+    }
+    if (widget.Class == QLatin1String("PushButton") && widget.IsNamed && !form.ScriptMayCall(widget, "clicked")
+        && !form.ScriptMayCall(widget, "pressed") && !form.ScriptMayCall(widget, "released"))
+        sink.Add(Code::ButtonUnheard, form.Doc.PlaceOf(widget.Element),
+            QStringLiteral("No script hears the button \"%1\"").arg(widget.Name));
     if (widget.Class == QLatin1String("PushButton") && widget.TextOf(prop::Text).isEmpty()
         && !form.ScriptMayCall(widget, "setText") && !form.ScriptMayCall(widget, "text")
         && !form.ScriptMayCall(widget, "setIcon"))
@@ -96,6 +106,7 @@ void CheckRows(const FormModel &form, FindingSink &sink)
 {
     const WidgetEntry *emptyHeadline = nullptr;
     QSet<QString> labels; // of the group
+    QSet<QString> tips;
     const auto closeGroup = [&] {
         if (emptyHeadline)
             sink.Add(Code::GroupEmpty, form.Doc.PlaceOf(emptyHeadline->Element),
@@ -115,8 +126,16 @@ void CheckRows(const FormModel &form, FindingSink &sink)
                     QStringLiteral("Another row of the group has the label \"%1\"").arg(label->Text));
             labels.insert(label->Text);
         }
+        const PropertyEntry *tip = widget.Find(prop::ToolTip);
+        if (tip && !tip->Text.isEmpty() && isLabelled) {
+            if (tips.contains(tip->Text))
+                sink.Add(Code::TooltipDoubled, PlaceOfValue(form, *tip),
+                    QStringLiteral("Another row of the group has this tooltip"));
+            tips.insert(tip->Text);
+        }
         if (IsHeadline(widget)) {
             labels.clear();
+            tips.clear();
             closeGroup();
             CheckHeadline(form, sink, widget);
             emptyHeadline = &widget;

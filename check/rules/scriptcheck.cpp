@@ -63,6 +63,39 @@ int RefusedIndex(const ScriptSourceMap &script, int line)
     return refused >= 0 && refused < parts.size() ? parts.at(refused) : script.IndexOf(line);
 }
 
+/// What stands in front of the first letter of the line of an index.
+QString MarginAt(const QString &code, int index)
+{
+    const int line = index == 0 ? 0 : code.lastIndexOf(QLatin1Char('\n'), index - 1) + 1;
+    int end = line;
+    while (end < code.size() && (code.at(end) == QLatin1Char(' ') || code.at(end) == QLatin1Char('\t')))
+        ++end;
+    return code.mid(line, end - line);
+}
+
+/// The first closing brace at the beginning of a line with another margin than the line of the one that it closes; -1
+/// without any.
+int MisplacedBrace(const QString &code)
+{
+    QVector<int> open;
+    for (const ScriptToken &token : ScanScript(code)) {
+        if (token.What != ScriptToken::Mark)
+            continue;
+        if (token.Text == QLatin1Char('{'))
+            open.append(token.Index);
+        if (token.Text != QLatin1Char('}'))
+            continue;
+        if (open.isEmpty())
+            return token.Index;
+        const QString margin = MarginAt(code, token.Index);
+        const int line = token.Index == 0 ? 0 : code.lastIndexOf(QLatin1Char('\n'), token.Index - 1) + 1;
+        const int opened = open.takeLast();
+        if (line + margin.size() == token.Index && line > opened && margin != MarginAt(code, opened))
+            return token.Index;
+    }
+    return -1;
+}
+
 } // namespace
 
 bool IsScriptRefused(const QString &code)
@@ -82,6 +115,10 @@ void CheckScript(const FormModel &form, FindingSink &sink)
     sink.Add(Code::ScriptSyntax, script.PlaceOf(index),
         QStringLiteral("The script cannot be read from here on%1")
             .arg(isUnfinished ? QStringLiteral("; something that was opened is not closed") : QString()));
+    const int brace = MisplacedBrace(script.Code());
+    if (brace >= 0 && brace < index)
+        sink.Add(Code::ScriptSyntax, script.PlaceOf(brace),
+            QStringLiteral("This closes what was opened in a line of another margin"));
 }
 
 } // namespace Orbel

@@ -27,6 +27,20 @@ int FirstLetter(const QString &text, int from, int to)
     return from;
 }
 
+/// A comment that begins another one, or that a script stands in.
+void CheckComment(const FormModel &form, const XmlToken &token, bool isInScript, FindingSink &sink)
+{
+    const QString text = form.Doc.Text().mid(token.From, token.To - token.From);
+    const int second = text.indexOf(QLatin1String("<!-"), 1);
+    if (second > 0)
+        sink.Add(Code::CommentUnended, form.Doc.PlaceAt(token.From + second),
+            QStringLiteral("This stands in a comment that has not ended yet"));
+    const bool isCode = text.contains(QLatin1Char(';')) || text.contains(QLatin1Char('('));
+    if (isInScript && isCode && form.Doc.At(form.Script).Text.trimmed().isEmpty())
+        sink.Add(Code::ScriptCommented, form.Doc.PlaceAt(token.From),
+            QStringLiteral("The script is nothing but this comment"));
+}
+
 } // namespace
 
 void CheckStrayText(const FormModel &form, FindingSink &sink)
@@ -42,6 +56,9 @@ void CheckStrayText(const FormModel &form, FindingSink &sink)
             open.append(NameOfTag(raw));
         else if (token.What == XmlToken::EndTag && !open.isEmpty())
             open.removeLast();
+        const bool isInScript = !open.isEmpty() && open.constLast() == element::Script;
+        if (token.What == XmlToken::Comment)
+            CheckComment(form, token, isInScript && form.Script >= 0, sink);
         const bool isText = token.What == XmlToken::Text || token.What == XmlToken::Section;
         const bool isBetween = isText && std::all_of(open.cbegin(), open.cend(), HoldsElements);
         // A property that holds text in place of a value is told for that.

@@ -22,6 +22,8 @@ constexpr QLatin1String StepAttribute("step");
 /// Of all repetitions together.
 constexpr int MostItems = 20000;
 constexpr int MostCharacters = 20000000;
+/// The greatest number of a range.
+constexpr qint64 Farthest = 1LL << 50;
 
 /// The attributes of a tag that stands alone.
 QXmlStreamAttributes AttributesOf(QString tag)
@@ -32,9 +34,18 @@ QXmlStreamAttributes AttributesOf(QString tag)
     return reader.attributes();
 }
 
-QString Escaped(const QString &text)
+/// A value as it stands in a piece of that kind.
+QString WrittenIn(XmlToken::Kind kind, QString value)
 {
-    return text.toHtmlEscaped().replace(QLatin1Char('\''), QLatin1String("&apos;"));
+    if (kind == XmlToken::Section)
+        return value.replace(QLatin1String("]]>"), QLatin1String("]]]]><![CDATA[>"));
+    const QLatin1Char dash('-');
+    if (kind == XmlToken::Comment
+        && (value.contains(QLatin1String("--")) || value.startsWith(dash) || value.endsWith(dash)))
+        return value.replace(dash, QLatin1String(" - "));
+    if (kind == XmlToken::Comment)
+        return value;
+    return value.toHtmlEscaped().replace(QLatin1Char('\''), QLatin1String("&apos;"));
 }
 
 } // namespace
@@ -149,9 +160,10 @@ bool TemplateExpansion::ReadRange(int start, const QXmlStreamAttributes &attribu
     const qint64 to = attributes.value(ToAttribute).toLongLong(&isTo);
     const qint64 step
         = attributes.hasAttribute(StepAttribute) ? attributes.value(StepAttribute).toLongLong(&isStep) : 1;
-    if (!isFrom || !isTo || !isStep || step < 1 || qAbs(from) > (1LL << 50) || qAbs(to) > (1LL << 50))
+    if (!isFrom || !isTo || !isStep || step < 1 || qAbs(from) > Farthest || qAbs(to) > Farthest)
         return Refuse(start, QStringLiteral("\"from\" and \"to\" are whole numbers, and \"step\" one above 0"));
-    for (qint64 number = from; number <= to && repetition->Items.size() <= MostItems; number += step)
+    for (qint64 number = from; number <= to && repetition->Items.size() <= MostItems;
+         number += qMin(step, 2 * Farthest + 1))
         repetition->Items.append(QScriptValue(double(number)));
     return true;
 }
@@ -199,8 +211,7 @@ PlacedText TemplateExpansion::Replaced(int token)
             continue;
         }
         const QString value = Evaluate(raw.mid(i + 2, close - i - 2), from + i);
-        const bool isPlain = kind == XmlToken::Section || kind == XmlToken::Comment;
-        for (const QChar character : isPlain ? value : Escaped(value))
+        for (const QChar character : WrittenIn(kind, value))
             replaced.Append(character, place);
         i = close + 1;
     }

@@ -31,7 +31,7 @@ Number WidgetNumbers::LimitOf(QLatin1String name) const
         return NumberOf(name);
     const QString absent = QLatin1String(Registry::FindProperty(Info, name)->absent);
     bool isNumber = false;
-    const double value = absent.toDouble(&isNumber);
+    const double value = absent.section(QLatin1Char(' '), 0, 0).toDouble(&isNumber);
     return isNumber ? Number{nullptr, value, absent} : Number();
 }
 

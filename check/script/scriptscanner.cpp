@@ -19,6 +19,7 @@ public:
             Step();
         return Tokens;
     }
+    const QVector<int> &GetComments() const { return Comments; }
 
 private:
     QChar Here(int ahead = 0) const { return At + ahead < Code.size() ? Code.at(At + ahead) : QChar(); }
@@ -34,7 +35,7 @@ private:
         if (character.isSpace())
             ++At;
         else if (character == QLatin1Char('/') && Here(1) == QLatin1Char('/'))
-            SkipTo(QLatin1String("\n"));
+            Comments.append(At), SkipTo(QLatin1String("\n"));
         else if (character == QLatin1Char('/') && Here(1) == QLatin1Char('*'))
             SkipTo(QLatin1String("*/"));
         else if (character == QLatin1Char('"') || character == QLatin1Char('\'') || StartsExpression())
@@ -44,7 +45,7 @@ private:
         else if (IsNamePart(character))
             Take(ScriptToken::Name);
         else
-            Tokens.append({ScriptToken::Mark, QString(character), At++});
+            Tokens.append({ScriptToken::Mark, QString(character), At, At + 1}), ++At;
     }
 
     void SkipTo(QLatin1String end)
@@ -58,7 +59,7 @@ private:
         const int start = At;
         while (At < Code.size() && (IsNamePart(Here()) || (kind == ScriptToken::Literal && Here() == QLatin1Char('.'))))
             ++At;
-        Tokens.append({kind, kind == ScriptToken::Name ? Code.mid(start, At - start) : QString(), start});
+        Tokens.append({kind, kind == ScriptToken::Name ? Code.mid(start, At - start) : QString(), start, At});
     }
 
     /// A slash begins a regular expression where no value stands before it.
@@ -71,7 +72,19 @@ private:
         const ScriptToken &before = Tokens.constLast();
         if (before.What == ScriptToken::Name)
             return ReservedWords().contains(before.Text) && before.Text != QLatin1String("this");
-        return before.What == ScriptToken::Mark && !QStringLiteral(")]}").contains(before.Text);
+        return before.What == ScriptToken::Mark && !QStringLiteral(")]}").contains(before.Text) && !EndsInStep();
+    }
+
+    /// Behind `i++` and `i--` a slash divides.
+    bool EndsInStep() const
+    {
+        const int last = Tokens.size() - 1;
+        const auto isMark = [this](int at, const char *marks) {
+            return Tokens.at(at).What == ScriptToken::Mark && QString::fromLatin1(marks).contains(Tokens.at(at).Text);
+        };
+        return last >= 2 && isMark(last, "+-") && isMark(last - 1, Tokens.at(last).Text.toLatin1())
+            && Tokens.at(last).Index == Tokens.at(last - 1).End
+            && (Tokens.at(last - 2).What == ScriptToken::Name || isMark(last - 2, ")]"));
     }
 
     void Quoted()
@@ -86,18 +99,27 @@ private:
                 inClass = Here() == QLatin1Char('[') || (inClass && Here() != QLatin1Char(']'));
         }
         const bool isText = quote != QLatin1Char('/');
-        Tokens.append({ScriptToken::Literal, isText ? Code.mid(start + 1, At - start - 1) : QString(), start});
+        const QString text = isText ? Code.mid(start + 1, At - start - 1) : QString();
         ++At;
-        while (quote == QLatin1Char('/') && Here().isLetter())
+        while (!isText && Here().isLetter())
             ++At;
+        Tokens.append({ScriptToken::Literal, text, start, qMin(At, Code.size())});
     }
 
     const QString &Code;
     int At = 0;
     QVector<ScriptToken> Tokens;
+    QVector<int> Comments; ///< That end with their line.
 };
 
 } // namespace
+
+QVector<int> LineComments(const QString &code)
+{
+    Scanner scanner(code);
+    scanner.Run();
+    return scanner.GetComments();
+}
 
 QVector<ScriptToken> ScanScript(const QString &code)
 {

@@ -37,8 +37,6 @@ struct Difference {
 
 QJsonArray FormattingOf(const OpenDocument &document)
 {
-    if (document.What() != OpenDocument::Definition)
-        throw RpcFailure{RpcError::RequestFailed, QStringLiteral("Only definitions have a layout of their own")};
     const DefinitionLayout layout = DefinitionLayout::OfText(document.Text());
     if (!layout.GetRefusal().isEmpty())
         throw RpcFailure{RpcError::RequestFailed, layout.GetRefusal().constFirst().Text};

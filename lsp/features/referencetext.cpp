@@ -52,7 +52,10 @@ QString TextOf(const ClassInfo &info)
     QString text = QStringLiteral("**%1**\n\n%2 %3\n").arg(Utf8(info.name), Utf8(delegate.shows), Utf8(info.remark));
     if (!delegate.valueProperty.isEmpty())
         text += Line("Value property", Code(delegate.valueProperty));
-    return text + Line("Writes", Utf8(delegate.writes)) + Line("Reads", Utf8(delegate.reads));
+    text += Line("Writes", Utf8(delegate.writes)) + Line("Reads", Utf8(delegate.reads));
+    for (const char *sentence : delegate.cannot)
+        text += QLatin1String("\n- ") + Registry::Stressed(sentence);
+    return text;
 }
 
 QString TextOf(const PropertyInfo &property)

@@ -17,22 +17,15 @@ namespace Orbel
 namespace
 {
 
-/// The name in a signature as `int firstIndexOfValue(QString value)`.
-QString NameIn(const QString &signature)
-{
-    const QString head = signature.left(signature.indexOf(QLatin1Char('(')));
-    return head.mid(head.lastIndexOf(QLatin1Char(' ')) + 1);
-}
-
-void AddMethods(ScriptMember::Kind what, const QStringList &signatures, QVector<ScriptMember> &members)
+void AddMethods(
+    ScriptMember::Kind what, const QString &className, const QStringList &signatures, QVector<ScriptMember> &members)
 {
     for (const QString &signature : signatures) {
-        const QString name = NameIn(signature);
         // A class states again what it overrides.
         const bool isKnown = std::any_of(members.cbegin(), members.cend(),
             [&](const ScriptMember &member) { return member.Signature == signature; });
         if (!isKnown)
-            members.append({what, name, signature, QString()});
+            members.append({what, NameOfMember(signature), signature, Registry::MeaningOf(className, signature)});
     }
 }
 
@@ -52,9 +45,9 @@ QVector<ScriptMember> ReadMembers(const QString &className)
                                       : Registry::CommonProperties(),
         members);
     const ClassMembers methods = MembersOf(Registry::MetaObjectOf(className), QObject::staticMetaObject);
-    AddMethods(ScriptMember::Signal, methods.Signals, members);
-    AddMethods(ScriptMember::Slot, methods.Slots, members);
-    AddMethods(ScriptMember::Invokable, methods.Invokables, members);
+    AddMethods(ScriptMember::Signal, className, methods.Signals, members);
+    AddMethods(ScriptMember::Slot, className, methods.Slots, members);
+    AddMethods(ScriptMember::Invokable, className, methods.Invokables, members);
     return members;
 }
 

@@ -13,7 +13,7 @@ struct ScriptMember {
     Kind What;
     QString Name;
     QString Signature; ///< Of a property its type.
-    QString Meaning; ///< One sentence, or nothing.
+    QString Meaning; ///< One sentence.
 };
 
 /// The members of a class, in the order of the reference; an unknown class has those of every control, an empty name

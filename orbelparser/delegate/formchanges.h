@@ -1,18 +1,12 @@
 #pragma once
 
-#include "changeentry.h"
+#include "undohistory.h"
 
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QVariant>
 #include <QVector>
-
-#include <limits>
-#include <memory>
-#include <vector>
-
-class QUndoStack;
 
 namespace KV218
 {
@@ -33,17 +27,16 @@ class FormChanges : public QObject
 public:
     /// `life` is the form's; not owned; it outlives this.
     explicit FormChanges(FormLife *life);
-    ~FormChanges() override;
 
     /// See OrbelFormular::GetUndoStack().
-    QUndoStack *GetStack() const { return Stack; }
+    QUndoStack *GetStack() const { return History.GetStack(); }
 
     /// From now on nothing is emitted, nor by the stack, which is cleared when it is destroyed: the form has ended.
     void Close();
 
     /// Undoes or redoes the last change that is not dropped by it; emits refused() where that is locked.
-    void Undo() { Go(true); }
-    void Redo() { Go(false); }
+    void Undo() { History.Undo(); }
+    void Redo() { History.Redo(); }
     /// Puts back what was applied last, as one change; where that is not known, nothing.
     void RevertAll();
     /// Puts back what was applied last in one control, as one change; false where that is not known or nothing else.
@@ -53,14 +46,14 @@ public:
     /// among them; an undo that meets one passes over it.
     void TakeStack(FormChanges &former, const ChangeEntry::Heirs &heirs);
     /// Whether an entry is on its way. A host may move the stack itself, by many entries at once.
-    bool IsMoving() const { return Busy || Moves->Moving > 0; }
+    bool IsMoving() const { return History.IsMoving(); }
     /// Asks for what was typed and changed to be applied.
     void Apply() { Q_EMIT applyWanted(); }
 
     /// The operator begins to change a control, and has done so. What undoes or reverts in between, or begins to change
     /// another control, comes after what has been changed so far.
-    void Began(OrbelDelegate *control);
-    void Ended(OrbelDelegate *control);
+    void Began(OrbelDelegate *control) { History.Began(control); }
+    void Ended(OrbelDelegate *control) { History.Ended(control); }
     /// The operator changed a control from the ones to the other values. Changes of one `session` other than 0 become
     /// one.
     void Record(OrbelDelegate *control, const QVariantList &before, const QVariantList &after, int session);
@@ -93,27 +86,13 @@ Q_SIGNALS:
     void edited(OrbelDelegate *control);
 
 private:
-    bool HasHostsCommand() const;
-    void Watch(QUndoStack *stack);
-    ChangeEntry *EntryAt(int index) const;
-    QVector<ChangeEntry *> Entries() const;
-    void RemoveEntries(const QVector<ChangeEntry *> &entries, const QVector<ChangeEntry *> &gone);
-    void PushWaiting(bool atRest);
-    std::unique_ptr<ChangeEntry> TakeWaiting(bool first);
-    void RedoPassedOver();
-    void UndoWaiting();
-    void RecordRunning(const OrbelDelegate *except = nullptr);
-    void Go(bool back);
-    void Push(ChangeEntry *entry);
+    void Refuse(const OrbelDelegate *locked);
     void TellLater();
     void Tell();
     void Settle();
-    void SpellEntries();
 
     FormLife *const Life;
-    /// Deleted later: a receiver of its signals may end the form.
-    QUndoStack *Stack = nullptr;
-    QVector<QPointer<OrbelDelegate>> Running;
+    UndoHistory History;
     QHash<OrbelDelegate *, QPointer<OrbelDelegate>> Noted;
     /// The same in the order in which they came.
     QVector<OrbelDelegate *> NotedInOrder;
@@ -122,12 +101,6 @@ private:
     int Reports = 0;
     /// Whether an event is posted that emits the changes.
     bool Due = false;
-    /// Entries move, or come.
-    bool Busy = false;
-    const ChangeEntry::Moves Moves = std::make_shared<ChangeEntry::Traffic>();
-    std::vector<std::unique_ptr<ChangeEntry>> Waiting;
-    /// The least of the depths at which the event has come that emits the changes: there the form is at rest.
-    int LeastDepth = std::numeric_limits<int>::max();
 };
 
 } // namespace KV218

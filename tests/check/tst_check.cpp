@@ -240,7 +240,7 @@ private Q_SLOTS:
         add("word for what nothing reads", Definition(Widget("a", "FrequencyEdit", {"unitScale=String:kHz"})));
         add("range that the script moves", Definition(Widget("a", "FrequencyRangeEdit", {"startFrequency=Int64:9000", "stopFrequency=Int64:9000"}), "<Script>a.setRange(10000, 20000);</Script>"));
         add("names that are guarded", Definition(Widget("a", "Label"), "<Script>try { a.no(); none(); } catch (e) {} if ('nil' in a) a.nil(); if (a.maybe) a.maybe(); a.other &amp;&amp; a.other();</Script>"));
-        add("sums and assignments that are meant", Definition(Widget("a", "SpinBox", {"minimum=Int:1", "value=Int:2"}), "<Script>var m; print(a.minimum + ' dB', Number(a.minimum) + 1, +a.minimum, 2 * a.minimum + 1); if ((m = 1)) a.value = m; print(a.value + 1); (function () { function g() {} })(); function g() {} a.setMaximum(9); a.maximum = 8;</Script>"));
+        add("sums and assignments that are meant", Definition(Widget("a", "SpinBox", {"minimum=Int:1", "value=Int:2"}), "<Script>var m; print(a.minimum + ' dB', Number(a.minimum) + 1, +a.minimum, 2 * a.minimum + 1); if ((m = 1)) a.value = m; print(a.value + 1); (function () { function g() {} g(); })(); function g() {} g(); a.setMaximum(9); a.maximum = 8;</Script>"));
         add("types that convert", Definition(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "})));
         add("words of the language", Definition("", "<Script>outer: for (var i = 0; i != 2; ++i) {(function () {return arguments[0] === undefined; })(Math.PI, isNaN(i)); if (i) break outer; }</Script>"));
         // clang-format on
@@ -339,6 +339,7 @@ private Q_SLOTS:
         add("widget without a name", Definition("<Widget class='Separator'/>" + b), Definition(b + "<Widget class='Separator'/>"), "moved widget b  > 1-1");
         add("sheet", Definition("<Properties><Property name='x'><Int>1</Int></Property></Properties>"), Definition(""), "gone sheet  property x 1> 1-1");
         add("rows", Definition("", Enum("E", "A=1 B=2 C=3")), Definition("", Enum("E", "C=3 A=4 D=1")), "added enumeration E row 4 >A,  1-1|changed enumeration E row 1 A, >D,  1-1|gone enumeration E row 2 B, > 1-1|moved enumeration E rows > 1-1");
+        add("rows of one value", Definition("", Enum("E", "A=1 B=1")), Definition("", Enum("E", "A=1 C=1")), "changed enumeration E row 1 B, >C,  1-1");
         add("script", script("1;\n2;\n3;\n4;"), script("1;\n5;\n4;"), "changed script   2;\n3;>5; 3-3");
         add("script that comes", Definition(""), script("1;"), "added script   >1; 0-2");
         // clang-format on

@@ -15,14 +15,6 @@ QString Sheet(const QString &body)
     return "<ZkParamGui><Sheet name='sheet'>" + body + "</Sheet></ZkParamGui>";
 }
 
-/// The last block of XML on a page of the reference: its example.
-QString ExampleOf(const QString &page)
-{
-    static const QRegularExpression block(
-        "```xml\n(<ZkParamGui.*)\n```", QRegularExpression::DotMatchesEverythingOption);
-    return block.match(page).captured(1);
-}
-
 } // namespace
 
 class TestReference : public TestCase
@@ -176,27 +168,6 @@ private Q_SLOTS:
             for (const QString &root : {folder, Docs + "reference"})
                 QVERIFY2(image.isEmpty() || !QImage(root + '/' + image).isNull(), qPrintable(image));
         }
-    }
-
-    void examplesOfTheReferenceLoad_data()
-    {
-        const auto row = Columns<QString>({"page"});
-        row("authoring", "authoring");
-        for (const Orbel::ClassInfo &info : Orbel::Registry::Classes())
-            row(info.name, QString("reference/") + info.name);
-    }
-
-    void examplesOfTheReferenceLoad()
-    {
-        const auto [page] = Fetch<QString>({"page"});
-        const QString example = ExampleOf(BytesOf(Docs + page + ".md"));
-        QVERIFY(!example.isEmpty());
-        const QString path = Write("example.orbel", example);
-        const Result checked = Run(ORBEL_COMMAND, {"check", "--run", path});
-        QVERIFY2(checked.Status == 0 && checked.Err.isEmpty(), qPrintable(checked.Out + checked.Err));
-        const Result result = Xmllint(path);
-        QVERIFY2(result.Status == 0, qPrintable(result.Err));
-        QVERIFY(page == "authoring" || example.contains("class=\"" + page.section('/', 1) + '"'));
     }
 };
 

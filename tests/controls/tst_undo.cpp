@@ -39,6 +39,25 @@ struct Whole : AllControls {
     }
 };
 
+struct HostsCommand : QUndoCommand {
+    static HostsCommand *UndoneOn(QUndoStack *stack)
+    {
+        auto *command = new HostsCommand;
+        stack->push(command);
+        stack->undo();
+        return command;
+    }
+    void redo() override { Act(); }
+    std::function<void()> Act = [] {};
+};
+
+void RunEventLoop()
+{
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 void EnterExclusions(const Form &form, const QString &object)
 {
     QTimer::singleShot(0, [] {
@@ -342,20 +361,12 @@ private Q_SLOTS:
         const auto [waits, takesBack] = Fetch<bool, bool>({"waits", "takesBack"});
         LiveForm live(Receiver());
         QUndoStack *stack = live.form->GetUndoStack();
-        struct HostsCommand : QUndoCommand {
-            void redo() override { Act(); }
-            std::function<void()> Act = [] {};
-        };
-        auto *command = new HostsCommand;
-        stack->push(command);
-        stack->undo();
+        HostsCommand *command = HostsCommand::UndoneOn(stack);
         QCoreApplication::processEvents();
         command->Act = [&live, waits = waits, takesBack = takesBack] {
             live.Find("gain")->setFocus();
-            QEventLoop loop;
-            QTimer::singleShot(0, &loop, &QEventLoop::quit);
             if (waits)
-                loop.exec();
+                RunEventLoop();
             if (takesBack)
                 live.Undo();
         };
@@ -368,6 +379,25 @@ private Q_SLOTS:
             QTRY_COMPARE(stack->undoText(), QString("text: one \u2192 two"));
         stack->setIndex(0);
         QCOMPARE(live.Node("text"), QString("one"));
+    }
+
+    /// All in one handler, whose event loops are the only ones that the form has known.
+    void aHostsCommandRunsInTheHandlerThatMadeTheForm()
+    {
+        int count = 0;
+        QTimer::singleShot(0, this, [&count] {
+            LiveForm live(Receiver());
+            QUndoStack *stack = live.form->GetUndoStack();
+            HostsCommand *command = HostsCommand::UndoneOn(stack);
+            RunEventLoop();
+            command->Act = [&] {
+                live.Enter("gain", "7");
+                RunEventLoop();
+                count = stack->count();
+            };
+            stack->redo();
+        });
+        QTRY_COMPARE(count, 1);
     }
 
     void marks()

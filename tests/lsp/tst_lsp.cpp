@@ -581,7 +581,7 @@ private Q_SLOTS:
                  std::make_tuple("hover in the script", "hover", script)}) {
             const double time = ask(request, place);
             qInfo("%s: %.1f ms, %.1f parses of %.1f ms", name, time, time / parse, parse);
-            QVERIFY2(time < 100 * parse, name);
+            QVERIFY2(time < 35 * parse, name);
         }
     }
 

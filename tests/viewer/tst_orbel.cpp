@@ -103,6 +103,8 @@ private Q_SLOTS:
         add("new form in the place of another", {"new", "-o", form}, 1, form + ": it is there already");
         add("template with a mistake", {"expand", Write("wrong.orbelt", "<ZkParamGui>\n<Repeat/></ZkParamGui>")}, 1, "wrong.orbelt:2:1: A repetition wants");
         add("template by another name", {"expand", form}, 2, form + ": the name of a template");
+        add("template with a value that makes no form", {"expand", Write("two.orbelt", "\n\n<Repeat each='i' over='1 2'>\n<ZkParamGui/></Repeat>")}, 1, "two.orbelt:4:");
+        add("a list beside a definition", {"diff", form, Components}, 2, "with another one alone");
         add("no picture", {"render", form}, 2, "-o OUT.png");
         for (const char *wrong : {"--scale=0.5", "--scale=5", "--scale=nan", "--scale=big"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--scale wants");
@@ -162,6 +164,25 @@ private Q_SLOTS:
             other + ":1: widget \"second\": place in the parameter document: \"Group/second\" -> \"Group/other\"");
         QCOMPARE(differs.Status, 1);
         QCOMPARE(RunCommand({"diff", form, form}).Status, 0);
+    }
+
+    void formsOfListsAndTemplatesAreCompared()
+    {
+        const QString list = BytesOf(Components);
+        const QString before = Write("before.xml", list);
+        const QString after = Write("after.xml",
+            QString(list)
+                .replace("name=\"mute\" class=\"CheckBox", "name=\"mute\" class=\"LineEdit")
+                .replace("\"Site\"", "\"Place\""));
+        Result differs = RunCommand({"diff", before, after});
+        QCOMPARE(differs.Out.remove(Folder.path() + '/'),
+            QString("after.xml:6: component \"Audio\": widget \"mute\": class: \"CheckBox\" -> \"LineEdit\"\n"
+                    "after.xml:9: component \"Place\": added\nbefore.xml:9: component \"Site\": gone\n"));
+        QCOMPARE(RunCommand({"format", "--check", before}).Status, 0);
+        const QString values = Write("values.xml", "<Parameters><Audio><Mute>true</Mute></Audio></Parameters>");
+        QCOMPARE(RunCommand({"params", "--from", before, "--to", before, "--component", "Audio", values}).Status, 0);
+        const QString markers = ORBEL_EXAMPLES_DIR "/templates/markers.orbel";
+        QCOMPARE(RunCommand({"diff", markers + "t", markers}).Out, QString());
     }
 
     void valuesGoToANewVersion_data()

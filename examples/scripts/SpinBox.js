@@ -1,0 +1,11 @@
+spinBox.valueChanged.connect(function (decibels) {
+    print(decibels + 1);
+});
+print(spinBox.value + 1); // -> 121
+print(Number(spinBox.value) + 1); // -> 13
+spinBox.setMaximum(40);
+spinBox.setValue(99); // beyond the bound, and no signal
+print(spinBox.value + 1); // -> 41
+
+// The operator enters 20 into spinBox. -> 21
+// The document brings <SpinBox>7</SpinBox>. -> 8
