@@ -24,6 +24,15 @@ int TopMargin(QLayoutItem *item)
     return widget ? widget->contentsMargins().top() : 0;
 }
 
+/// Most widgets of a form stay where they are when it is arranged anew, and Qt takes its time to find that out.
+void Place(QLayoutItem *item, const QRect &place)
+{
+    const QWidget *widget = item->widget();
+    const bool wasPlaced = widget && widget->testAttribute(Qt::WA_Moved) && widget->testAttribute(Qt::WA_Resized);
+    if (!wasPlaced || item->alignment() || widget->geometry() != place)
+        item->setGeometry(place);
+}
+
 } // namespace
 
 FloatGroupLayout::FloatGroupLayout(QWidget *parent) : QLayout(parent)
@@ -232,7 +241,7 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     // Placing an item can arrange anew, and can take away items, this one among them.
     for (int i = 0; ChangeCount == arranged && i < Items.size() && i < Hints.size(); ++i) {
         QLayoutItem *item = Items.at(i);
-        item->setGeometry(placeOf(i));
+        Place(item, placeOf(i));
         if (Items.value(i) == item && (Flags.at(i) & FloatGroupItem::ItemList))
             setListGeometry(item);
     }
