@@ -41,12 +41,7 @@ StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString 
     AddMenus();
     connect(&Bench, &Workbench::formChanged, this, &StudioWindow::TakeForm);
     connect(&Bench, &Workbench::editWanted, this, &StudioWindow::OpenEditor);
-    connect(&Bench, &Workbench::picked, this, [this](const QString &name) {
-        const FormSource::Widget *widget = Bench.GetSource().Find(name);
-        const bool hasLine = widget && widget->FirstLine > 0;
-        statusBar()->showMessage(
-            hasLine ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : name);
-    });
+    connect(&Bench, &Workbench::picked, this, &StudioWindow::TellPicked);
     connect(&Look, &QTimer::timeout, this, &StudioWindow::TellState);
     Look.start(1000);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
@@ -118,6 +113,15 @@ void StudioWindow::TakeForm()
     if (Bench.ShowsFile())
         ReadAt = QTime::currentTime();
     TellState();
+    TellPicked();
+}
+
+void StudioWindow::TellPicked()
+{
+    const QString &name = Bench.GetPicked();
+    const FormSource::Widget *const widget = Bench.GetSource().Find(name);
+    const bool hasLine = widget && widget->FirstLine > 0;
+    statusBar()->showMessage(hasLine ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : name);
 }
 
 void StudioWindow::TellState()
