@@ -178,9 +178,10 @@ private:
     {
         for (const WidgetEntry &widget : Model.Widgets) {
             const bool hasScriptsLimits = widget.Info && widget.Has(ekLimits) && widget.States(KV218::prop::Value)
-                && (Model.ScriptMayCall(widget, "setMinimum") || Model.ScriptMayCall(widget, "setMaximum"));
+                && (Model.ScriptMayCallAtStart(widget, "setMinimum")
+                    || Model.ScriptMayCallAtStart(widget, "setMaximum"));
             const QObject *control = Engine->globalObject().property(widget.Name).toQObject();
-            if (!hasScriptsLimits || !control || Model.ScriptMayCall(widget, "setValue"))
+            if (!hasScriptsLimits || !control || Model.ScriptMayCallAtStart(widget, "setValue"))
                 continue;
             WidgetEntry live = widget;
             for (const QLatin1String name : {KV218::prop::Minimum, KV218::prop::Maximum}) {

@@ -52,7 +52,8 @@ QString SetterOf(const QString &property)
 }
 
 ScriptStudy::ScriptStudy(const FormModel &form, FindingSink &sink)
-    : Form(form), Sink(sink), Script(form.Doc, form.Script), Tree(Script.Code()), Bindings(Tree)
+    : Form(form), Sink(sink), Script(form.Doc, form.Script), Tree(form.GetScriptTree()),
+      Bindings(form.GetScriptBindings())
 {
     FindConnections();
     FindAssignments();

@@ -41,8 +41,8 @@ public:
     const FormModel &Form;
     FindingSink &Sink;
     const ScriptSourceMap Script;
-    const ScriptTree Tree;
-    const ScriptBindings Bindings;
+    const ScriptTree &Tree;
+    const ScriptBindings &Bindings;
 
     /// The widget that an expression means; null for none of a known class.
     const WidgetEntry *WidgetOf(int node) const;
