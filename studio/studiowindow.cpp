@@ -95,8 +95,11 @@ void StudioWindow::AddMenus()
     QMenu *const view = menuBar()->addMenu(tr("&View"));
     view->addActions(Tools);
     view->addSeparator();
-    for (StudioDock *dock : qAsConst(Docks))
+    for (StudioDock *dock : qAsConst(Docks)) {
         view->addAction(dock->toggleViewAction());
+        // It may come up behind others.
+        connect(dock->toggleViewAction(), &QAction::triggered, dock, &QWidget::raise);
+    }
 }
 
 void StudioWindow::TakeForm()
