@@ -449,9 +449,10 @@ private Q_SLOTS:
 
     void spinTakesWhatIsANumber()
     {
-        ValueDouble node("n");
+        auto *const held = new ValueDouble("n"); // the tree's
+        ValueDouble &node = *held;
         node.SetMinMax(0, 100, 1, nullptr);
-        Tree::Instance()->AddNode("/Spin", &node);
+        Tree::Instance()->AddNode("/Spin", held);
         auto *spin = new VCNumericFloatSpin;
         Window window(spin);
         QVERIFY(window.IsReady() && !spin->SetNumeric_ValuePath("/Spin/none") && spin->SetNumeric_ValuePath("/Spin/n"));
