@@ -237,6 +237,13 @@ private:
     {
         if (Study.NumberOf(index, greatest))
             return true;
+        const bool isSum = Tree.Is(index, Node::Binary, "+") || Tree.Is(index, Node::Binary, "-");
+        double shift = 0;
+        if (isSum && Study.NumberOf(Tree.Part(index, 1), &shift)
+            && GreatestOf(Tree.Part(index, 0), endOf, count, greatest)) {
+            *greatest += Tree.At(index).Text == QLatin1String("+") ? shift : -shift;
+            return true;
+        }
         if (!Tree.Is(index, Node::Name))
             return false;
         for (int i = 0; i < Ranges.size(); ++i) {

@@ -33,6 +33,10 @@ public:
             case Node::For:
                 CheckTest(Tree.Part(i, 1), false);
                 break;
+            case Node::Prefix:
+                if (Tree.At(i).Text == QLatin1String("!"))
+                    CheckNegated(i);
+                break;
             case Node::Conditional:
                 CheckFunctionTest(Tree.Part(i, 0));
                 break;
@@ -100,7 +104,7 @@ private:
     {
         CheckTest(Tree.Part(node, 0), true);
         const int then = Tree.Part(node, 1);
-        if (Tree.Is(then, Node::Empty) && Study.CodeOf(then) == QLatin1String(";"))
+        if (Tree.Is(then, Node::Empty) && Tree.At(node).Parts.size() == 2 && Study.CodeOf(then) == QLatin1String(";"))
             Study.Tell(Code::ScriptCondition, then,
                 QStringLiteral("The if ends at this semicolon, and what follows is done in every case"));
         CheckRepeated(node);
@@ -176,6 +180,21 @@ private:
         return true;
     }
 
+    /// `!f` where f is a function, but not as the test of a condition.
+    void CheckNegated(int node)
+    {
+        const int outer = Tree.At(node).Parent;
+        const bool isTest = Tree.Is(outer, Node::If) || Tree.Is(outer, Node::While) || Tree.Is(outer, Node::For)
+            || Tree.Is(outer, Node::Conditional) || Tree.Is(outer, Node::Binary);
+        const int operand = Tree.Part(node, 0);
+        const bool isFunction = (Tree.Is(operand, Node::Name) && Study.Bindings.FunctionOf(operand) >= 0)
+            || (Study.MethodOf(operand) && !Study.PropertyOf(operand));
+        if (!isTest && isFunction)
+            Study.Tell(Code::ScriptCondition, operand,
+                QStringLiteral("\"%1\" is a function, which is always true until it is called")
+                    .arg(Study.CodeOf(operand)));
+    }
+
     bool IsCalledIn(int node, const QString &code) const
     {
         return Study.Contains(
@@ -238,6 +257,9 @@ private:
         for (int i = 1; i < Tree.At(node).Parts.size(); ++i) {
             const int row = Tree.Part(node, i);
             const int value = Tree.Is(row, Node::Case) ? Tree.Part(row, 0) : -1;
+            if (Tree.Is(value, Node::Binary, "||") || Tree.Is(value, Node::Binary, ","))
+                Study.Tell(Code::ScriptCondition, value,
+                    QStringLiteral("A case is one value; write a case of its own for each"));
             const QString constant = value < 0 ? QString() : Study.ConstantOf(value);
             const QString code = value < 0 ? QString() : constant.isNull() ? Study.CodeOf(value) : constant;
             if (value >= 0 && seen.contains(code))
