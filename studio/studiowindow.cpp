@@ -156,6 +156,9 @@ void StudioWindow::closeEvent(QCloseEvent *event)
         QTimer::singleShot(0, this, &QWidget::close);
         return;
     }
+    // Until it has ended: what the debugger runs in the same engine may be what ends instead.
+    connect(&Look, &QTimer::timeout, &Bench, &Workbench::EndScript, Qt::UniqueConnection);
+    Look.start(100);
     Bench.EndScript();
     Settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
     Settings.setValue(QStringLiteral("window/state"), saveState());
