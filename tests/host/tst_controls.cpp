@@ -485,8 +485,8 @@ private Q_SLOTS:
         field->SetConversion(
             [](const QString &text) { return text.toUpper(); }, [](const QString &text) { return text.toLower(); });
         QCOMPARE(field->text(), QString("ABC"));
-        Operate(field, "XY\r");
-        QCOMPARE(node.GetValue() + field->text(), QString("xyXY"));
+        Operate(field, "DE\r");
+        QCOMPARE(node.GetValue() + field->text(), QString("deDE"));
     }
 
     /// What a box remembers of its size must never be seen.
