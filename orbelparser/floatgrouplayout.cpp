@@ -1,7 +1,6 @@
 #include "floatgrouplayout.h"
 
 #include "floatgrouparranger.h"
-#include "lookwatch.h"
 #include "sectionline.h"
 
 #include <QEvent>
@@ -23,6 +22,15 @@ int TopMargin(QLayoutItem *item)
 {
     const QWidget *widget = item->widget();
     return widget ? widget->contentsMargins().top() : 0;
+}
+
+/// Most widgets of a form stay where they are when it is arranged anew, and Qt takes its time to find that out.
+void Place(QLayoutItem *item, const QRect &place)
+{
+    const QWidget *widget = item->widget();
+    const bool wasPlaced = widget && widget->testAttribute(Qt::WA_Moved) && widget->testAttribute(Qt::WA_Resized);
+    if (!wasPlaced || item->alignment() || widget->geometry() != place)
+        item->setGeometry(place);
 }
 
 } // namespace
@@ -73,25 +81,12 @@ QGroupBox *FloatGroupLayout::addHeadline(const QString &title, int margin, const
     // A line without a title shares the margin between its height and the gap above it.
     const int gap = title.isEmpty() ? margin - margin / 2 : margin;
     QGroupBox *line = Named(new SectionLine(title, gap, parentWidget()), name);
-    watchLook();
     line->setAlignment(Qt::AlignHCenter);
     line->setFlat(true);
     if (title.isEmpty())
         line->setFixedHeight(margin / 2 + 5);
     addWidget(line);
     return line;
-}
-
-void FloatGroupLayout::watchLook()
-{
-    if (Look || !parentWidget())
-        return;
-    Look = new Orbel::LookWatch(parentWidget(), this, [this] {
-        for (QLayoutItem *item : qAsConst(Items)) {
-            if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
-                line->FollowParent();
-        }
-    });
 }
 
 QWidget *FloatGroupLayout::addSeparator(int height, const char *name)
@@ -246,7 +241,7 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     // Placing an item can arrange anew, and can take away items, this one among them.
     for (int i = 0; ChangeCount == arranged && i < Items.size() && i < Hints.size(); ++i) {
         QLayoutItem *item = Items.at(i);
-        item->setGeometry(placeOf(i));
+        Place(item, placeOf(i));
         if (Items.value(i) == item && (Flags.at(i) & FloatGroupItem::ItemList))
             setListGeometry(item);
     }

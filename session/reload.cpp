@@ -99,7 +99,7 @@ QVector<Finding> Reload::Take(const QByteArray &document)
     if (!Waiting && TakeInPlace(document))
         return Body.GetDefinition().GetFindings();
     const Definition next = Body.GetDefinition().OfLater(document);
-    if (next.HasErrors()) {
+    if (IsRefused(next.GetFindings())) {
         Tell(next.GetFindings());
         return next.GetFindings();
     }
@@ -107,6 +107,15 @@ QVector<Finding> Reload::Take(const QByteArray &document)
     IsFiles = false;
     TakeWaiting();
     return next.GetFindings();
+}
+
+bool Reload::IsRefused(const QVector<Finding> &told) const
+{
+    const auto isFormless = [](const Finding &finding) {
+        return finding.Code == QLatin1String("xml-malformed") || finding.Code == QLatin1String("form-missing");
+    };
+    const bool isEnough = Body.GetOptions().ReloadsErrors && std::none_of(told.begin(), told.end(), isFormless);
+    return HasErrors(told) && !isEnough;
 }
 
 /// False, and nothing has changed, where that is not all that there is to do.
@@ -293,7 +302,7 @@ void Reload::ReadFile()
     const auto self = Body.shared_from_this();
     const QVector<Finding> told = Take(document);
     IsFiles = Waiting && Waiting->GetDocument() == document;
-    if (HasErrors(told))
+    if (IsRefused(told))
         Refused = document;
 }
 

@@ -40,6 +40,7 @@ private:
     void Patch(const DefinitionDiff &diff, QVector<Finding> &told);
     void TakeWaiting();
     void Replace(const Definition &definition);
+    bool IsRefused(const QVector<Finding> &told) const;
     void Tell(const QVector<Finding> &findings);
     void FileChanged();
     void ReadFile();

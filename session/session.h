@@ -40,6 +40,8 @@ struct SessionOptions {
     /// Called with each new form, the first one and those of reloads, before it has nodes and before its script runs:
     /// to give it script values, or a debugger. May be empty.
     std::function<void(KV218::OrbelFormular &)> Prepare = {};
+    /// Whether reloads take a definition with errors, too, as opening does, if only it is well-formed and has a form.
+    bool ReloadsErrors = false;
 };
 
 /// What opening gave: the session, and all that the checker has to say of the definition, with places. Without a
@@ -152,7 +154,7 @@ public:
 
     /// Puts a new definition under the running form, at once or when the form is at rest; docs/reload.md tells what is
     /// kept. A session of a component takes a component list. Gives what the checker has to say; with an error among
-    /// the findings nothing has changed. reloaded() follows.
+    /// the findings nothing has changed, unless SessionOptions::ReloadsErrors says so. reloaded() follows.
     QVector<Finding> Reload(const QByteArray &document);
     /// Reloads whenever the file changes, be it replaced by another one or deleted and made again, once nobody writes
     /// into it; an empty path ends that. reloaded() tells of each, and when a file with errors is put back to what it

@@ -74,7 +74,8 @@ QString ElementText::OfDefinition(
     writer.setAutoFormatting(true);
     writer.setAutoFormattingIndent(2);
     writer.writeStartElement(element::Widget);
-    writer.writeAttribute(attribute::Name, widget.Name);
+    if (widget.IsNamed)
+        writer.writeAttribute(attribute::Name, widget.Name);
     writer.writeAttribute(attribute::Class, widget.Class);
     Write(writer, properties);
     if (!widget.CustomProperties.isEmpty()) {

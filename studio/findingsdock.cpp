@@ -1,5 +1,7 @@
 #include "findingsdock.h"
 
+#include "emptyhint.h"
+
 #include <QStyle>
 #include <QTreeWidget>
 
@@ -20,10 +22,11 @@ int LineOf(const QTreeWidgetItem *item)
 
 FindingsDock::FindingsDock(Workbench &bench) : StudioDock(bench, tr("Findings"), "findings"), List(new QTreeWidget)
 {
-    List->setHeaderLabels({tr("Weight"), tr("Line"), tr("Finding"), tr("Code")});
+    List->setHeaderLabels({tr("Severity"), tr("Line"), tr("Finding"), tr("Code")});
     List->setRootIsDecorated(false);
     List->setWordWrap(true);
     setWidget(List);
+    new EmptyHint(List, tr("The checker finds no mistakes, and no script has failed."));
     connect(&Bench, &Workbench::findingsChanged, this, &FindingsDock::Fill);
     connect(List, &QTreeWidget::itemClicked, this,
         [this](const QTreeWidgetItem *item) { Bench.Pick(Bench.GetSource().WidgetAt(LineOf(item))); });

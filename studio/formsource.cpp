@@ -63,6 +63,9 @@ void FormSource::ReadWidget(QXmlStreamReader &reader)
     Widget widget;
     widget.Name = reader.attributes().value(attribute::Name).toString();
     widget.Class = reader.attributes().value(attribute::Class).toString();
+    widget.IsNamed = !widget.Name.isEmpty();
+    if (!widget.IsNamed)
+        widget.Name = QStringLiteral("%1_%2").arg(widget.Class).arg(Widgets.size());
     widget.FirstLine = int(reader.lineNumber());
     ReadProperties(reader, widget.Properties, widget);
     widget.LastLine = int(reader.lineNumber());

@@ -23,8 +23,9 @@ public:
         int Line = 0;
     };
     struct Widget {
-        QString Name;
+        QString Name; ///< Of one without a name what it is called after its place.
         QString Class;
+        bool IsNamed = true;
         /// Where the start tag ends, and where the end tag does.
         int FirstLine = 0;
         int LastLine = 0;

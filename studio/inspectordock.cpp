@@ -3,6 +3,7 @@
 #include "classmembers.h"
 #include "controlwidgets.h"
 #include "elementtext.h"
+#include "emptyhint.h"
 #include "formoverlay.h"
 #include "orbeldelegate.h"
 #include "orbelformular.h"
@@ -78,7 +79,16 @@ InspectorDock::InspectorDock(Workbench &bench, FormOverlay &overlay)
 {
     PointAction->setCheckable(true);
     PointAction->setShortcut(QKeySequence(tr("Ctrl+Shift+I")));
+    PointAction->setToolTip(tr("The next click on the form chooses a control (%1); Escape ends that")
+                                .arg(PointAction->shortcut().toString(QKeySequence::NativeText)));
     HintsAction->setCheckable(true);
+    HintsAction->setToolTip(tr("Draws place and size of every label and control over the form"));
+    CopyAction->setToolTip(tr("Copies the element, with what has been tried out, to be put into the file"));
+    Names->setPlaceholderText(tr("No control"));
+    const QString hint = tr("Choose a control above, or point at one in the form: %1, then a click.")
+                             .arg(PointAction->shortcut().toString(QKeySequence::NativeText));
+    for (QTreeWidget *list : {Facts, Properties, Signals})
+        new EmptyHint(list, hint);
     auto *page = new QWidget;
     auto *lines = new QVBoxLayout(page);
     auto *tabs = new QTabWidget;
@@ -149,11 +159,15 @@ void InspectorDock::TakeForm()
 
 void InspectorDock::Show(const QString &name)
 {
-    if (name != Name) {
+    // A control of another class has other rows.
+    const FormSource::Widget *const widget = Bench.GetSource().Find(name);
+    const QString className = widget ? widget->Class : QString();
+    if (name != Name || className != Class) {
         for (QTreeWidget *list : {Facts, Properties, Signals})
             list->clear();
     }
     Name = name;
+    Class = className;
     Names->setCurrentIndex(Names->findText(name));
     Renew();
     for (QTreeWidget *list : {Facts, Properties, Signals}) {
@@ -231,7 +245,12 @@ void InspectorDock::ShowProperties()
     const QVector<QWidget *> widgets = ControlWidgets::Of(Bench, Name);
     const QWidget *const shown
         = widgets.isEmpty() || widgets.constFirst() == control->GetRowLabel() ? nullptr : widgets.constFirst();
-    for (const QString &name : PropertyNames()) {
+    const QStringList names = PropertyNames();
+    for (int i = Properties->topLevelItemCount() - 1; i >= 0; --i) {
+        if (!names.contains(Properties->topLevelItem(i)->text(NameColumn)))
+            delete Properties->topLevelItem(i);
+    }
+    for (const QString &name : names) {
         QTreeWidgetItem *const row = RowOf(Properties, name);
         const QByteArray key = name.toUtf8();
         const QVariant value = control->property(key.constData());

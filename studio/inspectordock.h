@@ -50,6 +50,7 @@ private:
     QTreeWidget *const Properties;
     QTreeWidget *const Signals;
     QString Name;
+    QString Class;
     /// By the names of controls; since the form was read.
     QHash<QString, QStringList> Tried;
     bool IsFilling = false;

@@ -99,6 +99,8 @@ void PicturesDialog::Start()
     Settings.setValue(FolderKey, choice.Folder);
     QString error;
     const QStringList files = Write(Bench, choice, &error);
+    if (error.isEmpty() && files.isEmpty())
+        error = tr("There is nothing to draw: a form, a width, a set of colours and a language are wanted.");
     Outcome->setText(error.isEmpty() ? tr("%1 pictures are in %2.").arg(files.size()).arg(choice.Folder) : error);
 }
 

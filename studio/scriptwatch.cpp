@@ -1,15 +1,21 @@
 #include "scriptwatch.h"
 
 #include <QScriptEngine>
+#include <QThread>
+
+#include <utility>
 
 namespace Orbel
 {
 
-/// Milliseconds.
-static constexpr int LongestRun = 10000;
-static constexpr int StepsOfLoop = 100000;
-
-ScriptWatch::ScriptWatch(QScriptEngine *engine) : QScriptEngineAgent(engine) { }
+ScriptWatch::ScriptWatch(QScriptEngine *engine, int limit, const Teller &tell) : QScriptEngineAgent(engine), Tell(tell)
+{
+    Limit.setSingleShot(true);
+    Limit.setInterval(limit);
+    QObject::connect(&Limit, &QTimer::timeout, &Limit, [this] { Stop(); });
+    // The engine lets no events in by itself, and tells of no statement in an empty loop.
+    engine->setProcessEventsInterval(qMax(1, limit / 2));
+}
 
 ScriptWatch::Place ScriptWatch::Where() const
 {
@@ -28,21 +34,15 @@ void ScriptWatch::scriptLoad(qint64 id, const QString &, const QString &file, in
 
 void ScriptWatch::positionChange(qint64 script, int line, int)
 {
-    if (Stack.isEmpty())
-        return;
-    Stack.last() = {script, line};
-    if (++Steps % StepsOfLoop == 0 && Clock.elapsed() > LongestRun) {
-        Clock.start();
-        engine()->currentContext()->throwError(
-            QStringLiteral("The script was ended, since it took longer than %1 s").arg(LongestRun / 1000));
-    }
+    if (!Stack.isEmpty())
+        Stack.last() = {script, line};
 }
 
 void ScriptWatch::functionEntry(qint64)
 {
     if (Stack.isEmpty()) {
-        Clock.start();
-        Steps = 0;
+        Loops = QThread::currentThread()->loopLevel();
+        Limit.start();
     }
     Stack.append({-1, 0});
 }
@@ -51,6 +51,32 @@ void ScriptWatch::functionExit(qint64, const QScriptValue &)
 {
     if (!Stack.isEmpty())
         Stack.removeLast();
+    if (!Stack.isEmpty())
+        return;
+    Limit.stop();
+    if (std::exchange(IsStopped, false))
+        QTimer::singleShot(0, &Limit, [this] { TellStopped(); });
+}
+
+/// No script can catch that. One that waits in an event loop, for an answer in a dialog, does not take long by itself.
+void ScriptWatch::Stop()
+{
+    if (QThread::currentThread()->loopLevel() > Loops)
+        return Limit.start();
+    IsStopped = true;
+    Stopped = Where();
+    // Handlers of signals count as running only with a context of their own.
+    engine()->pushContext();
+    engine()->abortEvaluation();
+    engine()->popContext();
+}
+
+void ScriptWatch::TellStopped()
+{
+    // A script that ended by itself all the same would leave the stop to the next one.
+    if (Stack.isEmpty())
+        engine()->evaluate(QString());
+    Tell(Stopped);
 }
 
 } // namespace Orbel

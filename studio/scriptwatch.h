@@ -1,27 +1,32 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QHash>
 #include <QScriptEngineAgent>
 #include <QString>
+#include <QTimer>
 #include <QVector>
+
+#include <functional>
 
 namespace Orbel
 {
 
-/// Knows where in which script an engine runs, and ends a loop that takes longer than ten seconds. Only one
+/// Knows where in which script an engine runs, and ends what takes too long, for which it lets events in. Only one
 /// agent counts: under a debugger, nothing is known here.
 class ScriptWatch : public QScriptEngineAgent
 {
 public:
-    /// The engine owns it.
-    explicit ScriptWatch(QScriptEngine *engine);
-
     struct Place {
         QString File;
         /// From 1, as the file counts; 0 where nothing runs.
         int Line = 0;
     };
+    /// What is called when a run has been ended, later than that, with where it was.
+    using Teller = std::function<void(const Place &)>;
+
+    /// The engine owns it. The limit is in milliseconds, of each run from outside.
+    ScriptWatch(QScriptEngine *engine, int limit, const Teller &tell);
+
     /// Where the engine runs now.
     Place Where() const;
 
@@ -35,11 +40,19 @@ private:
         qint64 Script;
         int Line;
     };
+    void Stop();
+    void TellStopped();
+
     QHash<qint64, QString> Files;
     QVector<Position> Stack;
-    QElapsedTimer Clock;
-    /// Statements since then: what waits for an answer takes long, too.
-    int Steps = 0;
+    QTimer Limit;
+    const Teller Tell;
+    /// Where the last run was when it was told to end.
+    Place Stopped;
+    /// The run that goes on has been told to end.
+    bool IsStopped = false;
+    /// How many event loops ran when it began.
+    int Loops = 0;
 };
 
 } // namespace Orbel

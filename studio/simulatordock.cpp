@@ -1,5 +1,6 @@
 #include "simulatordock.h"
 
+#include "emptyhint.h"
 #include "languages.h"
 #include "orbelformular.h"
 #include "palettes.h"
@@ -79,7 +80,8 @@ SimulatorDock::SimulatorDock(Workbench &bench)
     Table->setHorizontalHeaderLabels(
         {tr("Parameter"), tr("Form"), tr("Report"), tr("Generator"), tr("From"), tr("To")});
     Table->verticalHeader()->hide();
-    Table->horizontalHeader()->setDefaultSectionSize(82);
+    new EmptyHint(Table, tr("The form has no parameters."));
+    Table->horizontalHeader()->setDefaultSectionSize(72);
     connect(Table, &QTableWidget::itemChanged, this, &SimulatorDock::TakeCell);
     connect(Table, &QTableWidget::itemClicked, this,
         [this](const QTableWidgetItem *cell) { Bench.PickPath(Table->item(cell->row(), PathColumn)->text()); });
@@ -140,6 +142,9 @@ void SimulatorDock::TakeForm()
     };
     const QVector<ControlInfo> before = std::exchange(Controls, {});
     if (Bench.GetSession()) {
+        // A form that comes later finds what was chosen before.
+        if (Locked->isChecked() && !Bench.GetSession()->IsLocked())
+            Lock();
         for (const ControlInfo &control : Bench.GetSession()->Controls()) {
             if (control.What != ControlInfo::None)
                 Controls.append(control);
@@ -199,9 +204,9 @@ void SimulatorDock::TakeCell(QTableWidgetItem *cell)
         return;
     const ControlInfo control = Controls.at(cell->row());
     if (cell->column() == FromColumn)
-        Generators[control.Path].From = cell->text().toDouble();
+        TakeNumber(cell, Generators[control.Path].From);
     if (cell->column() == ToColumn)
-        Generators[control.Path].To = cell->text().toDouble();
+        TakeNumber(cell, Generators[control.Path].To);
     if (cell->column() != DeviceColumn)
         return;
     QString error;
@@ -211,6 +216,19 @@ void SimulatorDock::TakeCell(QTableWidgetItem *cell)
     }
     Tell(error);
     ShowValues();
+}
+
+/// What is no number leaves the generator as it is.
+void SimulatorDock::TakeNumber(QTableWidgetItem *cell, double &number)
+{
+    bool isNumber = false;
+    const double typed = cell->text().toDouble(&isNumber);
+    isNumber = isNumber && qIsFinite(typed);
+    Tell(isNumber ? QString() : tr("\"%1\" is no number").arg(cell->text()));
+    if (isNumber)
+        number = typed;
+    const QScopedValueRollback<bool> filling(IsFilling, true);
+    cell->setText(QString::number(number, 'g', 12));
 }
 
 void SimulatorDock::Generate()

@@ -35,6 +35,7 @@ private:
     void FillRow(int row, const ControlInfo &control);
     void ShowValues();
     void TakeCell(QTableWidgetItem *cell);
+    void TakeNumber(QTableWidgetItem *cell, double &number);
     void Generate();
     void Tell(const QString &error);
     void Lock();

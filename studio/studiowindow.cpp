@@ -30,7 +30,6 @@ StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString 
     setWindowTitle(tr("%1 — Orbel studio").arg(QFileInfo(Bench.GetFile()).fileName()));
     Overlay->setParent(Stage);
     auto *layout = new QVBoxLayout(Stage);
-    layout->setContentsMargins(0, 0, 0, 0);
     Missing->setText(tr("There is no form in %1 yet. The findings tell why.").arg(Bench.GetFile()));
     Missing->setAlignment(Qt::AlignCenter);
     Missing->setWordWrap(true);
@@ -42,11 +41,9 @@ StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString 
     AddMenus();
     connect(&Bench, &Workbench::formChanged, this, &StudioWindow::TakeForm);
     connect(&Bench, &Workbench::editWanted, this, &StudioWindow::OpenEditor);
-    connect(&Bench, &Workbench::picked, this, [this](const QString &name) {
-        const FormSource::Widget *widget = Bench.GetSource().Find(name);
-        statusBar()->showMessage(
-            widget ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : QString());
-    });
+    connect(&Bench, &Workbench::picked, this, &StudioWindow::TellPicked);
+    connect(&Look, &QTimer::timeout, this, &StudioWindow::TellState);
+    Look.start(1000);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     resize(1280, 860);
     resizeDocks({Docks.at(3)}, {520}, Qt::Horizontal);
@@ -98,8 +95,11 @@ void StudioWindow::AddMenus()
     QMenu *const view = menuBar()->addMenu(tr("&View"));
     view->addActions(Tools);
     view->addSeparator();
-    for (StudioDock *dock : qAsConst(Docks))
+    for (StudioDock *dock : qAsConst(Docks)) {
         view->addAction(dock->toggleViewAction());
+        // It may come up behind others.
+        connect(dock->toggleViewAction(), &QAction::triggered, dock, &QWidget::raise);
+    }
 }
 
 void StudioWindow::TakeForm()
@@ -113,7 +113,32 @@ void StudioWindow::TakeForm()
         session->GetWidget()->show();
     }
     Overlay->Cover();
-    State->setText(tr("read at %1").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss"))));
+    if (Bench.ShowsFile())
+        ReadAt = QTime::currentTime();
+    TellState();
+    TellPicked();
+}
+
+void StudioWindow::TellPicked()
+{
+    const QString &name = Bench.GetPicked();
+    const FormSource::Widget *const widget = Bench.GetSource().Find(name);
+    const bool hasLine = widget && widget->FirstLine > 0;
+    statusBar()->showMessage(hasLine ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : name);
+}
+
+void StudioWindow::TellState()
+{
+    const QString time = ReadAt.toString(QStringLiteral("HH:mm:ss"));
+    const QString name = QFileInfo(Bench.GetFile()).fileName();
+    if (!QFileInfo::exists(Bench.GetFile()))
+        State->setText(tr("%1 is not there").arg(name));
+    else if (!Bench.GetSession())
+        State->setText(tr("%1 has no form yet").arg(name));
+    else if (Bench.ShowsFile())
+        State->setText(tr("Read at %1").arg(time));
+    else
+        State->setText(tr("%1 has no form now; this is the one of %2").arg(name, time));
 }
 
 void StudioWindow::OpenEditor(int line)
@@ -126,11 +151,15 @@ void StudioWindow::closeEvent(QCloseEvent *event)
 {
     // A script that waits has an event loop of its own.
     if (Debugger->IsSuspended()) {
-        Debugger->LetGo();
+        Debugger->EndScript();
         event->ignore();
         QTimer::singleShot(0, this, &QWidget::close);
         return;
     }
+    // Until it has ended: what the debugger runs in the same engine may be what ends instead.
+    connect(&Look, &QTimer::timeout, &Bench, &Workbench::EndScript, Qt::UniqueConnection);
+    Look.start(100);
+    Bench.EndScript();
     Settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
     Settings.setValue(QStringLiteral("window/state"), saveState());
     QMainWindow::closeEvent(event);

@@ -32,6 +32,8 @@ private:
     void AddDock(StudioDock *dock, Qt::DockWidgetArea area);
     void AddMenus();
     void TakeForm();
+    void TellPicked();
+    void TellState();
     void OpenEditor(int line);
 
     Workbench &Bench;
@@ -41,6 +43,9 @@ private:
     QLabel *const Missing;
     FormOverlay *const Overlay;
     QLabel *const State;
+    /// When the form was read that is shown.
+    QTime ReadAt;
+    QTimer Look;
     QList<StudioDock *> Docks;
     DebuggerDock *Debugger = nullptr;
     /// What docks have for the menu.

@@ -10,6 +10,8 @@ namespace Orbel
 
 /// Milliseconds.
 static constexpr int RampTime = 5000;
+/// Whole numbers beyond it are none of a double's.
+static constexpr double Farthest = 9e15;
 
 QVariant ValueGenerator::At(qint64 time, const ControlInfo &control) const
 {
@@ -25,10 +27,10 @@ QVariant ValueGenerator::At(qint64 time, const ControlInfo &control) const
     case ControlInfo::Switch:
         return What == Constant ? From != 0 : part >= 0.5;
     case ControlInfo::Whole:
-        return qint64(std::floor(number));
+        return qint64(std::floor(qBound(-Farthest, number, Farthest)));
     case ControlInfo::OneOf: {
         const int rows = control.Choices.size();
-        return rows == 0 ? QVariant() : QVariant(control.Choices.at(qBound(0, int(number), rows - 1)).Value);
+        return rows == 0 ? QVariant() : QVariant(control.Choices.at(int(qBound(0.0, number, rows - 1.0))).Value);
     }
     case ControlInfo::Text:
         return QString::number(number, 'f', 3);

@@ -4,16 +4,20 @@
 #include "orbelformular.h"
 #include "scriptwatch.h"
 
-#include <QAction>
 #include <QFile>
 #include <QScriptEngine>
-#include <QScriptEngineDebugger>
+
+#include <algorithm>
 
 namespace Orbel
 {
 
 /// How often to look for a form in a file that has none, in milliseconds.
 static constexpr int RetryTime = 300;
+/// The longest that a script may run at a time, in milliseconds.
+static constexpr int LongestRun = 10000;
+/// How long a script that is debugged runs before the window answers, in milliseconds.
+static constexpr int DebuggedInterval = 200;
 
 static QByteArray Read(const QString &path)
 {
@@ -38,11 +42,13 @@ void Workbench::Open()
 {
     SessionOptions options;
     options.Prepare = [this](KV218::OrbelFormular &form) { Prepare(form); };
+    options.ReloadsErrors = true;
     Document = Read(File);
     Opening opening
         = IsList() ? Session::OpenComponent(Document, Component, options) : Session::OpenFile(File, options);
     Origins.SetActor(QString());
     Told = opening.Told;
+    Shows = bool(opening);
     Opened = std::move(opening.Opened);
     ReadSource();
     if (Opened)
@@ -86,16 +92,19 @@ void Workbench::Prepare(KV218::OrbelFormular &form)
         form.SetScriptFile(File);
     Failures.clear();
     Origins.SetActor(tr("start of the form, or kept"));
-    if (Debugger) {
-        Debugger->attachTo(engine);
-        if (StopsAtStart)
-            Debugger->action(QScriptEngineDebugger::InterruptAction)->trigger();
+    if (Attach) {
+        // So the window answers while a script runs on, and lets the author interrupt it.
+        engine->setProcessEventsInterval(DebuggedInterval);
+        Attach(*engine, QString::fromUtf8(Read(File)));
         Origins.Watch(form, [engine = QPointer<QScriptEngine>(engine)] {
             return engine && engine->isEvaluating() ? tr("script") : QString();
         });
         return;
     }
-    auto *watch = new ScriptWatch(engine);
+    auto *watch = new ScriptWatch(engine, LongestRun, [this](const ScriptWatch::Place &place) {
+        Fail(place.File == File ? place.Line : 0,
+            tr("The script was ended, since it took longer than %1 s").arg(LongestRun / 1000));
+    });
     engine->setAgent(watch);
     Origins.Watch(form, [watch, engine = QPointer<QScriptEngine>(engine)] {
         if (!engine || engine->agent() != watch)
@@ -114,28 +123,39 @@ void Workbench::Connect()
     connect(Opened.get(), &Session::applied, this, &Workbench::applied);
     connect(Opened.get(), &Session::changesChanged, this, &Workbench::changesChanged);
     connect(Opened.get(), &Session::scriptFailed, this, [this](const QString &, int line, const QString &text) {
-        Failures.append({QTime::currentTime(), line, text});
-        Q_EMIT findingsChanged();
+        // What the engine says of a script that was ended, which has been told in better words.
+        if (text != QLatin1String("JavaScript execution exceeded timeout."))
+            Fail(line, text);
     });
     Opened->Watch(File);
 }
 
+void Workbench::Fail(int line, const QString &text)
+{
+    Failures.append({QTime::currentTime(), line, text});
+    Q_EMIT findingsChanged();
+}
+
 void Workbench::TakeReloaded(const QVector<Finding> &findings)
 {
+    const auto isFormless = [](const Finding &finding) {
+        return finding.Code == QLatin1String("xml-malformed") || finding.Code == QLatin1String("form-missing");
+    };
     Origins.SetActor(QString());
     Told = findings;
-    Document = Read(File);
-    ReadSource();
+    Shows = std::none_of(findings.begin(), findings.end(), isFormless);
+    // What cannot be shown says less than the form that stands.
+    if (Shows) {
+        Document = Read(File);
+        ReadSource();
+    }
     Q_EMIT formChanged();
     Q_EMIT findingsChanged();
 }
 
 void Workbench::ReadSource()
 {
-    const FormSource source = IsList() ? FormSource::OfComponent(Document, Component) : FormSource(Document);
-    // A file that breaks off says less than what is shown.
-    if (!source.GetWidgets().isEmpty())
-        Source = source;
+    Source = IsList() ? FormSource::OfComponent(Document, Component) : FormSource(Document);
 }
 
 QScriptEngine *Workbench::GetEngine() const
@@ -174,12 +194,26 @@ void Workbench::Restart()
         Opened->Reload(Document);
 }
 
-void Workbench::SetDebugger(QScriptEngineDebugger *debugger)
+void Workbench::SetDebugger(const Attacher &attach)
 {
-    if (Debugger && Debugger != debugger)
-        Debugger->detach();
-    Debugger = debugger;
+    Attach = attach;
     Restart();
+}
+
+bool Workbench::IsScriptRunning() const
+{
+    const QScriptEngine *const engine = GetEngine();
+    return (engine && engine->isEvaluating()) || (Opened && !GetForm()->IsAtRest());
+}
+
+void Workbench::EndScript()
+{
+    if (QScriptEngine *const engine = GetEngine()) {
+        // Handlers of signals count as running only with a context of their own.
+        engine->pushContext();
+        engine->abortEvaluation();
+        engine->popContext();
+    }
 }
 
 } // namespace Orbel

@@ -9,10 +9,10 @@
 #include <QTime>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 class QScriptEngine;
-class QScriptEngineDebugger;
 
 namespace KV218
 {
@@ -58,6 +58,10 @@ public:
     bool IsList() const { return !File.endsWith(QLatin1String(".orbel")); }
     const FormSource &GetSource() const { return Source; }
     PropertyOrigins &GetOrigins() { return Origins; }
+    /// Whether the form is that of the file; false while the file has none that can be read.
+    bool ShowsFile() const { return Shows; }
+    /// The definition that is shown; empty for one of a component list.
+    QByteArray GetDefinition() const { return IsList() ? QByteArray() : Document; }
     /// What the checker says, and what the script threw since the form was made.
     const QVector<Finding> &GetFindings() const { return Told; }
     const QVector<Failure> &GetFailures() const { return Failures; }
@@ -72,10 +76,14 @@ public:
 
     /// Makes the form anew; what live reload keeps stays.
     void Restart();
-    /// Attaches a debugger to each new form before its script runs; null for none. Not owned. Restarts.
-    void SetDebugger(QScriptEngineDebugger *debugger);
-    /// Whether the debugger stops at the first statement of each new form's script.
-    void SetStopsAtStart(bool stops) { StopsAtStart = stops; }
+    /// Attaches a debugger to the engine of each new form before its script runs; gets the text of the definition, too.
+    using Attacher = std::function<void(QScriptEngine &engine, const QString &text)>;
+    /// May be empty for none; who has attached one detaches it. Restarts.
+    void SetDebugger(const Attacher &attach);
+    /// Whether a script or something that the form does is on the stack.
+    bool IsScriptRunning() const;
+    /// Ends the script that runs.
+    void EndScript();
     /// Asks for the file in an editor.
     void Edit(int line) { Q_EMIT editWanted(line); }
 
@@ -95,6 +103,7 @@ private:
     void Prepare(KV218::OrbelFormular &form);
     void Connect();
     void TakeReloaded(const QVector<Finding> &findings);
+    void Fail(int line, const QString &text);
     void ReadSource();
 
     const QString File;
@@ -107,8 +116,8 @@ private:
     QVector<Failure> Failures;
     QString Picked;
     QPointer<QScriptEngine> Engine;
-    QPointer<QScriptEngineDebugger> Debugger;
-    bool StopsAtStart = false;
+    Attacher Attach;
+    bool Shows = false;
     QTimer Retry;
 };
 

@@ -140,7 +140,8 @@ private:
             return;
         const double from = Doc.At(ends.value(start)).Text.toDouble();
         if (from >= Doc.At(ends.value(stop)).Text.toDouble())
-            TellText(ends.value(start), QStringLiteral("The range \"%1\" does not begin below its end").arg(widget.Name));
+            TellText(
+                ends.value(start), QStringLiteral("The range \"%1\" does not begin below its end").arg(widget.Name));
     }
 
     bool ScriptMayCount(const WidgetEntry &widget, const QString &count) const
@@ -163,10 +164,7 @@ private:
         }
     }
 
-    void TellText(int element, const QString &text)
-    {
-        Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element), text);
-    }
+    void TellText(int element, const QString &text) { Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element), text); }
 
     /// The unit is written beside a value, and not read.
     void CheckUnit(int element, const WidgetEntry &widget)

@@ -2,6 +2,8 @@
 
 #include "outofview.h"
 
+#include <QButtonGroup>
+
 VCCheckBox::VCCheckBox(QWidget *parent, const char *name) : QCheckBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
@@ -37,6 +39,11 @@ void VCCheckBox::WriteNode()
 void VCCheckBox::SetChecked(bool checked)
 {
     const bool isPlain = isCheckable() && !group() && !autoExclusive() && !isTristate();
+    // Before it unchecks a button in no group, Qt searches all that its parent holds for others.
+    QButtonGroup alone;
+    alone.setExclusive(false);
+    if (isPlain && !checked && isChecked())
+        alone.addButton(this);
     if (checked == isChecked() || !isPlain || !Orbel::IsOutOfView(this)) {
         setChecked(checked);
         return;

@@ -57,6 +57,8 @@ bool VCNumericFloatSpin::SetNumericValue(IValueNumeric *node)
         ReadNode();
     }
     ShowNode();
+    // A node of another type may step otherwise at its limits.
+    update();
     return bound;
 }
 
@@ -416,10 +418,11 @@ void VCNumericFloatSpin::ShowNode()
         // Whoever heard of the change may have set another number, which does not stand for this one.
         const bool isIt = Shown == shown || std::fabs(Shown - shown) * std::pow(10, decimals()) < 0.6; // units apart
         Given = isIt ? shown : qQNaN();
-    } else if (!Orbel::IsOutOfView(this)) {
-        // The arrows follow the step, which may have changed.
+    } else if (HasStep() != ShownStep && !Orbel::IsOutOfView(this)) {
+        // The arrows follow the step.
         update();
     }
+    ShownStep = HasStep();
     NodeWaits = false;
     Typed = ShownText;
     ForgetReading();

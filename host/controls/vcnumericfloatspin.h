@@ -132,6 +132,8 @@ private:
     // The node has another number than the shown one by now, and a pending text keeps it from the screen.
     bool NodeWaits = false;
     bool StepDisabled = false;
+    // Whether there was a step when the node was last shown.
+    bool ShownStep = false;
     // Of the change that is written, and of the steps that are one change; see OperatorAct.
     int Session = 0;
     int StepSession = 0;

@@ -3,6 +3,23 @@
 #include <algorithm>
 #include <cmath>
 
+static constexpr size_t ManyItems = 16; // from here on a search would cost more than an index
+
+static QString ItemName(const SelectionItem &item)
+{
+    return item.GetName();
+}
+
+static long ItemKey(const SelectionItem &item)
+{
+    return item.GetKey();
+}
+
+static double ItemValue(const SelectionItem &item)
+{
+    return item.GetValue();
+}
+
 ValueSelection::ValueSelection(const QString &name, TValueState state) : ValueBase(name, state) { }
 
 ValueSelection::~ValueSelection()
@@ -73,8 +90,7 @@ bool ValueSelection::Select(double value, IObserver *except, bool exact)
 {
     if (exact || std::isnan(value))
         return MakeCurrent(GetItem(value), except);
-    const auto found = ByValue.lowerBound(value);
-    return MakeCurrent(found == ByValue.end() ? nullptr : *found, except);
+    return MakeCurrent(FromValue(value), except);
 }
 
 bool ValueSelection::Select(const wchar_t *name, IObserver *except)
@@ -165,17 +181,18 @@ SelectionItem *ValueSelection::GetItemIndex(long position) const
 
 SelectionItem *ValueSelection::GetItem(const QString &name) const
 {
-    return ByName.value(name);
+    return Long ? Long->ByName.value(name) : First(ItemName, name);
 }
 
 SelectionItem *ValueSelection::GetItem(double value) const
 {
-    return std::isnan(value) ? nullptr : ByValue.value(value);
+    // A number that is none equals no other, but a map has no order for it.
+    return Long && !std::isnan(value) ? Long->ByValue.value(value) : First(ItemValue, value);
 }
 
 SelectionItem *ValueSelection::GetItem(long key) const
 {
-    return ByKey.value(key);
+    return Long ? Long->ByKey.value(key) : First(ItemKey, key);
 }
 
 double ValueSelection::GetCurrentValue() const
@@ -218,10 +235,13 @@ bool ValueSelection::MakeCurrent(SelectionItem *item, IObserver *except)
 
 void ValueSelection::Append(std::unique_ptr<SelectionItem> item)
 {
-    AddToIndex(item.get());
     if (!Current)
         Current = item.get();
     Items.push_back(std::move(item));
+    if (Long)
+        AddToIndex(Items.back().get());
+    else if (Items.size() == ManyItems)
+        RebuildIndex();
 }
 
 void ValueSelection::AnnounceItems(const SelectionItem *before, IObserver *except)
@@ -232,41 +252,63 @@ void ValueSelection::AnnounceItems(const SelectionItem *before, IObserver *excep
         Announce({ekChangeItems, ekChangeValue}, except);
 }
 
+template <class KeyOf, class Key> SelectionItem *ValueSelection::First(KeyOf keyOf, const Key &key) const
+{
+    const auto first = std::find_if(Items.begin(), Items.end(), [&](const auto &item) { return keyOf(*item) == key; });
+    return first == Items.end() ? nullptr : first->get();
+}
+
+/// The item with the least value from `value` on, the first one of several.
+SelectionItem *ValueSelection::FromValue(double value) const
+{
+    if (Long) {
+        const auto found = Long->ByValue.lowerBound(value);
+        return found == Long->ByValue.end() ? nullptr : *found;
+    }
+    SelectionItem *least = nullptr;
+    for (const auto &item : Items) {
+        if (item->GetValue() >= value && (!least || item->GetValue() < least->GetValue()))
+            least = item.get();
+    }
+    return least;
+}
+
 void ValueSelection::AddToIndex(SelectionItem *item)
 {
-    if (!ByName.contains(item->GetName()))
-        ByName.insert(item->GetName(), item);
-    if (!ByKey.contains(item->GetKey()))
-        ByKey.insert(item->GetKey(), item);
+    if (!Long->ByName.contains(item->GetName()))
+        Long->ByName.insert(item->GetName(), item);
+    if (!Long->ByKey.contains(item->GetKey()))
+        Long->ByKey.insert(item->GetKey(), item);
     // A number that is none has no order among the others and cannot be looked for.
-    if (!std::isnan(item->GetValue()) && !ByValue.contains(item->GetValue()))
-        ByValue.insert(item->GetValue(), item);
+    if (!std::isnan(item->GetValue()) && !Long->ByValue.contains(item->GetValue()))
+        Long->ByValue.insert(item->GetValue(), item);
 }
 
 /// Where the item stood in the index, the next one with the same key of that index takes its place.
 void ValueSelection::RemoveFromIndex(const SelectionItem *item)
 {
+    if (!Long)
+        return;
     const auto remove = [&](auto &index, const auto &key, auto keyOf) {
         if (index.value(key) != item)
             return;
-        const auto next
-            = std::find_if(Items.begin(), Items.end(), [&](const auto &other) { return keyOf(*other) == key; });
-        if (next == Items.end())
-            index.remove(key);
+        if (SelectionItem *next = First(keyOf, key))
+            index.insert(key, next);
         else
-            index.insert(key, next->get());
+            index.remove(key);
     };
-    remove(ByName, item->GetName(), [](const SelectionItem &other) { return other.GetName(); });
-    remove(ByKey, item->GetKey(), [](const SelectionItem &other) { return other.GetKey(); });
+    remove(Long->ByName, item->GetName(), ItemName);
+    remove(Long->ByKey, item->GetKey(), ItemKey);
     if (!std::isnan(item->GetValue()))
-        remove(ByValue, item->GetValue(), [](const SelectionItem &other) { return other.GetValue(); });
+        remove(Long->ByValue, item->GetValue(), ItemValue);
 }
 
 void ValueSelection::RebuildIndex()
 {
-    ByName.clear();
-    ByKey.clear();
-    ByValue.clear();
+    Long.reset();
+    if (Items.size() < ManyItems)
+        return;
+    Long = std::make_unique<Index>();
     for (const auto &item : Items)
         AddToIndex(item.get());
 }

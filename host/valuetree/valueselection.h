@@ -72,13 +72,21 @@ private:
     bool MakeCurrent(SelectionItem *item, IObserver *except);
     void Append(std::unique_ptr<SelectionItem> item);
     void AnnounceItems(const SelectionItem *before, IObserver *except);
+    template <class KeyOf, class Key> SelectionItem *First(KeyOf keyOf, const Key &key) const;
+    SelectionItem *FromValue(double value) const;
     void AddToIndex(SelectionItem *item);
     void RemoveFromIndex(const SelectionItem *item);
     void RebuildIndex();
 
+    /// The first item of each name, key and value.
+    struct Index {
+        QHash<QString, SelectionItem *> ByName;
+        QHash<long, SelectionItem *> ByKey;
+        QMap<double, SelectionItem *> ByValue;
+    };
+
     std::vector<std::unique_ptr<SelectionItem>> Items;
     SelectionItem *Current = nullptr;
-    QHash<QString, SelectionItem *> ByName;
-    QHash<long, SelectionItem *> ByKey;
-    QMap<double, SelectionItem *> ByValue;
+    /// Only for a long list; those of forms are mostly short.
+    std::unique_ptr<Index> Long;
 };

@@ -10,6 +10,8 @@
 #include "valueptr.h"
 #include "valueselection.h"
 
+#include <cmath>
+#include <typeinfo>
 #include <vector>
 
 namespace KV218
@@ -150,6 +152,32 @@ void SelectOnly(ValueSelection *selection, const QString &text, IObserver *obser
         selection->Select(text, observer);
 }
 
+/// Null for a node of another class, be it derived from this one.
+template <class Node> Node *Exactly(ValueBase &node)
+{
+    return typeid(node) == typeid(Node) ? static_cast<Node *>(&node) : nullptr;
+}
+
+/// False where both hold the same already.
+bool GiveValue(ValueBase &source, ValueBase *destination, IObserver *observer)
+{
+    const auto *from = Exactly<ValueDouble>(source);
+    auto *to = Exactly<ValueDouble>(*destination);
+    if (from && to) {
+        // As by their texts, of which those of 0 and -0 differ.
+        const double number = from->GetValue();
+        if (number == to->GetValue() && std::signbit(number) == std::signbit(to->GetValue()))
+            return false;
+        to->SetValue(number, observer);
+        return true;
+    }
+    const QString text = source.GetStringValue();
+    if (destination->GetStringValue() == text)
+        return false;
+    destination->SetStringValue(text, observer);
+    return true;
+}
+
 /// A selection takes any text of a node that is none, if need be as its only item.
 void SetText(ValueBase *local, bool anyText, const QString &text, IObserver *observer)
 {
@@ -209,7 +237,12 @@ void FormBody::GetVTValues(const QList<ValueBase *> &locals, IObserver *observer
 
 bool FormBody::SetVTValue(ValueBase *local, IObserver *observer, bool apply)
 {
-    return local && SetVTValue(local->GetName(), local->GetStringValue(), observer, apply);
+    ValueBase *node = local ? GetVTValue(local->GetName()) : nullptr;
+    if (!node || !GiveValue(*local, node, observer))
+        return false;
+    if (apply)
+        Sheet.applyNow();
+    return true;
 }
 
 bool FormBody::SetVTValue(const QString &name, const QString &value, IObserver *observer, bool apply)

@@ -4,6 +4,8 @@
 #include "formdoor.h"
 #include "formlimits.h"
 #include "newcontrol.h"
+#include "sectionline.h"
+#include "sharedicon.h"
 
 namespace KV218
 {
@@ -27,9 +29,9 @@ void OrbelHeadline::CreateGUI(FloatGroupLayout *layout)
     GroupBox->setAlignment(Qt::AlignLeft);
     GroupBox->setCheckable(true);
     GroupBox->setChecked(GroupVisible);
-    GroupBox->setStyleSheet(
-        QStringLiteral("QGroupBox::indicator:unchecked {image: url(:/OrbelParser/HeadlineClosed.svg);}"
-                       "QGroupBox::indicator:checked {image: url(:/OrbelParser/HeadlineOpened.svg);}"));
+    // A style sheet would do it, too, but costs as much as a control, and Qt keeps an entry for each picture of one.
+    static_cast<SectionLine *>(GroupBox.data())
+        ->SetIndicator(SharedIcon(QStringLiteral("HeadlineClosed")), SharedIcon(QStringLiteral("HeadlineOpened")));
     RefreshToolTip();
     connect(GroupBox, &QGroupBox::clicked, this, &OrbelHeadline::slotClicked);
     PropagateProperties(GroupBox);

@@ -370,6 +370,33 @@ private Q_SLOTS:
         QTEST(witness.Told(), "told");
     }
 
+    /// Those of a long list by an index.
+    void itemsAreFoundInTheirOrder()
+    {
+        ValueSelection node("n");
+        for (int i = 0; i < 40; ++i)
+            node.AddItem(QString::number(i % 5), i % 7 ? i * 3 % 4 : qQNaN(), i % 3, nullptr);
+        for (long left = node.GetItemCount(); left > 0; --left) {
+            const auto first = [&](const auto &isIt) {
+                SelectionItem *item = nullptr;
+                for (long i = left - 1; i >= 0; --i)
+                    item = isIt(*node.GetItemIndex(i)) ? node.GetItemIndex(i) : item;
+                return item;
+            };
+            const auto withValue = [&](double value) {
+                return first([value](const SelectionItem &item) { return item.GetValue() == value; });
+            };
+            QCOMPARE(node.GetItem("2"), first([](const SelectionItem &item) { return item.GetName() == "2"; }));
+            QCOMPARE(node.GetItem(2L), first([](const SelectionItem &item) { return item.GetKey() == 2; }));
+            QCOMPARE(node.GetItem(2.0), withValue(2));
+            SelectionItem *const above = withValue(2) ? withValue(2) : withValue(3);
+            QCOMPARE(node.Select(1.5, nullptr, false), above != nullptr);
+            QVERIFY(!above || node.GetCurrentItem() == above);
+            node.DeleteItem(node.GetItemIndex(left * 7 % 10 * left / 10), nullptr);
+        }
+        QCOMPARE(node.GetItemCount(), 0L);
+    }
+
     void selectionItems()
     {
         Witness witness;
@@ -452,7 +479,12 @@ private Q_SLOTS:
         QCOMPARE(witness.Told(), QString("5 3 8 3 7 3"));
         QCOMPARE(InOrder(node), QString("0:1 1:3 2:5"));
         QCOMPARE(node.data().at(0).GetID(), 4u);
-        QCOMPARE(node.data().at(0).GetFrequency(), 1.5);
+        CommentedRange range = node.data().at(0);
+        QCOMPARE(range.GetFrequency(), 1.5);
+        range.SetFrequency(10);
+        QCOMPARE((QList<double>{range.GetRangeStart(), range.GetRangeStop()}), (QList<double>{9.5, 10.5}));
+        range.SetBandwidth(4);
+        QCOMPARE((QList<double>{range.GetRangeStart(), range.GetRangeStop()}), (QList<double>{8, 12}));
         QCOMPARE(node.CreateNewUniqueKey(), 3u);
         QCOMPARE(node.CreateNewUniqueKey(), 4u);
         copy.Assign(node);

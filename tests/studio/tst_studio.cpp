@@ -8,6 +8,7 @@
 #include "orbelformular.h"
 #include "picturesdialog.h"
 #include "scriptcompleter.h"
+#include "scriptwatch.h"
 #include "studiowindow.h"
 #include "testcase.h"
 #include "valuegenerator.h"
@@ -227,6 +228,18 @@ private Q_SLOTS:
         QTRY_VERIFY2(studio.TextOfFindings().startsWith(told), qPrintable(studio.TextOfFindings()));
     }
 
+    void aFormWithErrorsIsShown()
+    {
+        Studio studio;
+        const QByteArray wrong = Widget("list", "SpinBoxList", "<Property name='itemCount'><Int>2</Int></Property>");
+        studio.Save(Definition(wrong));
+        QVERIFY(studio.TextOfFindings().contains("item-tag"));
+        QVERIFY(!studio.Find("gain"));
+        studio.Save("<ZkParamGui");
+        QVERIFY(!studio.bench->ShowsFile());
+        QCOMPARE(studio.bench->GetSource().GetWidgets().size(), 1);
+    }
+
     void aFileWithoutAFormIsWaitedFor()
     {
         Studio studio("<nothing>");
@@ -248,6 +261,12 @@ private Q_SLOTS:
         QTest::keyClicks(now, "<Parameters><gain>7</gain></Parameters>");
         QTest::mouseClick(studio.Find<QPushButton>("readBack"), Qt::LeftButton);
         QCOMPARE(studio.bench->GetSession()->Value("gain"), QVariant(7));
+        // What cannot be read is told and kept.
+        now->selectAll();
+        QTest::keyClicks(now, "<Parameters>");
+        QTest::mouseClick(studio.Find<QPushButton>("readBack"), Qt::LeftButton);
+        QCOMPARE(now->toPlainText(), QString("<Parameters>"));
+        QVERIFY(studio.Find<QLabel>("documentWrong")->text().startsWith("Line 1: "));
         auto *const changes = studio.Find<QTreeWidget>("changesNow");
         QTRY_COMPARE(changes->topLevelItemCount(), 1);
         studio.bench->GetSession()->Apply();
@@ -404,6 +423,80 @@ private Q_SLOTS:
         QTRY_COMPARE(place, QString("form.orbel:13"));
         studio.Find<QCheckBox>("debugScript")->setChecked(false);
         QVERIFY(studio.Find("gain"));
+    }
+
+    void breakpointsStayWithTheirLines()
+    {
+        Studio studio;
+        auto *const dock = studio.Find<DebuggerDock>("debugger");
+        const auto list = [&] {
+            return dock->GetDebugger()
+                ->widget(QScriptEngineDebugger::BreakpointsWidget)
+                ->findChild<QAbstractItemView *>()
+                ->model();
+        };
+        const auto asking = [&] {
+            for (auto *each :
+                dock->GetDebugger()->widget(QScriptEngineDebugger::BreakpointsWidget)->findChildren<QWidget *>()) {
+                if (each->inherits("QScriptNewBreakpointWidget"))
+                    return each;
+            }
+            return static_cast<QWidget *>(nullptr);
+        };
+        studio.Find<QCheckBox>("debugScript")->setChecked(true);
+        // That of the handler's first line, which a widget in front moves down by three.
+        QVERIFY(
+            QMetaObject::invokeMethod(asking(), "newBreakpointRequest", Q_ARG(QString, studio.path), Q_ARG(int, 14)));
+        QTRY_COMPARE(list()->rowCount(), 1);
+        studio.Save(Definition(Widget("volume", "SpinBox") + Gain + Note + Hint));
+        QTRY_COMPARE(list()->rowCount(), 1);
+        QVERIFY(list()->index(0, 1).data().toString().endsWith("form.orbel:17"));
+        int stops = 0;
+        QTimer stopped;
+        connect(&stopped, &QTimer::timeout, this, [&] {
+            stops += dock->IsSuspended();
+            // Off while the script waits.
+            studio.Find<QCheckBox>("debugScript")->setChecked(!dock->IsSuspended() && stops == 0);
+        });
+        stopped.start(10);
+        QTest::keyClick(studio.Find("gain"), Qt::Key_Up);
+        QTRY_VERIFY(!dock->GetDebugger());
+        QVERIFY(stops > 0);
+    }
+
+    void linesMoveWithTheText_data()
+    {
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<int>("line");
+        QTest::newRow("a line in front") << "z|a|b|c|d" << 3;
+        QTest::newRow("a line behind") << "a|b|c|d|z" << 2;
+        QTest::newRow("among others that change") << "x|y| b|q|d" << 3;
+        QTest::newRow("another text") << "a|x|c|d" << 2;
+        QTest::newRow("gone") << "a|c|d" << 0;
+    }
+    void linesMoveWithTheText()
+    {
+        QFETCH(QString, after);
+        QTEST(Breakpoints::Moved(2, QString("a|b|c|d").split('|'), after.split('|')), "line");
+    }
+
+    void whatTakesTooLongIsEnded_data()
+    {
+        QTest::addColumn<QString>("script");
+        QTest::newRow("empty loop") << "while (true) { }";
+        QTest::newRow("loop that catches") << "while (true) { try { for (;;); } catch (e) { } }";
+    }
+    void whatTakesTooLongIsEnded()
+    {
+        QFETCH(QString, script);
+        QScriptEngine engine;
+        QVector<int> lines;
+        auto *const watch = new ScriptWatch(&engine, 50, [&](const ScriptWatch::Place &place) { lines << place.Line; });
+        engine.setAgent(watch);
+        engine.evaluate("\n" + script);
+        QTRY_COMPARE(lines, QVector<int>{2});
+        QCOMPARE(engine.evaluate("1 + 1").toInt32(), 2);
+        engine.setAgent(nullptr);
     }
 
     void aHostIsSimulated()
