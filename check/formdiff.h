@@ -27,6 +27,7 @@ struct FormDifference {
 
 /// A file to be compared.
 struct ComparedFile {
+    /// One definition, a template that gives one, or a component list.
     enum Kind { Definition, Template, List };
     QByteArray Bytes; ///< As they stand in the file.
     Kind What; ///< A template counts as the definition that it gives, with lines of the template.

@@ -1,6 +1,7 @@
 #include "orbelcheck.h"
 
 #include "changecheck.h"
+#include "codeexamples.h"
 #include "elementnames.h"
 #include "filetext.h"
 #include "formcheck.h"
@@ -302,15 +303,7 @@ bool Check::IsClean(const Findings &findings)
 
 QString Check::Explanations()
 {
-    QString page
-        = QStringLiteral("# What `orbel check` finds\n\n"
-                         "Each finding ends with its code. Errors and warnings give the exit status 1; notes do "
-                         "not.\n\n"
-                         "| Code | Weight | What it means |\n|---|---|---|\n");
-    for (const CodeInfo &info : AllCodes())
-        page += QStringLiteral("| `%1` | %2 | %3 |\n")
-                    .arg(QLatin1String(info.name), NameOf(info.severity), QString::fromUtf8(info.explanation));
-    return page;
+    return ExplainCodes();
 }
 
 } // namespace Orbel

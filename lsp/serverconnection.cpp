@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <poll.h>
 #include <unistd.h>
 
 namespace Orbel
@@ -41,10 +42,19 @@ void ServerConnection::Write(const QJsonObject &message)
     const QByteArray bytes = Framed(message);
     for (int written = 0; written < bytes.size();) {
         const ssize_t count = ::write(Output, bytes.constData() + written, size_t(bytes.size() - written));
-        if (count < 0 && errno != EINTR)
+        if (count < 0 && errno == EAGAIN)
+            AwaitRoom();
+        else if (count < 0 && errno != EINTR)
             return End(1);
         written += int(qMax<ssize_t>(0, count));
     }
+}
+
+/// A client may share a descriptor that does not block.
+void ServerConnection::AwaitRoom() const
+{
+    pollfd room{Output, POLLOUT, 0};
+    ::poll(&room, 1, -1);
 }
 
 void ServerConnection::End(int status)

@@ -20,6 +20,7 @@ public:
 private:
     void Read();
     void Write(const QJsonObject &message);
+    void AwaitRoom() const;
     void End(int status);
 
     int Input;

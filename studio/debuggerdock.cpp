@@ -9,6 +9,28 @@
 namespace Orbel
 {
 
+/// So that code, stack and variables are to be seen in a dock: there is one script, and what it prints stands
+/// elsewhere.
+static void Arrange(QMainWindow &window)
+{
+    const auto dock = [&](const char *name) {
+        return window.findChild<QDockWidget *>(
+            QStringLiteral("qtscriptdebugger_%1DockWidget").arg(QLatin1String(name)));
+    };
+    window.setWindowFlags(Qt::Widget);
+    window.setMinimumSize(640, 440);
+    for (const char *name : {"scripts", "debugOutput", "errorLog"}) {
+        if (QDockWidget *const unneeded = dock(name))
+            unneeded->hide();
+    }
+    QDockWidget *const console = dock("console");
+    QDockWidget *const breakpoints = dock("breakpoints");
+    if (console && breakpoints) {
+        window.tabifyDockWidget(console, breakpoints);
+        console->raise();
+    }
+}
+
 DebuggerDock::DebuggerDock(Workbench &bench)
     : StudioDock(bench, tr("Debugger"), "debugger"),
       On(new QCheckBox(tr("&Debug the script, which makes the form anew"))),
@@ -70,8 +92,7 @@ void DebuggerDock::Attach(QScriptEngine &engine, const QString &text)
     Debugger = std::make_unique<QScriptEngineDebugger>();
     Debugger->setAutoShowStandardWindow(false);
     QMainWindow *const window = Debugger->standardWindow();
-    window->setWindowFlags(Qt::Widget);
-    window->setMinimumSize(640, 320);
+    Arrange(*window);
     Lines->insertWidget(1, window, 1);
     window->restoreState(Division);
     window->show();

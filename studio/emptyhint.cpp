@@ -1,37 +1,27 @@
 #include "emptyhint.h"
 
 #include <QAbstractItemView>
-#include <QEvent>
+#include <QVBoxLayout>
 
 namespace Orbel
 {
 
-EmptyHint::EmptyHint(QAbstractItemView *view, const QString &text) : QLabel(text, view->viewport()), View(view)
+EmptyHint::EmptyHint(QAbstractItemView *view, const QString &text) : QLabel(text), Model(view->model())
 {
     setAlignment(Qt::AlignCenter);
     setWordWrap(true);
-    setMargin(12);
-    // As grey as the hints in empty fields.
-    setForegroundRole(QPalette::PlaceholderText);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-    view->viewport()->installEventFilter(this);
+    // So it is grey in any palette, and the view has the mouse.
+    setEnabled(false);
+    (new QVBoxLayout(view->viewport()))->addWidget(this);
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(view->model(), signal, this, &EmptyHint::ShowIfEmpty);
-    connect(view->model(), &QAbstractItemModel::modelReset, this, &EmptyHint::ShowIfEmpty);
+        connect(Model, signal, this, &EmptyHint::ShowIfEmpty);
+    connect(Model, &QAbstractItemModel::modelReset, this, &EmptyHint::ShowIfEmpty);
     ShowIfEmpty();
-}
-
-bool EmptyHint::eventFilter(QObject *, QEvent *event)
-{
-    if (event->type() == QEvent::Resize)
-        ShowIfEmpty();
-    return false;
 }
 
 void EmptyHint::ShowIfEmpty()
 {
-    setGeometry(View->viewport()->rect());
-    setVisible(View->model()->rowCount() == 0);
+    setVisible(Model->rowCount() == 0);
 }
 
 } // namespace Orbel

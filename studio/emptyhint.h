@@ -2,6 +2,7 @@
 
 #include <QLabel>
 
+class QAbstractItemModel;
 class QAbstractItemView;
 
 namespace Orbel
@@ -16,12 +17,10 @@ public:
     /// Belongs to the view, whose model stays the same.
     EmptyHint(QAbstractItemView *view, const QString &text);
 
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void ShowIfEmpty();
 
-    QAbstractItemView *const View;
+    QAbstractItemModel *const Model;
 };
 
 } // namespace Orbel

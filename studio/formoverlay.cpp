@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QScrollArea>
 
 namespace Orbel
 {
@@ -20,8 +21,20 @@ FormOverlay::FormOverlay(Workbench &bench) : Bench(bench)
     setAttribute(Qt::WA_NoSystemBackground);
     setFocusPolicy(Qt::NoFocus);
     hide();
-    connect(&Bench, &Workbench::picked, this, &FormOverlay::ShowIfNeeded);
+    connect(&Bench, &Workbench::picked, this, &FormOverlay::TakePicked);
     connect(&Bench, &Workbench::formChanged, this, &FormOverlay::Cover);
+}
+
+/// Scrolls to it.
+void FormOverlay::TakePicked(const QString &name)
+{
+    const QVector<QWidget *> widgets = ControlWidgets::Of(Bench, name);
+    QWidget *around = widgets.isEmpty() ? nullptr : widgets.constFirst();
+    while (around && !qobject_cast<QScrollArea *>(around))
+        around = around->parentWidget();
+    if (auto *const area = qobject_cast<QScrollArea *>(around))
+        area->ensureWidgetVisible(widgets.constFirst());
+    ShowIfNeeded();
 }
 
 void FormOverlay::SetHints(bool shown)
@@ -72,12 +85,19 @@ void FormOverlay::paintEvent(QPaintEvent *)
     PaintFrame(painter, Pointed, PointColor);
 }
 
+/// What is not scrolled out of view; empty for nothing.
+QRect FormOverlay::PlaceInView(const QWidget &widget) const
+{
+    const QRect seen = widget.visibleRegion().boundingRect();
+    return seen.isEmpty() ? QRect() : seen.translated(widget.mapTo(parentWidget(), QPoint()));
+}
+
 QVector<QRect> FormOverlay::PlacesOf(const QString &name) const
 {
     QVector<QRect> places;
     for (const QWidget *widget : ControlWidgets::Of(Bench, name)) {
-        if (widget->isVisible() && parentWidget()->isAncestorOf(widget))
-            places.append(QRect(widget->mapTo(parentWidget(), QPoint()), widget->size()));
+        if (parentWidget()->isAncestorOf(widget))
+            places.append(PlaceInView(*widget));
     }
     return places;
 }
@@ -90,7 +110,8 @@ void FormOverlay::PaintFrame(QPainter &painter, const QString &name, const QColo
     if (all.isEmpty())
         return;
     painter.setPen(QPen(color, 2));
-    painter.drawRect(all.adjusted(-2, -2, 1, 1));
+    // A control at the edge has all of its frame, too.
+    painter.drawRect(all.adjusted(-2, -2, 1, 1) & rect().adjusted(1, 1, -1, -1));
 }
 
 void FormOverlay::PaintHints(QPainter &painter) const
@@ -103,14 +124,14 @@ void FormOverlay::PaintHints(QPainter &painter) const
         for (int i = 0; layout && i < layout->count(); ++i) {
             const QLayoutItem *item = layout->itemAt(i);
             const QWidget *widget = const_cast<QLayoutItem *>(item)->widget();
-            if (!widget || !widget->isVisible())
+            const QRect place = widget ? PlaceInView(*widget) : QRect();
+            if (place.isEmpty())
                 continue;
-            const QRect place(widget->mapTo(parentWidget(), QPoint()), widget->size());
             const QColor color = qobject_cast<const RowLabel *>(widget) ? QColor(20, 140, 60) : QColor(150, 60, 190);
             painter.setPen(QPen(color, 1, Qt::DotLine));
             painter.drawRect(place.adjusted(0, 0, -1, -1));
             painter.drawText(place.adjusted(2, 0, -2, 0), Qt::AlignRight | Qt::AlignTop,
-                QStringLiteral("%1×%2").arg(place.width()).arg(place.height()));
+                QStringLiteral("%1×%2").arg(widget->width()).arg(widget->height()));
         }
     }
 }

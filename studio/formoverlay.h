@@ -29,7 +29,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void TakePicked(const QString &name);
     void ShowIfNeeded();
+    QRect PlaceInView(const QWidget &widget) const;
     QVector<QRect> PlacesOf(const QString &name) const;
     void PaintFrame(QPainter &painter, const QString &name, const QColor &color) const;
     void PaintHints(QPainter &painter) const;

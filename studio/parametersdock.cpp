@@ -1,9 +1,11 @@
 #include "parametersdock.h"
 
 #include "emptyhint.h"
+#include "orbelcheck.h"
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -11,8 +13,13 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace Orbel
 {
+
+/// How much of what is wrong with a document stands below it.
+static constexpr int MostTold = 3;
 
 static QPlainTextEdit *NewDocumentView(const char *name)
 {
@@ -25,13 +32,16 @@ static QPlainTextEdit *NewDocumentView(const char *name)
 
 ParametersDock::ParametersDock(Workbench &bench)
     : StudioDock(bench, tr("Parameters"), "parameters"), Now(NewDocumentView("documentNow")),
-      Back(new QPushButton(tr("&Read back"))), Renew(new QPushButton(tr("&Discard"))), Changes(new QTreeWidget),
-      Last(NewDocumentView("documentApplied"))
+      Back(new QPushButton(tr("&Read back"))), Renew(new QPushButton(tr("&Discard"))), Wrong(new QLabel),
+      Changes(new QTreeWidget), Last(NewDocumentView("documentApplied"))
 {
     auto *page = new QWidget;
     auto *lines = new QVBoxLayout(page);
     auto *buttons = new QHBoxLayout;
     lines->addWidget(Now);
+    lines->addWidget(Wrong);
+    Wrong->setObjectName(QStringLiteral("documentWrong"));
+    Wrong->setWordWrap(true);
     lines->addLayout(buttons);
     buttons->addStretch();
     buttons->addWidget(Renew);
@@ -88,8 +98,10 @@ void ParametersDock::ShowNow()
     const Session *const session = Bench.GetSession();
     const QString document = session ? session->Document().trimmed() : QString();
     // A selection stays where nothing has changed.
-    if (document != Now->toPlainText())
+    if (document != Now->toPlainText()) {
         Now->setPlainText(document);
+        Wrong->clear();
+    }
     Now->document()->setModified(false);
     Back->setEnabled(false);
     Renew->setEnabled(false);
@@ -99,9 +111,19 @@ void ParametersDock::ReadBack()
 {
     if (!Bench.GetSession())
         return;
-    const PropertyOrigins::Act act(Bench.GetOrigins(), tr("studio, a document"));
-    Bench.GetSession()->SetDocument(Now->toPlainText());
-    ShowNow();
+    const Findings findings = Check::Parameters(Now->toPlainText().toUtf8(), Bench.GetDefinition());
+    const bool isWhole = std::none_of(findings.begin(), findings.end(),
+        [](const Finding &finding) { return finding.Code == QLatin1String("xml-malformed"); });
+    QStringList told;
+    for (const Finding &finding : findings)
+        told.append(tr("Line %1: %2").arg(finding.Line).arg(finding.Text));
+    // What cannot be read stays, to be mended.
+    if (isWhole) {
+        const PropertyOrigins::Act act(Bench.GetOrigins(), tr("studio, a document"));
+        Bench.GetSession()->SetDocument(Now->toPlainText());
+        ShowNow();
+    }
+    Wrong->setText(told.mid(0, MostTold).join(QLatin1Char('\n')));
 }
 
 void ParametersDock::ShowChanges()

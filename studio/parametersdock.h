@@ -2,6 +2,7 @@
 
 #include "studiodock.h"
 
+class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 class QTreeWidget;
@@ -28,6 +29,8 @@ private:
     QPlainTextEdit *const Now;
     QPushButton *const Back;
     QPushButton *const Renew;
+    /// What the checker says of the document that was read back last.
+    QLabel *const Wrong;
     QTreeWidget *const Changes;
     QPlainTextEdit *const Last;
     QTimer Later;

@@ -81,7 +81,7 @@ SimulatorDock::SimulatorDock(Workbench &bench)
         {tr("Parameter"), tr("Form"), tr("Report"), tr("Generator"), tr("From"), tr("To")});
     Table->verticalHeader()->hide();
     new EmptyHint(Table, tr("The form has no parameters."));
-    Table->horizontalHeader()->setDefaultSectionSize(82);
+    Table->horizontalHeader()->setDefaultSectionSize(72);
     connect(Table, &QTableWidget::itemChanged, this, &SimulatorDock::TakeCell);
     connect(Table, &QTableWidget::itemClicked, this,
         [this](const QTableWidgetItem *cell) { Bench.PickPath(Table->item(cell->row(), PathColumn)->text()); });

@@ -41,12 +41,7 @@ StudioWindow::StudioWindow(Workbench &bench, QSettings &settings, const QString 
     AddMenus();
     connect(&Bench, &Workbench::formChanged, this, &StudioWindow::TakeForm);
     connect(&Bench, &Workbench::editWanted, this, &StudioWindow::OpenEditor);
-    connect(&Bench, &Workbench::picked, this, [this](const QString &name) {
-        const FormSource::Widget *widget = Bench.GetSource().Find(name);
-        const bool hasLine = widget && widget->FirstLine > 0;
-        statusBar()->showMessage(
-            hasLine ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : name);
-    });
+    connect(&Bench, &Workbench::picked, this, &StudioWindow::TellPicked);
     connect(&Look, &QTimer::timeout, this, &StudioWindow::TellState);
     Look.start(1000);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
@@ -100,8 +95,11 @@ void StudioWindow::AddMenus()
     QMenu *const view = menuBar()->addMenu(tr("&View"));
     view->addActions(Tools);
     view->addSeparator();
-    for (StudioDock *dock : qAsConst(Docks))
+    for (StudioDock *dock : qAsConst(Docks)) {
         view->addAction(dock->toggleViewAction());
+        // It may come up behind others.
+        connect(dock->toggleViewAction(), &QAction::triggered, dock, &QWidget::raise);
+    }
 }
 
 void StudioWindow::TakeForm()
@@ -118,6 +116,15 @@ void StudioWindow::TakeForm()
     if (Bench.ShowsFile())
         ReadAt = QTime::currentTime();
     TellState();
+    TellPicked();
+}
+
+void StudioWindow::TellPicked()
+{
+    const QString &name = Bench.GetPicked();
+    const FormSource::Widget *const widget = Bench.GetSource().Find(name);
+    const bool hasLine = widget && widget->FirstLine > 0;
+    statusBar()->showMessage(hasLine ? tr("%1:%2: %3").arg(Bench.GetFile()).arg(widget->FirstLine).arg(name) : name);
 }
 
 void StudioWindow::TellState()
@@ -149,6 +156,9 @@ void StudioWindow::closeEvent(QCloseEvent *event)
         QTimer::singleShot(0, this, &QWidget::close);
         return;
     }
+    // Until it has ended: what the debugger runs in the same engine may be what ends instead.
+    connect(&Look, &QTimer::timeout, &Bench, &Workbench::EndScript, Qt::UniqueConnection);
+    Look.start(100);
     Bench.EndScript();
     Settings.setValue(QStringLiteral("window/geometry"), saveGeometry());
     Settings.setValue(QStringLiteral("window/state"), saveState());

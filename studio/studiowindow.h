@@ -32,6 +32,7 @@ private:
     void AddDock(StudioDock *dock, Qt::DockWidgetArea area);
     void AddMenus();
     void TakeForm();
+    void TellPicked();
     void TellState();
     void OpenEditor(int line);
 

@@ -122,8 +122,11 @@ void Workbench::Connect()
     connect(Opened.get(), &Session::reloaded, this, &Workbench::TakeReloaded);
     connect(Opened.get(), &Session::applied, this, &Workbench::applied);
     connect(Opened.get(), &Session::changesChanged, this, &Workbench::changesChanged);
-    connect(Opened.get(), &Session::scriptFailed, this,
-        [this](const QString &, int line, const QString &text) { Fail(line, text); });
+    connect(Opened.get(), &Session::scriptFailed, this, [this](const QString &, int line, const QString &text) {
+        // What the engine says of a script that was ended, which has been told in better words.
+        if (text != QLatin1String("JavaScript execution exceeded timeout."))
+            Fail(line, text);
+    });
     Opened->Watch(File);
 }
 

@@ -60,6 +60,8 @@ public:
     PropertyOrigins &GetOrigins() { return Origins; }
     /// Whether the form is that of the file; false while the file has none that can be read.
     bool ShowsFile() const { return Shows; }
+    /// The definition that is shown; empty for one of a component list.
+    QByteArray GetDefinition() const { return IsList() ? QByteArray() : Document; }
     /// What the checker says, and what the script threw since the form was made.
     const QVector<Finding> &GetFindings() const { return Told; }
     const QVector<Failure> &GetFailures() const { return Failures; }

@@ -1,7 +1,7 @@
 #include "checkformats.h"
 
 #include "checkjson.h"
-#include "codes.h"
+#include "codeexamples.h"
 #include "failure.h"
 #include "orbelversion.h"
 
@@ -46,10 +46,15 @@ QJsonObject Message(const QString &text)
 QJsonArray SarifRules()
 {
     QJsonArray rules;
-    for (const CodeInfo &info : AllCodes())
+    for (int i = 0; i < AllCodes().size(); ++i) {
+        const CodeInfo &info = AllCodes().at(i);
+        QJsonObject help = Message(QString::fromUtf8(info.explanation));
+        help.insert(QStringLiteral("markdown"), Explain(Code(i)));
         rules.append(QJsonObject{{QStringLiteral("id"), QLatin1String(info.name)},
             {QStringLiteral("fullDescription"), Message(QString::fromUtf8(info.explanation))},
+            {QStringLiteral("help"), help},
             {QStringLiteral("defaultConfiguration"), QJsonObject{{QStringLiteral("level"), NameOf(info.severity)}}}});
+    }
     return rules;
 }
 

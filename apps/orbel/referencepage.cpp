@@ -146,9 +146,9 @@ QString SheetPage()
 
 QString IndexPage()
 {
-    QString page
-        = QStringLiteral("# Reference\n\nWritten by `orbel reference`.\n\n| Class | What the operator sees | Value "
-                         "property |\n|---|---|---|\n| [Sheet](Sheet.md) | The form as a whole. | |\n");
+    QString page = QStringLiteral("# Reference\n\nWritten by `orbel reference`. A class without a picture shows "
+                                  "nothing.\n\n| Class | What the operator sees | Value "
+                                  "property |\n|---|---|---|\n| [Sheet](Sheet.md) | The form as a whole. | |\n");
     for (const ClassInfo &info : Registry::Classes()) {
         const QString value = info.delegate->valueProperty;
         page += QStringLiteral("| [%1](%1.md) | %2 | %3 |\n")

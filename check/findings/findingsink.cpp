@@ -88,6 +88,22 @@ QString FindingSink::Nearest(const QString &name, const QStringList &names)
     return ++Suggestions > MostSuggestions ? QString() : NearestName(name, names);
 }
 
+void FindingSink::TakeNew(const FindingSink &other, const FindingSink &known)
+{
+    QHash<QPair<int, QString>, int> counts;
+    for (const Entry &entry : known.Entries)
+        ++counts[{int(entry.What), entry.Text}];
+    QSet<QPair<int, int>> told;
+    for (const Entry &entry : qAsConst(Entries))
+        told.insert({int(entry.What), entry.Place});
+    for (const Entry &entry : other.Entries) {
+        if (counts[{int(entry.What), entry.Text}]-- > 0 || told.contains({int(entry.What), entry.Place}))
+            continue;
+        told.insert({int(entry.What), entry.Place});
+        Entries.append(entry);
+    }
+}
+
 bool FindingSink::Has(Code code) const
 {
     return std::any_of(Entries.cbegin(), Entries.cend(), [code](const Entry &entry) { return entry.What == code; });

@@ -30,6 +30,9 @@ public:
     /// that looking for them stays linear.
     QString Suggest(const QString &name, const QStringList &names);
 
+    /// What another sink has and `known` has not, nor this one at the same place.
+    void TakeNew(const FindingSink &other, const FindingSink &known);
+
     bool Has(Code code) const;
     /// In the order of the file.
     Findings Sorted(const FileText &file) const;

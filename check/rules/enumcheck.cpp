@@ -128,17 +128,11 @@ private:
 
 } // namespace
 
-void CheckEnumRows(const FormModel &form, FindingSink &sink)
+void CheckEnums(const FormModel &form, FindingSink &sink)
 {
     EnumCheck check(form, sink);
     for (const EnumEntry &entry : form.Enums)
         check.CheckRows(entry);
-}
-
-void CheckEnums(const FormModel &form, FindingSink &sink)
-{
-    CheckEnumRows(form, sink);
-    EnumCheck check(form, sink);
     for (const WidgetEntry &widget : form.Widgets) {
         if (widget.Info)
             check.CheckChoice(widget);

@@ -13,8 +13,6 @@ using FormCheck = void (*)(const FormModel &form, FindingSink &sink);
 void CheckAttributes(const FormModel &form, FindingSink &sink);
 void CheckProperties(const FormModel &form, FindingSink &sink);
 void CheckNames(const FormModel &form, FindingSink &sink);
-/// The rows alone, without the combo boxes.
-void CheckEnumRows(const FormModel &form, FindingSink &sink);
 void CheckEnums(const FormModel &form, FindingSink &sink);
 void CheckLimits(const FormModel &form, FindingSink &sink);
 /// What shows against what is held and written.

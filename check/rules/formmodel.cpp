@@ -82,6 +82,15 @@ QStringList WidgetEntry::ReadTags() const
 
 FormModel::FormModel(const Document &document, int form) : Doc(document), Form(form)
 {
+    AddParts(form);
+    const QString code = Script < 0 ? QString() : ScriptSourceMap(Doc, Script).Code();
+    Tree = std::make_shared<ScriptTree>(code);
+    Bindings = std::make_shared<ScriptBindings>(*Tree);
+    Usage = ScriptUsage(code, *Tree, *Bindings);
+}
+
+void FormModel::AddParts(int form)
+{
     if (form < 0)
         return;
     for (int i = form + 1; i <= Doc.At(form).Last; ++i) {
@@ -95,8 +104,6 @@ FormModel::FormModel(const Document &document, int form) : Doc(document), Form(f
         else if (name == element::Script)
             Script = i;
     }
-    if (Script >= 0)
-        Usage = ScriptUsage(ScriptSourceMap(Doc, Script).Code());
 }
 
 void FormModel::AddWidget(int element)
@@ -203,6 +210,11 @@ const WidgetEntry *FormModel::FindWidget(const QString &name) const
 bool FormModel::ScriptMayCall(const WidgetEntry &widget, const char *member) const
 {
     return Usage.MayCall(widget.Name, QLatin1String(member));
+}
+
+bool FormModel::ScriptMayCallAtStart(const WidgetEntry &widget, const char *member) const
+{
+    return Usage.MayCallAtStart(widget.Name, QLatin1String(member));
 }
 
 QString FormModel::RootTag() const

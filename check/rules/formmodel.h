@@ -4,6 +4,8 @@
 #include "registry.h"
 #include "scriptusage.h"
 
+#include <memory>
+
 namespace Orbel
 {
 
@@ -86,10 +88,16 @@ public:
     bool ScriptSpeaksOf(const QString &member) const { return Usage.SpeaksOf(member); }
     /// Whether the script may call `member` on this widget.
     bool ScriptMayCall(const WidgetEntry &widget, const char *member) const;
+    /// The same while the script itself runs, and not only in a handler.
+    bool ScriptMayCallAtStart(const WidgetEntry &widget, const char *member) const;
+    /// The script's tree, empty without a script.
+    const ScriptTree &GetScriptTree() const { return *Tree; }
+    const ScriptBindings &GetScriptBindings() const { return *Bindings; }
     /// Name of the parameter document's root element.
     QString RootTag() const;
 
 private:
+    void AddParts(int form);
     void AddWidget(int element);
     void AddEnum(int element);
     void AddSheet(int element);
@@ -98,6 +106,8 @@ private:
 
     QHash<QString, int> EnumIndex;
     QHash<QString, int> WidgetIndex;
+    std::shared_ptr<const ScriptTree> Tree;
+    std::shared_ptr<const ScriptBindings> Bindings;
     ScriptUsage Usage;
 };
 

@@ -178,9 +178,10 @@ private:
     {
         for (const WidgetEntry &widget : Model.Widgets) {
             const bool hasScriptsLimits = widget.Info && widget.Has(ekLimits) && widget.States(KV218::prop::Value)
-                && (Model.ScriptMayCall(widget, "setMinimum") || Model.ScriptMayCall(widget, "setMaximum"));
+                && (Model.ScriptMayCallAtStart(widget, "setMinimum")
+                    || Model.ScriptMayCallAtStart(widget, "setMaximum"));
             const QObject *control = Engine->globalObject().property(widget.Name).toQObject();
-            if (!hasScriptsLimits || !control || Model.ScriptMayCall(widget, "setValue"))
+            if (!hasScriptsLimits || !control || Model.ScriptMayCallAtStart(widget, "setValue"))
                 continue;
             WidgetEntry live = widget;
             for (const QLatin1String name : {KV218::prop::Minimum, KV218::prop::Maximum}) {
@@ -189,6 +190,10 @@ private:
                     live.Properties.append({name, QString(), limit.toString(), widget.Element, -1, false});
             }
             const WidgetNumbers numbers(live);
+            if (numbers.LimitOf(KV218::prop::Minimum) && numbers.LimitOf(KV218::prop::Maximum)
+                && numbers.LimitOf(KV218::prop::Minimum).Value > numbers.LimitOf(KV218::prop::Maximum).Value)
+                Sink.Add(Code::LimitReversed, PlaceOfSetter(widget.Name),
+                    QStringLiteral("After the script the minimum of \"%1\" is above its maximum").arg(widget.Name));
             const Number value = numbers.NumberOf(KV218::prop::Value);
             const QString fault = BeyondLimits(value.Value, numbers.LimitOf(KV218::prop::Minimum),
                 numbers.LimitOf(KV218::prop::Maximum), numbers.Scale());
@@ -196,6 +201,15 @@ private:
                 Sink.Add(Code::LimitOutside, PlaceOfValue(Model, *value.Property),
                     value.Text + fault + QStringLiteral(" that the script has set"));
         }
+    }
+
+    /// Where a script sets the last limit of a control.
+    int PlaceOfSetter(const QString &name) const
+    {
+        const QString &code = Script.Code();
+        const int index = qMax(code.lastIndexOf(name + QLatin1String(".setMaximum")),
+            code.lastIndexOf(name + QLatin1String(".setMinimum")));
+        return Script.PlaceOf(qMax(0, index));
     }
 
     void TellUnknown()

@@ -71,7 +71,8 @@ private:
 
     void CheckValue(const Number &value, const Number &minimum, const Number &maximum)
     {
-        if (!value || Form.ScriptMayCall(Widget, "setMinimum") || Form.ScriptMayCall(Widget, "setMaximum"))
+        if (!value || Form.ScriptMayCallAtStart(Widget, "setMinimum")
+            || Form.ScriptMayCallAtStart(Widget, "setMaximum"))
             return;
         const QString fault = BeyondLimits(value.Value, minimum, maximum, Numbers.Scale());
         if (!fault.isEmpty())

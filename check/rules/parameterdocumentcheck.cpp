@@ -1,6 +1,8 @@
 #include "parameterdocumentcheck.h"
 
+#include "elementnames.h"
 #include "formlimits.h"
+#include "inputmask.h"
 #include "latin1.h"
 #include "propertynames.h"
 #include "widgetnumbers.h"
@@ -112,6 +114,7 @@ private:
             Sink.Add(Code::DocumentRepeated, Doc.PlaceOf(element),
                 QStringLiteral("\"%1\" comes again, and replaces what \"%2\" was before")
                     .arg(Doc.At(element).Name, widget.Name));
+        CheckEnds(element, widget);
         if (widget.Has(ekItems)) {
             ReadItems(element, widget);
         } else if (widget.Has(ekWrites) && !widget.Has(ekAlwaysWrites)) {
@@ -124,6 +127,23 @@ private:
         }
     }
 
+    /// The two ends of a range against each other.
+    void CheckEnds(int element, const WidgetEntry &widget)
+    {
+        const QString start = widget.TextOf(prop::StartFrequencyParameterXmlTag);
+        const QString stop = widget.TextOf(prop::StopFrequencyParameterXmlTag);
+        if (start.isEmpty() || stop.isEmpty())
+            return;
+        QHash<QString, int> &ends = Ends[&widget];
+        ends.insert(Doc.At(element).Name, element);
+        if (!ends.contains(start) || !ends.contains(stop))
+            return;
+        const double from = Doc.At(ends.value(start)).Text.toDouble();
+        if (from >= Doc.At(ends.value(stop)).Text.toDouble())
+            TellText(
+                ends.value(start), QStringLiteral("The range \"%1\" does not begin below its end").arg(widget.Name));
+    }
+
     bool ScriptMayCount(const WidgetEntry &widget, const QString &count) const
     {
         const QString setter = QLatin1String("set") + count.at(0).toUpper() + count.mid(1);
@@ -133,11 +153,62 @@ private:
     void CheckText(int element, const WidgetEntry &widget)
     {
         const QString &text = Doc.At(element).Text;
-        if (Takes(widget, text))
+        CheckUnit(element, widget);
+        if (Takes(widget, text)) {
             CheckLimits(element, widget);
-        else
+            CheckPlaces(element, widget);
+            CheckLength(element, widget);
+        } else {
             Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element),
                 QStringLiteral("\"%1\" is nothing that \"%2\" can take").arg(text, widget.Name));
+        }
+    }
+
+    void TellText(int element, const QString &text) { Sink.Add(Code::DocumentValue, Doc.PlaceOfText(element), text); }
+
+    /// The unit is written beside a value, and not read.
+    void CheckUnit(int element, const WidgetEntry &widget)
+    {
+        const WidgetNumbers numbers(widget);
+        const Attribute *unit = Doc.FindAttribute(element, KV218::attribute::Unit);
+        const Number scale = numbers.NumberOf(prop::UnitScale);
+        const QString own = scale && numbers.Reads(prop::Suffix) ? QString() : widget.TextOf(prop::Unit);
+        if (unit && numbers.Reads(prop::Unit) && !own.isEmpty() && unit->Value != own)
+            Sink.Add(Code::DocumentValue, Doc.PlaceOf(*unit),
+                QStringLiteral("\"%1\" reads its value in %2, whatever unit stands here").arg(widget.Name, own));
+    }
+
+    void CheckPlaces(int element, const WidgetEntry &widget)
+    {
+        const WidgetNumbers numbers(widget);
+        const QString text = Doc.At(element).Text.trimmed();
+        const int point = text.indexOf(QLatin1Char('.'));
+        if (widget.Info->delegate->valueType != ValueType::Double || point < 0 || !numbers.Reads(prop::Decimals)
+            || Form.ScriptMayCall(widget, "setDecimals"))
+            return;
+        int places = text.size() - point - 1;
+        while (places > 0 && text.at(point + places) == QLatin1Char('0'))
+            --places;
+        const Number decimals = numbers.NumberOf(prop::Decimals);
+        if (places > decimals.Value && (decimals || !widget.States(prop::Decimals)))
+            TellText(element,
+                QStringLiteral("%1 has more places than the %2 that \"%3\" writes")
+                    .arg(text, QString::number(decimals.Value), widget.Name));
+    }
+
+    void CheckLength(int element, const WidgetEntry &widget)
+    {
+        const WidgetNumbers numbers(widget);
+        if (!numbers.Reads(prop::MaxLength))
+            return;
+        const QString &text = Doc.At(element).Text;
+        const Number most = numbers.NumberOf(prop::MaxLength);
+        const QString mask = widget.TextOf(prop::InputMask);
+        if (mask.isEmpty() && most && text.size() > most.Value && !Form.ScriptMayCall(widget, "setMaxLength"))
+            TellText(element,
+                QStringLiteral("\"%1\" has more than the %2 characters of \"%3\"").arg(text, most.Text, widget.Name));
+        else if (!FitsInputMask(text, mask) && !Form.ScriptMayCall(widget, "setInputMask"))
+            TellText(element, QStringLiteral("\"%1\" does not fit the mask \"%2\"").arg(text, mask));
     }
 
     void CheckLimits(int element, const WidgetEntry &widget)
@@ -159,8 +230,10 @@ private:
     void ReadItems(int element, const WidgetEntry &widget)
     {
         qint64 next = 0;
+        QSet<QString> seen;
         for (int item = Doc.At(element).FirstChild; item >= 0; item = Doc.At(item).NextSibling) {
             CheckText(item, widget);
+            CheckPlaceOfItem(item, widget, seen);
             if (const Attribute *index = Doc.FindAttribute(item, Index))
                 next = index->Value.toInt();
             CheckIndex(item, widget, prop::ItemCount, next);
@@ -171,6 +244,28 @@ private:
             CheckIndex(item, widget, prop::RowCount, Doc.AttributeOf(item, Row).toInt());
             CheckIndex(item, widget, prop::ColumnCount, Doc.AttributeOf(item, Column).toInt());
         }
+    }
+
+    /// Two items of one place, and places that are no numbers.
+    void CheckPlaceOfItem(int item, const WidgetEntry &widget, QSet<QString> &seen)
+    {
+        QString place;
+        for (const Attribute &attribute : Doc.At(item).Attributes) {
+            const bool isKey = attribute.Name == QLatin1String("key");
+            if (!isKey && attribute.Name != Index && attribute.Name != Row && attribute.Name != Column)
+                continue;
+            bool isNumber = isKey;
+            place += attribute.Name + QLatin1Char('=') + attribute.Value + QLatin1Char(' ');
+            if (!isKey)
+                attribute.Value.toInt(&isNumber);
+            if (!isNumber)
+                Sink.Add(Code::DocumentValue, Doc.PlaceOf(attribute),
+                    QStringLiteral("The %1 \"%2\" is no number, and counts as 0").arg(attribute.Name, attribute.Value));
+        }
+        if (!place.isEmpty() && seen.contains(place))
+            Sink.Add(Code::DocumentRepeated, Doc.PlaceOf(item),
+                QStringLiteral("Another item of \"%1\" stands at %2").arg(widget.Name, place.trimmed()));
+        seen.insert(place);
     }
 
     /// `count` is the property that says how many there are.
@@ -219,6 +314,7 @@ private:
     const FormModel &Form;
     FindingSink &Sink;
     QVector<Place> Places;
+    QHash<const WidgetEntry *, QHash<QString, int>> Ends; ///< Elements of ranges by their names.
 };
 
 } // namespace

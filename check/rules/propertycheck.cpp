@@ -1,7 +1,5 @@
 // Unknown classes and properties, and texts that do not convert to the type that reads them.
 
-#include "propertycheck.h"
-
 #include "elementnames.h"
 #include "formcheck.h"
 #include "propertynames.h"
@@ -55,12 +53,6 @@ bool IsNumber(ValueType type)
     return type == ValueType::Int || type == ValueType::Int64 || type == ValueType::UInt64 || type == ValueType::Double;
 }
 
-/// Whether the control shows another number than its node holds.
-bool IsScaled(const WidgetEntry &widget, const ClassInfo &info)
-{
-    return WidgetNumbers(widget, info).Scale() != 1;
-}
-
 /// What a property's text must become. Bounds and step are in display units, and of a scaled control whole numbers only
 /// in the node.
 ValueType TypeOf(const PropertyInfo &known, bool isScaled)
@@ -93,11 +85,7 @@ QString MeantBool(const QString &text)
 class PropertyCheck
 {
 public:
-    /// `before` is the form that `form` changes, if it does.
-    PropertyCheck(const FormModel &form, FindingSink &sink, const FormModel *before = nullptr)
-        : Form(form), Before(before), Sink(sink)
-    {
-    }
+    PropertyCheck(const FormModel &form, FindingSink &sink) : Form(form), Sink(sink) { }
 
     /// `known` is null for a property that is not read.
     void CheckValue(const PropertyEntry &property, const PropertyInfo *known, bool isScaled = false)
@@ -179,8 +167,10 @@ public:
         return Form.Doc.PlaceOfAttribute(property.Element, attribute::Name);
     }
 
-    void CheckWidget(const WidgetEntry &widget, const ClassInfo *info, bool isScaled)
+    void CheckWidget(const WidgetEntry &widget)
     {
+        const ClassInfo *info = widget.Info;
+        const bool isScaled = info && WidgetNumbers(widget).Scale() != 1;
         CheckDoubled(widget.Properties);
         for (const PropertyEntry &property : widget.Properties) {
             CheckUnnamed(property);
@@ -193,14 +183,9 @@ public:
         }
     }
 
-    bool ScriptSpeaksOf(const QString &name) const
-    {
-        return Form.ScriptSpeaksOf(name) || (Before && Before->ScriptSpeaksOf(name));
-    }
-
     void CheckUnknown(const PropertyEntry &property, const ClassInfo &info)
     {
-        if (property.Name.isEmpty() || (info.delegate->traits & ekFreeProperties) || ScriptSpeaksOf(property.Name))
+        if (property.Name.isEmpty() || (info.delegate->traits & ekFreeProperties) || Form.ScriptSpeaksOf(property.Name))
             return;
         Sink.AddMisspelt(Code::PropertyUnknown, PlaceOfName(property),
             QStringLiteral("\"%1\" reads no property \"%2\"").arg(QLatin1String(info.name), property.Name),
@@ -223,7 +208,7 @@ public:
             const bool isAttribute = property.Name.startsWith(prop::AttributePrefix);
             if (property.IsCustom)
                 CheckCustom(property, known, QStringLiteral("Sheet"));
-            else if (!known && !isAttribute && !property.Name.isEmpty() && !ScriptSpeaksOf(property.Name))
+            else if (!known && !isAttribute && !property.Name.isEmpty() && !Form.ScriptSpeaksOf(property.Name))
                 Sink.AddMisspelt(Code::PropertyUnknown, PlaceOfName(property),
                     QStringLiteral("A sheet reads no property \"%1\"").arg(property.Name), property.Name,
                     Registry::SheetPropertyNames());
@@ -247,7 +232,6 @@ public:
 
 private:
     const FormModel &Form;
-    const FormModel *Before;
     FindingSink &Sink;
 };
 
@@ -259,16 +243,8 @@ void CheckProperties(const FormModel &form, FindingSink &sink)
     check.CheckSheet();
     for (const WidgetEntry &widget : form.Widgets) {
         check.CheckClass(widget);
-        check.CheckWidget(widget, widget.Info, widget.Info && IsScaled(widget, *widget.Info));
+        check.CheckWidget(widget);
     }
-}
-
-void CheckChangedProperties(const WidgetEntry &widget, const FormModel &change, const WidgetEntry &changed,
-    const FormModel &form, FindingSink &sink)
-{
-    const ClassInfo *info = changed.Info;
-    const bool isScaled = info && (IsScaled(widget, *info) || IsScaled(changed, *info));
-    PropertyCheck(change, sink, &form).CheckWidget(widget, info, isScaled);
 }
 
 } // namespace Orbel

@@ -99,7 +99,11 @@ private:
         }
         const int function = Study.Bindings.FunctionOf(handler);
         const int parameters = function < 0 ? 0 : Tree.At(function).Parts.size() - 1;
-        if (parameters > method.Most() && Study.Needs(function, method.Most())
+        // A function that stands in the connection has no other callers.
+        const bool isOwn = Tree.Is(handler, Node::FunctionExpression) && Tree.At(function).Text.isEmpty();
+        const bool isRead = isOwn && parameters > method.Most()
+            && !Study.Bindings.At(Tree.Part(function, method.Most())).Reads.isEmpty();
+        if (parameters > method.Most() && (isRead || Study.Needs(function, method.Most()))
             && Study.Bindings.CallsOf(function).isEmpty())
             Study.Tell(Code::ScriptHandler, Tree.Part(function, method.Most()),
                 QStringLiteral("\"%1\" tells %2, and this parameter stays undefined")
@@ -200,8 +204,7 @@ private:
         const int handler = signal.isEmpty() ? -1 : Heard.value({widget, signal}, -1);
         if (handler >= 0 && Study.Bindings.CallsOf(handler).isEmpty() && !Study.Bindings.IsPassedOn(handler))
             Study.Tell(Code::ScriptSilent, setter,
-                QStringLiteral("\"%1\" raises no %2, and its handler does not run")
-                    .arg(Tree.At(setter).Text, signal));
+                QStringLiteral("\"%1\" raises no %2, and its handler does not run").arg(Tree.At(setter).Text, signal));
     }
 
     /// A handler that binds a control to the value that it has just got.

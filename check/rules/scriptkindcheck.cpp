@@ -303,8 +303,11 @@ private:
             return CheckSources(choice, other);
         if (Study.NumberOf(other, &number)) {
             const QString text = Tree.At(other).Text;
-            const bool isThere = std::any_of(rows->Values.cbegin(), rows->Values.cend(),
-                [number](const QString &value) { return value.toDouble() == number; });
+            const bool isThere
+                = std::any_of(rows->Values.cbegin(), rows->Values.cend(), [number](const QString &value) {
+                      bool isNumber = false;
+                      return value.toDouble(&isNumber) == number && isNumber;
+                  });
             if (isThere && !isStrict)
                 return false;
             Study.Tell(isThere ? Code::ScriptComparison : Code::ScriptChoice, other,
@@ -412,12 +415,32 @@ private:
             if (const EnumEntry *rows = Tree.Is(Left(node), Node::Member) ? Study.ChoicesOf(Left(node)) : nullptr)
                 TellChoice(*rows, Right(node));
         } else if (text == QLatin1String("+=")) {
+            const bool isOwnText = KindOf(Left(node)) == ScriptKind::NumberText
+                && (KindOf(Right(node)) == ScriptKind::Number || KindOf(Right(node)) == ScriptKind::NumberText);
+            if ((isOwnText && !IsNumberBy(Left(node)))
+                || (Tree.Is(Right(node), Node::Number) && StartsAsNumberText(Left(node)))) {
+                TellTextSum(Left(node));
+                return;
+            }
             const bool isText = KindOf(Right(node)) == ScriptKind::NumberText && !IsNumberBy(Right(node));
             if (isText && (KindOf(Left(node)) == ScriptKind::Number || KindOf(Left(node)) == ScriptKind::NumberText))
                 TellTextSum(Right(node));
             else if (isText && Tree.Is(Left(node), Node::Name) && StartsAsNumber(Study.Bindings.At(Left(node))))
                 TellTextSum(Right(node));
         }
+    }
+
+    /// A variable that begins as a quoted number, and is never set to anything else.
+    bool StartsAsNumberText(int name) const
+    {
+        if (!Tree.Is(name, Node::Name))
+            return false;
+        const QVector<int> &sets = Study.Bindings.At(name).Sets;
+        const int value = Tree.Is(sets.value(0, -1), Node::Declarator) ? Left(sets.constFirst()) : -1;
+        const bool isQuoted = Tree.Is(value, Node::Quoted) && !Tree.At(value).Text.isEmpty();
+        return isQuoted && IsNumberText(Tree.At(value).Text)
+            && std::all_of(
+                sets.cbegin() + 1, sets.cend(), [this](int set) { return Tree.Is(set, Node::Assign, "+="); });
     }
 
     bool StartsAsNumber(const ScriptVariable &variable) const
@@ -489,7 +512,7 @@ private:
             && Tree.Is(Right(node), Node::Number) && KindOf(front) == ScriptKind::Text
             && (KindOf(Right(front)) == ScriptKind::Any || KindOf(Right(front)) == ScriptKind::Number
                 || KindOf(Right(front)) == ScriptKind::NumberText)
-            && !Tree.Is(Right(front), Node::Number);
+            && !Tree.Is(Right(front), Node::Number) && !Tree.At(Right(front)).IsInBrackets;
         if (isChain)
             Study.Tell(Code::ScriptSum, node,
                 QStringLiteral("The number is put behind the text; put brackets around the sum"));

@@ -237,6 +237,13 @@ private:
     {
         if (Study.NumberOf(index, greatest))
             return true;
+        const bool isSum = Tree.Is(index, Node::Binary, "+") || Tree.Is(index, Node::Binary, "-");
+        double shift = 0;
+        if (isSum && Study.NumberOf(Tree.Part(index, 1), &shift)
+            && GreatestOf(Tree.Part(index, 0), endOf, count, greatest)) {
+            *greatest += Tree.At(index).Text == QLatin1String("+") ? shift : -shift;
+            return true;
+        }
         if (!Tree.Is(index, Node::Name))
             return false;
         for (int i = 0; i < Ranges.size(); ++i) {
@@ -265,7 +272,16 @@ private:
             Calls.append(call);
     }
 
-    void CheckItem(int item) { Calls.append(item); }
+    void CheckItem(int item)
+    {
+        const int value = Tree.Part(item, 0);
+        const WidgetEntry *widget = Tree.Is(value, Node::Member) ? Study.WidgetOf(Tree.Part(value, 0)) : nullptr;
+        if (widget && widget->Has(ekItems) && Registry::FindProperty(*widget->Info, Tree.At(value).Text))
+            Study.Tell(Code::ScriptIndex, value,
+                QStringLiteral("\"%1\" is no list; %2.itemValue() gives an item")
+                    .arg(Study.CodeOf(value), widget->Name));
+        Calls.append(item);
+    }
 
 public:
     void CheckCollected()

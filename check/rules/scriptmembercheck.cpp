@@ -1,5 +1,6 @@
 // How a script uses properties and functions of controls, and its own functions.
 
+#include "editdistance.h"
 #include "propertynames.h"
 #include "scriptbuiltins.h"
 #include "scriptstudy.h"
@@ -39,6 +40,12 @@ public:
         for (int i = 0; i < Tree.All().size(); ++i) {
             if (Tree.Is(i, Node::Assign) && Tree.Is(Tree.Part(i, 0), Node::Member))
                 CheckAssignment(i);
+            else if (Tree.Is(i, Node::Assign) && Tree.Is(Tree.Part(i, 0), Node::Item))
+                CheckItemSet(Tree.Part(i, 0));
+            else if (Tree.Is(i, Node::Item))
+                CheckEnumItem(i);
+            else if (Tree.Is(i, Node::Member))
+                CheckBuiltin(i);
             else if (Tree.Is(i, Node::Statement))
                 CheckUncalled(Tree.Part(i, 0));
             else if (Tree.Is(i, Node::Call))
@@ -66,9 +73,69 @@ private:
         } else if (widget && !widget->Has(ekFreeProperties)) {
             if (const PropertyInfo *known = Registry::FindProperty(*widget->Info, name))
                 CheckProperty(node, *widget, *known);
+            else if (!Study.PropertyOf(target) && Tree.IsFunction(Tree.Part(node, 1)) && !Mentioned.contains(name))
+                Study.Tell(Code::ScriptSignal, target,
+                    QStringLiteral("\"%1\" has no \"%2\", and nobody calls this function").arg(owner, name));
             else if (!Study.PropertyOf(target))
                 CheckUnknown(target, *widget);
         }
+    }
+
+    /// Lists and maps of a form are no arrays and objects of the script.
+    void CheckItemSet(int item)
+    {
+        const WidgetEntry *widget = Study.WidgetOf(Tree.Part(item, 0));
+        if (widget && widget->Has(ekItems))
+            Study.Tell(Code::ScriptProperty, item,
+                QStringLiteral("\"%1\" takes its items by functions, and keeps nothing that is set in brackets")
+                    .arg(widget->Name));
+    }
+
+    void CheckEnumItem(int item)
+    {
+        const EnumEntry *rows = Study.EnumOf(Tree.Part(item, 0));
+        const int key = Tree.Part(item, 1);
+        const QString name = rows && Tree.Is(key, Node::Quoted) ? Study.ConstantOf(key) : QString();
+        QStringList names;
+        for (const EnumRow &row : rows ? rows->Rows : QVector<EnumRow>())
+            names.append(row.Identifier);
+        if (!name.isNull() && !names.contains(name) && !IsAssigned(item))
+            Study.Sink.AddMisspelt(Code::ScriptChoice, Study.PlaceOf(key) + 1,
+                QStringLiteral("\"%1\" has no \"%2\"").arg(rows->Name, name), name, names);
+    }
+
+    /// Misspelt members of texts and arrays, where the script makes no such name itself.
+    void CheckBuiltin(int member)
+    {
+        const int object = Tree.Part(member, 0);
+        const QString &name = Tree.At(member).Text;
+        static const QStringList known{QStringLiteral("length"), QStringLiteral("indexOf"), QStringLiteral("charAt"),
+            QStringLiteral("substring"), QStringLiteral("substr"), QStringLiteral("replace"), QStringLiteral("split"),
+            QStringLiteral("toFixed"), QStringLiteral("toString"), QStringLiteral("toUpperCase"),
+            QStringLiteral("toLowerCase"), QStringLiteral("concat"), QStringLiteral("forEach"),
+            QStringLiteral("filter"), QStringLiteral("slice"), QStringLiteral("splice"), QStringLiteral("reverse")};
+        if (name.size() < 4 || known.contains(name) || Study.ClassOf(object) || Study.EnumOf(object)
+            || Study.IsGuarded(member) || IsAssigned(member) || IsMade(name))
+            return;
+        const QString meant = NearestName(name, known);
+        const bool isKnown = Tree.Is(object, Node::Name) && !Study.Bindings.At(object).IsMade;
+        if (!meant.isEmpty() && EditDistance(name.toLower(), meant.toLower()) <= 1 && !isKnown)
+            Study.Sink.AddMisspelt(Code::ScriptMember, Study.PlaceOf(member),
+                QStringLiteral("Neither texts nor arrays have \"%1\"").arg(name), name, known);
+    }
+
+    /// Whether the script sets a member of the name, or writes it as a key or a text.
+    bool IsMade(const QString &name)
+    {
+        if (MadeNames.isEmpty()) {
+            MadeNames.insert(QString());
+            for (int i = 0; i < Tree.All().size(); ++i) {
+                const bool isSet = Tree.Is(i, Node::Member) && IsAssigned(i);
+                if (isSet || Tree.Is(i, Node::Pair) || Tree.Is(i, Node::Quoted))
+                    MadeNames.insert(Tree.At(i).Text);
+            }
+        }
+        return MadeNames.contains(name);
     }
 
     /// `gain.value = 5` as `gain.NAME(5)`.
@@ -146,7 +213,7 @@ private:
         const int function = Tree.Part(call, 0);
         const int count = Tree.At(call).Parts.size() - 1;
         const bool isBuiltin = Study.Bindings.IsForeign(function) && ScriptBuiltins().contains(Tree.At(function).Text)
-            && Tree.At(function).Text != QLatin1String("print");
+            && Tree.At(function).Text != QLatin1String("print") && Tree.At(function).Text != QLatin1String("String");
         const bool isMath = Tree.Is(function, Node::Member) && Tree.Is(Tree.Part(function, 0), Node::Name, "Math");
         for (int i = 1; (isBuiltin || isMath) && i <= count; ++i) {
             if (Study.WidgetOf(Tree.Part(call, i)))
@@ -161,11 +228,30 @@ private:
                 && Tree.At(function).Text == QLatin1String("setItemValue"))
                 Study.Tell(Code::TableUnshown, function,
                     QStringLiteral("\"%1\" keeps and writes this, and does not show it").arg(widget->Name));
+            CheckNames(call, function);
             for (int i = 0; i < count; ++i)
                 CheckArgument(Tree.Part(call, i + 1), method->TypeOf(i, count), Tree.At(function).Text);
         } else if (IsProperty(function) && !Study.IsGuarded(function)) {
             CheckCalledProperty(call, function);
         }
+    }
+
+    /// Texts that name an enumeration or a unit.
+    void CheckNames(int call, int function)
+    {
+        const int argument = Tree.Part(call, 1);
+        const QString text = Tree.Is(argument, Node::Quoted) ? Study.ConstantOf(argument) : QString();
+        const WidgetEntry *widget = Study.WidgetOf(Tree.Part(function, 0));
+        if (text.isNull() || !widget)
+            return;
+        if (Tree.At(function).Text == QLatin1String("setEnumName") && !Study.Form.FindEnum(text))
+            Study.Sink.AddMisspelt(Code::EnumUnknown, Study.PlaceOf(argument) + 1,
+                QStringLiteral("There is no enumeration \"%1\"").arg(text), text, Study.Form.EnumNames());
+        const PropertyInfo *scale = Registry::FindProperty(*widget->Info, prop::UnitScale);
+        if (Tree.At(function).Text == QLatin1String("setUnitScale") && scale && scale->use == PropertyUse::Read
+            && !IsNumber(text))
+            Study.Tell(Code::ScriptArgument, argument,
+                QStringLiteral("The unit is stated as its Hz, as in setUnitScale(1000); a text always gives Hz"));
     }
 
     bool IsProperty(int member) const
@@ -245,7 +331,7 @@ private:
                     : Mend{Study.PlaceOf(value), name, name + QLatin1Char('.') + property});
             return;
         }
-        const QString text = Tree.Is(value, Node::Quoted) ? Study.ConstantOf(value) : QString();
+        const QString text = value < 0 ? QString() : Study.ConstantOf(value);
         double number = 0;
         if (type == ValueType::Text)
             return;
@@ -253,7 +339,9 @@ private:
             if (SeemsFalse(text) && (countsAny || (text != QLatin1String("false") && text != QLatin1String("0"))))
                 Study.Tell(Code::ScriptArgument, value,
                     QStringLiteral("The text \"%1\" counts as true for \"%2\"").arg(text, wants),
-                    {Study.PlaceOf(value), Study.CodeOf(value), QStringLiteral("false")});
+                    Tree.Is(value, Node::Quoted)
+                        ? Mend{Study.PlaceOf(value), Study.CodeOf(value), QStringLiteral("false")}
+                        : Mend());
         } else if (!text.isNull() && !IsNumber(text)) {
             Study.Tell(Code::ScriptArgument, value,
                 QStringLiteral("\"%1\" wants a number, and \"%2\" is none").arg(wants, text));
@@ -272,6 +360,7 @@ private:
 
     const ScriptStudy &Study;
     const ScriptTree &Tree;
+    QSet<QString> MadeNames; ///< With an empty one as soon as they are known.
     QSet<QString> Mentioned; ///< Names behind a dot that are read, and texts.
 };
 

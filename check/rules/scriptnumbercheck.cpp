@@ -1,5 +1,6 @@
 // Numbers and texts that a script gives to controls, against what these take.
 
+#include "inputmask.h"
 #include "propertynames.h"
 #include "scriptstudy.h"
 #include "widgetnumbers.h"
@@ -28,6 +29,8 @@ public:
             const int function = Tree.Is(i, Node::Call) ? Tree.Part(i, 0) : -1;
             const WidgetEntry *widget
                 = Tree.Is(function, Node::Member) ? Study.WidgetOf(Tree.Part(function, 0)) : nullptr;
+            if (widget && Tree.At(function).Text == QLatin1String("setText"))
+                CheckText(Tree.Part(i, 1), *widget);
             if (widget && widget->Has(ekLimits))
                 CheckCall(i, *widget, Tree.At(function).Text);
         }
@@ -40,21 +43,37 @@ private:
             && !Study.MaySet(widget, prop::DisplayScalingFactor) && !Study.MaySet(widget, prop::UnitScale);
     }
 
+    void CheckText(int argument, const WidgetEntry &widget)
+    {
+        const WidgetNumbers numbers(widget);
+        const QString text = argument < 0 ? QString() : Study.ConstantOf(argument);
+        const Number most = numbers.NumberOf(prop::MaxLength);
+        const QString mask = widget.TextOf(prop::InputMask);
+        if (text.isNull() || !numbers.Reads(prop::MaxLength) || Study.MaySet(widget, prop::MaxLength)
+            || Study.MaySet(widget, prop::InputMask))
+            return;
+        if ((mask.isEmpty() && most && text.size() > most.Value) || !FitsInputMask(text, mask))
+            Study.Tell(Code::TextBeyond, argument,
+                QStringLiteral("\"%1\" is not a text that \"%2\" takes whole").arg(text, widget.Name));
+    }
+
     /// A value against a number that it never comes to. 0, 1 and -1 often stand for a value or none.
     void CheckCompared(int node)
     {
         static const QSet<QString> operations{QStringLiteral("=="), QStringLiteral("!="), QStringLiteral("==="),
-            QStringLiteral("!=="), QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("<="), QStringLiteral(">=")};
+            QStringLiteral("!=="), QStringLiteral("<"), QStringLiteral(">"), QStringLiteral("<="),
+            QStringLiteral(">=")};
         double number = 0;
         const int value = Tree.Part(node, 0);
-        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number) || std::abs(number) <= 1)
+        if (!operations.contains(Tree.At(node).Text) || !Study.NumberOf(Tree.Part(node, 1), &number)
+            || std::abs(number) <= 1)
             return;
         const WidgetEntry *widget = Study.ValueOf(value);
         if (!widget || !widget->Has(ekLimits) || !AreFixed(*widget))
             return;
         const WidgetNumbers numbers(*widget);
-        const QString fault = BeyondLimits(
-            number, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
+        const QString fault
+            = BeyondLimits(number, numbers.LimitOf(prop::Minimum), numbers.LimitOf(prop::Maximum), numbers.Scale());
         if (!fault.isEmpty())
             Study.Tell(Code::ScriptComparison, node,
                 Study.CodeOf(Tree.Part(node, 1)) + fault

@@ -33,6 +33,10 @@ public:
             case Node::For:
                 CheckTest(Tree.Part(i, 1), false);
                 break;
+            case Node::Prefix:
+                if (Tree.At(i).Text == QLatin1String("!"))
+                    CheckNegated(i);
+                break;
             case Node::Conditional:
                 CheckFunctionTest(Tree.Part(i, 0));
                 break;
@@ -60,6 +64,7 @@ public:
             case Node::Program:
                 CheckUnreachable(i);
                 CheckMargins(i);
+                CheckOverwritten(i);
                 break;
             default:
                 break;
@@ -99,7 +104,7 @@ private:
     {
         CheckTest(Tree.Part(node, 0), true);
         const int then = Tree.Part(node, 1);
-        if (Tree.Is(then, Node::Empty) && Study.CodeOf(then) == QLatin1String(";"))
+        if (Tree.Is(then, Node::Empty) && Tree.At(node).Parts.size() == 2 && Study.CodeOf(then) == QLatin1String(";"))
             Study.Tell(Code::ScriptCondition, then,
                 QStringLiteral("The if ends at this semicolon, and what follows is done in every case"));
         CheckRepeated(node);
@@ -175,6 +180,21 @@ private:
         return true;
     }
 
+    /// `!f` where f is a function, but not as the test of a condition.
+    void CheckNegated(int node)
+    {
+        const int outer = Tree.At(node).Parent;
+        const bool isTest = Tree.Is(outer, Node::If) || Tree.Is(outer, Node::While) || Tree.Is(outer, Node::For)
+            || Tree.Is(outer, Node::Conditional) || Tree.Is(outer, Node::Binary);
+        const int operand = Tree.Part(node, 0);
+        const bool isFunction = (Tree.Is(operand, Node::Name) && Study.Bindings.FunctionOf(operand) >= 0)
+            || (Study.MethodOf(operand) && !Study.PropertyOf(operand));
+        if (!isTest && isFunction)
+            Study.Tell(Code::ScriptCondition, operand,
+                QStringLiteral("\"%1\" is a function, which is always true until it is called")
+                    .arg(Study.CodeOf(operand)));
+    }
+
     bool IsCalledIn(int node, const QString &code) const
     {
         return Study.Contains(
@@ -237,6 +257,9 @@ private:
         for (int i = 1; i < Tree.At(node).Parts.size(); ++i) {
             const int row = Tree.Part(node, i);
             const int value = Tree.Is(row, Node::Case) ? Tree.Part(row, 0) : -1;
+            if (Tree.Is(value, Node::Binary, "||") || Tree.Is(value, Node::Binary, ","))
+                Study.Tell(Code::ScriptCondition, value,
+                    QStringLiteral("A case is one value; write a case of its own for each"));
             const QString constant = value < 0 ? QString() : Study.ConstantOf(value);
             const QString code = value < 0 ? QString() : constant.isNull() ? Study.CodeOf(value) : constant;
             if (value >= 0 && seen.contains(code))
@@ -272,6 +295,27 @@ private:
         return isSetter ? Study.CodeOf(function) : QString();
     }
 
+    bool SetsConstant(int statement) const
+    {
+        const int expression = Tree.Part(statement, 0);
+        const int value = Tree.Part(expression, 1);
+        double number = 0;
+        return Study.NumberOf(value, &number) || !Study.ConstantOf(qMax(0, value)).isNull();
+    }
+
+    /// Two constants for one thing, one right behind the other.
+    void CheckOverwritten(int block)
+    {
+        const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const QString target = TargetOf(parts.at(i));
+            if (!target.isEmpty() && target == TargetOf(parts.at(i + 1)) && SetsConstant(parts.at(i))
+                && SetsConstant(parts.at(i + 1)))
+                Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                    QStringLiteral("The statement before gives \"%1\" another value, for nothing").arg(target));
+        }
+    }
+
     void CheckKeys(int object)
     {
         QSet<QString> keys;
@@ -303,8 +347,8 @@ private:
     {
         const int call = Tree.At(assignment).Parent;
         const int value = Tree.Part(assignment, 1);
-        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word)
-            || !Study.ConstantOf(value).isNull();
+        const bool isConstant
+            = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word) || !Study.ConstantOf(value).isNull();
         if (Tree.Is(call, Node::Call) && Tree.Part(call, 0) != assignment && isConstant
             && !Tree.At(assignment).IsInBrackets && Tree.At(assignment).Text == QLatin1String("="))
             Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),
@@ -322,8 +366,8 @@ private:
         bool isLooped = false;
         for (int i = assignment; i != variable.Function && i >= 0; i = Tree.At(i).Parent)
             isLooped = isLooped || Tree.IsLoop(i) || (Tree.IsFunction(i) && i != variable.Function);
-        const bool isRead = std::any_of(
-            variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
+        const bool isRead
+            = std::any_of(variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
         if (!isRead && !isLooped
             && !Study.Contains(variable.Function, [&](int i) { return Tree.Is(i, Node::Name, "arguments"); }))
             Study.Tell(Code::ScriptIdle, assignment,

@@ -52,7 +52,8 @@ QString SetterOf(const QString &property)
 }
 
 ScriptStudy::ScriptStudy(const FormModel &form, FindingSink &sink)
-    : Form(form), Sink(sink), Script(form.Doc, form.Script), Tree(Script.Code()), Bindings(Tree)
+    : Form(form), Sink(sink), Script(form.Doc, form.Script), Tree(form.GetScriptTree()),
+      Bindings(form.GetScriptBindings())
 {
     FindConnections();
     FindAssignments();
@@ -370,6 +371,8 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
     if (MethodOf(node) && !PropertyOf(node))
         return ScriptKind::Function;
     const WidgetEntry *widget = WidgetOf(object);
+    if (!widget && IsAny(here.Text, {"toString", "toFixed", "toUpperCase", "toLowerCase", "indexOf", "charAt"}))
+        return ScriptKind::Function;
     if (!widget)
         return here.Text == QLatin1String("length") ? ScriptKind::Number : ScriptKind::Any;
     const PropertyInfo *known = Registry::FindProperty(*widget->Info, here.Text);
@@ -390,7 +393,9 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
     case ValueType::Int64:
     case ValueType::UInt64:
     case ValueType::Double:
-        return MaySet(*widget, known->name) || stated->IsBool() ? ScriptKind::Any : ScriptKind::NumberText;
+        return (MaySet(*widget, known->name) && !IsReadFirst(node, *widget, known->name)) || stated->IsBool()
+            ? ScriptKind::Any
+            : ScriptKind::NumberText;
     default:
         return ScriptKind::Any;
     }
@@ -487,13 +492,37 @@ void ScriptStudy::FindAssignments()
 {
     for (int i = 0; i < Tree.All().size(); ++i) {
         const int target = Tree.Part(i, 0);
+        const bool isCall = Tree.Is(i, Node::Call) && Tree.Is(target, Node::Member)
+            && Tree.At(target).Text.startsWith(QLatin1String("set"));
+        if (const WidgetEntry *widget = isCall ? WidgetOf(Tree.Part(target, 0)) : nullptr) {
+            const QString name = Tree.At(target).Text.mid(3);
+            SetsOf[widget->Name + QLatin1Char('.') + name.left(1).toLower() + name.mid(1)].append(i);
+        }
         const bool isSet = Tree.Is(i, Node::Assign) || Tree.Is(i, Node::Postfix) || Tree.Is(i, Node::Prefix, "++")
             || Tree.Is(i, Node::Prefix, "--");
         if (!isSet || !Tree.Is(target, Node::Member))
             continue;
         const WidgetEntry *widget = WidgetOf(Tree.Part(target, 0));
+        SetsOf[(widget ? widget->Name : QString()) + QLatin1Char('.') + Tree.At(target).Text].append(i);
         Assigned.insert((widget ? widget->Name : QString()) + QLatin1Char('.') + Tree.At(target).Text);
     }
+}
+
+/// Whether a property is read before the script can have set it: all that sets it comes later, or around the reading.
+bool ScriptStudy::IsReadFirst(int node, const WidgetEntry &widget, const QString &property) const
+{
+    const QVector<int> sets = SetsOf.value(widget.Name + QLatin1Char('.') + property);
+    const ScriptVariable &name = Bindings.At(Tree.FirstInside(node));
+    constexpr int most = 100;
+    if (sets.isEmpty() || sets.size() > most || name.Reads.size() > most
+        || Assigned.contains(QLatin1Char('.') + property))
+        return false;
+    const bool isPlain = std::all_of(name.Reads.cbegin(), name.Reads.cend(),
+        [this](int read) { return Tree.Is(Tree.At(read).Parent, Node::Member); });
+    const bool isAtRoot = Tree.At(node).Function == Tree.Root();
+    return isPlain && std::all_of(sets.cbegin(), sets.cend(), [&](int set) {
+        return Tree.IsInside(node, set) || (isAtRoot && set > node && Tree.At(set).Function == Tree.Root());
+    });
 }
 
 bool ScriptStudy::MaySet(const WidgetEntry &widget, QLatin1String property) const

@@ -41,8 +41,8 @@ public:
     const FormModel &Form;
     FindingSink &Sink;
     const ScriptSourceMap Script;
-    const ScriptTree Tree;
-    const ScriptBindings Bindings;
+    const ScriptTree &Tree;
+    const ScriptBindings &Bindings;
 
     /// The widget that an expression means; null for none of a known class.
     const WidgetEntry *WidgetOf(int node) const;
@@ -102,6 +102,7 @@ private:
     ScriptKind KindOfName(int node) const;
     ScriptKind KindOfMember(int node) const;
     bool RunsBeforeAll(int function) const;
+    bool IsReadFirst(int node, const WidgetEntry &widget, const QString &property) const;
     ScriptKind KindOfCall(int node) const;
     ScriptKind KindOfBinary(int node) const;
     ScriptKind KindOfVariable(const ScriptVariable &variable) const;
@@ -120,6 +121,7 @@ private:
     QVector<ScriptKind> Kinds;
     QVector<ScriptConnection> All;
     QHash<int, QVector<ScriptConnection>> ByFunction;
+    QHash<QString, QVector<int>> SetsOf; ///< What sets each "control.property".
     QSet<QString> Assigned; ///< "control.property", of what is no control ".property".
     QSet<QString> Tested; ///< Code of what is tested, and in front of it ' where it is its name alone.
 };

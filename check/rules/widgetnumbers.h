@@ -18,9 +18,7 @@ class WidgetNumbers
 {
 public:
     /// Of a widget of a known class.
-    explicit WidgetNumbers(const WidgetEntry &widget) : WidgetNumbers(widget, *widget.Info) { }
-    /// Of a widget that belongs to a change, where the class is the form's matter.
-    WidgetNumbers(const WidgetEntry &widget, const ClassInfo &info) : Widget(widget), Info(info) { }
+    explicit WidgetNumbers(const WidgetEntry &widget) : Widget(widget), Info(*widget.Info) { }
 
     /// Whether the library reads the property from this class.
     bool Reads(QLatin1String name) const;

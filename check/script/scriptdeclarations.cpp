@@ -115,8 +115,13 @@ void ScriptDeclarations::FindGuards()
         else if (IsName(i) && IsMark(i + 1, '.') && IsName(i + 2)) {
             const bool isJoined
                 = (IsMark(i + 3, '&') && IsMark(i + 4, '&')) || (IsMark(i + 3, '|') && IsMark(i + 4, '|'));
+            const bool isDenied
+                = IsMark(i - 1, '!') && IsMark(i - 2, '(') && (IsWord(i - 3, "if") || IsWord(i - 3, "while"));
             const bool isCondition = IsMark(i - 1, '(') && IsWord(i - 2, "if") && IsMark(i + 3, ')');
-            if (isJoined || isCondition || IsMark(i + 3, '?') || IsMark(i - 1, '!') || IsWord(i - 1, "typeof"))
+            const int compared = i + 3 + (IsMark(i + 4, '=') ? 2 : 0) + (IsMark(i + 5, '=') ? 1 : 0);
+            const bool isCompared = (IsMark(i + 3, '=') || IsMark(i + 3, '!'))
+                && (IsWord(compared, "undefined") || IsWord(compared, "null"));
+            if (isCompared || isJoined || isCondition || IsMark(i + 3, '?') || isDenied || IsWord(i - 1, "typeof"))
                 Guarded.insert(Tokens.at(i + 2).Text);
         }
     }

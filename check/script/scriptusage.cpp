@@ -18,8 +18,10 @@ bool IsDot(const QVector<ScriptToken> &tokens, int at)
 
 } // namespace
 
-ScriptUsage::ScriptUsage(const QString &code)
+ScriptUsage::ScriptUsage(const QString &code, const ScriptTree &tree, const ScriptBindings &bindings)
+    : IsOpaque(!tree.IsWhole())
 {
+    FindStart(tree, bindings);
     const QVector<ScriptToken> tokens = ScanScript(code);
     for (int i = 0; i < tokens.size(); ++i) {
         const ScriptToken &token = tokens.at(i);
@@ -42,8 +44,29 @@ bool ScriptUsage::MayCall(const QString &owner, const QString &member) const
     return Pairs.contains(owner + QLatin1Char('.') + member) || (PassedOn.contains(owner) && Members.contains(member));
 }
 
+bool ScriptUsage::MayCallAtStart(const QString &owner, const QString &member) const
+{
+    if (IsOpaque)
+        return MayCall(owner, member);
+    return StartPairs.contains(owner + QLatin1Char('.') + member)
+        || (PassedOn.contains(owner) && StartMembers.contains(member));
+}
+
+void ScriptUsage::FindStart(const ScriptTree &tree, const ScriptBindings &bindings)
+{
+    for (int i = 0; i < tree.All().size(); ++i) {
+        const bool isMember = tree.Is(i, ScriptNode::Member);
+        if ((!isMember && !tree.Is(i, ScriptNode::Quoted)) || !bindings.RunsAtStart(tree.At(i).Function))
+            continue;
+        StartMembers.insert(tree.At(i).Text);
+        if (isMember && tree.Is(tree.Part(i, 0), ScriptNode::Name))
+            StartPairs.insert(tree.At(tree.Part(i, 0)).Text + QLatin1Char('.') + tree.At(i).Text);
+    }
+}
+
 void ScriptUsage::AddWords(const QString &code)
 {
+    IsOpaque = true;
     static const QRegularExpression word(QStringLiteral("[\\w$]+"), QRegularExpression::UseUnicodePropertiesOption);
     auto match = word.globalMatch(code);
     while (match.hasNext()) {

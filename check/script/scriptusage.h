@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QSet>
-#include <QString>
+#include "scriptbindings.h"
 
 namespace Orbel
 {
@@ -11,19 +10,25 @@ class ScriptUsage
 {
 public:
     ScriptUsage() = default;
-    explicit ScriptUsage(const QString &code);
+    ScriptUsage(const QString &code, const ScriptTree &tree, const ScriptBindings &bindings);
 
     /// Whether a property or function of the name is used, behind a dot or by its name in a text.
     bool SpeaksOf(const QString &member) const { return Members.contains(member); }
     /// Whether `member` may be called on the global `owner`, by this name or another one.
     bool MayCall(const QString &owner, const QString &member) const;
+    /// The same while the script itself runs, and not only in a handler.
+    bool MayCallAtStart(const QString &owner, const QString &member) const;
 
 private:
     void AddWords(const QString &code);
+    void FindStart(const ScriptTree &tree, const ScriptBindings &bindings);
 
     QSet<QString> Members;
     QSet<QString> PassedOn; ///< Globals that stand alone, so that they may be known by other names.
     QSet<QString> Pairs; ///< "owner.member"
+    QSet<QString> StartMembers;
+    QSet<QString> StartPairs;
+    bool IsOpaque = false; ///< What runs when cannot be told.
 };
 
 } // namespace Orbel

@@ -3,7 +3,6 @@ spacings.spacingValueChanged.connect(function (row, kilohertz) {
 });
 spacings.setAllSpacingValues(12.5); // at the start, without signals
 print(spacings.spacingValue(2)); // -> 12.5
-print(spacings.spacingValue(3)); // -> 0
 spacings.spacingChanged.connect(function (row) {
     if (row == 0)
         spacings.setSpacingValue(2, 50); // the last row follows the first one

@@ -4,7 +4,6 @@ doubleSpinBoxList.valueChanged.connect(function (index, number) {
     print(doubleSpinBoxList.isEnabled(1));
 });
 print(doubleSpinBoxList.itemValue(1)); // -> 0.5
-print(doubleSpinBoxList.itemValue(2)); // -> 0
 
 // The operator enters 2.5 into doubleSpinBoxList[0]. -> 0: 2.5
 //   -> false

@@ -1,14 +1,10 @@
-// The lock button shows once FrequencyLock is used, and waits for the script's answer.
-frequencyEdit.si_lockButtonToggled.connect(function (wanted) {
-    frequencyEdit.FrequencyLock = wanted;
-});
 frequencyEdit.valueChanged.connect(function (hertz) {
     print(hertz / 1000000 + " MHz");
 });
 print(typeof frequencyEdit.value); // -> string
 print(Number(frequencyEdit.value) + 25000); // -> 145525000
 frequencyEdit.setMinimum(144000000);
-frequencyEdit.setValue(9000); // below the minimum: the minimum counts
+frequencyEdit.setValue(9000); // below the minimum, which counts
 print(frequencyEdit.value); // -> 144000000
 
 // The host sets frequencyEdit to 145600000.5. -> 145.6 MHz

@@ -3,7 +3,5 @@ spinBoxList.valueChanged.connect(function (index, number) {
 });
 spinBoxList.setItemValue(2, 7); // as the operator does // -> 2: 7
 print(spinBoxList.itemValue(2) + spinBoxList.itemValue(0)); // -> 8
-spinBoxList.setItemValue(2, 99); // beyond the bound // -> 2: 9
-spinBoxList.setItemValue(3, 1); // beyond the items: nothing
 
 // The operator enters 5 into spinBoxList[1]. -> 1: 5

@@ -75,8 +75,14 @@ private:
         const QString className = widget ? widget->Class : QString();
         const int index = Form.ScriptIndexOf(Place);
         if (index >= 0) {
-            if (const ScriptMember *member = FindMember(className, WordAt(index)))
-                return TextOf(*member);
+            const QString name = WordAt(index);
+            QStringList texts;
+            for (const ScriptMember &member : MembersOfClass(className)) {
+                if (member.Name == name)
+                    texts.append(TextOf(member));
+            }
+            if (!texts.isEmpty())
+                return texts.join(QLatin1String("\n\n"));
         }
         const PropertyInfo *property = !widget ? Registry::FindSheetProperty(symbol.Name)
             : widget->Info                     ? Registry::FindProperty(*widget->Info, symbol.Name)

@@ -67,12 +67,16 @@ bool NumberOfValue(const ValueBase &node, const QVariant &value, double *number,
 QString BeyondLimits(const ValueBase &node, double number)
 {
     const auto *limits = dynamic_cast<const IValueNumeric *>(&node);
-    if (limits && number > limits->GetMax())
-        return QStringLiteral("%1 is above %2, the highest value")
-            .arg(Orbel::NumberToText(number), Orbel::NumberToText(limits->GetMax()));
-    if (limits && number < limits->GetMin())
-        return QStringLiteral("%1 is below %2, the lowest value")
-            .arg(Orbel::NumberToText(number), Orbel::NumberToText(limits->GetMin()));
+    return limits ? BeyondLimits(limits->GetMin(), limits->GetMax(), number) : QString();
+}
+
+QString BeyondLimits(double lowest, double highest, double number)
+{
+    using Orbel::NumberToText;
+    if (number > highest)
+        return QStringLiteral("%1 is above %2, the highest value").arg(NumberToText(number), NumberToText(highest));
+    if (number < lowest)
+        return QStringLiteral("%1 is below %2, the lowest value").arg(NumberToText(number), NumberToText(lowest));
     return QString();
 }
 

@@ -20,6 +20,7 @@ bool NumberOfValue(const ValueBase &node, const QVariant &value, double *number,
 
 /// "5000 is above 3000, the highest value"; null for a number within the limits of the node, or for a node without any.
 QString BeyondLimits(const ValueBase &node, double number);
+QString BeyondLimits(double lowest, double highest, double number);
 
 /// Sets `error`, which may be null, and gives false.
 bool Refuse(const QString &reason, QString *error);

@@ -45,10 +45,10 @@ void FormTakeover::Run(QStringList *told)
     const QPointer<QWidget> window(Former.GetGUI());
     const QString path = Former.VTPath;
     const auto shown = Former.Shown;
+    const KeptView view(Former.Sheet);
     InsertHostsControls();
     PairControls();
-    Changed = Former.Sheet.GetChanges()->GetChanged();
-    const KeptView view(Former.Sheet);
+    KeepOrderOfChanges();
     Heir.Configuration = Former.Configuration;
     Heir.TakeHostValues(Former);
     Heir.SetName(Former.Name);
@@ -123,13 +123,18 @@ void FormTakeover::PutValues(QStringList *told)
     TakeUndoStack();
 }
 
+void FormTakeover::KeepOrderOfChanges()
+{
+    const QVector<OrbelDelegate *> changed = Former.Sheet.GetChanges()->GetChanged();
+    for (int i = 0; i < changed.size(); ++i)
+        Changed.insert(changed.at(i), i);
+}
+
 /// In the order in which the controls were changed.
 void FormTakeover::PutMarks()
 {
-    const auto place = [this](const KeptControl &control) {
-        const int changed = Changed.indexOf(control.GetFormer());
-        return changed < 0 ? Changed.size() : changed;
-    };
+    const auto place
+        = [this](const KeptControl &control) { return Changed.value(control.GetFormer(), Changed.size()); };
     std::vector<const KeptControl *> marked;
     for (const KeptControl &control : Controls)
         marked.push_back(&control);

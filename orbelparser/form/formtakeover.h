@@ -30,6 +30,7 @@ private:
     void PairControls();
     void InsertHostsControls();
     void PutValues(QStringList *told);
+    void KeepOrderOfChanges();
     void PutMarks();
     void TakeLocks();
     void TakeUndoStack();
@@ -37,8 +38,8 @@ private:
     FormBody &Heir;
     FormBody &Former;
     std::vector<KeptControl> Controls;
-    /// Those of the former form, in the order in which that was.
-    QVector<OrbelDelegate *> Changed;
+    /// Those of the former form, with their places in the order in which that was.
+    QHash<const OrbelDelegate *, int> Changed;
 };
 
 } // namespace KV218

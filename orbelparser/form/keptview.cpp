@@ -26,13 +26,19 @@ void ScrollTo(QAbstractScrollArea *area, const QPoint &place)
     area->verticalScrollBar()->setValue(place.y());
 }
 
-/// Hands the faces of all controls to `act`, with the names of their widgets.
+/// Hands the faces of all controls that stand in the form to `act`, with the names of their widgets. A control of the
+/// host's may stand elsewhere.
 template <class Act> void ForFaces(const OrbelSheet &sheet, Act act)
 {
+    const QScrollArea *area = sheet.GetUi()->GetArea();
+    const QWidget *content = area ? area->widget() : nullptr;
+    if (!content)
+        return;
     for (int i = 0; i < sheet.GetWidgetCount(); ++i) {
         const OrbelSheet::Widget widget = sheet.GetWidgetAt(i);
         for (const Face &face : widget->GetDelegate()->GetFaces()) {
-            if (QWidget *control = face.Widget)
+            QWidget *const control = face.Widget;
+            if (control && content->isAncestorOf(control))
                 act(widget->GetName(), control);
         }
     }

@@ -227,11 +227,20 @@ bool OrbelChannelSpacingTable::EditsOf(const QVariant &value, QVariantList *edit
     *edits = value.toList();
     if (edits->size() != Spacings.size())
         return Refuse(QStringLiteral("A list of %1 values is wanted").arg(Spacings.size()), error);
+    // Only what is stated: what the operator may type without a bound is not all that a device can have.
+    const auto bound = [this](const PropertyKey &name, double none) {
+        return property(name.data()).isValid() ? GetDouble(name, none) : none;
+    };
+    const double lowest = bound(prop::Minimum, -qInf());
+    const double highest = bound(prop::Maximum, qInf());
     for (QVariant &spacing : *edits) {
         bool isNumber = false;
         const double number = spacing.toDouble(&isNumber);
         if (!isNumber || !std::isfinite(number))
             return Refuse(QStringLiteral("\"%1\" is no number").arg(spacing.toString()), error);
+        const QString beyond = BeyondLimits(lowest, highest, number);
+        if (!beyond.isNull())
+            return Refuse(beyond, error);
         spacing = number;
     }
     return true;

@@ -1,7 +1,7 @@
 // Each finding at its place, the truth of what it says, and the registry against the classes.
 
 #include "brokenforms.h"
-#include "codes.h"
+#include "codeexamples.h"
 #include "formdiff.h"
 #include "forms.h"
 #include "formtexts.h"
@@ -190,13 +190,40 @@ private Q_SLOTS:
         }
     }
 
-    void everyCodeIsShown()
+    void examplesHaveTheMistakeOrNot_data()
     {
-        QStringList shown;
-        for (const BrokenForm &form : BrokenForms())
-            shown += QString(form.codes).split(QRegularExpression("[ +]"));
-        for (const CodeInfo &info : AllCodes())
-            QVERIFY2(shown.contains(info.name), info.name);
+        const auto row = Columns<int>({"code"});
+        for (int i = 0; i < AllCodes().size(); ++i)
+            row(AllCodes().at(i).name, i);
+    }
+
+    void examplesHaveTheMistakeOrNot()
+    {
+        const auto [code] = Fetch<int>({"code"});
+        const QString name = AllCodes().at(code).name;
+        const auto find = [&](const QString &document) {
+            const QByteArray bytes = document.toUtf8();
+            return name.startsWith("document-") ? Check::Parameters(bytes, ExampleForm("").toUtf8())
+                : name.startsWith("change-")    ? Check::Changed(bytes, ExampleForm("").toUtf8())
+                : name.startsWith("template-")  ? Check::Template(bytes)
+                : bytes.startsWith("<Comp")     ? Check::ComponentList(bytes)
+                                                : Check::Definition(bytes) + Check::RunDefinition(bytes, 300);
+        };
+        const CodeExample example = ExampleOf(Code(code));
+        const QString broken = ExampleDocument(example.Broken);
+        const Findings mended = find(ExampleDocument(example.Mended));
+        QVERIFY2(Check::IsClean(mended) && !Told(mended).join(' ').contains(' ' + name),
+            qPrintable(Told(mended).join(", ")));
+        bool isFound = false;
+        for (const Finding &finding : find(broken)) {
+            if (finding.Code != name)
+                continue;
+            isFound = true;
+            QString fixed = broken;
+            fixed.replace(finding.Edit.Offset, finding.Edit.Length, finding.Edit.Replacement);
+            QVERIFY2(!finding.Edit || !Told(find(fixed)).join(' ').contains(' ' + name), qPrintable(fixed));
+        }
+        QVERIFY2(isFound, qPrintable(Told(find(broken)).join(", ")));
     }
 
     void rightFormsAreClean_data()

@@ -38,9 +38,11 @@ private Q_SLOTS:
         const QString change = Write("change.orbel", Sheet("<Widget name='b'/>"));
         const QString document = Write("params.xml", "<Parameters><b/></Parameters>");
         const QString other = Write("form.xml", Sheet("<Widget name='a' class='Label'/>"));
-        const QString throws = Write("throws.orbel", "<ZkParamGui><Script>nosuch();</Script></ZkParamGui>");
+        const QString throws
+            = Write("throws.orbel", "<ZkParamGui><Script>nosuch();</Script><Sheet name='s'/></ZkParamGui>");
         const QString hangs = Write("hangs.orbel",
-            "<ZkParamGui><Script>var a = []; a.length = 4294967295; a.indexOf(1);</Script></ZkParamGui>");
+            "<ZkParamGui><Script>var a = []; a.length = 4294967295; a.indexOf(1);</Script><Sheet "
+            "name='s'/></ZkParamGui>");
         const QString missing = Folder.filePath("missing.orbel");
         const QString told
             = wrong + ":2:25: error: There is no class \"Labl\"; did you mean \"Label\"? [class-unknown]\n";

@@ -44,12 +44,14 @@ struct Window : QWidget {
     }
     ~Window() override { Tree::Instance()->RemoveNode("/F/frequency"); }
 
-    /// "U", "D", "L", "R" arrows, "^" Page Up, "[" Home, "]" End, "\n" Return, "!" Escape, "+" F2; all else is typed.
+    /// "U", "D", "L", "R" arrows, "^" Page Up, "v" Page Down, "[" Home, "]" End, "\n" Return, "!" Escape, "+" F2; all
+    /// else is typed.
     void Operate(const QString &keys)
     {
         static const QMap<QChar, Qt::Key> special{{'U', Qt::Key_Up}, {'D', Qt::Key_Down}, {'L', Qt::Key_Left},
-            {'R', Qt::Key_Right}, {'^', Qt::Key_PageUp}, {'[', Qt::Key_Home}, {']', Qt::Key_End},
-            {'\n', Qt::Key_Return}, {'!', Qt::Key_Escape}, {'+', Qt::Key_F2}, {'<', Qt::Key_Backspace}};
+            {'R', Qt::Key_Right}, {'^', Qt::Key_PageUp}, {'v', Qt::Key_PageDown}, {'[', Qt::Key_Home},
+            {']', Qt::Key_End}, {'\n', Qt::Key_Return}, {'!', Qt::Key_Escape}, {'+', Qt::Key_F2},
+            {'<', Qt::Key_Backspace}};
         for (const QChar key : keys) {
             if (special.contains(key))
                 QTest::keyClick(field, special.value(key));
@@ -106,6 +108,7 @@ private Q_SLOTS:
         row("carry", "LLUUUUUU", 146.1e6, "146.100 000 MHz");
         row("down and up beyond the first digit", "[DDU", 100009000.0, "100.009 000 MHz");
         row("a digit that only zeros lead to", "[LU", 1145.5e6, "1.145 500 000 GHz");
+        row("ten steps up and down, and one on the digit to the right", "^^vRU", 145.5101e6, "145.510 100 MHz");
         row("clamped above", "[LLUUUUU", 26.5e9, "26.500 000 000 GHz");
         row("typed beyond the limit", "90g\n", 145.5e6, "90g");
         row("taken back", "7.05M!", 145.5e6, "145.500 000 MHz");
@@ -125,6 +128,43 @@ private Q_SLOTS:
         QCOMPARE(window.field->text(), shown);
         window.other->setFocus();
         QVERIFY(window.field->selectedText().isEmpty());
+    }
+
+    /// A text that comes at once, and none, while the field shows its number and while somebody types.
+    void whatIsInsertedReplacesTheShownNumber_data()
+    {
+        const auto row = Columns<QString, QString, QString, QString>({"road", "typed", "text", "shown"});
+        row("composed", "compose", "", "7.05M", "7.05M");
+        row("nothing composed", "compose", "", "", "145.500 000 MHz");
+        row("dropped", "drop", "", "7.05M", "7.05M");
+        row("nothing dropped", "drop", "", "", "145.500 000 MHz");
+        row("dropped behind what is typed", "drop", "8", "7.05M", "87.05M");
+        row("pasted from the menu", "menu", "", "7.05M", "7.05M");
+    }
+    void whatIsInsertedReplacesTheShownNumber()
+    {
+        const auto [road, typed, text] = Fetch<QString, QString, QString>({"road", "typed", "text"});
+        Window window;
+        window.Operate(typed);
+        if (road == "compose") {
+            QInputMethodEvent event;
+            event.setCommitString(text);
+            QApplication::sendEvent(window.field, &event);
+        } else if (road == "drop") {
+            QMimeData data;
+            data.setText(text);
+            QDragEnterEvent enter({500, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.field, &enter);
+            QDropEvent event({500, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.field, &event);
+        } else {
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, {10, 10});
+            QApplication::sendEvent(window.field, &event);
+            QApplication::activePopupWidget()->close();
+            window.field->insert(text);
+        }
+        QTEST(window.field->text(), "shown");
+        QCOMPARE(window.node->GetValue(), 145.5e6);
     }
 
     void theWheelTunesTheDigitUnderTheMouse()

@@ -447,6 +447,48 @@ private Q_SLOTS:
         QVERIFY2(node->GetValue() == end, qPrintable(QString::number(node->GetValue(), 'g', 17)));
     }
 
+    void spinTakesWhatIsANumber()
+    {
+        auto *const held = new ValueDouble("n"); // the tree's
+        ValueDouble &node = *held;
+        node.SetMinMax(0, 100, 1, nullptr);
+        Tree::Instance()->AddNode("/Spin", held);
+        auto *spin = new VCNumericFloatSpin;
+        Window window(spin);
+        QVERIFY(window.IsReady() && !spin->SetNumeric_ValuePath("/Spin/none") && spin->SetNumeric_ValuePath("/Spin/n"));
+        spin->setValue(7);
+        spin->setMinimum(5);
+        spin->setMaximum(50);
+        for (const double none : {qQNaN(), qInf()})
+            spin->setValue(none);
+        spin->setMinimum(qInf());
+        spin->setMinimum(qQNaN());
+        spin->setMaximum(-qInf());
+        spin->setMaximum(qQNaN());
+        QCOMPARE((QList<double>{spin->minimum(), spin->maximum(), node.GetValue()}), (QList<double>{5, 50, 7}));
+        spin->disableStep(true);
+        Operate(spin, "^");
+        QCOMPARE(node.GetValue(), 7.0);
+        spin->disableStep(false);
+        Operate(spin, "^");
+        QCOMPARE(node.GetValue(), 8.0);
+        Tree::Instance()->RemoveNode("/Spin/n");
+    }
+
+    void aFieldShowsAndReadsByItsHostsConversion()
+    {
+        ValueString node("n");
+        node.SetValue("abc", nullptr);
+        auto *field = new VCLineEdit(nullptr, "name", VCLineEdit::ekText);
+        Window window(field);
+        QVERIFY(window.IsReady() && field->SetValueBase(&node));
+        field->SetConversion(
+            [](const QString &text) { return text.toUpper(); }, [](const QString &text) { return text.toLower(); });
+        QCOMPARE(field->text(), QString("ABC"));
+        Operate(field, "DE\r");
+        QCOMPARE(node.GetValue() + field->text(), QString("deDE"));
+    }
+
     /// What a box remembers of its size must never be seen.
     void hintsAreThoseOfAPlainBox()
     {

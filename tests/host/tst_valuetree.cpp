@@ -479,7 +479,12 @@ private Q_SLOTS:
         QCOMPARE(witness.Told(), QString("5 3 8 3 7 3"));
         QCOMPARE(InOrder(node), QString("0:1 1:3 2:5"));
         QCOMPARE(node.data().at(0).GetID(), 4u);
-        QCOMPARE(node.data().at(0).GetFrequency(), 1.5);
+        CommentedRange range = node.data().at(0);
+        QCOMPARE(range.GetFrequency(), 1.5);
+        range.SetFrequency(10);
+        QCOMPARE((QList<double>{range.GetRangeStart(), range.GetRangeStop()}), (QList<double>{9.5, 10.5}));
+        range.SetBandwidth(4);
+        QCOMPARE((QList<double>{range.GetRangeStart(), range.GetRangeStop()}), (QList<double>{8, 12}));
         QCOMPARE(node.CreateNewUniqueKey(), 3u);
         QCOMPARE(node.CreateNewUniqueKey(), 4u);
         copy.Assign(node);

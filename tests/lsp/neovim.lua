@@ -74,6 +74,13 @@ end
 check("completion", labels.maximum, true)
 vim.api.nvim_buf_set_lines(buffer, row, row + 1, true, {})
 
+-- What only a run finds comes a second after the typing.
+row = place_of("mode.currentValueChanged").position.line
+vim.api.nvim_buf_set_lines(buffer, row, row, true, { "throw new Error('told');" })
+wait_for("run", function() return vim.tbl_contains(codes(), "script-exception") end)
+vim.api.nvim_buf_set_lines(buffer, row, row + 1, true, {})
+wait_for("mended run", function() return #codes() == 0 end)
+
 local file = vim.fn.tempname()
 vim.fn.writefile(vim.split(text(), "\n"), file)
 vim.fn.system({ orbel, "format", file })

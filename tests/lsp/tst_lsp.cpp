@@ -391,8 +391,8 @@ private Q_SLOTS:
         add("an end tag's element", "Sp|inBox", "**SpinBox**");
         add("a property", "mini|mum", "The least number");
         add("a widget in the script", "ga|in.set", "`SpinBox`");
-        add("a slot", "gain.setVa|lue", "`setValue(");
-        add("a signal", "value|Changed", "Signal");
+        add("a slot", "gain.setVa|lue", "Sets the number, in node units");
+        add("a signal", "value|Changed", "has changed the number");
         add("a choice", "Mode.A|M", "`am`");
         add("an enumeration", "Mo|de.AM", "Enumeration");
         add("nothing", "a| + 1", "");

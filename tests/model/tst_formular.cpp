@@ -231,6 +231,26 @@ private Q_SLOTS:
         QVERIFY(choice.GetItemCount() == 1 && choice.GetStringValue() == "12" && choice.GetCurrentValue() == 12);
     }
 
+    void aHostActsForTheOperatorAndForTheDevice()
+    {
+        const Form form = Bind(Definition(Labelled("n", "SpinBox", {"value=Int:5", "maximum=Int:60"})));
+        const auto window = Build(form);
+        QString error;
+        QVERIFY(form->Enter("n", 7, &error) && form->Enter("n", 8) && form->GetSheet().isModified());
+        QCOMPARE(form->GetUndoStack()->count(), 2);
+        QVERIFY(!form->Enter("n", "seven", &error) && !error.isEmpty());
+        QVERIFY(!form->Enter("none", 7) && !form->Report("none", 7));
+        form->RevertAll();
+        QCOMPARE(form->GetVTValue("n")->GetStringValue(), QString("5"));
+        QVERIFY(form->Report("n", 9));
+        QCOMPARE(window->findChild<QWidget *>("n")->property("value").toInt(), 9);
+        form->SetScriptValue("yes", true);
+        form->SetScriptValue("text", QString("caf\u00e9"));
+        form->SetScriptValue("plain", "caf\u00e9");
+        form->EvaluateScript("answer = yes === true && text === plain && text.length");
+        QCOMPARE(form->GetScriptValues().value("answer").toInt32(), 4);
+    }
+
     void valuesComeFromTheApplication()
     {
         const Form form
@@ -467,7 +487,12 @@ private Q_SLOTS:
         const QSignalSpy parameters(&manager, &OrbelFormularManager::si_parametersModified);
         manager.DefineFormular("one", OneCheck());
         manager.DefineFormular("two", OneCheck("<Property name='autoApplyEnabled'><Bool>false</Bool></Property>"));
-        QVERIFY2(!manager.ShowFormular("one"), "not built yet");
+        ValueString stray("c");
+        stray.SetValue("x", nullptr);
+        manager.GetVTValues({nullptr, &stray}, nullptr, false);
+        QVERIFY(stray.GetValue() == "x" && manager.GetEmptyXmlElement().isEmpty());
+        manager.GetVTValues({nullptr, &stray}, nullptr, true);
+        QVERIFY2(stray.GetValue().isEmpty() && !manager.ShowFormular("one"), "not built yet");
         const auto one = manager.GetFormular("one");
         manager.SetConfigObject(&configuration, "c");
         const auto two = manager.GetFormular("two");

@@ -523,6 +523,17 @@ private:
                 entries << live.Stack()->text(i);
             return entries.join('|');
         };
+        const auto run = [](const QString &script) { return [=](Live &live) { live.form->EvaluateScript(script); }; };
+        const auto answer = [](const QString &expression) {
+            return [=](Live &live) {
+                live.form->EvaluateScript("answer = " + expression);
+                return live.form->GetScriptValues().value("answer").toString();
+            };
+        };
+        const auto device = [](Live &live) {
+            const QVariantList *reported = live.Get("gain")->GetReported();
+            return live.Value("gain") + (reported ? " device " + reported->value(0).toString() : QString());
+        };
         // clang-format off
         static const std::vector<Case> cases{
             {"a value that was set", Gain() + Line(), enter("gain", "7"), Line() + Gain({"value=Int:9"}), gain, "the same"},
@@ -551,6 +562,12 @@ private:
             {"entries of a control that goes", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Enter("gain", "8"); live.Stack()->undo(); }, Line(), undo, "1|text: one \u2192 two"},
             {"an entry is undone", Gain(), [](Live &live) { live.Enter("gain", "7"); live.Reload(Gain({"maximum=Int:9"})); live.Stack()->undo(); }, Gain(), gain, "5"},
             {"a lock", Gain(), [](Live &live) { live.form->EnableInput(false); }, Gain() + Line(), [](Live &live) { return QString::number(live.Find("gain")->isEnabled()); }, "0"},
+            {"a hidden table that was resized", Widget("t", "HiddenTable", {"rowCount=Int:1", "columnCount=Int:1"}), run("t.setRowCount(2); t.setColumnCount(2); t.setItemValue(1, 1, 'x')"), Gain() + Widget("t", "HiddenTable"), answer("t.itemValue(1, 1)"), "x"},
+            {"a hidden map", Widget("m", "HiddenMap"), run("m.setValue('a', '1'); m.setValue('b', '2'); m.remove('a')"), Gain() + Widget("m", "HiddenMap"), answer("m.keys() + m.value('b')"), "b2"},
+            {"what a spectrum counts with", Widget("s", "SpecialObject_FFT"), run("s.setFFTLength(1000); s.setSignalSampleRate(5000)"), Gain() + Widget("s", "SpecialObject_FFT"), answer("s.frequencyResolution()"), "5"},
+            {"what the device has instead", Gain(), [](Live &live) { live.Enter("gain", "7"); live.form->Report("gain", 9); }, Line() + Gain({"maximum=Int:90"}), device, "7 device 9"},
+            {"what the device has instead of what is being typed", Gain(), [](Live &live) { TypeOver(live.Find("gain"), "1"); live.form->Report("gain", 9); }, Line() + Gain({"maximum=Int:90"}), device, "the same"},
+            {"a control of the host's, first not shown", Gain() + Line(), [](Live &live) { auto *dial = new QDial; live.form->GetSheet().InsertWidget("dial", "Dial", dial, 1); live.Reload(Gain()); dial->setFocus(); }, Line() + Gain(), [](Live &live) { const auto *dial = live.window.findChild<QDial *>(); return Names(live.form) + QString(" %1 %2").arg(dial->hasFocus()).arg(dial->y() > live.Find("gain")->y()); }, "text gain dial 1 1"},
             {"what a script set: a text, a hidden item", Labelled("state", "Label", {"text=String:-"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setText('on'); list.setItemCount(2); list.setItemValue(1, 'x')"); }, Gain() + Labelled("state", "Label", {"text=String:off"}) + Widget("list", "HiddenList"), [](Live &live) { live.form->EvaluateScript("state.setLabelText(list.itemValue(1))"); return live.Get("state")->property("text").toString() + live.Get("state")->property("labelText").toString(); }, "onx"},
         };
         // clang-format on

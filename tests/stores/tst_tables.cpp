@@ -262,6 +262,28 @@ private Q_SLOTS:
         QVERIFY2(live.Shown() == "1 0 0", "a step is as good as letters");
     }
 
+    void aHostEntersAllSpacingsOrNone_data()
+    {
+        const auto row = Columns<QVariantList, QString>({"spacings", "shown"});
+        row("all of them", {5, 6.5, "7"}, "5 6.5 7");
+        row("at the limits", {1, 2000, 7}, "1 2000 7");
+        row("above one", {5, 2001, 7}, "0 0 0");
+        row("below one", {0.5, 6, 7}, "0 0 0");
+        row("too few", {5, 6}, "0 0 0");
+        row("no number", {5, "x", 7}, "0 0 0");
+        row("infinity", {5, qInf(), 7}, "0 0 0");
+    }
+    void aHostEntersAllSpacingsOrNone()
+    {
+        LiveTable live(Spacings, Shape + QStringList{"minimum=Double:1", "maximum=Double:2000"});
+        QFETCH(QVariantList, spacings);
+        QString error;
+        const bool taken = live.form->Enter("s", spacings, &error);
+        QTEST(live.Shown(), "shown");
+        QCOMPARE(taken, live.Shown() != "0 0 0");
+        QCOMPARE(taken, error.isEmpty());
+    }
+
     /// The context menu of a row, or by key that of the current one.
     void setToAll()
     {

@@ -261,6 +261,12 @@ private Q_SLOTS:
         QTest::keyClicks(now, "<Parameters><gain>7</gain></Parameters>");
         QTest::mouseClick(studio.Find<QPushButton>("readBack"), Qt::LeftButton);
         QCOMPARE(studio.bench->GetSession()->Value("gain"), QVariant(7));
+        // What cannot be read is told and kept.
+        now->selectAll();
+        QTest::keyClicks(now, "<Parameters>");
+        QTest::mouseClick(studio.Find<QPushButton>("readBack"), Qt::LeftButton);
+        QCOMPARE(now->toPlainText(), QString("<Parameters>"));
+        QVERIFY(studio.Find<QLabel>("documentWrong")->text().startsWith("Line 1: "));
         auto *const changes = studio.Find<QTreeWidget>("changesNow");
         QTRY_COMPARE(changes->topLevelItemCount(), 1);
         studio.bench->GetSession()->Apply();

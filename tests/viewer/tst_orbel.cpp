@@ -114,9 +114,21 @@ private Q_SLOTS:
         for (const char *wrong : {"--font-size=0", "--font-size=-3", "--font-size=big", "--font-size=9.5"})
             add(wrong, {"render", form, "-o", "a.png", wrong}, 2, "--font-size wants");
         add("one definition to compare", {"diff", form}, 2, "two definitions");
-        add("definition that is none", {"diff", form, cut}, 2, cut + ":3:1: ");
+        add("definition that is none", {"diff", form, cut}, 2, cut + ":2:17: ");
         add("format that is none", {"diff", form, form, "--format=yaml"}, 2, "one of text, json");
         add("form cut short", {"strings", cut, "-o", noFolder + ".ts"}, 1, cut + ": line 3: ");
+        add("a definition without a form", {"params", other}, 1, other + ": there is no form in it");
+        add("a list without a form", {"params", noForms}, 1, "there is no form in it (a name without");
+        add("a component of a definition", {"params", form, "--component", "Audio"}, 2, "so --component means nothing");
+        add("no component chosen", {"params", Components}, 2, "choose a form with --component: \"Audio\"");
+        add("a component that is not there", {"params", Components, "--component", "Adio"}, 2, "nearest: \"Audio\"");
+        add("no file", {"check"}, 2, "a FILE is wanted");
+        add("a file too many", {"params", form, form}, 2, "one argument too many");
+        for (const char *name : {"lsp", "classes", "schema"})
+            add(name, {name, "x"}, 2, "one argument too many: \"x\"");
+        add("no file for translations", {"strings", form}, 2, "-o FILE.ts");
+        add("a palette that is none", {"render", form, "-o", "a.png", "--palette=drak"}, 2, "only ");
+        add("a style that is none", {"render", form, "-o", "a.png", "--style=none"}, 2, "there is no style");
         add("translations malformed", {"strings", form, "-o", Write("cut.ts", "<TS>\n<context>")}, 1, "cut.ts:2: ");
         // clang-format on
     }
@@ -164,6 +176,11 @@ private Q_SLOTS:
             other + ":1: widget \"second\": place in the parameter document: \"Group/second\" -> \"Group/other\"");
         QCOMPARE(differs.Status, 1);
         QCOMPARE(RunCommand({"diff", form, form}).Status, 0);
+        const QString scripted = Write("scripted.orbel", QString(BytesOf(form)).replace("<Script>", "<Script>\na();"));
+        const Result script = RunCommand({"diff", form, scripted, "--format", "json"});
+        const QJsonObject first = QJsonDocument::fromJson(script.Out.toUtf8()).array().first().toObject();
+        QCOMPARE(first["part"].toString() + ' ' + first["change"].toString(), QString("script changed"));
+        QVERIFY(RunCommand({"diff", form, scripted}).Out.contains("script: changed from here on, lines: 0 -> 1"));
     }
 
     void formsOfListsAndTemplatesAreCompared()
@@ -350,7 +367,7 @@ private Q_SLOTS:
     void nearestNames()
     {
         const QStringList names{"far away", "frost", "FIRST", "frist", "frost"};
-        QCOMPARE(Orbel::NearestNames("first", names, 3).join(' '), QString("FIRST frost frist"));
+        QCOMPARE(Orbel::NearestNames("first", names, 3).join(' '), QString("FIRST frist frost"));
         QCOMPARE(Orbel::NearestNames("first", names, 9).size(), 3);
         QCOMPARE(Orbel::NearestNames("zzzz", {"abcdef", "bcdefa"}, 9), QStringList("abcdef"));
     }
