@@ -709,7 +709,10 @@ constexpr Plan Plans[] = {
 
 measure::Row Run(const Plan &plan, const QVector<int> &sizes)
 {
-    measure::Row row{QString::fromUtf8(plan.title), {}, plan.run == Memory, {}};
+    const measure::Unit unit = plan.run == Memory ? measure::Unit::Bytes
+        : plan.run == LoadGrowthAgainstUiLoader   ? measure::Unit::Times
+                                                  : measure::Unit::Nanoseconds;
+    measure::Row row{QString::fromUtf8(plan.title), {}, unit, {}};
     for (const measure::Goal &goal : plan.goals) {
         if (row.goals.isEmpty() || goal.must > 0)
             row.goals.append(goal);
