@@ -87,7 +87,12 @@ private:
         const QString count = decimals ? decimals.Text : QStringLiteral("0");
         if (value && PlacesOf(value.Text) > decimals.Value)
             Tell(Code::PlacesLost, *value.Property, told.arg(value.Text, Widget.Name, count));
-        else if (place && step > 0 && !IsWhole(step * std::pow(10.0, decimals.Value)))
+        for (const QLatin1String name : {prop::Minimum, prop::Maximum}) {
+            const Number limit = Numbers.NumberOf(name);
+            if (limit && scale == 1 && PlacesOf(limit.Text) > decimals.Value)
+                Tell(Code::PlacesLost, *limit.Property, told.arg(limit.Text, Widget.Name, count));
+        }
+        if (place && step > 0 && !IsWhole(step * std::pow(10.0, decimals.Value)))
             Tell(Code::PlacesLost, *place, told.arg(QString::number(step), Widget.Name, count));
     }
 
@@ -153,7 +158,8 @@ private:
     {
         const PropertyEntry *label = Widget.Find(prop::LabelText);
         const WrittenUnit told = WrittenUnit::OfLabel(label ? label->Text : QString());
-        if (told.Base == shown.Base && told.Size != shown.Size)
+        const bool areLevels = told.Base.startsWith(QLatin1String("dB")) && shown.Base.startsWith(QLatin1String("dB"));
+        if (!told.Base.isEmpty() && !areLevels && (told.Base != shown.Base || told.Size != shown.Size))
             Tell(Code::UnitContradiction, *label,
                 QStringLiteral("The label tells another unit than the suffix of \"%1\"").arg(Widget.Name));
     }

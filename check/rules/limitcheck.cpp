@@ -38,12 +38,23 @@ public:
         CheckCounts();
         CheckShape();
         CheckUnitScale();
+        CheckHeight();
         const Number margin = Numbers.NumberOf(prop::Margin);
         if (margin && margin.Value < 0)
             Tell(Code::MarginNegative, margin, QStringLiteral("A margin of %1 pixels is none").arg(margin.Text));
     }
 
 private:
+    void CheckHeight()
+    {
+        const Number height = Numbers.NumberOf(prop::Height);
+        if (!Numbers.Reads(prop::Height) || height.Value > 0 || Form.ScriptSpeaksOf(prop::Height)
+            || Form.ScriptSpeaksOf(QStringLiteral("setHeight")))
+            return;
+        Sink.Add(Code::MarginNegative, height ? PlaceOfValue(Form, *height.Property) : Form.Doc.PlaceOf(Widget.Element),
+            QStringLiteral("The gap \"%1\" has no height").arg(Widget.Name));
+    }
+
     void Tell(Code code, const Number &number, const QString &text)
     {
         Sink.Add(code, Form.Doc.PlaceOfText(number.Property->ValueElement), text);
@@ -64,6 +75,17 @@ private:
             Tell(Code::LimitFactor, factor, QStringLiteral("The factor %1 is not above 0").arg(factor.Text));
             return;
         }
+        const bool mayMove = Form.ScriptMayCall(Widget, "setMinimum") || Form.ScriptMayCall(Widget, "setMaximum")
+            || Widget.Has(ekItems);
+        const PropertyEntry *wrapping = Numbers.Reads(prop::Wrapping) ? Widget.Find(prop::Wrapping) : nullptr;
+        if (wrapping && wrapping->IsTrue() && (!minimum || !maximum) && !mayMove)
+            Sink.Add(Code::LimitMissing, Form.Doc.PlaceOf(wrapping->Element),
+                QStringLiteral("\"%1\" cannot wrap without both limits").arg(Widget.Name));
+        const PropertyEntry *special
+            = Numbers.Reads(prop::SpecialValueText) ? Widget.Find(prop::SpecialValueText) : nullptr;
+        if (special && !special->Text.isEmpty() && !minimum && !mayMove)
+            Sink.Add(Code::LimitMissing, Form.Doc.PlaceOf(special->Element),
+                QStringLiteral("\"%1\" has no minimum that \"%2\" could stand for").arg(Widget.Name, special->Text));
         for (const QLatin1String value : {prop::Value, prop::StartFrequency, prop::StopFrequency})
             CheckValue(Numbers.NumberOf(value), minimum, maximum);
         CheckRange();
@@ -134,6 +156,11 @@ private:
                     QStringLiteral("\"%1\" is from 0 to %2, not %3")
                         .arg(count.property, QString::number(count.most), number.Text));
         }
+        const bool isSpacings = Numbers.Reads(prop::SpacingsCount) && Numbers.NumberOf(prop::SpacingsCount).Value == 0
+            && !Form.ScriptMayCall(Widget, "setSpacingsCount") && !Form.ScriptMayCall(Widget, "spacingsCount");
+        if (isSpacings)
+            Sink.Add(Code::CountMissing, Form.Doc.PlaceOf(Widget.Element),
+                QStringLiteral("The table \"%1\" has no rows").arg(Widget.Name));
         if (isSpinList && CountOfItems() == 0)
             Sink.Add(Code::CountMissing, Form.Doc.PlaceOf(Widget.Element),
                 QStringLiteral("The list \"%1\" has no items").arg(Widget.Name));
@@ -175,6 +202,10 @@ void CheckLimits(const FormModel &form, FindingSink &sink)
         if (widget.Info)
             LimitCheck(form, sink, widget).Run();
     }
+    const PropertyEntry *root = form.FindSheetProperty(prop::ParametersXmlRootTag, false);
+    if (root && root->Text.isEmpty())
+        sink.Add(Code::ValueEmpty, form.Doc.PlaceOf(root->Element),
+            QStringLiteral("An empty parametersXmlRootTag counts as none, and \"Parameters\" is written"));
     const PropertyEntry *timeout = form.FindSheetProperty(prop::AutoApplyTimeout, false);
     bool isNumber = false;
     const double milliseconds = timeout ? timeout->Text.toDouble(&isNumber) : 0;

@@ -9,6 +9,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace Orbel
@@ -44,7 +45,7 @@ bool ConvertsTo(ValueType type, const QString &text)
     if (type == ValueType::UInt64)
         QVariant(text).toULongLong(&isNumber);
     else if (type == ValueType::Double)
-        QVariant(text).toDouble(&isNumber);
+        isNumber = std::isfinite(QVariant(text).toDouble(&isNumber)) && isNumber;
     return isNumber && !(type == ValueType::UInt64 && text.trimmed().startsWith(QLatin1Char('-')));
 }
 

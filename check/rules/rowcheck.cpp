@@ -107,6 +107,7 @@ void CheckRows(const FormModel &form, FindingSink &sink)
     const WidgetEntry *emptyHeadline = nullptr;
     QSet<QString> labels; // of the group
     QSet<QString> tips;
+    QSet<QString> titles;
     const auto closeGroup = [&] {
         if (emptyHeadline)
             sink.Add(Code::GroupEmpty, form.Doc.PlaceOf(emptyHeadline->Element),
@@ -138,6 +139,11 @@ void CheckRows(const FormModel &form, FindingSink &sink)
             tips.clear();
             closeGroup();
             CheckHeadline(form, sink, widget);
+            const QString title = widget.TextOf(prop::Text);
+            if (titles.contains(title) && !title.isEmpty() && !form.ScriptMayCall(widget, "setText"))
+                sink.Add(Code::LabelDoubled, form.Doc.PlaceOf(widget.Element),
+                    QStringLiteral("Another group has the title \"%1\"").arg(title));
+            titles.insert(title);
             emptyHeadline = &widget;
         } else if (IsMember(widget)) {
             emptyHeadline = nullptr;

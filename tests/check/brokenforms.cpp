@@ -171,7 +171,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"table without columns", K::Definition, Sheet("@" + W("a", "TableWidget", P("rowCount", "Int", "3"))), "count-missing"},
         // rows
         {"label without visible", K::Definition, Sheet("<Widget name='a' class='Label'>@" + P("labelText", "String", "L") + "</Widget>"), "label-hidden"},
-        {"row label of a gap", K::Definition, Sheet(W("a", "FixedSpacer", "@" + P("labelText", "String", "L"))), "label-hidden"},
+        {"row label of a gap", K::Definition, Sheet(W("a", "FixedSpacer", P("height", "Int", "9") + "@" + P("labelText", "String", "L"))), "label-hidden"},
         {"large field without enabled", K::Definition, Sheet("@<Widget name='Frequency' class='FrequencyEdit'/>"), "input-unstated"},
         {"large field that only another one's function and a comment enable", K::Definition, Sheet("@<Widget name='a' class='FrequencyEdit'>" + P("MainFreqEdit", "Bool", "true") + "</Widget>", "<Script>// a.setEnabled(true){{LF}}n.setEnabled(a.value);</Script>"), "input-unstated"},
         {"groups without members", K::Definition, Sheet("@" + W("a", "Headline", P("text", "String", "A")) + W("hidden", "HiddenMap") + "@" + W("b", "Headline", P("text", "String", "B"))), "group-empty group-empty"},
