@@ -684,11 +684,11 @@ constexpr Plan Plans[] = {
     {LoadGrowthAgainstUiLoader, {{{10000, 1.02, 0.95}}},                               "growth: the same / QUiLoader's own growth"},
     {FirstPicture,              {{{1000, 1.2, 1.0}}},                                  "process start to first picture, `orbel render` / a program with QUiLoader"},
     {ReloadOneProperty,         {{{1000, 0.33, 0.15}, {300, 0.33}}},                   "reload after one changed property / opening"},
-    {Resize,                    {{{1000, 0.5, 0.35}, {300, 1.05}}},                    "resize step, updates off / QFormLayout's"},
+    {Resize,                    {{{1000, 0.5, 0.35}, {300, 0.8}}},                     "resize step, updates off / QFormLayout's"},
     {Rearrange,                 {{{1000, 2.5, 2.0}, {10000, 4.0, 2.5}, {300, 4.4}}},   "re-arrangement / layout arithmetic on the same sizes"},
     {WriteDocument,             {{{1000, 1.4, 1.2}, {10000, 1.7, 1.4}, {300, 2}}},     "`GetXmlString(false)` / raw writer of the same text"},
-    {ReadDocument,              {{{1000, 1.3, 1.1}, {300, 2.6}}},                      "`SetXmlString` on a hidden form / raw reader plus the controls' own setters"},
-    {ExchangeValues,            {{{1000, 1.4, 1.2}, {300, 2.6}}},                      "`SetVTValue` per value, form hidden / hash look-up plus `setValue`"},
+    {ReadDocument,              {{{1000, 1.3, 1.1}, {300, 2.2}}},                      "`SetXmlString` on a hidden form / raw reader plus the controls' own setters"},
+    {ExchangeValues,            {{{1000, 1.4, 1.2}, {300, 2.3}}},                      "`SetVTValue` per value, form hidden / hash look-up plus `setValue`"},
     {ExchangeGrowth,            {{{10000, 1.3, 1.1}}},                                 "growth: the same per value at 10 000 / at 1000"},
     {Edit,                      {{{1000, 1.3, 1.1}, {300, 2.9}}},                      "operator's edit, control to modified mark / `setValue` with one slot"},
     {ReportNews,                {{{1000, 2.0, 1.2}, {300, 2}}},                        "reported value of a device, shown, drawn / hash look-up plus `setValue`"},
@@ -709,7 +709,10 @@ constexpr Plan Plans[] = {
 
 measure::Row Run(const Plan &plan, const QVector<int> &sizes)
 {
-    measure::Row row{QString::fromUtf8(plan.title), {}, plan.run == Memory, {}};
+    const measure::Unit unit = plan.run == Memory ? measure::Unit::Bytes
+        : plan.run == LoadGrowthAgainstUiLoader   ? measure::Unit::Times
+                                                  : measure::Unit::Nanoseconds;
+    measure::Row row{QString::fromUtf8(plan.title), {}, unit, {}};
     for (const measure::Goal &goal : plan.goals) {
         if (row.goals.isEmpty() || goal.must > 0)
             row.goals.append(goal);

@@ -32,9 +32,11 @@ double Spread(const QVector<double> &values)
     return *ends.second / *ends.first;
 }
 
-QString Amount(double amount, bool bytes)
+QString Amount(double amount, Unit unit)
 {
-    if (bytes)
+    if (unit == Unit::Times)
+        return QString::number(amount, 'f', 2);
+    if (unit == Unit::Bytes)
         return QStringLiteral("%1 KB").arg(amount / 1024, 0, 'f', 1);
     if (amount < 1e3)
         return QStringLiteral("%1 ns").arg(amount, 0, 'f', 0);
@@ -146,7 +148,7 @@ QString Line(const Row &row, const QVector<int> &sizes)
         fields << (cell == row.cells.end() ? QString() : RatioText(row, size, cell->second));
         // The amounts are those of the size that the goals count for.
         if (cell != row.cells.end() && size == row.goals.constFirst().size)
-            amounts = QStringList{Amount(cell->second.ours, row.bytes), Amount(cell->second.peer, row.bytes),
+            amounts = QStringList{Amount(cell->second.ours, row.unit), Amount(cell->second.peer, row.unit),
                 QString::number(cell->second.spread, 'f', 2)};
     }
     return Joined(fields + amounts);

@@ -34,11 +34,14 @@ struct Goal {
     double aim = 0;
 };
 
+/// What the amounts of a row count.
+enum class Unit { Nanoseconds, Bytes, Times };
+
 /// One line of the table. The amounts that it tells are those at the size of the first goal.
 struct Row {
     QString title;
     QVector<Goal> goals;
-    bool bytes = false;
+    Unit unit = Unit::Nanoseconds;
     QVector<QPair<int, Cell>> cells;
 };
 

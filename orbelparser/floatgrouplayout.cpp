@@ -24,12 +24,14 @@ int TopMargin(QLayoutItem *item)
     return widget ? widget->contentsMargins().top() : 0;
 }
 
-/// Most widgets of a form stay where they are when it is arranged anew, and Qt takes its time to find that out.
+/// Most widgets of a form stay where they are when it is arranged anew, and Qt takes its time to find that out. One
+/// that may not be as large as its place any more does not stay.
 void Place(QLayoutItem *item, const QRect &place)
 {
     const QWidget *widget = item->widget();
     const bool wasPlaced = widget && widget->testAttribute(Qt::WA_Moved) && widget->testAttribute(Qt::WA_Resized);
-    if (!wasPlaced || item->alignment() || widget->geometry() != place)
+    const bool stands = wasPlaced && !item->alignment() && widget->geometry() == place;
+    if (!stands || place.size().boundedTo(item->maximumSize()) != place.size())
         item->setGeometry(place);
 }
 

@@ -4,6 +4,7 @@
 #include "expandedtemplate.h"
 #include "messages.h"
 #include "nearestnames.h"
+#include "orbelcheck.h"
 #include "orbelparser.h"
 #include "xmlwalk.h"
 
@@ -102,6 +103,15 @@ QByteArray FormFile::GetDefinition(const QString &component) const
     return IsList() ? "\xEF\xBB\xBF" + Pick(component).Text.toUtf8() : Text;
 }
 
+/// The line of a script's line; 0 where it is not known.
+static int LineInFile(const InputFile &input, const QString &component, int line)
+{
+    if (line <= 0 || input.Kind == DocumentKind::Template)
+        return 0;
+    return input.Kind == DocumentKind::List ? Check::LineOfScript(input.Bytes, component, line)
+                                            : Check::LineOfScript(input.Bytes, line);
+}
+
 /// As hosts read a file. The file itself may be a pipe, or another one meanwhile.
 KV218::OrbelFormular *FormFile::ParseBytes() const
 {
@@ -117,6 +127,13 @@ FormFile::Form FormFile::Parse(const QString &component) const
     const Form form(IsDefinition() ? ParseBytes() : KV218::OrbelParser().ParseORBEL(definition.Text));
     if (!form)
         throw InputFailure(Input.Path, QStringLiteral("there is no form in it"));
+    QObject::connect(form.data(), &KV218::OrbelFormular::si_scriptFailed, form.data(),
+        [input = Input, name = definition.Component](int line, const QString &text) {
+            const int place = LineInFile(input, name, line);
+            Complain(
+                (place > 0 ? QStringLiteral("%1:%2: ").arg(input.Path).arg(place) : input.Path + QLatin1String(": "))
+                + text);
+        });
     return form;
 }
 

@@ -33,6 +33,7 @@ public:
 
     /// Parses the form of a component, the first one of that name, or by its number, from 1. An empty name means the
     /// only form of the file. Throws a Failure when the file has no such component, or several forms to choose from.
+    /// Exceptions of its script, be it of handlers, are told on standard error with their lines in the file.
     Form Parse(const QString &component) const;
 
 private:

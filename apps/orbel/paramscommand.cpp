@@ -12,7 +12,6 @@
 #include <QCommandLineParser>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QScriptEngine>
 #include <QWidget>
 #include <QXmlStreamReader>
 
@@ -48,15 +47,6 @@ QString RootTag(const KV218::OrbelFormular &form)
     QXmlStreamReader empty(form.GetEmptyXmlElement());
     empty.readNextStartElement();
     return empty.name().toString();
-}
-
-/// Tells of exceptions in the script's handlers, which go nowhere by themselves.
-void TellScriptExceptions(const KV218::OrbelFormular &form, const QString &path)
-{
-    const QScriptEngine *engine = form.GetScriptValues().value(QStringLiteral("Object")).engine();
-    QObject::connect(engine, &QScriptEngine::signalHandlerException, &form, [path](const QScriptValue &exception) {
-        Complain(QStringLiteral("%1: script: %2").arg(path, exception.toString()));
-    });
 }
 
 /// A text as a value of a control: of several, an array of JSON.
@@ -130,7 +120,6 @@ int ParamsCommand::Run(const QCommandLineParser &parser)
     Path = Arguments(parser, 1).constFirst();
     const FormFile file(Path);
     const FormFile::Form form = file.Parse(ComponentName(parser));
-    TellScriptExceptions(*form, Path);
     form->CreateValueTree(QStringLiteral("/Form"));
     form->CreateGUI(true);
     const std::unique_ptr<QWidget> gui(form->GetGUI());
@@ -159,7 +148,6 @@ int ParamsCommand::Carry(const QCommandLineParser &parser)
     const QString component = ComponentName(parser);
     ParameterCarry carry(document, former.GetDefinition(component), later.GetDefinition(component));
     const FormFile::Form form = later.Parse(later.IsList() ? component : QString());
-    TellScriptExceptions(*form, later.GetPath());
     form->CreateValueTree(QStringLiteral("/Form"));
     form->CreateGUI(true);
     const std::unique_ptr<QWidget> gui(form->GetGUI());

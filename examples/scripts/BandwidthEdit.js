@@ -8,7 +8,7 @@ bandwidth.setValue(25000); // beyond the maximum of 15 kHz
 print(bandwidth.value); // -> 15000
 bandwidth.setUnitScale(1000000); // shows MHz; bounds are in MHz from now on
 print(bandwidth.suffix); // -> MHz
-bandwidth.setUnitScale("kHz"); // every text selects Hz
+bandwidth.setUnitScale(1); // and in Hz
 print(bandwidth.suffix); // -> Hz
 
 // The operator enters 12 into bandwidth. -> 12

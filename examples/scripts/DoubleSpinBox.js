@@ -1,7 +1,7 @@
 doubleSpinBox.valueChanged.connect(function (seconds) {
     print(seconds * 1000 + " ms");
 });
-print(doubleSpinBox.value + 1); // -> 1.51
+print(typeof doubleSpinBox.value); // -> string
 print(Number(doubleSpinBox.value) + 1); // -> 2.5
 doubleSpinBox.setValue(0.1 + 0.2); // no signal, and no rounding
 print(doubleSpinBox.value.toFixed(1)); // -> 0.3

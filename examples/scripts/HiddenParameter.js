@@ -3,8 +3,8 @@ hiddenParameter.valueChanged.connect(function (text) {
     print(text);
 });
 hiddenParameter.setValue(12.5); // -> 12.5
-hiddenParameter.setValue("12.5"); // the same text: nothing
 print(typeof hiddenParameter.value); // -> string
+hiddenParameter.setValue("12.5"); // the same text: nothing
 
 // The document brings <HiddenParameter>7</HiddenParameter>. -> 7
 //   -> 7

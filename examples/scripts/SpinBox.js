@@ -1,7 +1,7 @@
 spinBox.valueChanged.connect(function (decibels) {
     print(decibels + 1);
 });
-print(spinBox.value + 1); // -> 121
+print(typeof spinBox.value); // -> string
 print(Number(spinBox.value) + 1); // -> 13
 spinBox.setMaximum(40);
 spinBox.setValue(99); // beyond the bound, and no signal

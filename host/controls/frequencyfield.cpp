@@ -228,13 +228,27 @@ void FrequencyField::FitText()
     initStyleOption(&option);
     const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - margins;
     QFont fitting = TextFont.resolve(font());
-    while (fitting.pointSizeF() > least && QFontMetrics(fitting).horizontalAdvance(text()) > room)
+    // One that is not shown may not have its width yet, and is measured for what it will have room for.
+    const bool isShown = isVisible();
+    while (isShown && fitting.pointSizeF() > least && QFontMetrics(fitting).horizontalAdvance(text()) > room)
         fitting.setPointSizeF(fitting.pointSizeF() - 0.5);
     if (fitting == font())
         return;
     QFont own = TextFont;
     own.setPointSizeF(fitting.pointSizeF());
     setFont(own);
+}
+
+void FrequencyField::showEvent(QShowEvent *event)
+{
+    VCLineEdit::showEvent(event);
+    FitText();
+}
+
+void FrequencyField::hideEvent(QHideEvent *event)
+{
+    VCLineEdit::hideEvent(event);
+    FitText();
 }
 
 void FrequencyField::resizeEvent(QResizeEvent *event)

@@ -4,6 +4,17 @@
 
 #include <QButtonGroup>
 
+namespace
+{
+
+/// For the moment in which a box is unchecked. Before it unchecks a button in no group, Qt searches all that its parent
+/// holds for others.
+class GroupOfOne : public QButtonGroup
+{
+};
+
+} // namespace
+
 VCCheckBox::VCCheckBox(QWidget *parent, const char *name) : QCheckBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
@@ -29,6 +40,14 @@ void VCCheckBox::nextCheckState()
         Late.After([this] { QCheckBox::nextCheckState(); });
 }
 
+/// Nobody who is told of the state meets the box in a group that is not the host's.
+void VCCheckBox::checkStateSet()
+{
+    if (auto *alone = dynamic_cast<GroupOfOne *>(group()))
+        alone->removeButton(this);
+    QCheckBox::checkStateSet();
+}
+
 void VCCheckBox::WriteNode()
 {
     if (Node && Node->GetValue() != isChecked())
@@ -39,8 +58,7 @@ void VCCheckBox::WriteNode()
 void VCCheckBox::SetChecked(bool checked)
 {
     const bool isPlain = isCheckable() && !group() && !autoExclusive() && !isTristate();
-    // Before it unchecks a button in no group, Qt searches all that its parent holds for others.
-    QButtonGroup alone;
+    GroupOfOne alone;
     alone.setExclusive(false);
     if (isPlain && !checked && isChecked())
         alone.addButton(this);

@@ -26,6 +26,7 @@ public:
 
 protected:
     void nextCheckState() override;
+    void checkStateSet() override;
 
 private:
     void WriteNode();

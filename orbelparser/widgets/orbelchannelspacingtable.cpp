@@ -233,13 +233,15 @@ bool OrbelChannelSpacingTable::EditsOf(const QVariant &value, QVariantList *edit
     };
     const double lowest = bound(prop::Minimum, -qInf());
     const double highest = bound(prop::Maximum, qInf());
-    for (QVariant &spacing : *edits) {
+    for (int row = 0; row < edits->size(); ++row) {
+        QVariant &spacing = (*edits)[row];
         bool isNumber = false;
         const double number = spacing.toDouble(&isNumber);
         if (!isNumber || !std::isfinite(number))
             return Refuse(QStringLiteral("\"%1\" is no number").arg(spacing.toString()), error);
         const QString beyond = BeyondLimits(lowest, highest, number);
-        if (!beyond.isNull())
+        // What stands already, such as the 0 of a fresh row, does not keep a host from entering the others.
+        if (!beyond.isNull() && number != Spacings.at(row))
             return Refuse(beyond, error);
         spacing = number;
     }

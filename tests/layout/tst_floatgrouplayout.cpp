@@ -129,7 +129,8 @@ private Q_SLOTS:
         QGroupBox *titled = form.Layout.addHeadline("Title", 7, "titled");
         QGroupBox *odd = form.Layout.addHeadline("", 7, "odd");
         form.Layout.addHeadline("", 0, nullptr);
-        form.Layout.addSeparator(11, "gap");
+        QWidget *gap = form.Layout.addSeparator(11, "gap");
+        gap->setMinimumWidth(20);
         auto *edit = new QWidget(&form.Window);
         edit->setObjectName("freq");
         edit->setFixedSize(50, 30);
@@ -143,6 +144,8 @@ private Q_SLOTS:
         form.Layout.itemAt(5)->widget()->setFixedWidth(20);
         QCOMPARE(form.Placed(999),
             QString("0,0 74x2, 0,13 40x10, 0,31 74x8, 0,43 74x5, 0,52 50x11, 0,67 20x24, 24,67 50x30, in 73x97"));
+        gap->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        QCOMPARE(form.Placed(999).section(", ", 4, 4), QString("0,52 20x11"));
         form.Layout.removeAllWidgets();
         QVERIFY(form.Window.children() == QObjectList{&form.Layout});
         QCOMPARE(form.Layout.sizeHint(), QSize(73, 97));

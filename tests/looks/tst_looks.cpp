@@ -295,6 +295,24 @@ private Q_SLOTS:
         Tree::Instance()->RemoveNode("/L/f");
     }
 
+    /// Wherever the field gets its width from, and however narrow it was before.
+    void noLabelIsCutBesideALargeField()
+    {
+        const QFont former = QApplication::font();
+        const auto restored = qScopeGuard([&] { QApplication::setFont(former); });
+        for (int step = 0; step < 40; ++step) {
+            QApplication::setFont(QFont(former.family(), 8 + step / 4));
+            const Form form = Bind(Definition(Labelled("frequency", "FrequencyEdit", {"MainFreqEdit=Bool:true"})));
+            const auto window = Build(form, false);
+            window->resize(200 + step % 4 * 150, 20);
+            window->show();
+            window->resize(window->width(), 100);
+            Orbel::Settle();
+            const auto *label = window->findChild<RowLabel *>("labelfrequency");
+            QVERIFY(label->height() >= label->Baseline() + label->fontMetrics().descent());
+        }
+    }
+
     void everyTextCanBeRead_data()
     {
         const auto row = Columns<QString, QString, bool>({"colours", "style", "mirrored"});

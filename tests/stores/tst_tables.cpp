@@ -267,6 +267,7 @@ private Q_SLOTS:
         const auto row = Columns<QVariantList, QString>({"spacings", "shown"});
         row("all of them", {5, 6.5, "7"}, "5 6.5 7");
         row("at the limits", {1, 2000, 7}, "1 2000 7");
+        row("one of them, the others as they stand", {5, 0, 0}, "5 0 0");
         row("above one", {5, 2001, 7}, "0 0 0");
         row("below one", {0.5, 6, 7}, "0 0 0");
         row("too few", {5, 6}, "0 0 0");

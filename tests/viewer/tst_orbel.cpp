@@ -414,9 +414,8 @@ private Q_SLOTS:
             QVERIFY2(result.Out.startsWith("<Parameters>") && result.Out.contains("<first>a<"), qPrintable(result.Out));
             QCOMPARE(result.Status, status);
         };
-        use("print('hello', 1 + 1); missing.text = 1", "", "hello 2\n** OrbelFormular Script Exception ReferenceError",
-            0);
-        use("first.textChanged.connect(function () { missing.text = 1 })", "", "form.orbel: script: ReferenceError", 0);
+        use("print('hello', 1 + 1); missing.text = 1", "", "hello 2\norbel: ", 0);
+        use("first.textChanged.connect(function () { missing.text = 1 })", "", "form.orbel:1: ReferenceError", 0);
         use("", "<<", "form.orbel: line 1: ", 1);
     }
 
