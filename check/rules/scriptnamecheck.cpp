@@ -82,6 +82,8 @@ private:
             return;
         const int first = variable.Sets.constFirst();
         for (const int read : variable.Reads) {
+            if (read > first)
+                continue;
             int statement = read;
             while (statement >= 0 && Tree.At(statement).Parent != Tree.Root())
                 statement = Tree.At(statement).Parent;

@@ -533,9 +533,11 @@ private:
         for (int i = 0; i + 1 < parts.size(); ++i) {
             const bool isEmpty = Tree.IsLoop(parts.at(i)) && !Tree.Is(parts.at(i), Node::Do)
                 && Tree.Is(Tree.At(parts.at(i)).Parts.constLast(), Node::Empty);
+            if (!isEmpty)
+                continue;
             const QString margin = MarginOf(parts.at(i + 1));
             const QString outer = MarginOf(parts.at(i));
-            if (isEmpty && !margin.isNull() && !outer.isNull() && margin.size() > outer.size())
+            if (!margin.isNull() && !outer.isNull() && margin.size() > outer.size())
                 Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.At(parts.at(i)).End - 1),
                     QStringLiteral("The loop ends at this semicolon, and what follows is done once"));
         }
