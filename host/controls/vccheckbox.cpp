@@ -4,6 +4,8 @@
 
 #include <QButtonGroup>
 
+#include <optional>
+
 namespace
 {
 
@@ -58,10 +60,11 @@ void VCCheckBox::WriteNode()
 void VCCheckBox::SetChecked(bool checked)
 {
     const bool isPlain = isCheckable() && !group() && !autoExclusive() && !isTristate();
-    GroupOfOne alone;
-    alone.setExclusive(false);
-    if (isPlain && !checked && isChecked())
-        alone.addButton(this);
+    std::optional<GroupOfOne> alone;
+    if (isPlain && !checked && isChecked()) {
+        alone.emplace().setExclusive(false);
+        alone->addButton(this);
+    }
     if (checked == isChecked() || !isPlain || !Orbel::IsOutOfView(this)) {
         setChecked(checked);
         return;

@@ -111,7 +111,7 @@ void VCNumericFloatSpin::setMinimum(double minimum)
     if (!(minimum < qInf()))
         return;
     Number.SetMinimum(minimum);
-    ShowNodeAfterEdit();
+    ShowLimits();
 }
 
 void VCNumericFloatSpin::setMaximum(double maximum)
@@ -119,6 +119,13 @@ void VCNumericFloatSpin::setMaximum(double maximum)
     if (!(maximum > -qInf()))
         return;
     Number.SetMaximum(maximum);
+    ShowLimits();
+}
+
+/// Beyond a limit that was set here the number stands as it is, and the arrows may change alone.
+void VCNumericFloatSpin::ShowLimits()
+{
+    update();
     ShowNodeAfterEdit();
 }
 

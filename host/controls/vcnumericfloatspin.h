@@ -114,6 +114,7 @@ private:
     void SetNumber(double shown);
     void ShowNode();
     void ShowNodeAfterEdit();
+    void ShowLimits();
 
     Orbel::NodeBinding<IValueNumeric> Node{this};
     Orbel::LateActs<VCNumericFloatSpin> Late{this};
