@@ -34,6 +34,28 @@ bool IsWhole(double number)
     return std::abs(number - std::round(number)) <= 1e-9 * qMax(1.0, std::abs(number));
 }
 
+/// A number with digits that are no marks of a mask.
+bool IsCount(const QString &mask)
+{
+    bool isNumber = false;
+    mask.toInt(&isNumber);
+    return isNumber && !QString(mask).remove(QLatin1Char('0')).remove(QLatin1Char('9')).isEmpty();
+}
+
+/// Four numbers of which one is more than a byte.
+bool HasWideByte(const QString &address)
+{
+    const QStringList parts = address.trimmed().split(QLatin1Char('.'));
+    bool isWide = false;
+    for (const QString &part : parts) {
+        bool isNumber = false;
+        isWide = part.toInt(&isNumber) > 255 || isWide;
+        if (!isNumber)
+            return false;
+    }
+    return parts.size() == 4 && isWide;
+}
+
 class DisplayCheck
 {
 public:
@@ -177,6 +199,11 @@ private:
             Tell(Code::TextBeyond, *text,
                 QStringLiteral("\"%1\" has more than the %2 characters of \"%3\"")
                     .arg(text->Text, most.Text, Widget.Name));
+        else if (IsCount(mask))
+            Tell(Code::TextBeyond, *Widget.Find(prop::InputMask),
+                QStringLiteral("A mask \"%1\" is no count of characters; that is maxLength").arg(mask));
+        else if (text && Widget.Class == QLatin1String("IPEdit") && HasWideByte(text->Text))
+            Tell(Code::TextBeyond, *text, QStringLiteral("\"%1\" is no address").arg(text->Text));
         else if (text && !FitsInputMask(text->Text, mask))
             Tell(Code::TextBeyond, *text, QStringLiteral("\"%1\" does not fit the mask \"%2\"").arg(text->Text, mask));
     }

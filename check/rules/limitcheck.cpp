@@ -97,7 +97,14 @@ private:
             || Form.ScriptMayCallAtStart(Widget, "setMaximum"))
             return;
         const QString fault = BeyondLimits(value.Value, minimum, maximum, Numbers.Scale());
-        if (!fault.isEmpty())
+        // Limits that fit the value as it is written were meant in its unit.
+        const bool isUnitMeant
+            = !fault.isEmpty() && Numbers.Scale() != 1 && BeyondLimits(value.Value, minimum, maximum, 1).isEmpty();
+        const Number &limit = value.Value * Numbers.Scale() < minimum.Value && minimum ? minimum : maximum;
+        if (isUnitMeant && limit.Property)
+            Tell(Code::LimitOutside, limit,
+                value.Text + fault + QStringLiteral("; limits count in the unit that is shown"));
+        else if (!fault.isEmpty())
             Tell(Code::LimitOutside, value, value.Text + fault);
     }
 
@@ -156,6 +163,10 @@ private:
                     QStringLiteral("\"%1\" is from 0 to %2, not %3")
                         .arg(count.property, QString::number(count.most), number.Text));
         }
+        if (isSpinList && Widget.States(prop::ItemCount) && Widget.States(prop::ShiftCount)
+            && Widget.TextOf(prop::ItemCount) != Widget.TextOf(prop::ShiftCount))
+            Sink.Add(Code::CountMissing, Form.Doc.PlaceOf(Widget.Find(prop::ShiftCount)->Element),
+                QStringLiteral("shiftCount counts for nothing beside itemCount"));
         const bool isSpacings = Numbers.Reads(prop::SpacingsCount) && Numbers.NumberOf(prop::SpacingsCount).Value == 0
             && !Form.ScriptMayCall(Widget, "setSpacingsCount") && !Form.ScriptMayCall(Widget, "spacingsCount");
         if (isSpacings)

@@ -85,7 +85,8 @@ void CheckTexts(const FormModel &form, FindingSink &sink, const WidgetEntry &wid
     if (widget.Class == QLatin1String("PushButton") && widget.TextOf(prop::Text).isEmpty()
         && !form.ScriptMayCall(widget, "setText") && !form.ScriptMayCall(widget, "text")
         && !form.ScriptMayCall(widget, "setIcon"))
-        sink.Add(Code::ButtonUntitled, form.Doc.PlaceOf(widget.Element),
+        sink.Add(Code::ButtonUntitled,
+            form.Doc.PlaceOf(widget.States(prop::Text) ? widget.Find(prop::Text)->Element : widget.Element),
             QStringLiteral("The button \"%1\" has no text").arg(widget.Name));
 }
 
@@ -105,7 +106,7 @@ void CheckHeadline(const FormModel &form, FindingSink &sink, const WidgetEntry &
 void CheckRows(const FormModel &form, FindingSink &sink)
 {
     const WidgetEntry *emptyHeadline = nullptr;
-    QSet<QString> labels; // of the group
+    QHash<QString, bool> labels; // of the group, and whether the row takes turns with others
     QSet<QString> tips;
     QSet<QString> titles;
     const auto closeGroup = [&] {
@@ -121,11 +122,11 @@ void CheckRows(const FormModel &form, FindingSink &sink)
         const bool isLabelled = label && !label->Text.isEmpty() && (!widget.Info || widget.Has(ekRow));
         // Rows that take turns have scripts that show and hide them.
         const bool isSwitched = form.ScriptMayCall(widget, "setVisible") || form.ScriptMayCall(widget, "visible");
-        if (isLabelled && !isSwitched && widget.IsTrue(prop::Visible)) {
-            if (labels.contains(label->Text))
+        if (isLabelled && widget.IsTrue(prop::Visible)) {
+            if (labels.contains(label->Text) && !(isSwitched && labels.value(label->Text)))
                 sink.Add(Code::LabelDoubled, form.Doc.PlaceOf(label->Element),
                     QStringLiteral("Another row of the group has the label \"%1\"").arg(label->Text));
-            labels.insert(label->Text);
+            labels.insert(label->Text, isSwitched);
         }
         const PropertyEntry *tip = widget.Find(prop::ToolTip);
         if (tip && !tip->Text.isEmpty() && isLabelled) {
@@ -141,7 +142,7 @@ void CheckRows(const FormModel &form, FindingSink &sink)
             CheckHeadline(form, sink, widget);
             const QString title = widget.TextOf(prop::Text);
             if (titles.contains(title) && !title.isEmpty() && !form.ScriptMayCall(widget, "setText"))
-                sink.Add(Code::LabelDoubled, form.Doc.PlaceOf(widget.Element),
+                sink.Add(Code::LabelDoubled, form.Doc.PlaceOf(widget.Find(prop::Text)->Element),
                     QStringLiteral("Another group has the title \"%1\"").arg(title));
             titles.insert(title);
             emptyHeadline = &widget;

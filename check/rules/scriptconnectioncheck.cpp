@@ -97,6 +97,8 @@ private:
             || kind == ScriptKind::Control || kind == ScriptKind::NumberText) {
             Study.Tell(Code::ScriptHandler, handler, QStringLiteral("This is no function to be connected"));
         }
+        if (isAlone)
+            CheckDetached(handler);
         const int function = Study.Bindings.FunctionOf(handler);
         const int parameters = function < 0 ? 0 : Tree.At(function).Parts.size() - 1;
         // A function that stands in the connection has no other callers.
@@ -109,6 +111,25 @@ private:
                 QStringLiteral("\"%1\" tells %2, and this parameter stays undefined")
                     .arg(Tree.At(signal).Text,
                         method.Most() == 0 ? QStringLiteral("nothing") : QStringLiteral("only %1").arg(method.Most())));
+    }
+
+    /// `connect(counter.step)`, where step asks for this.
+    void CheckDetached(int handler)
+    {
+        const int object = Tree.Is(handler, Node::Member) ? Tree.Part(handler, 0) : -1;
+        const QVector<int> sets = Tree.Is(object, Node::Name) ? Study.Bindings.At(object).Sets : QVector<int>();
+        const int literal
+            = sets.size() == 1 && Tree.Is(sets.constFirst(), Node::Declarator) ? Tree.Part(sets.constFirst(), 0) : -1;
+        for (const int pair : Tree.Is(literal, Node::Object) ? Tree.At(literal).Parts : QVector<int>()) {
+            const int function = Tree.Part(pair, 0);
+            const bool asksThis = Tree.IsFunction(function) && Tree.At(pair).Text == Tree.At(handler).Text
+                && Study.Contains(
+                    function, [&](int i) { return Tree.Is(i, Node::This) && Tree.At(i).Function == function; });
+            if (asksThis)
+                Study.Tell(Code::ScriptThis, handler,
+                    QStringLiteral("Connected like this, \"%1\" does not have \"%2\" as this; give the object in front")
+                        .arg(Tree.At(handler).Text, Tree.At(object).Text));
+        }
     }
 
     bool IsCalledAtOnce(int function) const

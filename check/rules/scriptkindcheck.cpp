@@ -53,6 +53,10 @@ public:
                 CheckOrder(i);
             else if (node.What == Node::Binary && node.Text == QLatin1String("+"))
                 CheckSum(i);
+            else if (node.What == Node::Binary && IsOne(node.Text, {"^", "&", "|"}))
+                CheckBits(i);
+            else if (node.What == Node::Member)
+                CheckMethod(i);
             else if (node.What == Node::Binary && IsOne(node.Text, {"-", "*", "/", "%"}))
                 CheckArithmetic(i);
         }
@@ -165,6 +169,27 @@ private:
                 isOr ? QStringLiteral("One of the two always differs, so that this is true for any value")
                      : QStringLiteral("\"%1\" is never both, so that this is never true").arg(first[0]));
         CheckConstantSide(node);
+        if (Study.IsIdle(node) && Study.CodeOf(left) == Study.CodeOf(Right(node)) && !Tree.Is(left, Node::Name))
+            Study.Tell(Code::ScriptComparison, node, QStringLiteral("Both sides ask the same"));
+        CheckBounds(node, left, isOr);
+    }
+
+    /// `a >= 0 || a < 10` is always true, `a < 0 && a > 10` never.
+    void CheckBounds(int node, int left, bool isOr)
+    {
+        double first = 0;
+        double second = 0;
+        const QString one = Tree.Is(left, Node::Binary) ? Tree.At(left).Text : QString();
+        const QString two = Tree.Is(Right(node), Node::Binary) ? Tree.At(Right(node)).Text : QString();
+        const bool areBounds = IsOne(one, {"<", ">", "<=", ">="}) && IsOne(two, {"<", ">", "<=", ">="})
+            && one.at(0) != two.at(0) && Study.NumberOf(Right(left), &first)
+            && Study.NumberOf(Right(Right(node)), &second)
+            && Study.CodeOf(Left(left)) == Study.CodeOf(Left(Right(node)));
+        const double least = one.startsWith(QLatin1Char('>')) ? first : second;
+        const double most = one.startsWith(QLatin1Char('>')) ? second : first;
+        if (areBounds && (isOr ? least < most : least > most))
+            Study.Tell(Code::ScriptComparison, left,
+                isOr ? QStringLiteral("One of the two is true for any value") : QStringLiteral("No value is both"));
     }
 
     /// `a == 1 || 2`: the second is no comparison.
@@ -187,7 +212,23 @@ private:
         const QString text = Tree.Is(other, Node::Quoted) ? Study.ConstantOf(other) : QString();
         const bool isWord = !text.isNull() && !IsNumberText(text);
         const QString operation = Tree.At(node).Text;
-        if (a == ScriptKind::Bool && isWord)
+        double number = 0;
+        const bool isOtherNumber = Study.NumberOf(other, &number) && number != 0 && number != 1;
+        const bool isFraction
+            = Study.Contains(
+                  one, [this](int i) { return Tree.Is(i, Node::Number) && Tree.At(i).Text.contains(QLatin1Char('.')); })
+            && Tree.Is(one, Node::Binary) && a == ScriptKind::Number && !isStrict;
+        if (isFraction && !Tree.Is(Tree.At(one).Parent, Node::Binary, "<"))
+            Study.Tell(Code::ScriptComparison, node,
+                QStringLiteral(
+                    "Fractions are seldom equal to the last place; compare the difference with a small number"));
+        else if (a == ScriptKind::Bool && isOtherNumber)
+            Study.Tell(
+                Code::ScriptComparison, node, QStringLiteral("A truth value never equals %1").arg(Study.CodeOf(other)));
+        else if (a == ScriptKind::Bool && Tree.Is(one, Node::Member) && Tree.Is(other, Node::Member)
+            && (b == ScriptKind::Text || b == ScriptKind::Nothing))
+            Study.Tell(Code::ScriptComparison, node, QStringLiteral("A truth value never equals a text"));
+        else if (a == ScriptKind::Bool && isWord)
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral("A truth value never equals the text \"%1\"").arg(text), MendBool(node, other, text));
         else if ((a == ScriptKind::Number || a == ScriptKind::NumberText) && isWord)
@@ -245,8 +286,11 @@ private:
 
     bool TellSame(int node)
     {
+        const QString &operation = Tree.At(node).Text;
+        const bool isOrder = operation.startsWith(QLatin1Char('<')) || operation.startsWith(QLatin1Char('>'));
+        const bool isVariable = isOrder && Tree.Is(Left(node), Node::Name) && Tree.Is(Right(node), Node::Name);
         const bool isProperty = Tree.Is(Left(node), Node::Member) && Study.WidgetOf(Left(Left(node)));
-        if (!isProperty || Study.CodeOf(Left(node)) != Study.CodeOf(Right(node)))
+        if ((!isProperty && !isVariable) || Study.CodeOf(Left(node)) != Study.CodeOf(Right(node)))
             return false;
         Study.Tell(Code::ScriptComparison, node,
             QStringLiteral("\"%1\" is compared with itself").arg(Study.CodeOf(Left(node))));
@@ -479,9 +523,60 @@ private:
         }
     }
 
+    /// Marks of bits, where others are meant.
+    void CheckBits(int node)
+    {
+        double number = 0;
+        const bool isPower = Tree.At(node).Text == QLatin1String("^") && Study.NumberOf(Left(node), &number)
+            && Study.NumberOf(Right(node), &number);
+        if (isPower)
+            Study.Tell(Code::ScriptSum, node, QStringLiteral("^ joins bits; Math.pow() gives a power"));
+        const int outer = Tree.At(node).Parent;
+        const bool isTest
+            = (Tree.Is(outer, Node::If) || Tree.Is(outer, Node::While) || Tree.Is(outer, Node::Conditional))
+            && Tree.PlaceOf(node) == 0 && Tree.At(node).Text != QLatin1String("^");
+        const bool isMixed = (KindOf(Left(node)) == ScriptKind::Bool) != (KindOf(Right(node)) == ScriptKind::Bool);
+        if (isTest && isMixed)
+            Study.Tell(Code::ScriptCondition, node,
+                QStringLiteral("%1 joins bits; %1%1 joins conditions").arg(Tree.At(node).Text));
+    }
+
+    /// Methods of texts for a number, and of numbers for a text.
+    void CheckMethod(int member)
+    {
+        const QString &name = Tree.At(member).Text;
+        const ScriptKind kind = KindOf(Left(member));
+        const bool isCall = Tree.Is(Tree.At(member).Parent, Node::Call) && Tree.PlaceOf(member) == 0;
+        const bool isOfText = IsOne(name,
+            {"toUpperCase", "toLowerCase", "substring", "substr", "charAt", "split", "replace", "indexOf", "match",
+                "concat", "trim"});
+        const bool isOfNumber = IsOne(name, {"toFixed", "toPrecision", "toExponential"});
+        const bool isNumber = kind == ScriptKind::Number || kind == ScriptKind::Bool;
+        const bool isText = kind == ScriptKind::Text || (kind == ScriptKind::NumberText && !IsNumberBy(Left(member)));
+        if (isCall && ((isOfText && isNumber) || (isOfNumber && isText)))
+            Study.Tell(Code::ScriptNoFunction, member,
+                QStringLiteral("%1 has no \"%2\"")
+                    .arg(
+                        QLatin1String(isNumber ? "A number" : "A text, as a stated number is until it is set,"), name));
+        const int list = Tree.Is(Left(member), Node::Name) && isCall ? Left(member) : -1;
+        const int set
+            = list >= 0 && Study.Bindings.At(list).Sets.size() == 1 ? Study.Bindings.At(list).Sets.constFirst() : -1;
+        const int array = Tree.Is(set, Node::Declarator) ? Left(set) : -1;
+        if (name == QLatin1String("sort") && Tree.Is(array, Node::Array)
+            && Tree.At(Tree.At(member).Parent).Parts.size() == 1 && Tree.Is(Left(array), Node::Number))
+            Study.Tell(Code::ScriptTextOrder, member,
+                QStringLiteral("Without a function sort() takes numbers for texts: 10 comes before 9"));
+    }
+
     /// A text of the definition that is a number, plus a number.
     void CheckTextNumber(int node)
     {
+        const int method = Tree.Is(Left(node), Node::Call) ? Left(Left(node)) : -1;
+        if (Tree.Is(method, Node::Member, "toFixed") && KindOf(Right(node)) == ScriptKind::Number
+            && !IsAmongOtherTexts(node)) {
+            Study.Tell(Code::ScriptTextSum, node, QStringLiteral("toFixed() gives a text, and + puts texts together"));
+            return;
+        }
         const PropertyEntry *stated = Tree.Is(Left(node), Node::Member) ? Study.PropertyOf(Left(node)) : nullptr;
         if (stated && KindOf(Left(node)) == ScriptKind::Text && Tree.Is(Right(node), Node::Number)
             && !stated->Text.isEmpty() && IsNumberText(stated->Text) && !IsAmongOtherTexts(node))

@@ -225,11 +225,26 @@ private:
         const int end = Tree.Part(condition, 1);
         range.Variable = variable;
         range.IsLastIncluded = operation.size() == 2;
-        if (Study.NumberOf(end, &range.Last))
+        if (Study.NumberOf(end, &range.Last) || LengthOf(end, &range.Last))
             range.Last -= range.IsLastIncluded ? 0 : 1;
         else
             range.LastOf = Study.CodeOf(end);
         return range;
+    }
+
+    /// `names.length` of a list that stands in the script.
+    bool LengthOf(int node, double *length) const
+    {
+        const int list = Tree.Is(node, Node::Member, "length") ? Tree.Part(node, 0) : -1;
+        if (!Tree.Is(list, Node::Name))
+            return false;
+        const ScriptVariable &variable = Study.Bindings.At(list);
+        const int set = variable.Sets.size() == 1 ? variable.Sets.constFirst() : -1;
+        const int value = Tree.Is(set, Node::Declarator) ? Tree.Part(set, 0) : -1;
+        if (!Tree.Is(value, Node::Array) || Grows(variable))
+            return false;
+        *length = Tree.At(value).Parts.size();
+        return true;
     }
 
     /// The greatest number that an index takes; false when it cannot be told. `endOf` is the code of what the count is.
@@ -358,6 +373,11 @@ private:
         const int set = variable.Sets.size() == 1 ? variable.Sets.constFirst() : -1;
         const int value = Tree.Is(set, Node::Declarator) ? Tree.Part(set, 0) : -1;
         const QString length = Study.CodeOf(list) + QLatin1String(".length");
+        if (Study.CodeOf(index) == length) {
+            Study.Tell(Code::ScriptIndex, index,
+                QStringLiteral("The last index of \"%1\" is one below its length").arg(Study.CodeOf(list)));
+            return;
+        }
         double greatest = 0;
         // A large number stands for the length, which an index of the list may not reach.
         constexpr double unknown = 1e9;

@@ -65,6 +65,8 @@ private:
         const QString &name = Tree.At(target).Text;
         const QString owner = Study.NameOf(Tree.Part(target, 0));
         const WidgetEntry *widget = Study.WidgetOf(Tree.Part(target, 0));
+        if (!widget && Study.ClassOf(Tree.Part(target, 0)))
+            CheckSheetProperty(target);
         if (const ScriptMethod *method = Study.PropertyOf(target) ? nullptr : Study.MethodOf(target)) {
             Study.Tell(Code::ScriptSignal, target,
                 QStringLiteral("\"%1\" of \"%2\" is a function, and the assignment does nothing to it")
@@ -138,6 +140,31 @@ private:
         return MadeNames.contains(name);
     }
 
+    void CheckSheetProperty(int target)
+    {
+        const QString &name = Tree.At(target).Text;
+        const QStringList names = Registry::SheetPropertyNames() + ScriptClass::Of(QString()).Names();
+        const bool isShort = name.size() >= 3
+            && std::any_of(names.cbegin(), names.cend(), [&](const QString &known) { return known.startsWith(name); });
+        const bool isStated = Study.Form.FindSheetProperty(name, false) || Study.MethodOf(target);
+        if (!isStated && !Mentioned.contains(name) && (isShort || !NearestName(name, names).isEmpty()))
+            Study.Sink.AddMisspelt(Code::ScriptProperty, Study.PlaceOf(target),
+                QStringLiteral("The sheet does not state \"%1\", and the assignment reaches nothing").arg(name), name,
+                names);
+    }
+
+    /// Custom properties that the control has by nearly that name.
+    void CheckCustom(int call, const WidgetEntry &widget)
+    {
+        const QString name = Study.ConstantOf(qMax(0, Tree.Part(call, 1)));
+        QStringList names;
+        for (const PropertyEntry &property : widget.Properties)
+            names += property.IsCustom ? QStringList(property.Name) : QStringList();
+        if (Tree.At(call).Parts.size() == 2 && !names.contains(name) && !NearestName(name, names).isEmpty())
+            Study.Sink.AddMisspelt(Code::ScriptMember, Study.PlaceOf(Tree.Part(call, 1)) + 1,
+                QStringLiteral("\"%1\" has no custom property \"%2\"").arg(widget.Name, name), name, names);
+    }
+
     /// `gain.value = 5` as `gain.NAME(5)`.
     Mend MendToCall(int assignment, const QString &name) const
     {
@@ -173,7 +200,9 @@ private:
         if (Mentioned.contains(name))
             return;
         const QStringList names = Registry::PropertyNames(*widget.Info) + ScriptClass::Of(widget.Class).Names();
-        if (NearestName(name, names).isEmpty() && !IsOfAnyClass(name))
+        const bool isShort = name.size() >= 3
+            && std::any_of(names.cbegin(), names.cend(), [&](const QString &known) { return known.startsWith(name); });
+        if (!isShort && NearestName(name, names).isEmpty() && !IsOfAnyClass(name))
             return;
         Study.Sink.AddMisspelt(Code::ScriptProperty, Study.PlaceOf(target),
             QStringLiteral("A %1 has no \"%2\", and nobody reads what is assigned to it").arg(widget.Class, name), name,
@@ -228,6 +257,8 @@ private:
                 && Tree.At(function).Text == QLatin1String("setItemValue"))
                 Study.Tell(Code::TableUnshown, function,
                     QStringLiteral("\"%1\" keeps and writes this, and does not show it").arg(widget->Name));
+            if (widget && Tree.At(function).Text == QLatin1String("customProperty"))
+                CheckCustom(call, *widget);
             CheckNames(call, function);
             for (int i = 0; i < count; ++i)
                 CheckArgument(Tree.Part(call, i + 1), method->TypeOf(i, count), Tree.At(function).Text);
@@ -236,7 +267,7 @@ private:
         }
     }
 
-    /// Texts that name an enumeration or a unit.
+    /// Texts that name an enumeration.
     void CheckNames(int call, int function)
     {
         const int argument = Tree.Part(call, 1);
@@ -247,11 +278,6 @@ private:
         if (Tree.At(function).Text == QLatin1String("setEnumName") && !Study.Form.FindEnum(text))
             Study.Sink.AddMisspelt(Code::EnumUnknown, Study.PlaceOf(argument) + 1,
                 QStringLiteral("There is no enumeration \"%1\"").arg(text), text, Study.Form.EnumNames());
-        const PropertyInfo *scale = Registry::FindProperty(*widget->Info, prop::UnitScale);
-        if (Tree.At(function).Text == QLatin1String("setUnitScale") && scale && scale->use == PropertyUse::Read
-            && !IsNumber(text))
-            Study.Tell(Code::ScriptArgument, argument,
-                QStringLiteral("The unit is stated as its Hz, as in setUnitScale(1000); a text always gives Hz"));
     }
 
     bool IsProperty(int member) const
@@ -335,6 +361,11 @@ private:
         double number = 0;
         if (type == ValueType::Text)
             return;
+        if (type != ValueType::Bool && Tree.Is(value, Node::Binary, "+") && kind == ScriptKind::Text) {
+            Study.Tell(Code::ScriptTextSum, value,
+                QStringLiteral("\"%1\" wants a number, and + puts texts together").arg(wants));
+            return;
+        }
         if (type == ValueType::Bool) {
             if (SeemsFalse(text) && (countsAny || (text != QLatin1String("false") && text != QLatin1String("0"))))
                 Study.Tell(Code::ScriptArgument, value,

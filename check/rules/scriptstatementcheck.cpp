@@ -39,6 +39,11 @@ public:
                 break;
             case Node::Conditional:
                 CheckFunctionTest(Tree.Part(i, 0));
+                CheckBranches(i);
+                if (Tree.Is(Tree.Part(i, 0), Node::Binary, "+") && !Tree.At(Tree.Part(i, 0)).IsInBrackets
+                    && Study.KindOf(Tree.Part(i, 0)) == ScriptKind::Text)
+                    Study.Tell(Code::ScriptCondition, Tree.Part(i, 0),
+                        QStringLiteral("The whole sum is asked, and a text is true; put brackets around the question"));
                 break;
             case Node::Switch:
                 CheckSwitch(i);
@@ -48,6 +53,7 @@ public:
                 break;
             case Node::Call:
                 CheckOwnValue(i);
+                CheckUsed(i);
                 break;
             case Node::Number:
                 if (Tree.At(i).Text.size() > 1 && Tree.At(i).Text.startsWith(QLatin1Char('0'))
@@ -57,6 +63,7 @@ public:
                 break;
             case Node::Assign:
                 CheckSign(i);
+                CheckNothing(i);
                 CheckGiven(i);
                 CheckLost(i);
                 break;
@@ -80,8 +87,12 @@ private:
         const bool isFunction = (Study.MethodOf(expression) && !Study.PropertyOf(expression))
             || (node.What == Node::Name && Study.Bindings.FunctionOf(expression) >= 0)
             || node.What == Node::FunctionExpression;
+        if (CheckDropped(expression))
+            return;
         // A text may be a directive, a last statement the value of the script.
-        if (node.What == Node::Quoted || isFunction || !Study.IsIdle(expression) || IsPlain(expression))
+        const bool isFirst = Tree.PlaceOf(statement) == 0;
+        if ((node.What == Node::Quoted && isFirst && node.Text.startsWith(QLatin1String("use "))) || isFunction
+            || !Study.IsIdle(expression) || IsPlain(expression))
             return;
         const bool compares
             = node.What == Node::Binary && (node.Text == QLatin1String("==") || node.Text == QLatin1String("==="));
@@ -89,6 +100,24 @@ private:
             compares ? QStringLiteral("This compares and does nothing; = assigns")
                      : QStringLiteral("This statement has no effect"),
             compares ? Mend{Study.PlaceOf(expression), node.Text, QStringLiteral("=")} : Mend());
+    }
+
+    /// Methods of texts give a new text, and change nothing.
+    bool CheckDropped(int expression)
+    {
+        const int method = Tree.Is(expression, Node::Call) ? Tree.Part(expression, 0) : -1;
+        static const QSet<QString> pure{QStringLiteral("replace"), QStringLiteral("toUpperCase"),
+            QStringLiteral("toLowerCase"), QStringLiteral("substring"), QStringLiteral("substr"),
+            QStringLiteral("trim"), QStringLiteral("charAt"), QStringLiteral("toFixed"), QStringLiteral("concat"),
+            QStringLiteral("split")};
+        const bool hasFunction
+            = method >= 0 && Study.Contains(expression, [this](int i) { return Tree.IsFunction(i); });
+        if (!Tree.Is(method, Node::Member) || !pure.contains(Tree.At(method).Text) || hasFunction
+            || Study.ClassOf(Tree.Part(method, 0)) || Study.KindOf(Tree.Part(method, 0)) == ScriptKind::Object)
+            return false;
+        Study.Tell(Code::ScriptIdle, method,
+            QStringLiteral("\"%1\" gives a new text, which nobody takes").arg(Tree.At(method).Text));
+        return true;
     }
 
     /// What somebody may leave standing on purpose: a constant, or a name of the program's own at its end.
@@ -100,8 +129,73 @@ private:
             || (isLast && kind == Node::Name && !Study.ClassOf(expression));
     }
 
+    /// Both ways lead to the same.
+    void CheckBranches(int node)
+    {
+        const int yes = Tree.Part(node, 1);
+        const int no = Tree.Part(node, 2);
+        if (no >= 0 && Tree.At(yes).Parts.size() > 0 && Study.CodeOf(yes).simplified() == Study.CodeOf(no).simplified())
+            Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.StartOf(no)),
+                QStringLiteral("The same is done whether the condition holds or not"));
+    }
+
+    /// An else that stands under another if than the one that it belongs to.
+    void CheckElse(int node)
+    {
+        const int no = Tree.Part(node, 2);
+        const QString &code = Study.Script.Code();
+        const int word = no < 0 ? -1 : code.lastIndexOf(QLatin1String("else"), Tree.StartOf(no));
+        if (word < 0 || Tree.Is(Tree.At(node).Parent, Node::Block) || !Tree.Is(Tree.At(node).Parent, Node::If)
+            || Tree.PlaceOf(node) != 1)
+            return;
+        const int line = code.lastIndexOf(QLatin1Char('\n'), word) + 1;
+        const QString margin = code.mid(line, word - line);
+        if (margin.trimmed().isEmpty() && margin == MarginOf(Tree.At(node).Parent) && margin != MarginOf(node))
+            Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(word),
+                QStringLiteral("This else belongs to the if inside, and not to the one that it stands under"));
+    }
+
+    /// `a = a`, lengths and letters that cannot be set, push() for the array.
+    void CheckNothing(int assignment)
+    {
+        const int target = Tree.Part(assignment, 0);
+        const int value = Tree.Part(assignment, 1);
+        const bool isPlain = Tree.At(assignment).Text == QLatin1String("=");
+        const bool isSame = isPlain && Tree.Is(target, Node::Name) && Tree.Is(value, Node::Name)
+            && Tree.At(target).Text == Tree.At(value).Text;
+        const int object
+            = Tree.Is(target, Node::Member, "length") || Tree.Is(target, Node::Item) ? Tree.Part(target, 0) : -1;
+        const bool isFixed = object >= 0
+            && (Study.KindOf(object) == ScriptKind::Text
+                || (Tree.Is(target, Node::Member) && Study.Bindings.FunctionOf(object) >= 0));
+        if (isSame || isFixed)
+            Study.Tell(Code::ScriptIdle, assignment, QStringLiteral("This assignment changes nothing"));
+        const int method = Tree.Is(value, Node::Call) ? Tree.Part(value, 0) : -1;
+        if (isPlain && (Tree.Is(method, Node::Member, "push") || Tree.Is(method, Node::Member, "unshift"))
+            && Tree.Is(target, Node::Name) && Study.CodeOf(Tree.Part(method, 0)) == Tree.At(target).Text)
+            Study.Tell(Code::ScriptArgument, method,
+                QStringLiteral("\"%1\" gives the new length, and not the array").arg(Tree.At(method).Text));
+    }
+
+    /// What gives nothing, where a value is wanted.
+    void CheckUsed(int call)
+    {
+        const int function = Tree.Part(call, 0);
+        const ScriptMethod *method = Study.MethodOf(function);
+        const int outer = Tree.At(call).Parent;
+        const bool isWanted = Tree.Is(outer, Node::Declarator)
+            || (Tree.Is(outer, Node::Assign) && Tree.PlaceOf(call) == 1)
+            || (Tree.Is(outer, Node::Call) && Tree.PlaceOf(call) > 0 && !Study.Bindings.IsConnection(outer))
+            || Tree.Is(outer, Node::Binary, "+") || Tree.Is(outer, Node::Binary, "==");
+        if (method && isWanted && !method->IsSignal && KindOfType(method->Result) == ScriptKind::Nothing)
+            Study.Tell(
+                Code::ScriptArgument, function, QStringLiteral("\"%1\" gives no value").arg(Tree.At(function).Text));
+    }
+
     void CheckIf(int node)
     {
+        CheckBranches(node);
+        CheckElse(node);
         CheckTest(Tree.Part(node, 0), true);
         const int then = Tree.Part(node, 1);
         if (Tree.Is(then, Node::Empty) && Tree.At(node).Parts.size() == 2 && Study.CodeOf(then) == QLatin1String(";"))
@@ -309,7 +403,11 @@ private:
         const QVector<int> &parts = Tree.At(block).Parts;
         for (int i = 0; i + 1 < parts.size(); ++i) {
             const QString target = TargetOf(parts.at(i));
-            if (!target.isEmpty() && target == TargetOf(parts.at(i + 1)) && SetsConstant(parts.at(i))
+            const int setter = Tree.Part(Tree.Part(parts.at(i), 0), 0);
+            const WidgetEntry *widget = Tree.Is(setter, Node::Member) ? Study.WidgetOf(Tree.Part(setter, 0)) : nullptr;
+            // What does not show may tell each of its values.
+            const bool isHeard = widget && !widget->Has(ekShown);
+            if (!target.isEmpty() && !isHeard && target == TargetOf(parts.at(i + 1)) && SetsConstant(parts.at(i))
                 && SetsConstant(parts.at(i + 1)))
                 Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
                     QStringLiteral("The statement before gives \"%1\" another value, for nothing").arg(target));
@@ -432,6 +530,15 @@ private:
     void CheckMargins(int block)
     {
         const QVector<int> &parts = Tree.At(block).Parts;
+        for (int i = 0; i + 1 < parts.size(); ++i) {
+            const bool isEmpty = Tree.IsLoop(parts.at(i)) && !Tree.Is(parts.at(i), Node::Do)
+                && Tree.Is(Tree.At(parts.at(i)).Parts.constLast(), Node::Empty);
+            const QString margin = MarginOf(parts.at(i + 1));
+            const QString outer = MarginOf(parts.at(i));
+            if (isEmpty && !margin.isNull() && !outer.isNull() && margin.size() > outer.size())
+                Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.At(parts.at(i)).End - 1),
+                    QStringLiteral("The loop ends at this semicolon, and what follows is done once"));
+        }
         for (int i = 0; i + 1 < parts.size(); ++i) {
             const int dependent = DependentOf(parts.at(i));
             if (dependent < 0)

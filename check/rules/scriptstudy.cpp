@@ -371,7 +371,7 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
     if (MethodOf(node) && !PropertyOf(node))
         return ScriptKind::Function;
     const WidgetEntry *widget = WidgetOf(object);
-    if (!widget && IsAny(here.Text, {"toString", "toFixed", "toUpperCase", "toLowerCase", "indexOf", "charAt"}))
+    if (!widget && IsAny(here.Text, {"toString", "toFixed", "toUpperCase", "toLowerCase", "indexOf", "charAt", "join"}))
         return ScriptKind::Function;
     if (!widget)
         return here.Text == QLatin1String("length") ? ScriptKind::Number : ScriptKind::Any;
@@ -508,7 +508,7 @@ void ScriptStudy::FindAssignments()
     }
 }
 
-/// Whether a property is read before the script can have set it: all that sets it comes later, or around the reading.
+/// Whether a property is read before the script can have set it: all that sets it stands around the reading.
 bool ScriptStudy::IsReadFirst(int node, const WidgetEntry &widget, const QString &property) const
 {
     const QVector<int> sets = SetsOf.value(widget.Name + QLatin1Char('.') + property);
@@ -519,10 +519,7 @@ bool ScriptStudy::IsReadFirst(int node, const WidgetEntry &widget, const QString
         return false;
     const bool isPlain = std::all_of(name.Reads.cbegin(), name.Reads.cend(),
         [this](int read) { return Tree.Is(Tree.At(read).Parent, Node::Member); });
-    const bool isAtRoot = Tree.At(node).Function == Tree.Root();
-    return isPlain && std::all_of(sets.cbegin(), sets.cend(), [&](int set) {
-        return Tree.IsInside(node, set) || (isAtRoot && set > node && Tree.At(set).Function == Tree.Root());
-    });
+    return isPlain && std::all_of(sets.cbegin(), sets.cend(), [&](int set) { return Tree.IsInside(node, set); });
 }
 
 bool ScriptStudy::MaySet(const WidgetEntry &widget, QLatin1String property) const

@@ -50,19 +50,22 @@ void CheckStrayText(const FormModel &form, FindingSink &sink)
     if (text.contains(QLatin1String("<!ENTITY")))
         return;
     QStringList open;
+    bool isBehindValue = false; // The last tag ended an element.
     for (const XmlToken &token : ScanXml(text)) {
         const QStringRef raw = text.midRef(token.From, token.To - token.From);
         if (token.What == XmlToken::StartTag)
             open.append(NameOfTag(raw));
         else if (token.What == XmlToken::EndTag && !open.isEmpty())
             open.removeLast();
+        if (token.What == XmlToken::StartTag || token.What == XmlToken::EndTag || token.What == XmlToken::EmptyTag)
+            isBehindValue = token.What != XmlToken::StartTag;
         const bool isInScript = !open.isEmpty() && open.constLast() == element::Script;
         if (token.What == XmlToken::Comment)
             CheckComment(form, token, isInScript && form.Script >= 0, sink);
         const bool isText = token.What == XmlToken::Text || token.What == XmlToken::Section;
         const bool isBetween = isText && std::all_of(open.cbegin(), open.cend(), HoldsElements);
         // A property that holds text in place of a value is told for that.
-        const bool isTold = open.isEmpty() || open.constLast() == element::Property;
+        const bool isTold = open.isEmpty() || (open.constLast() == element::Property && !isBehindValue);
         const int letter = isBetween && !isTold ? FirstLetter(text, token.From, token.To) : token.To;
         if (letter < token.To)
             sink.Add(Code::TextStray, form.Doc.PlaceAt(letter),

@@ -50,6 +50,9 @@ void ScriptDeclarations::FindMade()
         if (IsMark(i - 1, '.')) {
             if (IsAssigned(i) && IsName(i - 2))
                 SetMembers.insert(Tokens.at(i - 2).Text + QLatin1Char('.') + text);
+        } else if ((IsWord(i, "get") || IsWord(i, "set")) && IsName(i + 1) && IsMark(i + 2, '(')) {
+            Made.insert(text);
+            FindParameters(i + 1);
         } else if (IsWord(i, "var")) {
             FindVariables(i + 1);
         } else if (IsWord(i, "function") || IsWord(i, "catch")) {

@@ -158,7 +158,7 @@ const QVector<BrokenForm> &BrokenForms()
         // limits
         {"limits reversed", K::Definition, Number(P("minimum", "Double", "@5") + P("maximum", "Double", "1")), "limit-reversed"},
         {"value above", K::Definition, Number(P("maximum", "Double", "1") + P("value", "Double", "@2")), "limit-outside"},
-        {"value below in display units", K::Definition, Number(P("value", "Double", "@2") + P("minimum", "Double", "1") + P("displayScalingFactor", "Double", "0.1")), "limit-outside"},
+        {"value below in display units", K::Definition, Number(P("value", "Double", "2") + P("minimum", "Double", "@1") + P("displayScalingFactor", "Double", "0.1")), "limit-outside"},
         {"scaled frequency outside", K::Definition, Sheet(W("a", "BandwidthEdit", P("unitScale", "UInt64", "1000") + P("maximum", "Int64", "20") + P("value", "Int64", "@20001"))), "limit-outside"},
         {"range reversed", K::Definition, Sheet(W("a", "FrequencyRangeEdit", P("startFrequency", "Int64", "@9000") + P("stopFrequency", "Int64", "9000"))), "limit-reversed"},
         {"range outside the limits of its class", K::Definition, Sheet(W("a", "FrequencyRangeEdit", P("startFrequency", "Int64", "@7999") + P("stopFrequency", "Int64", "@26500000001"))), "limit-outside limit-outside"},
@@ -167,7 +167,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"too many items", K::Definition, Sheet(W("a", "SpinBoxList", P("itemCount", "Int", "@1001"))), "count-beyond"},
         {"too many cells", K::Definition, Sheet(W("a", "HiddenTable", P("rowCount", "Int", "@1000") + P("columnCount", "Int", "1000"))), "count-beyond"},
         {"negative count", K::Definition, Sheet(W("a", "HiddenList", P("itemCount", "Int", "@-1"))), "count-beyond"},
-        {"list without items", K::Definition, Sheet("@" + W("a", "ShiftList", P("itemCount", "Int", "0") + P("shiftCount", "Int", "3"))), "count-missing"},
+        {"list without items", K::Definition, Sheet("@" + W("a", "ShiftList", P("itemCount", "Int", "0") + "@" + P("shiftCount", "Int", "3"))), "count-missing count-missing"},
         {"table without columns", K::Definition, Sheet("@" + W("a", "TableWidget", P("rowCount", "Int", "3"))), "count-missing"},
         // rows
         {"label without visible", K::Definition, Sheet("<Widget name='a' class='Label'>@" + P("labelText", "String", "L") + "</Widget>"), "label-hidden"},
