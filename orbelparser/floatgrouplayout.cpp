@@ -1,6 +1,7 @@
 #include "floatgrouplayout.h"
 
 #include "floatgrouparranger.h"
+#include "lookwatch.h"
 #include "sectionline.h"
 
 #include <QEvent>
@@ -83,12 +84,25 @@ QGroupBox *FloatGroupLayout::addHeadline(const QString &title, int margin, const
     // A line without a title shares the margin between its height and the gap above it.
     const int gap = title.isEmpty() ? margin - margin / 2 : margin;
     QGroupBox *line = Named(new SectionLine(title, gap, parentWidget()), name);
+    watchLook();
     line->setAlignment(Qt::AlignHCenter);
     line->setFlat(true);
     if (title.isEmpty())
         line->setFixedHeight(margin / 2 + 5);
     addWidget(line);
     return line;
+}
+
+void FloatGroupLayout::watchLook()
+{
+    if (Look || !parentWidget())
+        return;
+    Look = new Orbel::LookWatch(parentWidget(), this, [this] {
+        for (QLayoutItem *item : qAsConst(Items)) {
+            if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
+                line->FollowParent();
+        }
+    });
 }
 
 QWidget *FloatGroupLayout::addSeparator(int height, const char *name)

@@ -112,6 +112,7 @@ private:
     QRect placeOf(int index) const;
     void setListGeometry(QLayoutItem *item);
     void dropListWidths();
+    void watchLook();
     void setFlag(int index, int flag);
     void clearHints() const;
     void settle();
@@ -121,6 +122,8 @@ private:
     /// Set by the constructor; null when there is none or it was destroyed. Not as a scroll area: while that is being
     /// destroyed only a widget is left of it.
     QPointer<QWidget> ScrollArea;
+    /// Notifies the section lines of the parent's font and colours; made with the first of them.
+    QObject *Look = nullptr;
     /// Owned.
     QList<QLayoutItem *> Items;
     /// FloatGroupItem::Flag of the item at the same index. Longer than `Items` when marks wait for the next item.

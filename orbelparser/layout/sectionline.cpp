@@ -30,14 +30,27 @@ bool SectionLine::event(QEvent *event)
         else
             Margins = contentsMargins();
     }
-    return QGroupBox::event(event);
+    const bool handled = QGroupBox::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
+        FollowParent();
+    return handled;
 }
 
-void SectionLine::SetIndicator(const QIcon &unchecked, const QIcon &checked)
+/// To Qt, a widget with a style sheet takes its font and colours from the application, once, unless its parent has a
+/// sheet.
+void SectionLine::FollowParent()
 {
-    Unchecked = unchecked;
-    Checked = checked;
-    update();
+    const QWidget *parent = parentWidget();
+    if (!testAttribute(Qt::WA_StyleSheet) || !parent || parent->testAttribute(Qt::WA_StyleSheet))
+        return;
+    setAttribute(Qt::WA_StyleSheet, false);
+    // What the parent states counts; the rest may be this line's own.
+    QFont own = font();
+    own.resolve(testAttribute(Qt::WA_SetFont) ? own.resolve() & ~parent->font().resolve() : 0);
+    setFont(own);
+    QPalette colours = palette();
+    colours.resolve(testAttribute(Qt::WA_SetPalette) ? colours.resolve() & ~parent->palette().resolve() : 0);
+    setPalette(colours);
 }
 
 QSize SectionLine::minimumSizeHint() const
@@ -79,10 +92,7 @@ void SectionLine::paintEvent(QPaintEvent *)
     const auto placeOf
         = [&](QStyle::SubControl part) { return style()->subControlRect(QStyle::CC_GroupBox, &option, part, this); };
     QRect line(0, height() / 2, width(), 1);
-    const QIcon &picture = isChecked() ? Checked : Unchecked;
-    if (isCheckable() && !picture.isNull()) {
-        picture.paint(&painter, placeOf(QStyle::SC_GroupBoxCheckBox));
-    } else if (isCheckable()) {
+    if (isCheckable()) {
         QStyleOptionButton indicator;
         indicator.QStyleOption::operator=(option);
         indicator.rect = placeOf(QStyle::SC_GroupBoxCheckBox);

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QGroupBox>
-#include <QIcon>
 
 /// The group box over a section: its title and a line, without the frame that some styles draw around the contents even
 /// of a flat group box. There are no contents; the top contents margin is the gap above the line. Margins that a host
 /// sets stay, unlike those of a plain group box; ones that equal the frame's are taken for the base class's and do not.
+/// A style sheet of its own, which names the pictures of its indicator, does not keep it from following its parent's
+/// font and colours.
 class SectionLine : public QGroupBox
 {
 public:
@@ -14,8 +15,8 @@ public:
 
     /// As high as the line of its title, without the room that a style keeps for a frame.
     QSize minimumSizeHint() const override;
-    /// What a checkable line shows in place of the style's indicator.
-    void SetIndicator(const QIcon &unchecked, const QIcon &checked);
+    /// To be called when the parent's font or colours have changed.
+    void FollowParent();
 
 protected:
     bool event(QEvent *event) override;
@@ -26,7 +27,4 @@ private:
     QMargins FrameMargins() const;
 
     QMargins Margins;
-    // None for the style's own indicator.
-    QIcon Unchecked;
-    QIcon Checked;
 };

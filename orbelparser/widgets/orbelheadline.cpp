@@ -4,8 +4,6 @@
 #include "formdoor.h"
 #include "formlimits.h"
 #include "newcontrol.h"
-#include "sectionline.h"
-#include "sharedicon.h"
 
 namespace KV218
 {
@@ -29,9 +27,10 @@ void OrbelHeadline::CreateGUI(FloatGroupLayout *layout)
     GroupBox->setAlignment(Qt::AlignLeft);
     GroupBox->setCheckable(true);
     GroupBox->setChecked(GroupVisible);
-    // A style sheet would do it, too, but costs as much as a control, and Qt keeps an entry for each picture of one.
-    static_cast<SectionLine *>(GroupBox.data())
-        ->SetIndicator(SharedIcon(QStringLiteral("HeadlineClosed")), SharedIcon(QStringLiteral("HeadlineOpened")));
+    // Hosts read it, and theirs stands in its place or adds to it.
+    GroupBox->setStyleSheet(
+        QStringLiteral("QGroupBox::indicator:unchecked {image: url(:/OrbelParser/HeadlineClosed.svg);}"
+                       "QGroupBox::indicator:checked {image: url(:/OrbelParser/HeadlineOpened.svg);}"));
     RefreshToolTip();
     connect(GroupBox, &QGroupBox::clicked, this, &OrbelHeadline::slotClicked);
     PropagateProperties(GroupBox);
