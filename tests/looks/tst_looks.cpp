@@ -276,6 +276,15 @@ private Q_SLOTS:
         QCOMPARE(field->palette().color(QPalette::Text), plain);
     }
 
+    /// A host's style sheet builds on it.
+    void headlinesHaveTheirStyleSheet()
+    {
+        LiveForm live(Widget("h", "Headline", {"text=String:One"}));
+        QCOMPARE(live.Find("h")->styleSheet(),
+            QString("QGroupBox::indicator:unchecked {image: url(:/OrbelParser/HeadlineClosed.svg);}"
+                    "QGroupBox::indicator:checked {image: url(:/OrbelParser/HeadlineOpened.svg);}"));
+    }
+
     void theLargeFieldCutsNoDigit()
     {
         VCFrequency control(nullptr, nullptr, false, nullptr, true);
