@@ -131,7 +131,9 @@ private:
         if (stated.startsWith(QLatin1Char('/')) || stated.contains(QLatin1String("//")))
             Sink.Add(
                 Code::PathEmpty, PlaceOfPath(widget), QStringLiteral("The empty part of the path counts for nothing"));
-        if (parts.size() > 1 && parts.constFirst() == Form.RootTag())
+        // Who names the root may mean a part of the same name.
+        const bool isRootNamed = Form.FindSheetProperty(prop::ParametersXmlRootTag, false);
+        if (parts.size() > 1 && !isRootNamed && parts.constFirst() == Form.RootTag())
             Sink.Add(Code::PathRoot, PlaceOfPath(widget),
                 QStringLiteral("\"%1\" is the name of the root element already").arg(parts.constFirst()));
         QString path;
