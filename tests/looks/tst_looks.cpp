@@ -242,18 +242,29 @@ private Q_SLOTS:
             for (RowLabel *label : shown.All<RowLabel>()) {
                 const QSize size = label->sizeHint();
                 const QImage before = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
-                label->SetMark(RowLabel::Changed);
-                const QImage now = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
-                QVERIFY2(label->sizeHint() == size, "the mark takes no room");
-                double strongest = 1;
-                for (int at = 0; at < now.width() * now.height(); ++at) {
-                    const QPoint place(at % now.width(), at / now.width());
-                    if (now.pixel(place) != before.pixel(place))
-                        strongest = std::max(
-                            strongest, Contrast(now.pixel(place), label->palette().color(QPalette::Window).rgb()));
+                QVector<QImage> seen;
+                for (const auto mark :
+                    {RowLabel::Changed, RowLabel::Refused, RowLabel::Differs, RowLabel::Unconfirmed}) {
+                    label->SetMark(mark);
+                    const QImage now = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
+                    QVERIFY2(label->sizeHint() == size, "the mark takes no room");
+                    QVERIFY2(!seen.contains(now), "each mark has a look of its own");
+                    seen << now;
+                    double strongest = 1;
+                    int last = 0;
+                    for (int at = 0; at < now.width() * now.height(); ++at) {
+                        const QPoint place(at % now.width(), at / now.width());
+                        if (now.pixel(place) != before.pixel(place)) {
+                            strongest = std::max(
+                                strongest, Contrast(now.pixel(place), label->palette().color(QPalette::Window).rgb()));
+                            last = place.y() + 1;
+                        }
+                    }
+                    QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
+                    const int under = label->Baseline() + label->fontMetrics().descent() + 1;
+                    QVERIFY2(last == std::min(now.height(), under), "right under the letters");
                 }
                 label->SetMark(RowLabel::None);
-                QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
             }
         }
     }
