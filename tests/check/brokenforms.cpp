@@ -177,6 +177,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"range without tags", K::Definition, Sheet("@" + W("a", "FrequencyRangeEdit", Written + P("startFrequencyParameterXmlTag", "String", "S"))), "range-tags"},
         {"list without an item tag", K::Definition, Sheet("@" + W("a", "HiddenMap", Written)), "item-tag"},
         {"tags of items and ends that are no names", K::Definition, Sheet(W("a", "HiddenMap", Written + P("parameterListItemTag", "String", "@1x")) + W("b", "FrequencyRangeEdit", Written + P("startFrequencyParameterXmlTag", "String", "@2x") + P("stopFrequencyParameterXmlTag", "String", "@2x"))), "parameter-tag parameter-tag parameter-tag+range-tags"},
+        {"list at the place of another control", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "x")) + "@" + W("b", "SpecialObject_FHP", "<CustomProperties>" + P("own", "String", "y") + P("customXmlTag", "String", "x") + "</CustomProperties>")), "parameter-doubled"},
         {"path of too many parts", K::Definition, Sheet(W("a", "CheckBox", Written + P("parameterXmlTag", "String", "@" + QString("a/").repeated(100000) + "b"))), "parameter-tag"},
         {"attribute that is no name", K::Definition, Sheet("<Properties>" + P("Attribute_1", "String", "x") + "</Properties><CustomProperties>@" + P("Attribute_1", "String", "x") + "</CustomProperties>"), "parameter-tag"},
         // conventions
@@ -190,6 +191,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"syntax error behind operators and texts", K::Definition, Scripted("x = !y == 1.5e-3&amp;&amp;'a b'+-.5 ; x.@=y"), "script-syntax"},
         {"brackets that never close", K::Definition, Scripted("var x = " + QString("[").repeated(2000) + "@"), "script-syntax"},
         {"syntax error in deep brackets", K::Definition, Scripted("var x = " + QString("[").repeated(64) + "@; x"), "script-syntax"},
+        {"syntax error behind a block at the start", K::Definition, Scripted("{\n}\n  x = @];"), "script-syntax"},
         {"unfinished script", K::Definition, Scripted("function f() {\n  1;@"), "script-syntax"},
         {"exception", K::Run, Scripted("var x = 1;{{LF}}  @nosuch.y = x;"), "script-exception"},
         {"exception of a control's member", K::Run, Scripted("var x = 1;\n  @n.setValu(1);").replace("@n.setV", "n.@setV"), "script-exception"},
@@ -207,6 +209,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"text between elements", K::Definition, Sheet("@&gt;" + W("a", "Label", " @x ") + "<!-- y -->@<![CDATA[z]]>"), "text-stray text-stray text-stray"},
         {"property that is not stated", K::Definition, Scripted("n.@value = 5; n.own = 1; n.visible = true;"), "script-property"},
         {"choice that is none", K::Definition, Chosen("m.setCurrentValue('@AN'); if (m.currentValue == '@Amplitude') m.setCurrentValue('am');"), "script-choice script-choice"},
+        {"cases of another kind", K::Definition, Chosen("switch (m2.minimum) { case 'a': break; case @1: break; default: }"), "script-comparison"},
         {"number that is a text", K::Definition, Chosen("var a = m2.@minimum + 1, b = 2 + m2.@minimum;"), "script-text-sum script-text-sum"},
         {"variable with the name of a widget", K::Definition, Scripted("@function f() { var @n = 1; n.setValue(2); } var @Mode = 1;"), "script-unused script-shadow script-shadow"},
         {"value beyond limits that the script sets", K::Run, Sheet(W("a", "SpinBox", P("value", "Int", "@5")), "<Script>a.setMaximum(3);</Script>"), "limit-outside"},
