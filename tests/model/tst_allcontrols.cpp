@@ -61,6 +61,14 @@ QString CallFromScript(QScriptEngine *engine, const QString &global, const QMeta
     return failure;
 }
 
+/// "text" for setText(QString); empty for what is no setter.
+QByteArray PropertySetBy(const QMetaMethod &method)
+{
+    const QByteArray name = method.name();
+    return name.startsWith("set") && method.parameterCount() == 1 ? name.mid(3, 1).toLower() + name.mid(4)
+                                                                  : QByteArray();
+}
+
 /// Connects a script's function, emits the signal, and gives how many arguments arrived; -1 for none of it.
 int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *sender, const QMetaMethod &signal)
 {
@@ -192,6 +200,11 @@ private Q_SLOTS:
         OrbelDelegate *delegate = className.isEmpty() ? form->GetSheet().GetDelegate() : Delegate(form, "a");
         QScriptEngine *engine = EngineOf(form);
         const QMetaObject *meta = delegate->metaObject();
+        const Orbel::ClassInfo *row = Orbel::Registry::FindClass(className);
+        const QStringList names = row ? Orbel::Registry::PropertyNames(*row) : Orbel::Registry::SheetPropertyNames();
+        // These set what is no property, or another one.
+        const QRegularExpression others("applyMode|PushButton.icon|Range.*Frequency|HiddenTable.*Count"
+                                        "|ScriptControl.(enabled|visible)[CEL]|^SpinBoxList.prefix");
         const ModalVisitor closer;
         QStringList wrong;
         int reached = 0;
@@ -207,11 +220,15 @@ private Q_SLOTS:
                 const QString failure = CallFromScript(engine, global, method);
                 if (!failure.isEmpty())
                     wrong << method.methodSignature() + ": " + failure.toUtf8();
+                const QByteArray set = PropertySetBy(method);
+                const bool isSet = PropertyOf(delegate, set) == Sample(method.parameterType(0));
+                if (names.contains(set) && !isSet && !others.match(className + '.' + set).hasMatch())
+                    wrong << method.methodSignature() + ": sets no property";
             }
         }
         QCOMPARE(wrong.join('\n'), QString());
         QVERIFY(reached >= 14);
-        if (const Orbel::ClassInfo *row = Orbel::Registry::FindClass(className)) {
+        if (row) {
             QCOMPARE(QString(meta->className()), QString("KV218::") + row->delegate->delegate);
             QCOMPARE(Untold(*row, Asked[delegate]).join('\n'), QString());
         }
