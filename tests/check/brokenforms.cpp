@@ -227,6 +227,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"limits of a change against each other", K::Change, Sheet(W("list", "", P("minimum", "Int", "@9"))), "limit-reversed"},
         {"change that the form's script and holder take", K::Change, Sheet(W("n", "", P("own", "Int", "1") + P("@others", "Int", "1")) + W("holder", "", P("any", "Int", "1"))), "property-unknown"},
         {"elements without a control", K::Parameters, "<Parameters>@<N/><Rx>@<M><x/></M></Rx></Parameters>", "document-element document-element"},
+        {"document inside a document", K::Parameters, "<Parameters>@<Parameters><N/></Parameters></Parameters>", "document-element"},
         {"texts that nothing takes", K::Parameters, "<Parameters><Rx><N>@1.5</N></Rx><box>@yes</box><mode>@3</mode><list><I>1</I><I>@a</I></list></Parameters>", "document-value document-value document-value document-value"},
         {"numbers and items outside", K::Parameters, "<Parameters><list><I>1</I><I index='0'>@9</I><I index='1'>1</I>@<I>1</I></list><table><I row='1' column='2'>x</I>@<I row='2'>x</I></table></Parameters>", "document-value document-value document-value"},
         {"list without a form", K::List, "@<Components/>", "form-missing"},

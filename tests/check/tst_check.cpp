@@ -297,6 +297,7 @@ private Q_SLOTS:
         add("UTF-16 with CR LF", utf16("<ZkParamGui>\n<Sheet>\r\n</Sheet></ZkParamGui>"), "2:9 xml-malformed");
         add("UTF-16 with a letter of a byte 0D", utf16(QString("<ZkParamGui version='a") + QChar(0x10d)), "1:23 xml-malformed");
         add("words that only a carriage return parts", "<ZkParamGui><Sheet\rname='s'/>", "2:6 xml-malformed");
+        add("a byte that is no letter, at the start", "\x80" + start + "</Sheet></ZkParamGui>", "1:1 xml-malformed");
         add("carriage returns", start + "\r\r\n" + wrong, "3:25 class-unknown");
         add("carriage return in a script", "<ZkParamGui><Script>1;\r] x</Script></ZkParamGui>", "2:1 script-syntax");
         add("tabs and letters beyond ASCII", "<!-- \xc3\xa4\xf0\x9f\x93\xbb -->\t" + start + wrong, "1:56 class-unknown");
