@@ -306,6 +306,29 @@ private Q_SLOTS:
             QCOMPARE(control->width() != live.Find("wide")->width(), special.contains(className) || row != className);
     }
 
+    void aScriptGivesTheFocus_data()
+    {
+        const auto row = Columns<QString>({"className"});
+        for (const QString &name : DelegateClassNames())
+            row(qPrintable(name), name);
+    }
+    void aScriptGivesTheFocus()
+    {
+        QFETCH(QString, className);
+        LiveForm live(Widget("first", "CheckBox", Usable) + Widget("a", className, Furnished + Usable));
+        live.Find("first")->setFocus();
+        live.form->EvaluateScript("a.setFocus()");
+        const QWidget *focus = live.window->focusWidget();
+        bool isTaken = false, isTaker = false;
+        for (const auto &face : live.Get("a")->GetFaces()) {
+            isTaken |= face.Widget && (face.Widget == focus || face.Widget->isAncestorOf(focus));
+            isTaker |= face.Widget && (face.Widget->focusPolicy() & Qt::TabFocus);
+        }
+        // To these nobody can give it.
+        isTaker &= !QStringList({"Headline", "ScriptControl", "SpinBoxList"}).contains(className);
+        QCOMPARE(isTaken, isTaker);
+    }
+
     void everySetIsAnnounced()
     {
         Probe probe;
