@@ -55,6 +55,11 @@ private Q_SLOTS:
         QVERIFY(!live.Find("applyButtonBox")->isEnabled() && live.Find<QScrollArea>("")->isEnabled());
         live.form->EvaluateScript("sheet.setVisible(false)");
         QVERIFY(live.window->isHidden());
+
+        const Form locked = Bind(Definition(""));
+        locked->GetSheet().GetUi()->SetLockReason("why");
+        const auto window = Build(locked);
+        QVERIFY(window->findChild<QLabel *>("lockLine") && window->findChild<QLabel *>("lockLine")->text() == "why");
     }
 
     void announcements_data()

@@ -398,6 +398,7 @@ private Q_SLOTS:
             "script r.setStartFrequencyParameterXmlTag('Begin')",
             "document <From>1</From><To>9500</To> =>",
             "written => <Begin>60000</Begin> <To>9000</To>",
+            "document <Begin>8500</Begin> => r=8500",
             "see r_StartFrequency.toolTip r_StopFrequency.startFrequencyParameterXmlTag => Start Frequency|Begin"});
         // clang-format on
     }

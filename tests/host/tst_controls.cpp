@@ -511,6 +511,21 @@ private Q_SLOTS:
         QCOMPARE(node.GetValue() + field->text(), QString("deDE"));
     }
 
+    void theListHasTheItemsOfItsNode()
+    {
+        ValueSelection node("n");
+        node.AddItems({"a", "b", "c", "d"}, nullptr);
+        VCComboBoxClassic box;
+        QVERIFY(box.SetValueSelection(&node));
+        for (const auto &[index, left] : {std::pair(1, "acd"), {2, "ac"}, {0, "c"}}) {
+            node.DeleteItem(const_cast<SelectionItem *>(node.GetItemIndex(index)), nullptr);
+            QString shown;
+            for (int i = 0; i < box.count(); ++i)
+                shown += box.itemText(i);
+            QCOMPARE(shown, QString(left));
+        }
+    }
+
     /// What a box remembers of its size must never be seen.
     void hintsAreThoseOfAPlainBox()
     {
