@@ -78,7 +78,6 @@ private Q_SLOTS:
             "focused => n_1",
             "ask n.isEnabled(0), n.isEnabled(3), n.value, n.prefix => false,false,[,(",
             "see n_0.enabled n_0.prefix => true|("});
-        row("an integer list is locked by its definition alone", Widget("n", "SpinBoxList", {"itemCount=Int:1", "enabled=Bool:false"}), {"see n_0.enabled => false"});
         row("items have a state of their own", Widget("n", "DoubleSpinBoxList", list), {
             "script n.setPrefix('['); n.setEnabled(1, false); n.setEnabled(3, true); n.setFocus()",
             "focused => n_0", "see n_2.prefix => [", "see n_0.enabled n_1.enabled n_2.enabled => true|false|true",
