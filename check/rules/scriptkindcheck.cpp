@@ -4,6 +4,7 @@
 #include "scriptstudy.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Orbel
 {
@@ -169,7 +170,7 @@ private:
                 isOr ? QStringLiteral("One of the two always differs, so that this is true for any value")
                      : QStringLiteral("\"%1\" is never both, so that this is never true").arg(first[0]));
         CheckConstantSide(node);
-        if (Study.IsIdle(node) && Study.CodeOf(left) == Study.CodeOf(Right(node)) && !Tree.Is(left, Node::Name))
+        if (!Tree.Is(left, Node::Name) && Study.CodeOf(left) == Study.CodeOf(Right(node)) && Study.IsIdle(left))
             Study.Tell(Code::ScriptComparison, node, QStringLiteral("Both sides ask the same"));
         CheckBounds(node, left, isOr);
     }
@@ -214,11 +215,7 @@ private:
         const QString operation = Tree.At(node).Text;
         double number = 0;
         const bool isOtherNumber = Study.NumberOf(other, &number) && number != 0 && number != 1;
-        const bool isFraction
-            = Study.Contains(
-                  one, [this](int i) { return Tree.Is(i, Node::Number) && Tree.At(i).Text.contains(QLatin1Char('.')); })
-            && Tree.Is(one, Node::Binary) && a == ScriptKind::Number && !isStrict;
-        if (isFraction && !Tree.Is(Tree.At(one).Parent, Node::Binary, "<"))
+        if (Tree.Is(one, Node::Binary) && a == ScriptKind::Number && !isStrict && HasFraction(one))
             Study.Tell(Code::ScriptComparison, node,
                 QStringLiteral(
                     "Fractions are seldom equal to the last place; compare the difference with a small number"));
@@ -250,6 +247,18 @@ private:
         else if (isStrict && a == ScriptKind::Number && b == ScriptKind::Text)
             Study.Tell(
                 Code::ScriptComparison, node, QStringLiteral("%1 never takes a number for a text").arg(operation));
+    }
+
+    /// Whether a computation has a number that the engine keeps only nearly; halves and quarters it keeps.
+    bool HasFraction(int node) const
+    {
+        constexpr double exact = 1024;
+        double number = 0;
+        for (; Tree.Is(node, Node::Binary); node = Left(node)) {
+            if (Study.NumberOf(Right(node), &number) && std::fmod(number * exact, 1) != 0)
+                return true;
+        }
+        return Study.NumberOf(node, &number) && std::fmod(number * exact, 1) != 0;
     }
 
     /// What undefined never equals, and is not meant to stand for.
@@ -412,12 +421,19 @@ private:
         const int asked = Left(node);
         const ScriptKind kind = KindOf(asked);
         TellMisused(asked, -1, Code::ScriptSum);
-        for (int i = 1; i < Tree.At(node).Parts.size(); ++i) {
-            const int row = Tree.Part(node, i);
-            const int value = Tree.Is(row, Node::Case) ? Left(row) : -1;
-            if (value < 0 || CheckChoice(asked, value, true))
+        QVector<int> values;
+        QSet<QString> texts;
+        for (const int row : Tree.At(node).Parts.mid(1)) {
+            if (!Tree.Is(row, Node::Case))
                 continue;
-            TellNeverCase(kind, asked, value);
+            values.append(Left(row));
+            texts.insert(Study.ConstantOf(Left(row)));
+        }
+        for (const int value : qAsConst(values)) {
+            // `case 1: case "1":` is meant for both kinds.
+            const bool isBoth = Tree.Is(value, Node::Number) && texts.contains(Tree.At(value).Text);
+            if (!CheckChoice(asked, value, true) && !isBoth)
+                TellNeverCase(kind, asked, value);
         }
     }
 
@@ -527,8 +543,10 @@ private:
     void CheckBits(int node)
     {
         double number = 0;
+        // Who writes bits writes them in hexadecimal.
         const bool isPower = Tree.At(node).Text == QLatin1String("^") && Study.NumberOf(Left(node), &number)
-            && Study.NumberOf(Right(node), &number);
+            && Study.NumberOf(Right(node), &number)
+            && !Study.CodeOf(node).contains(QLatin1Char('x'), Qt::CaseInsensitive);
         if (isPower)
             Study.Tell(Code::ScriptSum, node, QStringLiteral("^ joins bits; Math.pow() gives a power"));
         const int outer = Tree.At(node).Parent;
@@ -553,7 +571,7 @@ private:
         const bool isOfNumber = IsOne(name, {"toFixed", "toPrecision", "toExponential"});
         const bool isNumber = kind == ScriptKind::Number || kind == ScriptKind::Bool;
         const bool isText = kind == ScriptKind::Text || (kind == ScriptKind::NumberText && !IsNumberBy(Left(member)));
-        if (isCall && ((isOfText && isNumber) || (isOfNumber && isText)))
+        if (isCall && !Study.MakesMember(name) && ((isOfText && isNumber) || (isOfNumber && isText)))
             Study.Tell(Code::ScriptNoFunction, member,
                 QStringLiteral("%1 has no \"%2\"")
                     .arg(

@@ -63,13 +63,15 @@ private:
             Study.Tell(Code::ScriptLoop, condition, QStringLiteral("The step leads away from the end of the loop"));
         else
             CheckEnd(loop, condition);
-        Ranges.append(RangeOf(loop));
-        RangeLoops.append(loop);
+        Ranges.insert(loop, RangeOf(loop));
     }
 
     void TellEndless(int loop, int place)
     {
-        if (!Study.Leaves(loop))
+        // What is called may throw, and somebody waits for that.
+        const bool mayThrow
+            = Study.IsCaught(loop) && Study.Contains(loop, [this](int i) { return Tree.Is(i, Node::Call); });
+        if (!mayThrow && !Study.Leaves(loop))
             Study.Tell(Code::ScriptLoop, place, QStringLiteral("Nothing in this loop ends it"));
     }
 
@@ -261,9 +263,13 @@ private:
         }
         if (!Tree.Is(index, Node::Name))
             return false;
-        for (int i = 0; i < Ranges.size(); ++i) {
-            const LoopRange &range = Ranges.at(i);
-            if (range.Variable != Study.Bindings.NumberOf(index) || !IsInBody(index, RangeLoops.at(i)))
+        const int variable = Study.Bindings.NumberOf(index);
+        for (int inner = index, outer = Tree.At(index).Parent; outer >= 0;
+             inner = outer, outer = Tree.At(outer).Parent) {
+            const LoopRange range = Ranges.value(outer);
+            if (IsTest(outer, inner, variable))
+                return false;
+            if (range.Variable != variable || Tree.Part(outer, 3) != inner)
                 continue;
             *greatest = range.LastOf.isNull() ? range.Last : range.IsLastIncluded ? count : count - 1;
             return range.LastOf.isNull() || range.LastOf == endOf;
@@ -271,7 +277,16 @@ private:
         return false;
     }
 
-    bool IsInBody(int node, int loop) const { return Tree.IsInside(node, Tree.Part(loop, 3)); }
+    /// Whether a part of a statement or expression is done only where something is true of a variable.
+    bool IsTest(int outer, int part, int variable) const
+    {
+        const bool isJoined = Tree.Is(outer, Node::Binary, "&&") || Tree.Is(outer, Node::Binary, "||");
+        const bool isChoice = Tree.Is(outer, Node::If) || Tree.Is(outer, Node::Conditional) || isJoined;
+        const int test = Tree.Part(outer, 0);
+        return isChoice && test != part && Study.Contains(test, [&](int i) {
+            return Tree.Is(i, Node::Name) && Study.Bindings.NumberOf(i) == variable;
+        });
+    }
 
     /// `setItemValue(row, column, value)` and its like. Loops stand behind their bodies in the tree, so that calls are
     /// looked at when their loop is.
@@ -401,8 +416,7 @@ private:
 
     const ScriptStudy &Study;
     const ScriptTree &Tree;
-    QVector<LoopRange> Ranges;
-    QVector<int> RangeLoops;
+    QHash<int, LoopRange> Ranges;
     QVector<int> Calls;
 };
 

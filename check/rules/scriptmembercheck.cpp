@@ -2,7 +2,6 @@
 
 #include "editdistance.h"
 #include "propertynames.h"
-#include "scriptbuiltins.h"
 #include "scriptstudy.h"
 
 #include <algorithm>
@@ -117,27 +116,15 @@ private:
             QStringLiteral("toLowerCase"), QStringLiteral("concat"), QStringLiteral("forEach"),
             QStringLiteral("filter"), QStringLiteral("slice"), QStringLiteral("splice"), QStringLiteral("reverse")};
         if (name.size() < 4 || known.contains(name) || Study.ClassOf(object) || Study.EnumOf(object)
-            || Study.IsGuarded(member) || IsAssigned(member) || IsMade(name))
+            || Study.IsGuarded(member) || IsAssigned(member) || Study.MakesMember(name))
             return;
         const QString meant = NearestName(name, known);
         const bool isKnown = Tree.Is(object, Node::Name) && !Study.Bindings.At(object).IsMade;
-        if (!meant.isEmpty() && EditDistance(name.toLower(), meant.toLower()) <= 1 && !isKnown)
+        // Data have their filters and lengths.
+        const bool isMany = name == meant + QLatin1Char('s');
+        if (!meant.isEmpty() && EditDistance(name.toLower(), meant.toLower()) <= 1 && !isKnown && !isMany)
             Study.Sink.AddMisspelt(Code::ScriptMember, Study.PlaceOf(member),
                 QStringLiteral("Neither texts nor arrays have \"%1\"").arg(name), name, known);
-    }
-
-    /// Whether the script sets a member of the name, or writes it as a key or a text.
-    bool IsMade(const QString &name)
-    {
-        if (MadeNames.isEmpty()) {
-            MadeNames.insert(QString());
-            for (int i = 0; i < Tree.All().size(); ++i) {
-                const bool isSet = Tree.Is(i, Node::Member) && IsAssigned(i);
-                if (isSet || Tree.Is(i, Node::Pair) || Tree.Is(i, Node::Quoted))
-                    MadeNames.insert(Tree.At(i).Text);
-            }
-        }
-        return MadeNames.contains(name);
     }
 
     void CheckSheetProperty(int target)
@@ -147,7 +134,7 @@ private:
         const bool isShort = name.size() >= 3
             && std::any_of(names.cbegin(), names.cend(), [&](const QString &known) { return known.startsWith(name); });
         const bool isStated = Study.Form.FindSheetProperty(name, false) || Study.MethodOf(target);
-        if (!isStated && !Mentioned.contains(name) && (isShort || !NearestName(name, names).isEmpty()))
+        if (!isStated && !Mentioned.contains(name) && (isShort || !MisspeltName(name, names).isEmpty()))
             Study.Sink.AddMisspelt(Code::ScriptProperty, Study.PlaceOf(target),
                 QStringLiteral("The sheet does not state \"%1\", and the assignment reaches nothing").arg(name), name,
                 names);
@@ -160,7 +147,7 @@ private:
         QStringList names;
         for (const PropertyEntry &property : widget.Properties)
             names += property.IsCustom ? QStringList(property.Name) : QStringList();
-        if (Tree.At(call).Parts.size() == 2 && !names.contains(name) && !NearestName(name, names).isEmpty())
+        if (Tree.At(call).Parts.size() == 2 && !names.contains(name) && !MisspeltName(name, names).isEmpty())
             Study.Sink.AddMisspelt(Code::ScriptMember, Study.PlaceOf(Tree.Part(call, 1)) + 1,
                 QStringLiteral("\"%1\" has no custom property \"%2\"").arg(widget.Name, name), name, names);
     }
@@ -202,7 +189,7 @@ private:
         const QStringList names = Registry::PropertyNames(*widget.Info) + ScriptClass::Of(widget.Class).Names();
         const bool isShort = name.size() >= 3
             && std::any_of(names.cbegin(), names.cend(), [&](const QString &known) { return known.startsWith(name); });
-        if (!isShort && NearestName(name, names).isEmpty() && !IsOfAnyClass(name))
+        if (!isShort && MisspeltName(name, names).isEmpty() && !IsOfAnyClass(name))
             return;
         Study.Sink.AddMisspelt(Code::ScriptProperty, Study.PlaceOf(target),
             QStringLiteral("A %1 has no \"%2\", and nobody reads what is assigned to it").arg(widget.Class, name), name,
@@ -241,8 +228,9 @@ private:
     {
         const int function = Tree.Part(call, 0);
         const int count = Tree.At(call).Parts.size() - 1;
-        const bool isBuiltin = Study.Bindings.IsForeign(function) && ScriptBuiltins().contains(Tree.At(function).Text)
-            && Tree.At(function).Text != QLatin1String("print") && Tree.At(function).Text != QLatin1String("String");
+        static const QSet<QString> ofNumbers{QStringLiteral("Number"), QStringLiteral("parseInt"),
+            QStringLiteral("parseFloat"), QStringLiteral("isNaN"), QStringLiteral("isFinite")};
+        const bool isBuiltin = Study.Bindings.IsForeign(function) && ofNumbers.contains(Tree.At(function).Text);
         const bool isMath = Tree.Is(function, Node::Member) && Tree.Is(Tree.Part(function, 0), Node::Name, "Math");
         for (int i = 1; (isBuiltin || isMath) && i <= count; ++i) {
             if (Study.WidgetOf(Tree.Part(call, i)))
@@ -319,7 +307,7 @@ private:
 
     void CheckOwnCall(int call, int function, int count)
     {
-        if (function < 0 || Study.Contains(function, [&](int i) { return Tree.Is(i, Node::Name, "arguments"); }))
+        if (function < 0 || Study.ReadsArguments(function))
             return;
         const int parameters = Tree.At(function).Parts.size() - 1;
         if (count > parameters || (count < parameters && Study.Needs(function, count)))
@@ -391,7 +379,6 @@ private:
 
     const ScriptStudy &Study;
     const ScriptTree &Tree;
-    QSet<QString> MadeNames; ///< With an empty one as soon as they are known.
     QSet<QString> Mentioned; ///< Names behind a dot that are read, and texts.
 };
 

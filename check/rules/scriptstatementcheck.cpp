@@ -110,10 +110,12 @@ private:
             QStringLiteral("toLowerCase"), QStringLiteral("substring"), QStringLiteral("substr"),
             QStringLiteral("trim"), QStringLiteral("charAt"), QStringLiteral("toFixed"), QStringLiteral("concat"),
             QStringLiteral("split")};
+        // An object of the script's own may do anything by such a name.
         const bool hasFunction
             = method >= 0 && Study.Contains(expression, [this](int i) { return Tree.IsFunction(i); });
         if (!Tree.Is(method, Node::Member) || !pure.contains(Tree.At(method).Text) || hasFunction
-            || Study.ClassOf(Tree.Part(method, 0)) || Study.KindOf(Tree.Part(method, 0)) == ScriptKind::Object)
+            || Study.MakesMember(Tree.At(method).Text) || Study.ClassOf(Tree.Part(method, 0))
+            || Study.KindOf(Tree.Part(method, 0)) == ScriptKind::Object)
             return false;
         Study.Tell(Code::ScriptIdle, method,
             QStringLiteral("\"%1\" gives a new text, which nobody takes").arg(Tree.At(method).Text));
@@ -135,8 +137,8 @@ private:
         const int yes = Tree.Part(node, 1);
         const int no = Tree.Part(node, 2);
         if (no >= 0 && Tree.At(yes).Parts.size() > 0 && Study.CodeOf(yes).simplified() == Study.CodeOf(no).simplified())
-            Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.StartOf(no)),
-                QStringLiteral("The same is done whether the condition holds or not"));
+            Study.TellAtStart(
+                Code::ScriptCondition, no, QStringLiteral("The same is done whether the condition holds or not"));
     }
 
     /// An else that stands under another if than the one that it belongs to.
@@ -144,7 +146,7 @@ private:
     {
         const int no = Tree.Part(node, 2);
         const QString &code = Study.Script.Code();
-        const int word = no < 0 ? -1 : code.lastIndexOf(QLatin1String("else"), Tree.StartOf(no));
+        const int word = no < 0 ? -1 : code.lastIndexOf(QLatin1String("else"), Tree.At(no).Start - 1);
         if (word < 0 || Tree.Is(Tree.At(node).Parent, Node::Block) || !Tree.Is(Tree.At(node).Parent, Node::If)
             || Tree.PlaceOf(node) != 1)
             return;
@@ -250,8 +252,9 @@ private:
     {
         const int call = Tree.Is(condition, Node::Prefix, "!") ? Tree.Part(condition, 0) : condition;
         const int function = Tree.Is(call, Node::Call) ? Tree.Part(call, 0) : -1;
-        if (Tree.Is(function, Node::Member, "indexOf") || Tree.Is(function, Node::Member, "lastIndexOf")
-            || Tree.Is(function, Node::Member, "search"))
+        const bool isSearch = Tree.Is(function, Node::Member, "indexOf")
+            || Tree.Is(function, Node::Member, "lastIndexOf") || Tree.Is(function, Node::Member, "search");
+        if (isSearch && !Study.MakesMember(Tree.At(function).Text))
             Study.Tell(Code::ScriptCondition, function,
                 QStringLiteral("\"%1\" gives -1 where nothing is found, which is true, and 0 at the beginning")
                     .arg(Tree.At(function).Text));
@@ -307,7 +310,7 @@ private:
             if (!Tree.Is(outer, Node::If) || Tree.Part(outer, 2) != inner)
                 return;
             if (Study.CodeOf(Tree.Part(outer, 0)) == code || IsCovered(Tree.Part(outer, 0), condition)) {
-                Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(condition)),
+                Study.TellAtStart(Code::ScriptUnreachable, condition,
                     QStringLiteral("A condition before is true for all of these, and this branch never runs"));
                 return;
             }
@@ -355,7 +358,10 @@ private:
                 Study.Tell(Code::ScriptCondition, value,
                     QStringLiteral("A case is one value; write a case of its own for each"));
             const QString constant = value < 0 ? QString() : Study.ConstantOf(value);
-            const QString code = value < 0 ? QString() : constant.isNull() ? Study.CodeOf(value) : constant;
+            // The text "1" is another value than the number 1.
+            const QString code = value < 0 ? QString()
+                : constant.isNull()        ? Study.CodeOf(value)
+                                           : QLatin1Char('"') + constant;
             if (value >= 0 && seen.contains(code))
                 Study.Tell(Code::ScriptUnreachable, value, QStringLiteral("An earlier case takes this value already"));
             seen.insert(code);
@@ -371,10 +377,18 @@ private:
         const int last = Tree.At(row).Parts.isEmpty() ? -1 : Tree.At(row).Parts.constLast();
         const int first = next < 0 ? -1 : Tree.Part(next, Tree.Is(next, Node::Case) ? 1 : 0);
         const QString target = TargetOf(last);
-        if (!target.isEmpty() && target == TargetOf(first))
+        if (!target.isEmpty() && target == TargetOf(first) && !AsksFor(first, target))
             Study.Tell(Code::ScriptUnreachable, row,
                 QStringLiteral("This case goes on into the next one, which sets \"%1\" anew; a break is missing")
                     .arg(target));
+    }
+
+    /// Whether what a statement sets depends on what was there: `a = a + 1`.
+    bool AsksFor(int statement, const QString &target) const
+    {
+        const QString name = target.section(QLatin1Char('.'), 0, 0);
+        return Study.Contains(Tree.Part(Tree.Part(statement, 0), 1),
+            [&](int i) { return Tree.Is(i, Node::Call) || (Tree.Is(i, Node::Name) && Tree.At(i).Text == name); });
     }
 
     /// What a statement sets: `a = 1` and `a.setValue(1)`.
@@ -405,11 +419,11 @@ private:
             const QString target = TargetOf(parts.at(i));
             const int setter = Tree.Part(Tree.Part(parts.at(i), 0), 0);
             const WidgetEntry *widget = Tree.Is(setter, Node::Member) ? Study.WidgetOf(Tree.Part(setter, 0)) : nullptr;
-            // What does not show may tell each of its values.
-            const bool isHeard = widget && !widget->Has(ekShown);
+            // What does not show may tell each of its values, and an object of the script's own anything.
+            const bool isHeard = Tree.Is(Tree.Part(parts.at(i), 0), Node::Call) && (!widget || !widget->Has(ekShown));
             if (!target.isEmpty() && !isHeard && target == TargetOf(parts.at(i + 1)) && SetsConstant(parts.at(i))
                 && SetsConstant(parts.at(i + 1)))
-                Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                Study.TellAtStart(Code::ScriptUnreachable, parts.at(i + 1),
                     QStringLiteral("The statement before gives \"%1\" another value, for nothing").arg(target));
         }
     }
@@ -464,10 +478,9 @@ private:
         bool isLooped = false;
         for (int i = assignment; i != variable.Function && i >= 0; i = Tree.At(i).Parent)
             isLooped = isLooped || Tree.IsLoop(i) || (Tree.IsFunction(i) && i != variable.Function);
-        const bool isRead
-            = std::any_of(variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read > assignment; });
-        if (!isRead && !isLooped
-            && !Study.Contains(variable.Function, [&](int i) { return Tree.Is(i, Node::Name, "arguments"); }))
+        const bool isRead = std::any_of(variable.Reads.cbegin(), variable.Reads.cend(),
+            [&](int read) { return read > assignment || Tree.At(read).Function != variable.Function; });
+        if (!isRead && !isLooped && !Study.ReadsArguments(variable.Function))
             Study.Tell(Code::ScriptIdle, assignment,
                 QStringLiteral("Nobody reads \"%1\" after this; a parameter is a value of its own").arg(variable.Name));
     }
@@ -497,10 +510,10 @@ private:
             const Node::Kind next = Tree.At(parts.at(i + 1)).What;
             const bool ends
                 = kind == Node::Return || kind == Node::Throw || kind == Node::Break || kind == Node::Continue;
-            if (!ends || next == Node::FunctionStatement || next == Node::Empty)
+            // A break behind a return is a habit.
+            if (!ends || next == Node::FunctionStatement || next == Node::Empty || next == Node::Break)
                 continue;
-            Study.Sink.Add(Code::ScriptUnreachable, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
-                QStringLiteral("Nothing from here on runs"));
+            Study.TellAtStart(Code::ScriptUnreachable, parts.at(i + 1), QStringLiteral("Nothing from here on runs"));
             return;
         }
     }
@@ -509,7 +522,7 @@ private:
     QString MarginOf(int node) const
     {
         const QString &code = Study.Script.Code();
-        const int start = Tree.StartOf(node);
+        const int start = Tree.At(node).Start;
         const int line = code.lastIndexOf(QLatin1Char('\n'), start - 1) + 1;
         const QString margin = start == 0 ? QString() : code.mid(line, start - line);
         return margin.trimmed().isEmpty() ? margin + QLatin1String("") : QString();
@@ -549,7 +562,7 @@ private:
             const QString outer = MarginOf(parts.at(i));
             if (!margin.isNull() && !outer.isNull() && margin != outer && margin.startsWith(outer)
                 && MarginOf(parts.at(i + 1)) == margin)
-                Study.Sink.Add(Code::ScriptCondition, Study.Script.PlaceOf(Tree.StartOf(parts.at(i + 1))),
+                Study.TellAtStart(Code::ScriptCondition, parts.at(i + 1),
                     QStringLiteral("This is done in every case; only the statement before depends on the condition"));
         }
     }
