@@ -268,11 +268,17 @@ private:
             || Study.Form.FindEnum(name) || ScriptBuiltins().contains(name);
     }
 
+    /// `do { } while (false)` is a block that break leaves.
+    bool IsDoneOnce(int loop) const
+    {
+        return Tree.Is(loop, Node::Do) && Tree.Is(Tree.Part(loop, 1), Node::Word, "false");
+    }
+
     /// All turns of a loop share its variables, and a handler meets what the last one left.
     void CheckClosure(const ScriptConnection &connection)
     {
         int loop = Tree.At(connection.Call).Parent;
-        while (loop >= 0 && !Tree.IsLoop(loop) && !Tree.IsFunction(loop))
+        while (loop >= 0 && (!Tree.IsLoop(loop) || IsDoneOnce(loop)) && !Tree.IsFunction(loop))
             loop = Tree.At(loop).Parent;
         if (!Tree.IsLoop(loop) || !Tree.IsInside(connection.Function, loop))
             return;
@@ -294,13 +300,16 @@ private:
         }
     }
 
-    /// Set to one constant alone.
+    /// Whether each turn gives a variable the same: a function, or a literal of constants.
     bool IsFixed(const ScriptVariable &variable, int loop) const
     {
         const int set = variable.Sets.size() == 1 ? variable.Sets.constFirst() : -1;
-        const int value = Tree.Is(set, Node::Declarator) ? Tree.Part(set, 0) : -1;
-        return set != loop && value >= 0
-            && (Tree.Is(value, Node::Quoted) || Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word));
+        const int value = Tree.Is(set, Node::Declarator) ? Tree.Part(set, 0) : set;
+        if (set == loop || value < 0)
+            return false;
+        return Tree.IsFunction(value) || (value != set && !Study.Contains(value, [this](int i) {
+            return Tree.Is(i, Node::Name) || Tree.Is(i, Node::Call) || Tree.Is(i, Node::This);
+        }));
     }
 
     /// A parameter with the name of a control, which is used as if it were the control.

@@ -17,11 +17,6 @@ namespace
 /// How many names stand behind each other that are only other names of a control.
 constexpr int MostAliases = 4;
 
-bool IsAny(const QString &text, std::initializer_list<const char *> words)
-{
-    return std::any_of(words.begin(), words.end(), [&](const char *word) { return text == QLatin1String(word); });
-}
-
 ScriptKind KindOfSum(ScriptKind left, ScriptKind right)
 {
     if (left == ScriptKind::Number && right == ScriptKind::Number)
@@ -39,6 +34,11 @@ bool AreNumbers(const EnumEntry &rows)
 }
 
 } // namespace
+
+bool IsAny(const QString &text, std::initializer_list<const char *> words)
+{
+    return std::any_of(words.begin(), words.end(), [&](const char *word) { return text == QLatin1String(word); });
+}
 
 ScriptKind KindOfType(const QByteArray &type)
 {
@@ -319,6 +319,17 @@ ScriptKind ScriptStudy::KindOfBinary(int node) const
     return IsAny(text, {"-", "*", "/", "%", "<<", ">>", ">>>", "&", "|", "^"}) ? ScriptKind::Number : ScriptKind::Bool;
 }
 
+/// `text = text + "a"`
+bool ScriptStudy::IsAppended(const ScriptVariable &variable, int set) const
+{
+    int sum = Tree.Is(set, Node::Assign, "=") ? Tree.Part(set, 1) : -1;
+    if (!Tree.Is(sum, Node::Binary, "+"))
+        return false;
+    while (Tree.Is(sum, Node::Binary, "+"))
+        sum = Tree.Part(sum, 0);
+    return Tree.Is(sum, Node::Name) && &Bindings.At(sum) == &variable;
+}
+
 ScriptKind ScriptStudy::KindOfVariable(const ScriptVariable &variable) const
 {
     constexpr int mostSets = 8;
@@ -330,7 +341,9 @@ ScriptKind ScriptStudy::KindOfVariable(const ScriptVariable &variable) const
         const Node &node = Tree.At(set);
         const bool isStep = node.What == Node::Prefix || node.What == Node::Postfix
             || (node.What == Node::Assign && node.Text != QLatin1String("+=") && node.Text != QLatin1String("="));
+        const bool isTextAppended = kind == ScriptKind::Text && IsAppended(variable, set);
         const ScriptKind each = Tree.IsFunction(set) ? ScriptKind::Function
+            : isTextAppended                         ? ScriptKind::Text
             : isStep                                 ? ScriptKind::Number
             : node.What == Node::Declarator          ? KindOf(Tree.Part(set, 0))
             : node.Text == QLatin1String("=")        ? KindOf(Tree.Part(set, 1))

@@ -86,6 +86,11 @@ public:
     bool Needs(int function, int parameter) const;
     /// Whether somebody looked first: in a `try` that catches, behind `in` or typeof, or where the same is tested.
     bool IsGuarded(int node) const;
+    /// Whether a node is what an assignment sets.
+    bool IsAssigned(int node) const
+    {
+        return Tree.Is(Tree.At(node).Parent, ScriptNode::Assign, "=") && Tree.PlaceOf(node) == 0;
+    }
     /// Whether an exception of a node is caught.
     bool IsCaught(int node) const;
     /// Whether an expression can be left out without any change: it calls, sets and makes nothing.
@@ -122,6 +127,7 @@ private:
     ScriptKind KindOfBinary(int node) const;
     ScriptKind KindOfVariable(const ScriptVariable &variable) const;
     ScriptKind KindOfParameter(int node) const;
+    bool IsAppended(const ScriptVariable &variable, int set) const;
     /// Where a parameter gets its values from, as far as that is known.
     struct Sources {
         QVector<ScriptConnection> Signals;
@@ -143,6 +149,7 @@ private:
     QSet<QString> Tested; ///< Code of what is tested, and in front of it ' where it is its name alone.
 };
 
+bool IsAny(const QString &text, std::initializer_list<const char *> words);
 /// The kind of a C++ type in scripts.
 ScriptKind KindOfType(const QByteArray &type);
 /// "setValue" for "value".
@@ -150,13 +157,22 @@ QString SetterOf(const QString &property);
 
 /// One family of findings about scripts.
 using ScriptRule = void (*)(const ScriptStudy &study);
-void CheckScriptMembers(const ScriptStudy &study);
+void CheckScriptAssignments(const ScriptStudy &study);
+void CheckScriptCalls(const ScriptStudy &study);
+void CheckScriptChoices(const ScriptStudy &study);
+void CheckScriptComparisons(const ScriptStudy &study);
+void CheckScriptConditions(const ScriptStudy &study);
 void CheckScriptConnections(const ScriptStudy &study);
-void CheckScriptNumbers(const ScriptStudy &study);
-void CheckScriptKinds(const ScriptStudy &study);
-void CheckScriptStatements(const ScriptStudy &study);
+void CheckScriptIndices(const ScriptStudy &study);
 void CheckScriptLoops(const ScriptStudy &study);
-void CheckScriptObjects(const ScriptStudy &study);
+void CheckScriptMargins(const ScriptStudy &study);
+void CheckScriptMembers(const ScriptStudy &study);
 void CheckScriptNames(const ScriptStudy &study);
+void CheckScriptNumbers(const ScriptStudy &study);
+void CheckScriptObjects(const ScriptStudy &study);
+void CheckScriptProperties(const ScriptStudy &study);
+void CheckScriptReach(const ScriptStudy &study);
+void CheckScriptStatements(const ScriptStudy &study);
+void CheckScriptSums(const ScriptStudy &study);
 
 } // namespace Orbel

@@ -17,8 +17,10 @@ void CheckScriptUse(const FormModel &form, FindingSink &sink)
     const auto isWith = [](const ScriptNode &node) { return node.What == ScriptNode::With; };
     if (!study.Tree.IsWhole() || std::any_of(study.Tree.All().cbegin(), study.Tree.All().cend(), isWith))
         return;
-    constexpr ScriptRule rules[] = {CheckScriptNames, CheckScriptMembers, CheckScriptConnections, CheckScriptNumbers,
-        CheckScriptKinds, CheckScriptObjects, CheckScriptStatements, CheckScriptLoops};
+    constexpr ScriptRule rules[] = {CheckScriptNames, CheckScriptMembers, CheckScriptProperties, CheckScriptCalls,
+        CheckScriptConnections, CheckScriptNumbers, CheckScriptComparisons, CheckScriptChoices, CheckScriptSums,
+        CheckScriptObjects, CheckScriptStatements, CheckScriptConditions, CheckScriptAssignments, CheckScriptReach,
+        CheckScriptMargins, CheckScriptLoops, CheckScriptIndices};
     for (const ScriptRule rule : rules)
         rule(study);
 }

@@ -274,7 +274,7 @@ private Q_SLOTS:
         add("cases of two kinds, and such as add up", ExampleForm("mode.currentValueChanged.connect(function (v) { var t = \"\"; switch (gain.value) { case 1: case \"1\": t = \"b\"; } switch (v) { case \"am\": t = t + \"a\"; case \"fm\": t = t + \"b\"; } print(t); });"));
         add("loops that a label or an exception ends", ExampleForm("function next() { throw 1; } var n = 0\nvar m = n\nouter: while (n < 3) { for (;;) { n++; continue outer; } } try { for (;;) next(); } catch (e) { print(e, m); }"));
         add("globals that a handler makes", ExampleForm("mute.toggled.connect(function () { this.count = 1; for (k in {a: 1}) print(k); print(count); });"));
-        add("number that becomes a text", ExampleForm("var s = 0; s += \" items\"; print(s.toUpperCase());"));
+        add("number that becomes a text", ExampleForm("var s = 0; s += \" items\"; print(s.toUpperCase()); var t = \"n\"; t = t + gain.value + s; print(t, mode.currentValue == \"\");"));
         add("functions known by two names", ExampleForm("function f(a) { print(a == \"x\", this.value); } f(1); var g = f; g(\"x\"); f.call(gain); mute.toggled.connect(f);"));
         add("objects of the script's own", ExampleForm("var o = {replace: function (a) { print(a); }}; function apply(led) { led.join = true; led.replace(1); led.setState(1); led.setState(0); mute.setChecked(led.join); } o.setState = o.replace; apply(o);"));
         add("parameters that others read", ExampleForm("function f(a) { mute.toggled.connect(function () { print(a); }); a = 5; } f(1); function g(b) { b = arguments[0] || 5; print(b); } g();"));
@@ -286,6 +286,7 @@ private Q_SLOTS:
         add("break behind a return", ExampleForm("function f(v) { switch (v) { case 1: { return 5; break; } default: return 6; } } print(f(1));"));
         add("names of an object that stands around", ExampleForm("var p = {gain: 1}; with (p) { gain = 5; } print(p.gain);"));
         add("patterns behind brackets", ExampleForm("mute.toggled.connect(function (on) { if (on) /a \"b/.test(mode.currentValue) && print(1);\nif (on) { print(2); }\n/c d/.test(mode.currentValue); });"));
+        add("handlers in a block, and indices that are left early", ExampleForm("do { var n = {a: 1}; function show() { print(n.a); } mute.toggled.connect(function () { show(); print(n.a); }); } while (false); for (var i = 0; i <= 3; ++i) { if (i == 3) break; shifts.setItemValue(i, 0); }"));
         add("comments of old pages", ExampleForm("<!-- one two\nprint(1);\n--> three"));
         // clang-format on
         add("marks inside a text of the script",
