@@ -14,19 +14,19 @@ struct MaskPlace {
     bool IsFixed; ///< The mask itself puts its mark there.
 };
 
-bool IsMark(QChar letter)
+bool IsMaskMark(QChar letter)
 {
     return QStringLiteral("AaNnXx90Dd#HhBb").contains(letter);
 }
 
-QVector<MaskPlace> PlacesOf(const QString &marks)
+QVector<MaskPlace> PlacesOfMask(const QString &marks)
 {
     QVector<MaskPlace> places;
     bool isEscaped = false;
     for (const QChar mark : marks) {
         const bool isEscape = mark == QLatin1Char('\\') && !isEscaped;
         if (isEscaped || !(isEscape || QStringLiteral("<>!{}[]").contains(mark)))
-            places.append({mark, isEscaped || !IsMark(mark)});
+            places.append({mark, isEscaped || !IsMaskMark(mark)});
         isEscaped = isEscape;
     }
     return places;
@@ -79,7 +79,7 @@ int NextPlace(const QVector<MaskPlace> &places, int from, QChar letter, QChar bl
 
 bool FitsInputMask(const QString &text, const QString &mask)
 {
-    const QVector<MaskPlace> places = PlacesOf(mask.section(QLatin1Char(';'), 0, 0));
+    const QVector<MaskPlace> places = PlacesOfMask(mask.section(QLatin1Char(';'), 0, 0));
     const QString behind = mask.section(QLatin1Char(';'), 1);
     const QChar blank = behind.isEmpty() ? QLatin1Char(' ') : behind.at(0);
     if (places.isEmpty())
