@@ -214,8 +214,6 @@ private:
 
     void TellUnknown()
     {
-        if (IsScriptRefused(Script.Code()))
-            return;
         const QScriptValue globals = Engine->globalObject();
         for (const ScriptReference &reference : ScriptDeclarations(Script.Code()).Undeclared()) {
             if (Told.contains(reference.Index))

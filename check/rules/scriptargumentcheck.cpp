@@ -3,8 +3,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
-
 void ScriptArgumentCheck::Run(ValueType type, bool isScriptBool)
 {
     if (TellItself() || Value < 0 || type == ValueType::Text)

@@ -10,8 +10,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class AssignmentCheck
 {
 public:

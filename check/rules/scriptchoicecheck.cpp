@@ -9,7 +9,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
 namespace prop = KV218::prop;
 
 void ScriptChoiceCheck::Run()

@@ -13,8 +13,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class ComparisonCheck
 {
 public:

@@ -11,7 +11,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
 namespace prop = KV218::prop;
 
 class IndexCheck

@@ -5,8 +5,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
-
 ScriptLoops::ScriptLoops(const ScriptStudy &study) : Study(study), Tree(study.Tree)
 {
     for (int i = 0; i < Tree.All().size(); ++i) {

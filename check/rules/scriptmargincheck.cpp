@@ -8,8 +8,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class MarginCheck
 {
 public:

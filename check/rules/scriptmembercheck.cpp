@@ -9,8 +9,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class MemberCheck
 {
 public:

@@ -11,8 +11,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class SetPropertyCheck
 {
 public:

@@ -8,7 +8,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
 namespace prop = KV218::prop;
 
 namespace

@@ -11,8 +11,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 /// How many terms of a sum are looked at.
 constexpr int MostTerms = 100;
 

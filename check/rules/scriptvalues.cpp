@@ -7,7 +7,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
 namespace prop = KV218::prop;
 
 QString ScriptValues::Misused(int node) const

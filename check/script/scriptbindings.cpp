@@ -3,8 +3,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
-
 ScriptBindings::ScriptBindings(const ScriptTree &tree) : Tree(tree)
 {
     Declare();

@@ -9,8 +9,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 /// Brackets and statements inside each other; the readers of a tree may go as deep.
 constexpr int MostDepth = 150;
 

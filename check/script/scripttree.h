@@ -69,6 +69,8 @@ struct ScriptNode {
     bool IsInBrackets = false; ///< An expression that has round brackets of its own.
 };
 
+using Node = ScriptNode;
+
 /// A script as a tree. Parts have lower numbers than what they are parts of, the program the highest of all.
 class ORBEL_CHECK_INTERNAL ScriptTree
 {

@@ -268,6 +268,7 @@ private Q_SLOTS:
         add("range that the script moves", Definition(Widget("a", "FrequencyRangeEdit", {"startFrequency=Int64:9000", "stopFrequency=Int64:9000"}), "<Script>a.setRange(10000, 20000);</Script>"));
         add("names that are guarded", Definition(Widget("a", "Label"), "<Script>try { a.no(); none(); } catch (e) {} if ('nil' in a) a.nil(); if (a.maybe) a.maybe(); a.other &amp;&amp; a.other();</Script>"));
         add("sums and assignments that are meant", Definition(Widget("a", "SpinBox", {"minimum=Int:1", "value=Int:2"}), "<Script>var m; print(a.minimum + ' dB', Number(a.minimum) + 1, +a.minimum, 2 * a.minimum + 1); if ((m = 1)) a.value = m; print(a.value + 1); (function () { function g() {} g(); })(); function g() {} g(); a.setMaximum(9); a.maximum = 8;</Script>"));
+        add("text that goes to the places of a mask that take it", Definition(Widget("a", "LineEdit", {"inputMask=String:>AA9", "text=String:7"})));
         add("types that convert", Definition(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "})));
         add("words of the language", Definition("", "<Script>outer: for (var i = 0; i != 2; ++i) {(function () {return arguments[0] === undefined; })(Math.PI, isNaN(i)); if (i) break outer; }</Script>"));
         add("signs and brackets in front", ExampleForm("var x = 3, p = {b: 3}; gain.setValue(mute.checked ? -x + 1 : x + 1); if (-p.b > 1 && p.b > 1) gain.setValue((x + 1) * 2);"));
