@@ -128,7 +128,7 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = FiniteText(reader.readElementText());
     SetPropertyAlways(prop::Value, text);
-    // The node's news leave out this object, so that nobody else would tell.
+    // The node does not notify this object, so that nobody else would emit the signal.
     Q_EMIT valueChanged(HertzOf(text));
 }
 
@@ -273,7 +273,7 @@ void OrbelFrequencyEdit::ShowLockWithRow()
     HideIfCollapsed(LockButton);
 }
 
-/// Qt tells nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another
+/// Qt notifies nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another
 /// value.
 void OrbelFrequencyEdit::KeepLockOpenToAnswers()
 {
