@@ -99,7 +99,7 @@ void ExclusionListDelegate::ReadXml(QXmlStreamReader &reader)
     ranges->StartTransaction(this);
     ranges->Clear(this);
     ReadRanges(reader, Format, ranges, this);
-    // Whoever is told may end the form or withdraw the node.
+    // Whoever is notified may end the form or withdraw the node.
     ranges->EndTransaction(ekChangeContent, this);
     if (GetRanges())
         GetRanges()->NotifyObservers(ekChangeValue, this);

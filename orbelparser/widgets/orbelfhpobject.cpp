@@ -35,7 +35,7 @@ OrbelFHPObject::~OrbelFHPObject()
 void OrbelFHPObject::CreateValueTree()
 {
     const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
-    // Nobody would end the list of an earlier path. Whoever is told of its end may end the form.
+    // Nobody would end the list of an earlier path. Whoever is notified of its end may end the form.
     if (ExclusionRanges && ExclusionRanges->GetPathName() != path)
         ExclusionRanges.ReleaseNode();
     if (ExclusionRanges.CreateNode(path))
