@@ -165,4 +165,10 @@ void ExclusionListDelegate::ParseProperties(QXmlStreamReader &reader, bool custo
     SetPropertyAlways(prop::ParameterXmlTag, tag.isValid() ? tag : QVariant(QString(Format.list)));
 }
 
+QVector<ValueBase *> ExclusionListDelegate::GetNodes() const
+{
+    ValueBase *const ranges = GetRanges();
+    return ranges ? QVector<ValueBase *>{ranges} : QVector<ValueBase *>();
+}
+
 } // namespace KV218

@@ -60,11 +60,6 @@ void OrbelFHPObject::NodeChanged(Observable *source, TChangeCode code)
         setModified(true);
 }
 
-QVector<ValueBase *> OrbelFHPObject::GetNodes() const
-{
-    return ExclusionRanges ? QVector<ValueBase *>{ExclusionRanges.get()} : QVector<ValueBase *>();
-}
-
 void OrbelFHPObject::sl_editExclusionRanges()
 {
     const Call call(this);
