@@ -219,7 +219,9 @@ QString OrbelDelegate::SpellChange(const QVariantList &before, const QVariantLis
 
 bool OrbelDelegate::IsSameEdit(const QVariant &one, const QVariant &other)
 {
-    if (!one.isValid() || !other.isValid())
+    // Most are texts of nodes.
+    const bool areTexts = one.userType() == QMetaType::QString && other.userType() == QMetaType::QString;
+    if (areTexts || !one.isValid() || !other.isValid())
         return one.toString() == other.toString();
     const bool sameText = one.userType() == QMetaType::Double || one.toString() == other.toString();
     return one.userType() == other.userType() && IsSame(one, other) && sameText;
