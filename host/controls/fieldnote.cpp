@@ -125,7 +125,7 @@ void NoteLabel::Dismiss()
     deleteLater();
 }
 
-bool NoteLabel::eventFilter(QObject *watched, QEvent *event)
+bool NoteLabel::eventFilter(QObject *, QEvent *event)
 {
     // A dismissed note only waits for the event loop to delete it.
     if (Standing != this)
@@ -153,7 +153,7 @@ bool NoteLabel::eventFilter(QObject *watched, QEvent *event)
     default:
         break;
     }
-    return QLabel::eventFilter(watched, event);
+    return false;
 }
 
 /// A window inherits none of these. The letters are those around the field, which may have larger ones itself.

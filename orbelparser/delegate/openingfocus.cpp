@@ -20,10 +20,8 @@ OpeningFocus::OpeningFocus(QWidget *form, QWidget *rows, const std::function<boo
 
 bool OpeningFocus::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == Form && event->type() == QEvent::Show && !static_cast<QShowEvent *>(event)->spontaneous()) {
-        Form->removeEventFilter(this);
+    if (watched == Form && event->type() == QEvent::Show && !static_cast<QShowEvent *>(event)->spontaneous())
         TakeFocus();
-    }
     return false;
 }
 

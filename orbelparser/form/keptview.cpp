@@ -64,8 +64,6 @@ void KeptView::KeepTop(const OrbelSheet &sheet)
         if (isIn && !control->isHidden() && (InView.isEmpty() || InView.last().first != name))
             InView.append({name, top});
     });
-    const auto isAbove = [](const auto &one, const auto &other) { return one.second < other.second; };
-    std::stable_sort(InView.begin(), InView.end(), isAbove);
 }
 
 void KeptView::KeepCells(const OrbelSheet &sheet)

@@ -140,8 +140,10 @@ void RowLabel::PaintMark(QPainter &painter) const
     painter.setBrush(Shown == Refused ? Orbel::ReadableColor::Refused(background) : plain);
     const qreal piece = Shown == Differs ? 4 * bar.height() : Shown == Unconfirmed ? bar.height() : bar.width();
     const qreal gap = Shown == Differs ? 2 * bar.height() : bar.height();
+    // Dots of two pixels would pale if they were round.
+    const qreal radius = Shown == Unconfirmed ? 0 : bar.height() / 2;
     for (qreal left = bar.left(); left < bar.right(); left += piece + gap) {
         const QRectF part(left, bar.top(), qMin(piece, bar.right() - left), bar.height());
-        painter.drawRoundedRect(part, bar.height() / 2, bar.height() / 2);
+        painter.drawRoundedRect(part, radius, radius);
     }
 }

@@ -34,7 +34,7 @@ void LockLine::SetReason(const QString &reason)
     Place();
 }
 
-bool LockLine::eventFilter(QObject *watched, QEvent *event)
+bool LockLine::eventFilter(QObject *, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::Resize:
@@ -49,7 +49,7 @@ bool LockLine::eventFilter(QObject *watched, QEvent *event)
     default:
         break;
     }
-    return QLabel::eventFilter(watched, event);
+    return false;
 }
 
 /// In the parent's pixels; empty where there is no room for it.

@@ -12,8 +12,14 @@ struct Entry {
     QString Name;
     /// The form, or a component list, as "form", and what stands beside it: "document", "changed".
     QMap<QString, QString> Texts;
-    /// For each mistake one of the texts and its lines that tell of it, from 1; one of them suffices.
-    QVector<QPair<QString, QSet<int>>> Mistakes;
+    struct Mistake {
+        QString Text;
+        /// Those that tell of it, from 1; one of them suffices.
+        QSet<int> Lines;
+        /// As the README tells: "at", "untold" or "also".
+        QString Kind;
+    };
+    QVector<Mistake> Mistakes;
     QStringList Acts;
     QStringList Shows;
 };
@@ -48,9 +54,9 @@ QVector<Entry> AllEntries()
             text = "form";
         } else if (!line.startsWith("--- "))
             entries.last().Texts[text] += line + '\n';
-        else if (word == "at")
-            entries.last().Mistakes << qMakePair(
-                text, LinesWith(rest.split(" || "), entries.last().Texts[text].split('\n')));
+        else if (word == "at" || word == "untold" || word == "also")
+            entries.last().Mistakes << Entry::Mistake{
+                text, LinesWith(rest.split(" || "), entries.last().Texts[text].split('\n')), word};
         else if (word == "do")
             entries.last().Acts << rest;
         else if (word == "shows")
@@ -165,39 +171,41 @@ private Q_SLOTS:
     {
         QFETCH(Entry, entry);
         for (const auto &mistake : entry.Mistakes)
-            QVERIFY2(!mistake.second.isEmpty(), "no line is the one to look at");
+            QVERIFY2(!mistake.Lines.isEmpty(), "no line is the one to look at");
         const Form form(OrbelParser().ParseORBEL(FormOf(entry.Texts["form"].toUtf8())));
         QCOMPARE(form ? Differences(entry, form) : entry.Shows.join("\n").remove("no form"), QString());
     }
 
-    /// At least 95 of 100 mistakes are told in one of the lines to look at, and nothing else is blamed.
+    /// One by one as the entries say, so that what is found once stays found; the page for authors has the sums.
     void theCheckerFindsMistakesAndNothingElse()
     {
-        QMap<QString, QPair<int, int>> kinds; // found, and all
-        QStringList missed;
-        QStringList blamed;
+        int all = 0;
+        int untold = 0;
+        int right = 0;
+        QStringList wrong;
         for (const Entry &entry : AllEntries()) {
             const QMap<QString, Orbel::Findings> found = FindingsIn(entry.Texts);
-            for (const auto &[text, lines] : entry.Mistakes) {
-                const bool isFound = std::any_of(found[text].cbegin(), found[text].cend(),
-                    [&, &at = lines](const Orbel::Finding &finding) { return at.contains(finding.Line); });
-                for (const QString &kind : {entry.Name.section(':', 0, 0), QString("all")}) {
-                    kinds[kind].first += isFound ? 1 : 0;
-                    ++kinds[kind].second;
-                }
-                missed << (isFound ? QStringList() : QStringList(entry.Name));
+            QMap<QString, QSet<int>> lines;
+            for (const Entry::Mistake &mistake : entry.Mistakes) {
+                lines[mistake.Text] += mistake.Lines;
+                const Orbel::Findings &findings = found[mistake.Text];
+                const bool isTold = std::any_of(findings.cbegin(), findings.cend(),
+                    [&](const Orbel::Finding &finding) { return mistake.Lines.contains(finding.Line); });
+                wrong << (isTold == (mistake.Kind != "untold") ? QStringList() : QStringList(entry.Name));
+                all += mistake.Kind == "also" ? 0 : 1;
+                untold += mistake.Kind == "untold" ? 1 : 0;
             }
-            for (const QString &text : entry.Mistakes.isEmpty() ? found.keys() : QStringList()) {
+            right += entry.Mistakes.isEmpty() ? 1 : 0;
+            for (const QString &text : found.keys()) {
                 for (const Orbel::Finding &each : found[text])
-                    if (each.Level != Orbel::Severity::Note)
-                        blamed << QString("%1: %2 %3 [%4]").arg(entry.Name).arg(each.Line).arg(each.Text, each.Code);
+                    if (each.Level != Orbel::Severity::Note && !lines[text].contains(each.Line))
+                        wrong << QString("%1: %2 %3 [%4]").arg(entry.Name).arg(each.Line).arg(each.Text, each.Code);
             }
         }
-        for (auto kind = kinds.cbegin(); kind != kinds.cend(); ++kind)
-            qInfo("%s: %d of %d", qPrintable(kind.key()), kind->first, kind->second);
-        qInfo("missed:\n%s", qPrintable(missed.join('\n')));
-        QVERIFY2(blamed.isEmpty(), qPrintable(blamed.join('\n')));
-        QVERIFY(missed.size() * 20 <= kinds["all"].second);
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join('\n')));
+        const QString sums = "Of the %1 mistakes in `tests/corpus` it finds %2, and blames none of the %3 forms there";
+        QVERIFY(
+            BytesOf(ORBEL_SOURCE_DIR "/docs/checks.md").contains(sums.arg(all).arg(all - untold).arg(right).toUtf8()));
     }
 };
 

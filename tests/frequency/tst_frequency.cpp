@@ -226,6 +226,28 @@ private Q_SLOTS:
         QCOMPARE(tuned, QList<QVariantList>({{145.5e6}}));
     }
 
+    void thePartsStandBesideTheField()
+    {
+        Window window;
+        NewNode("Bandwidth", 12500);
+        QCoreApplication::processEvents();
+        const auto at = [&](const char *name) { return window.control->findChild<QWidget *>(name)->geometry(); };
+        const QRect field = at("frequency"), up = at("increment"), down = at("decrement"), entry = at("entry");
+        QVERIFY(field.right() < up.left() && field.top() == up.top() && field.bottom() == down.bottom());
+        QVERIFY(up.bottom() < down.top() && up.right() < entry.left() && entry.bottom() < at("history").top());
+        QVERIFY(entry.right() < at("tune").left() && field.bottom() < at("bandwidth").top());
+        QStringList names;
+        for (const QToolButton *button : window.control->findChildren<QToolButton *>())
+            names << button->accessibleName();
+        QCOMPARE(names.join(", "),
+            QString("Step up the marked digit, Step down the marked digit, Type a frequency, Last frequencies"));
+        auto *held = window.control->findChild<QWidget *>("increment");
+        QTest::mousePress(held, Qt::LeftButton);
+        QTRY_VERIFY2(window.node->GetValue() > 145.502e6, "one step after another");
+        QTest::mouseRelease(held, Qt::LeftButton);
+        Tree::Instance()->RemoveNode("/F/Bandwidth");
+    }
+
     void theHistoryHasWhatTheOperatorSet()
     {
         Window window;

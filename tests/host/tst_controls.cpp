@@ -475,6 +475,28 @@ private Q_SLOTS:
         Tree::Instance()->RemoveNode("/Spin/n");
     }
 
+    /// A limit that comes to where the number stands greys an arrow, also while somebody types.
+    void aLimitIsSeenAtTheArrows()
+    {
+        for (const QString typed : {"", "7"}) {
+            auto *spin = new VCNumericFloatSpin;
+            Window window(spin);
+            ValueDouble node("n");
+            QVERIFY(window.IsReady() && spin->SetNumericValue(&node));
+            Operate(spin, typed);
+            const auto seen = [&] {
+                QCoreApplication::processEvents();
+                return window.screen()->grabWindow(window.winId()).toImage();
+            };
+            const QImage free = seen();
+            spin->setMaximum(typed.toInt());
+            const QImage above = seen();
+            spin->setMinimum(typed.toInt());
+            const QImage both = seen();
+            QVERIFY2(above != free && both != above && both != free, qPrintable(typed));
+        }
+    }
+
     void aFieldShowsAndReadsByItsHostsConversion()
     {
         ValueString node("n");

@@ -151,14 +151,17 @@ private Q_SLOTS:
             QPalette palette = window.palette();
             palette.setColor(QPalette::ToolTipBase, background);
             palette.setColor(QPalette::ToolTipText, letters);
+            QVector<QColor> told;
             for (const auto kind : {Orbel::FieldNote::Understood, Orbel::FieldNote::Refused}) {
                 Orbel::FieldNote::Show(window.Field, "a", kind);
                 window.setPalette(palette);
                 const QPalette shown = window.Note()->palette();
                 QCOMPARE(shown.color(QPalette::Window), background);
-                QVERIFY(Orbel::ReadableColor::Contrast(background, shown.color(QPalette::WindowText)) >= 4.5);
+                told << shown.color(QPalette::WindowText);
+                QVERIFY(Orbel::ReadableColor::Contrast(background, told.last()) >= 4.5);
                 window.setPalette({});
             }
+            QVERIFY2(letters != QColor(Qt::white) || told[0] != told[1], "a refusal has a colour of its own");
         }
     }
 };

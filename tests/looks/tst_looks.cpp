@@ -2,6 +2,7 @@
 // measured in pictures, in all colours, styles, directions and text sizes, which change while the form stands.
 
 #include "frequencyfield.h"
+#include "glyphbutton.h"
 #include "liveform.h"
 #include "palettes.h"
 #include "rowlabel.h"
@@ -32,6 +33,8 @@ QRgb Shade(QRgb colour)
 {
     return colour & 0xfff0f0f0;
 }
+
+using Points = QVector<QPointF>;
 
 /// A text of a form and the place that is its own, in the widget that draws it.
 struct Text {
@@ -242,18 +245,29 @@ private Q_SLOTS:
             for (RowLabel *label : shown.All<RowLabel>()) {
                 const QSize size = label->sizeHint();
                 const QImage before = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
-                label->SetMark(RowLabel::Changed);
-                const QImage now = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
-                QVERIFY2(label->sizeHint() == size, "the mark takes no room");
-                double strongest = 1;
-                for (int at = 0; at < now.width() * now.height(); ++at) {
-                    const QPoint place(at % now.width(), at / now.width());
-                    if (now.pixel(place) != before.pixel(place))
-                        strongest = std::max(
-                            strongest, Contrast(now.pixel(place), label->palette().color(QPalette::Window).rgb()));
+                QVector<QImage> seen;
+                for (const auto mark :
+                    {RowLabel::Changed, RowLabel::Refused, RowLabel::Differs, RowLabel::Unconfirmed}) {
+                    label->SetMark(mark);
+                    const QImage now = label->grab().toImage().convertToFormat(QImage::Format_RGB32);
+                    QVERIFY2(label->sizeHint() == size, "the mark takes no room");
+                    QVERIFY2(!seen.contains(now), "each mark has a look of its own");
+                    seen << now;
+                    double strongest = 1;
+                    int last = 0;
+                    for (int at = 0; at < now.width() * now.height(); ++at) {
+                        const QPoint place(at % now.width(), at / now.width());
+                        if (now.pixel(place) != before.pixel(place)) {
+                            strongest = std::max(
+                                strongest, Contrast(now.pixel(place), label->palette().color(QPalette::Window).rgb()));
+                            last = place.y() + 1;
+                        }
+                    }
+                    QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
+                    const int under = label->Baseline() + label->fontMetrics().descent() + 1;
+                    QVERIFY2(last == std::min(now.height(), under), "right under the letters");
                 }
                 label->SetMark(RowLabel::None);
-                QVERIFY2(strongest >= 3, "a sign is seen from 3:1 on");
             }
         }
     }
@@ -283,6 +297,33 @@ private Q_SLOTS:
         QCOMPARE(live.Find("h")->styleSheet(),
             QString("QGroupBox::indicator:unchecked {image: url(:/OrbelParser/HeadlineClosed.svg);}"
                     "QGroupBox::indicator:checked {image: url(:/OrbelParser/HeadlineOpened.svg);}"));
+    }
+
+    /// By the points of a grid of 16 that are inked, and such that are not.
+    void signsAreDrawn_data()
+    {
+        const auto row = Columns<int, Points, Points>({"sign", "inked", "blank"});
+        // clang-format off
+        row("up", int(Orbel::GlyphButton::Up), Points({{8, 5.5}, {4, 10}, {12, 10}}), Points({{8, 10}, {4, 6}}));
+        row("down", int(Orbel::GlyphButton::Down), Points({{8, 10.5}, {4, 6}, {12, 6}}), Points({{8, 6}, {4, 10}}));
+        row("pencil", int(Orbel::GlyphButton::Pencil), Points({{2.7, 13.3}, {10.5, 3.2}, {10, 6.1}}), Points({{6.8, 10.4}, {12, 12}}));
+        row("clock", int(Orbel::GlyphButton::Clock), Points({{8, 13.5}, {8, 6.5}, {10, 9.3}}), Points({{6, 10}, {8, 11}}));
+        // clang-format on
+    }
+    void signsAreDrawn()
+    {
+        const auto [sign, inked, blank] = Fetch<int, Points, Points>({"sign", "inked", "blank"});
+        Orbel::GlyphButton button(Orbel::GlyphButton::Glyph(sign), nullptr);
+        QFont font;
+        font.setPixelSize(200);
+        button.setFont(font);
+        button.resize(162, 162);
+        const QImage drawn = button.grab().toImage();
+        const auto isInked = [&](const QPointF &point) {
+            return Contrast(drawn.pixel((point * 10 + QPointF(1, 1)).toPoint()), drawn.pixel(1, 80)) > 3;
+        };
+        QVERIFY(std::all_of(inked.begin(), inked.end(), isInked));
+        QVERIFY(std::none_of(blank.begin(), blank.end(), isInked));
     }
 
     void theLargeFieldCutsNoDigit()

@@ -61,6 +61,14 @@ QString CallFromScript(QScriptEngine *engine, const QString &global, const QMeta
     return failure;
 }
 
+/// "text" for setText(QString); empty for what is no setter.
+QByteArray PropertySetBy(const QMetaMethod &method)
+{
+    const QByteArray name = method.name();
+    return name.startsWith("set") && method.parameterCount() == 1 ? name.mid(3, 1).toLower() + name.mid(4)
+                                                                  : QByteArray();
+}
+
 /// Connects a script's function, emits the signal, and gives how many arguments arrived; -1 for none of it.
 int ArgumentsThatArrive(QScriptEngine *engine, const QString &global, QObject *sender, const QMetaMethod &signal)
 {
@@ -192,6 +200,11 @@ private Q_SLOTS:
         OrbelDelegate *delegate = className.isEmpty() ? form->GetSheet().GetDelegate() : Delegate(form, "a");
         QScriptEngine *engine = EngineOf(form);
         const QMetaObject *meta = delegate->metaObject();
+        const Orbel::ClassInfo *row = Orbel::Registry::FindClass(className);
+        const QStringList names = row ? Orbel::Registry::PropertyNames(*row) : Orbel::Registry::SheetPropertyNames();
+        // These set what is no property, or another one.
+        const QRegularExpression others("applyMode|PushButton.icon|Range.*Frequency|HiddenTable.*Count"
+                                        "|ScriptControl.(enabled|visible)[CEL]|^SpinBoxList.prefix");
         const ModalVisitor closer;
         QStringList wrong;
         int reached = 0;
@@ -207,11 +220,15 @@ private Q_SLOTS:
                 const QString failure = CallFromScript(engine, global, method);
                 if (!failure.isEmpty())
                     wrong << method.methodSignature() + ": " + failure.toUtf8();
+                const QByteArray set = PropertySetBy(method);
+                const bool isSet = PropertyOf(delegate, set) == Sample(method.parameterType(0));
+                if (names.contains(set) && !isSet && !others.match(className + '.' + set).hasMatch())
+                    wrong << method.methodSignature() + ": sets no property";
             }
         }
         QCOMPARE(wrong.join('\n'), QString());
         QVERIFY(reached >= 14);
-        if (const Orbel::ClassInfo *row = Orbel::Registry::FindClass(className)) {
+        if (row) {
             QCOMPARE(QString(meta->className()), QString("KV218::") + row->delegate->delegate);
             QCOMPARE(Untold(*row, Asked[delegate]).join('\n'), QString());
         }
@@ -287,6 +304,29 @@ private Q_SLOTS:
         QCOMPARE(live.Find("next")->x() > 0, isGap || (live.Find("labela") && !control));
         if (control && !isGap)
             QCOMPARE(control->width() != live.Find("wide")->width(), special.contains(className) || row != className);
+    }
+
+    void aScriptGivesTheFocus_data()
+    {
+        const auto row = Columns<QString>({"className"});
+        for (const QString &name : DelegateClassNames())
+            row(qPrintable(name), name);
+    }
+    void aScriptGivesTheFocus()
+    {
+        QFETCH(QString, className);
+        LiveForm live(Widget("first", "CheckBox", Usable) + Widget("a", className, Furnished + Usable));
+        live.Find("first")->setFocus();
+        live.form->EvaluateScript("a.setFocus()");
+        const QWidget *focus = live.window->focusWidget();
+        bool isTaken = false, isTaker = false;
+        for (const auto &face : live.Get("a")->GetFaces()) {
+            isTaken |= face.Widget && (face.Widget == focus || face.Widget->isAncestorOf(focus));
+            isTaker |= face.Widget && (face.Widget->focusPolicy() & Qt::TabFocus);
+        }
+        // To these nobody can give it.
+        isTaker &= !QStringList({"Headline", "ScriptControl", "SpinBoxList"}).contains(className);
+        QCOMPARE(isTaken, isTaker);
     }
 
     void everySetIsAnnounced()

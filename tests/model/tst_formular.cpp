@@ -51,6 +51,20 @@ private Q_SLOTS:
         QCOMPARE(window->findChild<QLabel *>("labela")->text(), QString("late"));
     }
 
+    void theDebuggerHoldsAScript()
+    {
+        Form form = Bind(Definition(Widget("a", "LineEdit")));
+        form->DebugScript();
+        bool isOver = false;
+        QTimer::singleShot(0, form.data(), [&] {
+            QVERIFY(!isOver);
+            form.reset();
+        });
+        form->EvaluateScript("a.setText('1'); a.setText('2');");
+        isOver = true;
+        QTRY_VERIFY(!form);
+    }
+
     void widgetsAreFoundByPathOrTag()
     {
         const Form form = Bind(Definition(Widget("first", "CheckBox", {"parameterXmlTag=String:g/x"})

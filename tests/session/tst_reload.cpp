@@ -560,6 +560,7 @@ private:
             {"collapsed groups", Group("a") + Gain() + Group("b") + Line(), [](Live &live) { live.form->GetSheet().SetCollapsed({"b"}); }, Group("c") + Gain() + Group("b") + Line(), [](Live &live) { return live.form->GetSheet().GetCollapsed().join(' '); }, "b"},
             {"the undo stack", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Stack()->undo(); }, Line() + Gain(), undo, "the same"},
             {"entries of a control that goes", Gain() + Line(), [](Live &live) { live.Enter("gain", "7"); live.Enter("text", "two"); live.Enter("gain", "8"); live.Stack()->undo(); }, Line(), undo, "1|text: one \u2192 two"},
+            {"entries of a control that goes, all undone", Gain() + Line(), [](Live &live) { live.Enter("text", "two"); live.Enter("gain", "7"); live.Stack()->setIndex(0); }, Line(), undo, "0|text: one \u2192 two"},
             {"an entry is undone", Gain(), [](Live &live) { live.Enter("gain", "7"); live.Reload(Gain({"maximum=Int:9"})); live.Stack()->undo(); }, Gain(), gain, "5"},
             {"a lock", Gain(), [](Live &live) { live.form->EnableInput(false); }, Gain() + Line(), [](Live &live) { return QString::number(live.Find("gain")->isEnabled()); }, "0"},
             {"a hidden table that was resized", Widget("t", "HiddenTable", {"rowCount=Int:1", "columnCount=Int:1"}), run("t.setRowCount(2); t.setColumnCount(2); t.setItemValue(1, 1, 'x')"), Gain() + Widget("t", "HiddenTable"), answer("t.itemValue(1, 1)"), "x"},
