@@ -195,6 +195,7 @@ const QVector<BrokenForm> &BrokenForms()
         {"unfinished script", K::Definition, Scripted("function f() {\n  1;@"), "script-syntax"},
         {"exception", K::Run, Scripted("var x = 1;{{LF}}  @nosuch.y = x;"), "script-exception"},
         {"exception of a control's member", K::Run, Scripted("var x = 1;\n  @n.setValu(1);").replace("@n.setV", "n.@setV"), "script-exception"},
+        {"exception of a member at the start", K::Run, Scripted("n.@setValu(1);"), "script-exception"},
         {"unknown names in handlers", K::Run, Scripted("function f(v) { var w, z = [1, v]; if (/n\\.no/.test(w)) box.@setCheked(v); return @whatever(z, {key: w}); }\nn.valueChanged.connect(f); n.maximum; Mode.@B; own = 1; own.x;"), "script-unknown script-unknown script-unknown"},
         {"endless script", K::Run, Scripted("var x = 1;\n@while (x) {\nx = 2; }").replace("@while (x) {\nx", "while (x) {\n@x"), "script-endless"},
         {"endless handler", K::Run, Handled("@while (v) { v = 2; }"), "script-endless"},

@@ -257,6 +257,7 @@ private Q_SLOTS:
         row("F2 selects a text", Labelled("a", "LineEdit", {"text=String:abc"}), {"press F2", "see a.selectedText => abc"});
         row("F2 selects a number", Labelled("a", "DoubleSpinBox", {"value=String:100", "suffix=String: dB"}), {"press F2", "see qt_spinbox_lineedit.selectedText => 100"});
         row("F2 selects a frequency", edit(none), {"press F2", "see a.selectedText => 100 Hz"});
+        row("F2 selects a cell's text", Labelled("t", "TableWidget", {"rowCount=Int:1", "columnCount=Int:1"}), {"cell t 0 0", "enter abc", "cell t 0 0", "press End F2", "type x", "press Return", "cells t => x"});
         row("up to the next of a grid", edit(grid), {"press Up" + told("145525000"), "modified a => yes"});
         row("down to the next", edit(grid), {"press Down" + told("145500000")});
         row("from one to the next", edit(on), {"press Down" + told("145500000")});

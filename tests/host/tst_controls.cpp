@@ -521,6 +521,10 @@ private Q_SLOTS:
             [](QComboBox &box) { box.setItemText(0, "changed to something longer"); },
             [](QComboBox &box) { box.removeItem(1); },
             [](QComboBox &box) { box.setFont(QFont(box.font().family(), 30)); },
+            [](QComboBox &box) {
+                box.setItemText(0, "changed with its letters");
+                box.setFont(QFont(box.font().family(), 12));
+            },
             [](QComboBox &box) { box.setStyle(QApplication::style()); },
             [&](QComboBox &box) { box.setStyle(other.get()); },
             [](QComboBox &box) { box.setStyleSheet("font-size: 30pt;"); },

@@ -1,5 +1,6 @@
 // The services of the host layer: traces and exceptions, and translation catalogues.
 
+#include "idllinstance.h"
 #include "lxexception.h"
 #include "testcase.h"
 #include "trace.h"
@@ -128,6 +129,7 @@ private Q_SLOTS:
             ErrorHandler::Interface()->ReportException(exception, 0, code, 1, 0);
         const QString line = "Exception in Class::Method: no way (file.cpp:12)";
         const QString masked = QString("masked (file.cpp:%1)").arg(ekTraceResync | ekTraceFailure);
+        QVERIFY2(IDllInstance("plain").Init(0, nullptr), "nothing keeps it from working");
         QCOMPARE(lines, QStringList({masked, "with a line end (file.cpp:4)", line, line + " code 7"}));
     }
 };

@@ -1,6 +1,7 @@
 // The float group layout: its arithmetic against worked figures, then the layout on items of fixed hints, then the
 // scroll area on real widgets.
 
+#include "firstline.h"
 #include "floatgrouparranger.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
@@ -301,6 +302,20 @@ private Q_SLOTS:
             QTRY_COMPARE(area.widget()->minimumSize(), layout.sizeHint());
         }
         QCOMPARE(area.minimumSizeHint(), area.QAbstractScrollArea::minimumSizeHint().boundedTo(QSize(9999, 20)));
+    }
+
+    /// The label of a control that has not its place yet stands where it will.
+    void theFirstLineIsThatOfThePlace()
+    {
+        const QSize place(120, 60);
+        QLineEdit field;
+        QSpinBox spin;
+        QComboBox choice;
+        for (QWidget *control : std::initializer_list<QWidget *>{&field, &spin, &choice}) {
+            const std::optional<int> before = FirstBaseline(control, place);
+            control->resize(place);
+            QVERIFY(before && before == FirstBaseline(control, place));
+        }
     }
 
     void aTextThatTurnsPlainGetsTheHeightOfOne()

@@ -293,7 +293,10 @@ private Q_SLOTS:
     /// A host's style sheet builds on it.
     void headlinesHaveTheirStyleSheet()
     {
-        LiveForm live(Widget("h", "Headline", {"text=String:One"}));
+        LiveForm live(Widget("h", "Headline", {"text=String:One"}) + Labelled("a", "LineEdit"));
+        const QImage plain = live.Find("h")->grab().toImage();
+        QTest::keyClick(live.Find("a"), Qt::Key_Backtab);
+        QVERIFY2(live.Find("h")->hasFocus() && live.Find("h")->grab().toImage() != plain, "the focus is seen");
         QCOMPARE(live.Find("h")->styleSheet(),
             QString("QGroupBox::indicator:unchecked {image: url(:/OrbelParser/HeadlineClosed.svg);}"
                     "QGroupBox::indicator:checked {image: url(:/OrbelParser/HeadlineOpened.svg);}"));

@@ -289,8 +289,8 @@ private Q_SLOTS:
     void setToAll()
     {
         Story live(Widget(
-            "s", Spacings, Shape + QStringList{"generateParameterXml=Bool:true", "parameterListItemTag=String:i"}));
-        live.Play({"document <s><i>10</i><i>20</i><i>30</i></s>"});
+            "s", Spacings, {"spacingsCount=Int:2", "generateParameterXml=Bool:true", "parameterListItemTag=String:i"}));
+        live.Play({"document <s><i>10</i><i>20</i></s>"});
         auto *table = live.Find<QTableWidget>("s");
         table->setCurrentCell(1, 0);
         QStringList titles;
@@ -300,7 +300,7 @@ private Q_SLOTS:
         });
         QTest::keyClick(table, Qt::Key_F10, Qt::ShiftModifier);
         QCOMPARE(titles.join(' '), QString("Set to all"));
-        live.Play({"cells s => 20|20|20"});
+        live.Play({"cells s => 20|20"});
     }
 
     void mouseAndCurrentCellAreTold_data()
