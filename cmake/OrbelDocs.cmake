@@ -1,4 +1,9 @@
-# The target `docs`: documents and public headers as one site in the build folder's docs/.
+# The target `docs`: documents and public headers as one site in the build folder's docs/. A project that takes this one in
+# may well have a target of that name itself.
+
+if(NOT top_level)
+    return()
+endif()
 
 find_program(ORBEL_DOXYGEN doxygen DOC "Makes the site of the documents")
 mark_as_advanced(ORBEL_DOXYGEN)

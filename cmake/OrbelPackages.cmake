@@ -32,7 +32,7 @@ install(FILES packaging/copyright DESTINATION "${docs}/liborbelparser-dev" COMPO
 install(FILES packaging/copyright DESTINATION "${docs}/orbel" COMPONENT Tools)
 install(FILES packaging/copyright DESTINATION "${docs}/orbelparser-doc" COMPONENT Documentation)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION "${docs}/orbelparser-doc" COMPONENT Documentation)
-install(DIRECTORY docs DESTINATION "${docs}/orbelparser-doc" COMPONENT Documentation)
+install(DIRECTORY docs DESTINATION "${docs}/orbelparser-doc" COMPONENT Documentation PATTERN site EXCLUDE)
 
 if(NOT top_level)
     return()

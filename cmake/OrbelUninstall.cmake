@@ -17,7 +17,7 @@ file(REMOVE "${manifest}")
 # From the innermost out.
 list(REMOVE_DUPLICATES folders)
 foreach(folder IN LISTS folders)
-    while(IS_DIRECTORY "${folder}" AND folder MATCHES "/(lib)?[oO]rbel[pP]arser[^/]*(/|$)")
+    while(IS_DIRECTORY "${folder}" AND folder MATCHES "/(lib)?[oO]rbel[pP]arser[^/]*(/|$)|/doc/orbel$")
         file(GLOB left "${folder}/*")
         if(left)
             break()

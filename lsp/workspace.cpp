@@ -86,7 +86,8 @@ QString Workspace::Change(const QJsonObject &params)
     if (found == Entries.end())
         return QString();
     OpenDocument &document = *found->second.Document;
-    for (const QJsonValue &change : params.value(QLatin1String("contentChanges")).toArray()) {
+    const QJsonArray changes = params.value(QLatin1String("contentChanges")).toArray();
+    for (const QJsonValue &change : changes) {
         if (!change[Text].isString())
             continue;
         if (change[Range].isObject())

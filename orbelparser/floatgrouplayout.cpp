@@ -1,5 +1,6 @@
 #include "floatgrouplayout.h"
 
+#include "fetchsoon.h"
 #include "floatgrouparranger.h"
 #include "lookwatch.h"
 #include "sectionline.h"
@@ -23,6 +24,18 @@ int TopMargin(QLayoutItem *item)
 {
     const QWidget *widget = item->widget();
     return widget ? widget->contentsMargins().top() : 0;
+}
+
+/// Of what sizes are read from: items, their widgets, and what stands behind these.
+void FetchAhead(const QList<QLayoutItem *> &items, int index)
+{
+    constexpr int stage = 8;
+    const auto ahead = [&](int stages) { return items.value(index + stages * stage); };
+    Orbel::FetchSoon(ahead(3));
+    if (QLayoutItem *item = ahead(2))
+        Orbel::FetchSoon(item->widget());
+    if (QLayoutItem *item = ahead(1); item && item->widget())
+        Orbel::FetchSoon(&item->widget()->geometry());
 }
 
 /// Most widgets of a form stay where they are when it is arranged anew, and Qt takes its time to find that out. One
@@ -160,6 +173,7 @@ void FloatGroupLayout::removeAllWidgets()
 
 void FloatGroupLayout::addItem(QLayoutItem *item)
 {
+    IsMeasured = false;
     clearHints();
     Items.append(item);
     Flags.append(0);
@@ -184,6 +198,12 @@ QLayoutItem *FloatGroupLayout::takeAt(int index)
 }
 
 void FloatGroupLayout::invalidate()
+{
+    IsMeasured = false;
+    changeWidth();
+}
+
+void FloatGroupLayout::changeWidth()
 {
     clearHints();
     if (Pauses == 0) {
@@ -256,6 +276,7 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     ++PlaceCount;
     // Placing an item can arrange anew, and can take away items, this one among them.
     for (int i = 0; ChangeCount == arranged && i < Items.size() && i < Hints.size(); ++i) {
+        FetchAhead(Items, i);
         QLayoutItem *item = Items.at(i);
         Place(item, placeOf(i));
         if (Items.value(i) == item && (Flags.at(i) & FloatGroupItem::ItemList))
@@ -271,7 +292,7 @@ bool FloatGroupLayout::eventFilter(QObject *watched, QEvent *event)
     // The area sends other events even while it is destroyed, and must not be touched then.
     if (event->type() != QEvent::Resize || watched != ScrollArea)
         return QLayout::eventFilter(watched, event);
-    invalidate();
+    changeWidth();
     update();
     // Meant: the event ends here; the area lays its viewport out when the request that update() posts comes through.
     return true;
@@ -284,33 +305,65 @@ QSize FloatGroupLayout::sizeHint(int width, int columnCount) const
         return TotalSize;
     if (ScrollArea && ScrollArea->width() > 0)
         width = qMin(width, ScrollArea->width());
-    QVector<FloatGroupItem> measured;
-    if (!scanItems(measured))
+    if (!measureItems())
         return TotalSize;
-    FloatGroupArranger arranger(std::move(measured), HorizontalSpacing, VerticalSpacing);
-    arranger.arrange(width, columnCount);
-    Hints = arranger.hints();
-    TotalSize = arranger.totalSize();
+    const Request request{width, columnCount, HorizontalSpacing, VerticalSpacing};
+    if (Arranged.isEmpty() || !(request == ArrangedFor)) {
+        FloatGroupArranger arranger(Measured, HorizontalSpacing, VerticalSpacing);
+        arranger.arrange(width, columnCount);
+        Arranged = arranger.hints();
+        ArrangedSize = arranger.totalSize();
+        ArrangedFor = request;
+    }
+    Hints = Arranged;
+    TotalSize = ArrangedSize;
     return TotalSize;
 }
 
-/// Measures all items. False when there is none, or when measuring took items away or added some.
-bool FloatGroupLayout::scanItems(QVector<FloatGroupItem> &measured) const
+bool FloatGroupLayout::Request::operator==(const Request &other) const
+{
+    return Width == other.Width && ColumnCount == other.ColumnCount && HorizontalSpacing == other.HorizontalSpacing
+        && VerticalSpacing == other.VerticalSpacing;
+}
+
+/// Has `Measured` tell the sizes of all items. False when there is none, or when measuring took items away or added
+/// some.
+bool FloatGroupLayout::measureItems() const
 {
     clearHints();
     TotalSize = QSize(0, 0);
-    measured.resize(Items.size());
-    FloatGroupItem *next = measured.data();
-    // A widget that is asked for the first time takes on its style and may invalidate this layout: nothing may rely on
-    // `Hints` here, nor on the items.
+    if (IsMeasured && Measured.size() == Items.size())
+        return !Items.isEmpty();
+    const unsigned changes = ChangeCount;
+    // A widget that is asked for the first time takes on its style and may invalidate this layout, or arrange it:
+    // nothing may rely on `Hints` here, nor on the items.
     const QList<QLayoutItem *> asked = Items;
-    for (int i = 0; i < asked.size() && Items == asked; ++i) {
-        const int itemFlags = Flags.at(i);
-        const int topMargin = itemFlags & FloatGroupItem::ItemSection ? TopMargin(asked.at(i)) : 0;
-        const QSize hint = asked.at(i)->sizeHint();
-        *next++ = {itemFlags, hint.width(), hint.height(), topMargin};
+    QVector<FloatGroupItem> measured = std::exchange(Measured, {});
+    bool differs = measured.size() != asked.size();
+    measured.resize(asked.size());
+    FloatGroupItem *next = measured.data();
+    for (int i = 0; i < asked.size() && Items == asked; ++i, ++next) {
+        FetchAhead(asked, i);
+        const FloatGroupItem item = measureItem(i);
+        differs = differs || !(item == *next);
+        *next = item;
     }
-    return !measured.isEmpty() && Items == asked;
+    if (differs)
+        Arranged.clear();
+    if (Items != asked)
+        return false;
+    Measured = measured;
+    IsMeasured = ChangeCount == changes;
+    return !asked.isEmpty();
+}
+
+FloatGroupItem FloatGroupLayout::measureItem(int index) const
+{
+    QLayoutItem *item = Items.at(index);
+    const int itemFlags = Flags.at(index);
+    const int topMargin = itemFlags & FloatGroupItem::ItemSection ? TopMargin(item) : 0;
+    const QSize hint = item->sizeHint();
+    return {itemFlags, hint.width(), hint.height(), topMargin};
 }
 
 /// Where the item goes: a label that stands beside its control may need more height than it was arranged with.
@@ -326,8 +379,7 @@ QRect FloatGroupLayout::placeOf(int index) const
     const bool inRow = next < Items.size() && !(Flags.at(next) & FloatGroupItem::ItemGroup)
         && Hints.at(next).height() > 0 && Hints.at(next).top() == place.top();
     QWidget *control = inRow ? Items.at(next)->widget() : nullptr;
-    // The item knows the hint of its widget without asking anew.
-    const int own = Items.at(index)->sizeHint().height();
+    const int own = Measured.at(index).height;
     place.setHeight(label->StandBeside(control, inRow ? Hints.at(next).size() : QSize(), place.height(), own));
     return place;
 }

@@ -9,6 +9,7 @@
 #include <QRect>
 #include <QVector>
 
+class FloatScrollArea;
 class QGroupBox;
 class QScrollArea;
 struct FloatGroupItem;
@@ -100,6 +101,7 @@ public:
 
 private:
     friend class KV218::LayoutPause;
+    friend class ::FloatScrollArea;
 
     /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once,
     /// and when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything
@@ -107,8 +109,22 @@ private:
     void pause();
     void resume();
 
+    /// What an arrangement depends on besides the items.
+    struct Request {
+        int Width = -1;
+        int ColumnCount = 0;
+        int HorizontalSpacing = 0;
+        int VerticalSpacing = 0;
+
+        bool operator==(const Request &other) const;
+    };
+
+    /// As invalidate(), for another width only: no item has another size.
+    void changeWidth();
+
     QSize sizeHint(int width, int columnCount) const;
-    bool scanItems(QVector<FloatGroupItem> &measured) const;
+    bool measureItems() const;
+    FloatGroupItem measureItem(int index) const;
     QRect placeOf(int index) const;
     void setListGeometry(QLayoutItem *item);
     void dropListWidths();
@@ -132,6 +148,14 @@ private:
     mutable QVector<QRect> Hints;
     /// The size of the last arrangement, valid or not.
     mutable QSize TotalSize = QSize(0, 0);
+    /// The sizes of the items when they were last asked, and whether they have nothing new to tell: in a large form
+    /// asking all widgets takes longer than arranging them, since each lies elsewhere in memory.
+    mutable QVector<FloatGroupItem> Measured;
+    mutable bool IsMeasured = false;
+    /// The last arrangement, of these sizes; empty for none.
+    mutable QVector<QRect> Arranged;
+    mutable QSize ArrangedSize;
+    mutable Request ArrangedFor;
     /// Raised whenever `Hints` are dropped, so that setGeometry() notices that somebody arranges anew meanwhile.
     mutable unsigned ChangeCount = 0;
     /// Raised whenever setGeometry() places the items.

@@ -1,5 +1,7 @@
 #include "floatscrollarea.h"
 
+#include "floatgrouplayout.h"
+
 #include <QEvent>
 #include <QLayout>
 #include <QPointer>
@@ -70,7 +72,9 @@ bool FloatScrollArea::event(QEvent *event)
 void FloatScrollArea::resizeEvent(QResizeEvent *event)
 {
     if (QWidget *content = widget()) {
-        if (content->layout())
+        if (auto *layout = dynamic_cast<FloatGroupLayout *>(content->layout()))
+            layout->changeWidth();
+        else if (content->layout())
             content->layout()->invalidate();
         // The arrangement before has raised the minimum, which would keep the content from shrinking.
         content->setMinimumSize(10, 10);

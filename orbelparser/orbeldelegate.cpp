@@ -240,7 +240,7 @@ void OrbelDelegate::SetPropertyAlways(const PropertyKey &name, const QVariant &v
     const Call call(this);
     if (Store(name, value, before))
         return;
-    // One that is not declared was equal, or Qt would have told of it.
+    // One that is not declared was equal, or Qt would have notified of it.
     const bool equal = !declared || (before.userType() == value.userType() && before == value);
     if (value.isValid() && equal) {
         QDynamicPropertyChangeEvent change(name.data());

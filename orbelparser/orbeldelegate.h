@@ -159,7 +159,7 @@ public:
     /// control cannot have.
     virtual bool EditsOf(const QVariant &value, QVariantList *edits, QString *error) const;
 
-    /// The device has this value now. It is shown, and those who watch node or signals hear of it, but it is no change
+    /// The device has this value now. It is shown, node and signals notify of it, but it is no change
     /// of the operator's: no mark, no automatic apply, nothing to undo. What the operator has changed and not applied
     /// stays, and then counts as changed from this value; what is being typed goes on. The control then shows that the
     /// device differs. False, with the reason in `error`, for a value that the control cannot have.
@@ -207,8 +207,8 @@ public:
     /// Has the tooltips that the control made of its label, `former`, say the label of now, as those of a new control
     /// do.
     void RenewToolTips(const QString &former);
-    /// Takes such values in, and emits what tells of a value, but marks nothing for the host. The base sets the nodes,
-    /// or puts the edits of a control without any.
+    /// Takes such values in, and emits the signals of a change, but marks nothing for the host. The base sets the
+    /// nodes, or puts the edits of a control without any.
     virtual void TakeValues(const OrbelDelegate &former, const QVariantList &edits);
 
     /// Shows the control in the present language: what the definition, a script or the host gave it to show is

@@ -1,5 +1,6 @@
 #include "orbelelement.h"
 
+#include "fetchsoon.h"
 #include "formlimits.h"
 #include "orbeldelegate.h"
 #include "xmlwalk.h"
@@ -117,10 +118,28 @@ void OrbelElement::GetXml(QXmlStreamWriter &writer, bool onlyModified, bool keep
         return;
     if (!isRoot)
         writer.writeStartElement(Tags.first());
-    for (const OrbelElement *child : qAsConst(Children))
-        child->GetXml(writer, onlyModified, keepsMarks);
+    for (int i = 0; i < Children.size(); ++i) {
+        FetchAhead(i);
+        Children.at(i)->GetXml(writer, onlyModified, keepsMarks);
+    }
     if (!isRoot)
         writer.writeEndElement();
+}
+
+/// Of what the next children are written from.
+void OrbelElement::FetchAhead(int index) const
+{
+    constexpr int stage = 4;
+    const auto leafAhead = [&](int stages) {
+        const OrbelElement *child = Children.value(index + stages * stage);
+        return child ? child->LeafWidget.data() : nullptr;
+    };
+    Orbel::FetchSoon(Children.value(index + 4 * stage), sizeof(OrbelElement));
+    Orbel::FetchSoon(leafAhead(3), sizeof(OrbelWidget));
+    if (const OrbelWidget *widget = leafAhead(2))
+        Orbel::FetchSoon(widget->GetDelegate(), sizeof(OrbelDelegate) + 128);
+    if (const OrbelWidget *widget = leafAhead(1))
+        Orbel::FetchSoon(widget->GetXmlTagName().constData());
 }
 
 void OrbelElement::ReadXml(QXmlStreamReader &reader)

@@ -44,6 +44,7 @@ public:
 private:
     OrbelElement *Append(OrbelElement *child);
     void EnterTags(OrbelElement *child);
+    void FetchAhead(int index) const;
 
     QStringList Tags;
     QExplicitlySharedDataPointer<OrbelWidget> LeafWidget;

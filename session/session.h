@@ -180,7 +180,7 @@ Q_SIGNALS:
     void reloaded(const QVector<Orbel::Finding> &findings);
     /// The script threw, when it was run at the start or in a handler, or took longer than it may. `line` counts from 1
     /// in the definition's file; `file` is empty for a definition that came from none. What happens while the session
-    /// opens is told when the event loop comes round.
+    /// opens is notified when the event loop comes round.
     void scriptFailed(const QString &file, int line, const QString &text);
 
 private:

@@ -220,7 +220,7 @@ void SessionBody::Announce()
     form->DropUnchanged();
     const QVector<Change> changes = ChangesOf(*form);
     if (changes.isEmpty()) {
-        // The next change is to be told again.
+        // The next change is to be notified again.
         form->GetSheet().resetModified();
         return;
     }

@@ -137,7 +137,7 @@ QString ExampleOf(const QString &className)
 
 QString ScriptOf(const QString &className)
 {
-    return Resource(QStringLiteral("scripts/%1.js").arg(className));
+    return Resource(QStringLiteral("%1.js").arg(className));
 }
 
 QImage PictureOf(const QString &definition, bool applyUi)

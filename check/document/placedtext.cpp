@@ -34,6 +34,7 @@ public:
     Decoder(const PlacedText &source, int from, int to, bool isAttribute)
         : Source(source), Text(source.Text()), At(from), End(to), IsAttribute(isAttribute)
     {
+        Decoded.Reserve(qMax(0, to - from));
     }
 
     PlacedText Run()
@@ -48,7 +49,7 @@ private:
     bool StandsHere(const char *mark) const
     {
         const QLatin1String text(mark);
-        return At + text.size() <= End && Text.midRef(At, text.size()) == text;
+        return Text.at(At) == text.at(0) && At + text.size() <= End && Text.midRef(At, text.size()) == text;
     }
 
     void Step()
@@ -130,6 +131,12 @@ int PlacedText::OffsetOf(int index) const
     if (Offsets.isEmpty())
         return qMin(index, Characters.size());
     return Offsets.at(qMin(index, Offsets.size() - 1));
+}
+
+void PlacedText::Reserve(int characters)
+{
+    Characters.reserve(characters);
+    Offsets.reserve(characters + 1);
 }
 
 void PlacedText::Append(QChar character, int offset)

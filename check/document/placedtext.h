@@ -22,6 +22,8 @@ public:
     const QString &Text() const { return Characters; }
     /// The place of a character in the file; the index may be one past the end, and larger ones count as that.
     int OffsetOf(int index) const;
+    /// Makes room for that many.
+    void Reserve(int characters);
     void Append(QChar character, int offset);
     /// Sets the place behind the last character.
     void Close(int offset);

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <utility>
 
 namespace Orbel
 {
@@ -16,9 +15,11 @@ inline int EditDistance(const QString &from, const QString &to)
     // Distances from the part of `from` read so far to each beginning of `to`, and those of the last two parts.
     QVector<int> distances(to.size() + 1);
     std::iota(distances.begin(), distances.end(), 0);
-    QVector<int> before = distances;
+    QVector<int> before(distances.size());
+    QVector<int> earlier(distances.size());
     for (int i = 0; i < from.size(); ++i) {
-        const QVector<int> earlier = std::exchange(before, distances);
+        earlier.swap(before);
+        before.swap(distances);
         distances[0] = i + 1;
         for (int j = 0; j < to.size(); ++j) {
             const int replaced = before[j] + (from[i] == to[j] ? 0 : 1);

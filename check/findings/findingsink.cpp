@@ -54,9 +54,18 @@ QString Shortened(const QString &text)
     return shorter + text.midRef(from);
 }
 
+/// Whether a place stands in <![CDATA[ ]]>, where nothing is escaped.
+bool IsInSection(const QString &text, int place)
+{
+    return place > 0
+        && text.lastIndexOf(QLatin1String("<![CDATA["), place - 1) > text.lastIndexOf(QLatin1String("]]>"), place - 1);
+}
+
 /// An empty text stands nowhere.
 FindingEdit EditOf(const Mend &mend, const FileText &file)
 {
+    if (mend.Becomes.contains(QLatin1Char('&')) && IsInSection(file.Text(), mend.Place))
+        return FindingEdit();
     if (mend.Is.isEmpty() || mend.Is == mend.Becomes || file.Text().midRef(mend.Place, mend.Is.size()) != mend.Is)
         return FindingEdit();
     return {mend.Place, mend.Is.size(), mend.Becomes};

@@ -2,6 +2,10 @@
 
 #include "editdistance.h"
 
+#include <QRegularExpression>
+
+#include <algorithm>
+
 namespace Orbel
 {
 
@@ -27,6 +31,15 @@ QString NearestName(const QString &name, const QStringList &names)
         }
     }
     return nearest;
+}
+
+QString MisspeltName(const QString &name, const QStringList &names)
+{
+    static const QRegularExpression digits(QStringLiteral("\\d"));
+    const QString stem = QString(name).remove(digits);
+    const bool isNumbered = std::any_of(names.cbegin(), names.cend(),
+        [&](const QString &other) { return other != name && QString(other).remove(digits) == stem; });
+    return isNumbered ? QString() : NearestName(name, names);
 }
 
 QString DidYouMean(const QString &name, const QStringList &names)

@@ -11,6 +11,10 @@ namespace Orbel
 /// case count as equal. Never `name` itself. Empty when none is near.
 ORBEL_CHECK_EXPORT QString NearestName(const QString &name, const QStringList &names);
 
+/// The same, but nothing where the name differs from one of the others in its digits alone: "gain2" is no mistake for
+/// "gain1".
+ORBEL_CHECK_EXPORT QString MisspeltName(const QString &name, const QStringList &names);
+
 /// `; did you mean "X"?`, or nothing when no name is near.
 ORBEL_CHECK_EXPORT QString DidYouMean(const QString &name, const QStringList &names);
 

@@ -1,72 +1,102 @@
 #include "inputmask.h"
 
+#include <QVector>
+
 namespace Orbel
 {
 
 namespace
 {
 
-/// Whether a place of the mask takes a character; `isInput` tells whether it is such a place at all.
-bool Takes(QChar place, QChar letter, bool *isInput)
+/// One character of a line edit with a mask.
+struct MaskPlace {
+    QChar Mark;
+    bool IsFixed; ///< The mask itself puts its mark there.
+};
+
+bool IsMaskMark(QChar letter)
 {
-    const char kind = place.toLower().toLatin1();
-    *isInput = true;
-    switch (kind) {
+    return QStringLiteral("AaNnXx90Dd#HhBb").contains(letter);
+}
+
+QVector<MaskPlace> PlacesOfMask(const QString &marks)
+{
+    QVector<MaskPlace> places;
+    bool isEscaped = false;
+    for (const QChar mark : marks) {
+        const bool isEscape = mark == QLatin1Char('\\') && !isEscaped;
+        if (isEscaped || !(isEscape || QStringLiteral("<>!{}[]").contains(mark)))
+            places.append({mark, isEscaped || !IsMaskMark(mark)});
+        isEscaped = isEscape;
+    }
+    return places;
+}
+
+bool Takes(const MaskPlace &place, QChar letter, QChar blank)
+{
+    if (place.IsFixed)
+        return false;
+    // The other marks want a character, and these may stay empty.
+    if (letter == blank && QStringLiteral("anx0d#hb").contains(place.Mark))
+        return true;
+    switch (place.Mark.toLower().toLatin1()) {
     case 'a':
         return letter.isLetter();
     case 'n':
         return letter.isLetterOrNumber();
     case 'x':
-        return letter.isPrint();
+        return letter.isPrint() && letter != blank;
     case '9':
     case '0':
         return letter.isNumber();
     case 'd':
-        return letter.isNumber() && letter != QLatin1Char('0');
+        return letter.isNumber() && letter.digitValue() > 0;
     case '#':
         return letter.isNumber() || letter == QLatin1Char('+') || letter == QLatin1Char('-');
     case 'h':
         return QStringLiteral("0123456789abcdef").contains(letter.toLower());
-    case 'b':
-        return letter == QLatin1Char('0') || letter == QLatin1Char('1');
     default:
-        *isInput = false;
-        return false;
+        return letter == QLatin1Char('0') || letter == QLatin1Char('1');
     }
+}
+
+/// Where a character goes that the place at `from` does not take: to the next fixed one like it, or else to the next
+/// place that takes it. -1 when it is lost.
+int NextPlace(const QVector<MaskPlace> &places, int from, QChar letter, QChar blank)
+{
+    for (int i = from; i < places.size(); ++i) {
+        if (places.at(i).IsFixed && places.at(i).Mark == letter)
+            return i;
+    }
+    for (int i = from; i < places.size(); ++i) {
+        if (Takes(places.at(i), letter, blank))
+            return i;
+    }
+    return -1;
 }
 
 } // namespace
 
 bool FitsInputMask(const QString &text, const QString &mask)
 {
-    const int blank = mask.lastIndexOf(QLatin1Char(';'));
-    const QString places = blank >= 0 ? mask.left(blank) : mask;
+    const QVector<MaskPlace> places = PlacesOfMask(mask.section(QLatin1Char(';'), 0, 0));
+    const QString behind = mask.section(QLatin1Char(';'), 1);
+    const QChar blank = behind.isEmpty() ? QLatin1Char(' ') : behind.at(0);
     if (places.isEmpty())
         return true;
     int at = 0;
-    for (int i = 0; i < places.size() && at < text.size(); ++i) {
-        bool isInput = false;
-        const bool isEscaped = places.at(i) == QLatin1Char('\\') && i + 1 < places.size();
-        if (isEscaped)
-            ++i;
-        else if (QStringLiteral("<>!").contains(places.at(i)))
+    int place = 0;
+    while (at < text.size() && place < places.size()) {
+        const QChar letter = text.at(at);
+        if (places.at(place).IsFixed) {
+            at += letter == places.at(place++).Mark ? 1 : 0;
             continue;
-        if (!isEscaped && Takes(places.at(i), text.at(at), &isInput)) {
-            ++at;
-        } else if (isEscaped || !isInput) {
-            at += text.at(at) == places.at(i) ? 1 : 0;
-        } else if (text.at(at) == QLatin1Char(' ')) {
-            ++at;
-        } else {
-            // Places may stay empty before the character that parts them from the next.
-            const int next = places.indexOf(text.at(at), i);
-            bool isPlace = false;
-            Takes(text.at(at), QLatin1Char('0'), &isPlace);
-            if (next < 0 || isPlace)
-                return false;
-            i = next;
-            ++at;
         }
+        const int next = Takes(places.at(place), letter, blank) ? place : NextPlace(places, place, letter, blank);
+        if (next < 0 && letter != QLatin1Char(' ') && letter != blank)
+            return false;
+        place = next < 0 ? place : next + 1;
+        ++at;
     }
     return at == text.size();
 }

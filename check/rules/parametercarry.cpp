@@ -66,15 +66,15 @@ QString PlaceOfItem(const Document &document, int item, int turn)
 }
 
 /// The elements on the way to a place, made where they are not there.
-struct Node {
+struct CarriedElement {
     QString Tag;
-    QVector<Node> Children;
+    QVector<CarriedElement> Children;
     int Value = -1; ///< The index of what stands there.
 
-    Node &Child(const QString &tag)
+    CarriedElement &Child(const QString &tag)
     {
-        const auto found
-            = std::find_if(Children.begin(), Children.end(), [&](const Node &each) { return each.Tag == tag; });
+        const auto found = std::find_if(
+            Children.begin(), Children.end(), [&](const CarriedElement &each) { return each.Tag == tag; });
         if (found != Children.end())
             return *found;
         Children.append({tag, {}, -1});
@@ -214,16 +214,16 @@ void ParameterCarry::Lose(int element, const QString &text)
 
 QString ParameterCarry::GetDocument() const
 {
-    Node root{After.Form.RootTag(), {}, -1};
+    CarriedElement root{After.Form.RootTag(), {}, -1};
     for (int i = 0; i < Values.size(); ++i) {
-        Node *node = &root;
+        CarriedElement *node = &root;
         for (const QString &part : Values.at(i).Path.split(QLatin1Char('/')))
             node = &node->Child(part);
         node->Value = i;
     }
     QString text;
     QXmlStreamWriter writer(&text);
-    const std::function<void(const Node &)> write = [&](const Node &node) {
+    const std::function<void(const CarriedElement &)> write = [&](const CarriedElement &node) {
         writer.writeStartElement(node.Tag);
         if (node.Value >= 0) {
             const Moved &value = Values.at(node.Value);
@@ -232,7 +232,7 @@ QString ParameterCarry::GetDocument() const
             else
                 WriteChildren(Old, value.Element, value.ItemTag, writer);
         }
-        for (const Node &child : node.Children)
+        for (const CarriedElement &child : node.Children)
             write(child);
         writer.writeEndElement();
     };

@@ -11,8 +11,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class ConnectionCheck
 {
 public:
@@ -21,6 +19,9 @@ public:
         for (int i = 0; i < Tree.All().size(); ++i) {
             if (Tree.Is(i, Node::Member, "disconnect"))
                 Ended.insert(Study.CodeOf(Tree.Part(i, 0)));
+            const int function = Tree.Is(i, Node::Call) ? Tree.Part(i, 0) : -1;
+            if (Tree.Is(function, Node::Member, "setMinimum") || Tree.Is(function, Node::Member, "setMaximum"))
+                Limiting.append(i);
         }
     }
 
@@ -35,11 +36,14 @@ public:
         for (const ScriptConnection &connection : Study.Connections()) {
             if (connection.Function < 0)
                 continue;
-            CheckThis(connection);
             CheckIndex(connection);
             CheckOwnValue(connection);
             CheckClosure(connection);
-            CheckHidden(connection);
+            if (!Handlers.contains(connection.Function)) {
+                CheckThis(connection);
+                CheckHidden(connection);
+            }
+            Handlers.insert(connection.Function);
             Heard.insert({Study.WidgetOf(connection.Control), connection.Signal}, connection.Function);
         }
         for (int i = 0; i < Tree.All().size(); ++i) {
@@ -90,9 +94,9 @@ private:
         if (called >= 0 && IsCalledAtOnce(called)) {
             const QString code = Study.CodeOf(handler);
             const bool isPlain = Tree.At(handler).Parts.size() == 1;
-            Sink().Add(Code::ScriptHandler, Study.Script.PlaceOf(Tree.StartOf(handler)),
+            Sink().Add(Code::ScriptHandler, Study.PlaceOfStart(handler),
                 QStringLiteral("This calls the function now, and connects nothing"),
-                isPlain ? Mend{Study.Script.PlaceOf(Tree.StartOf(handler)), code, Study.CodeOf(called)} : Mend());
+                isPlain ? Mend{Study.PlaceOfStart(handler), code, Study.CodeOf(called)} : Mend());
         } else if ((kind == ScriptKind::Text && isAlone) || kind == ScriptKind::Number || kind == ScriptKind::Bool
             || kind == ScriptKind::Control || kind == ScriptKind::NumberText) {
             Study.Tell(Code::ScriptHandler, handler, QStringLiteral("This is no function to be connected"));
@@ -177,9 +181,11 @@ private:
 
     void CheckThis(const ScriptConnection &connection)
     {
-        if (Tree.At(connection.Call).Parts.size() != 2 || !Study.Bindings.CallsOf(connection.Function).isEmpty())
+        // `handler.call(gain)` gives it another one.
+        if (Tree.At(connection.Call).Parts.size() != 2 || !Study.Bindings.CallsOf(connection.Function).isEmpty()
+            || Study.Bindings.IsPassedOn(connection.Function))
             return;
-        for (int i = Tree.FirstInside(connection.Function); i < connection.Function; ++i) {
+        for (int i = Tree.At(connection.Function).First; i < connection.Function; ++i) {
             const int member = Tree.At(i).Parent;
             if (!Tree.Is(i, Node::This) || Tree.At(i).Function != connection.Function || !Tree.Is(member, Node::Member)
                 || IsGlobal(Tree.At(member).Text))
@@ -235,15 +241,13 @@ private:
         const int parameter = Tree.Part(connection.Function, 0);
         if (!widget || !Tree.Is(parameter, Node::Parameter) || !connection.Signal.endsWith(QLatin1String("hanged")))
             return;
-        for (int i = Tree.FirstInside(connection.Function); i < connection.Function; ++i) {
-            const int function = Tree.Is(i, Node::Call) ? Tree.Part(i, 0) : -1;
-            const int argument = Tree.Part(i, 1);
-            const QString name = Tree.Is(function, Node::Member) ? Tree.At(function).Text : QString();
-            const bool isLimit = name == QLatin1String("setMinimum") || name == QLatin1String("setMaximum");
-            if (isLimit && Tree.Is(argument, Node::Name)
+        for (const int call : qAsConst(Limiting)) {
+            const int control = Tree.Part(Tree.Part(call, 0), 0);
+            const int argument = Tree.Part(call, 1);
+            if (Tree.IsInside(call, connection.Function) && Tree.Is(argument, Node::Name)
                 && Study.Bindings.NumberOf(argument) == Study.Bindings.NumberOf(parameter)
-                && Study.WidgetOf(Tree.Part(function, 0)) == widget)
-                Study.Tell(Code::ScriptHandler, Tree.Part(function, 0),
+                && Study.WidgetOf(control) == widget)
+                Study.Tell(Code::ScriptHandler, control,
                     QStringLiteral("\"%1\" limits itself to the value that it has just got").arg(widget->Name));
         }
     }
@@ -262,16 +266,22 @@ private:
             || Study.Form.FindEnum(name) || ScriptBuiltins().contains(name);
     }
 
+    /// `do { } while (false)` is a block that break leaves.
+    bool IsDoneOnce(int loop) const
+    {
+        return Tree.Is(loop, Node::Do) && Tree.Is(Tree.Part(loop, 1), Node::Word, "false");
+    }
+
     /// All turns of a loop share its variables, and a handler meets what the last one left.
     void CheckClosure(const ScriptConnection &connection)
     {
         int loop = Tree.At(connection.Call).Parent;
-        while (loop >= 0 && !Tree.IsLoop(loop) && !Tree.IsFunction(loop))
+        while (loop >= 0 && (!Tree.IsLoop(loop) || IsDoneOnce(loop)) && !Tree.IsFunction(loop))
             loop = Tree.At(loop).Parent;
         if (!Tree.IsLoop(loop) || !Tree.IsInside(connection.Function, loop))
             return;
         QSet<int> told;
-        for (int i = Tree.FirstInside(connection.Function); i < connection.Function; ++i) {
+        for (int i = Tree.At(connection.Function).First; i < connection.Function; ++i) {
             if (!Tree.Is(i, Node::Name) || told.contains(Study.Bindings.NumberOf(i)))
                 continue;
             const ScriptVariable &variable = Study.Bindings.At(i);
@@ -288,23 +298,22 @@ private:
         }
     }
 
-    /// Set to one constant alone.
+    /// Whether each turn gives a variable the same: a function, or a literal of constants.
     bool IsFixed(const ScriptVariable &variable, int loop) const
     {
         const int set = variable.Sets.size() == 1 ? variable.Sets.constFirst() : -1;
-        const int value = Tree.Is(set, Node::Declarator) ? Tree.Part(set, 0) : -1;
-        return set != loop && value >= 0
-            && (Tree.Is(value, Node::Quoted) || Tree.Is(value, Node::Number) || Tree.Is(value, Node::Word));
+        const int value = Tree.Is(set, Node::Declarator) ? Tree.Part(set, 0) : set;
+        if (set == loop || value < 0)
+            return false;
+        return Tree.IsFunction(value) || (value != set && !Study.Contains(value, [this](int i) {
+            return Tree.Is(i, Node::Name) || Tree.Is(i, Node::Call) || Tree.Is(i, Node::This);
+        }));
     }
 
     /// A parameter with the name of a control, which is used as if it were the control.
     void CheckHidden(const ScriptConnection &connection)
     {
-        if (!HiddenIn.contains(connection.Function))
-            HiddenIn.insert(connection.Function);
-        else
-            return;
-        for (int i = Tree.FirstInside(connection.Function); i < connection.Function; ++i) {
+        for (int i = Tree.At(connection.Function).First; i < connection.Function; ++i) {
             if (!Tree.Is(i, Node::Member) || !Tree.Is(Tree.Part(i, 0), Node::Name))
                 continue;
             const int name = Tree.Part(i, 0);
@@ -326,7 +335,8 @@ private:
     QSet<QString> Ended; ///< Signals that are disconnected somewhere.
     QSet<QPair<int, QString>> Made;
     QSet<QString> OfThis;
-    QSet<int> HiddenIn;
+    QSet<int> Handlers; ///< Of the connections so far.
+    QVector<int> Limiting; ///< Calls that set a limit.
     QHash<QPair<const WidgetEntry *, QString>, int> Heard; ///< Handlers by control and signal.
 };
 

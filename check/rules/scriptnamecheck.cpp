@@ -10,8 +10,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class NameUse
 {
 public:
@@ -43,12 +41,15 @@ private:
     /// A name that is set and never read, and nearly that of a variable.
     void CheckLost(const ScriptVariable &variable)
     {
+        constexpr int most = 100;
+        if (++Lost > most || Study.Form.ScriptSpeaksOf(variable.Name))
+            return;
         QStringList names;
         for (const ScriptVariable &other : Study.Bindings.All()) {
             if (other.IsMade && other.Function == Tree.Root())
                 names.append(other.Name);
         }
-        if (!NearestName(variable.Name, names).isEmpty() && !Study.Form.ScriptSpeaksOf(variable.Name))
+        if (!MisspeltName(variable.Name, names).isEmpty())
             Study.Sink.AddMisspelt(Code::ScriptUnknown,
                 PlaceOfName(qMax(0, Tree.Part(variable.Sets.constFirst(), 0)), variable.Name),
                 QStringLiteral("Nobody reads \"%1\"").arg(variable.Name), variable.Name, names);
@@ -68,8 +69,7 @@ private:
                 return (read > first && read < second) || Tree.At(read).Function != Tree.At(first).Function;
             });
             if (isPair && !isRead)
-                Study.Sink.Add(Code::ScriptFunctionDoubled,
-                    PlaceOfName(Tree.StartOf(second) >= 0 ? second : first, variable.Name),
+                Study.Sink.Add(Code::ScriptFunctionDoubled, PlaceOfName(second, variable.Name),
                     QStringLiteral("\"%1\" gets another value before anybody reads this one").arg(variable.Name));
         }
     }
@@ -89,7 +89,8 @@ private:
                 statement = Tree.At(statement).Parent;
             const bool isPlain = Tree.At(read).Function == Tree.Root() && read < first
                 && (Tree.Is(statement, Node::Statement) || Tree.Is(statement, Node::Variables))
-                && !Study.IsGuarded(read);
+                && !Study.IsGuarded(read)
+                && std::none_of(variable.Sets.cbegin(), variable.Sets.cend(), [read](int set) { return set < read; });
             if (!isPlain || Tree.IsInside(first, statement))
                 continue;
             Study.Tell(Code::ScriptUnset, read, QStringLiteral("\"%1\" has no value yet").arg(variable.Name));
@@ -165,7 +166,7 @@ private:
             const bool isFirst = Tree.Is(set, Node::Assign, "=") && IsPlainStep(set)
                 && Tree.At(set).Function == function
                 && std::none_of(variable.Reads.cbegin(), variable.Reads.cend(), [&](int read) { return read < set; });
-            if (isFirst && !variable.Reads.isEmpty())
+            if (isFirst && !variable.Reads.isEmpty() && !Study.ReadsArguments(function))
                 Study.Tell(Code::ScriptShadow, set,
                     QStringLiteral("What \"%1\" was given is lost before anybody reads it").arg(name));
         }
@@ -190,6 +191,7 @@ private:
 
     const ScriptStudy &Study;
     const ScriptTree &Tree;
+    int Lost = 0; ///< Names that were looked at, so that this stays linear.
 };
 
 } // namespace

@@ -13,7 +13,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
 namespace prop = KV218::prop;
 
 class NumberCheck

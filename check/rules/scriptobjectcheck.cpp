@@ -11,12 +11,17 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 class ObjectCheck
 {
 public:
-    explicit ObjectCheck(const ScriptStudy &study) : Study(study), Tree(study.Tree) { }
+    explicit ObjectCheck(const ScriptStudy &study) : Study(study), Tree(study.Tree)
+    {
+        for (int i = 0; i < Tree.All().size(); ++i) {
+            const int key = Tree.Is(i, Node::Item) ? Tree.Part(i, 1) : Tree.Is(i, Node::Member) ? i : -1;
+            if (key == i || Tree.Is(key, Node::Quoted))
+                AskedKeys.insert(Tree.At(key).Text);
+        }
+    }
 
     void Run()
     {
@@ -88,7 +93,8 @@ private:
             values.append(row.Value);
         for (const int pair : Tree.At(object).Parts) {
             const QString key = Study.ConstantOf(pair).isNull() ? Tree.At(pair).Text : Study.ConstantOf(pair);
-            if (!rows->Values.contains(key) && !Told.contains(pair))
+            // `names[mode.currentValue] || names.other`
+            if (!rows->Values.contains(key) && !Told.contains(pair) && !AskedKeys.contains(key))
                 Study.Sink.AddMisspelt(Code::ScriptChoice, Study.PlaceOf(pair),
                     QStringLiteral("No row of \"%1\" has the value \"%2\"").arg(rows->Name, key), key, values);
             Told.insert(pair);
@@ -121,7 +127,7 @@ private:
             const QStringList keys = Set.value(map.key());
             for (const int asked : map.value()) {
                 const QString key = Tree.Is(asked, Node::Quoted) ? Study.ConstantOf(asked) : QString();
-                const QString meant = key.isEmpty() || keys.contains(key) ? QString() : NearestName(key, keys);
+                const QString meant = key.isEmpty() || keys.contains(key) ? QString() : MisspeltName(key, keys);
                 if (!meant.isEmpty() && !keys.contains(QString()))
                     Study.Sink.AddMisspelt(Code::ScriptMember, Study.PlaceOf(asked) + 1,
                         QStringLiteral("\"%1\" is never given the key \"%2\"").arg(map.key()->Name, key), key, keys);
@@ -142,6 +148,7 @@ private:
     const ScriptStudy &Study;
     const ScriptTree &Tree;
     QSet<int> Told;
+    QSet<QString> AskedKeys; ///< By name, behind a dot or in brackets.
     QHash<const WidgetEntry *, QStringList> Set;
     QHash<const WidgetEntry *, QVector<int>> Asked;
 };

@@ -8,7 +8,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
 namespace prop = KV218::prop;
 
 namespace
@@ -17,9 +16,11 @@ namespace
 /// How many names stand behind each other that are only other names of a control.
 constexpr int MostAliases = 4;
 
-bool IsAny(const QString &text, std::initializer_list<const char *> words)
+ScriptKind KindOfSum(ScriptKind left, ScriptKind right)
 {
-    return std::any_of(words.begin(), words.end(), [&](const char *word) { return text == QLatin1String(word); });
+    if (left == ScriptKind::Number && right == ScriptKind::Number)
+        return ScriptKind::Number;
+    return left == ScriptKind::Text || right == ScriptKind::Text ? ScriptKind::Text : ScriptKind::Any;
 }
 
 bool AreNumbers(const EnumEntry &rows)
@@ -32,6 +33,11 @@ bool AreNumbers(const EnumEntry &rows)
 }
 
 } // namespace
+
+bool IsAny(const QString &text, std::initializer_list<const char *> words)
+{
+    return std::any_of(words.begin(), words.end(), [&](const char *word) { return text == QLatin1String(word); });
+}
 
 ScriptKind KindOfType(const QByteArray &type)
 {
@@ -59,11 +65,6 @@ ScriptStudy::ScriptStudy(const FormModel &form, FindingSink &sink)
     FindAssignments();
     FindTests();
     FindKinds();
-}
-
-void ScriptStudy::Tell(Code code, int node, const QString &text, const Mend &mend) const
-{
-    Sink.Add(code, PlaceOf(node), text, mend);
 }
 
 /// The value of a variable that gets only one.
@@ -312,12 +313,20 @@ ScriptKind ScriptStudy::KindOfBinary(int node) const
         return right;
     if (text == QLatin1String("&&") || text == QLatin1String("||"))
         return left == right ? left : ScriptKind::Any;
-    if (text == QLatin1String("+")) {
-        if (left == ScriptKind::Number && right == ScriptKind::Number)
-            return ScriptKind::Number;
-        return left == ScriptKind::Text || right == ScriptKind::Text ? ScriptKind::Text : ScriptKind::Any;
-    }
+    if (text == QLatin1String("+"))
+        return KindOfSum(left, right);
     return IsAny(text, {"-", "*", "/", "%", "<<", ">>", ">>>", "&", "|", "^"}) ? ScriptKind::Number : ScriptKind::Bool;
+}
+
+/// `text = text + "a"`
+bool ScriptStudy::IsAppended(const ScriptVariable &variable, int set) const
+{
+    int sum = Tree.Is(set, Node::Assign, "=") ? Tree.Part(set, 1) : -1;
+    if (!Tree.Is(sum, Node::Binary, "+"))
+        return false;
+    while (Tree.Is(sum, Node::Binary, "+"))
+        sum = Tree.Part(sum, 0);
+    return Tree.Is(sum, Node::Name) && &Bindings.At(sum) == &variable;
 }
 
 ScriptKind ScriptStudy::KindOfVariable(const ScriptVariable &variable) const
@@ -331,11 +340,13 @@ ScriptKind ScriptStudy::KindOfVariable(const ScriptVariable &variable) const
         const Node &node = Tree.At(set);
         const bool isStep = node.What == Node::Prefix || node.What == Node::Postfix
             || (node.What == Node::Assign && node.Text != QLatin1String("+=") && node.Text != QLatin1String("="));
+        const bool isTextAppended = kind == ScriptKind::Text && IsAppended(variable, set);
         const ScriptKind each = Tree.IsFunction(set) ? ScriptKind::Function
+            : isTextAppended                         ? ScriptKind::Text
             : isStep                                 ? ScriptKind::Number
             : node.What == Node::Declarator          ? KindOf(Tree.Part(set, 0))
             : node.Text == QLatin1String("=")        ? KindOf(Tree.Part(set, 1))
-            : node.Text == QLatin1String("+=")       ? kind
+            : node.Text == QLatin1String("+=")       ? KindOfSum(kind, KindOf(Tree.Part(set, 1)))
                                                      : ScriptKind::Any;
         if (i > 0 && each != kind)
             return ScriptKind::Any;
@@ -371,7 +382,8 @@ ScriptKind ScriptStudy::KindOfMember(int node) const
     if (MethodOf(node) && !PropertyOf(node))
         return ScriptKind::Function;
     const WidgetEntry *widget = WidgetOf(object);
-    if (!widget && IsAny(here.Text, {"toString", "toFixed", "toUpperCase", "toLowerCase", "indexOf", "charAt", "join"}))
+    if (!widget && !MakesMember(here.Text)
+        && IsAny(here.Text, {"toString", "toFixed", "toUpperCase", "toLowerCase", "indexOf", "charAt", "join"}))
         return ScriptKind::Function;
     if (!widget)
         return here.Text == QLatin1String("length") ? ScriptKind::Number : ScriptKind::Any;
@@ -422,14 +434,14 @@ ScriptKind ScriptStudy::KindOfCall(int node) const
         return method->IsSignal ? ScriptKind::Any : KindOfType(method->Result);
     if (Tree.Is(Tree.Part(function, 0), Node::Name, "Math"))
         return ScriptKind::Number;
-    return IsAny(text, {"toFixed", "toString", "toUpperCase", "toLowerCase", "substr", "substring", "charAt", "join"})
-        ? ScriptKind::Text
-        : ScriptKind::Any;
+    const bool isText
+        = IsAny(text, {"toFixed", "toString", "toUpperCase", "toLowerCase", "substr", "substring", "charAt", "join"});
+    return isText && !MakesMember(text) ? ScriptKind::Text : ScriptKind::Any;
 }
 
 bool ScriptStudy::Contains(int node, const std::function<bool(int)> &fits) const
 {
-    for (int i = Tree.FirstInside(node); i <= node; ++i) {
+    for (int i = Tree.At(node).First; i <= node; ++i) {
         if (fits(i))
             return true;
     }
@@ -455,6 +467,8 @@ bool ScriptStudy::Leaves(int loop) const
             return false;
         if (here.What == Node::Return || here.What == Node::Throw)
             return true;
+        if (here.What == Node::Continue && !here.Text.isEmpty())
+            return true;
         if (here.What != Node::Break)
             return false;
         // The innermost loop or switch is meant, unless there is a label.
@@ -465,10 +479,11 @@ bool ScriptStudy::Leaves(int loop) const
     });
 }
 
-QString ScriptStudy::CodeOf(int node) const
+/// undefined or null
+bool ScriptStudy::IsNothing(int node) const
 {
-    const int start = Tree.StartOf(node);
-    return Script.Code().mid(start, Tree.At(node).End - start);
+    return Tree.Is(node, Node::Word, "null") || Tree.Is(node, Node::Prefix, "void")
+        || (Tree.Is(node, Node::Name, "undefined") && Bindings.IsForeign(node));
 }
 
 /// What the script looks at before it uses it.
@@ -479,11 +494,14 @@ void ScriptStudy::FindTests()
         const bool isFirst = outer.Parts.value(0, -1) == i;
         const bool isJoined = outer.What == Node::Binary && IsAny(outer.Text, {"&&", "||"});
         const bool isAsked = outer.What == Node::Prefix && IsAny(outer.Text, {"!", "typeof"});
+        const bool isCompared = outer.What == Node::Binary && IsAny(outer.Text, {"==", "!=", "===", "!=="})
+            && IsNothing(outer.Parts.at(isFirst ? 1 : 0));
         const bool isCondition
             = isFirst && (outer.What == Node::If || outer.What == Node::Conditional || outer.What == Node::While);
         if (Tree.Is(i, Node::Quoted) && isFirst && Tree.Is(Tree.At(i).Parent, Node::Binary, "in"))
             Tested.insert(QLatin1Char('\'') + Tree.At(i).Text);
-        else if ((Tree.Is(i, Node::Member) || Tree.Is(i, Node::Name)) && (isJoined || isAsked || isCondition))
+        else if ((Tree.Is(i, Node::Member) || Tree.Is(i, Node::Name))
+            && (isJoined || isAsked || isCompared || isCondition))
             Tested.insert(CodeOf(i));
     }
 }
@@ -492,6 +510,12 @@ void ScriptStudy::FindAssignments()
 {
     for (int i = 0; i < Tree.All().size(); ++i) {
         const int target = Tree.Part(i, 0);
+        if (Tree.Is(i, Node::Name, "arguments"))
+            WithArguments.insert(Tree.At(i).Function);
+        if (Tree.Is(i, Node::Pair) || Tree.Is(i, Node::Quoted))
+            MadeMembers.insert(Tree.At(i).Text);
+        else if (Tree.Is(i, Node::Assign, "=") && Tree.Is(target, Node::Member))
+            MadeMembers.insert(Tree.At(target).Text);
         const bool isCall = Tree.Is(i, Node::Call) && Tree.Is(target, Node::Member)
             && Tree.At(target).Text.startsWith(QLatin1String("set"));
         if (const WidgetEntry *widget = isCall ? WidgetOf(Tree.Part(target, 0)) : nullptr) {
@@ -512,7 +536,7 @@ void ScriptStudy::FindAssignments()
 bool ScriptStudy::IsReadFirst(int node, const WidgetEntry &widget, const QString &property) const
 {
     const QVector<int> sets = SetsOf.value(widget.Name + QLatin1Char('.') + property);
-    const ScriptVariable &name = Bindings.At(Tree.FirstInside(node));
+    const ScriptVariable &name = Bindings.At(Tree.At(node).First);
     constexpr int most = 100;
     if (sets.isEmpty() || sets.size() > most || name.Reads.size() > most
         || Assigned.contains(QLatin1Char('.') + property))
@@ -533,15 +557,7 @@ bool ScriptStudy::Needs(int function, int parameter) const
     const QVector<int> &parts = Tree.At(function).Parts;
     for (int i = parameter; i + 1 < parts.size(); ++i) {
         const ScriptVariable &variable = Bindings.At(parts.at(i));
-        const auto isTest = [this](int name) {
-            const Node &outer = Tree.At(Tree.At(name).Parent);
-            const bool compares = outer.What == Node::Binary && IsAny(outer.Text, {"==", "!=", "===", "!=="});
-            const int other = outer.Parts.value(outer.Parts.constFirst() == name ? 1 : 0, -1);
-            return (compares && (KindOf(other) == ScriptKind::Nothing || Tree.Is(other, Node::Word, "null")))
-                || Tested.contains(Tree.At(name).Text);
-        };
-        if (!variable.Reads.isEmpty() && variable.Sets.isEmpty()
-            && std::none_of(variable.Reads.cbegin(), variable.Reads.cend(), isTest))
+        if (!variable.Reads.isEmpty() && variable.Sets.isEmpty() && !Tested.contains(variable.Name))
             return true;
     }
     return false;
@@ -549,8 +565,11 @@ bool ScriptStudy::Needs(int function, int parameter) const
 
 bool ScriptStudy::IsGuarded(int node) const
 {
-    if (Tested.contains(CodeOf(node)) || Tested.contains(QLatin1Char('\'') + Tree.At(node).Text))
-        return true;
+    return Tested.contains(CodeOf(node)) || Tested.contains(QLatin1Char('\'') + Tree.At(node).Text) || IsCaught(node);
+}
+
+bool ScriptStudy::IsCaught(int node) const
+{
     for (int inner = node, outer = Tree.At(node).Parent; outer >= 0; inner = outer, outer = Tree.At(outer).Parent) {
         if (Tree.Is(outer, Node::Try) && Tree.Part(outer, 0) == inner && Tree.Is(Tree.Part(outer, 1), Node::Catch))
             return true;

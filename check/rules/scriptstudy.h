@@ -78,20 +78,39 @@ public:
     /// Whether the script may change the property of a widget: `gain.setMinimum(1)`, `gain.minimum = 1`.
     bool MaySet(const WidgetEntry &widget, QLatin1String property) const;
 
+    /// Whether an object of the script may have a member of the name: it is set somewhere, or stands as a key or a
+    /// text.
+    bool MakesMember(const QString &name) const { return MadeMembers.contains(name); }
+
     /// Whether a function cannot do without its parameters from a place on: it uses one without asking for it first.
     bool Needs(int function, int parameter) const;
     /// Whether somebody looked first: in a `try` that catches, behind `in` or typeof, or where the same is tested.
     bool IsGuarded(int node) const;
+    /// Whether a node is what an assignment sets.
+    bool IsAssigned(int node) const
+    {
+        return Tree.Is(Tree.At(node).Parent, ScriptNode::Assign, "=") && Tree.PlaceOf(node) == 0;
+    }
+    /// Whether an exception of a node is caught.
+    bool IsCaught(int node) const;
     /// Whether an expression can be left out without any change: it calls, sets and makes nothing.
     bool IsIdle(int node) const;
+    /// Whether a function reads its arguments in another way than by its parameters.
+    bool ReadsArguments(int function) const { return WithArguments.contains(function); }
     /// Whether anything inside of a node, itself included, fits.
     bool Contains(int node, const std::function<bool(int)> &fits) const;
     /// Where a jump out of a loop, or out of the function around it, stands in the loop.
     bool Leaves(int loop) const;
 
-    void Tell(Code code, int node, const QString &text, const Mend &mend = Mend()) const;
-    QString CodeOf(int node) const;
+    void Tell(Code code, int node, const QString &text, const Mend &mend = Mend()) const
+    {
+        Sink.Add(code, PlaceOf(node), text, mend);
+    }
+    /// Where the code of the node begins, which of a Binary is its left side.
+    void TellAtStart(Code code, int node, const QString &text) const { Sink.Add(code, PlaceOfStart(node), text); }
+    QString CodeOf(int node) const { return Tree.CodeOf(node); }
     int PlaceOf(int node) const { return Script.PlaceOf(Tree.At(node).Index); }
+    int PlaceOfStart(int node) const { return Script.PlaceOf(Tree.At(node).Start); }
 
 private:
     void FindConnections();
@@ -102,11 +121,13 @@ private:
     ScriptKind KindOfName(int node) const;
     ScriptKind KindOfMember(int node) const;
     bool RunsBeforeAll(int function) const;
+    bool IsNothing(int node) const;
     bool IsReadFirst(int node, const WidgetEntry &widget, const QString &property) const;
     ScriptKind KindOfCall(int node) const;
     ScriptKind KindOfBinary(int node) const;
     ScriptKind KindOfVariable(const ScriptVariable &variable) const;
     ScriptKind KindOfParameter(int node) const;
+    bool IsAppended(const ScriptVariable &variable, int set) const;
     /// Where a parameter gets its values from, as far as that is known.
     struct Sources {
         QVector<ScriptConnection> Signals;
@@ -123,9 +144,12 @@ private:
     QHash<int, QVector<ScriptConnection>> ByFunction;
     QHash<QString, QVector<int>> SetsOf; ///< What sets each "control.property".
     QSet<QString> Assigned; ///< "control.property", of what is no control ".property".
+    QSet<QString> MadeMembers;
+    QSet<int> WithArguments;
     QSet<QString> Tested; ///< Code of what is tested, and in front of it ' where it is its name alone.
 };
 
+bool IsAny(const QString &text, std::initializer_list<const char *> words);
 /// The kind of a C++ type in scripts.
 ScriptKind KindOfType(const QByteArray &type);
 /// "setValue" for "value".
@@ -133,13 +157,22 @@ QString SetterOf(const QString &property);
 
 /// One family of findings about scripts.
 using ScriptRule = void (*)(const ScriptStudy &study);
-void CheckScriptMembers(const ScriptStudy &study);
+void CheckScriptAssignments(const ScriptStudy &study);
+void CheckScriptCalls(const ScriptStudy &study);
+void CheckScriptChoices(const ScriptStudy &study);
+void CheckScriptComparisons(const ScriptStudy &study);
+void CheckScriptConditions(const ScriptStudy &study);
 void CheckScriptConnections(const ScriptStudy &study);
-void CheckScriptNumbers(const ScriptStudy &study);
-void CheckScriptKinds(const ScriptStudy &study);
-void CheckScriptStatements(const ScriptStudy &study);
+void CheckScriptIndices(const ScriptStudy &study);
 void CheckScriptLoops(const ScriptStudy &study);
-void CheckScriptObjects(const ScriptStudy &study);
+void CheckScriptMargins(const ScriptStudy &study);
+void CheckScriptMembers(const ScriptStudy &study);
 void CheckScriptNames(const ScriptStudy &study);
+void CheckScriptNumbers(const ScriptStudy &study);
+void CheckScriptObjects(const ScriptStudy &study);
+void CheckScriptProperties(const ScriptStudy &study);
+void CheckScriptReach(const ScriptStudy &study);
+void CheckScriptStatements(const ScriptStudy &study);
+void CheckScriptSums(const ScriptStudy &study);
 
 } // namespace Orbel

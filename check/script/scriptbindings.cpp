@@ -3,8 +3,6 @@
 namespace Orbel
 {
 
-using Node = ScriptNode;
-
 ScriptBindings::ScriptBindings(const ScriptTree &tree) : Tree(tree)
 {
     Declare();
@@ -149,7 +147,10 @@ void ScriptBindings::FindStarted()
         const bool isMember = Tree.Is(parent, Node::Member); // call, apply, bind
         const bool isKept
             = Tree.Is(parent, Node::Array) || Tree.Is(parent, Node::Pair) || Tree.Is(parent, Node::Return);
-        const bool isGiven = Tree.Is(parent, Node::Assign) && Tree.Is(Tree.Part(parent, 0), Node::Member);
+        const bool isOwnName = Tree.IsFunction(i) && !Tree.Is(Tree.Part(parent, 0), Node::Member);
+        const bool isGiven = (Tree.Is(parent, Node::Assign) && Tree.Part(parent, 1) == i && !isOwnName)
+            || (Tree.Is(parent, Node::Declarator) && !isOwnName) || Tree.Is(parent, Node::Conditional)
+            || Tree.Is(parent, Node::Binary);
         if (isArgument || isMember || isKept || isGiven)
             PassedOn.insert(function);
         if (isCalled || isArgument || isMember || isKept)

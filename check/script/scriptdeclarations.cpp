@@ -7,7 +7,7 @@
 namespace Orbel
 {
 
-ScriptDeclarations::ScriptDeclarations(const QString &code) : Tokens(ScanScript(code))
+ScriptDeclarations::ScriptDeclarations(const QString &code) : Code(code), Tokens(ScanScript(code))
 {
     FindMade();
     FindGuards();
@@ -37,8 +37,12 @@ bool ScriptDeclarations::IsAssigned(int at) const
 /// A key of an object literal, or a label.
 bool ScriptDeclarations::IsKey(int at) const
 {
-    return IsMark(at + 1, ':') && !IsMark(at - 1, '?') && !IsWord(at - 1, "case")
-        && (at == 0 || Tokens.at(at - 1).What == ScriptToken::Mark);
+    if (!IsMark(at + 1, ':') || IsMark(at - 1, '?') || IsWord(at - 1, "case"))
+        return false;
+    if (at == 0 || Tokens.at(at - 1).What == ScriptToken::Mark)
+        return true;
+    const int end = Tokens.at(at - 1).End;
+    return Code.midRef(end, Tokens.at(at).Index - end).contains(QLatin1Char('\n'));
 }
 
 void ScriptDeclarations::FindMade()
@@ -48,7 +52,10 @@ void ScriptDeclarations::FindMade()
             continue;
         const QString &text = Tokens.at(i).Text;
         if (IsMark(i - 1, '.')) {
-            if (IsAssigned(i) && IsName(i - 2))
+            // In a function that nobody calls on an object this has the globals.
+            if (IsAssigned(i) && IsWord(i - 2, "this"))
+                Made.insert(text);
+            else if (IsAssigned(i) && IsName(i - 2))
                 SetMembers.insert(Tokens.at(i - 2).Text + QLatin1Char('.') + text);
         } else if ((IsWord(i, "get") || IsWord(i, "set")) && IsName(i + 1) && IsMark(i + 2, '(')) {
             Made.insert(text);
@@ -59,7 +66,7 @@ void ScriptDeclarations::FindMade()
             FindParameters(i + 1);
         } else if (IsWord(i, "eval") || IsWord(i, "with")) {
             IsOpaque = true;
-        } else if (IsAssigned(i) || IsWord(i - 1, "typeof")) {
+        } else if (IsAssigned(i) || IsWord(i - 1, "typeof") || (IsWord(i - 2, "for") && IsWord(i + 1, "in"))) {
             Made.insert(text);
         }
     }

@@ -40,6 +40,7 @@ private:
     bool IsAssigned(int at) const;
     bool IsKey(int at) const;
 
+    const QString Code;
     QVector<ScriptToken> Tokens;
     QSet<QString> Made;
     QSet<QString> SetMembers;

@@ -2,6 +2,8 @@
 
 #include "scriptbuiltins.h"
 
+#include <algorithm>
+
 namespace Orbel
 {
 
@@ -26,18 +28,21 @@ private:
 
     static bool IsNamePart(QChar character)
     {
-        return character.isLetterOrNumber() || character == QLatin1Char('_') || character == QLatin1Char('$');
+        return character.isLetterOrNumber() || character.isMark() || character == QLatin1Char('_')
+            || character == QLatin1Char('$');
     }
+
+    bool StandsHere(const char *mark) const { return Code.midRef(At, int(qstrlen(mark))) == QLatin1String(mark); }
 
     void Step()
     {
         const QChar character = Here();
         if (character.isSpace())
             ++At;
-        else if (character == QLatin1Char('/') && Here(1) == QLatin1Char('/'))
-            Comments.append(At), SkipTo(QLatin1String("\n"));
-        else if (character == QLatin1Char('/') && Here(1) == QLatin1Char('*'))
-            SkipTo(QLatin1String("*/"));
+        else if (StandsHere("//") || StandsHere("<!--") || (StandsHere("-->") && IsFirstInLine()))
+            SkipLine();
+        else if (StandsHere("/*"))
+            SkipComment();
         else if (character == QLatin1Char('"') || character == QLatin1Char('\'') || StartsExpression())
             Quoted();
         else if (character.isDigit())
@@ -45,13 +50,57 @@ private:
         else if (IsNamePart(character))
             Take(ScriptToken::Name);
         else
-            Tokens.append({ScriptToken::Mark, QString(character), At, At + 1}), ++At;
+            TakeMark();
     }
 
-    void SkipTo(QLatin1String end)
+    static bool EndsLine(QChar character)
     {
-        const int found = Code.indexOf(end, At + 2);
-        At = found < 0 ? Code.size() : found + end.size();
+        return character == QLatin1Char('\n') || character == QChar::LineSeparator
+            || character == QChar::ParagraphSeparator;
+    }
+
+    bool IsFirstInLine() const
+    {
+        int before = At - 1;
+        while (before >= 0 && Code.at(before).isSpace() && !EndsLine(Code.at(before)))
+            --before;
+        return before < 0 || EndsLine(Code.at(before));
+    }
+
+    /// The engine knows the comments of old HTML pages, too.
+    void SkipLine()
+    {
+        Comments.append(At);
+        while (At < Code.size() && !EndsLine(Here()))
+            ++At;
+    }
+
+    void SkipComment()
+    {
+        const int end = Code.indexOf(QLatin1String("*/"), At + 2);
+        At = end < 0 ? Code.size() : end + 2;
+    }
+
+    /// Brackets tell when they close whether an expression may begin behind them.
+    void TakeMark()
+    {
+        const QChar mark = Here();
+        if (mark == QLatin1Char('('))
+            Open.append(IsBehind({"if", "while", "for", "with"}));
+        else if (mark == QLatin1Char('{'))
+            Open.append(Tokens.isEmpty() || IsBehind({")", "{", "}", ";", "else", "do", "try", "finally"}));
+        else if (mark == QLatin1Char('['))
+            Open.append(false);
+        IsBlockClosed = QStringLiteral(")]}").contains(mark) && !Open.isEmpty() && Open.takeLast();
+        Tokens.append({ScriptToken::Mark, QString(mark), At, At + 1});
+        ++At;
+    }
+
+    bool IsBehind(std::initializer_list<const char *> words) const
+    {
+        return !Tokens.isEmpty() && Tokens.constLast().What != ScriptToken::Literal
+            && std::any_of(words.begin(), words.end(),
+                [this](const char *word) { return Tokens.constLast().Text == QLatin1String(word); });
     }
 
     void Take(ScriptToken::Kind kind)
@@ -72,7 +121,9 @@ private:
         const ScriptToken &before = Tokens.constLast();
         if (before.What == ScriptToken::Name)
             return ReservedWords().contains(before.Text) && before.Text != QLatin1String("this");
-        return before.What == ScriptToken::Mark && !QStringLiteral(")]}").contains(before.Text) && !EndsInStep();
+        if (before.What == ScriptToken::Mark && QStringLiteral(")]}").contains(before.Text))
+            return IsBlockClosed;
+        return before.What == ScriptToken::Mark && !EndsInStep();
     }
 
     /// Behind `i++` and `i--` a slash divides.
@@ -110,6 +161,8 @@ private:
     int At = 0;
     QVector<ScriptToken> Tokens;
     QVector<int> Comments; ///< That end with their line.
+    QVector<bool> Open; ///< For each open bracket whether an expression may begin behind it.
+    bool IsBlockClosed = false; ///< The last mark closed such a bracket.
 };
 
 } // namespace

@@ -22,12 +22,14 @@ ScriptSourceMap::ScriptSourceMap(const Document &form, int script)
 void ScriptSourceMap::Resolve(const PlacedText &text)
 {
     const QString &code = text.Text();
-    const auto standsAt
-        = [&](int index, const char *mark) { return code.midRef(index, int(qstrlen(mark))) == QLatin1String(mark); };
+    const auto standsAt = [&](int index, QLatin1String mark) {
+        return code.at(index) == mark.at(0) && code.midRef(index, mark.size()) == mark;
+    };
+    Placed.Reserve(code.size());
     bool afterReturn = false;
     for (int i = 0; i < code.size();) {
-        const bool isReturnMark = standsAt(i, "{{CR}}");
-        const bool isMark = isReturnMark || standsAt(i, "{{LF}}");
+        const bool isReturnMark = standsAt(i, QLatin1String("{{CR}}"));
+        const bool isMark = isReturnMark || standsAt(i, QLatin1String("{{LF}}"));
         const bool isReturn = isReturnMark || code.at(i) == QLatin1Char('\r');
         const QChar character = isMark || isReturn ? QChar(QLatin1Char('\n')) : code.at(i);
         if (!(afterReturn && !isReturn && character == QLatin1Char('\n')))

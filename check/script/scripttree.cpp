@@ -9,8 +9,6 @@ namespace Orbel
 namespace
 {
 
-using Node = ScriptNode;
-
 /// Brackets and statements inside each other; the readers of a tree may go as deep.
 constexpr int MostDepth = 150;
 
@@ -137,11 +135,12 @@ private:
     int Add(Node::Kind kind, const QString &text, int index, const QVector<int> &parts = {})
     {
         const int end = At > 0 ? Words.at(At - 1).End : 0;
-        for (const int part : parts) {
-            if (part >= 0)
-                Nodes[part].Parent = Nodes.size();
-        }
-        Nodes.append({kind, text, index, end, parts});
+        for (const int part : parts)
+            Nodes[part].Parent = Nodes.size();
+        const int first = parts.isEmpty() ? Nodes.size() : Nodes.at(parts.constFirst()).First;
+        const int start = parts.isEmpty() ? index : qMin(index, Fronts.at(parts.constFirst()));
+        Nodes.append({kind, text, index, first, start, end, parts});
+        Fronts.append(start);
         return Nodes.size() - 1;
     }
 
@@ -533,6 +532,7 @@ private:
         if (TakeMark("(")) {
             const int expression = ReadBracketed(")");
             Nodes[expression].IsInBrackets = true;
+            Fronts[expression] = word.Index;
             return expression;
         }
         if (TakeMark("["))
@@ -624,6 +624,7 @@ private:
     const QString Code;
     const QVector<Word> Words;
     QVector<Node> Nodes;
+    QVector<int> Fronts; ///< Where each begins, with its round brackets.
     int At = 0;
     int Depth = 0;
     bool NoIn = false; ///< In the head of a `for`.
@@ -643,23 +644,6 @@ ScriptTree::ScriptTree(const QString &code) : Code(code), Nodes(Reader(code).Run
 bool ScriptTree::IsLoop(int node) const
 {
     return Is(node, Node::For) || Is(node, Node::ForIn) || Is(node, Node::While) || Is(node, Node::Do);
-}
-
-bool ScriptTree::IsInside(int node, int outer) const
-{
-    return node >= 0 && node <= outer && node >= FirstInside(outer);
-}
-
-int ScriptTree::FirstInside(int node) const
-{
-    while (!At(node).Parts.isEmpty())
-        node = At(node).Parts.constFirst();
-    return node;
-}
-
-int ScriptTree::StartOf(int node) const
-{
-    return node < 0 ? 0 : qMin(At(node).Index, At(FirstInside(node)).Index);
 }
 
 } // namespace Orbel

@@ -60,12 +60,16 @@ struct ScriptNode {
     Kind What;
     QString Text;
     int Index = 0; ///< Where it begins in the code; a Member, where its name does; a Binary or Assign, its operator.
+    int First = 0; ///< The lowest number of what stands inside; all from there to the node itself do.
+    int Start = 0; ///< Where its code begins; that of a Binary begins with its left side.
     int End = 0; ///< Behind its last character.
     QVector<int> Parts = {}; ///< In their order in the script.
     int Parent = -1;
     int Function = -1; ///< The innermost function around it, or the program; of that itself -1.
     bool IsInBrackets = false; ///< An expression that has round brackets of its own.
 };
+
+using Node = ScriptNode;
 
 /// A script as a tree. Parts have lower numbers than what they are parts of, the program the highest of all.
 class ORBEL_CHECK_INTERNAL ScriptTree
@@ -94,13 +98,9 @@ public:
     /// Which part of its parent a node is.
     int PlaceOf(int node) const { return At(At(node).Parent).Parts.indexOf(node); }
     /// Whether a node stands in another one, or is it.
-    bool IsInside(int node, int outer) const;
-    /// The first number of a node that stands inside; all from there to the node itself do.
-    int FirstInside(int node) const;
-    /// The code of a node.
-    QStringRef CodeOf(int node) const { return Code.midRef(At(node).Index, At(node).End - At(node).Index); }
-    /// Where the code of a node begins, also of one whose Index is that of a later part.
-    int StartOf(int node) const;
+    bool IsInside(int node, int outer) const { return node <= outer && node >= At(outer).First; }
+    /// The code of a node, without round brackets of its own.
+    QString CodeOf(int node) const { return Code.mid(At(node).Start, At(node).End - At(node).Start); }
 
 private:
     QString Code;

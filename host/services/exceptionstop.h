@@ -7,7 +7,7 @@ namespace Orbel
 
 /// Where exceptions of observers end. They travel to whoever made the change, unless somebody on the stack between
 /// cannot be crossed by them, such as a script engine or the end of a node; then they end at the observer, with a
-/// trace, and the others are told.
+/// trace, and the others are notified.
 namespace ExceptionStop
 {
 

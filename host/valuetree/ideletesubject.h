@@ -4,7 +4,7 @@
 
 class ITreeItem;
 
-/// Something that tells its place in the tree when it is deleted by its maker.
+/// Something that notifies its place in the tree when its maker deletes it.
 class ORBEL_HOST_EXPORT IDeleteSubject
 {
 public:

@@ -5,14 +5,14 @@
 
 class Observable;
 
-/// Someone who is told of changes.
+/// Someone who is notified of changes.
 class ORBEL_HOST_EXPORT IObserver
 {
 public:
     IObserver() = default;
     virtual ~IObserver() = default;
 
-    /// `subject` is the Observable side of the node that changed. It may be told from inside a setter; observers may
+    /// `subject` is the Observable side of the node that changed. It may be called from inside a setter; observers may
     /// come and go, change the value again and delete the subject in here.
     virtual void Update(Observable *subject, TChangeCode code) = 0;
 

@@ -5,7 +5,7 @@
 
 class IObserver;
 
-/// A span of changes that is told as one. Transactions nest; the end of the outermost one notifies.
+/// A span of changes that notifies once. Transactions nest; the end of the outermost one notifies.
 class ORBEL_HOST_EXPORT ISupportTransaction
 {
 public:

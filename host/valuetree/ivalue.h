@@ -13,7 +13,7 @@ class IObserver;
 class ValueBase;
 
 /// What all nodes can do, whatever they hold. The observer in an argument is the one who makes the change and is not
-/// told of it; null tells everybody.
+/// notified of it; null notifies everybody.
 ///
 /// Commands, their recording, and timers are for hosts whose nodes stand for values of a remote device. The nodes of
 /// this library stand for themselves: they answer as told below, and call none of it. A host's own node overrides what

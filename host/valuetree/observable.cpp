@@ -102,7 +102,7 @@ void ObserverList::MoveToFront(IObserver *observer)
 void ObserverList::Notify(Observable *subject, TChangeCode code, IObserver *except)
 {
     const Walk walk(this);
-    // Whoever is added on the way is told next time, or this might never end.
+    // Whoever is added on the way is notified next time, or this might never return.
     const size_t end = Slots.size();
     for (size_t i = 0; i < end; ++i) {
         IObserver *observer = Slots[i];

@@ -9,7 +9,7 @@
 class IObserver;
 class ObserverList;
 
-/// Keeps observers and tells them of changes, in the order in which they were added. Observers are not owned; an
+/// Keeps observers and notifies them of changes, in the order in which they were added. Observers are not owned; an
 /// observer that ends first takes itself off.
 class ORBEL_HOST_EXPORT Observable
 {
@@ -20,12 +20,13 @@ public:
     virtual ~Observable();
 
     /// False, and no change, for null and for an observer that is on the list already. One that is added during a
-    /// notification is told from the next one on.
+    /// notification is notified from the next one on.
     virtual bool AddObserver(IObserver *observer);
-    /// One that is removed during a notification is not told any more.
+    /// One that is removed during a notification is not notified any more.
     virtual void DeleteObserver(IObserver *observer);
     virtual void DeleteObservers();
-    /// From the next notification on the observer is told before all others; it is added when it is not on the list.
+    /// From the next notification on the observer is notified before all others; it is added when it is not on the
+    /// list.
     virtual void MakeFirstObserver(IObserver *observer);
     /// Calls Update() on all observers but `except`, which may be null.
     virtual void NotifyObservers(TChangeCode code, IObserver *except);

@@ -38,7 +38,7 @@ public:
     /// path without a node does nothing.
     void RemoveNode(const QString &pathName);
 
-    /// Has `observer`, which is not owned, told with ekChangeState whenever a node is entered at the full path; the
+    /// Notifies `observer`, which is not owned, with ekChangeState whenever a node is entered at the full path; the
     /// subject of the call is no node. It may remove that node, or end the form whose node it is.
     void ObservePath(const QString &path, IObserver *observer);
     /// Must be called before the observer ends; one that does not observe the path is none.

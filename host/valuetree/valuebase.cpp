@@ -22,7 +22,7 @@ void ValueBase::SetState(TValueState state, IObserver *except)
     if (state == State)
         return;
     State = state;
-    // Not held back by a transaction: whoever is told of an end must let go before it comes.
+    // Not held back by a transaction: an observer must let go before the node is destroyed.
     NotifyObservers(ekChangeState, except);
 }
 

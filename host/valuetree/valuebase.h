@@ -13,7 +13,7 @@
 /// it from then on; its maker may delete it all the same, which takes it out of the tree.
 ///
 /// Setting a value, state or limit to what it is already stores nothing and notifies nobody. While a transaction runs,
-/// changes of value, limits and items are not told.
+/// changes of value, limits and items are not notified.
 class ORBEL_HOST_EXPORT ValueBase : public virtual Observable,
                                     public IValue,
                                     public IDeleteSubject,
@@ -33,7 +33,7 @@ public:
     QString GetName() const;
     /// The full path; the bare name while the node is not entered.
     QString GetPathName() const;
-    /// Renames a node that is not entered; an entered one keeps its name. Nobody is told.
+    /// Renames a node that is not entered; an entered one keeps its name. Nobody is notified.
     void SetName(const QString &name, IObserver *except);
     /// The context in which QCoreApplication::translate() finds the texts of this node. Null means none. The texts
     /// themselves are stored and given untranslated.

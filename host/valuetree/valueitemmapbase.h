@@ -10,8 +10,8 @@
 /// ";" between. `Adapter` tells the key that an item carries itself. The library has one instance,
 /// that of ValueCommentedRangeMap.
 ///
-/// Each change notifies with the code told at the operation, then with ekChangeValue, for those who only ask for news.
-/// The end of a transaction notifies with its own code alone.
+/// Each change notifies with the code stated at the operation, then with ekChangeValue, for those who only ask for
+/// news. The end of a transaction notifies with its own code alone.
 template <class Item, class Format, class Adapter>
 class ORBEL_HOST_EXPORT ValueItemMapBase : public ValueBase,
                                            public valueitemmap::IHasChangeLogValueTemplate<unsigned int>

@@ -37,13 +37,13 @@ public:
             return;
         }
         Homeless.release();
-        // Last: whoever is told of the end may end this pointer.
+        // Last: whoever is notified of the removal may destroy this pointer.
         Tree::Instance()->RemoveNode(path);
     }
     /// Points to this node from now on, which may be null.
     virtual void AttachNode(T *node)
     {
-        // One that is going away would not be told again.
+        // One that is being destroyed would not notify again.
         if (node && node->GetState() == ekStateDeleted)
             node = nullptr;
         if (node == Node)
@@ -76,7 +76,7 @@ public:
     explicit operator bool() const { return Node; }
 
 protected:
-    /// Whether the held node tells that it is going away.
+    /// Whether the held node notifies that it is being destroyed.
     bool IsEnd(Observable *subject, TChangeCode code) const
     {
         return Side && subject == Side && code == ekChangeState && Node->GetState() == ekStateDeleted;

@@ -147,7 +147,7 @@ void ValueSelection::DeleteItem(SelectionItem *item, IObserver *except)
     if (found == Items.end())
         return;
     const SelectionItem *before = Current;
-    // Kept until all have been told, so that nobody reads a deleted item in between.
+    // Kept until all have been notified, so that nobody reads a deleted item in between.
     const std::unique_ptr<SelectionItem> former = std::move(*found);
     Items.erase(found);
     if (Current == item)

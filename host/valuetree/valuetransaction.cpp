@@ -6,7 +6,7 @@
 ValueTransaction::ValueTransaction(ValueBase &node, std::initializer_list<TChangeCode> codes, IObserver *except)
     : Codes(codes), Except(except)
 {
-    // One that is going away would not be told again.
+    // One that is being destroyed would not notify again.
     if (node.GetState() == ekStateDeleted)
         return;
     Node = &node;

@@ -7,9 +7,9 @@
 
 class ValueBase;
 
-/// A transaction on a node that ends with its scope: starts it, and at the end tells the codes in turn, if none other
-/// still runs, to all observers but `except`. No codes end it silently. The node may go before. What an observer throws
-/// at the end is traced and goes no further.
+/// A transaction on a node that ends with its scope: starts it, and its destructor notifies with the codes in turn, if
+/// none other still runs, all observers but `except`. No codes end it silently. The node may be destroyed before. What
+/// an observer throws at the end is traced and goes no further.
 class ORBEL_HOST_EXPORT ValueTransaction : private IObserver
 {
 public:

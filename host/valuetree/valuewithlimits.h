@@ -61,7 +61,7 @@ public:
     virtual T GetMin() const { return Min; }
     virtual T GetMax() const { return Max; }
     virtual T GetStep() const { return Step; }
-    /// While the result lives, nothing is told; at its end, these codes are.
+    /// While the result lives, nobody is notified; its destructor notifies with these codes.
     [[nodiscard]] virtual ValueTransaction CreateTransaction(
         std::initializer_list<TChangeCode> codes, IObserver *except)
     {
@@ -92,7 +92,7 @@ private:
     T Step = 1;
 };
 
-/// Stores limits, which are in order, and the value, then tells what really changed.
+/// Stores limits, which are in order, and the value, then notifies of what really changed.
 template <class T, class Format, class Stream>
 void ValueWithLimits<T, Format, Stream>::Change(const Limits &limits, T value, IObserver *except)
 {

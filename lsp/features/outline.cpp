@@ -120,7 +120,8 @@ QJsonArray OutlineOf(const OpenDocument &document)
 {
     QJsonArray all;
     for (const std::unique_ptr<OpenForm> &form : document.Forms()) {
-        for (const QJsonValue &symbol : Outline(*form, document).Run())
+        const QJsonArray symbols = Outline(*form, document).Run();
+        for (const QJsonValue &symbol : symbols)
             all.append(symbol);
     }
     return all;

@@ -27,7 +27,7 @@ public:
     OrbelDelegate *GetFormer() const { return FormerWidget->GetDelegate(); }
     ChangeEntry::Heir AsHeir() const { return {HeirWidget->GetDelegate(), Shape}; }
 
-    /// Gives the values to the heir, whose handlers hear of them.
+    /// Gives the values to the heir, whose handlers are notified.
     void PutValues();
     /// Gives them once more where handlers of other controls have made others of them meanwhile.
     void PutValuesAgain();

@@ -65,7 +65,7 @@ void OrbelDelegate::PutEdits(const QVariantList &values)
 void OrbelDelegate::PutReported(const QVariantList &values)
 {
     const QVariantList before = GetEdits();
-    // Whoever hears of one node may end the others, or set them, which stays.
+    // Observers of one node may end the others, or set them, which stays.
     for (int i = 0; i < values.size() && i < before.size(); ++i) {
         const auto nodes = GetNodes();
         if (i < nodes.size() && before.at(i) != values.at(i))

@@ -254,7 +254,7 @@ void UndoHistory::RemoveEntries(const QVector<ChangeEntry *> &entries, const QVe
         for (ChangeEntry *entry : Entries())
             entry->Freeze(false);
     }
-    // Whoever hears of it may end the form.
+    // Whoever is notified may end the form.
     const QPointer<QUndoStack> stack(Stack);
     Q_EMIT stack->indexChanged(index);
     if (stack)

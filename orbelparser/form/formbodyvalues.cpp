@@ -2,6 +2,7 @@
 
 #include "formbody.h"
 
+#include "fetchsoon.h"
 #include "orbeldelegate.h"
 #include "propertynames.h"
 #include "selectionitem.h"
@@ -193,7 +194,11 @@ void SetText(ValueBase *local, bool anyText, const QString &text, IObserver *obs
 ValueBase *FormBody::GetVTValue(const QString &name) const
 {
     const OrbelSheet::Widget widget = Sheet.GetWidget(name);
-    return widget ? widget->GetDelegate()->GetVTValue() : nullptr;
+    if (!widget)
+        return nullptr;
+    // All of it takes part when a value is set.
+    Orbel::FetchSoon(widget->GetDelegate(), sizeof(OrbelDelegate) + 128);
+    return widget->GetDelegate()->GetVTValue();
 }
 
 ValueBase *FormBody::GetVTValue(ValueBase *local, IObserver *observer, bool init, ValueBase *source)

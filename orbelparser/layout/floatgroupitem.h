@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 /// What the arrangement knows of one item. Sizes are pixels.
 struct FloatGroupItem {
     /// How an item takes part; flags add up.
@@ -17,4 +19,10 @@ struct FloatGroupItem {
     int height = 0;
     /// The gap that a section line wants above itself; of no meaning in other items.
     int topMargin = 0;
+
+    bool operator==(const FloatGroupItem &other) const
+    {
+        return flags == other.flags && width == other.width && height == other.height && topMargin == other.topMargin;
+    }
 };
+Q_DECLARE_TYPEINFO(FloatGroupItem, Q_PRIMITIVE_TYPE);

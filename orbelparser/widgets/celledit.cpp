@@ -12,7 +12,7 @@ void FinishCellEdit(QTableWidget *table)
 {
     if (!table)
         return;
-    // Whoever hears of the change may delete the table with its editors.
+    // A slot of the change may delete the table with its editors.
     const QPointer<CellItemDelegate> cells(qobject_cast<CellItemDelegate *>(table->itemDelegate()));
     const auto children = table->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
     const QVector<QPointer<QWidget>> editors(children.begin(), children.end());

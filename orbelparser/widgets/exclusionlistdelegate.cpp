@@ -99,7 +99,7 @@ void ExclusionListDelegate::ReadXml(QXmlStreamReader &reader)
     ranges->StartTransaction(this);
     ranges->Clear(this);
     ReadRanges(reader, Format, ranges, this);
-    // Whoever is told may end the form or withdraw the node.
+    // Whoever is notified may end the form or withdraw the node.
     ranges->EndTransaction(ekChangeContent, this);
     if (GetRanges())
         GetRanges()->NotifyObservers(ekChangeValue, this);
@@ -163,6 +163,12 @@ void ExclusionListDelegate::ParseProperties(QXmlStreamReader &reader, bool custo
     // Meant: the default name comes from here alone, so without custom properties it is the object name.
     const QVariant tag = customProperty(QStringLiteral("customXmlTag"));
     SetPropertyAlways(prop::ParameterXmlTag, tag.isValid() ? tag : QVariant(QString(Format.list)));
+}
+
+QVector<ValueBase *> ExclusionListDelegate::GetNodes() const
+{
+    ValueBase *const ranges = GetRanges();
+    return ranges ? QVector<ValueBase *>{ranges} : QVector<ValueBase *>();
 }
 
 } // namespace KV218

@@ -40,6 +40,7 @@ public:
     QString SpellEdit(int index, const QVariant &value) const override;
 
 protected:
+    QVector<ValueBase *> GetNodes() const override;
     /// The node with the ranges; null without one, or once it is withdrawn.
     virtual ValueCommentedRangeMap *GetRanges() const = 0;
 

@@ -46,7 +46,7 @@ bool FormKeys::eventFilter(QObject *watched, QEvent *event)
     qApp->removeEventFilter(this);
     if (act != ActOf(*static_cast<QKeyEvent *>(event)))
         return false;
-    // Last: whoever hears of it may end the form with its window.
+    // Last: a slot may end the form with its window.
     if (Changes)
         (Changes->*act)();
     return true;

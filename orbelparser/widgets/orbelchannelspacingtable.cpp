@@ -215,7 +215,7 @@ void OrbelChannelSpacingTable::PutEdits(const QVariantList &values)
 {
     const Call call(this);
     const QVariantList before = GetEdits();
-    // What those set who hear of one row stays.
+    // What handlers of one row set stays.
     for (int row = 0; row < values.size() && row < before.size(); ++row) {
         if (!IsSameEdit(before.at(row), values.at(row)))
             setSpacingValue(row, values.at(row).toDouble());

@@ -52,7 +52,7 @@ void OrbelCheckBox::ReadXml(QXmlStreamReader &reader)
 
 void OrbelCheckBox::PropertyChanged(const QString &name, const QVariant &value)
 {
-    // Before anybody hears of it, who may ask for the document.
+    // Before signals are emitted, whose slots may ask for the document.
     if (name == prop::Checked)
         IsChecked = value.toBool();
     else if (name == prop::CheckedValue)

@@ -112,7 +112,7 @@ void OrbelComboBox::TakeNode()
 
 void OrbelComboBox::PropertyChanged(const QString &name, const QVariant &value)
 {
-    // Before anybody hears of it, who may ask for the document.
+    // Before signals are emitted, whose slots may ask for the document.
     if (name == prop::CurrentValue)
         CurrentValue = value.toString();
     OrbelDelegate::PropertyChanged(name, value);

@@ -42,7 +42,7 @@ void OrbelDoubleSpinBox::ReadXml(QXmlStreamReader &reader)
 
 void OrbelDoubleSpinBox::PropertyChanged(const QString &name, const QVariant &value)
 {
-    // Before anybody hears of it, who may ask for the document.
+    // Before signals are emitted, whose slots may ask for the document.
     if (name == prop::Value)
         Number = FiniteNumber(value, 0.0);
     else if (name == prop::Decimals)

@@ -70,11 +70,6 @@ void OrbelDSCObject::NodeChanged(Observable *source, TChangeCode code)
         setModified(true);
 }
 
-QVector<ValueBase *> OrbelDSCObject::GetNodes() const
-{
-    return ExclusionMap ? QVector<ValueBase *>{ExclusionMap.get()} : QVector<ValueBase *>();
-}
-
 void OrbelDSCObject::sl_editExclusionRanges()
 {
     const Call call(this);

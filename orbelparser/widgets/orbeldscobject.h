@@ -66,7 +66,6 @@ public:
 
 protected:
     void NodeChanged(Observable *source, TChangeCode code) override;
-    QVector<ValueBase *> GetNodes() const override;
     ValueCommentedRangeMap *GetRanges() const override { return ExclusionMap.get(); }
 
 private:

@@ -35,7 +35,7 @@ OrbelFHPObject::~OrbelFHPObject()
 void OrbelFHPObject::CreateValueTree()
 {
     const QString path = GetVTNodePath() + QLatin1Char('/') + GetXmlTagName();
-    // Nobody would end the list of an earlier path. Whoever is told of its end may end the form.
+    // Nobody would end the list of an earlier path. Whoever is notified of its end may end the form.
     if (ExclusionRanges && ExclusionRanges->GetPathName() != path)
         ExclusionRanges.ReleaseNode();
     if (ExclusionRanges.CreateNode(path))
@@ -58,11 +58,6 @@ void OrbelFHPObject::NodeChanged(Observable *source, TChangeCode code)
     // The code first: a node that goes away cannot be asked for its side.
     if (code == ekChangeValue && ExclusionRanges && source == ExclusionRanges.get())
         setModified(true);
-}
-
-QVector<ValueBase *> OrbelFHPObject::GetNodes() const
-{
-    return ExclusionRanges ? QVector<ValueBase *>{ExclusionRanges.get()} : QVector<ValueBase *>();
 }
 
 void OrbelFHPObject::sl_editExclusionRanges()

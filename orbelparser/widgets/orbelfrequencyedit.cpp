@@ -34,7 +34,7 @@ OrbelDelegate *NewFrequencyEdit(OrbelWidget *widget)
 
 void OrbelFrequencyEdit::CreateValueTree()
 {
-    valueNode.Adopt(CreateValueNumericFloat(prop::Value, -1));
+    ValueNode.Adopt(CreateValueNumericFloat(prop::Value, -1));
 }
 
 void OrbelFrequencyEdit::CreateGUI(FloatGroupLayout *layout)
@@ -57,21 +57,21 @@ bool OrbelFrequencyEdit::IsMainForm() const
 
 void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
 {
-    frequencyControl
+    FrequencyControl
         = new VCFrequency(layout->parentWidget(), "FrequencyControl", false, Form().GetSheetWidget(), true);
-    frequencyControl->SetWholeHertz(true);
-    frequencyControl->SetFrequency_ValuePath(valueNode ? valueNode->GetPathName() : QString());
-    frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
-    frequencyControl->GetTuneButton()->hide();
-    frequencyControl->TuneByHovering(Form().IsHoverTuning());
-    PropagateProperties(frequencyControl);
+    FrequencyControl->SetWholeHertz(true);
+    FrequencyControl->SetFrequency_ValuePath(ValueNode ? ValueNode->GetPathName() : QString());
+    FrequencyControl->SetBandwidth_ValuePath(BandwidthPath());
+    FrequencyControl->GetTuneButton()->hide();
+    FrequencyControl->TuneByHovering(Form().IsHoverTuning());
+    PropagateProperties(FrequencyControl);
     // Meant: an absent `enabled` locks the main form, as nowhere else.
     const bool enabled = property(prop::Enabled.data()).toBool() && !property(prop::ReadOnly.data()).toBool();
-    frequencyControl->EnableInput(enabled);
+    FrequencyControl->EnableInput(enabled);
     if (!enabled) {
-        frequencyControl->DisableButtons();
-        frequencyControl->GetFrequencyButtonCtrl()->enable(false);
-        frequencyControl->GetHistoryButtonCtrl()->enable(false);
+        FrequencyControl->DisableButtons();
+        FrequencyControl->GetFrequencyButtonCtrl()->enable(false);
+        FrequencyControl->GetHistoryButtonCtrl()->enable(false);
     }
     CreateLockButton();
 
@@ -80,8 +80,8 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
     auto *grid = new QGridLayout(container);
     grid->setObjectName(QStringLiteral("FrequencyGrid"));
     grid->setContentsMargins(0, 0, 0, 0);
-    grid->addWidget(frequencyControl, 0, 0, 2, 2);
-    grid->addWidget(lockButton, 1, 2, Qt::AlignVCenter);
+    grid->addWidget(FrequencyControl, 0, 0, 2, 2);
+    grid->addWidget(LockButton, 1, 2, Qt::AlignVCenter);
     layout->addSpecial();
     layout->addWidget(container);
     layout->addGroup();
@@ -89,29 +89,29 @@ void OrbelFrequencyEdit::CreateMainForm(FloatGroupLayout *layout)
 
 void OrbelFrequencyEdit::CreateLockButton()
 {
-    lockVisible = false;
-    lockButton = new QPushButton;
-    lockButton->setIcon(LockIcon(false));
-    lockButton->setObjectName(QStringLiteral("LockFrequency"));
-    lockButton->setCheckable(true);
-    lockButton->setFlat(true);
-    lockButton->setFixedSize(20, 18);
-    lockButton->setVisible(lockVisible);
+    LockVisible = false;
+    LockButton = new QPushButton;
+    LockButton->setIcon(LockIcon(false));
+    LockButton->setObjectName(QStringLiteral("LockFrequency"));
+    LockButton->setCheckable(true);
+    LockButton->setFlat(true);
+    LockButton->setFixedSize(20, 18);
+    LockButton->setVisible(LockVisible);
     KeepLockOpenToAnswers();
-    connect(lockButton, &QPushButton::toggled, this, &OrbelFrequencyEdit::SlotLockButtonChecked);
+    connect(LockButton, &QPushButton::toggled, this, &OrbelFrequencyEdit::SlotLockButtonChecked);
 }
 
 void OrbelFrequencyEdit::CreatePlainForm(FloatGroupLayout *layout)
 {
-    lineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
-    lineEdit->SetWholeHertz(true);
-    lineEdit->SetValueBase(valueNode.get());
-    SetOwnToolTip(lineEdit, {GetString(prop::LabelText, QString())});
-    lineEdit->SetStepGrid(LimitsForNode().Step);
-    PropagateProperties(lineEdit);
-    layout->addWidget(lineEdit);
+    LineEdit = new VCLineEdit(layout->parentWidget(), WidgetName().toUtf8().constData(), VCLineEdit::ekFrequency);
+    LineEdit->SetWholeHertz(true);
+    LineEdit->SetValueBase(ValueNode.get());
+    SetOwnToolTip(LineEdit, {GetString(prop::LabelText, QString())});
+    LineEdit->SetStepGrid(LimitsForNode().Step);
+    PropagateProperties(LineEdit);
+    layout->addWidget(LineEdit);
     layout->addGroup();
-    connect(lineEdit, &VCLineEdit::signalTextEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
+    connect(LineEdit, &VCLineEdit::signalTextEdited, this, &OrbelFrequencyEdit::SlotTextEdited);
 }
 
 void OrbelFrequencyEdit::GetXml(QXmlStreamWriter &writer) const
@@ -128,56 +128,56 @@ void OrbelFrequencyEdit::ReadXml(QXmlStreamReader &reader)
 {
     const QString text = FiniteText(reader.readElementText());
     SetPropertyAlways(prop::Value, text);
-    // The node's news leave out this object, so that nobody else would tell.
+    // The node does not notify this object, so that nobody else would emit the signal.
     Q_EMIT valueChanged(HertzOf(text));
 }
 
 QVector<Face> OrbelFrequencyEdit::GetFaces() const
 {
     const auto bounds
-        = [this] { return valueNode ? FrequencyBounds(valueNode->GetMin(), valueNode->GetMax()) : QString(); };
-    if (!frequencyControl)
-        return {{lineEdit.data(), {}, bounds}};
-    return {{frequencyControl.data()}, {frequencyControl->focusProxy(), {}, bounds},
-        {lockButton.data(), [] { return tr("lock"); }}};
+        = [this] { return ValueNode ? FrequencyBounds(ValueNode->GetMin(), ValueNode->GetMax()) : QString(); };
+    if (!FrequencyControl)
+        return {{LineEdit.data(), {}, bounds}};
+    return {{FrequencyControl.data()}, {FrequencyControl->focusProxy(), {}, bounds},
+        {LockButton.data(), [] { return tr("lock"); }}};
 }
 
 void OrbelFrequencyEdit::EnableInput(bool enable, bool partial)
 {
     const Call call(this);
     OrbelDelegate::EnableInput(enable, partial);
-    if (!partial && lockButton)
-        lockButton->setEnabled(enable);
+    if (!partial && LockButton)
+        LockButton->setEnabled(enable);
 }
 
 void OrbelFrequencyEdit::setFocus()
 {
     const Call call(this);
-    if (frequencyControl)
-        frequencyControl->setFocus();
-    if (lineEdit)
-        lineEdit->setFocus();
+    if (FrequencyControl)
+        FrequencyControl->setFocus();
+    if (LineEdit)
+        LineEdit->setFocus();
 }
 
 void OrbelFrequencyEdit::forceFinishEditing()
 {
     // Meant: an edit in progress in the main form is not committed, so its text is not applied with the others.
-    if (lineEdit)
-        lineEdit->endEdit();
+    if (LineEdit)
+        LineEdit->endEdit();
 }
 
 void OrbelFrequencyEdit::FinishEditing()
 {
     const Call call(this);
     forceFinishEditing();
-    if (frequencyControl)
-        frequencyControl->endEdit();
+    if (FrequencyControl)
+        FrequencyControl->endEdit();
 }
 
 void OrbelFrequencyEdit::NodesMoved()
 {
-    if (frequencyControl)
-        frequencyControl->SetBandwidth_ValuePath(BandwidthPath());
+    if (FrequencyControl)
+        FrequencyControl->SetBandwidth_ValuePath(BandwidthPath());
 }
 
 QString OrbelFrequencyEdit::BandwidthPath() const
@@ -188,46 +188,46 @@ QString OrbelFrequencyEdit::BandwidthPath() const
 void OrbelFrequencyEdit::Retranslate()
 {
     OrbelDelegate::Retranslate();
-    if (lockButton && lockVisible)
+    if (LockButton && LockVisible)
         ShowLockToolTip(property(prop::FrequencyLock.data()).toBool());
 }
 
 void OrbelFrequencyEdit::PropertyChanged(const QString &name, const QVariant &value)
 {
     OrbelDelegate::PropertyChanged(name, value);
-    if (valueNode)
+    if (ValueNode)
         WritePropertyToNode(name, value);
-    if (name == prop::FrequencyLock && lockButton)
+    if (name == prop::FrequencyLock && LockButton)
         ShowLock(value.toBool());
-    PropagateProperty(name, frequencyControl);
+    PropagateProperty(name, FrequencyControl);
     FreeInput(name, value);
-    if (lineEdit && name == prop::SingleStep)
-        lineEdit->SetStepGrid(LimitsForNode().Step);
-    PropagateProperty(name, lineEdit);
-    if (lockVisible && name == prop::Visible)
-        PropagateProperty(name, lockButton);
+    if (LineEdit && name == prop::SingleStep)
+        LineEdit->SetStepGrid(LimitsForNode().Step);
+    PropagateProperty(name, LineEdit);
+    if (LockVisible && name == prop::Visible)
+        PropagateProperty(name, LockButton);
 }
 
 /// To the control itself nothing changes when a lock ends that only the absence of `enabled` made.
 void OrbelFrequencyEdit::FreeInput(const QString &name, const QVariant &value)
 {
-    if (!frequencyControl || !IsDefined(name) || value.isNull())
+    if (!FrequencyControl || !IsDefined(name) || value.isNull())
         return;
     if (name == prop::Enabled && value.toBool())
-        frequencyControl->setEnabled(true);
+        FrequencyControl->setEnabled(true);
     else if (name == prop::ReadOnly && !value.toBool())
-        frequencyControl->setReadOnly(false);
+        FrequencyControl->setReadOnly(false);
 }
 
 void OrbelFrequencyEdit::WritePropertyToNode(const QString &name, const QVariant &value)
 {
     // Meant: limits reach the node as they are, though they are scaled when it is made.
     if (name == prop::Value)
-        valueNode->SetStringValue(value.toString(), this);
+        ValueNode->SetStringValue(value.toString(), this);
     else if (name == prop::Minimum)
-        valueNode->SetMin(value.toDouble(), this);
+        ValueNode->SetMin(value.toDouble(), this);
     else if (name == prop::Maximum)
-        valueNode->SetMax(value.toDouble(), this);
+        ValueNode->SetMax(value.toDouble(), this);
     else
         return;
     TakeNode();
@@ -241,12 +241,12 @@ bool OrbelFrequencyEdit::IsNumber(const QString &name) const
 QVariant OrbelFrequencyEdit::HeldNumber(const QString &name) const
 {
     constexpr double none = 1e308;
-    if (!valueNode)
+    if (!ValueNode)
         return QVariant();
-    if (name == prop::Minimum && valueNode->GetMin() > -none)
-        return valueNode->GetMin();
-    if (name == prop::Maximum && valueNode->GetMax() < none)
-        return valueNode->GetMax();
+    if (name == prop::Minimum && ValueNode->GetMin() > -none)
+        return ValueNode->GetMin();
+    if (name == prop::Maximum && ValueNode->GetMax() < none)
+        return ValueNode->GetMax();
     return name == prop::Value ? QVariant(HeldHertz()) : QVariant();
 }
 
@@ -257,23 +257,23 @@ QVariant OrbelFrequencyEdit::HostNumber(const QVariant &held) const
 
 qint64 OrbelFrequencyEdit::HeldHertz() const
 {
-    return Orbel::Saturated<qint64>(std::trunc(valueNode->GetValue()));
+    return Orbel::Saturated<qint64>(std::trunc(ValueNode->GetValue()));
 }
 
 void OrbelFrequencyEdit::TakeNode()
 {
     // A fraction that the definition states stays.
-    if (valueNode && GetStatedNumber(prop::Value) != valueNode->GetValue())
+    if (ValueNode && GetStatedNumber(prop::Value) != ValueNode->GetValue())
         TakeNumber(prop::Value, HeldHertz());
 }
 
 void OrbelFrequencyEdit::ShowLockWithRow()
 {
-    lockButton->setVisible(frequencyControl && !frequencyControl->isHidden());
-    HideIfCollapsed(lockButton);
+    LockButton->setVisible(FrequencyControl && !FrequencyControl->isHidden());
+    HideIfCollapsed(LockButton);
 }
 
-/// Qt tells nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another
+/// Qt notifies nobody of a bool that is set to what it is: a script's answer would be lost. A number counts as another
 /// value.
 void OrbelFrequencyEdit::KeepLockOpenToAnswers()
 {
@@ -284,19 +284,19 @@ void OrbelFrequencyEdit::KeepLockOpenToAnswers()
 
 void OrbelFrequencyEdit::ShowLock(bool locked)
 {
-    const QScopedValueRollback<bool> updating(lockUpdating, true);
+    const QScopedValueRollback<bool> updating(LockUpdating, true);
     // Meant: once shown, the button goes with its row only.
-    if (!std::exchange(lockVisible, true))
+    if (!std::exchange(LockVisible, true))
         ShowLockWithRow();
-    lockButton->setChecked(locked);
+    LockButton->setChecked(locked);
     ShowLockToolTip(locked);
-    lockButton->setIcon(LockIcon(locked));
+    LockButton->setIcon(LockIcon(locked));
 }
 
 void OrbelFrequencyEdit::ShowLockToolTip(bool locked)
 {
     // Meant: the operator reads "range" here, though this is one frequency.
-    lockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
+    LockButton->setToolTip(locked ? tr("Unlock frequency range") : tr("Lock frequency range"));
 }
 
 QString OrbelFrequencyEdit::SpellEdit(int, const QVariant &value) const
@@ -306,7 +306,7 @@ QString OrbelFrequencyEdit::SpellEdit(int, const QVariant &value) const
 
 void OrbelFrequencyEdit::NodeChanged(Observable *source, TChangeCode code)
 {
-    if (!valueNode.TakeNotification(source, code))
+    if (!ValueNode.TakeNotification(source, code))
         return;
     const qint64 hertz = HeldHertz();
     if (!ChangeProperty(prop::Value, hertz))
@@ -331,7 +331,7 @@ void OrbelFrequencyEdit::SlotReturnPressed()
 void OrbelFrequencyEdit::SlotLockButtonChecked(bool checked)
 {
     // Meant: until somebody sets the property, the button shows neither the new icon nor the new tooltip.
-    if (!lockButton || lockUpdating)
+    if (!LockButton || LockUpdating)
         return;
     const Call call(this);
     KeepLockOpenToAnswers();

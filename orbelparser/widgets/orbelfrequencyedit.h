@@ -26,7 +26,7 @@ public:
     void CreateGUI(FloatGroupLayout *layout) override;
     void GetXml(QXmlStreamWriter &writer) const override;
     void ReadXml(QXmlStreamReader &reader) override;
-    ValueBase *GetVTValue() const override { return valueNode.get(); }
+    ValueBase *GetVTValue() const override { return ValueNode.get(); }
     void TakeNode() override;
     QString SpellEdit(int index, const QVariant &value) const override;
     void FinishEditing() override;
@@ -88,12 +88,12 @@ private:
     void WritePropertyToNode(const QString &name, const QVariant &value);
     qint64 HeldHertz() const;
 
-    Orbel::OwnedNode<ValueDouble> valueNode{this};
-    QPointer<VCFrequency> frequencyControl;
-    QPointer<VCLineEdit> lineEdit;
-    QPointer<QPushButton> lockButton;
-    bool lockVisible = false;
-    bool lockUpdating = false;
+    Orbel::OwnedNode<ValueDouble> ValueNode{this};
+    QPointer<VCFrequency> FrequencyControl;
+    QPointer<VCLineEdit> LineEdit;
+    QPointer<QPushButton> LockButton;
+    bool LockVisible = false;
+    bool LockUpdating = false;
 };
 
 } // namespace KV218

@@ -40,8 +40,8 @@ void OrbelFrequencyRangeEdit::CreateValueTree()
 {
     const double lowest = GetDouble(prop::Minimum, LowestFrequency);
     const double highest = GetDouble(prop::Maximum, HighestFrequency);
-    MakeNode(startNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
-    MakeNode(stopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
+    MakeNode(StartNode, prop::StartFrequency, 1, lowest, highest - LeastDistance);
+    MakeNode(StopNode, prop::StopFrequency, 2, lowest + LeastDistance, highest);
 }
 
 /// Meant: the limits count as they are, and replace those that were scaled for display when the node was made.
@@ -58,11 +58,11 @@ void OrbelFrequencyRangeEdit::MakeNode(
 void OrbelFrequencyRangeEdit::CreateGUI(FloatGroupLayout *layout)
 {
     OrbelDelegate::CreateGUI(layout);
-    startEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), startNode.get(), QT_TR_NOOP("Start Frequency"));
-    stopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), stopNode.get(), QT_TR_NOOP("Stop Frequency"));
+    StartEdit = NewEdit(layout, QStringLiteral("_StartFrequency"), StartNode.get(), QT_TR_NOOP("Start Frequency"));
+    StopEdit = NewEdit(layout, QStringLiteral("_StopFrequency"), StopNode.get(), QT_TR_NOOP("Stop Frequency"));
     layout->addGroup();
     // Meant: passing through a field marks the form as modified, even when nothing was typed.
-    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+    for (VCLineEdit *edit : {StartEdit.data(), StopEdit.data()}) {
         connect(edit, &QLineEdit::editingFinished, this, [this] { SlotTextEdited(); });
         connect(edit, &VCLineEdit::signalTextFinallyChanged, this, [this] { SlotTextEdited(); });
     }
@@ -103,10 +103,10 @@ void OrbelFrequencyRangeEdit::ReadXml(QXmlStreamReader &reader)
 
 QPair<qint64, qint64> OrbelFrequencyRangeEdit::getCurrentRange() const
 {
-    if (!startNode || !stopNode)
+    if (!StartNode || !StopNode)
         return {0, 0};
-    return {Orbel::Saturated<qint64>(std::trunc(startNode->GetValue())),
-        Orbel::Saturated<qint64>(std::trunc(stopNode->GetValue()))};
+    return {Orbel::Saturated<qint64>(std::trunc(StartNode->GetValue())),
+        Orbel::Saturated<qint64>(std::trunc(StopNode->GetValue()))};
 }
 
 QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
@@ -114,8 +114,8 @@ QVector<Face> OrbelFrequencyRangeEdit::GetFaces() const
     const auto bounds = [](const Orbel::OwnedNode<ValueDouble> &node) {
         return [&node] { return node ? FrequencyBounds(node->GetMin(), node->GetMax()) : QString(); };
     };
-    return {{startEdit.data(), [] { return tr("start"); }, bounds(startNode)},
-        {stopEdit.data(), [] { return tr("stop"); }, bounds(stopNode)}};
+    return {{StartEdit.data(), [] { return tr("start"); }, bounds(StartNode)},
+        {StopEdit.data(), [] { return tr("stop"); }, bounds(StopNode)}};
 }
 
 void OrbelFrequencyRangeEdit::addValidBand(QString, qint64, qint64) { }
@@ -130,17 +130,17 @@ void OrbelFrequencyRangeEdit::setRange(qint64 a_startFrequency, qint64 a_stopFre
 void OrbelFrequencyRangeEdit::setFocus()
 {
     const Call call(this);
-    if (startEdit)
-        startEdit->setFocus();
+    if (StartEdit)
+        StartEdit->setFocus();
 }
 
 void OrbelFrequencyRangeEdit::forceFinishEditing()
 {
     const Call call(this);
-    if (startEdit)
-        startEdit->endEdit();
-    if (stopEdit)
-        stopEdit->endEdit();
+    if (StartEdit)
+        StartEdit->endEdit();
+    if (StopEdit)
+        StopEdit->endEdit();
 }
 
 void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVariant &value)
@@ -151,21 +151,21 @@ void OrbelFrequencyRangeEdit::PropertyChanged(const QString &name, const QVarian
         AddXmlTag(value.toString());
     else
         WriteNodes(name, value);
-    for (VCLineEdit *edit : {startEdit.data(), stopEdit.data()}) {
+    for (VCLineEdit *edit : {StartEdit.data(), StopEdit.data()}) {
         if (edit && name == prop::SingleStep)
             edit->SetStepGrid(GetDouble(prop::SingleStep, 1.0));
     }
-    PropagateProperty(name, startEdit);
-    PropagateProperty(name, stopEdit);
+    PropagateProperty(name, StartEdit);
+    PropagateProperty(name, StopEdit);
 }
 
 /// Meant: no bound pushes the other one here, so a script can set both in any order.
 void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &value)
 {
-    if (name == prop::StartFrequency && startNode)
-        startNode->SetStringValue(value.toString(), this);
-    else if (name == prop::StopFrequency && stopNode)
-        stopNode->SetStringValue(value.toString(), this);
+    if (name == prop::StartFrequency && StartNode)
+        StartNode->SetStringValue(value.toString(), this);
+    else if (name == prop::StopFrequency && StopNode)
+        StopNode->SetStringValue(value.toString(), this);
     else if (name == prop::Minimum)
         WriteLimits(&ValueDouble::SetMin, value.toDouble(), value.toDouble() + LeastDistance);
     else if (name == prop::Maximum)
@@ -177,10 +177,10 @@ void OrbelFrequencyRangeEdit::WriteNodes(const QString &name, const QVariant &va
 
 void OrbelFrequencyRangeEdit::WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop)
 {
-    if (startNode)
-        ((*startNode).*set)(ofStart, this);
-    if (stopNode)
-        ((*stopNode).*set)(ofStop, this);
+    if (StartNode)
+        ((*StartNode).*set)(ofStart, this);
+    if (StopNode)
+        ((*StopNode).*set)(ofStop, this);
 }
 
 bool OrbelFrequencyRangeEdit::IsNumber(const QString &name) const
@@ -190,7 +190,7 @@ bool OrbelFrequencyRangeEdit::IsNumber(const QString &name) const
 
 QVariant OrbelFrequencyRangeEdit::HeldNumber(const QString &name) const
 {
-    if (!startNode || !stopNode)
+    if (!StartNode || !StopNode)
         return QVariant();
     const auto [start, stop] = getCurrentRange();
     if (name == prop::StartFrequency)
@@ -198,8 +198,8 @@ QVariant OrbelFrequencyRangeEdit::HeldNumber(const QString &name) const
     if (name == prop::StopFrequency)
         return stop;
     if (name == prop::Minimum)
-        return startNode->GetMin();
-    return name == prop::Maximum ? QVariant(stopNode->GetMax()) : QVariant();
+        return StartNode->GetMin();
+    return name == prop::Maximum ? QVariant(StopNode->GetMax()) : QVariant();
 }
 
 QVariant OrbelFrequencyRangeEdit::HostNumber(const QVariant &held) const
@@ -210,7 +210,7 @@ QVariant OrbelFrequencyRangeEdit::HostNumber(const QVariant &held) const
 void OrbelFrequencyRangeEdit::TakeNode()
 {
     const QPair<QLatin1String, Orbel::OwnedNode<ValueDouble> *> bounds[]
-        = {{prop::StartFrequency, &startNode}, {prop::StopFrequency, &stopNode}};
+        = {{prop::StartFrequency, &StartNode}, {prop::StopFrequency, &StopNode}};
     for (const auto &[name, node] : bounds) {
         // A fraction that the definition states stays.
         if (*node && GetStatedNumber(name) != (*node)->GetValue())
@@ -240,9 +240,9 @@ QString OrbelFrequencyRangeEdit::SpellEditPart(int index) const
 
 void OrbelFrequencyRangeEdit::NodeChanged(Observable *source, TChangeCode code)
 {
-    const bool startMoved = startNode.TakeNotification(source, code);
-    const bool stopMoved = !startMoved && stopNode.TakeNotification(source, code);
-    if ((startMoved || stopMoved) && startNode && stopNode)
+    const bool startMoved = StartNode.TakeNotification(source, code);
+    const bool stopMoved = !startMoved && StopNode.TakeNotification(source, code);
+    if ((startMoved || stopMoved) && StartNode && StopNode)
         Repair(startMoved);
 }
 
@@ -270,7 +270,7 @@ void OrbelFrequencyRangeEdit::Repair(bool startMoved)
 QVector<ValueBase *> OrbelFrequencyRangeEdit::GetNodes() const
 {
     QVector<ValueBase *> nodes;
-    for (ValueDouble *node : {startNode.get(), stopNode.get()}) {
+    for (ValueDouble *node : {StartNode.get(), StopNode.get()}) {
         if (node)
             nodes.append(node);
     }

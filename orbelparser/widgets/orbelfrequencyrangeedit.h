@@ -26,7 +26,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     /// Reads the element only if it is one of the two; leaves any other one to the caller.
     void ReadXml(QXmlStreamReader &reader) override;
-    ValueBase *GetVTValue() const override { return startNode.get(); }
+    ValueBase *GetVTValue() const override { return StartNode.get(); }
     void TakeNode() override;
     QVector<Face> GetFaces() const override;
     QString SpellEdit(int index, const QVariant &value) const override;
@@ -92,10 +92,10 @@ private:
     void WriteLimits(void (ValueDouble::*set)(double, IObserver *), double ofStart, double ofStop);
     void Repair(bool startMoved);
 
-    Orbel::OwnedNode<ValueDouble> startNode{this};
-    Orbel::OwnedNode<ValueDouble> stopNode{this};
-    QPointer<VCLineEdit> startEdit;
-    QPointer<VCLineEdit> stopEdit;
+    Orbel::OwnedNode<ValueDouble> StartNode{this};
+    Orbel::OwnedNode<ValueDouble> StopNode{this};
+    QPointer<VCLineEdit> StartEdit;
+    QPointer<VCLineEdit> StopEdit;
 };
 
 } // namespace KV218

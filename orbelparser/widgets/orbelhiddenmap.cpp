@@ -38,7 +38,7 @@ void OrbelHiddenMap::ReadXml(QXmlStreamReader &reader)
     });
 }
 
-/// As a document: nobody is told.
+/// As a document: nobody is notified.
 void OrbelHiddenMap::TakeValues(const OrbelDelegate &former, const QVariantList &)
 {
     if (const auto *map = qobject_cast<const OrbelHiddenMap *>(&former))

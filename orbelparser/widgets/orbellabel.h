@@ -9,7 +9,7 @@ namespace KV218
 
 /// A line of text that the operator reads. Class name: `Label`. Value property: `text`, shown translated, stored and
 /// written as it is. It has a node only when it writes parameters; the node feeds the property and never the other way
-/// round, and the form is not told of it.
+/// round, and the form is not notified of it.
 class OrbelLabel : public OrbelDelegate
 {
     Q_OBJECT

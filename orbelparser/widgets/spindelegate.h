@@ -29,7 +29,7 @@ protected:
     virtual void ShowFirstBounds() { ShowBounds(); }
     /// What a parameter document says.
     virtual QString DocumentText() const = 0;
-    /// Must emit the signals that tell a new number of the operator's or the host's.
+    /// Must emit the signals of a new number, be it the operator's or the host's.
     virtual void EmitNumber(Number number) = 0;
     /// Gives a changed property to the node, which exists; false when the node has nothing to do with it.
     virtual bool WriteToNode(const QString &name, const QVariant &value) = 0;

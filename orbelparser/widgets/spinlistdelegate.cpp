@@ -70,7 +70,7 @@ template <class Node> QVector<VCNumericFloatSpin *> SpinListDelegate<Node>::Crea
     Container->setLayout(stack);
 
     QVector<VCNumericFloatSpin *> spins;
-    // Whoever hears of a new control may withdraw a node.
+    // Whoever is notified of a new control may withdraw a node.
     for (size_t i = 0; i < ValueNodes.size(); ++i) {
         const QString name = QStringLiteral("%1_%2").arg(WidgetName(), QString::number(spins.size()));
         VCNumericFloatSpin *spin = BuildSpin(*this, ValueNodes[i].get(), layout->parentWidget(), name);

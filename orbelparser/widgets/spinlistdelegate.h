@@ -30,7 +30,7 @@ protected:
     using Number = decltype(std::declval<const Node &>().GetValue());
 
     bool HasSeveralValues() const override { return true; }
-    /// Must emit the signals that tell an item's new number.
+    /// Must emit the signals of an item's new number.
     virtual void EmitNumber(int index, Number number) = 0;
     /// Spells an item for a parameter document.
     virtual QString ItemText(const Node &node) const = 0;

@@ -63,7 +63,7 @@ void EnterText(const QPointer<QTableWidget> &table, const QModelIndex &cell, con
     QStyleOptionViewItem option;
     option.initFrom(table);
     QAbstractItemDelegate *delegate = table->itemDelegate();
-    // The editor goes with the table when somebody who hears of the change ends it.
+    // The editor is destroyed with the table when a slot of the change ends it.
     const QPointer<QWidget> editor(delegate->createEditor(table->viewport(), option, cell));
     QString note;
     const bool isTaken = editor && FillEditor(editor, text, &note);

@@ -268,8 +268,27 @@ private Q_SLOTS:
         add("range that the script moves", Definition(Widget("a", "FrequencyRangeEdit", {"startFrequency=Int64:9000", "stopFrequency=Int64:9000"}), "<Script>a.setRange(10000, 20000);</Script>"));
         add("names that are guarded", Definition(Widget("a", "Label"), "<Script>try { a.no(); none(); } catch (e) {} if ('nil' in a) a.nil(); if (a.maybe) a.maybe(); a.other &amp;&amp; a.other();</Script>"));
         add("sums and assignments that are meant", Definition(Widget("a", "SpinBox", {"minimum=Int:1", "value=Int:2"}), "<Script>var m; print(a.minimum + ' dB', Number(a.minimum) + 1, +a.minimum, 2 * a.minimum + 1); if ((m = 1)) a.value = m; print(a.value + 1); (function () { function g() {} g(); })(); function g() {} g(); a.setMaximum(9); a.maximum = 8;</Script>"));
+        add("text that goes to the places of a mask that take it", Definition(Widget("a", "LineEdit", {"inputMask=String:>AA9", "text=String:7"})));
         add("types that convert", Definition(Widget("a", "SpinBox", {"enabled=String:true", "value=String: 5 "})));
         add("words of the language", Definition("", "<Script>outer: for (var i = 0; i != 2; ++i) {(function () {return arguments[0] === undefined; })(Math.PI, isNaN(i)); if (i) break outer; }</Script>"));
+        add("signs and brackets in front", ExampleForm("var x = 3, p = {b: 3}; gain.setValue(mute.checked ? -x + 1 : x + 1); if (-p.b > 1 && p.b > 1) gain.setValue((x + 1) * 2);"));
+        add("cases of two kinds, and such as add up", ExampleForm("mode.currentValueChanged.connect(function (v) { var t = \"\"; switch (gain.value) { case 1: case \"1\": t = \"b\"; } switch (v) { case \"am\": t = t + \"a\"; case \"fm\": t = t + \"b\"; } print(t); });"));
+        add("loops that a label or an exception ends", ExampleForm("function next() { throw 1; } var n = 0\nvar m = n\nouter: while (n < 3) { for (;;) { n++; continue outer; } } try { for (;;) next(); } catch (e) { print(e, m); }"));
+        add("globals that a handler makes", ExampleForm("mute.toggled.connect(function () { this.count = 1; for (k in {a: 1}) print(k); print(count); });"));
+        add("number that becomes a text", ExampleForm("var s = 0; s += \" items\"; print(s.toUpperCase()); var t = \"n\"; t = t + gain.value + s; print(t, mode.currentValue == \"\");"));
+        add("functions known by two names", ExampleForm("function f(a) { print(a == \"x\", this.value); } f(1); var g = f; g(\"x\"); f.call(gain); mute.toggled.connect(f);"));
+        add("objects of the script's own", ExampleForm("var o = {replace: function (a) { print(a); }}; function apply(led) { led.join = true; led.replace(1); led.setState(1); led.setState(0); mute.setChecked(led.join); } o.setState = o.replace; apply(o);"));
+        add("parameters that others read", ExampleForm("function f(a) { mute.toggled.connect(function () { print(a); }); a = 5; } f(1); function g(b) { b = arguments[0] || 5; print(b); } g();"));
+        add("controls in a list", ExampleForm("var all = Array(gain, level); all[0].setEnabled(true);"));
+        add("indices that are tested", ExampleForm("var names = [\"a\", \"b\"]; for (var i = 0; i <= 3; ++i) { if (i < 3) shifts.setItemValue(i, 0); } for (i = 0; i < names.length; ++i) print(i + 1 < names.length ? names[i + 1] : \"\");"));
+        add("keys that may be missing", ExampleForm("var p = {gain: 20}, names = {am: 1, fm: 2, other: 3}; if (p.level === undefined && p.limit != null) print(p.gain); print(names[mode.currentValue] || names.other, JSON.parse(\"{}\").filters);"));
+        add("variable that its declaration follows", ExampleForm("x = 5; print(x); var x = 6; print(x);"));
+        add("fractions and bits that are exact", ExampleForm("if (Number(gain.value) * 0.5 == 3 || Math.floor(gain.value / 0.1) % 2 == 0) print(0x0f ^ 0xf0);"));
+        add("break behind a return", ExampleForm("function f(v) { switch (v) { case 1: { return 5; break; } default: return 6; } } print(f(1));"));
+        add("names of an object that stands around", ExampleForm("var p = {gain: 1}; with (p) { gain = 5; } print(p.gain);"));
+        add("patterns behind brackets", ExampleForm("mute.toggled.connect(function (on) { if (on) /a \"b/.test(mode.currentValue) && print(1);\nif (on) { print(2); }\n/c d/.test(mode.currentValue); });"));
+        add("handlers in a block, and indices that are left early", ExampleForm("do { var n = {a: 1}; function show() { print(n.a); } mute.toggled.connect(function () { show(); print(n.a); }); } while (false); for (var i = 0; i <= 3; ++i) { if (i == 3) break; shifts.setItemValue(i, 0); }"));
+        add("comments of old pages", ExampleForm("<!-- one two\nprint(1);\n--> three"));
         // clang-format on
         add("marks inside a text of the script",
             Definition("", "<Script>var a = \"x\"; // don't{{LF}}a = /[/'\"]/.test(a) ? a : 'y';</Script>"));

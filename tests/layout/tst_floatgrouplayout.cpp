@@ -10,7 +10,9 @@
 
 using Item = FloatGroupItem;
 using Items = QVector<Item>;
+using Change = std::function<void(FloatGroupLayout &)>;
 Q_DECLARE_METATYPE(Item)
+Q_DECLARE_METATYPE(Change)
 
 namespace
 {
@@ -47,6 +49,11 @@ public:
     }
     mutable int Asked = 0;
 };
+
+QLabel *LabelOf(FloatGroupLayout &form)
+{
+    return qobject_cast<QLabel *>(form.itemAt(1)->widget());
+}
 
 /// A layout in a window that is never shown, with a number of rows of one stub.
 struct Form {
@@ -202,6 +209,72 @@ private Q_SLOTS:
         QCOMPARE(rows->itemAt(1)->widget()->minimumWidth(), 70);
         delete list;
         QCOMPARE(form.Layout.count(), 0);
+    }
+
+    /// What is kept of an arrangement must not outlive what it was made of.
+    void aChangeIsArrangedAsInAFreshForm_data()
+    {
+        const auto row = Columns<Change>({"change"});
+        row("text", [](FloatGroupLayout &form) { LabelOf(form)->setText("A label that is longer"); });
+        row("font", [](FloatGroupLayout &form) { LabelOf(form)->setFont(QFont(LabelOf(form)->font().family(), 20)); });
+        row("font of the form", [](FloatGroupLayout &form) { form.parentWidget()->setFont(QFont("sans", 17)); });
+        row("sheet", [](FloatGroupLayout &form) { form.itemAt(2)->widget()->setStyleSheet("padding: 9px"); });
+        row("minimum", [](FloatGroupLayout &form) { form.itemAt(2)->widget()->setMinimumSize(180, 77); });
+        row("policy", [](FloatGroupLayout &form) {
+            form.itemAt(2)->widget()->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        });
+        row("margin of a line",
+            [](FloatGroupLayout &form) { form.itemAt(3)->widget()->setContentsMargins(0, 31, 0, 0); });
+        row("hidden", [](FloatGroupLayout &form) { form.itemAt(2)->widget()->hide(); });
+        row("hidden and shown", [](FloatGroupLayout &form) {
+            form.itemAt(2)->widget()->hide();
+            form.itemAt(2)->widget()->setMinimumHeight(50);
+            form.itemAt(2)->widget()->show();
+        });
+        row("taken", [](FloatGroupLayout &form) { delete form.itemAt(2)->widget(); });
+        row("taken and added", [](FloatGroupLayout &form) {
+            delete form.itemAt(5)->widget();
+            form.addWidget(new QPushButton("Button"));
+        });
+        row("spacing", [](FloatGroupLayout &form) {
+            form.setVerticalSpacing(11);
+            form.setHorizontalSpacing(13);
+            form.invalidate();
+        });
+    }
+
+    void aChangeIsArrangedAsInAFreshForm()
+    {
+        const auto [change] = Fetch<Change>({"change"});
+        const auto rectangles = [](const FloatGroupLayout &layout) {
+            QVector<QRect> rects;
+            for (int i = 0; i < layout.count(); ++i)
+                rects << (layout.itemAt(i)->isEmpty() ? QRect() : layout.itemAt(i)->geometry());
+            return Text(rects, QSize());
+        };
+        const auto arranged = [&](const Change &early, const Change &late) {
+            FloatScrollArea area(nullptr);
+            area.setWidget(new QWidget);
+            auto &layout = *new FloatGroupLayout(&area);
+            for (const char *text : {"One", "Two"}) {
+                layout.addHeadline(text, 7, nullptr);
+                layout.addRow(text, new QLineEdit);
+            }
+            early(layout);
+            area.resize(500, 400);
+            area.show();
+            QCoreApplication::processEvents();
+            area.resize(300, 400);
+            QCoreApplication::processEvents();
+            late(layout);
+            area.resize(500, 400);
+            QCoreApplication::processEvents();
+            return rectangles(layout);
+        };
+        const Change none = [](FloatGroupLayout &) {};
+        const QString fresh = arranged(change, none);
+        QVERIFY(fresh != arranged(none, none));
+        QCOMPARE(arranged(none, change), fresh);
     }
 
     void anAreaFlowsWithItsWidth()
