@@ -13,7 +13,7 @@ namespace Orbel
 namespace
 {
 
-constexpr QLatin1String Target("orbel-template");
+constexpr QLatin1String Target("orbel-template", 14);
 
 /// What stands in front of the definition: the declaration, and where it comes from.
 QString Head(const QString &name)

@@ -15,6 +15,7 @@
 #include <QMenu>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QTimer>
 #include <QToolTip>

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
+#include <QFont>
 #include <QImage>
 #include <QStyleFactory>
 

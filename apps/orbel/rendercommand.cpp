@@ -11,6 +11,7 @@
 #include <QImageWriter>
 #include <QRegularExpression>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <memory>
 

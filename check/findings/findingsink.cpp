@@ -3,6 +3,7 @@
 #include "filetext.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 

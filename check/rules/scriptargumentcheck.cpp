@@ -40,8 +40,8 @@ void ScriptArgumentCheck::CheckBool(const QString &text, bool isScriptBool)
         return;
     Study.Tell(Code::ScriptArgument, Value,
         QStringLiteral("The text \"%1\" counts as true for \"%2\"").arg(text, Wants),
-        Tree.Is(Value, Node::Quoted) ? Mend{Study.PlaceOf(Value), Study.CodeOf(Value), QStringLiteral("false")}
-                                     : Mend());
+        Tree.Is(Value, Node::QuotedText) ? Mend{Study.PlaceOf(Value), Study.CodeOf(Value), QStringLiteral("false")}
+                                         : Mend());
 }
 
 void ScriptArgumentCheck::CheckNumber(const QString &text, bool isWhole)

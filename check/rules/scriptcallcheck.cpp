@@ -90,7 +90,7 @@ private:
 
     void CheckEnumName(int argument)
     {
-        const QString name = Tree.Is(argument, Node::Quoted) ? Study.ConstantOf(argument) : QString();
+        const QString name = Tree.Is(argument, Node::QuotedText) ? Study.ConstantOf(argument) : QString();
         if (!name.isNull() && !Study.Form.FindEnum(name))
             Study.Sink.AddMisspelt(Code::EnumUnknown, Study.PlaceOf(argument) + 1,
                 QStringLiteral("There is no enumeration \"%1\"").arg(name), name, Study.Form.EnumNames());

@@ -82,7 +82,7 @@ bool ScriptChoiceCheck::TellChoice(const EnumEntry &rows, int constant)
     }
     const QString told = QStringLiteral("No row of \"%1\" has the value \"%2\"").arg(rows.Name, text);
     const int place = Study.Script.PlaceOf(Tree.At(constant).Index + 1);
-    if (!Tree.Is(constant, Node::Quoted))
+    if (!Tree.Is(constant, Node::QuotedText))
         Study.Tell(Code::ScriptChoice, constant, told + QStringLiteral(", which is one of another enumeration"));
     else if (meant.isEmpty())
         Study.Sink.AddMisspelt(Code::ScriptChoice, place, told, text, values);

@@ -152,7 +152,7 @@ private:
     {
         const ScriptKind a = KindOf(one);
         const ScriptKind b = KindOf(other);
-        const QString text = Tree.Is(other, Node::Quoted) ? Study.ConstantOf(other) : QString();
+        const QString text = Tree.Is(other, Node::QuotedText) ? Study.ConstantOf(other) : QString();
         const bool isWord = !text.isNull() && !IsNumberText(text);
         const QString operation = Tree.At(node).Text;
         double number = 0;
@@ -237,7 +237,7 @@ private:
     void CheckTypeName(int asked, int name)
     {
         const QString text = Study.ConstantOf(name);
-        if (Tree.Is(asked, Node::Prefix, "typeof") && Tree.Is(name, Node::Quoted)
+        if (Tree.Is(asked, Node::Prefix, "typeof") && Tree.Is(name, Node::QuotedText)
             && !IsAny(text, {"undefined", "object", "function", "number", "string", "boolean", "unknown"}))
             Study.Sink.AddMisspelt(Code::ScriptComparison, Study.PlaceOf(name) + 1,
                 QStringLiteral("typeof never gives \"%1\"").arg(text), text,
@@ -264,7 +264,7 @@ private:
                 QStringLiteral("\"%1\" and \"%2\" are texts until they are set, and compared letter by letter")
                     .arg(Study.CodeOf(Left(node)), Study.CodeOf(Right(node))));
         for (const int side : {Left(node), Right(node)}) {
-            const QString text = Tree.Is(side, Node::Quoted) ? Study.ConstantOf(side) : QString();
+            const QString text = Tree.Is(side, Node::QuotedText) ? Study.ConstantOf(side) : QString();
             const ScriptKind other = KindOf(side == Left(node) ? Right(node) : Left(node));
             if (!text.isNull() && !IsNumberText(text)
                 && (other == ScriptKind::Number || other == ScriptKind::NumberText || other == ScriptKind::Bool))

@@ -80,7 +80,7 @@ private:
         if (assignment < 0 || Tree.At(assignment).IsInBrackets)
             return;
         const int value = Tree.Part(assignment, 1);
-        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::Quoted)
+        const bool isConstant = Tree.Is(value, Node::Number) || Tree.Is(value, Node::QuotedText)
             || Tree.Is(value, Node::Word) || !Study.ConstantOf(value).isNull();
         if (always || isConstant)
             Study.Tell(Code::ScriptAssignment, assignment, QStringLiteral("This = assigns; == compares"),

@@ -29,7 +29,7 @@ private:
     {
         const EnumEntry *rows = Study.EnumOf(Tree.Part(item, 0));
         const int key = Tree.Part(item, 1);
-        const QString name = rows && Tree.Is(key, Node::Quoted) ? Study.ConstantOf(key) : QString();
+        const QString name = rows && Tree.Is(key, Node::QuotedText) ? Study.ConstantOf(key) : QString();
         QStringList names;
         for (const EnumRow &row : rows ? rows->Rows : QVector<EnumRow>())
             names.append(row.Identifier);

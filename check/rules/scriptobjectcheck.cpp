@@ -18,7 +18,7 @@ public:
     {
         for (int i = 0; i < Tree.All().size(); ++i) {
             const int key = Tree.Is(i, Node::Item) ? Tree.Part(i, 1) : Tree.Is(i, Node::Member) ? i : -1;
-            if (key == i || Tree.Is(key, Node::Quoted))
+            if (key == i || Tree.Is(key, Node::QuotedText))
                 AskedKeys.insert(Tree.At(key).Text);
         }
     }
@@ -126,7 +126,7 @@ private:
         for (auto map = Asked.cbegin(); map != Asked.cend(); ++map) {
             const QStringList keys = Set.value(map.key());
             for (const int asked : map.value()) {
-                const QString key = Tree.Is(asked, Node::Quoted) ? Study.ConstantOf(asked) : QString();
+                const QString key = Tree.Is(asked, Node::QuotedText) ? Study.ConstantOf(asked) : QString();
                 const QString meant = key.isEmpty() || keys.contains(key) ? QString() : MisspeltName(key, keys);
                 if (!meant.isEmpty() && !keys.contains(QString()))
                     Study.Sink.AddMisspelt(Code::ScriptMember, Study.PlaceOf(asked) + 1,

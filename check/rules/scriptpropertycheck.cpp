@@ -17,7 +17,7 @@ public:
     explicit SetPropertyCheck(const ScriptStudy &study) : Study(study), Tree(study.Tree)
     {
         for (int i = 0; i < Tree.All().size(); ++i) {
-            if (Tree.Is(i, Node::Quoted) || (Tree.Is(i, Node::Member) && !Study.IsAssigned(i)))
+            if (Tree.Is(i, Node::QuotedText) || (Tree.Is(i, Node::Member) && !Study.IsAssigned(i)))
                 Mentioned.insert(Tree.At(i).Text);
         }
     }

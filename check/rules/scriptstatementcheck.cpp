@@ -40,7 +40,7 @@ private:
             return;
         // A text may be a directive, a last statement the value of the script.
         const bool isFirst = Tree.PlaceOf(statement) == 0;
-        if ((node.What == Node::Quoted && isFirst && node.Text.startsWith(QLatin1String("use "))) || isFunction
+        if ((node.What == Node::QuotedText && isFirst && node.Text.startsWith(QLatin1String("use "))) || isFunction
             || !Study.IsIdle(expression) || IsPlain(expression))
             return;
         const bool compares

@@ -228,7 +228,7 @@ QVector<ScriptStudy::Source> ScriptStudy::ChoicesGivenTo(int parameter) const
 
 QString ScriptStudy::ConstantOf(int node) const
 {
-    if (Tree.Is(node, Node::Quoted))
+    if (Tree.Is(node, Node::QuotedText))
         return Tree.At(node).Text.contains(QLatin1Char('\\')) ? QString() : Tree.At(node).Text + QLatin1String("");
     const EnumEntry *rows = Tree.Is(node, Node::Member) ? EnumOf(Tree.Part(node, 0)) : nullptr;
     for (int i = rows ? rows->Rows.size() - 1 : -1; i >= 0; --i) {
@@ -269,7 +269,7 @@ ScriptKind ScriptStudy::FindKind(int node) const
     case Node::Number:
     case Node::Postfix:
         return ScriptKind::Number;
-    case Node::Quoted:
+    case Node::QuotedText:
         return ScriptKind::Text;
     case Node::Word:
         return here.Text == QLatin1String("null") ? ScriptKind::Any : ScriptKind::Bool;
@@ -498,7 +498,7 @@ void ScriptStudy::FindTests()
             && IsNothing(outer.Parts.at(isFirst ? 1 : 0));
         const bool isCondition
             = isFirst && (outer.What == Node::If || outer.What == Node::Conditional || outer.What == Node::While);
-        if (Tree.Is(i, Node::Quoted) && isFirst && Tree.Is(Tree.At(i).Parent, Node::Binary, "in"))
+        if (Tree.Is(i, Node::QuotedText) && isFirst && Tree.Is(Tree.At(i).Parent, Node::Binary, "in"))
             Tested.insert(QLatin1Char('\'') + Tree.At(i).Text);
         else if ((Tree.Is(i, Node::Member) || Tree.Is(i, Node::Name))
             && (isJoined || isAsked || isCompared || isCondition))
@@ -512,7 +512,7 @@ void ScriptStudy::FindAssignments()
         const int target = Tree.Part(i, 0);
         if (Tree.Is(i, Node::Name, "arguments"))
             WithArguments.insert(Tree.At(i).Function);
-        if (Tree.Is(i, Node::Pair) || Tree.Is(i, Node::Quoted))
+        if (Tree.Is(i, Node::Pair) || Tree.Is(i, Node::QuotedText))
             MadeMembers.insert(Tree.At(i).Text);
         else if (Tree.Is(i, Node::Assign, "=") && Tree.Is(target, Node::Member))
             MadeMembers.insert(Tree.At(target).Text);

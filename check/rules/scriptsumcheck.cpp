@@ -67,7 +67,7 @@ private:
             return false;
         const QVector<int> &sets = Study.Bindings.At(name).Sets;
         const int value = Tree.Is(sets.value(0, -1), Node::Declarator) ? Left(sets.constFirst()) : -1;
-        const bool isQuoted = Tree.Is(value, Node::Quoted) && !Tree.At(value).Text.isEmpty();
+        const bool isQuoted = Tree.Is(value, Node::QuotedText) && !Tree.At(value).Text.isEmpty();
         return isQuoted && IsNumberText(Tree.At(value).Text)
             && std::all_of(
                 sets.cbegin() + 1, sets.cend(), [this](int set) { return Tree.Is(set, Node::Assign, "+="); });
@@ -230,7 +230,7 @@ private:
             if (!Values.Misused(side).isEmpty() && Values.TellMisused(side, other, Code::ScriptSum))
                 return;
             const bool isWords = Tree.Is(side, Node::Binary, "+") && KindOf(side) == ScriptKind::Text && HasWord(side);
-            const QString text = Tree.Is(side, Node::Quoted) ? Study.ConstantOf(side) : QString();
+            const QString text = Tree.Is(side, Node::QuotedText) ? Study.ConstantOf(side) : QString();
             if (isWords || (!text.isNull() && !IsNumberText(text))) {
                 Study.Tell(
                     Code::ScriptSum, node, QStringLiteral("%1 makes no number of a text").arg(Tree.At(node).Text));
@@ -244,7 +244,7 @@ private:
     {
         for (int i = node; Tree.Is(i, Node::Binary, "+"); i = Left(i)) {
             for (const int side : {Left(i), Right(i)}) {
-                if (Tree.Is(side, Node::Quoted) && !IsNumberText(Tree.At(side).Text))
+                if (Tree.Is(side, Node::QuotedText) && !IsNumberText(Tree.At(side).Text))
                     return true;
             }
         }

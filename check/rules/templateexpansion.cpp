@@ -12,12 +12,12 @@ namespace Orbel
 namespace
 {
 
-constexpr QLatin1String ItemElement("Item");
-constexpr QLatin1String EachAttribute("each");
-constexpr QLatin1String OverAttribute("over");
-constexpr QLatin1String FromAttribute("from");
-constexpr QLatin1String ToAttribute("to");
-constexpr QLatin1String StepAttribute("step");
+constexpr QLatin1String ItemElement("Item", 4);
+constexpr QLatin1String EachAttribute("each", 4);
+constexpr QLatin1String OverAttribute("over", 4);
+constexpr QLatin1String FromAttribute("from", 4);
+constexpr QLatin1String ToAttribute("to", 2);
+constexpr QLatin1String StepAttribute("step", 4);
 
 /// Of all repetitions together.
 constexpr int MostItems = 20000;

@@ -563,7 +563,7 @@ private:
             return Add(Node::Pattern, QString(), word.Index);
         if (first.isDigit())
             return AddNumber(word.Index, word);
-        return Add(Node::Quoted, word.Text, word.Index);
+        return Add(Node::QuotedText, word.Text, word.Index);
     }
 
     /// An exponent's sign is no mark of its own.

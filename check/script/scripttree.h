@@ -40,7 +40,7 @@ struct ScriptNode {
         Name,
         This,
         Number, ///< `Text` as it is written.
-        Quoted, ///< `Text` is what stands between the quotation marks, as it is written.
+        QuotedText, ///< `Text` is what stands between the quotation marks, as it is written.
         Pattern,
         Word, ///< true, false or null.
         Array, ///< Items; Empty where one is left out.

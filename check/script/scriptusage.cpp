@@ -56,7 +56,7 @@ void ScriptUsage::FindStart(const ScriptTree &tree, const ScriptBindings &bindin
 {
     for (int i = 0; i < tree.All().size(); ++i) {
         const bool isMember = tree.Is(i, ScriptNode::Member);
-        if ((!isMember && !tree.Is(i, ScriptNode::Quoted)) || !bindings.RunsAtStart(tree.At(i).Function))
+        if ((!isMember && !tree.Is(i, ScriptNode::QuotedText)) || !bindings.RunsAtStart(tree.At(i).Function))
             continue;
         StartMembers.insert(tree.At(i).Text);
         if (isMember && tree.Is(tree.Part(i, 0), ScriptNode::Name))
