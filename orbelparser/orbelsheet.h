@@ -26,7 +26,8 @@ class ORBEL_EXPORT OrbelSheet
 {
 public:
     /// What input depends on: the host's lock, the sheet's own switch, and a switch that takes away a secondary part.
-    enum eEnableScope {
+    /// Another number stands for no switch: it is off, and cannot be set.
+    enum eEnableScope : int {
         EnableScopeInput = InputSwitches::Host,
         EnableScopeSheet = InputSwitches::Sheet,
         EnableScopePartial = InputSwitches::Part

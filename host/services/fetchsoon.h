@@ -10,9 +10,11 @@ namespace Orbel
 inline void FetchSoon(const void *place, int bytes = 1)
 {
 #ifdef Q_CC_GNU
+    // As a number: a pointer must not leave its object, nor move at all when it is null.
     constexpr int line = 64;
+    const auto from = reinterpret_cast<quintptr>(place);
     for (int offset = 0; offset < bytes; offset += line)
-        __builtin_prefetch(static_cast<const char *>(place) + offset);
+        __builtin_prefetch(reinterpret_cast<const void *>(from + quintptr(offset)));
 #else
     Q_UNUSED(place)
     Q_UNUSED(bytes)

@@ -11,7 +11,7 @@ class InputSwitches
 {
 public:
     /// Who may take input away.
-    enum Switch { Host, Sheet, Part };
+    enum Switch : int { Host, Sheet, Part };
     /// Has all controls free or lock their input, or only the secondary part of it.
     using Tell = std::function<void(bool enable, bool partial)>;
 
