@@ -1,12 +1,14 @@
 // Measures forms against other ways to the same, and prints a table of ratios in Markdown.
 //
-//     bench [--repeats R] [--sizes N,N,...] [--only TEXT] [--check]     TEXT: a part of the rows' titles
+//     bench [--repeats R] [--sizes N,N,...] [--only TEXT] [--check] [--here]     TEXT: a part of the rows' titles
 //
-// With --check it ends with status 1 when a row breaks its must by more than its turns spread.
+// With --check it ends with status 1 when a row breaks its must by more than its turns spread. Each cell is measured in
+// a process of its own, with --here in this one, as profilers want it.
 
 #include "measure.h"
 #include "memory.h"
 #include "orbelform.h"
+#include "ownprocess.h"
 #include "peers.h"
 #include "startup.h"
 #include "work.h"
@@ -707,7 +709,30 @@ constexpr Plan Plans[] = {
 };
 // clang-format on
 
-measure::Row Run(const Plan &plan, const QVector<int> &sizes)
+/// Options of the program for one cell of the table: the number of its row, and the size.
+const char *const CellOption = "--cell";
+
+Cell InChild(const Plan &plan, int size)
+{
+    const QStringList numbers = ownprocess::OutputOf(
+        {QLatin1String(CellOption), QString::number(&plan - Plans), QString::number(size), QString::number(Repeats)})
+                                    .split(QLatin1Char(' '));
+    Require(numbers.size() == 4, "a cell of the table without its numbers");
+    return {numbers.at(0).toDouble(), numbers.at(1).toDouble(), numbers.at(2).toDouble(), numbers.at(3).toDouble()};
+}
+
+/// The child's part. False when the arguments of the program ask for none.
+bool RunAsChild(const QStringList &arguments)
+{
+    if (arguments.value(1) != QLatin1String(CellOption))
+        return false;
+    Repeats = arguments.value(4).toInt();
+    const Cell cell = Plans[arguments.value(2).toInt()].run(arguments.value(3).toInt());
+    QTextStream(stdout) << cell.ours << ' ' << cell.peer << ' ' << cell.ratio << ' ' << cell.spread << '\n';
+    return true;
+}
+
+measure::Row Run(const Plan &plan, const QVector<int> &sizes, bool here)
 {
     const measure::Unit unit = plan.run == Memory ? measure::Unit::Bytes
         : plan.run == LoadGrowthAgainstUiLoader   ? measure::Unit::Times
@@ -724,7 +749,7 @@ measure::Row Run(const Plan &plan, const QVector<int> &sizes)
         {LoadGrowth, LoadGrowthAgainstUiLoader, ExchangeGrowth, ReportSecondOf200, ReportSecondOf2000, FirstPicture});
     for (int size : sizes) {
         if (!isOfOneSize || size == row.goals.constFirst().size)
-            row.cells.append({size, plan.run(size)});
+            row.cells.append({size, here ? plan.run(size) : InChild(plan, size)});
     }
     return row;
 }
@@ -747,7 +772,7 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    if (memory::RunAsChild(application.arguments()))
+    if (memory::RunAsChild(application.arguments()) || RunAsChild(application.arguments()))
         return 0;
 
     QCommandLineParser options;
@@ -755,7 +780,8 @@ int main(int argc, char **argv)
     const QCommandLineOption sizeList("sizes", "Counts of controls.", "list", "100,1000,5000,10000");
     const QCommandLineOption only("only", "Only rows with this text in their title.", "text");
     const QCommandLineOption check("check", "Ends with status 1 when a row breaks its must by more than its spread.");
-    options.addOptions({repeats, sizeList, only, check});
+    const QCommandLineOption here("here", "Measures in this process, as profilers want it.");
+    options.addOptions({repeats, sizeList, only, check, here});
     options.addHelpOption();
     options.process(application);
     Repeats = qMax(5, options.value(repeats).toInt());
@@ -767,7 +793,7 @@ int main(int argc, char **argv)
     for (const Plan &plan : Plans) {
         if (!QString::fromUtf8(plan.title).contains(options.value(only)))
             continue;
-        const measure::Row row = Run(plan, sizes);
+        const measure::Row row = Run(plan, sizes, options.isSet(here));
         broken += measure::Broken(row);
         out << measure::Line(row, sizes);
         out.flush();

@@ -1,13 +1,12 @@
 #include "memory.h"
 
 #include "orbelform.h"
+#include "ownprocess.h"
 #include "peers.h"
 #include "work.h"
 
 #include <malloc.h>
-#include <QCoreApplication>
 #include <QFile>
-#include <QProcess>
 #include <QTextStream>
 
 namespace memory
@@ -57,12 +56,8 @@ double TakenByUiLoader(int controls)
 
 double InChild(Who who, int controls)
 {
-    QProcess child;
-    child.start(QCoreApplication::applicationFilePath(),
-        {QStringLiteral("--memory"), who == Who::Ours ? QStringLiteral("ours") : QStringLiteral("uiloader"),
-            QString::number(controls)});
-    child.waitForFinished(-1);
-    return child.readAllStandardOutput().trimmed().toDouble();
+    const QString side = who == Who::Ours ? QStringLiteral("ours") : QStringLiteral("uiloader");
+    return ownprocess::OutputOf({QStringLiteral("--memory"), side, QString::number(controls)}).toDouble();
 }
 
 bool RunAsChild(const QStringList &arguments)
