@@ -79,14 +79,18 @@ endfunction()
 # orbel_strict_settings(TARGET): the settings above and the stricter ones of library code.
 function(orbel_strict_settings target)
     orbel_settings(${target})
-    target_compile_options(${target} PRIVATE -Wconversion -Wshadow)
+    target_compile_options(${target} PRIVATE -Wconversion)
+    if(NOT CMAKE_UNITY_BUILD)
+        # With several sources at once the headers of one would shadow what is another's own.
+        target_compile_options(${target} PRIVATE -Wshadow)
+    endif()
     target_compile_definitions(${target} PRIVATE
         QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING
         QT_DEPRECATED_WARNINGS)
 endfunction()
 
 # orbel_precompile(TARGET): what nearly all sources include, compiled once for all targets with the strict settings: it
-# takes as long as ten sources. A source includes what it uses all the same: builds without it (preset clang) tell.
+# takes as long as ten sources. A source includes what it uses all the same: builds without it (presets asan and clang) tell.
 function(orbel_precompile target)
     if(NOT TARGET orbel_precompiled)
         set(source "${PROJECT_BINARY_DIR}/precompiled.cpp")

@@ -16,11 +16,6 @@ namespace
 constexpr int TypingPause = 150;
 constexpr int RunPause = 1000;
 
-QString Key(const char *name)
-{
-    return QLatin1String(name);
-}
-
 QJsonObject Capabilities()
 {
     const QJsonObject sync{{Key("openClose"), true}, {Key("change"), 2}};

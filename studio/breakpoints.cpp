@@ -13,7 +13,7 @@ namespace Orbel
 namespace
 {
 
-enum Column { IdColumn, LocationColumn, ConditionColumn };
+enum BreakpointColumn { IdColumn, LocationColumn, ConditionColumn };
 
 /// The debugger has no functions for breakpoints; its list of them has all.
 QAbstractItemModel *ListOf(const QScriptEngineDebugger &debugger)

@@ -11,7 +11,7 @@ namespace Orbel
 namespace
 {
 
-enum Column { LevelColumn, LineColumn, TextColumn, CodeColumn };
+enum FindingColumn { LevelColumn, LineColumn, TextColumn, CodeColumn };
 
 int LineOf(const QTreeWidgetItem *item)
 {

@@ -30,7 +30,7 @@ using KV218::OrbelDelegate;
 namespace
 {
 
-enum Column { NameColumn, StatedColumn, EffectiveColumn, ControlColumn, OriginColumn };
+enum PropertyColumn { NameColumn, StatedColumn, EffectiveColumn, ControlColumn, OriginColumn };
 
 QTreeWidget *NewList(const char *name, const QStringList &header)
 {

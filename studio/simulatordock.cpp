@@ -28,7 +28,7 @@ namespace Orbel
 namespace
 {
 
-enum Column { PathColumn, NowColumn, DeviceColumn, GeneratorColumn, FromColumn, ToColumn };
+enum SourceColumn { PathColumn, NowColumn, DeviceColumn, GeneratorColumn, FromColumn, ToColumn };
 
 /// Milliseconds between two reports.
 constexpr int BeatTime = 50;

@@ -2,6 +2,7 @@
 
 #include "elementnames.h"
 #include "elementtable.h"
+#include "mendedxml.h"
 #include "placedtext.h"
 
 #include <algorithm>
@@ -11,11 +12,6 @@ namespace Orbel
 
 namespace
 {
-
-bool IsNamePart(QChar character)
-{
-    return character.isLetterOrNumber() || QStringLiteral("_-.:").contains(character);
-}
 
 bool MayHold(const ElementInfo &child, const QString &parent)
 {
@@ -72,7 +68,7 @@ void CursorPlace::SkipBehind(const char *mark)
 QString CursorPlace::TakeName()
 {
     const int from = At;
-    while (!AtEnd() && IsNamePart(Text.at(At)))
+    while (!AtEnd() && IsXmlNamePart(Text.at(At)))
         ++At;
     return Text.mid(from, At - from);
 }
@@ -151,7 +147,7 @@ bool CursorPlace::Attributes()
 {
     for (;;) {
         while (!AtEnd()
-            && (Text.at(At).isSpace() || !(IsNamePart(Text.at(At)) || QStringLiteral("<>/").contains(Text.at(At)))))
+            && (Text.at(At).isSpace() || !(IsXmlNamePart(Text.at(At)) || QStringLiteral("<>/").contains(Text.at(At)))))
             ++At;
         const int from = At;
         if (StandsHere("<") || StandsHere(">") || StandsHere("/>"))

@@ -16,11 +16,6 @@ namespace Orbel
 namespace
 {
 
-bool IsNamePart(QChar character)
-{
-    return character.isLetterOrNumber() || QStringLiteral("_-.:").contains(character);
-}
-
 class Mender
 {
 public:
@@ -148,7 +143,7 @@ private:
     QString TakeName()
     {
         const int from = At;
-        while (At < Text.size() && IsNamePart(Text.at(At)))
+        while (At < Text.size() && IsXmlNamePart(Text.at(At)))
             ++At;
         return Text.mid(from, At - from);
     }
@@ -285,6 +280,11 @@ private:
 };
 
 } // namespace
+
+bool IsXmlNamePart(QChar character)
+{
+    return character.isLetterOrNumber() || QStringLiteral("_-.:").contains(character);
+}
 
 PlacedText MendXml(const PlacedText &source)
 {

@@ -35,7 +35,7 @@ int IndexOf(int line, int column, const OpenDocument &document)
     return qMin(index, text.size());
 }
 
-bool IsNamePart(QChar character)
+bool IsWordPart(QChar character)
 {
     return character.isLetterOrNumber() || QStringLiteral("_$-").contains(character);
 }
@@ -50,8 +50,8 @@ int EndOfThing(const QString &text, int from)
     const bool isTag = from < text.size() && text.at(from) == QLatin1Char('<');
     if (isTag)
         ++to;
-    if (isTag || (to < text.size() && IsNamePart(text.at(to)) && !isValue)) {
-        while (to < text.size() && IsNamePart(text.at(to)))
+    if (isTag || (to < text.size() && IsWordPart(text.at(to)) && !isValue)) {
+        while (to < text.size() && IsWordPart(text.at(to)))
             ++to;
     } else {
         while (to < text.size() && !isAny(isValue ? "\"'<\n\r" : "<\n\r"))

@@ -8,12 +8,7 @@ namespace Orbel
 namespace
 {
 
-const QString Version = QStringLiteral("2.0");
-
-QString Key(const char *name)
-{
-    return QLatin1String(name);
-}
+const QString ProtocolVersion = QStringLiteral("2.0");
 
 bool IsId(const QJsonValue &value)
 {
@@ -49,18 +44,18 @@ RpcMessage RpcMessage::Parse(const QByteArray &text)
 
 QJsonObject RpcResult(const QJsonValue &id, const QJsonValue &result)
 {
-    return {{Key("jsonrpc"), Version}, {Key("id"), id}, {Key("result"), result}};
+    return {{Key("jsonrpc"), ProtocolVersion}, {Key("id"), id}, {Key("result"), result}};
 }
 
 QJsonObject RpcErrorReply(const QJsonValue &id, const RpcFailure &failure)
 {
     const QJsonObject error{{Key("code"), int(failure.Error)}, {Key("message"), failure.Text}};
-    return {{Key("jsonrpc"), Version}, {Key("id"), id}, {Key("error"), error}};
+    return {{Key("jsonrpc"), ProtocolVersion}, {Key("id"), id}, {Key("error"), error}};
 }
 
 QJsonObject RpcNotification(const QString &method, const QJsonObject &params)
 {
-    return {{Key("jsonrpc"), Version}, {Key("method"), method}, {Key("params"), params}};
+    return {{Key("jsonrpc"), ProtocolVersion}, {Key("method"), method}, {Key("params"), params}};
 }
 
 QByteArray Framed(const QJsonObject &message)

@@ -8,6 +8,12 @@
 namespace Orbel
 {
 
+/// The name of a member in JSON.
+inline QString Key(const char *name)
+{
+    return QLatin1String(name);
+}
+
 /// The errors of the protocol that this server answers with.
 enum class RpcError {
     ParseError = -32700,
