@@ -21,11 +21,8 @@ namespace Orbel
 namespace
 {
 
-const QLatin1String Json("json");
 const QLatin1String RunOption("run");
 const QLatin1String RunHere("run-here");
-const QLatin1String Params("params");
-const QLatin1String Changed("changed");
 const QLatin1String Codes("codes");
 
 void PrintText(const QString &text)
@@ -68,11 +65,11 @@ void CheckCommand::Define(QCommandLineParser &parser) const
     QCommandLineOption runHere(RunHere, QString(), QStringLiteral("KIND"));
     runHere.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({
-        {Json, QStringLiteral("Prints an array of objects: --format json.")},
+        {Option::Json, QStringLiteral("Prints an array of objects: --format json.")},
         {RunOption, QStringLiteral("Also builds the form and runs its script, for at most two seconds.")},
-        {Params, QStringLiteral("A parameter document to check against the form; wants one FILE."),
+        {Option::Params, QStringLiteral("A parameter document to check against the form; wants one FILE."),
             QStringLiteral("DOC.xml")},
-        {Changed, QStringLiteral("A changed definition to check against the form; wants one FILE."),
+        {Option::Changed, QStringLiteral("A changed definition to check against the form; wants one FILE."),
             QStringLiteral("FILE")},
         {Codes, QStringLiteral("Explains all codes instead of checking.")},
         runHere,
@@ -84,7 +81,7 @@ int CheckCommand::Run(const QCommandLineParser &parser)
 {
     Parser = &parser;
     if (parser.isSet(Codes)) {
-        if (parser.isSet(Json))
+        if (parser.isSet(Option::Json))
             throw UsageFailure(QStringLiteral("--codes prints a page, and does not go with --json"));
         PrintText(Check::Explanations());
         return ekFine;
@@ -93,7 +90,7 @@ int CheckCommand::Run(const QCommandLineParser &parser)
         PrintText(FindingsToJson(RunForms(KindOf(parser.value(RunHere)))));
         return ekFine;
     }
-    const QString format = parser.isSet(Json) ? QString(Json) : Format(parser, CheckFormats());
+    const QString format = parser.isSet(Option::Json) ? QString(Option::Json) : Format(parser, CheckFormats());
     const QStringList paths = Arguments(parser, INT_MAX);
     IsAlone = paths.size() == 1;
     for (const QString &path : paths) {
@@ -111,7 +108,7 @@ int CheckCommand::Run(const QCommandLineParser &parser)
 void CheckCommand::CheckFile(const QString &path)
 {
     const InputFile input = WithTemplate(ReadInput(path));
-    for (const QString &option : {QString(Params), QString(Changed)}) {
+    for (const QString &option : {QString(Option::Params), QString(Option::Changed)}) {
         if (Parser->isSet(option) && (!IsAlone || input.Kind != DocumentKind::Definition))
             throw UsageFailure(QStringLiteral("--%1 wants exactly one form definition").arg(option));
     }
@@ -127,7 +124,7 @@ void CheckCommand::CheckFile(const QString &path)
         std::stable_sort(findings.begin(), findings.end(), IsBefore);
     }
     Take(input.Path, findings);
-    for (const QString &option : {QString(Changed), QString(Params)}) {
+    for (const QString &option : {QString(Option::Changed), QString(Option::Params)}) {
         if (Parser->isSet(option))
             CheckAgainst(option, input.Bytes);
     }
@@ -138,7 +135,7 @@ InputFile CheckCommand::WithTemplate(const InputFile &input)
 {
     const QString name = input.Kind == DocumentKind::Definition ? ExpandedTemplate::NamedIn(input.Bytes) : QString();
     const QString path = QDir::cleanPath(QFileInfo(input.Path).dir().filePath(name));
-    const bool isAgainst = Parser->isSet(Params) || Parser->isSet(Changed);
+    const bool isAgainst = Parser->isSet(Option::Params) || Parser->isSet(Option::Changed);
     if (name.isEmpty() || isAgainst || !QFileInfo(path).isFile())
         return input;
     const InputFile source = ReadInput(path);
@@ -153,7 +150,7 @@ InputFile CheckCommand::WithTemplate(const InputFile &input)
 void CheckCommand::CheckAgainst(const QString &option, const QByteArray &form)
 {
     const QString path = Parser->value(option);
-    const auto check = option == Params ? Check::Parameters : Check::Changed;
+    const auto check = option == Option::Params ? Check::Parameters : Check::Changed;
     Take(path, check(ReadFile(path), form));
 }
 

@@ -14,8 +14,8 @@ const QLatin1String File("file");
 const QLatin1String LineKey("line");
 const QLatin1String Column("column");
 const QLatin1String SeverityKey("severity");
-const QLatin1String Code("code");
-const QLatin1String Text("text");
+const QLatin1String CodeKey("code");
+const QLatin1String TextKey("text");
 const QLatin1String EditKey("edit");
 const QLatin1String Offset("offset");
 const QLatin1String Length("length");
@@ -43,7 +43,7 @@ FindingEdit EditOf(const QJsonObject &finding)
 QJsonObject ToJson(const Finding &finding, const QString &path)
 {
     QJsonObject object{{File, path}, {LineKey, finding.Line}, {Column, finding.Column},
-        {SeverityKey, NameOf(finding.Level)}, {Code, finding.Code}, {Text, finding.Text}};
+        {SeverityKey, NameOf(finding.Level)}, {CodeKey, finding.Code}, {TextKey, finding.Text}};
     if (finding.Edit)
         object.insert(EditKey,
             QJsonObject{
@@ -73,8 +73,8 @@ Findings FindingsFromJson(const QByteArray &text, bool *isValid)
     for (const QJsonValue &value : list) {
         const QJsonObject object = value.toObject();
         findings.append({object.value(LineKey).toInt(), object.value(Column).toInt(),
-            SeverityOf(object.value(SeverityKey).toString()), object.value(Code).toString(),
-            object.value(Text).toString(), EditOf(object)});
+            SeverityOf(object.value(SeverityKey).toString()), object.value(CodeKey).toString(),
+            object.value(TextKey).toString(), EditOf(object)});
     }
     return findings;
 }

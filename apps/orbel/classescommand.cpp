@@ -1,6 +1,7 @@
 #include "classescommand.h"
 
 #include "classmembers.h"
+#include "commandoptions.h"
 #include "failure.h"
 #include "registry.h"
 
@@ -17,22 +18,17 @@ namespace Orbel
 namespace
 {
 
-const QLatin1String Json("json");
-
-QString Text(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 QJsonArray ToJson(const QVector<PropertyInfo> &properties)
 {
     QJsonArray array;
     for (const PropertyInfo &property : properties)
-        array.append(QJsonObject{{QStringLiteral("name"), property.name},
-            {QStringLiteral("type"), NameOf(property.type)}, {QStringLiteral("absent"), Text(property.absent)},
-            {QStringLiteral("unit"), Text(property.unit)},
-            {QStringLiteral("storedOnly"), property.use == PropertyUse::Stored},
-            {QStringLiteral("choices"), Text(property.choices)}, {QStringLiteral("meaning"), Text(property.meaning)}});
+        array.append(
+            QJsonObject{{QStringLiteral("name"), property.name}, {QStringLiteral("type"), NameOf(property.type)},
+                {QStringLiteral("absent"), QString::fromUtf8(property.absent)},
+                {QStringLiteral("unit"), QString::fromUtf8(property.unit)},
+                {QStringLiteral("storedOnly"), property.use == PropertyUse::Stored},
+                {QStringLiteral("choices"), QString::fromUtf8(property.choices)},
+                {QStringLiteral("meaning"), QString::fromUtf8(property.meaning)}});
     return array;
 }
 
@@ -40,7 +36,7 @@ QJsonArray ToJson(const QVector<const char *> &sentences)
 {
     QJsonArray array;
     for (const char *sentence : sentences)
-        array.append(Text(sentence));
+        array.append(QString::fromUtf8(sentence));
     return array;
 }
 
@@ -58,9 +54,11 @@ void AddMembers(QJsonObject &object, const QString &className)
 
 QJsonObject ToJson(const ClassInfo &info)
 {
-    const QString name = Text(info.name);
-    QJsonObject object{{QStringLiteral("class"), name}, {QStringLiteral("delegate"), Text(info.delegate->delegate)},
-        {QStringLiteral("shows"), Text(info.delegate->shows)}, {QStringLiteral("remark"), Text(info.remark)},
+    const QString name = QString::fromUtf8(info.name);
+    QJsonObject object{{QStringLiteral("class"), name},
+        {QStringLiteral("delegate"), QString::fromUtf8(info.delegate->delegate)},
+        {QStringLiteral("shows"), QString::fromUtf8(info.delegate->shows)},
+        {QStringLiteral("remark"), QString::fromUtf8(info.remark)},
         {QStringLiteral("valueProperty"), QString(info.delegate->valueProperty)},
         {QStringLiteral("properties"), ToJson(Registry::PropertiesOf(info))},
         {QStringLiteral("cannot"), ToJson(info.delegate->cannot)}};
@@ -85,9 +83,9 @@ QByteArray AllAsText()
     QString text;
     for (const ClassInfo &info : Registry::Classes())
         text += QStringLiteral("%1  %2  %3\n")
-                    .arg(Text(info.name), -21)
+                    .arg(QString::fromUtf8(info.name), -21)
                     .arg(QString(info.delegate->valueProperty), -12)
-                    .arg(Text(info.delegate->shows));
+                    .arg(QString::fromUtf8(info.delegate->shows));
     return text.toUtf8();
 }
 
@@ -97,7 +95,7 @@ void ClassesCommand::Define(QCommandLineParser &parser) const
 {
     parser.setApplicationDescription(
         QStringLiteral("Lists the control classes: class name, value property, and what the operator sees."));
-    parser.addOption({Json,
+    parser.addOption({Option::Json,
         QStringLiteral("Prints an object with all properties, signals, slots and invokables of each class and of the "
                        "sheet.")});
 }
@@ -107,7 +105,7 @@ int ClassesCommand::Run(const QCommandLineParser &parser)
     if (!parser.positionalArguments().isEmpty())
         throw UsageFailure(
             QStringLiteral("there is one argument too many: \"%1\"").arg(parser.positionalArguments().constFirst()));
-    std::fputs((parser.isSet(Json) ? AllAsJson() : AllAsText()).constData(), stdout);
+    std::fputs((parser.isSet(Option::Json) ? AllAsJson() : AllAsText()).constData(), stdout);
     return ekFine;
 }
 

@@ -9,6 +9,16 @@ namespace Orbel
 
 /// What several subcommands have on their command lines.
 
+/// Names of options that each defines for itself.
+namespace Option
+{
+constexpr QLatin1String Changed("changed", 7);
+constexpr QLatin1String Check("check", 5);
+constexpr QLatin1String Json("json", 4);
+constexpr QLatin1String Output("output", 6);
+constexpr QLatin1String Params("params", 6);
+} // namespace Option
+
 /// Adds the argument FILE.
 void DefineFile(QCommandLineParser &parser);
 /// FILE and the words behind it. Throws a Failure unless there are one to `most`.

@@ -16,9 +16,6 @@ namespace Orbel
 namespace
 {
 
-const QLatin1String Output("output");
-const QLatin1String Check("check");
-
 /// The definition beside its template, of the same name.
 QString DefinitionOf(const QString &path)
 {
@@ -45,9 +42,9 @@ void ExpandCommand::Define(QCommandLineParser &parser) const
     parser.addPositionalArgument(QStringLiteral("FILE..."),
         QStringLiteral("Templates, whose names end in \".orbelt\"."), QStringLiteral("FILE..."));
     parser.addOptions({
-        {{QStringLiteral("o"), Output}, QStringLiteral("The file to write, \"-\" to print; wants one FILE."),
+        {{QStringLiteral("o"), Option::Output}, QStringLiteral("The file to write, \"-\" to print; wants one FILE."),
             QStringLiteral("FILE.orbel")},
-        {Check,
+        {Option::Check,
             QStringLiteral("Writes nothing, tells each definition that is not what its template gives, and ends "
                            "with 1 then.")},
     });
@@ -55,15 +52,16 @@ void ExpandCommand::Define(QCommandLineParser &parser) const
 
 int ExpandCommand::Run(const QCommandLineParser &parser)
 {
-    const QStringList paths = Arguments(parser, parser.isSet(Output) ? 1 : INT_MAX);
+    const QStringList paths = Arguments(parser, parser.isSet(Option::Output) ? 1 : INT_MAX);
     for (const QString &path : paths) {
         const bool isNamed = path.endsWith(QLatin1String(".orbelt"));
-        if (!isNamed && (!parser.isSet(Output) || QFileInfo(path).isFile()))
+        if (!isNamed && (!parser.isSet(Option::Output) || QFileInfo(path).isFile()))
             throw UsageFailure(QStringLiteral("%1: the name of a template ends in \".orbelt\"").arg(path));
     }
     for (const QString &path : paths) {
         try {
-            Expand(path, parser.isSet(Output) ? parser.value(Output) : DefinitionOf(path), parser.isSet(Check));
+            Expand(path, parser.isSet(Option::Output) ? parser.value(Option::Output) : DefinitionOf(path),
+                parser.isSet(Option::Check));
         } catch (const Failure &failure) {
             Complain(failure.Message);
             Status = failure.Status;

@@ -19,8 +19,6 @@ namespace Orbel
 namespace
 {
 
-const QLatin1String Check("check");
-
 /// Each file as it stands, each folder as the definitions in it.
 QStringList FilesOf(const QStringList &arguments)
 {
@@ -62,15 +60,15 @@ void FormatCommand::Define(QCommandLineParser &parser) const
         QStringLiteral("Files, or folders with all definitions and templates in them; what comes by a pipe, or by "
                        "standard input (\"-\"), is printed."),
         QStringLiteral("FILE..."));
-    parser.addOption(
-        {Check, QStringLiteral("Changes nothing, tells each file that is laid out otherwise, and ends with 1 then.")});
+    parser.addOption({Option::Check,
+        QStringLiteral("Changes nothing, tells each file that is laid out otherwise, and ends with 1 then.")});
 }
 
 int FormatCommand::Run(const QCommandLineParser &parser)
 {
     for (const QString &path : FilesOf(Arguments(parser, INT_MAX))) {
         try {
-            Format(path, parser.isSet(Check));
+            Format(path, parser.isSet(Option::Check));
         } catch (const Failure &failure) {
             Complain(failure.Message);
             Status = failure.Status;

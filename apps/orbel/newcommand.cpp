@@ -1,5 +1,6 @@
 #include "newcommand.h"
 
+#include "commandoptions.h"
 #include "inputfile.h"
 #include "messages.h"
 #include "nearestnames.h"
@@ -13,8 +14,6 @@ namespace Orbel
 
 namespace
 {
-
-const QLatin1String Output("output");
 
 /// The first one is taken where none is named.
 QStringList Kinds()
@@ -30,8 +29,8 @@ void NewCommand::Define(QCommandLineParser &parser) const
         QStringLiteral("Prints a form definition to start from, with comments that tell what is what."));
     parser.addPositionalArgument(QStringLiteral("KIND"),
         QStringLiteral("What it is for: %1.").arg(Kinds().join(QLatin1String(", "))), QStringLiteral("[KIND]"));
-    parser.addOption({{QStringLiteral("o"), Output}, QStringLiteral("The file to write, which must not be there yet."),
-        QStringLiteral("FILE.orbel")});
+    parser.addOption({{QStringLiteral("o"), Option::Output},
+        QStringLiteral("The file to write, which must not be there yet."), QStringLiteral("FILE.orbel")});
 }
 
 int NewCommand::Run(const QCommandLineParser &parser)
@@ -43,7 +42,7 @@ int NewCommand::Run(const QCommandLineParser &parser)
     if (!Kinds().contains(kind))
         throw UsageFailure(QStringLiteral("there is no form for \"%1\"; nearest: %2")
                                .arg(kind, QuotedNames(NearestNames(kind, Kinds(), 1))));
-    const QString path = parser.isSet(Output) ? parser.value(Output) : QStringLiteral("-");
+    const QString path = parser.isSet(Option::Output) ? parser.value(Option::Output) : QStringLiteral("-");
     if (QFileInfo::exists(path))
         throw InputFailure(path, QStringLiteral("it is there already, and is left as it is"));
     WriteWhole(path, ReadFile(QStringLiteral(":/orbel/templates/%1.orbel").arg(kind)));

@@ -23,9 +23,7 @@ namespace Orbel
 namespace
 {
 
-const QLatin1String Params("params");
 const QLatin1String SetOption("set");
-const QLatin1String Changed("changed");
 const QLatin1String OnlyModified("only-modified");
 const QLatin1String From("from");
 const QLatin1String To("to");
@@ -99,13 +97,13 @@ void ParamsCommand::Define(QCommandLineParser &parser) const
         "--component names the form."));
     DefineFile(parser);
     parser.addOptions({
-        {Params, QStringLiteral("A parameter document to read first."), QStringLiteral("DOC.xml")},
+        {Option::Params, QStringLiteral("A parameter document to read first."), QStringLiteral("DOC.xml")},
         {SetOption,
             QStringLiteral(
                 "Gives the control at a parameter path, or with that element name, a value as in documents; of a "
                 "choice also its display name, of a list an array as [1,2]. May be repeated."),
             QStringLiteral("PATH=TEXT")},
-        {Changed, QStringLiteral("A changed definition to apply then."), QStringLiteral("FILE")},
+        {Option::Changed, QStringLiteral("A changed definition to apply then."), QStringLiteral("FILE")},
         {OnlyModified, QStringLiteral("Prints just what was modified, and nothing when nothing was.")},
         {From, QStringLiteral("The version of the form that FILE belongs to."), QStringLiteral("A")},
         {To, QStringLiteral("The version of the form that is to have its values."), QStringLiteral("B")},
@@ -123,20 +121,20 @@ int ParamsCommand::Run(const QCommandLineParser &parser)
     form->CreateValueTree(QStringLiteral("/Form"));
     form->CreateGUI(true);
     const std::unique_ptr<QWidget> gui(form->GetGUI());
-    if (parser.isSet(Params))
-        form->SetXmlString(ReadDocument(parser.value(Params), RootTag(*form)));
+    if (parser.isSet(Option::Params))
+        form->SetXmlString(ReadDocument(parser.value(Option::Params), RootTag(*form)));
     for (const QString &assignment : parser.values(SetOption))
         Set(*form, assignment);
-    if (parser.isSet(Changed))
-        form->SetChangedORBEL(ReadDocument(parser.value(Changed), KV218::element::Form));
+    if (parser.isSet(Option::Changed))
+        form->SetChangedORBEL(ReadDocument(parser.value(Option::Changed), KV218::element::Form));
     WriteDocument(form->GetXmlString(parser.isSet(OnlyModified)));
     return file.GetStatus();
 }
 
 int ParamsCommand::Carry(const QCommandLineParser &parser)
 {
-    if (!parser.isSet(From) || !parser.isSet(To) || parser.isSet(Params) || parser.isSet(SetOption)
-        || parser.isSet(Changed) || parser.isSet(OnlyModified))
+    if (!parser.isSet(From) || !parser.isSet(To) || parser.isSet(Option::Params) || parser.isSet(SetOption)
+        || parser.isSet(Option::Changed) || parser.isSet(OnlyModified))
         throw UsageFailure(QStringLiteral("--from and --to go together, and without other options"));
     const QStringList arguments = parser.positionalArguments();
     const QString path = arguments.value(0, QStringLiteral("-"));

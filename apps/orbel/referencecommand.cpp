@@ -15,7 +15,7 @@ namespace Orbel
 {
 
 /// Of the pictures, in points.
-constexpr int FontSize = 10;
+constexpr int PointSize = 10;
 
 void ReferenceCommand::Define(QCommandLineParser &parser) const
 {
@@ -33,7 +33,7 @@ int ReferenceCommand::Run(const QCommandLineParser &parser)
         throw InputFailure(Folder.path(), QStringLiteral("the folder cannot be made"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     QFont font = QApplication::font();
-    font.setPointSize(FontSize);
+    font.setPointSize(PointSize);
     QApplication::setFont(font);
     Write(QStringLiteral("README.md"), IndexPage());
     Write(QStringLiteral("Sheet.md"), SheetPage());

@@ -10,11 +10,6 @@ namespace Orbel
 namespace
 {
 
-QString Text(const char *text)
-{
-    return QString::fromUtf8(text);
-}
-
 /// A cell of a table, in which a bar would begin the next one.
 QString Cell(const QString &text)
 {
@@ -30,11 +25,12 @@ QString ReadAs(const PropertyInfo &property)
 
 QString Meaning(const PropertyInfo &property)
 {
-    const QString meaning = Text(property.meaning);
+    const QString meaning = QString::fromUtf8(property.meaning);
     if (!*property.choices)
         return meaning;
     return meaning
-        + QStringLiteral(" One of: `%1`.").arg(Text(property.choices).replace(QLatin1Char(' '), QLatin1String("`, `")));
+        + QStringLiteral(" One of: `%1`.")
+              .arg(QString::fromUtf8(property.choices).replace(QLatin1Char(' '), QLatin1String("`, `")));
 }
 
 QString PropertyTable(const QVector<PropertyInfo> &properties)
@@ -42,8 +38,8 @@ QString PropertyTable(const QVector<PropertyInfo> &properties)
     QString table = QStringLiteral("| Property | Read as | When absent | Unit | Meaning |\n|---|---|---|---|---|\n");
     for (const PropertyInfo &property : properties)
         table += QStringLiteral("| `%1` | %2 | %3 | %4 | %5 |\n")
-                     .arg(QString(property.name), ReadAs(property), Cell(Text(property.absent)), Text(property.unit),
-                         Cell(Meaning(property)));
+                     .arg(QString(property.name), ReadAs(property), Cell(QString::fromUtf8(property.absent)),
+                         QString::fromUtf8(property.unit), Cell(Meaning(property)));
     return table + QLatin1Char('\n');
 }
 
@@ -51,7 +47,7 @@ QString MemberList(const char *title, const QString &className, const QStringLis
 {
     if (members.isEmpty())
         return QString();
-    QString list = Text(title) + QLatin1String(":\n\n");
+    QString list = QString::fromUtf8(title) + QLatin1String(":\n\n");
     for (const QString &member : members)
         list += QStringLiteral("- `%1`: %2\n").arg(member, Registry::MeaningOf(className, member));
     return list + QLatin1Char('\n');
@@ -96,16 +92,17 @@ QString Head(const ClassInfo &info)
     QStringList siblings;
     for (const ClassInfo &other : Registry::Classes()) {
         if (other.delegate == info.delegate)
-            siblings.append(QStringLiteral("`%1`").arg(Text(other.name)));
+            siblings.append(QStringLiteral("`%1`").arg(QString::fromUtf8(other.name)));
     }
     const QString value = info.delegate->valueProperty;
-    QString head = QStringLiteral("# %1\n\n%2\n\n").arg(Text(info.name), Text(info.delegate->shows));
+    QString head
+        = QStringLiteral("# %1\n\n%2\n\n").arg(QString::fromUtf8(info.name), QString::fromUtf8(info.delegate->shows));
     if (*info.remark)
-        head += Text(info.remark) + QLatin1String("\n\n");
+        head += QString::fromUtf8(info.remark) + QLatin1String("\n\n");
     if (info.delegate->traits & (ekShown | ekAlwaysWrites))
-        head += Picture(Text(info.name));
+        head += Picture(QString::fromUtf8(info.name));
     head += QStringLiteral("- Class names: %1\n").arg(siblings.join(QLatin1String(", ")));
-    head += QStringLiteral("- Delegate: `%1`\n").arg(Text(info.delegate->delegate));
+    head += QStringLiteral("- Delegate: `%1`\n").arg(QString::fromUtf8(info.delegate->delegate));
     return head + (value.isEmpty() ? QStringLiteral("\n") : QStringLiteral("- Value property: `%1`\n\n").arg(value));
 }
 
@@ -114,14 +111,15 @@ QString ParameterPart(const ClassInfo &info, const QString &example)
     if (!(info.delegate->traits & ekWrites))
         return QStringLiteral("## Parameter document\n\nThe control writes no element.\n\n");
     return QStringLiteral("## Parameter document\n\nOut: %1 The example writes:\n\n%2In: %3\n\n")
-        .arg(Text(info.delegate->writes), Block(DocumentOf(example)), Text(info.delegate->reads));
+        .arg(QString::fromUtf8(info.delegate->writes), Block(DocumentOf(example)),
+            QString::fromUtf8(info.delegate->reads));
 }
 
 } // namespace
 
 QString ClassPage(const ClassInfo &info)
 {
-    const QString name = Text(info.name);
+    const QString name = QString::fromUtf8(info.name);
     const QVector<PropertyInfo> &own = info.delegate->properties;
     QString page = Head(info) + Cannot(info.delegate->cannot) + QStringLiteral("## Properties\n\n");
     if (!own.isEmpty())
@@ -152,7 +150,7 @@ QString IndexPage()
     for (const ClassInfo &info : Registry::Classes()) {
         const QString value = info.delegate->valueProperty;
         page += QStringLiteral("| [%1](%1.md) | %2 | %3 |\n")
-                    .arg(Text(info.name), Cell(Text(info.delegate->shows)),
+                    .arg(QString::fromUtf8(info.name), Cell(QString::fromUtf8(info.delegate->shows)),
                         value.isEmpty() ? value : QLatin1Char('`') + value + QLatin1Char('`'));
     }
     return page + QStringLiteral("\n## What every control has\n\nProperties:\n\n")

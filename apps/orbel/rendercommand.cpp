@@ -24,7 +24,6 @@ namespace
 constexpr int GreatestSide = FormPicture::GreatestSide;
 constexpr int OrdinaryWidth = FormPicture::OrdinaryWidth;
 
-const QLatin1String Output("output");
 const QLatin1String Size("size");
 const QLatin1String FontSize("font-size");
 const QLatin1String Style("style");
@@ -33,7 +32,7 @@ const QLatin1String Scale("scale");
 
 QString OutputPath(const QCommandLineParser &parser)
 {
-    QString path = parser.value(Output);
+    QString path = parser.value(Option::Output);
     if (path.isEmpty())
         throw UsageFailure(QStringLiteral("a picture is wanted: -o OUT.png"));
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
@@ -117,7 +116,7 @@ void RenderCommand::Define(QCommandLineParser &parser) const
     DefineFile(parser);
     DefineLanguage(parser);
     parser.addOptions({
-        {{QStringLiteral("o"), Output}, QStringLiteral("The picture to write; its name tells the format."),
+        {{QStringLiteral("o"), Option::Output}, QStringLiteral("The picture to write; its name tells the format."),
             QStringLiteral("OUT.png")},
         {Size, QStringLiteral("Pixels; without it %1 wide, and as high as the form needs.").arg(OrdinaryWidth),
             QStringLiteral("WxH")},

@@ -16,11 +16,9 @@ namespace Orbel
 namespace
 {
 
-const QLatin1String Output("output");
-
 QString OutputPath(const QCommandLineParser &parser)
 {
-    const QString path = parser.value(Output);
+    const QString path = parser.value(Option::Output);
     if (!path.endsWith(QLatin1String(".ts")))
         throw UsageFailure(QStringLiteral("a file of translations is wanted: -o FILE.ts"));
     return path;
@@ -48,7 +46,8 @@ void StringsCommand::Define(QCommandLineParser &parser) const
     parser.addPositionalArgument(QStringLiteral("FILE..."),
         QStringLiteral("Form definitions, whose names end in \".orbel\", and component lists."),
         QStringLiteral("FILE..."));
-    parser.addOption({{QStringLiteral("o"), Output}, QStringLiteral("The file to write."), QStringLiteral("FILE.ts")});
+    parser.addOption(
+        {{QStringLiteral("o"), Option::Output}, QStringLiteral("The file to write."), QStringLiteral("FILE.ts")});
 }
 
 int StringsCommand::Run(const QCommandLineParser &parser)
