@@ -51,7 +51,8 @@ private:
         if (name.size() < 4 || known.contains(name) || Study.ClassOf(object) || Study.EnumOf(object)
             || Study.IsGuarded(member) || Study.IsAssigned(member) || Study.MakesMember(name))
             return;
-        const QString meant = NearestName(name, known);
+        const auto asked = Meant.constFind(name);
+        const QString meant = asked != Meant.constEnd() ? *asked : *Meant.insert(name, NearestName(name, known));
         const bool isKnown = Tree.Is(object, Node::Name) && !Study.Bindings.At(object).IsMade;
         // Data have their filters and lengths.
         const bool isMany = name == meant + QLatin1Char('s');
@@ -62,6 +63,7 @@ private:
 
     const ScriptStudy &Study;
     const ScriptTree &Tree;
+    QHash<QString, QString> Meant; ///< The nearest builtin to each name: a script says the same ones over and over.
 };
 
 } // namespace
