@@ -1,5 +1,4 @@
 #include "xmlscanner.h"
-
 namespace Orbel
 {
 
@@ -23,16 +22,16 @@ private:
     {
         if (All.at(At) != QLatin1Char('<'))
             Take(XmlToken::Text, NextOr(QLatin1String("<"), At, 0));
+        else if (!Stands("<!") && !Stands("<?"))
+            TakeTag();
         else if (Stands("<!--"))
             Take(XmlToken::Comment, NextOr(QLatin1String("-->"), At + 4, 3));
         else if (Stands("<![CDATA["))
             Take(XmlToken::Section, NextOr(QLatin1String("]]>"), At + 9, 3));
         else if (Stands("<?"))
             Take(XmlToken::Instruction, NextOr(QLatin1String("?>"), At + 2, 2));
-        else if (Stands("<!"))
-            Take(XmlToken::Doctype, EndOfDoctype());
         else
-            TakeTag();
+            Take(XmlToken::Doctype, EndOfDoctype());
     }
 
     bool Stands(const char *mark) const

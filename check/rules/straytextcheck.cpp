@@ -63,11 +63,10 @@ void CheckStrayText(const FormModel &form, FindingSink &sink)
         if (token.What == XmlToken::Comment)
             CheckComment(form, token, isInScript && form.Script >= 0, sink);
         const bool isText = token.What == XmlToken::Text || token.What == XmlToken::Section;
-        const bool isBetween = isText && std::all_of(open.cbegin(), open.cend(), HoldsElements);
+        const int letter = isText ? FirstLetter(text, token.From, token.To) : token.To;
         // A property that holds text in place of a value is told for that.
         const bool isTold = open.isEmpty() || (open.constLast() == element::Property && !isBehindValue);
-        const int letter = isBetween && !isTold ? FirstLetter(text, token.From, token.To) : token.To;
-        if (letter < token.To)
+        if (letter < token.To && !isTold && std::all_of(open.crbegin(), open.crend(), HoldsElements))
             sink.Add(Code::TextStray, form.Doc.PlaceAt(letter),
                 QStringLiteral("The text \"%1\" stands between elements, and means nothing")
                     .arg(text.mid(letter, token.To - letter).simplified()));
