@@ -314,8 +314,8 @@ private:
     /// The lines that differ between what both begin and what both end with.
     void CompareScript()
     {
-        const ScriptSourceMap before(Before.Text, Before.Form.Script);
-        const ScriptSourceMap after(After.Text, After.Form.Script);
+        const ScriptSourceMap &before = Before.Form.GetScriptSource();
+        const ScriptSourceMap &after = After.Form.GetScriptSource();
         if (before.Code() == after.Code())
             return;
         const QStringList one = before.Code().split(QLatin1Char('\n'));

@@ -71,7 +71,7 @@ QString PropertySetBy(const QString &member)
 
 void AddScript(const FormModel &form, Collection &texts)
 {
-    const ScriptSourceMap script(form.Doc, form.Script);
+    const ScriptSourceMap &script = form.GetScriptSource();
     const QVector<ScriptToken> tokens = ScanScript(script.Code());
     const auto isMark = [&](int at, char mark) {
         return tokens.at(at).What == ScriptToken::Mark && tokens.at(at).Text == QLatin1Char(mark);

@@ -8,7 +8,6 @@
 #include "formrun.h"
 #include "parameterdocumentcheck.h"
 #include "scriptscanner.h"
-#include "scriptsourcemap.h"
 #include "structurecheck.h"
 #include "templateexpansion.h"
 #include "xmlcheck.h"
@@ -119,7 +118,8 @@ private:
     /// Comments that end with a line in the file, but not where the script's own line does.
     static void CheckComments(const Document &list, const Document &definition, FindingSink &sink)
     {
-        const ScriptSourceMap script(definition, FormModel(definition, FormOf(definition)).Script);
+        const FormModel form(definition, FormOf(definition));
+        const ScriptSourceMap &script = form.GetScriptSource();
         const QString &code = script.Code();
         for (const int comment : LineComments(code)) {
             const int end
@@ -216,7 +216,7 @@ Findings ExamineTemplate(const QByteArray &bytes, const Examination &examination
 int LineOfScriptIn(const Document &document, const FileText &file, int line)
 {
     const FormModel form(document, FormOf(document));
-    return form.Script < 0 ? 1 : file.LineOf(ScriptSourceMap(document, form.Script).PlaceOfLine(line));
+    return form.Script < 0 ? 1 : file.LineOf(form.GetScriptSource().PlaceOfLine(line));
 }
 
 template <class CheckFunction>

@@ -1,4 +1,5 @@
 #include "xmlscanner.h"
+
 namespace Orbel
 {
 

@@ -2,7 +2,6 @@
 
 #include "elementnames.h"
 #include "propertynames.h"
-#include "scriptsourcemap.h"
 
 #include <QVariant>
 
@@ -83,10 +82,12 @@ QStringList WidgetEntry::ReadTags() const
 FormModel::FormModel(const Document &document, int form) : Doc(document), Form(form)
 {
     AddParts(form);
-    const QString code = Script < 0 ? QString() : ScriptSourceMap(Doc, Script).Code();
-    Tree = std::make_shared<ScriptTree>(code);
+    Source = ScriptSourceMap(Doc, Script);
+    const QString &code = Source.Code();
+    const QVector<ScriptToken> tokens = ScanScript(code);
+    Tree = std::make_shared<ScriptTree>(code, tokens);
     Bindings = std::make_shared<ScriptBindings>(*Tree);
-    Usage = ScriptUsage(code, *Tree, *Bindings);
+    Usage = ScriptUsage(code, tokens, *Tree, *Bindings);
 }
 
 void FormModel::AddParts(int form)

@@ -2,6 +2,7 @@
 
 #include "document.h"
 #include "registry.h"
+#include "scriptsourcemap.h"
 #include "scriptusage.h"
 
 #include <memory>
@@ -90,6 +91,8 @@ public:
     bool ScriptMayCall(const WidgetEntry &widget, const char *member) const;
     /// The same while the script itself runs, and not only in a handler.
     bool ScriptMayCallAtStart(const WidgetEntry &widget, const char *member) const;
+    /// The script with the places of its characters, empty without a script.
+    const ScriptSourceMap &GetScriptSource() const { return Source; }
     /// The script's tree, empty without a script.
     const ScriptTree &GetScriptTree() const { return *Tree; }
     const ScriptBindings &GetScriptBindings() const { return *Bindings; }
@@ -106,6 +109,7 @@ private:
 
     QHash<QString, int> EnumIndex;
     QHash<QString, int> WidgetIndex;
+    ScriptSourceMap Source;
     std::shared_ptr<const ScriptTree> Tree;
     std::shared_ptr<const ScriptBindings> Bindings;
     ScriptUsage Usage;

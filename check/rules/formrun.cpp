@@ -72,7 +72,7 @@ class FormRun
 {
 public:
     FormRun(const FormModel &model, FindingSink &sink)
-        : Model(model), Sink(sink), Script(model.Doc, model.Script),
+        : Model(model), Sink(sink), Script(model.GetScriptSource()),
           Live(KV218::OrbelParser().ParseORBEL(model.Doc.Text())), Engine(EngineOf(Live)),
           Position(new PositionAgent(Engine))
     {

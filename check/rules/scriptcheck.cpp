@@ -105,7 +105,7 @@ bool IsScriptRefused(const QString &code)
 
 void CheckScript(const FormModel &form, FindingSink &sink)
 {
-    const ScriptSourceMap script(form.Doc, form.Script);
+    const ScriptSourceMap &script = form.GetScriptSource();
     const int line = RefusedLine(script.Code());
     if (line == 0)
         return;

@@ -58,7 +58,7 @@ QString SetterOf(const QString &property)
 }
 
 ScriptStudy::ScriptStudy(const FormModel &form, FindingSink &sink)
-    : Form(form), Sink(sink), Script(form.Doc, form.Script), Tree(form.GetScriptTree()),
+    : Form(form), Sink(sink), Script(form.GetScriptSource()), Tree(form.GetScriptTree()),
       Bindings(form.GetScriptBindings())
 {
     FindConnections();

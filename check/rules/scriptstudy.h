@@ -4,7 +4,6 @@
 #include "formmodel.h"
 #include "scriptbindings.h"
 #include "scriptclass.h"
-#include "scriptsourcemap.h"
 
 #include <functional>
 
@@ -40,7 +39,7 @@ public:
 
     const FormModel &Form;
     FindingSink &Sink;
-    const ScriptSourceMap Script;
+    const ScriptSourceMap &Script;
     const ScriptTree &Tree;
     const ScriptBindings &Bindings;
 

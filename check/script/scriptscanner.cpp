@@ -32,7 +32,10 @@ private:
             || character == QLatin1Char('$');
     }
 
-    bool StandsHere(const char *mark) const { return Code.midRef(At, int(qstrlen(mark))) == QLatin1String(mark); }
+    bool StandsHere(const char *mark) const
+    {
+        return Here() == QLatin1Char(*mark) && Code.midRef(At, int(qstrlen(mark))) == QLatin1String(mark);
+    }
 
     void Step()
     {

@@ -10,6 +10,8 @@ namespace Orbel
 class ORBEL_CHECK_INTERNAL ScriptSourceMap
 {
 public:
+    /// Of a form without a script.
+    ScriptSourceMap() : LineStarts{0} { }
     /// `script` is the element of the script; -1 for a form without one.
     ScriptSourceMap(const Document &form, int script);
 

@@ -1,7 +1,6 @@
 #include "scripttree.h"
 
 #include "scriptbuiltins.h"
-#include "scriptscanner.h"
 
 namespace Orbel
 {
@@ -32,24 +31,32 @@ struct Word {
     bool BeginsLine;
 };
 
-/// Joins marks that stand side by side to operators.
-QVector<Word> WordsOf(const QString &code)
+/// The operator that stands in the code at an index; empty for any other mark.
+QLatin1String OperatorAt(const QString &code, int index)
 {
-    const QVector<ScriptToken> tokens = ScanScript(code);
+    for (const Operator &known : Operators) {
+        const bool mayBe = code.at(index) == QLatin1Char(*known.text);
+        if (mayBe && code.midRef(index, int(qstrlen(known.text))) == QLatin1String(known.text))
+            return QLatin1String(known.text);
+    }
+    return QLatin1String();
+}
+
+/// Joins marks that stand side by side to operators.
+QVector<Word> WordsOf(const QString &code, const QVector<ScriptToken> &tokens)
+{
     QVector<Word> words;
+    words.reserve(tokens.size() + 1);
     int end = 0;
     for (int i = 0; i < tokens.size(); ++i) {
         const ScriptToken &token = tokens.at(i);
         Word word{token.What, token.Text, token.Index, token.End,
             code.midRef(end, token.Index - end).contains(QLatin1Char('\n'))};
-        for (const Operator &known : Operators) {
-            const QLatin1String text(known.text);
-            if (token.What == ScriptToken::Mark && code.midRef(token.Index, text.size()) == text) {
-                word.Text = text;
-                word.End = token.Index + text.size();
-                i += text.size() - 1;
-                break;
-            }
+        const QLatin1String text = token.What == ScriptToken::Mark ? OperatorAt(code, token.Index) : QLatin1String();
+        if (!text.isEmpty()) {
+            word.Text = text;
+            word.End = token.Index + text.size();
+            i += text.size() - 1;
         }
         end = word.End;
         words.append(word);
@@ -62,7 +69,7 @@ QVector<Word> WordsOf(const QString &code)
 class Reader
 {
 public:
-    explicit Reader(const QString &code) : Code(code), Words(WordsOf(code)) { }
+    Reader(const QString &code, const QVector<ScriptToken> &tokens) : Code(code), Words(WordsOf(code, tokens)) { }
 
     QVector<Node> Run()
     {
@@ -633,7 +640,8 @@ private:
 
 } // namespace
 
-ScriptTree::ScriptTree(const QString &code) : Code(code), Nodes(Reader(code).Run())
+ScriptTree::ScriptTree(const QString &code, const QVector<ScriptToken> &tokens)
+    : Code(code), Nodes(Reader(code, tokens).Run())
 {
     for (int i = Nodes.size() - 2; i >= 0; --i) {
         const int parent = Nodes.at(i).Parent;

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "checkexport.h"
-
-#include <QString>
-#include <QVector>
+#include "scriptscanner.h"
 
 namespace Orbel
 {
@@ -75,7 +72,8 @@ using Node = ScriptNode;
 class ORBEL_CHECK_INTERNAL ScriptTree
 {
 public:
-    explicit ScriptTree(const QString &code);
+    /// `tokens` are those of the code.
+    ScriptTree(const QString &code, const QVector<ScriptToken> &tokens);
 
     /// False for a script that cannot be read, or that nests deeper than scripts of forms do; then there are no nodes.
     bool IsWhole() const { return !Nodes.isEmpty(); }

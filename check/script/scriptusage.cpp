@@ -1,7 +1,5 @@
 #include "scriptusage.h"
 
-#include "scriptscanner.h"
-
 #include <QRegularExpression>
 
 namespace Orbel
@@ -18,11 +16,11 @@ bool IsDot(const QVector<ScriptToken> &tokens, int at)
 
 } // namespace
 
-ScriptUsage::ScriptUsage(const QString &code, const ScriptTree &tree, const ScriptBindings &bindings)
+ScriptUsage::ScriptUsage(
+    const QString &code, const QVector<ScriptToken> &tokens, const ScriptTree &tree, const ScriptBindings &bindings)
     : IsOpaque(!tree.IsWhole())
 {
     FindStart(tree, bindings);
-    const QVector<ScriptToken> tokens = ScanScript(code);
     for (int i = 0; i < tokens.size(); ++i) {
         const ScriptToken &token = tokens.at(i);
         if (token.What == ScriptToken::Mark || token.Text.isEmpty())

@@ -10,7 +10,8 @@ class ScriptUsage
 {
 public:
     ScriptUsage() = default;
-    ScriptUsage(const QString &code, const ScriptTree &tree, const ScriptBindings &bindings);
+    ScriptUsage(const QString &code, const QVector<ScriptToken> &tokens, const ScriptTree &tree,
+        const ScriptBindings &bindings);
 
     /// Whether a property or function of the name is used, behind a dot or by its name in a text.
     bool SpeaksOf(const QString &member) const { return Members.contains(member); }
