@@ -111,8 +111,9 @@ void FloatGroupLayout::watchLook()
     if (Look || !parentWidget())
         return;
     Look = new Orbel::LookWatch(parentWidget(), this, [this] {
-        for (QLayoutItem *item : qAsConst(Items)) {
-            if (auto *line = dynamic_cast<SectionLine *>(item->widget()))
+        // A handler of a line's new font may take items away.
+        for (int i = 0; i < Items.size(); ++i) {
+            if (auto *line = dynamic_cast<SectionLine *>(Items.at(i)->widget()))
                 line->FollowParent();
         }
     });
@@ -230,9 +231,12 @@ void FloatGroupLayout::settle()
 {
     if (!std::exchange(Owed, false))
         return;
+    // Activating invalidates, and that must not be put off once more.
+    const int pauses = std::exchange(Pauses, 0);
     QLayout::invalidate();
     if (parentWidget() && parentWidget()->isVisible())
         activate();
+    Pauses += pauses;
 }
 
 Qt::Orientations FloatGroupLayout::expandingDirections() const
@@ -274,11 +278,13 @@ void FloatGroupLayout::setGeometry(const QRect &rect)
     if (PlaceCount != placed && ChangeCount == arranged)
         return;
     ++PlaceCount;
-    // Placing an item can arrange anew, and can take away items, this one among them.
+    // Placing an item, or what stands in it, can arrange anew, and can take away items, this one among them.
     for (int i = 0; ChangeCount == arranged && i < Items.size() && i < Hints.size(); ++i) {
         FetchAhead(Items, i);
         QLayoutItem *item = Items.at(i);
-        Place(item, placeOf(i));
+        const QRect place = placeOf(i);
+        if (ChangeCount == arranged && Items.value(i) == item)
+            Place(item, place);
         if (Items.value(i) == item && (Flags.at(i) & FloatGroupItem::ItemList))
             setListGeometry(item);
     }
@@ -292,7 +298,7 @@ bool FloatGroupLayout::eventFilter(QObject *watched, QEvent *event)
     // The area sends other events even while it is destroyed, and must not be touched then.
     if (event->type() != QEvent::Resize || watched != ScrollArea)
         return QLayout::eventFilter(watched, event);
-    changeWidth();
+    invalidate();
     update();
     // Meant: the event ends here; the area lays its viewport out when the request that update() posts comes through.
     return true;
@@ -338,21 +344,19 @@ bool FloatGroupLayout::measureItems() const
     // A widget that is asked for the first time takes on its style and may invalidate this layout, or arrange it:
     // nothing may rely on `Hints` here, nor on the items.
     const QList<QLayoutItem *> asked = Items;
-    QVector<FloatGroupItem> measured = std::exchange(Measured, {});
-    bool differs = measured.size() != asked.size();
-    measured.resize(asked.size());
+    QVector<FloatGroupItem> measured(asked.size());
     FloatGroupItem *next = measured.data();
-    for (int i = 0; i < asked.size() && Items == asked; ++i, ++next) {
+    for (int i = 0; i < asked.size() && Items == asked; ++i) {
         FetchAhead(asked, i);
-        const FloatGroupItem item = measureItem(i);
-        differs = differs || !(item == *next);
-        *next = item;
+        *next++ = measureItem(i);
     }
-    if (differs)
-        Arranged.clear();
     if (Items != asked)
         return false;
-    Measured = measured;
+    // Compared only now: what has arranged meanwhile has left its own sizes there.
+    if (measured != Measured) {
+        Measured = measured;
+        Arranged.clear();
+    }
     IsMeasured = ChangeCount == changes;
     return !asked.isEmpty();
 }

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
+#include <QPointer>
 #include <QSpinBox>
 #include <QStyleOption>
 #include <QTableView>
@@ -67,12 +68,15 @@ int OfTable(const QTableView *table)
 
 std::optional<int> OfContent(QLayout *layout, const QSize &size)
 {
+    // A handler of what is placed may destroy any of it.
+    const QPointer<QLayout> placed = layout;
     layout->setGeometry(QRect(QPoint(), size));
-    QLayoutItem *first = layout->itemAt(0);
-    if (!first || !first->widget())
+    QLayoutItem *item = placed ? placed->itemAt(0) : nullptr;
+    const QPointer<QWidget> first = item ? item->widget() : nullptr;
+    if (!first)
         return {};
-    const std::optional<int> within = FirstBaseline(first->widget(), first->widget()->size());
-    return within ? std::optional<int>(first->widget()->y() + *within) : std::nullopt;
+    const std::optional<int> within = FirstBaseline(first, first->size());
+    return within && first ? std::optional<int>(first->y() + *within) : std::nullopt;
 }
 
 } // namespace

@@ -24,9 +24,9 @@ void Widen(int &width, int other)
 } // namespace
 
 FloatGroupArranger::FloatGroupArranger(QVector<FloatGroupItem> measuredItems, int between, int below)
-    : items(std::move(measuredItems)), horizontalSpacing(Bounded(between)), verticalSpacing(Bounded(below))
+    : Items(std::move(measuredItems)), HorizontalSpacing(Bounded(between)), VerticalSpacing(Bounded(below))
 {
-    for (FloatGroupItem &item : items) {
+    for (FloatGroupItem &item : Items) {
         item.width = Bounded(item.width);
         item.height = Bounded(item.height);
         item.topMargin = Bounded(item.topMargin);
@@ -49,8 +49,8 @@ FloatGroupArranger::Columns FloatGroupArranger::scanItems() const
     FloatGroupColumn section;
     int rowSum = 0;
     int rowPosition = 0;
-    for (int i = 0; i < items.size(); ++i) {
-        const FloatGroupItem &item = items.at(i);
+    for (int i = 0; i < Items.size(); ++i) {
+        const FloatGroupItem &item = Items.at(i);
         if (i > 0 && (item.flags & FloatGroupItem::ItemSection) && !skipSection(i)) {
             sections.append(section);
             section = FloatGroupColumn();
@@ -63,9 +63,9 @@ FloatGroupArranger::Columns FloatGroupArranger::scanItems() const
         if (item.flags & FloatGroupItem::ItemLabel) {
             Widen(section.labelWidth, item.width);
         } else if (item.flags & FloatGroupItem::ItemSection) {
-            Widen(section.sectionWidth, item.width + horizontalSpacing);
+            Widen(section.sectionWidth, item.width + HorizontalSpacing);
         } else {
-            rowSum = Bounded(rowSum + item.width + horizontalSpacing);
+            rowSum = Bounded(rowSum + item.width + HorizontalSpacing);
             Widen(section.rowWidth, rowSum);
             // Meant: a control without a label stands first in its row and is not measured into the control column.
             if (rowPosition == 1 && !(item.flags & FloatGroupItem::ItemSpecial))
@@ -83,13 +83,13 @@ FloatGroupArranger::Columns FloatGroupArranger::scanItems() const
 bool FloatGroupArranger::skipSection(int index) const
 {
     for (int i = index - 1; i >= 0; --i) {
-        if (items.at(i).flags & FloatGroupItem::ItemSection)
+        if (Items.at(i).flags & FloatGroupItem::ItemSection)
             return true;
-        if (items.at(i).height > 0)
+        if (Items.at(i).height > 0)
             break;
     }
-    for (int i = index + 1; i < items.size(); ++i) {
-        if ((items.at(i).flags & FloatGroupItem::ItemSection) || items.at(i).height > 0)
+    for (int i = index + 1; i < Items.size(); ++i) {
+        if ((Items.at(i).flags & FloatGroupItem::ItemSection) || Items.at(i).height > 0)
             return false;
     }
     return true;
@@ -110,17 +110,17 @@ void FloatGroupArranger::scanSections(const Columns &sections, int columnCount, 
 int FloatGroupArranger::dealSections(const Columns &sections, int columnCount, int width)
 {
     const int sectionsPerColumn = (sections.size() + columnCount - 1) / columnCount;
-    columns.clear();
+    ScreenColumns.clear();
     int left = 0;
     for (int i = 0; i < columnCount; ++i) {
         FloatGroupColumn next = joinSections(sections, i * sectionsPerColumn, sectionsPerColumn);
         next.left = left;
-        const int rows = next.labelWidth + next.rowWidth + 2 * horizontalSpacing;
+        const int rows = next.labelWidth + next.rowWidth + 2 * HorizontalSpacing;
         left = Bounded(left + Bounded(qMax(rows, next.sectionWidth)));
         // Meant: a column that ends exactly on the width is too wide, and an empty one takes its spacings.
         if (i > 0 && left >= width)
             return i;
-        columns.append(next);
+        ScreenColumns.append(next);
     }
     return columnCount;
 }
@@ -129,7 +129,7 @@ int FloatGroupArranger::dealSections(const Columns &sections, int columnCount, i
 FloatGroupColumn FloatGroupArranger::joinSections(const Columns &sections, int first, int count) const
 {
     FloatGroupColumn joined;
-    joined.firstItem = first < sections.size() ? sections.at(first).firstItem : items.size();
+    joined.firstItem = first < sections.size() ? sections.at(first).firstItem : Items.size();
     const int end = qMin(first + count, sections.size());
     for (int i = first; i < end; ++i) {
         const FloatGroupColumn &section = sections.at(i);
@@ -143,23 +143,23 @@ FloatGroupColumn FloatGroupArranger::joinSections(const Columns &sections, int f
 
 void FloatGroupArranger::arrangeItems(int width)
 {
-    rectangles.resize(items.size());
-    for (int i = 0; i < items.size(); ++i) {
-        const FloatGroupItem &item = items.at(i);
+    Rectangles.resize(Items.size());
+    for (int i = 0; i < Items.size(); ++i) {
+        const FloatGroupItem &item = Items.at(i);
         if (item.flags & FloatGroupItem::ItemGroup)
             startRow();
         else
-            x = Bounded(x + advance);
+            X = Bounded(X + Advance);
         int itemWidth = widthInColumn(item);
         if (item.flags & FloatGroupItem::ItemLabel)
-            label = i;
+            Label = i;
         if (item.flags & FloatGroupItem::ItemSection)
             itemWidth = startSection(i, width);
-        if (x > 0 && itemWidth + x > width) {
+        if (X > 0 && itemWidth + X > width) {
             // Meant: what does not fit goes to the left of the whole form, not of its column.
-            y = Bounded(y + rowHeight);
-            rowHeight = 0;
-            x = 0;
+            Y = Bounded(Y + RowHeight);
+            RowHeight = 0;
+            X = 0;
         }
         placeItem(i, itemWidth);
     }
@@ -169,59 +169,59 @@ void FloatGroupArranger::arrangeItems(int width)
 void FloatGroupArranger::startRow()
 {
     settleLabel();
-    y = Bounded(y + rowHeight);
-    x = columns.at(column).left;
-    rowHeight = 0;
+    Y = Bounded(Y + RowHeight);
+    X = ScreenColumns.at(Column).left;
+    RowHeight = 0;
 }
 
 /// A label is as high as its row, vertical spacing included, up to a limit.
 void FloatGroupArranger::settleLabel()
 {
-    if (label >= 0)
-        rectangles[label].setHeight(qMin(rowHeight, LabelHeightLimit));
-    label = -1;
+    if (Label >= 0)
+        Rectangles[Label].setHeight(qMin(RowHeight, LabelHeightLimit));
+    Label = -1;
 }
 
 /// Goes on in the screen column that holds the section line `item`; gives the width of the line.
 int FloatGroupArranger::startSection(int item, int width)
 {
     if (item > 0)
-        y = Bounded(y + items.at(item).topMargin);
-    columns[column].flowY = y;
-    column = getSectionIndex(item);
-    const FloatGroupColumn &entered = columns.at(column);
-    x = entered.left;
-    y = entered.flowY;
+        Y = Bounded(Y + Items.at(item).topMargin);
+    ScreenColumns[Column].flowY = Y;
+    Column = getSectionIndex(item);
+    const FloatGroupColumn &entered = ScreenColumns.at(Column);
+    X = entered.left;
+    Y = entered.flowY;
     const int line = Bounded(qMax(entered.labelWidth + entered.rowWidth, entered.sectionWidth));
-    return line > width ? qMax(width, Bounded(right)) : line;
+    return line > width ? qMax(width, Bounded(Right)) : line;
 }
 
 int FloatGroupArranger::getSectionIndex(int item) const
 {
     const auto startsBehind = [](int index, const FloatGroupColumn &candidate) { return index < candidate.firstItem; };
     // The first column holds what no other does.
-    const auto next = std::upper_bound(columns.begin() + 1, columns.end(), item, startsBehind);
-    return int(next - columns.begin()) - 1;
+    const auto next = std::upper_bound(ScreenColumns.begin() + 1, ScreenColumns.end(), item, startsBehind);
+    return int(next - ScreenColumns.begin()) - 1;
 }
 
 int FloatGroupArranger::widthInColumn(const FloatGroupItem &item) const
 {
     if (item.flags & FloatGroupItem::ItemLabel)
-        return columns.at(column).labelWidth;
+        return ScreenColumns.at(Column).labelWidth;
     if (item.flags & FloatGroupItem::ItemSpecial)
         return item.width;
-    return qMax(item.width, columns.at(column).controlWidth);
+    return qMax(item.width, ScreenColumns.at(Column).controlWidth);
 }
 
 void FloatGroupArranger::placeItem(int index, int itemWidth)
 {
-    const int height = items.at(index).height;
-    const QRect placed(x, y, itemWidth, height);
-    rectangles[index] = placed;
+    const int height = Items.at(index).height;
+    const QRect placed(X, Y, itemWidth, height);
+    Rectangles[index] = placed;
     // Meant: an invisible item takes its width in the row, though no height.
-    advance = itemWidth + horizontalSpacing;
+    Advance = itemWidth + HorizontalSpacing;
     if (height > 0)
-        Widen(rowHeight, height + verticalSpacing);
-    Widen(right, placed.right());
-    Widen(bottom, placed.bottom());
+        Widen(RowHeight, height + VerticalSpacing);
+    Widen(Right, placed.right());
+    Widen(Bottom, placed.bottom());
 }

@@ -24,9 +24,9 @@ public:
     void arrange(int width, int columnCount);
 
     /// A rectangle for each item; empty before arrange().
-    const QVector<QRect> &hints() const { return rectangles; }
+    const QVector<QRect> &hints() const { return Rectangles; }
     /// Meant: the width is the rightmost pixel coordinate itself, the height is the lowest one plus one.
-    QSize totalSize() const { return QSize(right, bottom + 1); }
+    QSize totalSize() const { return QSize(Right, Bottom + 1); }
 
 private:
     using Columns = QVector<FloatGroupColumn>;
@@ -44,26 +44,26 @@ private:
     int widthInColumn(const FloatGroupItem &item) const;
     void placeItem(int index, int itemWidth);
 
-    QVector<FloatGroupItem> items;
-    int horizontalSpacing;
-    int verticalSpacing;
+    QVector<FloatGroupItem> Items;
+    int HorizontalSpacing;
+    int VerticalSpacing;
 
-    /// Written by scanSections(); `flowY` and `column`, the one that holds the current item, by arrangeItems().
-    Columns columns;
-    int column = 0;
+    /// Written by scanSections(); `flowY` and `Column`, the one that holds the current item, by arrangeItems().
+    Columns ScreenColumns;
+    int Column = 0;
 
     /// The rest is written by arrangeItems() alone, item by item. Where the current item stands:
-    int x = 0;
-    int y = 0;
+    int X = 0;
+    int Y = 0;
     /// The height so far of the current line, vertical spacing included.
-    int rowHeight = 0;
+    int RowHeight = 0;
     /// The width of the previous item with the horizontal spacing.
-    int advance = 0;
+    int Advance = 0;
     /// The label of the current row, whose height waits for the end of the row; -1 without one.
-    int label = -1;
+    int Label = -1;
     /// The outermost pixel coordinates so far.
-    int right = 0;
-    int bottom = 0;
-    /// Valid up to the current item, save for the height of `label`.
-    QVector<QRect> rectangles;
+    int Right = 0;
+    int Bottom = 0;
+    /// Valid up to the current item, save for the height of `Label`.
+    QVector<QRect> Rectangles;
 };

@@ -20,34 +20,38 @@ void RowLabel::SetMark(Mark mark)
 
 int RowLabel::StandBeside(QWidget *control, const QSize &size, int least, int own)
 {
-    if (control != Control || size != ControlSize || own != TextHeight || text() != TextBeside) {
-        Control = control;
-        ControlSize = size;
-        TextHeight = own;
-        TextBeside = text();
-        NeededHeight = HeightBeside(least);
-        update();
-    }
-    return qMax(least, NeededHeight);
-}
-
-int RowLabel::HeightBeside(int least) const
-{
+    const QFont font = control ? control->font() : QFont();
+    const bool isSameControl = control == Control && size == ControlSize && font == ControlFont;
+    if (isSameControl && own == TextHeight && text() == TextBeside)
+        return qMax(least, NeededHeight);
+    Control = control;
+    ControlSize = size;
+    ControlFont = font;
+    TextHeight = own;
+    TextBeside = text();
+    NeededHeight = own;
+    update();
     // Inside a control that is no higher than the label no text can reach below the label.
-    if (!Control || ControlSize.height() <= least || !IsPlainText())
-        return TextHeight;
-    return BaselineIn(least, ControlSize) - fontMetrics().ascent() + TextHeight;
+    if (!control || size.height() <= least || !IsPlainText())
+        return qMax(least, own);
+    // This places what stands in the control, and a handler of that may destroy the label.
+    const QPointer<RowLabel> self = this;
+    const std::optional<int> beside = FirstBaseline(control, size);
+    if (!self)
+        return least;
+    NeededHeight = BaselineIn(least, beside) - fontMetrics().ascent() + own;
+    return qMax(least, NeededHeight);
 }
 
 int RowLabel::Baseline() const
 {
-    return BaselineIn(height(), Control ? Control->size() : QSize());
+    const std::optional<int> beside = Control ? FirstBaseline(Control, Control->size()) : std::nullopt;
+    return BaselineIn(height(), beside);
 }
 
-int RowLabel::BaselineIn(int height, const QSize &controlSize) const
+int RowLabel::BaselineIn(int height, std::optional<int> beside) const
 {
     const QFontMetrics metrics = fontMetrics();
-    const std::optional<int> beside = Control ? FirstBaseline(Control, controlSize) : std::nullopt;
     if (!beside)
         return qMax(0, height - sizeHint().height()) / 2 + metrics.ascent();
     // Beside a flat control the text may rise, as long as no letter loses its top.

@@ -39,8 +39,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    int HeightBeside(int least) const;
-    int BaselineIn(int height, const QSize &controlSize) const;
+    int BaselineIn(int height, std::optional<int> beside) const;
     void PaintText(QPainter &painter) const;
     void PaintMark(QPainter &painter) const;
     bool IsPlainText() const;
@@ -56,6 +55,7 @@ private:
     mutable Measure Measured;
     QPointer<QWidget> Control;
     QSize ControlSize;
+    QFont ControlFont;
     /// The text, what it takes, and what the label needs beside the control; written by StandBeside().
     QString TextBeside;
     int TextHeight = -1;

@@ -5,6 +5,7 @@
 #include "floatgrouparranger.h"
 #include "floatgrouplayout.h"
 #include "floatscrollarea.h"
+#include "layoutpause.h"
 #include "rowlabel.h"
 #include "testcase.h"
 
@@ -45,9 +46,28 @@ public:
     QSize sizeHint() const override
     {
         ++Asked;
+        if (const auto act = std::exchange(OnAsked, nullptr))
+            act();
         return QSpacerItem::sizeHint();
     }
     mutable int Asked = 0;
+    mutable std::function<void()> OnAsked;
+};
+
+/// Acts once on the next resize of a widget.
+class OnResize : public QObject
+{
+public:
+    OnResize(QWidget *watched, std::function<void()> act) : Act(std::move(act)) { watched->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (const auto act = event->type() == QEvent::Resize ? std::exchange(Act, nullptr) : nullptr)
+            act();
+        return false;
+    }
+
+private:
+    std::function<void()> Act;
 };
 
 QLabel *LabelOf(FloatGroupLayout &form)
@@ -277,6 +297,81 @@ private Q_SLOTS:
         QCOMPARE(arranged(none, change), fresh);
     }
 
+    /// Qt tells no layout of what becomes of a widget whose least and greatest size are the same.
+    void aFixedWidgetIsAskedAnewForANewWidth()
+    {
+        FloatScrollArea area(nullptr);
+        area.setWidget(new QWidget);
+        auto &layout = *new FloatGroupLayout(&area);
+        auto *fixed = new QWidget;
+        layout.addRow("x", fixed);
+        fixed->setFixedSize(200, 170);
+        area.show();
+        QCoreApplication::processEvents();
+        fixed->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+        area.resize(area.width() + 10, 300);
+        QVERIFY(layout.sizeHint().height() < 170);
+    }
+
+    /// An item that is asked arranges everything for sizes that hold for so long only.
+    void whatArrangesMeanwhileLeavesNothing()
+    {
+        Form form(2);
+        const QString before = form.Placed(300);
+        form.At(0)->OnAsked = [&] {
+            form.At(1)->changeSize(70, 90);
+            form.Layout.invalidate();
+            form.Layout.heightForWidth(300);
+            form.At(1)->changeSize(20, 9);
+            form.Layout.invalidate();
+        };
+        form.Layout.invalidate();
+        QCOMPARE(form.Placed(300), before);
+    }
+
+    void aPauseArrangesOnceForEachChange()
+    {
+        Form form(1);
+        form.Window.show();
+        QCoreApplication::processEvents();
+        const KV218::LayoutPause pause(&form.Layout);
+        form.Layout.invalidate();
+        form.Layout.invalidate();
+        const int before = form.At(0)->Asked;
+        QTRY_VERIFY(form.At(0)->Asked > before);
+        const int after = form.At(0)->Asked;
+        for (int i = 0; i < 9; ++i)
+            QCoreApplication::processEvents();
+        QCOMPARE(form.At(0)->Asked, after);
+    }
+
+    /// The text of a label is placed by what stands first in the control, and that is placed for it.
+    void aHandlerOfWhatIsPlacedTakesTheLabel_data()
+    {
+        const auto row = Columns<Change>({"take"});
+        row("destroyed", [](FloatGroupLayout &form) { delete form.itemAt(0)->widget(); });
+        row("item", [](FloatGroupLayout &form) { delete form.takeAt(0); });
+    }
+
+    void aHandlerOfWhatIsPlacedTakesTheLabel()
+    {
+        const auto [take] = Fetch<Change>({"take"});
+        Form form(0);
+        auto *control = new QWidget;
+        auto *field = new QLineEdit;
+        (new QVBoxLayout(control))->addWidget(field);
+        control->setMinimumHeight(80);
+        form.Layout.addRow("Gain", control);
+        form.Layout.addGroup();
+        auto *wider = new QLineEdit;
+        form.Layout.addRow("Two", wider);
+        form.Window.show();
+        QCoreApplication::processEvents();
+        const OnResize handler(field, [&form, take = take] { take(form.Layout); });
+        wider->setMinimumWidth(400);
+        QTRY_COMPARE(form.Layout.count(), 3);
+    }
+
     void anAreaFlowsWithItsWidth()
     {
         FloatScrollArea area(nullptr);
@@ -318,14 +413,17 @@ private Q_SLOTS:
         }
     }
 
-    void aTextThatTurnsPlainGetsTheHeightOfOne()
+    void aLabelIsAsHighAsItsTextAndTheControlNeed()
     {
         QSpinBox control;
         RowLabel label("<b>Gain:</b>", nullptr);
         const auto beside = [&] { return label.StandBeside(&control, QSize(90, 80), 10, 20); };
         QCOMPARE(beside(), 20);
         label.setText("Gain:");
-        QVERIFY(beside() > 40);
+        const int plain = beside();
+        QVERIFY(plain > 40);
+        control.setFont(QFont(control.font().family(), 3 * control.font().pointSize()));
+        QVERIFY2(beside() > plain, "the text of a greater font stands lower in a control of the same size");
     }
 
     void aRowLabelHintsAtTheSizesOfAnyLabel()
