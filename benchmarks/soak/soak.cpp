@@ -17,6 +17,7 @@
 #include <malloc.h>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QFont>
 #include <QLocale>
@@ -24,6 +25,7 @@
 #include <QPixmapCache>
 #include <QScrollArea>
 #include <QStyleFactory>
+#include <QTimer>
 #include <QtTest/qtestkeyboard.h>
 #include <unistd.h>
 
@@ -56,11 +58,28 @@ struct Memory {
     double Resident;
 };
 
+/// Has the cache of pictures drop them. Their names it forgets in a timer of its own, each half minute; clear() would
+/// stop that.
+void EmptyPictureCache()
+{
+    const int limit = QPixmapCache::cacheLimit();
+    QPixmapCache::setCacheLimit(0);
+    QPixmapCache::setCacheLimit(limit);
+}
+
+void AwaitPictureCache()
+{
+    constexpr int halfMinute = 30000;
+    EmptyPictureCache();
+    QEventLoop loop;
+    QTimer::singleShot(halfMinute + 1000, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
 /// In megabytes: what is allocated, and what the process occupies.
 Memory MemoryNow()
 {
     constexpr double megabyte = 1024 * 1024;
-    QPixmapCache::clear();
     malloc_trim(0);
     const struct mallinfo2 heap = mallinfo2();
     QFile file(QStringLiteral("/proc/self/statm"));
@@ -144,12 +163,15 @@ double LeftByEachPeer(const QByteArray &definition, int windows)
     const std::unique_ptr<QWidget> gui(form->GetGUI());
     const QLayout *const layout = gui->findChild<QScrollArea *>()->widget()->layout();
     Memory warm = {0, 0};
+    Memory now = {0, 0};
     for (int number = 1; number <= windows; ++number) {
         LivePeer(*layout);
-        if (number == Warm)
-            warm = MemoryNow();
+        if (number != Warm && number != windows)
+            continue;
+        AwaitPictureCache();
+        (number == Warm ? warm : now) = MemoryNow();
     }
-    return LeftByEach(warm, MemoryNow(), windows);
+    return LeftByEach(warm, now, windows);
 }
 
 /// Nodes, widgets and registered translations.
@@ -201,6 +223,9 @@ int main(int argc, char **argv)
             return Fail("connections to the application", QString::number(application.Connections()));
         if (number % 100 != 0 && number != forms)
             continue;
+        EmptyPictureCache();
+        if (number == Warm || number == forms)
+            AwaitPictureCache();
         now = MemoryNow();
         std::printf("%6d %14.2f %14.2f %10.1f\n", number, now.Used, now.Resident, double(clock.elapsed()) / 1000);
         std::fflush(stdout);
