@@ -201,11 +201,6 @@ QLayoutItem *FloatGroupLayout::takeAt(int index)
 void FloatGroupLayout::invalidate()
 {
     IsMeasured = false;
-    changeWidth();
-}
-
-void FloatGroupLayout::changeWidth()
-{
     clearHints();
     if (Pauses == 0) {
         QLayout::invalidate();

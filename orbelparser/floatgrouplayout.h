@@ -9,7 +9,6 @@
 #include <QRect>
 #include <QVector>
 
-class FloatScrollArea;
 class QGroupBox;
 class QScrollArea;
 struct FloatGroupItem;
@@ -101,7 +100,6 @@ public:
 
 private:
     friend class KV218::LayoutPause;
-    friend class ::FloatScrollArea;
 
     /// Between these two, which may nest, changes of items do not arrange anew one by one: at the end they do so once,
     /// and when an event loop comes round meanwhile. A visible child that is shown or hidden arranges everything
@@ -118,9 +116,6 @@ private:
 
         bool operator==(const Request &other) const;
     };
-
-    /// As invalidate(), for another width only: no item has another size.
-    void changeWidth();
 
     QSize sizeHint(int width, int columnCount) const;
     bool measureItems() const;

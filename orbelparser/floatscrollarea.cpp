@@ -1,7 +1,5 @@
 #include "floatscrollarea.h"
 
-#include "floatgrouplayout.h"
-
 #include <QEvent>
 #include <QLayout>
 #include <QPointer>
@@ -72,9 +70,7 @@ bool FloatScrollArea::event(QEvent *event)
 void FloatScrollArea::resizeEvent(QResizeEvent *event)
 {
     if (QWidget *content = widget()) {
-        if (auto *layout = dynamic_cast<FloatGroupLayout *>(content->layout()))
-            layout->changeWidth();
-        else if (content->layout())
+        if (content->layout())
             content->layout()->invalidate();
         // The arrangement before has raised the minimum, which would keep the content from shrinking.
         content->setMinimumSize(10, 10);

@@ -30,7 +30,7 @@ const QLatin1String Style("style");
 const QLatin1String Palette("palette");
 const QLatin1String Scale("scale");
 
-QString OutputPath(const QCommandLineParser &parser)
+QString PicturePath(const QCommandLineParser &parser)
 {
     QString path = parser.value(Option::Output);
     if (path.isEmpty())
@@ -144,7 +144,7 @@ void RenderCommand::Prepare(const QCommandLineParser &parser)
 int RenderCommand::Run(const QCommandLineParser &parser)
 {
     const QString path = Arguments(parser, 1).constFirst();
-    const QString output = OutputPath(parser);
+    const QString output = PicturePath(parser);
     const QSize size = PictureSize(parser);
     const int points = TextSize(parser);
     ChooseStyle(parser);

@@ -34,13 +34,15 @@ int RowLabel::StandBeside(QWidget *control, const QSize &size, int least, int ow
     // Inside a control that is no higher than the label no text can reach below the label.
     if (!control || size.height() <= least || !IsPlainText())
         return qMax(least, own);
-    // This places what stands in the control, and a handler of that may destroy the label.
+    // This places what stands in the control, and a handler of that may destroy the label, or have the row arranged.
     const QPointer<RowLabel> self = this;
     const std::optional<int> beside = FirstBaseline(control, size);
     if (!self)
         return least;
-    NeededHeight = BaselineIn(least, beside) - fontMetrics().ascent() + own;
-    return qMax(least, NeededHeight);
+    const int needed = BaselineIn(least, beside) - fontMetrics().ascent() + own;
+    if (control == Control && size == ControlSize && own == TextHeight)
+        NeededHeight = needed;
+    return qMax(least, needed);
 }
 
 int RowLabel::Baseline() const

@@ -372,6 +372,20 @@ private Q_SLOTS:
         QTRY_COMPARE(form.Layout.count(), 3);
     }
 
+    void aLabelAskedAgainMeanwhileKeepsThatAnswer()
+    {
+        const QSize small(100, 60), large(100, 200);
+        QWidget control;
+        auto *field = new QLineEdit;
+        (new QVBoxLayout(&control))->addWidget(field);
+        RowLabel label("Gain", nullptr), other("Gain", nullptr);
+        {
+            const OnResize handler(field, [&] { label.StandBeside(&control, large, 20, 20); });
+            label.StandBeside(&control, small, 20, 20);
+        }
+        QCOMPARE(label.StandBeside(&control, large, 20, 20), other.StandBeside(&control, large, 20, 20));
+    }
+
     void anAreaFlowsWithItsWidth()
     {
         FloatScrollArea area(nullptr);

@@ -46,10 +46,10 @@ build_and_run() {
 build_and_run tests/package/consumer ./consumer | grep -q '<Mode>text</Mode>' || fail "the consumer"
 # It shows its form until it is closed.
 build_and_run "$usr/share/orbelparser/examples/host" \
-    timeout 5 ./orbel-examplehost "$usr/share/orbelparser/examples/forms/receiver.orbel" \
+    timeout 2 ./orbel-examplehost "$usr/share/orbelparser/examples/forms/receiver.orbel" \
     && fail "the example host ended by itself"
 [ $? -eq 124 ] || fail "the example host"
-build_and_run "$usr/share/orbelparser/examples/receiver" timeout 5 host/receiverhost \
+build_and_run "$usr/share/orbelparser/examples/receiver" timeout 2 host/receiverhost \
     && fail "the receiver's host ended by itself"
 [ $? -eq 124 ] || fail "the receiver's host"
 
