@@ -22,7 +22,8 @@ if(top_level)
     endif()
 
     # ccache leaves precompiled headers alone unless it is told that their time stamps do not matter; and a clone at
-    # another path finds what this one compiled when paths are taken relative to the checkout.
+    # another path finds what this one compiled when paths are taken relative to the checkout. What a source includes it
+    # takes from the compiler (CCACHE_DEPEND): otherwise a first build preprocesses each source twice.
     find_program(ORBEL_CCACHE ccache)
     if(ORBEL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
         set(CMAKE_CXX_COMPILER_LAUNCHER
